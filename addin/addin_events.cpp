@@ -1,0 +1,104 @@
+#include "addin/addin.h"
+#include "resources/resource_ids.h"
+
+namespace quor {
+
+void CAddin::OnDeviceEvent(DeviceEvent event, uint8_t lineType) {
+  m_telephone.Events().OnEventGet(static_cast<uint32_t>(event), lineType);
+}
+
+void CAddin::OnRequest(WindowRequest request, uint32_t parameter) {
+  switch (request) {
+    case WindowRequest::SetBarState:
+      m_telephone.Bar().OnSetBarState(parameter);
+      break;
+    case WindowRequest::ClearDial:
+      m_telephone.Dialler().OnClearDial();
+      break;
+    case WindowRequest::CloseLoading:
+      m_popUps.HideLoading();
+      break;
+    case WindowRequest::StartupRequest:
+      m_requests.OnStartupRequest();
+      break;
+    case WindowRequest::CallRequest:
+      m_requests.OnCallRequest(parameter);
+      break;
+    case WindowRequest::OnHookRequest:
+      m_requests.OnOnHookRequest(parameter);
+      break;
+  }
+}
+
+void CAddin::OnTimer(UINT_PTR timer) {
+  if (timer == kDeferredTimer) BuildContacts();
+  if (timer == kDevicePollTimer) m_link.ReceiveFrame();
+}
+
+void CAddin::BuildContacts() {
+  m_window.StopTimer(kDeferredTimer);
+  // A tick that was already under way when the add-in was disconnected.
+  if (m_stopRequested || m_buildInProgress) return;
+  m_buildInProgress = true;
+  try {
+    m_folders.CreateContact();
+  } catch (...) {
+    m_buildInProgress = false;
+    throw;
+  }
+  m_buildInProgress = false;
+}
+
+bool CAddin::PostCloseLoading() noexcept {
+  return m_window.PostRequest(WindowRequest::CloseLoading, 0);
+}
+
+void CAddin::OnNewExplorer(IDispatch* explorer) {
+  m_log.Write("CAddin::OnNewExplorer\n");
+  QueryObject<CExplorer>(explorer);
+}
+
+void CAddin::OnNewInspector(IDispatch* inspector) {
+  m_log.Write("CAddin::OnNewInspector\n");
+  if (const CInspector opened = QueryObject<CInspector>(inspector)) m_ui.OpenContactWindow(opened);
+}
+
+void CAddin::OnOptionsPagesAdd(IDispatch* pages) {
+  m_log.Write("CAddin::OnOptionsPagesAdd\n");
+  const CPropertyPages outlookPages = QueryObject<CPropertyPages>(pages);
+  if (!outlookPages) return;
+  IDispatch* created = nullptr;
+  const HRESULT result = CreateOptionsPage(IID_IDispatch, reinterpret_cast<void**>(&created));
+  if (FAILED(result)) _com_issue_error(result);
+  const IDispatchPtr page(created, false);
+  outlookPages.Add(page, m_resources.Text(IDS_PRODUCT_NAME));
+}
+
+void CAddin::OnSelectionChange() {
+  // Nothing is read here: what is selected is looked at when it is needed, so that walking through
+  // a list costs nothing.
+  m_log.Write("CAddin::OnSelectionChange\n");
+}
+
+void CAddin::OnFolderSwitch() {
+  m_log.Write("CAddin::OnFolderSwitch\n");
+  if (!m_finished) {
+    m_log.Write("Not finished OnConnection!\n");
+    return;
+  }
+  m_ui.OnFolderSwitch();
+}
+
+void CAddin::OnDeleteItemAdd(IDispatch* item) {
+  m_folders.OnDeleteItemAdd(item);
+}
+
+void CAddin::OnDeleteFolderAdd(IDispatch* folder) {
+  m_folders.OnDeleteFolderAdd(folder);
+}
+
+void CAddin::OnDeleteFolderRemove() {
+  m_folders.OnDeleteFolderRemove(m_session.DeletedItems());
+}
+
+}  // namespace quor

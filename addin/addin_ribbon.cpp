@@ -1,0 +1,81 @@
+// The ribbon's callbacks, handed on as they come.
+#include "addin/addin.h"
+
+namespace quor {
+
+STDMETHODIMP CAddin::RibbonLoadMain(IDispatch* ribbon) {
+  return m_ui.Ribbon().Load(ribbon);
+}
+
+STDMETHODIMP CAddin::RibbonLoadContact(IDispatch* ribbon) {
+  return m_ui.Ribbon().Load(ribbon);
+}
+
+STDMETHODIMP CAddin::GetLabel(IDispatch* control, BSTR* label) {
+  return m_ui.Ribbon().GetLabel(control, label);
+}
+
+STDMETHODIMP CAddin::GetEnabled(IDispatch* control, VARIANT_BOOL* enabled) {
+  return m_ui.Ribbon().GetEnabled(control, enabled);
+}
+
+STDMETHODIMP CAddin::GetVisible(IDispatch* control, VARIANT_BOOL* visible) {
+  return m_ui.Ribbon().GetVisible(control, visible);
+}
+
+STDMETHODIMP CAddin::GetImage(IDispatch* control, IDispatch** picture) {
+  return m_ui.Ribbon().GetImage(control, picture);
+}
+
+STDMETHODIMP CAddin::GetItemCount(IDispatch* control, long* count) {
+  return m_ui.Ribbon().GetItemCount(control, count);
+}
+
+STDMETHODIMP CAddin::GetItemLabel(IDispatch* control, long index, BSTR* label) {
+  return m_ui.Ribbon().GetItemLabel(control, index, label);
+}
+
+STDMETHODIMP CAddin::GetTextComboBox(IDispatch* control, BSTR* text) {
+  return m_ui.Ribbon().GetTextComboBox(control, text);
+}
+
+STDMETHODIMP CAddin::ChangeComboBox(IDispatch* control, BSTR text) {
+  return m_ui.Ribbon().ChangeComboBox(control, text);
+}
+
+// What was clicked follows from the control's id, so every onAction is the same callback.
+STDMETHODIMP CAddin::Line1Clicked(IDispatch* control) {
+  return RibbonClicked(control);
+}
+STDMETHODIMP CAddin::Line2Clicked(IDispatch* control) {
+  return RibbonClicked(control);
+}
+STDMETHODIMP CAddin::CellClicked(IDispatch* control) {
+  return RibbonClicked(control);
+}
+STDMETHODIMP CAddin::CallerListClicked(IDispatch* control) {
+  return RibbonClicked(control);
+}
+STDMETHODIMP CAddin::SpeedDialClicked(IDispatch* control) {
+  return RibbonClicked(control);
+}
+STDMETHODIMP CAddin::OptionsClicked(IDispatch* control) {
+  return RibbonClicked(control);
+}
+STDMETHODIMP CAddin::ContactDialNClicked(IDispatch* control) {
+  return RibbonClicked(control);
+}
+STDMETHODIMP CAddin::ContactLine1Clicked(IDispatch* control) {
+  return RibbonClicked(control);
+}
+STDMETHODIMP CAddin::ContactLine2Clicked(IDispatch* control) {
+  return RibbonClicked(control);
+}
+
+HRESULT CAddin::RibbonClicked(IDispatch* control) {
+  // A click may end in the removal of the add-in.
+  const IUnknownPtr alive = &Identity();
+  return m_ui.Ribbon().Clicked(control);
+}
+
+}  // namespace quor

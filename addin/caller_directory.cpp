@@ -1,0 +1,51 @@
+#include "addin/caller_directory.h"
+
+namespace quor {
+namespace {
+
+std::optional<CallerMatch> Answer(bool found, const ContactMatch& match) {
+  if (!found) return std::nullopt;
+  return CallerMatch{match.entryId, match.telNumberType};
+}
+
+FormResult Display(const CContactItem& contact) {
+  if (!contact) return FormResult::NoContact;
+  try {
+    contact.Display();
+    return FormResult::Shown;
+  } catch (const _com_error&) {
+    return FormResult::NotDisplayed;
+  }
+}
+
+}  // namespace
+
+std::optional<CallerMatch> CCallerDirectory::FindPhoneNumber(std::string_view number, bool check) {
+  ContactMatch match;
+  return Answer(m_index.FindPhoneNumber(number, check, match), match);
+}
+
+std::optional<CallerMatch> CCallerDirectory::SearchPhoneNumber(std::string_view number,
+                                                               bool check) {
+  ContactMatch match;
+  return Answer(m_index.SearchPhoneNumber(number, check, match), match);
+}
+
+std::optional<std::wstring> CCallerDirectory::FindContactFileAs(std::string_view entryId) {
+  return m_contacts.FileAs(entryId);
+}
+
+std::optional<std::wstring> CCallerDirectory::FindContactPhoneNumber(std::string_view entryId,
+                                                                     int telNumberType) {
+  return m_contacts.PhoneNumber(entryId, telNumberType);
+}
+
+FormResult CCallerDirectory::DisplayContact(std::string_view entryId) {
+  return Display(m_contacts.Open(entryId));
+}
+
+FormResult CCallerDirectory::DisplayNewContact(std::wstring_view number) {
+  return Display(m_contacts.Create(number));
+}
+
+}  // namespace quor

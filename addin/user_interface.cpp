@@ -1,0 +1,147 @@
+#include "addin/user_interface.h"
+
+#include "device/line_type.h"
+#include "text/ansi.h"
+#include "text/dial_chars.h"
+#include "toolbar/selected_contact.h"
+
+namespace quor {
+
+CUserInterface::CUserInterface(CTelephone& telephone, COutlookSession& session, CSettings& settings,
+                               CUserDialogs& dialogs, const CResourceLoader& resources,
+                               CDiagnosticLog& log) noexcept
+    : m_telephone(telephone),
+      m_session(session),
+      m_settings(settings),
+      m_dialogs(dialogs),
+      m_resources(resources),
+      m_log(log),
+      m_contactWindows(*this, *this, resources, settings.Values().contactToolBar, log),
+      m_toolbar(*this, *this, m_contactWindows, resources, log) {}
+
+HRESULT CUserInterface::CreateMainToolbar() {
+  return m_toolbar.Create(m_session.MainExplorer(), m_session.AppVersion(),
+                          m_settings.Values().mainToolBar);
+}
+
+void CUserInterface::FillToolbar() {
+  PutHistory();
+  RefreshCallFromCell();
+  m_telephone.CallerList().PutCallerList();
+  RefreshSpeedDial();
+}
+
+void CUserInterface::OpenContactWindow(const CInspector& inspector) noexcept {
+  m_contactWindows.Open(inspector, m_session.AppVersion());
+}
+
+void CUserInterface::SavePlaces() noexcept {
+  m_toolbar.SavePlace(m_settings.Values().mainToolBar);
+  m_contactWindows.SavePlace();
+}
+
+void CUserInterface::OnFolderSwitch() {
+  StoreDialText({});
+  SetDialText({});
+  FillToolbar();
+  SetToolBarState();
+}
+
+void CUserInterface::DisconnectMainToolbar() noexcept {
+  m_toolbar.SavePlace(m_settings.Values().mainToolBar);
+  m_toolbar.Disconnect();
+}
+
+void CUserInterface::ReleaseMainToolbar() noexcept {
+  DisconnectMainToolbar();
+  m_toolbar.ReleaseBar();
+}
+
+void CUserInterface::SetToolBarState() {
+  m_toolbar.SetToolBarState();
+  m_contactWindows.Redraw();
+}
+
+void CUserInterface::DisableControls() {
+  m_toolbar.DisableControls();
+  m_contactWindows.Disable();
+}
+
+void CUserInterface::ClickLine(uint8_t lineType) {
+  m_telephone.Lines().Click(lineType);
+}
+
+void CUserInterface::ClickCell(int cell) {
+  if (cell >= 0 && cell < kCellCount)
+    m_telephone.Lines().Click(kCell1 + static_cast<uint32_t>(cell));
+}
+
+void CUserInterface::ClickCaller(size_t entry) {
+  const std::vector<CallEntry>& callers = m_settings.Values().callerLists;
+  if (entry < callers.size()) DialNumber(std::wstring(callers[entry].number));
+}
+
+void CUserInterface::ClickSpeedDial(SpeedDialAction action, size_t entry) {
+  if (entry >= kSpeedDialCount) return;
+  const std::vector<SpeedDialEntry>& entries = m_settings.Values().speedDials;
+  const SpeedDialEntry chosen = entry < entries.size() ? entries[entry] : SpeedDialEntry();
+  switch (action) {
+    case SpeedDialAction::Call:
+      if (!chosen.number.empty()) DialNumber(chosen.number);
+      break;
+    case SpeedDialAction::Add:
+    case SpeedDialAction::Edit:
+      m_dialogs.EditSpeedDial(entry, chosen, OfferedEntry());
+      break;
+    case SpeedDialAction::Erase:
+      m_dialogs.EraseSpeedDial(entry, chosen);
+      break;
+  }
+}
+
+void CUserInterface::ChangeDialBox(std::wstring_view text, int listIndex) {
+  m_telephone.Dialler().OnChangeComboBox(text, listIndex);
+}
+
+void CUserInterface::StoreDialText(std::wstring_view text) {
+  m_telephone.Dialler().StoreBoxText(text);
+}
+
+// A number from a list or a contact is kept as its owner wrote it, and dialled without blanks and
+// the like. On the ribbon a line is chosen by a click that follows: the number waits in the dial
+// box.
+void CUserInterface::DialNumber(std::wstring_view number) {
+  std::string written = AnsiFromWide(number);
+  const std::wstring dialled = WideFromAnsi(FilterDialChars(written));
+  if (m_telephone.Dialler().DialCall(0, dialled) || !m_telephone.State().HasRibbon()) return;
+  StoreDialText(dialled);
+  m_toolbar.Ribbon().InvalidateOnce();
+}
+
+// A line button of a contact's ribbon. That window has no dial box of its own, so an idle line
+// dials the contact's first number unless a number waits in the box of the main window.
+void CUserInterface::ClickContactLine(uint8_t lineType, std::wstring_view firstNumber) {
+  const bool dials =
+      m_telephone.State().HasRibbon() && m_telephone.Lines().GetLineState(lineType) == kStateIdle;
+  if (dials && m_telephone.Dialler().BoxText().empty()) {
+    std::string written = AnsiFromWide(firstNumber);
+    StoreDialText(WideFromAnsi(FilterDialChars(written)));
+  }
+  ClickLine(lineType);
+}
+
+// What somebody who adds a speed dial entry most likely wants to keep: the contact he has selected,
+// else the last caller.
+SpeedDialEntry CUserInterface::OfferedEntry() {
+  const DialCandidates selected = ReadSelectedContact(m_session.MainExplorer(), m_log);
+  if (!selected.numbers.empty()) return {selected.fileAs, selected.numbers.front().number};
+  const std::vector<CallEntry>& callers = m_settings.Values().callerLists;
+  return callers.empty() ? SpeedDialEntry()
+                         : SpeedDialEntry{callers.front().fileAs, callers.front().number};
+}
+
+CControlFaces CUserInterface::Faces() const {
+  return CControlFaces(m_telephone.State(), m_settings.Values(), m_resources);
+}
+
+}  // namespace quor

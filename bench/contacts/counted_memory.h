@@ -1,0 +1,13 @@
+#ifndef QUOR_BENCH_CONTACTS_COUNTED_MEMORY_H
+#define QUOR_BENCH_CONTACTS_COUNTED_MEMORY_H
+
+#include <cstddef>
+
+namespace quor {
+
+// Bytes asked of operator new and not yet given back, in the whole program.
+size_t BytesInUse() noexcept;
+
+}  // namespace quor
+
+#endif

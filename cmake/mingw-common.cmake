@@ -1,0 +1,10 @@
+# The -posix compilers: the default thread model of g++ 12 has no std::mutex, which googletest needs.
+set(CMAKE_C_COMPILER ${QUOR_TRIPLE}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${QUOR_TRIPLE}-g++-posix)
+set(CMAKE_RC_COMPILER ${QUOR_TRIPLE}-windres)
+set(QUOR_WIDL ${QUOR_TRIPLE}-widl)
+set(CMAKE_FIND_ROOT_PATH /usr/${QUOR_TRIPLE})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)

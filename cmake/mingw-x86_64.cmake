@@ -1,0 +1,5 @@
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(QUOR_TRIPLE x86_64-w64-mingw32)
+set(QUOR_WIDL_TARGET --win64)
+include(${CMAKE_CURRENT_LIST_DIR}/mingw-common.cmake)

@@ -1,0 +1,52 @@
+# Two kinds of library, never mixed: logic builds everywhere, edge talks to Windows or COM.
+
+function(quor_logic name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC quor_flags ${ARG_DEPENDS})
+  if(NOT WIN32)
+    # Win32 headers expand to old-style casts; the logic has no such excuse.
+    target_compile_options(${name} PRIVATE -Wold-style-cast)
+  endif()
+endfunction()
+
+function(quor_edge name)
+  if(NOT WIN32)
+    return()
+  endif()
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC quor_flags ${ARG_DEPENDS})
+endfunction()
+
+# One test executable per folder, run by ctest under the folder's name.
+function(quor_test name)
+  if(WIN32 OR QUOR_FUZZ)
+    return()
+  endif()
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE quor_flags ${ARG_DEPENDS} GTest::gmock GTest::gtest_main)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()
+
+function(quor_benchmark name)
+  if(WIN32 OR QUOR_FUZZ OR QUOR_SANITIZE)
+    return()
+  endif()
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE quor_flags ${ARG_DEPENDS})
+endfunction()
+
+# A libFuzzer target; built by the fuzz preset only.
+function(quor_fuzz name)
+  if(NOT QUOR_FUZZ)
+    return()
+  endif()
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE quor_flags ${ARG_DEPENDS})
+  target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+endfunction()

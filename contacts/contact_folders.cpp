@@ -1,0 +1,284 @@
+#include "contacts/contact_folders.h"
+
+#include <utility>
+#include <vector>
+
+#include "contacts/outlook_contact.h"
+#include "text/ansi.h"
+
+namespace quor {
+namespace {
+
+// A walk that must not go on, though nothing failed: the limit is reached or Outlook is leaving.
+constexpr HRESULT kScanEnded = S_FALSE;
+
+// A folder tree is no deeper than this; a longer chain of parents is a loop in a broken store.
+constexpr int kDeepestFolder = 256;
+
+bool SameEntryId(const std::wstring& left, std::wstring_view right) {
+  return VarBstrCmp(BstrFromText(left), BstrFromText(right), LOCALE_USER_DEFAULT, 0) == VARCMP_EQ;
+}
+
+}  // namespace
+
+struct CContactFolders::WalkLines {
+  const char* folders;
+  const char* count;
+  const char* last;
+  const char* visitLast;
+  const char* previous;
+  const char* visitPrevious;
+};
+
+namespace {
+
+constexpr char kNoFolders[] = "Failed Get Contact Folders\n";
+constexpr char kNoCount[] = "Failed Get Contact Folders Count\n";
+constexpr char kNoLast[] = "Failed Get Contact SubFolder\n";
+constexpr char kNoPrevious[] = "Failed Get Contact SubFolder2\n";
+
+}  // namespace
+
+// Runs one call into Outlook; its failure is logged with the line and returned.
+HRESULT CContactFolders::Attempt(const char* line, const std::function<void()>& call) const {
+  try {
+    call();
+    return S_OK;
+  } catch (const _com_error& error) {
+    if (line != nullptr) m_log.Write(line);
+    return FAILED(error.Error()) ? error.Error() : E_FAIL;
+  }
+}
+
+CFolder CContactFolders::DefaultFolder() const {
+  // A copy: a shutdown inside the call lets go of the application.
+  const COutlookApplication application = m_application;
+  return application.GetNamespace().GetDefaultFolder(kFolderContacts);
+}
+
+void CContactFolders::CreateRetrieve() {
+  const CFolder contacts = DefaultFolder();
+  m_contactsId = contacts.EntryId();
+  RegisterContactFolder(contacts);
+  m_log.Write("Create Retrieve End\n");
+}
+
+HRESULT CContactFolders::RegisterContactFolder(const CFolder& folder) {
+  static constexpr WalkLines kLines = {kNoFolders,  kNoCount,
+                                       kNoLast,     "Failed Collect Contact SubFolder\n",
+                                       kNoPrevious, "Failed Collect Contact SubFolder2\n"};
+  return Register(folder, kLines);
+}
+
+HRESULT CContactFolders::Register(const CFolder& folder, const WalkLines& lines) {
+  CFolders folders;
+  const HRESULT listening = ListenTo(folder, lines, folders);
+  if (listening != S_OK) return listening == kScanEnded ? S_OK : listening;
+  return WalkSubfolders(folders, lines,
+                        [&](const CFolder& subfolder) { return Register(subfolder, lines); });
+}
+
+// kScanEnded when the folder is listened to already: its subfolders are not walked again.
+HRESULT CContactFolders::ListenTo(const CFolder& folder, const WalkLines& lines,
+                                  CFolders& folders) {
+  std::wstring entryId;
+  CItems items;
+  HRESULT result = Attempt(nullptr, [&] {
+    entryId = folder.EntryId();
+    folder.Name();
+  });
+  if (FAILED(result)) return result;
+  if (m_inspContItems.contains(entryId)) {
+    m_log.Write("m_inspContItems is already exist!\n");
+    return kScanEnded;
+  }
+  result = Attempt(nullptr, [&] { items = folder.Items(); });
+  if (FAILED(result)) return result;
+
+  // Shared: the folder may be unregistered inside one of the calls below.
+  const auto sink = std::make_shared<CContactItems>(*this, m_log);
+  result = sink->AdviseItems(items);
+  if (FAILED(result)) return result;
+  m_inspContItems[entryId] = sink;
+  m_deletedFolders.erase(entryId);
+
+  result = Attempt(lines.folders, [&] { folders = folder.Folders(); });
+  if (FAILED(result)) return result;
+  return sink->AdviseFolders(folders);
+}
+
+HRESULT CContactFolders::WalkSubfolders(const CFolder& folder, const WalkLines& lines,
+                                        const VisitFolder& visit) {
+  CFolders folders;
+  const HRESULT result = Attempt(lines.folders, [&] { folders = folder.Folders(); });
+  return FAILED(result) ? result : WalkSubfolders(folders, lines, visit);
+}
+
+// From the last to the first; anything but S_OK from a visit ends the walk.
+HRESULT CContactFolders::WalkSubfolders(const CFolders& folders, const WalkLines& lines,
+                                        const VisitFolder& visit) {
+  int32_t count = 0;
+  HRESULT result = Attempt(lines.count, [&] { count = folders.Count(); });
+  if (FAILED(result) || count == 0) return result;
+
+  CFolder subfolder;
+  result = Attempt(lines.last, [&] { subfolder = folders.GetLast(); });
+  const char* visitLine = lines.visitLast;
+  while (result == S_OK && subfolder) {
+    result = visit(subfolder);
+    if (FAILED(result) && visitLine != nullptr) m_log.Write(visitLine);
+    if (result != S_OK) break;
+    visitLine = lines.visitPrevious;
+    result = Attempt(lines.previous, [&] { subfolder = folders.GetPrevious(); });
+  }
+  return result;
+}
+
+HRESULT CContactFolders::UnregisterContactFolder(const CFolder& folder) {
+  static constexpr WalkLines kLines = {
+      nullptr, "Failed Get Contact Folders Count 2\n", "Failed Get Contact SubFolder 2-1\n",
+      nullptr, "Failed Get Contact SubFolder 2-2\n",   nullptr};
+  std::wstring entryId;
+  const HRESULT result = Attempt(nullptr, [&] { entryId = folder.EntryId(); });
+  if (FAILED(result)) return result;
+  if (m_inspContItems.erase(entryId) == 0) m_log.Write("m_inspContItems is not found!\n");
+  return WalkSubfolders(folder, kLines, [this](const CFolder& subfolder) {
+    return UnregisterContactFolder(subfolder);
+  });
+}
+
+void CContactFolders::UnregisterAll() noexcept {
+  // Unadvising calls out; what is met meanwhile finds nothing registered.
+  const auto sinks = std::exchange(m_inspContItems, {});
+}
+
+HRESULT CContactFolders::CountItems(const CFolder& folder, int64_t& count) {
+  static constexpr WalkLines kLines = {kNoFolders, kNoCount,    kNoLast,
+                                       nullptr,    kNoPrevious, nullptr};
+  const HRESULT result = Attempt(nullptr, [&] { count += folder.Items().Count(); });
+  if (FAILED(result)) return result;
+  return WalkSubfolders(folder, kLines,
+                        [&](const CFolder& subfolder) { return CountItems(subfolder, count); });
+}
+
+void CContactFolders::CreateContact() {
+  const CFolder contacts = DefaultFolder();
+  int64_t count = 0;
+  CountItems(contacts, count);
+  if (count >= kLoadingThreshold) m_scan.ShowLoading();
+  m_log.Write("Create Contact Start\n");
+  CollectContactItems(contacts);
+  m_log.Write("Create Contact End\n");
+  if (!m_scan.PostCloseLoading()) m_log.Write("ClosePost post failed\n");
+}
+
+HRESULT CContactFolders::CollectContactItems(const CFolder& folder) {
+  static constexpr WalkLines kLines = {kNoFolders,  kNoCount,
+                                       kNoLast,     "Failed Collect Contact SubFolder\n",
+                                       kNoPrevious, "Failed Collect Contact SubFolder2\n"};
+  const HRESULT result = CollectItems(folder);
+  if (result != S_OK || m_inspContItems.empty()) return result;
+  return WalkSubfolders(
+      folder, kLines, [this](const CFolder& subfolder) { return CollectContactItems(subfolder); });
+}
+
+HRESULT CContactFolders::CollectItems(const CFolder& folder) {
+  CItems items;
+  int32_t count = 0;
+  const HRESULT result = Attempt(nullptr, [&] {
+    folder.EntryId();
+    folder.Name();
+    items = folder.Items();
+    count = items.Count();
+  });
+  if (FAILED(result)) return result;
+  for (int32_t i = 1; i <= count; ++i) {
+    if (m_scan.MustStop()) return kScanEnded;
+    CContactItem contact;
+    // An item that went during the scan is no more to be had than one that is no contact.
+    Attempt(nullptr, [&] { contact = QueryObject<CContactItem>(items.Item(i)); });
+    if (!contact) continue;
+    if (m_scanned >= kScanLimit) return kScanEnded;
+    ++m_scanned;
+    if (!CollectContact(contact)) return kScanEnded;
+    m_scan.RepaintLoading();
+  }
+  return S_OK;
+}
+
+// False when the scan must end.
+bool CContactFolders::CollectContact(const CContactItem& item) {
+  COutlookContact contact(item);
+  std::string entryId;
+  std::string fileAs;
+  if (!contact.ReadEntryId(entryId) || !contact.ReadFileAs(fileAs)) return true;
+  for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
+    const std::string number = GetContactTelNumber(contact, type);
+    if (number.empty()) continue;
+    m_index.AddContactSearchData(number, entryId, type, fileAs);
+    if (m_scan.MustStop()) return false;
+  }
+  return true;
+}
+
+bool CContactFolders::CheckContactsFolder(IDispatch* folder,
+                                          std::wstring_view defaultFolderId) const {
+  CFolder current = QueryObject<CFolder>(folder);
+  for (int depth = 0; current && depth < kDeepestFolder; ++depth) {
+    bool decided = true;
+    bool tracked = false;
+    const HRESULT result = Attempt(nullptr, [&] {
+      const std::wstring entryId = current.EntryId();
+      tracked = SameEntryId(entryId, defaultFolderId);
+      decided = tracked || m_deletedFolders.contains(entryId);
+      if (!decided) current = QueryObject<CFolder>(current.Parent());
+    });
+    if (FAILED(result) || decided) return SUCCEEDED(result) && tracked;
+  }
+  return false;
+}
+
+void CContactFolders::OnContactChanged(IDispatch* item) {
+  const CContactItem contact = QueryObject<CContactItem>(item);
+  if (!contact) return;
+  COutlookContact open(contact);
+  m_index.TelNoCheckAndUpdate(open);
+}
+
+void CContactFolders::OnSubfolderAdded(IDispatch* folder) {
+  static constexpr WalkLines kLines = {kNoFolders, kNoCount,    kNoLast,
+                                       nullptr,    kNoPrevious, nullptr};
+  if (const CFolder added = QueryObject<CFolder>(folder)) Register(added, kLines);
+}
+
+void CContactFolders::OnDeleteItemAdd(IDispatch* item) {
+  m_log.Write("CAddin::OnDeleteItemAdd\n");
+  const CContactItem contact = QueryObject<CContactItem>(item);
+  if (!contact) return;
+  COutlookContact open(contact);
+  m_index.OnContactItemDelete(open);
+}
+
+void CContactFolders::OnDeleteFolderAdd(IDispatch* folder) {
+  m_log.Write("CAddin::OnDeleteFolderAdd\n");
+  const CFolder deleted = QueryObject<CFolder>(folder);
+  if (!deleted || deleted.DefaultItemType() != kItemTypeContact) return;
+  m_deletedFolders.insert(deleted.EntryId());
+  UnregisterContactFolder(deleted);
+}
+
+void CContactFolders::OnDeleteFolderRemove(const CFolder& deletedItems) {
+  m_log.Write("CAddin::OnDeleteFolderRemove\n");
+  if (!deletedItems) return;
+  const std::wstring store = deletedItems.StoreId();
+  const COutlookApplication application = m_application;
+  const CNameSpace nameSpace = application.GetNamespace();
+  const std::vector<std::wstring> known(m_deletedFolders.begin(), m_deletedFolders.end());
+  for (const std::wstring& entryId : known) {
+    if (FAILED(Attempt(nullptr, [&] { nameSpace.GetFolderFromId(entryId, store); }))) {
+      m_deletedFolders.erase(entryId);
+    }
+  }
+}
+
+}  // namespace quor

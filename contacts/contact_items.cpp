@@ -1,0 +1,88 @@
+#include "contacts/contact_items.h"
+
+#include "text/ansi.h"
+
+namespace quor {
+
+CContactItems::CContactItems(IContactItemEvents& events, CDiagnosticLog& log) noexcept
+    : m_events(events),
+      m_log(log),
+      m_itemsEvents(log, "CContactItems ItemsEvents"),
+      m_foldersEvents(log, "CContactItems FoldersEvents") {}
+
+HRESULT CContactItems::AdviseItems(const CItems& items) {
+  return m_itemsEvents.Advise(
+      items.Get(), kItemsEvents,
+      [this](DISPID event, const CEventArguments& arguments) { OnItemEvent(event, arguments); });
+}
+
+HRESULT CContactItems::AdviseFolders(const CFolders& folders) {
+  return m_foldersEvents.Advise(
+      folders.Get(), kFoldersEvents,
+      [this](DISPID event, const CEventArguments& arguments) { OnFolderEvent(event, arguments); });
+}
+
+void CContactItems::OnItemEvent(DISPID event, const CEventArguments& arguments) {
+  switch (event) {
+    case kEventItemAdd:
+      OnItemAdd(arguments.Object(0));
+      break;
+    case kEventItemChange:
+      OnItemChange(arguments.Object(0));
+      break;
+    case kEventItemRemove:
+      OnItemRemove();
+      break;
+    default:
+      break;
+  }
+}
+
+void CContactItems::OnFolderEvent(DISPID event, const CEventArguments& arguments) {
+  switch (event) {
+    case kEventFolderAdd:
+      OnFolderAdd(arguments.Object(0));
+      break;
+    case kEventFolderChange:
+      OnFolderChange();
+      break;
+    case kEventFolderRemove:
+      OnFolderRemove();
+      break;
+    default:
+      break;
+  }
+}
+
+void CContactItems::OnItemAdd(IDispatch* item) {
+  m_log.Write("CContactItems::OnItemAdd\n");
+  m_events.OnContactChanged(item);
+}
+
+void CContactItems::OnItemChange(IDispatch* item) {
+  m_log.Write("CContactItems::OnItemChange\n");
+  m_events.OnContactChanged(item);
+}
+
+// Outlook does not say which item went; a deleted contact is met again in Deleted Items.
+void CContactItems::OnItemRemove() {
+  m_log.Write("CContactItems::OnItemRemove\n");
+}
+
+void CContactItems::OnFolderAdd(IDispatch* folder) {
+  m_log.Write("CContactItems::OnFolderAdd\n");
+  if (const CFolder added = QueryObject<CFolder>(folder); added && m_log.IsEnabled()) {
+    m_log.Print("FolderName=%s\n", AnsiFromWide(added.Name()).c_str());
+  }
+  m_events.OnSubfolderAdded(folder);
+}
+
+void CContactItems::OnFolderChange() {
+  m_log.Write("CContactItems::OnFolderChange\n");
+}
+
+void CContactItems::OnFolderRemove() {
+  m_log.Write("CContactItems::OnFolderRemove\n");
+}
+
+}  // namespace quor

@@ -1,0 +1,41 @@
+#include "contacts/outlook_contact.h"
+
+#include "text/ansi.h"
+
+namespace quor {
+namespace {
+
+template <typename Read>
+bool ReadText(std::string& text, Read read) {
+  try {
+    text = AnsiFromWide(read());
+    return true;
+  } catch (const _com_error&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+bool COutlookContact::ReadEntryId(std::string& entryId) {
+  return ReadText(entryId, [this] { return m_item.EntryId(); });
+}
+
+bool COutlookContact::Save() {
+  try {
+    m_item.Save();
+    return true;
+  } catch (const _com_error&) {
+    return false;
+  }
+}
+
+bool COutlookContact::ReadFileAs(std::string& fileAs) {
+  return ReadText(fileAs, [this] { return m_item.FileAs(); });
+}
+
+bool COutlookContact::ReadTelNumber(int telNumberType, std::string& number) {
+  return ReadText(number, [&] { return m_item.TelephoneNumber(telNumberType); });
+}
+
+}  // namespace quor

@@ -1,0 +1,49 @@
+#ifndef QUOR_DIALOGS_ABOUT_DLG_H
+#define QUOR_DIALOGS_ABOUT_DLG_H
+
+#include <string>
+
+#include "dialogs/modeless_dialog.h"
+
+namespace quor {
+
+// What the about box tells.
+struct AboutFacts {
+  std::wstring version;
+  std::wstring build;
+  bool baseIsConnected = false;
+  std::wstring configurationPath;  // empty when this session has no file
+  std::wstring logPath;            // today's file, whether it exists or not
+  bool logIsOn = false;
+};
+
+// What the user can do there. Called inside a boundary: throwing is allowed.
+class IAboutActions {
+ public:
+  virtual void SwitchLog(bool on) = 0;
+  virtual void OpenLogFolder() = 0;
+
+ protected:
+  ~IAboutActions() = default;
+};
+
+// The about box: which product this is, where it keeps its files, and the switch of its log, which
+// works at once.
+class CAboutDlg final : public CModelessDialog {
+ public:
+  // All must outlive the window.
+  CAboutDlg(const CResourceLoader& resources, IAboutActions& actions, CDiagnosticLog& log) noexcept;
+
+  // Shows the window in front of `owner`, a top-level window; null when there is none.
+  void Open(HWND owner, const AboutFacts& facts) noexcept;
+
+ private:
+  void Fill(const AboutFacts& facts);
+  void OnButton(int id) override;
+
+  IAboutActions& m_actions;
+};
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,35 @@
+#ifndef QUOR_DIALOGS_OPTIONS_DIALOG_H
+#define QUOR_DIALOGS_OPTIONS_DIALOG_H
+
+#include "dialogs/modeless_dialog.h"
+#include "dialogs/options_panel.h"
+
+namespace quor {
+
+// The options in a window of their own, with OK, Cancel and Apply, for the toolbar's button.
+class COptionsDialog final : public CModelessDialog, private IOptionsPanelOwner {
+ public:
+  // All must outlive the window.
+  COptionsDialog(const CResourceLoader& resources, IOptionsStore& store,
+                 CDiagnosticLog& log) noexcept;
+
+  // Shows the window with the stored values; one that is open already only comes to the front, with
+  // what the user has chosen so far. The owner is Outlook's main window; null when there is none.
+  void Open(HWND outlook) noexcept;
+
+ private:
+  void OnCreated() override;
+  void OnButton(int id) override;
+  void OnOptionsChanged() override;
+  void OnAboutPressed() override;
+
+  void Load(const OptionValues& values);
+  void Apply();
+
+  IOptionsStore& m_store;
+  COptionsPanel m_panel;
+};
+
+}  // namespace quor
+
+#endif

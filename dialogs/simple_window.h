@@ -1,0 +1,57 @@
+#ifndef QUOR_DIALOGS_SIMPLE_WINDOW_H
+#define QUOR_DIALOGS_SIMPLE_WINDOW_H
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "dialogs/modeless_dialog.h"
+#include "telephone/collaborators.h"
+
+namespace quor {
+
+// Told when the user presses "Answer". Called inside a boundary: throwing is allowed.
+class IAnswerHandler {
+ public:
+  // The slot of the call that the window shows: 0 Line1, 1 Line2, 2 to 5 Cell1 to Cell4.
+  virtual void OnAnswer(int slot) = 0;
+
+ protected:
+  ~IAnswerHandler() = default;
+};
+
+// The simple caller window: who is calling, on which line, with "Answer" and "Close". Either button
+// hides it. It follows the line until the call is over.
+class CSimpleWindow final : public CModelessDialog, public ICallerWindow {
+ public:
+  // All must outlive the window.
+  CSimpleWindow(const CResourceLoader& resources, IAnswerHandler& answer,
+                CDiagnosticLog& log) noexcept;
+
+  // Creates the window, hidden and without an owner: a call is seen while Outlook is minimised.
+  HRESULT Create() noexcept { return CreateHidden(nullptr); }
+  // Outlook's main window, on whose monitor the window appears; null until it is known.
+  void SetOutlookWindow(HWND outlook) noexcept { m_outlook = outlook; }
+
+  void Fill(const CallerValue& name, const CallerValue& number, int slot) override;
+  void Show() override;
+  void Hide() override { CModelessDialog::Hide(); }
+  void Follow(uint8_t line1, uint8_t line2, uint8_t cell) override;
+
+ private:
+  void OnCreated() override;
+  void OnButton(int id) override;
+
+  std::wstring Shown(const CallerValue& value) const;
+  void EnableAnswer(bool enabled) noexcept;
+  void SetCaptionText(std::wstring_view text);
+  void SetItemText(int id, std::wstring_view text);
+
+  IAnswerHandler& m_answer;
+  HWND m_outlook = nullptr;
+  int m_slot = 0;
+};
+
+}  // namespace quor
+
+#endif

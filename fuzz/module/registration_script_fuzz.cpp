@@ -1,0 +1,26 @@
+// Any bytes are either refused or give keys the registry could hold.
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+#include "module/registration_script.h"
+
+namespace {
+
+void Require(bool condition) {
+  if (!condition) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  const std::string_view text(reinterpret_cast<const char*>(data), size);
+  const auto script = quor::ParseRegistrationScript(text, L"C:\\'%MODULE%'.dll");
+  if (!script) return 0;
+  for (const quor::RegistryKey& key : *script) {
+    Require(!key.path.empty() && key.path.front() != L'\\' && key.path.back() != L'\\');
+    Require(key.path.find(L"\\\\") == std::wstring::npos);
+    Require(key.path.size() <= 16 * 256);
+  }
+  return 0;
+}

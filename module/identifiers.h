@@ -1,0 +1,32 @@
+#ifndef QUOR_MODULE_IDENTIFIERS_H
+#define QUOR_MODULE_IDENTIFIERS_H
+
+#include <guiddef.h>
+
+namespace quor {
+
+// The add-in's own identifiers. Generated once; they are in users' registries, so they never
+// change. The registration scripts and the type library's source spell the same values.
+
+inline constexpr wchar_t kAddinProgId[] = L"QuorTelephoneToolbar.Addin";
+inline constexpr wchar_t kPropertyPageProgId[] = L"QuorTelephoneToolbar.PropPage";
+
+// {DA593EC2-67C4-4602-B30E-3FEC47C1C55A}: the add-in's class.
+inline constexpr GUID kAddinClsid = {
+    0xDA593EC2, 0x67C4, 0x4602, {0xB3, 0x0E, 0x3F, 0xEC, 0x47, 0xC1, 0xC5, 0x5A}};
+
+// {619B3283-8326-4895-A4F2-E3881DC00D2D}: the options page's class.
+inline constexpr GUID kPropertyPageClsid = {
+    0x619B3283, 0x8326, 0x4895, {0xA4, 0xF2, 0xE3, 0x88, 0x1D, 0xC0, 0x0D, 0x2D}};
+
+// {FFD90401-3D40-42C8-BB82-613B490AE13D}: the type library, version 1.0.
+inline constexpr GUID kTypeLibraryId = {
+    0xFFD90401, 0x3D40, 0x42C8, {0xBB, 0x82, 0x61, 0x3B, 0x49, 0x0A, 0xE1, 0x3D}};
+
+// The interfaces of that library, ITelephoneAddin {F80C9839-FE47-41D7-874E-5C8CF6E3F860} and
+// ITelephonePropertyPage {984DCD36-1C9B-4D34-A6D0-289B61953B5F}, come with their ids (__uuidof)
+// from "module/quor_telephone_toolbar.h", which the build makes from the .idl beside this file.
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,43 @@
+#include "module/module.h"
+
+#include <atomic>
+
+// The linker's name for the first byte of the image this code is in, which is its handle. It makes
+// a DllMain unnecessary.
+extern "C" IMAGE_DOS_HEADER __ImageBase;
+
+namespace quor {
+namespace {
+
+std::atomic<long> g_locks{0};
+
+}  // namespace
+
+HINSTANCE ModuleInstance() noexcept {
+  return reinterpret_cast<HINSTANCE>(&__ImageBase);
+}
+
+std::wstring ModulePath() {
+  std::wstring path(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD size = static_cast<DWORD>(path.size());
+    const DWORD length = GetModuleFileNameW(ModuleInstance(), path.data(), size);
+    if (length < size) {
+      path.resize(length);
+      return path;
+    }
+    path.resize(path.size() * 2);
+  }
+}
+
+void LockModule() noexcept {
+  ++g_locks;
+}
+void UnlockModule() noexcept {
+  --g_locks;
+}
+long ModuleLockCount() noexcept {
+  return g_locks;
+}
+
+}  // namespace quor

@@ -1,0 +1,94 @@
+#include "module/windows_registry.h"
+
+namespace quor {
+namespace {
+
+uint32_t Code(LSTATUS status) noexcept {
+  return static_cast<uint32_t>(status);
+}
+
+uint32_t Removed(LSTATUS status) noexcept {
+  return status == ERROR_FILE_NOT_FOUND ? 0 : Code(status);
+}
+
+// An open key; closed with its scope.
+class COpenKey {
+ public:
+  COpenKey(HKEY root, const std::wstring& path, REGSAM access) noexcept
+      : m_status(RegOpenKeyExW(root, path.c_str(), 0, access, &m_key)) {}
+  ~COpenKey() {
+    if (m_status == ERROR_SUCCESS) RegCloseKey(m_key);
+  }
+  COpenKey(const COpenKey&) = delete;
+  COpenKey& operator=(const COpenKey&) = delete;
+
+  LSTATUS Status() const noexcept { return m_status; }
+  HKEY Get() const noexcept { return m_key; }
+
+ private:
+  HKEY m_key = nullptr;
+  LSTATUS m_status;
+};
+
+LSTATUS Write(HKEY key, const std::wstring& name, const std::wstring& text) noexcept {
+  return RegSetValueExW(key, name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                        static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+}
+
+LSTATUS Write(HKEY key, const std::wstring& name, uint32_t number) noexcept {
+  return RegSetValueExW(key, name.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number),
+                        sizeof number);
+}
+
+}  // namespace
+
+HKEY CWindowsRegistry::Root(const RegistryKey& key) const noexcept {
+  if (m_scope == RegistrationScope::User) return HKEY_CURRENT_USER;
+  return key.root == RegistryRoot::Classes ? HKEY_CLASSES_ROOT : HKEY_LOCAL_MACHINE;
+}
+
+std::wstring CWindowsRegistry::Path(const RegistryKey& key) const {
+  const bool userClass = m_scope == RegistrationScope::User && key.root == RegistryRoot::Classes;
+  return userClass ? L"Software\\Classes\\" + key.path : key.path;
+}
+
+uint32_t CWindowsRegistry::CreateKey(const RegistryKey& key) {
+  HKEY created = nullptr;
+  const LSTATUS status =
+      RegCreateKeyExW(Root(key), Path(key).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                      KEY_SET_VALUE, nullptr, &created, nullptr);
+  if (status == ERROR_SUCCESS) RegCloseKey(created);
+  return Code(status);
+}
+
+uint32_t CWindowsRegistry::SetValue(const RegistryKey& key, const RegistryValue& value) {
+  const COpenKey open(Root(key), Path(key), KEY_SET_VALUE);
+  if (open.Status() != ERROR_SUCCESS) return Code(open.Status());
+  return Code(std::visit([&](const auto& data) { return Write(open.Get(), value.name, data); },
+                         value.data));
+}
+
+uint32_t CWindowsRegistry::RemoveValue(const RegistryKey& key, const RegistryValue& value) {
+  const COpenKey open(Root(key), Path(key), KEY_SET_VALUE);
+  if (open.Status() != ERROR_SUCCESS) return Removed(open.Status());
+  return Removed(RegDeleteValueW(open.Get(), value.name.c_str()));
+}
+
+uint32_t CWindowsRegistry::RemoveKeyWhenEmpty(const RegistryKey& key) {
+  {
+    const COpenKey open(Root(key), Path(key), KEY_QUERY_VALUE);
+    if (open.Status() != ERROR_SUCCESS) return Removed(open.Status());
+    DWORD keys = 0;
+    DWORD values = 0;
+    const LSTATUS status = RegQueryInfoKeyW(open.Get(), nullptr, nullptr, nullptr, &keys, nullptr,
+                                            nullptr, &values, nullptr, nullptr, nullptr, nullptr);
+    if (status != ERROR_SUCCESS || keys != 0 || values != 0) return Code(status);
+  }
+  return Removed(RegDeleteKeyW(Root(key), Path(key).c_str()));
+}
+
+uint32_t CWindowsRegistry::RemoveKeyWithContents(const RegistryKey& key) {
+  return Removed(RegDeleteTreeW(Root(key), Path(key).c_str()));
+}
+
+}  // namespace quor

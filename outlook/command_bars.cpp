@@ -1,0 +1,275 @@
+#include "outlook/command_bars.h"
+
+namespace quor {
+namespace {
+
+// Published identifiers of Office's interfaces share one tail.
+constexpr IID OfficeId(unsigned long head) {
+  return {head, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
+}
+
+constexpr IID kCommandBarsId = OfficeId(0x000C0302);
+constexpr IID kCommandBarId = OfficeId(0x000C0304);
+constexpr IID kControlsId = OfficeId(0x000C0306);
+constexpr IID kControlId = OfficeId(0x000C0308);
+constexpr IID kPopupId = OfficeId(0x000C030A);
+constexpr IID kComboBoxId = OfficeId(0x000C030C);
+constexpr IID kButtonId = OfficeId(0x000C030E);
+
+}  // namespace
+
+const IID kCommandBarButtonEvents = OfficeId(0x000C0351);
+const IID kCommandBarComboBoxEvents = OfficeId(0x000C0354);
+
+CCommandBarControl::CCommandBarControl(IDispatchPtr object)
+    : CDispatchObject(std::move(object), kControlId) {}
+REFIID CCommandBarControl::InterfaceId() noexcept {
+  return kControlId;
+}
+
+// Members of every control have one dispatch id whatever its type, so one name object serves all.
+std::wstring CCommandBarControl::Caption() const {
+  static CMemberId member(L"Caption");
+  return GetText(member);
+}
+
+void CCommandBarControl::SetCaption(std::wstring_view caption) const {
+  static CMemberId member(L"Caption");
+  PutText(member, caption);
+}
+
+std::wstring CCommandBarControl::Tag() const {
+  static CMemberId member(L"Tag");
+  return GetText(member);
+}
+
+void CCommandBarControl::SetTag(std::wstring_view tag) const {
+  static CMemberId member(L"Tag");
+  PutText(member, tag);
+}
+
+void CCommandBarControl::SetTooltipText(std::wstring_view text) const {
+  static CMemberId member(L"TooltipText");
+  PutText(member, text);
+}
+
+void CCommandBarControl::SetEnabled(bool enabled) const {
+  static CMemberId member(L"Enabled");
+  PutBool(member, enabled);
+}
+
+void CCommandBarControl::SetVisible(bool visible) const {
+  static CMemberId member(L"Visible");
+  PutBool(member, visible);
+}
+
+void CCommandBarControl::SetBeginGroup(bool begin) const {
+  static CMemberId member(L"BeginGroup");
+  PutBool(member, begin);
+}
+
+void CCommandBarControl::SetWidth(int32_t pixels) const {
+  static CMemberId member(L"Width");
+  PutLong(member, pixels);
+}
+
+void CCommandBarControl::Delete() const {
+  static CMemberId member(L"Delete");
+  CallMethod(member);
+}
+
+CCommandBarButton::CCommandBarButton(IDispatchPtr object)
+    : CCommandBarControl(std::move(object), kButtonId) {}
+REFIID CCommandBarButton::InterfaceId() noexcept {
+  return kButtonId;
+}
+
+void CCommandBarButton::SetStyle(int32_t style) const {
+  static CMemberId member(L"Style");
+  PutLong(member, style);
+}
+
+void CCommandBarButton::SetPicture(IDispatch* picture) const {
+  static CMemberId member(L"Picture");
+  PutProperty(member, _variant_t(picture));
+}
+
+void CCommandBarButton::SetMask(IDispatch* mask) const {
+  static CMemberId member(L"Mask");
+  PutProperty(member, _variant_t(mask));
+}
+
+CCommandBarComboBox::CCommandBarComboBox(IDispatchPtr object)
+    : CCommandBarControl(std::move(object), kComboBoxId) {}
+REFIID CCommandBarComboBox::InterfaceId() noexcept {
+  return kComboBoxId;
+}
+
+std::wstring CCommandBarComboBox::Text() const {
+  static CMemberId member(L"Text");
+  return GetText(member);
+}
+
+void CCommandBarComboBox::SetText(std::wstring_view text) const {
+  static CMemberId member(L"Text");
+  PutText(member, text);
+}
+
+int32_t CCommandBarComboBox::ListIndex() const {
+  static CMemberId member(L"ListIndex");
+  return GetLong(member);
+}
+
+void CCommandBarComboBox::AddItem(std::wstring_view text) const {
+  static CMemberId member(L"AddItem");
+  CallMethod(member, VariantFromText(text));
+}
+
+void CCommandBarComboBox::Clear() const {
+  static CMemberId member(L"Clear");
+  CallMethod(member);
+}
+
+void CCommandBarComboBox::SetStyle(int32_t style) const {
+  static CMemberId member(L"Style");
+  PutLong(member, style);
+}
+
+CCommandBarPopup::CCommandBarPopup(IDispatchPtr object)
+    : CCommandBarControl(std::move(object), kPopupId) {}
+REFIID CCommandBarPopup::InterfaceId() noexcept {
+  return kPopupId;
+}
+
+CCommandBarControls CCommandBarPopup::Controls() const {
+  static CMemberId member(L"Controls");
+  return CCommandBarControls(ObjectFrom(GetProperty(member)));
+}
+
+CCommandBarControls::CCommandBarControls(IDispatchPtr object)
+    : CDispatchObject(std::move(object), kControlsId) {}
+REFIID CCommandBarControls::InterfaceId() noexcept {
+  return kControlsId;
+}
+
+IDispatchPtr CCommandBarControls::Add(long controlType) const {
+  static CMemberId member(L"Add");
+  const _variant_t missing = MissingArgument();
+  return ObjectFrom(
+      CallMethod(member, _variant_t(controlType), missing, missing, missing, _variant_t(true)));
+}
+
+int32_t CCommandBarControls::Count() const {
+  static CMemberId member(L"Count");
+  return GetLong(member);
+}
+
+CCommandBarControl CCommandBarControls::Item(int32_t index) const {
+  static CMemberId member(L"Item");
+  return CCommandBarControl(ObjectFrom(GetIndexed(member, _variant_t(static_cast<long>(index)))));
+}
+
+CCommandBar::CCommandBar(IDispatchPtr object) : CDispatchObject(std::move(object), kCommandBarId) {}
+REFIID CCommandBar::InterfaceId() noexcept {
+  return kCommandBarId;
+}
+
+CCommandBarControls CCommandBar::Controls() const {
+  static CMemberId member(L"Controls");
+  return CCommandBarControls(ObjectFrom(GetProperty(member)));
+}
+
+void CCommandBar::Delete() const {
+  static CMemberId member(L"Delete");
+  CallMethod(member);
+}
+
+bool CCommandBar::Visible() const {
+  static CMemberId member(L"Visible");
+  return GetBool(member);
+}
+
+void CCommandBar::SetVisible(bool visible) const {
+  static CMemberId member(L"Visible");
+  PutBool(member, visible);
+}
+
+int32_t CCommandBar::Position() const {
+  static CMemberId member(L"Position");
+  return GetLong(member);
+}
+
+void CCommandBar::SetPosition(int32_t position) const {
+  static CMemberId member(L"Position");
+  PutLong(member, position);
+}
+
+int32_t CCommandBar::RowIndex() const {
+  static CMemberId member(L"RowIndex");
+  return GetLong(member);
+}
+
+void CCommandBar::SetRowIndex(int32_t row) const {
+  static CMemberId member(L"RowIndex");
+  PutLong(member, row);
+}
+
+int32_t CCommandBar::Left() const {
+  static CMemberId member(L"Left");
+  return GetLong(member);
+}
+
+void CCommandBar::SetLeft(int32_t pixels) const {
+  static CMemberId member(L"Left");
+  PutLong(member, pixels);
+}
+
+int32_t CCommandBar::Top() const {
+  static CMemberId member(L"Top");
+  return GetLong(member);
+}
+
+void CCommandBar::SetTop(int32_t pixels) const {
+  static CMemberId member(L"Top");
+  PutLong(member, pixels);
+}
+
+int32_t CCommandBar::Width() const {
+  static CMemberId member(L"Width");
+  return GetLong(member);
+}
+
+void CCommandBar::SetWidth(int32_t pixels) const {
+  static CMemberId member(L"Width");
+  PutLong(member, pixels);
+}
+
+int32_t CCommandBar::Height() const {
+  static CMemberId member(L"Height");
+  return GetLong(member);
+}
+
+CCommandBars::CCommandBars(IDispatchPtr object)
+    : CDispatchObject(std::move(object), kCommandBarsId) {}
+REFIID CCommandBars::InterfaceId() noexcept {
+  return kCommandBarsId;
+}
+
+CCommandBar CCommandBars::Add(std::wstring_view name, long position) const {
+  static CMemberId member(L"Add");
+  return CCommandBar(ObjectFrom(CallMethod(member, VariantFromText(name), _variant_t(position),
+                                           MissingArgument(), _variant_t(true))));
+}
+
+CCommandBar CCommandBars::Item(std::wstring_view name) const {
+  static CMemberId member(L"Item");
+  return CCommandBar(ObjectFrom(GetIndexed(member, VariantFromText(name))));
+}
+
+IDispatchPtr CCommandBars::FindControl(long controlType, std::wstring_view tag) const {
+  static CMemberId member(L"FindControl");
+  return ObjectFrom(
+      CallMethod(member, _variant_t(controlType), MissingArgument(), VariantFromText(tag)));
+}
+
+}  // namespace quor

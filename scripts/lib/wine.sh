@@ -1,0 +1,53 @@
+# Sourced by the scripts that run Windows programs. Gives a Wine prefix of our own under build/, so
+# that nothing of the user's is touched and every run starts from the same registry.
+#
+#   wine_prefix headless|screen [NAME]   makes the prefix if it is missing, starts its server; several
+#                                        prefixes of one kind go by name
+#   wine_stop                            ends everything that still runs in it
+
+wine_prefix() {
+  local kind=$1 name=${2:-$1}
+  export WINEPREFIX="$PWD/build/wine/$name" HOME="$PWD/build/wine/home"
+  export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES='mscoree=;mshtml='
+  mkdir -p "$HOME"
+  if [[ ! -e $WINEPREFIX/.ready ]]; then
+    rm -rf "$WINEPREFIX"
+    mkdir -p "$WINEPREFIX"
+    (unset DISPLAY; wineboot -i && wineserver -w) </dev/null >/dev/null 2>&1
+    wine_registry "$kind"
+    wineserver -k || true
+    touch "$WINEPREFIX/.ready"
+  fi
+  # The server outlives each program: without it every start costs seconds. The first program starts
+  # Wine's helpers, which would inherit and hold our output pipes, so it runs with none.
+  wineserver -p </dev/null >/dev/null 2>&1
+  wine cmd /c exit </dev/null >/dev/null 2>&1
+}
+
+wine_registry() {
+  local kind=$1
+  {
+    echo 'REGEDIT4'
+    echo '[HKEY_CURRENT_USER\Software\Wine\WineDbg]'
+    echo '"ShowCrashDialog"=dword:00000000'
+    if [[ $kind == headless ]]; then
+      echo '[HKEY_CURRENT_USER\Software\Wine\Drivers]'
+      echo '"Graphics"="null"'
+    else
+      echo '[HKEY_CURRENT_USER\Control Panel\Desktop]'
+      echo '"FontSmoothing"="2"'
+      echo '"FontSmoothingType"=dword:00000001'
+      echo '"FontSmoothingOrientation"=dword:00000001'
+      echo '"FontSmoothingGamma"=dword:00000578'
+      echo '[HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes]'
+      echo '"MS Shell Dlg"="Liberation Sans"'
+      echo '"MS Shell Dlg 2"="Liberation Sans"'
+      echo '"Segoe UI"="Liberation Sans"'
+    fi
+  } >"$WINEPREFIX/settings.reg"
+  wine regedit /S "$(winepath -w "$WINEPREFIX/settings.reg" 2>/dev/null)" </dev/null >/dev/null 2>&1
+}
+
+wine_stop() {
+  wineserver -k >/dev/null 2>&1 || true
+}

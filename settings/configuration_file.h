@@ -1,0 +1,28 @@
+#ifndef QUOR_SETTINGS_CONFIGURATION_FILE_H
+#define QUOR_SETTINGS_CONFIGURATION_FILE_H
+
+#include "settings/settings.h"
+
+namespace quor {
+
+// The configuration file on disk, as an MSXML document.
+//
+// Whatever moment the process dies at, the file is either the old one or the new one, whole: a save
+// writes beside it, flushes, and puts the new file in its place. A file that could not be read is
+// first given another name ("vex_cfg.bad.xml", numbered when that is taken) and so kept.
+class CConfigurationFile final : public IConfigurationFile {
+ public:
+  // The log must outlive the file.
+  explicit CConfigurationFile(CDiagnosticLog& log) noexcept : m_log(log) {}
+
+  std::optional<XmlElement> Load(const std::string& path) override;
+  void Save(const std::string& path, const XmlElement& root) noexcept override;
+
+ private:
+  CDiagnosticLog& m_log;
+  bool m_unreadable = false;  // the file is there, but its last load failed
+};
+
+}  // namespace quor
+
+#endif

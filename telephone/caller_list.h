@@ -1,0 +1,35 @@
+#ifndef QUOR_TELEPHONE_CALLER_LIST_H
+#define QUOR_TELEPHONE_CALLER_LIST_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "telephone/collaborators.h"
+
+namespace quor {
+
+inline constexpr size_t kCallerCaptionLimit = 50;
+
+// The first 50 UTF-16 units of a label, one fewer where the cut would halve a surrogate pair.
+std::wstring_view CallerCaption(std::wstring_view label) noexcept;
+
+// The last ten callers (Configuration::callerLists), newest first.
+class CCallerList {
+ public:
+  explicit CCallerList(const TelephoneCollaborators& with) noexcept : m_with(with) {}
+
+  // Puts a call at the head, saves the configuration file and redraws the menu. The same caller
+  // calling twice is two calls.
+  void Add(const std::wstring& name, const std::wstring& number);
+
+  // Shows the list in the caller-list menu; also called once at start-up.
+  void PutCallerList();
+
+ private:
+  const TelephoneCollaborators& m_with;
+};
+
+}  // namespace quor
+
+#endif

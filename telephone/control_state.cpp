@@ -1,0 +1,101 @@
+#include "telephone/control_state.h"
+
+#include <array>
+#include <cstddef>
+
+#include "telephone/line_states.h"
+#include "telephone/string_ids.h"
+
+namespace quor {
+
+namespace {
+
+// In the order of kChannels and of the line buttons.
+struct ButtonTexts {
+  int call;
+  int disconnect;
+  int cancel;
+  int answer;
+};
+constexpr std::array<ButtonTexts, 3> kButtonTexts = {{
+    {kTextCallFromLine1, kTextDisconnectLine1, kTextCancelLine1, kTextAnswerLine1},
+    {kTextCallFromLine2, kTextDisconnectLine2, kTextCancelLine2, kTextAnswerLine2},
+    {kTextCallFromCell, kTextDisconnectCell, kTextCancelCell, kTextAnswerCell},
+}};
+
+bool InCall(uint8_t state) noexcept {
+  return state == kStateInCall || state == kStateOtherCall;
+}
+
+// A call has been announced on this line and no other line is in a call.
+bool MayAnswer(const TelephoneState& state, const Channel& own) noexcept {
+  if (state.caller.cidLine != own.answerLine) return false;
+  for (const Channel& other : kChannels) {
+    if (other.state != own.state && InCall(state.record.*other.state)) return false;
+  }
+  return true;
+}
+
+bool IsLineEnabled(const TelephoneState& state, int lineIndex, bool withAnswer) noexcept {
+  const Channel& channel = kChannels[static_cast<size_t>(lineIndex)];
+  switch (state.record.*channel.state) {
+    case kStateIdle:
+    case kStateInCall:
+    case kStateTaken:
+      return true;
+    default:
+      return withAnswer && MayAnswer(state, channel);
+  }
+}
+
+}  // namespace
+
+bool IsControlEnabled(const TelephoneState& state, int controlIndex, bool withAnswer) noexcept {
+  switch (controlIndex) {
+    case kDialBoxControl:
+      return state.record.dialState == 1;
+    case kLine1Control:
+      return IsLineEnabled(state, kLine1Button, withAnswer);
+    case kLine2Control:
+      return IsLineEnabled(state, kLine2Button, withAnswer);
+    case kCallerListControl:
+      return state.record.dialState2 == 1;
+    case kCallFromCellControl:
+      return IsLineEnabled(state, kCellButton, withAnswer);
+    case kSpeedDialControl:
+      return state.record.lineAvailable == 1;
+    case kOptionsControl:
+      return true;
+    default:
+      return false;
+  }
+}
+
+int GetLineCaption(const TelephoneState& state, int lineIndex, bool withAnswer) noexcept {
+  if (lineIndex < kLine1Button || lineIndex > kCellButton) return kNoText;
+  const Channel& channel = kChannels[static_cast<size_t>(lineIndex)];
+  const ButtonTexts& texts = kButtonTexts[static_cast<size_t>(lineIndex)];
+
+  if (withAnswer && IsRinging(state.record) && state.caller.cidLine == channel.answerLine) {
+    return texts.answer;
+  }
+  switch (state.record.*channel.state) {
+    case kStateNoBase:
+    case kStateIdle:
+    case kStateBusy:
+      return texts.call;
+    case kStateTaken:
+      return texts.cancel;
+    default:
+      return texts.disconnect;
+  }
+}
+
+bool IsCellItemEnabled(const TelephoneState& state, int cell) noexcept {
+  if (cell < 0 || cell >= kCellCount) return false;
+  const int bit = 1 << cell;
+  if ((state.cells.cellRegistered & bit) == 0) return false;
+  return state.caller.popupLine == kCell1 + cell || (state.record.cellSub & bit) != 0;
+}
+
+}  // namespace quor

@@ -1,0 +1,131 @@
+#include "telephone/dialler.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "telephone/string_ids.h"
+#include "text/ansi.h"
+#include "text/dial_chars.h"
+
+namespace quor {
+
+namespace {
+
+constexpr size_t kDestinationLimit = 256;
+
+// The number of the 1-based entry; of a text that is no entry of the list, the text itself.
+std::string NumberOf(const std::vector<CallEntry>& list, int listIndex, std::string typed) {
+  if (listIndex < 1 || static_cast<size_t>(listIndex) > list.size()) return typed;
+  return AnsiFromWide(list[static_cast<size_t>(listIndex) - 1].number);
+}
+
+}  // namespace
+
+bool CDialler::DialCall(int listIndex, std::wstring_view destination) {
+  m_with.log.Write("CAddin::DialCall\n");
+  if (destination.empty()) {
+    m_with.log.Write("CAddin::bstrDest is empty\n");
+    if (m_state.HasRibbon()) m_with.messages.ShowMessage(kTextInvalidNumber);
+    return false;
+  }
+  // A copy: it may be the box's own text, and that may change during the calls below.
+  const std::wstring shown(destination);
+  std::string typed = AnsiFromWide(destination.substr(0, kDestinationLimit));
+  if (typed.empty()) return false;
+
+  std::string number = NumberOf(m_with.configuration.histories, listIndex, std::move(typed));
+  if (!CheckNumber(number)) return false;
+  number = UpperPauseChars(number);
+
+  std::optional<CallerMatch> contact;
+  if (!number.empty()) contact = m_with.directory.FindPhoneNumber(number, false);
+
+  const bool posted = DialUSB(number);
+  m_state.lastDialTime = m_with.clock.TickMilliseconds();
+  if (!posted) return false;
+
+  std::optional<std::wstring> fileAs;
+  if (contact) fileAs = m_with.directory.FindContactFileAs(contact->entryId);
+  Remember({shown, std::move(fileAs).value_or(std::wstring()), WideFromAnsi(number)});
+  if (!m_state.HasRibbon()) m_with.controls.PutHistory();
+  SetDialText(shown);
+  m_with.log.Write("CAddin::Dial Clear Set\n");
+  m_with.settings.Save();
+  return true;
+}
+
+bool CDialler::CheckNumber(std::string_view number) {
+  const int refusal = NumberRefusal(number);
+  if (refusal != kNoText) m_with.messages.ShowMessage(refusal);
+  return refusal == kNoText;
+}
+
+void CDialler::Remember(CallEntry entry) {
+  std::vector<CallEntry>& list = m_with.configuration.histories;
+  const auto same = std::ranges::find(list, entry.number, &CallEntry::number);
+  if (same != list.end()) list.erase(same);
+  if (list.size() >= kHistoryLimit) list.resize(kHistoryLimit - 1);
+  list.insert(list.begin(), std::move(entry));
+}
+
+uint32_t CDialler::ChooseLine() const noexcept {
+  if (m_state.HasRibbon()) return m_state.pendingClearLine;
+  const TelephoneRecord& record = m_state.record;
+  if (record.line1State == kStateTaken) return kLine1;
+  if (record.line2State == kStateTaken) return kLine2;
+  if (record.cellState == kStateTaken) return m_state.cellDialLine;
+  return kNoLine;
+}
+
+bool CDialler::DialUSB(std::string_view number) noexcept {
+  m_with.log.Write("CAddin::DialUSB\n");
+  const uint32_t lineType = ChooseLine();
+  const int slot = SlotFromLineType(lineType);
+  if (slot == kNoSlot) return false;
+
+  number = number.substr(0, kDialNumberLimit);
+  DialRecord& request = m_with.records.dial[static_cast<size_t>(slot)];
+  request = {};
+  request.lineType = static_cast<uint8_t>(lineType);
+  request.numberLength = static_cast<uint8_t>(number.size());
+  std::ranges::copy(number, request.number);
+
+  m_state.pendingClearLine = lineType;
+  if (m_with.queue.PostRequest(WindowRequest::CallRequest, lineType)) return true;
+  m_with.log.Write("CAddin::DialUSB post failed\n");
+  return false;
+}
+
+void CDialler::OnChangeComboBox(std::wstring_view text, int listIndex) {
+  m_with.log.Write("CAddin::OnChangeComboBox\n");
+  if (text.empty()) {
+    m_with.log.Write("CAddin::bstrDest is empty\n");
+    return;
+  }
+  DialCall(listIndex, text);
+}
+
+bool CDialler::DialBoxText() {
+  const std::vector<CallEntry>& list = m_with.configuration.histories;
+  const auto entry = std::ranges::find(list, m_boxText, &CallEntry::name);
+  const int listIndex = entry == list.end() ? 0 : static_cast<int>(entry - list.begin()) + 1;
+  return DialCall(listIndex, m_boxText);
+}
+
+void CDialler::OnClearDial() {
+  m_with.log.Write("CAddin::OnClearDial\n");
+  if (m_with.configuration.dialClear != 0) ClearDialNumber();
+}
+
+void CDialler::ClearDialNumber() {
+  m_with.log.Write("CAddin::ClearDialNumber\n");
+  SetDialText({});
+}
+
+void CDialler::SetDialText(std::wstring_view text) {
+  m_boxText = text;
+  m_with.controls.SetDialText(text);
+}
+
+}  // namespace quor

@@ -1,0 +1,176 @@
+#include "telephone/event_dispatcher.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "telephone/string_ids.h"
+
+namespace quor {
+
+namespace {
+
+// What CellSub says after a connect, until the first status report replaces it. Bit 4 is nobody's
+// and harmless.
+constexpr uint8_t kCellSubOnConnect = 21;
+
+constexpr uint8_t kBusyReply = 1;
+
+// Copies a text that may fill its field to the last byte into a field with room for a NUL.
+template <size_t kTo, size_t kFrom>
+uint8_t CopyText(char (&to)[kTo], const char (&from)[kFrom]) noexcept {
+  const std::string_view field(from, kFrom);
+  const size_t length = field.copy(to, std::min(field.find('\0'), kTo - 1));
+  to[length] = '\0';
+  return static_cast<uint8_t>(length);
+}
+
+}  // namespace
+
+int CEventDispatcher::OnEventGet(uint32_t event, uint32_t lineType) {
+  m_with.log.Write("CAddin::OnEventGet\n");
+  switch (static_cast<DeviceEvent>(event)) {
+    case DeviceEvent::Connected:
+      OnConnected();
+      break;
+    case DeviceEvent::Disconnected:
+      OnDisconnected();
+      break;
+    case DeviceEvent::ErrorConnect:
+      m_with.messages.ShowMessage(kTextDeviceNotConnected);
+      break;
+    case DeviceEvent::Status:
+      OnStatus();
+      break;
+    case DeviceEvent::ReceiveCall:
+      OnReceiveCall(lineType);
+      break;
+    case DeviceEvent::CallerId:
+      OnCallerId(lineType);
+      break;
+    case DeviceEvent::ClosePopup:
+      OnClosePopupEvent(lineType);
+      break;
+    case DeviceEvent::CellRegistration:
+      OnCellRegistration();
+      break;
+  }
+  return 0;
+}
+
+void CEventDispatcher::OnConnected() {
+  m_with.log.Write("OnEventGet::classUsbConnected\n");
+  m_lines.SetUSBState(kStateIdle, kStateIdle, 0, kStateIdle, kCellSubOnConnect);
+  m_bar.SetBarState(1);
+}
+
+void CEventDispatcher::OnDisconnected() {
+  m_with.log.Write("OnEventGet::classUsbDisconnected\n");
+  // No base, no call to answer.
+  m_state.caller.popupLine = m_state.caller.cidLine = kNoLine;
+  m_lines.SetUSBState(kStateNoBase, kStateNoBase, 0, kStateNoBase, 0);
+  m_bar.SetBarState(0);
+}
+
+// The lines, the call and its window are brought up to date before anything is redrawn: a redraw
+// may pump the next event in, and that one must not be undone by this report.
+void CEventDispatcher::OnStatus() {
+  m_with.log.Write("OnEventGet::classSetStatusIndication\n");
+  if (m_with.records.status.result == kBusyReply) ShowBusyReply();
+
+  const StatusRecord report = m_with.records.status;
+  m_lines.SetUSBState(report.line1, report.line2, report.log, report.cell, report.cellSub);
+  FollowCall(report);
+
+  m_bar.SetBarState(1);
+  m_with.controls.RefreshCallFromCell();
+  m_with.controls.RefreshSpeedDial();
+}
+
+void CEventDispatcher::FollowCall(const StatusRecord& report) {
+  const bool cellIdle = report.cell == kStateIdle;
+  const bool callOver = cellIdle && report.line1 == kStateIdle && report.line2 == kStateIdle;
+  if (callOver) m_state.caller.cidLine = kNoLine;
+  if (cellIdle) m_state.caller.popupLine = kNoLine;
+  if (cellIdle) m_state.cellDialLine = kNoLine;
+
+  m_with.callerWindow.Follow(report.line1, report.line2, report.cell);
+  if (callOver) m_with.callerWindow.Hide();
+}
+
+void CEventDispatcher::ShowBusyReply() {
+  const bool cell = m_state.cellDialLine != kNoLine;
+  m_state.cellDialLine = kNoLine;
+  m_with.messages.ShowMessage(cell ? kTextCellBusy : kTextLineBusy);
+}
+
+void CEventDispatcher::OnReceiveCall(uint32_t lineType) {
+  m_with.log.Write("OnEventGet::classReceiveCallIndication\n");
+  const int slot = SlotFromLineType(lineType);
+  if (slot == kNoSlot) return;
+  const IncomingCallRecord report = m_with.records.incomingCall[static_cast<size_t>(slot)];
+  m_lines.SetUSBState(report.line1, report.line2, report.log, report.cell, report.cellSub);
+  m_bar.SetBarState(1);
+}
+
+void CEventDispatcher::OnCallerId(uint32_t lineType) {
+  m_with.log.Write("OnEventGet::classReceiveCIDIndication\n");
+  const int slot = SlotFromLineType(lineType);
+  if (slot == kNoSlot) return;
+  const CallerIdRecord& record = m_with.records.callerId[static_cast<size_t>(slot)];
+  const bool longDistance = record.longDistance != 0;
+  SetUSBRecvCIDInfo(record);
+  // The ringing line's button turns into its answer button. Posted, so that it does not wait for
+  // the look-up and the contact form.
+  m_bar.PostSetBarState(true);
+  m_incomingCalls.OnCallerId(longDistance);
+}
+
+void CEventDispatcher::OnClosePopupEvent(uint32_t lineType) {
+  m_with.log.Write("OnEventGet::classClosePopUpIndication\n");
+  const int slot = SlotFromLineType(lineType);
+  if (slot == kNoSlot) return;
+  SetUSBRecvCPOPUPInfo(m_with.records.lastCaller[static_cast<size_t>(slot)]);
+  m_bar.PostSetBarState(true);
+  m_incomingCalls.OnPopup();
+}
+
+void CEventDispatcher::OnCellRegistration() {
+  SetUSBRecvCellRegistInfo(m_with.records.cells);
+  m_with.controls.RefreshCallFromCell();
+}
+
+void CEventDispatcher::SetUSBRecvCIDInfo(const CallerIdRecord& record) noexcept {
+  m_with.log.Write("CAddin::SetUSBRecvCIDInfo\n");
+  CallerInformation& caller = m_state.caller;
+  caller = {};
+  caller.infoKind = kInfoCallerId;
+  caller.noNum = record.noNum;
+  caller.noName = record.noName;
+  CopyText(caller.name, record.name);
+  caller.numberLength = CopyText(caller.number, record.number);
+  caller.cidLine = record.lineType;
+  caller.lineUnitNo = record.lineUnitNo;
+}
+
+void CEventDispatcher::SetUSBRecvCPOPUPInfo(const LastCallerRecord& record) noexcept {
+  m_with.log.Write("CAddin::SetUSBRecvCPOPUPInfo\n");
+  CallerInformation& caller = m_state.caller;
+  caller = {};
+  caller.infoKind = kInfoPopup;
+  caller.popupLine = record.lineType;
+  caller.numberLength = CopyText(caller.number, record.number);
+}
+
+// A mobile that registers while a call rings does not end the call: only the kind is changed in the
+// caller information.
+void CEventDispatcher::SetUSBRecvCellRegistInfo(const CellRegistrationRecord& record) noexcept {
+  m_with.log.Write("CAddin::SetUSBRecvCellRegistInfo\n");
+  m_state.caller.infoKind = kInfoCellRegistration;
+  m_state.cells = {};
+  m_state.cells.cellRegistered = record.regInfo;
+  for (size_t cell = 0; cell < kCellCount; ++cell) {
+    CopyText(m_state.cells.names[cell], record.names[cell]);
+  }
+}
+
+}  // namespace quor

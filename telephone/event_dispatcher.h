@@ -1,0 +1,49 @@
+#ifndef QUOR_TELEPHONE_EVENT_DISPATCHER_H
+#define QUOR_TELEPHONE_EVENT_DISPATCHER_H
+
+#include <cstdint>
+
+#include "telephone/bar_state.h"
+#include "telephone/collaborators.h"
+#include "telephone/incoming_calls.h"
+#include "telephone/line_control.h"
+#include "telephone/telephone_state.h"
+
+namespace quor {
+
+// Where every event of the base enters the telephone.
+class CEventDispatcher {
+ public:
+  CEventDispatcher(TelephoneState& state, CBarState& bar, CLineControl& lines,
+                   CIncomingCalls& incomingCalls, const TelephoneCollaborators& with) noexcept
+      : m_state(state), m_bar(bar), m_lines(lines), m_incomingCalls(incomingCalls), m_with(with) {}
+
+  // The handler of the registered message: an event code of DeviceEvent and, for per-line events, a
+  // line type. Both come from a window message, so any value is survived. Always 0.
+  int OnEventGet(uint32_t event, uint32_t lineType);
+
+ private:
+  void OnConnected();
+  void OnDisconnected();
+  void OnStatus();
+  void OnReceiveCall(uint32_t lineType);
+  void OnCallerId(uint32_t lineType);
+  void OnClosePopupEvent(uint32_t lineType);
+  void OnCellRegistration();
+  void ShowBusyReply();
+  void FollowCall(const StatusRecord& report);
+
+  void SetUSBRecvCIDInfo(const CallerIdRecord& record) noexcept;
+  void SetUSBRecvCPOPUPInfo(const LastCallerRecord& record) noexcept;
+  void SetUSBRecvCellRegistInfo(const CellRegistrationRecord& record) noexcept;
+
+  TelephoneState& m_state;
+  CBarState& m_bar;
+  CLineControl& m_lines;
+  CIncomingCalls& m_incomingCalls;
+  const TelephoneCollaborators& m_with;
+};
+
+}  // namespace quor
+
+#endif

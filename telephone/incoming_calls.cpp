@@ -1,0 +1,159 @@
+#include "telephone/incoming_calls.h"
+
+#include <array>
+#include <utility>
+
+#include "telephone/line_states.h"
+#include "telephone/string_ids.h"
+#include "telephone/withheld_caller.h"
+#include "text/ansi.h"
+
+namespace quor {
+
+namespace {
+
+constexpr int kFirstCellSlot = 2;
+
+// A cell's call says by its unit number which cell it is.
+int SlotOf(const CallerInformation& information) noexcept {
+  if (information.cidLine == kLine1 || information.cidLine == kLine2) {
+    return SlotFromLineType(information.cidLine);
+  }
+  return information.lineUnitNo < kCellCount ? kFirstCellSlot + information.lineUnitNo : kNoSlot;
+}
+
+// A call of the user's own is not covered by the caller window: each of the other two channels is
+// idle or busy.
+bool OthersAreQuiet(const TelephoneRecord& record, int slot) noexcept {
+  const Channel& own = ChannelOf(LineTypeFromSlot(slot));
+  for (const Channel& other : kChannels) {
+    if (other.state == own.state) continue;
+    const uint8_t state = record.*other.state;
+    if (state != kStateIdle && state != kStateBusy) return false;
+  }
+  return true;
+}
+
+// Eleven characters that begin with "1": the long-distance prefix is not shown.
+std::wstring WithoutPrefix(const std::wstring& number) {
+  return number.size() == 11 && number.front() == L'1' ? number.substr(1) : number;
+}
+
+}  // namespace
+
+void CIncomingCalls::OnCallerId(bool longDistance) {
+  // A copy: the look-ups below may pump messages, and the next caller ID overwrites the original.
+  Caller caller{m_state.caller, longDistance, {}, {}, {}};
+  const std::string number = caller.information.number;
+  m_lastCallerNumber = number;
+  caller.name = WideFromAnsi(caller.information.name);
+  caller.number = WideFromAnsi(number);
+
+  const std::optional<CallerMatch> match = FindPhoneNumber(true, number);
+  if (match) Identify(*match, caller);
+  if (!caller.number.empty()) m_callerList.Add(caller.name, caller.number);
+  if (match) {
+    DisplayContactItem(caller);
+  } else {
+    DisplayNewContactItem(caller);
+  }
+}
+
+// An empty number is nobody's. It is not looked up, because the checked comparison leaves pause
+// characters out and would take a stored "p" for it.
+std::optional<CallerMatch> CIncomingCalls::FindPhoneNumber(bool check, std::string_view number) {
+  std::optional<CallerMatch> match;
+  if (!number.empty()) {
+    match = m_with.directory.FindPhoneNumber(number, check);
+    if (!match && check) match = m_with.directory.SearchPhoneNumber(number, check);
+  }
+  if (!match) m_with.log.Write("FindPhoneNumber not found\n");
+  return match;
+}
+
+// Number and name as the contact has them; what cannot be read stays as the base sent it.
+void CIncomingCalls::Identify(const CallerMatch& match, Caller& caller) {
+  caller.entryId = match.entryId;
+  auto number = m_with.directory.FindContactPhoneNumber(match.entryId, match.telNumberType);
+  if (number && !number->empty()) caller.number = *std::move(number);
+  auto fileAs = m_with.directory.FindContactFileAs(match.entryId);
+  if (fileAs) caller.name = *std::move(fileAs);
+}
+
+void CIncomingCalls::DisplayContactItem(const Caller& caller) {
+  m_with.log.Write("CAddin::DisplayContactItem\n");
+  if (ShowsForm(caller)) LogForm(m_with.directory.DisplayContact(caller.entryId));
+}
+
+void CIncomingCalls::DisplayNewContactItem(const Caller& caller) {
+  m_with.log.Write("CAddin::DisplayNewContactItem\n");
+  if (ShowsForm(caller)) LogForm(m_with.directory.DisplayNewContact(caller.number));
+}
+
+bool CIncomingCalls::ShowsForm(const Caller& caller) {
+  const int slot = SlotOf(caller.information);
+  if (slot == kNoSlot) {
+    m_with.log.Write("CAddin::DisplayContactItem ReciveLineType Error.\n");
+    return false;
+  }
+  switch (m_with.configuration.popUpModes[static_cast<size_t>(slot)]) {
+    case kPopUpOff:
+      return false;
+    case kPopUpSimpleWindow:
+      if (IsCurrent(caller) && OthersAreQuiet(m_state.record, slot)) ShowCallerWindow(caller, slot);
+      return false;
+    default:
+      return true;
+  }
+}
+
+// The call may have ended, or another come in, while this one was being looked up; no report would
+// hide its window any more.
+bool CIncomingCalls::IsCurrent(const Caller& caller) const noexcept {
+  return m_state.caller.cidLine == caller.information.cidLine;
+}
+
+void CIncomingCalls::ShowCallerWindow(const Caller& caller, int slot) {
+  CallerValue name{caller.name};
+  if (name.text.empty()) {
+    name.withheldTextId = WithheldNameText(caller.information.noName, caller.longDistance);
+  }
+  CallerValue number{WithoutPrefix(caller.number)};
+  if (number.text.empty()) {
+    number.withheldTextId = WithheldNumberText(caller.information.noNum, caller.longDistance);
+  }
+  m_with.callerWindow.Fill(name, number, slot);
+  m_with.callerWindow.Show();
+}
+
+void CIncomingCalls::LogForm(FormResult result) {
+  switch (result) {
+    case FormResult::Shown:
+      return;
+    case FormResult::NoContact:
+      m_with.log.Write("CAddin::spContactItem is NULL\n");
+      return;
+    case FormResult::NotDisplayed:
+      m_with.log.Write("CAddin::Inspector can not display\n");
+      return;
+  }
+}
+
+void CIncomingCalls::OnPopup() {
+  const std::string number = m_state.caller.number;
+  const int slot = SlotFromLineType(m_state.caller.popupLine);
+  if (slot != kNoSlot &&
+      m_with.configuration.popUpModes[static_cast<size_t>(slot)] == kPopUpSimpleWindow) {
+    m_with.callerWindow.Hide();
+    return;
+  }
+  FindPhoneNumber(false, number);
+}
+
+int CIncomingCalls::OnClosePopup() {
+  m_with.log.Write("CAddin::OnClosePopup\n");
+  m_with.callerWindow.Hide();
+  return 0;
+}
+
+}  // namespace quor

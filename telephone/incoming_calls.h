@@ -1,0 +1,59 @@
+#ifndef QUOR_TELEPHONE_INCOMING_CALLS_H
+#define QUOR_TELEPHONE_INCOMING_CALLS_H
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "telephone/caller_list.h"
+#include "telephone/collaborators.h"
+#include "telephone/telephone_state.h"
+
+namespace quor {
+
+// Who is calling: resolves the number, records the call and shows the caller in the way chosen for
+// the line or cell.
+class CIncomingCalls {
+ public:
+  CIncomingCalls(TelephoneState& state, CCallerList& callerList,
+                 const TelephoneCollaborators& with) noexcept
+      : m_state(state), m_callerList(callerList), m_with(with) {}
+
+  // A caller-ID record has been copied into the caller information.
+  void OnCallerId(bool longDistance);
+  // A pop-up record has been copied into the caller information.
+  void OnPopup();
+  // Hides the caller window. Always 0.
+  int OnClosePopup();
+
+  // The number of the most recent caller-ID report, as reported; empty when it was withheld.
+  const std::string& LastCallerNumber() const noexcept { return m_lastCallerNumber; }
+
+ private:
+  struct Caller {
+    CallerInformation information;
+    bool longDistance;
+    std::string entryId;  // empty: not one of the contacts
+    std::wstring name;
+    std::wstring number;
+  };
+
+  std::optional<CallerMatch> FindPhoneNumber(bool check, std::string_view number);
+  void Identify(const CallerMatch& match, Caller& caller);
+  void DisplayContactItem(const Caller& caller);
+  void DisplayNewContactItem(const Caller& caller);
+  // True when the contact form is the way to show this caller; the caller window is shown here.
+  bool ShowsForm(const Caller& caller);
+  bool IsCurrent(const Caller& caller) const noexcept;
+  void ShowCallerWindow(const Caller& caller, int slot);
+  void LogForm(FormResult result);
+
+  TelephoneState& m_state;
+  CCallerList& m_callerList;
+  const TelephoneCollaborators& m_with;
+  std::string m_lastCallerNumber;
+};
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,162 @@
+#include "telephone/line_control.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quor {
+
+namespace {
+
+bool IsCell(uint32_t lineType) noexcept {
+  return lineType >= kCell1 && lineType <= kCell4;
+}
+
+bool IsCellSide(uint32_t lineType) noexcept {
+  return &ChannelOf(lineType) == &kChannels.back();
+}
+
+}  // namespace
+
+bool CLineControl::SetUSBState(uint8_t line1, uint8_t line2, uint8_t dial, uint8_t cell,
+                               uint8_t cellSub) {
+  m_with.log.Write("CAddin::SetUSBState\n");
+  if (m_state.HasRibbon()) return SetUSBStateV14(line1, line2, dial, cell, cellSub);
+  if (StoreReport(m_state, {line1, line2, dial, cell, cellSub}) == DialBox::Clear) {
+    m_bar.PostClearDialNumber();
+  }
+  return true;
+}
+
+bool CLineControl::SetUSBStateV14(uint8_t line1, uint8_t line2, uint8_t dial, uint8_t cell,
+                                  uint8_t cellSub) {
+  m_with.log.Write("CAddin::SetUSBStateV14\n");
+  if (StoreReportV14(m_state, {line1, line2, dial, cell, cellSub}) == DialBox::Clear) {
+    m_bar.PostClearDialNumber();
+  }
+  return true;
+}
+
+uint8_t CLineControl::GetLineState(uint32_t lineType) const noexcept {
+  return m_state.record.*ChannelOf(lineType).state;
+}
+
+bool CLineControl::SetLineState(uint32_t lineType, uint8_t newState) {
+  m_with.log.Write("CAddin::SetLineState\n");
+  const uint32_t now = m_with.clock.TickMilliseconds();
+  const auto delay = static_cast<uint32_t>(std::max(0, m_with.configuration.delayBtnEvent));
+  if (now - m_state.lastLineClickTime < delay) return false;
+  m_state.lastLineClickTime = now;
+
+  if (GetLineState(lineType) == newState) return false;
+  switch (newState) {
+    case kStateIdle:
+      return Release(lineType);
+    case kStateTaken:
+      return Take(lineType);
+    default:
+      return false;
+  }
+}
+
+bool CLineControl::Release(uint32_t lineType) {
+  ReleaseLine(m_state);
+  if (IsCellSide(lineType)) m_with.controls.RefreshCallFromCell();
+  return true;
+}
+
+bool CLineControl::Take(uint32_t lineType) {
+  TakeLine(m_state, lineType);
+  if (IsCellSide(lineType)) DisableOtherCells();
+  m_bar.PostClearDialNumber();
+  return true;
+}
+
+void CLineControl::DisableOtherCells() {
+  const uint32_t held = m_state.cellDialLine;
+  if (IsCell(held)) m_with.controls.DisableOtherCellItems(static_cast<int>(held - kCell1));
+}
+
+bool CLineControl::Click(uint32_t lineType) {
+  return m_state.HasRibbon() ? ClickLineButtonV14(lineType) : ClickLineButton(lineType);
+}
+
+bool CLineControl::AnswerRinging(uint32_t lineType) noexcept {
+  if (!IsAnswerable(m_state)) return false;
+  AnswerUSB(SlotFromLineType(lineType));
+  return true;
+}
+
+bool CLineControl::ClickLineButton(uint32_t lineType) {
+  m_with.log.Write("CAddin::ClickLineButton\n");
+  if (AnswerRinging(lineType)) return true;
+
+  switch (GetLineState(lineType)) {
+    case kStateInCall:
+      return DropUSB(lineType);
+    case kStateIdle:
+      return TakeOrRelease(lineType, kStateTaken,
+                           IsCell(lineType) ? lineType : m_state.cellDialLine);
+    case kStateTaken:
+      return TakeOrRelease(lineType, kStateIdle, kNoLine);
+    default:
+      return false;
+  }
+}
+
+// The menu of the cells is redrawn for the new cell while the line changes, so that comes first; a
+// click that is dropped leaves everything as it was.
+bool CLineControl::TakeOrRelease(uint32_t lineType, uint8_t newState, uint32_t cellDialLine) {
+  const uint32_t previousCell = std::exchange(m_state.cellDialLine, cellDialLine);
+  if (!SetLineState(lineType, newState)) {
+    m_state.cellDialLine = previousCell;
+    return false;
+  }
+  m_bar.PostSetBarState(true);
+  return true;
+}
+
+bool CLineControl::ClickLineButtonV14(uint32_t lineType) {
+  m_with.log.Write("CAddin::ClickLineButtonV14\n");
+  if (AnswerRinging(lineType)) return true;
+
+  bool done = false;
+  switch (GetLineState(lineType)) {
+    case kStateInCall:
+      done = DropUSB(lineType);
+      break;
+    case kStateIdle:
+      m_state.pendingClearLine = lineType;
+      if (IsCell(lineType)) m_state.cellDialLine = lineType;
+      done = m_dialler.DialBoxText();
+      break;
+    default:
+      return false;
+  }
+  if (!done) m_state.cellDialLine = kNoLine;
+  return done;
+}
+
+void CLineControl::AnswerUSB(int slot) noexcept {
+  m_with.log.Write("CAddin::AnswerUSB\n");
+  const uint8_t lineType = LineTypeFromSlot(slot);
+  if (lineType == kNoLine) return;
+  DialRecord& request = m_with.records.dial[static_cast<size_t>(slot)];
+  request = {};  // no number: answers
+  request.lineType = lineType;
+  m_state.pendingClearLine = lineType;
+  if (!m_with.queue.PostRequest(WindowRequest::CallRequest, lineType)) {
+    m_with.log.Write("CAddin::AnswerUSB post failed\n");
+  }
+}
+
+bool CLineControl::DropUSB(uint32_t lineType) noexcept {
+  m_with.log.Write("CAddin::DropUSB\n");
+  const int slot = SlotFromLineType(lineType);
+  if (slot == kNoSlot) return false;
+  m_with.records.onHookLine[static_cast<size_t>(slot)] = static_cast<uint8_t>(lineType);
+  if (m_with.queue.PostRequest(WindowRequest::OnHookRequest, lineType)) return true;
+  m_with.log.Write("CAddin::DropUSB post failed\n");
+  return false;
+}
+
+}  // namespace quor

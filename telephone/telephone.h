@@ -1,0 +1,58 @@
+#ifndef QUOR_TELEPHONE_TELEPHONE_H
+#define QUOR_TELEPHONE_TELEPHONE_H
+
+#include <cstdint>
+#include <string>
+
+#include "telephone/bar_state.h"
+#include "telephone/caller_list.h"
+#include "telephone/collaborators.h"
+#include "telephone/dialler.h"
+#include "telephone/event_dispatcher.h"
+#include "telephone/incoming_calls.h"
+#include "telephone/line_control.h"
+#include "telephone/telephone_state.h"
+
+namespace quor {
+
+// The telephone: what the base does, what the user may do, and what happens when he does it. Wires
+// its parts together and is where the rest of the add-in finds them. One thread.
+class CTelephone {
+ public:
+  explicit CTelephone(const TelephoneCollaborators& with) noexcept;
+  CTelephone(const CTelephone&) = delete;
+  CTelephone& operator=(const CTelephone&) = delete;
+
+  // Outlook's major version, known once the add-in is connected.
+  void SetAppVersion(int32_t appVersion) noexcept { m_state.appVersion = appVersion; }
+  // Start-up: the counters of clicks and dialling begin anew. `startTime` is the device
+  // controller's.
+  void ResetCounters(uint32_t startTime) noexcept;
+  // Start-up: the dial string is empty and nothing may be dialled yet.
+  void ResetDial();
+
+  // For IsControlEnabled, GetLineCaption and IsCellItemEnabled (control_state.h), the cells' names
+  // and the counters.
+  const TelephoneState& State() const noexcept { return m_state; }
+
+  CEventDispatcher& Events() noexcept { return m_events; }
+  CLineControl& Lines() noexcept { return m_lines; }
+  CDialler& Dialler() noexcept { return m_dialler; }
+  CBarState& Bar() noexcept { return m_bar; }
+  CCallerList& CallerList() noexcept { return m_callerList; }
+  CIncomingCalls& IncomingCalls() noexcept { return m_incomingCalls; }
+
+ private:
+  TelephoneCollaborators m_with;
+  TelephoneState m_state;
+  CBarState m_bar;
+  CDialler m_dialler;
+  CLineControl m_lines;
+  CCallerList m_callerList;
+  CIncomingCalls m_incomingCalls;
+  CEventDispatcher m_events;
+};
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,96 @@
+#ifndef QUOR_TESTS_CONTACTS_ADDRESS_BOOK_H
+#define QUOR_TESTS_CONTACTS_ADDRESS_BOOK_H
+
+#include <array>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "contacts/contact_directory.h"
+#include "contacts/contact_item.h"
+#include "module/diagnostic_log.h"
+
+namespace quor {
+
+// Log lines and calls, one under the other.
+class CTranscript final : public ILogWriter {
+ public:
+  void WriteLine(std::string_view text) noexcept override { m_lines.emplace_back(text); }
+  std::vector<std::string> Take() { return std::exchange(m_lines, {}); }
+
+ private:
+  std::vector<std::string> m_lines;
+};
+
+struct BookContact {
+  std::string fileAs = "Somebody";
+  bool opens = true;
+  std::array<std::string, 13> numbers;  // by type
+};
+
+using AddressBook = std::map<std::string, BookContact>;
+
+// Opens the contacts of a book, and says each time that it was asked: with the log off, too.
+class CBookDirectory final : public IContactDirectory {
+ public:
+  CBookDirectory(const AddressBook& book, CTranscript& transcript)
+      : m_book(book), m_transcript(transcript) {}
+
+  bool FindContactFileAs(std::string_view entryId, std::string& fileAs) override {
+    m_transcript.WriteLine("open " + std::string(entryId) + "\n");
+    const auto found = m_book.find(std::string(entryId));
+    const bool opens = found != m_book.end() && found->second.opens;
+    if (opens) fileAs = found->second.fileAs;
+    if (meanwhile) meanwhile();
+    return opens;
+  }
+
+  std::function<void()> meanwhile;  // what happens while messages are pumped
+
+ private:
+  const AddressBook& m_book;
+  CTranscript& m_transcript;
+};
+
+// An open contact of the book, with what can go wrong about it.
+class CBookItem final : public IContactItem {
+ public:
+  CBookItem(std::string entryId, const BookContact& contact)
+      : m_entryId(std::move(entryId)), m_contact(contact) {}
+
+  bool ReadEntryId(std::string& entryId) override {
+    if (hasEntryId) entryId = isSaved ? m_entryId : "";
+    return hasEntryId;
+  }
+  bool Save() override {
+    isSaved = savesForGood;
+    return saves;
+  }
+  bool ReadFileAs(std::string& fileAs) override {
+    if (hasFileAs) fileAs = m_contact.fileAs;
+    return hasFileAs;
+  }
+  bool ReadTelNumber(int telNumberType, std::string& number) override {
+    if (telNumberType == unreadableType) return false;
+    number = m_contact.numbers.at(static_cast<size_t>(telNumberType));
+    return true;
+  }
+
+  bool hasEntryId = true;
+  bool isSaved = true;
+  bool saves = true;
+  bool savesForGood = true;
+  bool hasFileAs = true;
+  int unreadableType = 0;
+
+ private:
+  std::string m_entryId;
+  const BookContact& m_contact;
+};
+
+}  // namespace quor
+
+#endif

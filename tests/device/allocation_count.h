@@ -1,0 +1,13 @@
+#ifndef QUOR_TESTS_DEVICE_ALLOCATION_COUNT_H
+#define QUOR_TESTS_DEVICE_ALLOCATION_COUNT_H
+
+#include <cstddef>
+
+namespace quor {
+
+// Calls of operator new in this program so far. Linking allocation_count.cpp replaces the operator.
+size_t AllocationCount() noexcept;
+
+}  // namespace quor
+
+#endif

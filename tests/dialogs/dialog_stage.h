@@ -1,0 +1,58 @@
+#ifndef QUOR_TESTS_DIALOGS_DIALOG_STAGE_H
+#define QUOR_TESTS_DIALOGS_DIALOG_STAGE_H
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "dialogs/resource_loader.h"
+#include "module/diagnostic_log.h"
+
+namespace quor {
+
+struct Language {
+  const char* name;
+  uint16_t primary;
+  uint16_t sub;
+};
+extern const std::vector<Language> kLanguages;
+
+struct CLogLines final : ILogWriter {
+  void WriteLine(std::string_view line) noexcept override { text += line; }
+  std::string text;
+};
+
+// What every dialog of a test needs: resources of this program, a log, and Outlook's main window.
+class CDialogStage {
+ public:
+  CDialogStage();
+  ~CDialogStage();
+  CDialogStage(const CDialogStage&) = delete;
+  CDialogStage& operator=(const CDialogStage&) = delete;
+
+  void Speak(const Language& language) { resources.SetLanguage(language.primary, language.sub); }
+  void CloseOutlook();
+
+  CResourceLoader resources;
+  CLogLines lines;
+  CDiagnosticLog log;
+  HWND outlook;
+};
+
+// The dialogs of this thread with this caption, visible or not.
+std::vector<HWND> DialogsNamed(const std::wstring& caption);
+HWND VisibleDialog();
+std::wstring TextOf(HWND window);
+std::wstring TextOf(HWND dialog, int control);
+
+// Runs a loop like Outlook's, which knows nothing of dialogs, until the queue is empty.
+void RunLoop();
+// A key goes to the control with the focus, as from the keyboard.
+void PressKey(WPARAM key);
+void PressAlt(wchar_t letter);
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+
+#include "dialogs/about_dlg.h"
+#include "dialogs/options_dialog.h"
+#include "resources/resource_ids.h"
+#include "tests/dialogs/dialog_stage.h"
+#include "tests/dialogs/options_desk.h"
+
+namespace quor {
+namespace {
+
+class OptionsWindow : public testing::Test {
+ protected:
+  void Open() {
+    m_dialog.Open(m_stage.outlook);
+    RunLoop();
+  }
+  HWND Control(int id) { return FindControl(VisibleDialog(), id); }
+  bool CanApply() { return IsWindowEnabled(Control(IDC_OPTIONS_APPLY)) != FALSE; }
+  void Press(int id) {
+    SendMessageW(Control(id), BM_CLICK, 0, 0);
+    RunLoop();
+  }
+
+  CDialogStage m_stage;
+  COptionsDesk m_desk;
+  COptionsDialog m_dialog{m_stage.resources, m_desk, m_stage.log};
+};
+
+TEST_F(OptionsWindow, ShowsWhatIsStored) {
+  m_desk.stored = {kSpanish, {0, 1, 2, 0, 1, 2}};
+  Open();
+  const std::wstring modes[] = {L"Off", L"Contact list", L"Simple window"};
+  EXPECT_EQ(TextOf(Control(IDC_OPTIONS_LANGUAGE)), L"Español");
+  for (int slot = 0; slot < 6; ++slot) {
+    EXPECT_EQ(TextOf(Control(IDC_OPTIONS_POP_UP + slot)), modes[slot % 3]) << slot;
+  }
+  EXPECT_FALSE(CanApply());
+}
+
+TEST_F(OptionsWindow, CanApplyOnlyWhatDiffers) {
+  Open();
+  Choose(Control(IDC_OPTIONS_LANGUAGE), kFrench);
+  EXPECT_TRUE(CanApply());
+  Choose(Control(IDC_OPTIONS_LANGUAGE), kEnglish);
+  EXPECT_FALSE(CanApply());
+  Choose(Control(IDC_OPTIONS_POP_UP + 5), 2);
+  SetFocus(Control(IDC_OPTIONS_APPLY));
+  Press(IDC_OPTIONS_APPLY);
+  EXPECT_EQ(m_desk.applied, (std::vector<OptionValues>{{kEnglish, {1, 1, 1, 1, 1, 0}}}));
+  EXPECT_FALSE(CanApply());
+  EXPECT_TRUE(IsWindowEnabled(GetFocus()));
+  Press(IDOK);
+  EXPECT_EQ(m_desk.applied.size(), 1u);
+  EXPECT_FALSE(m_dialog.IsVisible());
+}
+
+TEST_F(OptionsWindow, OkAppliesAndCancelForgets) {
+  Open();
+  Choose(Control(IDC_OPTIONS_POP_UP), 1);
+  PressKey(VK_RETURN);
+  EXPECT_EQ(m_desk.applied, (std::vector<OptionValues>{{kEnglish, {2, 1, 1, 1, 1, 1}}}));
+  Open();
+  Choose(Control(IDC_OPTIONS_POP_UP), 2);
+  PressKey(VK_ESCAPE);
+  Open();
+  EXPECT_EQ(TextOf(Control(IDC_OPTIONS_POP_UP)), L"Simple window");
+  EXPECT_EQ(m_desk.applied.size(), 1u);
+}
+
+TEST_F(OptionsWindow, OpenedTwiceIsOneWindowWithItsChoices) {
+  Open();
+  Choose(Control(IDC_OPTIONS_LANGUAGE), kFrench);
+  Open();
+  EXPECT_EQ(DialogsNamed(L"Options").size(), 1u);
+  EXPECT_TRUE(CanApply());
+}
+
+TEST_F(OptionsWindow, ValuesThatAreNoChoiceStay) {
+  m_desk.stored = {-1, {7, -3, 1, 1, 1, 1}};
+  Open();
+  EXPECT_EQ(TextOf(Control(IDC_OPTIONS_POP_UP)), L"Contact list");
+  EXPECT_FALSE(CanApply());
+  Choose(Control(IDC_OPTIONS_POP_UP + 2), 2);
+  Press(IDOK);
+  EXPECT_EQ(m_desk.applied, (std::vector<OptionValues>{{-1, {7, -3, 0, 1, 1, 1}}}));
+}
+
+TEST_F(OptionsWindow, StaysOpenWhenNothingCouldBeKept) {
+  m_desk.refuses = true;
+  Open();
+  Choose(Control(IDC_OPTIONS_LANGUAGE), kFrench);
+  Press(IDOK);
+  EXPECT_TRUE(m_dialog.IsVisible());
+  EXPECT_TRUE(CanApply());
+  m_stage.CloseOutlook();
+  EXPECT_FALSE(m_dialog.IsWindow());
+}
+
+TEST_F(OptionsWindow, IsUsedWithTheKeyboardAlone) {
+  Open();
+  EXPECT_EQ(GetFocus(), Control(IDC_OPTIONS_LANGUAGE));
+  PressKey(VK_DOWN);
+  EXPECT_TRUE(CanApply());
+  for (int slot = 0; slot < 6; ++slot) {
+    PressKey(VK_TAB);
+    EXPECT_EQ(GetFocus(), Control(IDC_OPTIONS_POP_UP + slot));
+  }
+  PressAlt(L'3');
+  EXPECT_EQ(GetFocus(), Control(IDC_OPTIONS_POP_UP + 4));
+  PressAlt(L'b');
+  EXPECT_EQ(m_desk.abouts, std::vector<HWND>{VisibleDialog()});
+  SetFocus(Control(IDC_OPTIONS_POP_UP + 5));
+  PressKey(VK_TAB);
+  PressKey(VK_RETURN);
+  EXPECT_EQ(m_desk.abouts.size(), 2u);
+  PressKey(VK_TAB);
+  EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDOK);
+  PressAlt(L'a');
+  EXPECT_EQ(m_desk.applied.size(), 1u);
+}
+
+struct CActions final : IAboutActions {
+  void SwitchLog(bool on) override { switches.push_back(on); }
+  void OpenLogFolder() override { ++opened; }
+  std::vector<bool> switches;
+  int opened = 0;
+};
+
+TEST(AboutBox, TellsItsFactsAndSwitchesTheLog) {
+  CDialogStage stage;
+  stage.Speak(kLanguages[1]);
+  CActions actions;
+  CAboutDlg about(stage.resources, actions, stage.log);
+  about.Open(stage.outlook,
+             {L"1.2.3.4", L"today", true, L"C:\\a & b\\vex_cfg.xml", L"C:\\log.txt", true});
+  RunLoop();
+  HWND shown = VisibleDialog();
+  EXPECT_EQ(TextOf(shown, IDC_ABOUT_VERSION), L"1.2.3.4");
+  EXPECT_EQ(TextOf(shown, IDC_ABOUT_BUILD), L"today");
+  EXPECT_EQ(TextOf(shown, IDC_ABOUT_ARCHITECTURE), sizeof(void*) == 8 ? L"64 bits" : L"32 bits");
+  EXPECT_EQ(TextOf(shown, IDC_ABOUT_BASE), L"Connectée");
+  EXPECT_EQ(TextOf(shown, IDC_ABOUT_CONFIGURATION), L"C:\\a & b\\vex_cfg.xml");
+  EXPECT_EQ(TextOf(shown, IDC_ABOUT_LOG), L"C:\\log.txt");
+  PressAlt(L't');
+  PressAlt(L't');
+  PressAlt(L'd');
+  EXPECT_EQ(actions.switches, (std::vector<bool>{false, true}));
+  EXPECT_EQ(actions.opened, 1);
+  EXPECT_TRUE(about.IsVisible());
+  PressKey(VK_RETURN);
+  EXPECT_FALSE(about.IsVisible());
+}
+
+TEST(AboutBox, OpensInFrontOfWhoeverAsks) {
+  CDialogStage stage;
+  CActions actions;
+  CAboutDlg about(stage.resources, actions, stage.log);
+  about.Open(nullptr, {});
+  EXPECT_EQ(TextOf(VisibleDialog(), IDC_ABOUT_BASE), L"Not connected");
+  about.Open(stage.outlook, {});
+  EXPECT_EQ(GetWindow(VisibleDialog(), GW_OWNER), stage.outlook);
+}
+
+}  // namespace
+}  // namespace quor

@@ -1,0 +1,213 @@
+#include <gtest/gtest.h>
+
+#include "dialogs/data_pop_dlg.h"
+#include "dialogs/msg_pop_dlg.h"
+#include "dialogs/simple_window.h"
+#include "resources/resource_ids.h"
+#include "telephone/telephone_state.h"
+#include "tests/dialogs/dialog_stage.h"
+
+namespace quor {
+namespace {
+
+struct CAnswers final : IAnswerHandler {
+  void OnAnswer(int slot) override {
+    slots.push_back(slot);
+    if (refuses) throw 1;
+  }
+  std::vector<int> slots;
+  bool refuses = false;
+};
+
+class CallerWindow : public testing::Test {
+ protected:
+  CallerWindow() { m_window.SetOutlookWindow(m_stage.outlook); }
+
+  void Ring(int slot, CallerValue name = {L"Müller & Söhne", 0}) {
+    m_window.Create();
+    m_window.Fill(name, {L"5551234", 0}, slot);
+    m_window.Show();
+    RunLoop();
+  }
+  bool CanAnswer() { return IsWindowEnabled(GetDlgItem(VisibleDialog(), IDOK)) != FALSE; }
+
+  CDialogStage m_stage;
+  CAnswers m_answers;
+  CSimpleWindow m_window{m_stage.resources, m_answers, m_stage.log};
+};
+
+TEST_F(CallerWindow, IsCreatedHiddenAndTakesNoFocus) {
+  SetFocus(m_stage.outlook);
+  ASSERT_EQ(m_window.Create(), S_OK);
+  EXPECT_FALSE(m_window.IsVisible());
+  EXPECT_EQ(GetFocus(), m_stage.outlook);
+}
+
+TEST_F(CallerWindow, ShowsNameNumberAndLine) {
+  m_stage.Speak(kLanguages[1]);
+  Ring(2);
+  HWND shown = VisibleDialog();
+  EXPECT_EQ(TextOf(shown), L"Appel entrant");
+  EXPECT_EQ(TextOf(shown, IDC_CALLER_LINE), L"Mobile1");
+  EXPECT_EQ(TextOf(shown, IDC_CALLER_NAME), L"Müller & Söhne");
+  EXPECT_EQ(TextOf(shown, IDC_CALLER_NUMBER), L"5551234");
+  EXPECT_EQ(m_stage.lines.text, "");
+}
+
+TEST_F(CallerWindow, SaysWhyANameIsMissing) {
+  Ring(0, {L"", IDS_UNAVAILABLE_NAME_AND_NUMBER});
+  EXPECT_EQ(TextOf(VisibleDialog(), IDC_CALLER_NAME), L"Unavailable Name & No.");
+}
+
+TEST_F(CallerWindow, FollowsTheLineOfItsSlotAlone) {
+  struct {
+    int slot;
+    uint8_t states[3];
+  } const own[] = {{0, {1, 2, 2}}, {1, {2, 1, 2}}, {2, {2, 2, 1}}, {5, {2, 2, 1}}};
+  for (const auto& [slot, states] : own) {
+    Ring(slot);
+    for (const auto& [otherSlot, others] : own) {
+      m_window.Follow(others[0], others[1], others[2]);
+      const bool isOwn = std::equal(states, states + 3, others);
+      EXPECT_EQ(m_window.IsVisible(), !isOwn) << slot << ' ' << otherSlot;
+      Ring(slot);
+    }
+  }
+}
+
+TEST_F(CallerWindow, AnAnsweredCallStaysVisibleButCannotBeAnswered) {
+  Ring(1);
+  m_window.Follow(2, kStateInCall, 2);
+  EXPECT_TRUE(m_window.IsVisible());
+  EXPECT_FALSE(CanAnswer());
+  EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDCANCEL);  // the keyboard still works
+  m_window.Follow(2, kStateOtherCall, 2);
+  EXPECT_FALSE(CanAnswer());
+  Ring(1);
+  EXPECT_TRUE(CanAnswer());
+}
+
+TEST_F(CallerWindow, IgnoresReportsWhileHidden) {
+  Ring(0);
+  m_window.Hide();
+  m_window.Follow(kStateInCall, 1, 1);
+  m_window.Show();
+  EXPECT_TRUE(CanAnswer());
+}
+
+TEST_F(CallerWindow, IsUsedWithTheKeyboardAlone) {
+  Ring(3);
+  PressKey(VK_RETURN);
+  EXPECT_EQ(m_answers.slots, std::vector<int>{3});
+  EXPECT_FALSE(m_window.IsVisible());
+
+  Ring(0);
+  PressKey(VK_TAB);
+  EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDCANCEL);
+  PressKey(VK_RETURN);
+  EXPECT_FALSE(m_window.IsVisible());
+  Ring(0);
+  PressKey(VK_ESCAPE);
+  EXPECT_FALSE(m_window.IsVisible());
+  Ring(0);
+  PressAlt(L'c');
+  EXPECT_FALSE(m_window.IsVisible());
+  EXPECT_EQ(m_answers.slots, std::vector<int>{3});
+  Ring(4);
+  PressAlt(L'a');
+  EXPECT_EQ(m_answers.slots, (std::vector<int>{3, 4}));
+}
+
+TEST_F(CallerWindow, LeavesOtherWindowsTheirKeys) {
+  Ring(0);
+  PostMessageW(m_stage.outlook, WM_KEYDOWN, VK_TAB, 1);
+  MSG message = {};
+  PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE);
+  EXPECT_EQ(message.message, static_cast<UINT>(WM_KEYDOWN));
+}
+
+TEST_F(CallerWindow, LetsNothingEscapeFromAnAnswer) {
+  m_answers.refuses = true;
+  Ring(0);
+  SendMessageW(GetDlgItem(VisibleDialog(), IDOK), BM_CLICK, 0, 0);
+  EXPECT_NE(m_stage.lines.text.find("** Error : dialog message"), std::string::npos);
+}
+
+TEST_F(CallerWindow, LogsWhatItCannotShow) {
+  m_window.Fill({L"Smith", 0}, {L"1", 0}, 0);
+  EXPECT_EQ(m_stage.lines.text,
+            "** CSimpleWindow::SetDlgItemText error.\n** CSimpleWindow::SetDlgItemText error.\n"
+            "** CSimpleWindow::SetDlgItemText error.\n");
+  m_window.Show();
+  m_window.Follow(1, 1, 1);
+  m_window.Destroy();
+  EXPECT_FALSE(m_window.IsWindow());
+}
+
+TEST_F(CallerWindow, LeavesTheToolbarUncovered) {
+  Ring(0);
+  RECT own = {};
+  RECT outlook = {};
+  GetWindowRect(VisibleDialog(), &own);
+  GetWindowRect(m_stage.outlook, &outlook);
+  EXPECT_GE(own.top, outlook.top + (own.bottom - own.top));
+  EXPECT_NEAR(own.left + own.right, outlook.left + outlook.right, 2);
+}
+
+class MessagePopUp : public testing::Test {
+ protected:
+  MessagePopUp() { m_popUp.SetOwner(m_stage.outlook); }
+
+  CDialogStage m_stage;
+  CMsgPopDlg m_popUp{m_stage.resources, m_stage.log};
+};
+
+TEST_F(MessagePopUp, IsMadeOnceAndReplacesItsText) {
+  EXPECT_TRUE(DialogsNamed(L"Telephone Plug-in").empty());
+  m_popUp.ShowMessage(IDS_LINE_BUSY);
+  m_popUp.ShowMessage(IDS_INVALID_CHARACTERS);
+  const std::vector<HWND> made = DialogsNamed(L"Telephone Plug-in");
+  ASSERT_EQ(made.size(), 1u);
+  EXPECT_TRUE(IsWindowVisible(made[0]));
+  EXPECT_EQ(TextOf(made[0], IDC_MESSAGE_TEXT),
+            L"Invalid phone number.\nUse 0~9, *, #, p(Pause), f(Flash).");
+}
+
+TEST_F(MessagePopUp, ComesBackAfterItWasClosedOrItsOwnerWent) {
+  m_popUp.ShowMessage(IDS_LINE_BUSY);
+  PressKey(VK_RETURN);
+  EXPECT_FALSE(m_popUp.IsVisible());
+  m_popUp.ShowMessage(IDS_LINE_BUSY);
+  SendMessageW(VisibleDialog(), WM_CLOSE, 0, 0);
+  EXPECT_FALSE(m_popUp.IsVisible());
+  EXPECT_TRUE(m_popUp.IsWindow());
+
+  m_stage.CloseOutlook();
+  EXPECT_FALSE(m_popUp.IsWindow());
+  m_popUp.SetOwner(nullptr);
+  m_popUp.ShowMessage(IDS_LINE_BUSY);
+  EXPECT_TRUE(m_popUp.IsVisible());
+}
+
+TEST_F(MessagePopUp, AnOwnerThatIsNoWindowIsLogged) {
+  m_popUp.SetOwner(reinterpret_cast<HWND>(0x7FFFFFF0));
+  m_popUp.ShowMessage(IDS_LINE_BUSY);
+  EXPECT_FALSE(m_popUp.IsWindow());
+  EXPECT_EQ(m_stage.lines.text.find("** Error : message pop-up failed."), 0u);
+}
+
+TEST(LoadingWindow, IsDrawnBeforeTheLoadBegins) {
+  CDialogStage stage;
+  CDataPopDlg window(stage.resources, stage.log);
+  ASSERT_EQ(window.Create(stage.outlook), S_OK);
+  EXPECT_FALSE(window.IsVisible());
+  window.Show();
+  ASSERT_TRUE(window.IsVisible());
+  EXPECT_FALSE(GetUpdateRect(GetWindow(VisibleDialog(), GW_CHILD), nullptr, FALSE));
+  window.Hide();
+  EXPECT_FALSE(window.IsVisible());
+  EXPECT_TRUE(window.IsWindow());
+}
+
+}  // namespace
+}  // namespace quor

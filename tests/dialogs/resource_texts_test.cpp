@@ -1,0 +1,228 @@
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+#include "dialogs/modeless_dialog.h"
+#include "resources/resource_ids.h"
+#include "tests/dialogs/dialog_stage.h"
+
+namespace quor {
+namespace {
+
+constexpr int kLastText = 1999;
+constexpr int kAllDialogs[] = {
+    IDD_MESSAGE,          IDD_CALLER,        IDD_LOADING, IDD_SPEED_DIAL_REGIST,
+    IDD_SPEED_DIAL_ERASE, IDD_OPTIONS_PANEL, IDD_OPTIONS, IDD_ABOUT};
+
+// The texts that this language itself has: the loader would fill gaps with English.
+std::map<int, std::wstring> OwnTexts(const Language& language) {
+  std::map<int, std::wstring> texts;
+  HMODULE module = GetModuleHandleW(nullptr);
+  for (int block = 1; block <= kLastText / 16 + 1; ++block) {
+    HRSRC found = FindResourceExW(module, RT_STRING, MAKEINTRESOURCEW(block),
+                                  MAKELANGID(language.primary, language.sub));
+    if (found == nullptr) continue;
+    const auto* next = static_cast<const wchar_t*>(LockResource(LoadResource(module, found)));
+    for (int position = 0; position < 16; ++position) {
+      const size_t length = *next++;
+      if (length > 0) texts[(block - 1) * 16 + position] = std::wstring(next, length);
+      next += length;
+    }
+  }
+  return texts;
+}
+
+std::set<int> Numbers(const std::map<int, std::wstring>& texts) {
+  std::set<int> numbers;
+  for (const auto& [id, text] : texts)
+    numbers.insert(id);
+  return numbers;
+}
+
+TEST(ResourceTexts, EveryLanguageHasTheSameNumbers) {
+  const std::set<int> english = Numbers(OwnTexts(kLanguages[0]));
+  EXPECT_TRUE(english.contains(IDS_PRODUCT_NAME));
+  EXPECT_EQ(Numbers(OwnTexts(kLanguages[1])), english);
+  EXPECT_EQ(Numbers(OwnTexts(kLanguages[2])), english);
+}
+
+TEST(ResourceTexts, OnlyTagsAndProperNamesReadTheSameEverywhere) {
+  const std::set<int> tags = {IDS_DIAL_TAG,         IDS_LINE1_TAG,     IDS_LINE2_TAG,
+                              IDS_CALLER_LIST_TAG,  IDS_CELL_TAG,      IDS_OPTIONS_TAG,
+                              IDS_SPEED_DIAL_TAG,   IDS_LANGUAGE_NAME, IDS_LANGUAGE_NAME + 1,
+                              IDS_LANGUAGE_NAME + 2};
+  const auto english = OwnTexts(kLanguages[0]);
+  const auto french = OwnTexts(kLanguages[1]);
+  const auto spanish = OwnTexts(kLanguages[2]);
+  for (const auto& [id, text] : english) {
+    const bool same = french.at(id) == text && spanish.at(id) == text;
+    EXPECT_EQ(same, tags.contains(id)) << id;
+  }
+}
+
+TEST(ResourceTexts, AnUnknownLanguageSpeaksEnglish) {
+  CDialogStage stage;
+  stage.resources.SetLanguage(LANG_GERMAN, SUBLANG_GERMAN);
+  EXPECT_EQ(stage.resources.Text(IDS_CALLER_LIST), L"Caller list");
+  EXPECT_NE(stage.resources.DialogTemplate(IDD_CALLER), nullptr);
+  EXPECT_EQ(stage.resources.Text(999), L"");
+  EXPECT_EQ(stage.resources.DialogTemplate(999), nullptr);
+}
+
+INT_PTR CALLBACK NoProcedure(HWND, UINT, WPARAM, LPARAM) {
+  return FALSE;
+}
+
+// A dialog as a user of this language sees it.
+class COpenDialog {
+ public:
+  COpenDialog(const CDialogStage& stage, int id)
+      : m_window(CreateDialogIndirectParamW(stage.resources.Module(),
+                                            stage.resources.DialogTemplate(id), stage.outlook,
+                                            NoProcedure, 0)) {}
+  ~COpenDialog() { DestroyWindow(m_window); }
+  HWND Window() const { return m_window; }
+
+  std::vector<HWND> Controls() const {
+    std::vector<HWND> controls;
+    for (HWND child = GetWindow(m_window, GW_CHILD); child != nullptr;
+         child = GetWindow(child, GW_HWNDNEXT)) {
+      controls.push_back(child);
+    }
+    return controls;
+  }
+
+ private:
+  HWND m_window;
+};
+
+// What the text needs and what the control offers, in pixels. Fonts differ from one Windows to the
+// next: a tenth must be left over.
+void ExpectFits(HWND control, const std::wstring& text, const std::string& where) {
+  RECT room = {};
+  GetClientRect(control, &room);
+  const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK;
+  const bool isButton = (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) != 0;
+  const bool isCheckBox = isButton && style == BS_AUTOCHECKBOX;
+  const bool wraps = room.bottom > 25 && style != BS_GROUPBOX;
+  RECT need = {0, 0, wraps ? room.right * 10 / 11 : 0, 0};
+  HDC context = GetDC(control);
+  HGDIOBJ before =
+      SelectObject(context, reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0)));
+  DrawTextW(context, text.c_str(), -1, &need, DT_CALCRECT | (wraps ? DT_WORDBREAK : DT_SINGLELINE));
+  SelectObject(context, before);
+  ReleaseDC(control, context);
+  const LONG border = isCheckBox ? 20 : isButton ? 8 : 0;
+  EXPECT_LE(need.right * 11 / 10 + border, room.right) << where;
+  EXPECT_LE(need.bottom, room.bottom) << where;
+  EXPECT_TRUE(text.empty() || need.right > 0) << where;
+}
+
+std::string Place(const Language& language, int dialog, int control) {
+  return std::string(language.name) + ", dialog " + std::to_string(dialog) + ", control " +
+         std::to_string(control);
+}
+
+TEST(DialogTemplates, NoTextIsClippedInAnyLanguage) {
+  CDialogStage stage;
+  for (const Language& language : kLanguages) {
+    stage.Speak(language);
+    for (const int id : kAllDialogs) {
+      const COpenDialog dialog(stage, id);
+      for (HWND control : dialog.Controls()) {
+        ExpectFits(control, TextOf(control), Place(language, id, GetDlgCtrlID(control)));
+      }
+    }
+    const COpenDialog message(stage, IDD_MESSAGE);
+    for (int id = IDS_DEVICE_NOT_CONNECTED; id <= IDS_CELL_BUSY; ++id) {
+      ExpectFits(GetDlgItem(message.Window(), IDC_MESSAGE_TEXT), stage.resources.Text(id),
+                 Place(language, IDD_MESSAGE, id));
+    }
+    const COpenDialog caller(stage, IDD_CALLER);
+    for (int id = IDS_LONG_DISTANCE; id <= IDS_UNKNOWN; ++id) {
+      ExpectFits(GetDlgItem(caller.Window(), IDC_CALLER_NAME), stage.resources.Text(id),
+                 Place(language, IDD_CALLER, id));
+    }
+  }
+}
+
+std::vector<std::string> Layout(const COpenDialog& dialog) {
+  std::vector<std::string> layout;
+  for (HWND control : dialog.Controls()) {
+    RECT place = {};
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, dialog.Window(), reinterpret_cast<POINT*>(&place), 2);
+    std::string line = std::to_string(GetDlgCtrlID(control));
+    for (const LONG edge : {place.left, place.top, place.right, place.bottom}) {
+      line += ' ' + std::to_string(edge);
+    }
+    layout.push_back(line);
+  }
+  return layout;
+}
+
+TEST(DialogTemplates, HaveTheSameLayoutInEveryLanguage) {
+  CDialogStage stage;
+  for (const int id : kAllDialogs) {
+    stage.Speak(kLanguages[0]);
+    const std::vector<std::string> english = Layout(COpenDialog(stage, id));
+    EXPECT_FALSE(english.empty());
+    for (const Language& language : kLanguages) {
+      stage.Speak(language);
+      EXPECT_EQ(Layout(COpenDialog(stage, id)), english) << language.name << ' ' << id;
+    }
+  }
+}
+
+// The letter that, with Alt, reaches or presses the control: the one after "&", of a button without
+// one the first. NUL for a control that has none.
+wchar_t AccessKey(HWND control) {
+  const std::wstring text = TextOf(control);
+  const size_t mark = text.find(L'&');
+  const bool isButton = (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) != 0;
+  if (mark == std::wstring::npos && !isButton) return L'\0';
+  wchar_t letter = text.at(mark == std::wstring::npos ? 0 : mark + 1);
+  CharUpperBuffW(&letter, 1);
+  return letter;
+}
+
+// The panel stands inside the options window, whose keys it shares.
+TEST(DialogTemplates, AccessKeysDiffer) {
+  CDialogStage stage;
+  for (const Language& language : kLanguages) {
+    stage.Speak(language);
+    std::map<int, std::set<wchar_t>> used;
+    for (const int id : kAllDialogs) {
+      const COpenDialog dialog(stage, id);
+      for (HWND control : dialog.Controls()) {
+        const wchar_t key = AccessKey(control);
+        if (key == L'\0') continue;
+        EXPECT_TRUE(used[id == IDD_OPTIONS_PANEL ? IDD_OPTIONS : id].insert(key).second)
+            << Place(language, id, GetDlgCtrlID(control));
+      }
+    }
+  }
+}
+
+// A screen reader names a field by the text before it, and its access key works through that text.
+TEST(DialogTemplates, EveryFieldFollowsItsLabel) {
+  CDialogStage stage;
+  for (const Language& language : kLanguages) {
+    stage.Speak(language);
+    for (const int id : kAllDialogs) {
+      const COpenDialog dialog(stage, id);
+      HWND before = nullptr;
+      for (HWND control : dialog.Controls()) {
+        const LRESULT code = SendMessageW(control, WM_GETDLGCODE, 0, 0);
+        if ((code & (DLGC_HASSETSEL | DLGC_WANTARROWS)) != 0) {
+          EXPECT_NE(AccessKey(before), L'\0') << Place(language, id, GetDlgCtrlID(control));
+        }
+        before = control;
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quor

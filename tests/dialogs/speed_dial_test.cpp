@@ -1,0 +1,145 @@
+#include <gtest/gtest.h>
+
+#include "dialogs/speed_dial_erase.h"
+#include "dialogs/speed_dial_regist.h"
+#include "resources/resource_ids.h"
+#include "tests/dialogs/dialog_stage.h"
+
+namespace quor {
+namespace {
+
+struct CStore final : ISpeedDialStore {
+  void SetEntry(size_t index, const SpeedDialEntry& entry) override {
+    if (refuses) throw 1;
+    saved.push_back({index, entry});
+  }
+  void EraseEntry(size_t index) override { erased.push_back(index); }
+
+  std::vector<std::pair<size_t, SpeedDialEntry>> saved;
+  std::vector<size_t> erased;
+  bool refuses = false;
+};
+
+struct CMessages final : IMessagePopup {
+  void ShowMessage(int stringId) override { shown.push_back(stringId); }
+  std::vector<int> shown;
+};
+
+class SpeedDial : public testing::Test {
+ protected:
+  void Open(size_t index, const SpeedDialEntry& entry, const SpeedDialEntry& offered = {}) {
+    m_regist.Open(m_stage.outlook, index, entry, offered);
+    RunLoop();
+  }
+  void Write(int field, const std::wstring& text) {
+    SetWindowTextW(GetDlgItem(VisibleDialog(), field), text.c_str());
+  }
+  void Save(const std::wstring& name, const std::wstring& number) {
+    Write(IDC_SPEED_DIAL_NAME, name);
+    Write(IDC_SPEED_DIAL_NUMBER, number);
+    PressKey(VK_RETURN);
+  }
+
+  CDialogStage m_stage;
+  CStore m_store;
+  CMessages m_messages;
+  CSpeedDialRegist m_regist{m_stage.resources, m_store, m_messages, m_stage.log};
+  CSpeedDialErase m_erase{m_stage.resources, m_store, m_stage.log};
+};
+
+TEST_F(SpeedDial, RefusesWhatTheDiallerWouldRefuse) {
+  const std::pair<std::wstring, int> refused[] = {{L"", IDS_INVALID_NUMBER},
+                                                  {std::wstring(25, L'1'), IDS_INVALID_NUMBER},
+                                                  {L"123-4567", IDS_INVALID_CHARACTERS},
+                                                  {L"555 1234", IDS_INVALID_CHARACTERS},
+                                                  {L"55\x0416", IDS_INVALID_CHARACTERS}};
+  Open(0, {});
+  for (const auto& [number, message] : refused) {
+    m_messages.shown.clear();
+    Save(L"Smith", number);
+    EXPECT_EQ(m_messages.shown, std::vector<int>{message});
+    EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDC_SPEED_DIAL_NUMBER);
+    EXPECT_TRUE(m_regist.IsVisible());
+  }
+  EXPECT_TRUE(m_store.saved.empty());
+}
+
+TEST_F(SpeedDial, KeepsEntriesAsTheyWereWritten) {
+  const SpeedDialEntry written[] = {{L"Smith", std::wstring(24, L'9')},
+                                    {L"Pause", L"12p34f"},
+                                    {std::wstring(500, L'x'), L"*#FP"},
+                                    {L"<a href=\"&amp;\">&File\t'%s'", L"1"},
+                                    {L"\x0416\x0430\x043D\x043D\x0430", L"2"}};
+  for (const SpeedDialEntry& entry : written) {
+    Open(7, {});
+    Save(entry.name, entry.number);
+    ASSERT_FALSE(m_store.saved.empty());
+    EXPECT_EQ(m_store.saved.back().first, 7u);
+    EXPECT_EQ(m_store.saved.back().second, entry);
+    EXPECT_FALSE(m_regist.IsVisible());
+  }
+  EXPECT_TRUE(m_messages.shown.empty());
+}
+
+TEST_F(SpeedDial, ANumberStandsForAMissingName) {
+  Open(0, {});
+  Save(L"  ", L"5551234");
+  EXPECT_EQ(m_store.saved.at(0).second, (SpeedDialEntry{L"5551234", L"5551234"}));
+}
+
+TEST_F(SpeedDial, OffersTheCallerForAnEmptyEntryOnly) {
+  Open(1, {}, {L"Müller & Söhne", L"+49 (30) 555-12 x"});
+  PressKey(VK_RETURN);
+  Open(2, {L"\x0416", L"55-1"}, {L"New", L"2"});
+  EXPECT_EQ(TextOf(VisibleDialog(), IDC_SPEED_DIAL_NAME), L"\x0416");
+  EXPECT_EQ(TextOf(VisibleDialog(), IDC_SPEED_DIAL_NUMBER), L"55-1");
+  EXPECT_EQ(m_store.saved.at(0).second, (SpeedDialEntry{L"Müller & Söhne", L"493055512"}));
+}
+
+TEST_F(SpeedDial, OpenedForAnotherEntryIsFilledAnew) {
+  Open(1, {L"One", L"1"});
+  Open(2, {L"Two", L"2"});
+  EXPECT_EQ(DialogsNamed(L"Speed dial").size(), 1u);
+  PressKey(VK_RETURN);
+  ASSERT_EQ(m_store.saved.size(), 1u);
+  EXPECT_EQ(m_store.saved[0].first, 2u);
+  EXPECT_EQ(m_store.saved[0].second.name, L"Two");
+}
+
+TEST_F(SpeedDial, IsUsedWithTheKeyboardAlone) {
+  Open(0, {L"One", L"1"});
+  EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDC_SPEED_DIAL_NAME);
+  PressAlt(L'u');
+  EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDC_SPEED_DIAL_NUMBER);
+  PressAlt(L's');
+  EXPECT_EQ(m_store.saved.size(), 1u);
+  Open(0, {L"One", L"1"});
+  PressKey(VK_ESCAPE);
+  EXPECT_FALSE(m_regist.IsVisible());
+  EXPECT_EQ(m_store.saved.size(), 1u);
+
+  m_erase.Open(m_stage.outlook, 3, {L"A & B", L"123"});
+  RunLoop();
+  EXPECT_EQ(TextOf(VisibleDialog(), IDC_ERASE_ENTRY), L"A & B  123");
+  PressKey(VK_ESCAPE);
+  EXPECT_TRUE(m_store.erased.empty());
+  m_erase.Open(m_stage.outlook, 3, {L"C", L"3"});
+  m_erase.Open(m_stage.outlook, 4, {L"D", L"4"});
+  RunLoop();
+  PressKey(VK_RETURN);
+  EXPECT_EQ(m_store.erased, std::vector<size_t>{4});
+  EXPECT_FALSE(m_erase.IsVisible());
+}
+
+TEST_F(SpeedDial, SurvivesARefusingStoreAndTheEndOfItsOwner) {
+  m_store.refuses = true;
+  Open(0, {L"One", L"1"});
+  PressKey(VK_RETURN);
+  EXPECT_NE(m_stage.lines.text.find("** Error : dialog message"), std::string::npos);
+  Open(0, {L"One", L"1"});
+  m_stage.CloseOutlook();
+  EXPECT_FALSE(m_regist.IsWindow());
+}
+
+}  // namespace
+}  // namespace quor

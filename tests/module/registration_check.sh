@@ -1,0 +1,109 @@
+#!/usr/bin/env bash
+# Registers a COM server DLL with regsvr32, for everybody and for the user alone, and compares what
+# then stands in the registry with what should; unregisters it and looks for remains. Needs a Wine
+# prefix in the environment (scripts/lib/wine.sh).
+#
+#   registration_check.sh <a DLL made by quor_com_server>
+set -euo pipefail
+
+dll=$1
+case $(file -b "$dll") in
+  *x86-64*) view=/reg:64 system='C:\windows\system32' ;;
+  *80386*) view=/reg:32 system='C:\windows\syswow64' ;;
+  *) echo "$dll: not a DLL of ours" >&2; exit 2 ;;
+esac
+# A path that a careless script would stumble over.
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+copy="$folder/René's 100% {add-in} %MODULE%.dll"
+cp "$dll" "$copy"
+path=$(wine winepath -w "$copy" 2>/dev/null | tr -d '\r')
+
+failed=0
+
+regsvr32() { wine "$system\\regsvr32.exe" /s "$@" "$path" </dev/null >/dev/null 2>&1; }
+
+value() {  # key, name ("" for the default): the type and data, or nothing
+  local which=(/ve)
+  [[ -n $2 ]] && which=(/v "$2")
+  wine reg query "$1" "${which[@]}" "$view" </dev/null 2>/dev/null | iconv -f cp437 | tr -d '\r' |
+    sed -n 's/^    .*    REG_/REG_/p'
+}
+
+exists() { wine reg query "$1" "$view" </dev/null >/dev/null 2>&1; }
+
+expect() {  # key, name, type and data
+  local found
+  found=$(value "$1" "$2")
+  [[ $found == "$3" ]] && return
+  echo "$1 [$2]: expected '$3', found '$found'" >&2
+  failed=1
+}
+
+gone() {
+  exists "$1" || return 0
+  echo "$1: still there" >&2
+  failed=1
+}
+
+addin='{DA593EC2-67C4-4602-B30E-3FEC47C1C55A}'
+page='{619B3283-8326-4895-A4F2-E3881DC00D2D}'
+
+expect_registered() {  # the root of the classes, the root of the add-in key
+  local text='REG_SZ    '
+  expect "$1\\QuorTelephoneToolbar.Addin" "" "${text}Addin Class"
+  expect "$1\\QuorTelephoneToolbar.Addin\\CLSID" "" "$text$addin"
+  expect "$1\\QuorTelephoneToolbar.Addin\\CurVer" "" "${text}QuorTelephoneToolbar.Addin.1"
+  expect "$1\\QuorTelephoneToolbar.Addin.1\\CLSID" "" "$text$addin"
+  expect "$1\\CLSID\\$addin" "" "${text}Addin Class"
+  expect "$1\\CLSID\\$addin\\InprocServer32" "" "$text$path"
+  expect "$1\\CLSID\\$addin\\InprocServer32" ThreadingModel "${text}Apartment"
+  exists "$1\\CLSID\\$addin\\Programmable" || { echo "Programmable is missing" >&2; failed=1; }
+  expect "$1\\QuorTelephoneToolbar.PropPage\\CLSID" "" "$text${page#\{}"
+  expect "$1\\CLSID\\$page\\ToolboxBitmap32" "" "$text$path, 102"
+  expect "$1\\CLSID\\$page\\MiscStatus\\1" "" "${text}131473"
+  expect "$2\\Software\\Microsoft\\Office\\Outlook\\Addins\\QuorTelephoneToolbar.Addin" \
+    FriendlyName "${text}Telephone Plug-in"
+  expect "$2\\Software\\Microsoft\\Office\\Outlook\\Addins\\QuorTelephoneToolbar.Addin" \
+    LoadBehavior 'REG_DWORD    0x3'
+}
+
+expect_gone() {
+  local name
+  for name in Addin Addin.1 PropPage PropPage.1; do gone "$1\\QuorTelephoneToolbar.$name"; done
+  gone "$1\\CLSID\\$addin"
+  gone "$1\\CLSID\\$page"
+  gone "$2\\Software\\Microsoft\\Office\\Outlook\\Addins\\QuorTelephoneToolbar.Addin"
+  exists "$1\\CLSID" || { echo "$1\\CLSID is gone" >&2; failed=1; }
+  exists "$2\\Software\\Microsoft\\Office\\Outlook\\Addins" || { echo "Addins is gone" >&2; failed=1; }
+}
+
+everybody=(HKCR HKLM)
+user=('HKCU\Software\Classes' HKCU)
+
+regsvr32 || { echo "registration failed" >&2; failed=1; }
+expect_registered "${everybody[@]}"
+gone 'HKCU\Software\Microsoft\Office\Outlook\Addins\QuorTelephoneToolbar.Addin'
+regsvr32 /u || { echo "unregistration failed" >&2; failed=1; }
+expect_gone "${everybody[@]}"
+
+regsvr32 /n /i:user || { echo "registration for the user failed" >&2; failed=1; }
+expect_registered "${user[@]}"
+gone 'HKLM\Software\Microsoft\Office\Outlook\Addins\QuorTelephoneToolbar.Addin'
+regsvr32 /u /n /i:user || { echo "unregistration for the user failed" >&2; failed=1; }
+expect_gone "${user[@]}"
+
+# The entry points undecorated, only system libraries, and the protections of a modern DLL.
+headers=$(objdump -p "$dll")
+exports=$(sed -n 's/^\t\[ *[0-9]*\] \(Dll.*\)/\1/p' <<<"$headers" | xargs)
+[[ $exports == "DllCanUnloadNow DllGetClassObject DllInstall DllRegisterServer DllUnregisterServer" ]] ||
+  { echo "exports: $exports" >&2; failed=1; }
+system_libraries='advapi32|comctl32|dbghelp|gdi32|gdiplus|kernel32|msvcrt|ole32|oleaut32|shell32|shlwapi|user32|version|winmm'
+strangers=$(sed -n 's/.*DLL Name: //p' <<<"$headers" | grep -vixE "($system_libraries)\.dll" || true)
+[[ -z $strangers ]] || { echo "imports of no system library: $strangers" >&2; failed=1; }
+for flag in DYNAMIC_BASE NX_COMPAT; do
+  grep -q "$flag" <<<"$headers" || { echo "$flag is not set" >&2; failed=1; }
+done
+
+((failed == 0)) && echo "registration of $(basename "$dll") ($view): good"
+exit $failed

@@ -1,0 +1,218 @@
+#include "module/registration.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include "text/ansi.h"
+
+namespace quor {
+namespace {
+
+// A registry in memory that fails at a chosen call.
+class CMemoryRegistry final : public IRegistry {
+ public:
+  using Values = std::map<std::wstring, std::variant<std::wstring, uint32_t>>;
+
+  void FailAt(int call) { m_callsUntilFailure = call; }
+
+  // Every key, in order, with its values.
+  std::string Dump() const {
+    std::ostringstream dump;
+    for (const auto& [path, values] : m_keys) {
+      dump << AnsiFromWide(path) << "\n";
+      for (const auto& [name, data] : values) {
+        dump << "  " << (name.empty() ? "@" : AnsiFromWide(name)) << " = ";
+        if (const auto* text = std::get_if<std::wstring>(&data)) {
+          dump << AnsiFromWide(*text) << "\n";
+        } else {
+          dump << "dword " << std::get<uint32_t>(data) << "\n";
+        }
+      }
+    }
+    return dump.str();
+  }
+
+  void Add(const std::wstring& path) { m_keys[path]; }
+
+  uint32_t CreateKey(const RegistryKey& key) override {
+    if (Fails()) return kDenied;
+    const std::wstring path = Path(key);
+    for (size_t at = path.find(L'\\'); at != std::wstring::npos; at = path.find(L'\\', at + 1)) {
+      m_keys[path.substr(0, at)];
+    }
+    m_keys[path];
+    return 0;
+  }
+  uint32_t SetValue(const RegistryKey& key, const RegistryValue& value) override {
+    if (Fails()) return kDenied;
+    m_keys.at(Path(key))[value.name] = value.data;
+    return 0;
+  }
+  uint32_t RemoveValue(const RegistryKey& key, const RegistryValue& value) override {
+    if (Fails()) return kDenied;
+    const auto found = m_keys.find(Path(key));
+    if (found != m_keys.end()) found->second.erase(value.name);
+    return 0;
+  }
+  uint32_t RemoveKeyWhenEmpty(const RegistryKey& key) override {
+    if (Fails()) return kDenied;
+    const auto found = m_keys.find(Path(key));
+    if (found == m_keys.end() || !found->second.empty()) return 0;
+    const auto below = m_keys.lower_bound(Path(key) + L"\\");
+    if (below == m_keys.end() || !below->first.starts_with(Path(key) + L"\\")) m_keys.erase(found);
+    return 0;
+  }
+  uint32_t RemoveKeyWithContents(const RegistryKey& key) override {
+    if (Fails()) return kDenied;
+    std::erase_if(m_keys, [path = Path(key)](const auto& entry) {
+      return entry.first == path || entry.first.starts_with(path + L"\\");
+    });
+    return 0;
+  }
+
+  static constexpr uint32_t kDenied = 5;
+
+ private:
+  static std::wstring Path(const RegistryKey& key) {
+    return (key.root == RegistryRoot::Classes ? L"HKCR\\" : L"HKLM\\") + key.path;
+  }
+  bool Fails() { return m_callsUntilFailure-- == 0; }
+
+  std::map<std::wstring, Values> m_keys;
+  int m_callsUntilFailure = -1;
+};
+
+RegistrationScript ReadShipped(const char* name) {
+  std::ifstream file(std::string(QUOR_REGISTRATION_SCRIPTS) + name);
+  std::stringstream text;
+  text << file.rdbuf();
+  return ParseRegistrationScript(text.str(), L"C:\\q.dll").value();
+}
+
+class CRegistrationTest : public testing::Test {
+ protected:
+  const RegistrationScript m_scripts[2] = {ReadShipped("addin.rgs"),
+                                           ReadShipped("property_page.rgs")};
+  CMemoryRegistry m_registry;
+};
+
+TEST_F(CRegistrationTest, WritesWhatOutlookLooksFor) {
+  EXPECT_EQ(ApplyScripts(m_scripts, m_registry), 0u);
+  EXPECT_EQ(m_registry.Dump(), R"(HKCR
+HKCR\CLSID
+HKCR\CLSID\{619B3283-8326-4895-A4F2-E3881DC00D2D}
+  @ = PropPage Class
+HKCR\CLSID\{619B3283-8326-4895-A4F2-E3881DC00D2D}\Control
+HKCR\CLSID\{619B3283-8326-4895-A4F2-E3881DC00D2D}\InprocServer32
+  @ = C:\q.dll
+  ThreadingModel = Apartment
+HKCR\CLSID\{619B3283-8326-4895-A4F2-E3881DC00D2D}\Insertable
+HKCR\CLSID\{619B3283-8326-4895-A4F2-E3881DC00D2D}\MiscStatus
+  @ = 0
+HKCR\CLSID\{619B3283-8326-4895-A4F2-E3881DC00D2D}\MiscStatus\1
+  @ = 131473
+HKCR\CLSID\{619B3283-8326-4895-A4F2-E3881DC00D2D}\ProgID
+  @ = QuorTelephoneToolbar.PropPage.1
+HKCR\CLSID\{619B3283-8326-4895-A4F2-E3881DC00D2D}\Programmable
+HKCR\CLSID\{619B3283-8326-4895-A4F2-E3881DC00D2D}\ToolboxBitmap32
+  @ = C:\q.dll, 102
+HKCR\CLSID\{619B3283-8326-4895-A4F2-E3881DC00D2D}\TypeLib
+  @ = {FFD90401-3D40-42C8-BB82-613B490AE13D}
+HKCR\CLSID\{619B3283-8326-4895-A4F2-E3881DC00D2D}\Version
+  @ = 1.0
+HKCR\CLSID\{619B3283-8326-4895-A4F2-E3881DC00D2D}\VersionIndependentProgID
+  @ = QuorTelephoneToolbar.PropPage
+HKCR\CLSID\{DA593EC2-67C4-4602-B30E-3FEC47C1C55A}
+  @ = Addin Class
+HKCR\CLSID\{DA593EC2-67C4-4602-B30E-3FEC47C1C55A}\InprocServer32
+  @ = C:\q.dll
+  ThreadingModel = Apartment
+HKCR\CLSID\{DA593EC2-67C4-4602-B30E-3FEC47C1C55A}\ProgID
+  @ = QuorTelephoneToolbar.Addin.1
+HKCR\CLSID\{DA593EC2-67C4-4602-B30E-3FEC47C1C55A}\Programmable
+HKCR\CLSID\{DA593EC2-67C4-4602-B30E-3FEC47C1C55A}\TypeLib
+  @ = {FFD90401-3D40-42C8-BB82-613B490AE13D}
+HKCR\CLSID\{DA593EC2-67C4-4602-B30E-3FEC47C1C55A}\VersionIndependentProgID
+  @ = QuorTelephoneToolbar.Addin
+HKCR\QuorTelephoneToolbar.Addin
+  @ = Addin Class
+HKCR\QuorTelephoneToolbar.Addin.1
+  @ = Addin Class
+HKCR\QuorTelephoneToolbar.Addin.1\CLSID
+  @ = {DA593EC2-67C4-4602-B30E-3FEC47C1C55A}
+HKCR\QuorTelephoneToolbar.Addin\CLSID
+  @ = {DA593EC2-67C4-4602-B30E-3FEC47C1C55A}
+HKCR\QuorTelephoneToolbar.Addin\CurVer
+  @ = QuorTelephoneToolbar.Addin.1
+HKCR\QuorTelephoneToolbar.PropPage
+  @ = PropPage Class
+HKCR\QuorTelephoneToolbar.PropPage.1
+  @ = PropPage Class
+HKCR\QuorTelephoneToolbar.PropPage.1\CLSID
+  @ = 619B3283-8326-4895-A4F2-E3881DC00D2D}
+HKCR\QuorTelephoneToolbar.PropPage\CLSID
+  @ = 619B3283-8326-4895-A4F2-E3881DC00D2D}
+HKCR\QuorTelephoneToolbar.PropPage\CurVer
+  @ = QuorTelephoneToolbar.PropPage.1
+HKLM
+HKLM\Software
+HKLM\Software\Microsoft
+HKLM\Software\Microsoft\Office
+HKLM\Software\Microsoft\Office\Outlook
+HKLM\Software\Microsoft\Office\Outlook\Addins
+HKLM\Software\Microsoft\Office\Outlook\Addins\QuorTelephoneToolbar.Addin
+  CommandLineSafe = dword 0
+  Description = Telephone Addin
+  FriendlyName = Telephone Plug-in
+  LoadBehavior = dword 3
+)");
+}
+
+constexpr char kSharedKeys[] = R"(HKCR
+HKCR\CLSID
+HKLM
+HKLM\Software
+HKLM\Software\Microsoft
+HKLM\Software\Microsoft\Office
+HKLM\Software\Microsoft\Office\Outlook
+HKLM\Software\Microsoft\Office\Outlook\Addins
+)";
+
+TEST_F(CRegistrationTest, TakesAwayWhatItWroteAndNothingShared) {
+  ApplyScripts(m_scripts, m_registry);
+  // Left in our class by an older version, and put by others where they should not.
+  m_registry.Add(L"HKCR\\CLSID\\{DA593EC2-67C4-4602-B30E-3FEC47C1C55A}\\Old\\Deep");
+  m_registry.Add(L"HKCR\\QuorTelephoneToolbar.Addin\\Foreign");
+  EXPECT_EQ(RevokeScripts(m_scripts, m_registry), 0u);
+  std::string expected = kSharedKeys;
+  expected.insert(expected.find("HKLM"),
+                  "HKCR\\QuorTelephoneToolbar.Addin\nHKCR\\QuorTelephoneToolbar.Addin\\Foreign\n");
+  EXPECT_EQ(m_registry.Dump(), expected);
+}
+
+TEST_F(CRegistrationTest, AFailureAnywhereLeavesNothing) {
+  int failures = 0;
+  for (int call = 0;; ++call) {
+    CMemoryRegistry registry;
+    registry.FailAt(call);
+    const uint32_t error = ApplyScripts(m_scripts, registry);
+    if (error == 0) break;
+    ++failures;
+    EXPECT_EQ(error, CMemoryRegistry::kDenied);
+    EXPECT_TRUE(std::string(kSharedKeys).starts_with(registry.Dump())) << registry.Dump();
+  }
+  EXPECT_GT(failures, 50);
+}
+
+TEST_F(CRegistrationTest, UnregistrationGoesOnPastAFailure) {
+  ApplyScripts(m_scripts, m_registry);
+  m_registry.FailAt(0);
+  EXPECT_EQ(RevokeScripts(m_scripts, m_registry), CMemoryRegistry::kDenied);
+  EXPECT_EQ(m_registry.Dump().find("PropPage"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace quor

@@ -1,0 +1,254 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "telephone/string_ids.h"
+#include "telephone/withheld_caller.h"
+#include "telephone_desk.h"
+
+namespace quor {
+namespace {
+
+using testing::AllOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsSupersetOf;
+using testing::Not;
+
+TEST(IncomingCall, OfAContactOpensItsForm) {
+  CTelephoneDesk desk;
+  desk.searched["0301234567"] = {L"Doe, John", L"+49 (30) 1234567"};
+  desk.Ring(1);
+  desk.Journal();
+  desk.CallerId(1, "0301234567", "DOE J");
+  EXPECT_THAT(desk.Journal(),
+              ElementsAre("log: CAddin::OnEventGet", "log: OnEventGet::classReceiveCIDIndication",
+                          "log: CAddin::SetUSBRecvCIDInfo", "log: CAddin::PostSetBarState",
+                          "post 0 1", "find checked 0301234567", "search checked 0301234567",
+                          "save", "log: CAddin::PutCallerList", "caller list",
+                          "log: CAddin::DisplayContactItem", "form 0301234567"));
+  EXPECT_THAT(
+      desk.configuration.callerLists,
+      ElementsAre(CallEntry{L"Doe, John +49 (30) 1234567", L"Doe, John", L"+49 (30) 1234567"}));
+  EXPECT_EQ(desk.phone.IncomingCalls().LastCallerNumber(), "0301234567");
+}
+
+TEST(IncomingCall, OfAStrangerOpensANewForm) {
+  CTelephoneDesk desk;
+  desk.CallerId(2, "5551234", "ACME");
+  EXPECT_THAT(desk.Journal(),
+              IsSupersetOf({"log: FindPhoneNumber not found", "log: CAddin::DisplayNewContactItem",
+                            "new form '5551234'"}));
+  EXPECT_THAT(desk.configuration.callerLists,
+              ElementsAre(CallEntry{L"ACME 5551234", L"ACME", L"5551234"}));
+}
+
+TEST(IncomingCall, UnreadableContactKeepsWhatTheBaseSent) {
+  CTelephoneDesk desk;
+  desk.found["5551234"] = {L"Doe", L"555-1234", false};
+  desk.CallerId(1, "5551234", "DOE J");
+  EXPECT_THAT(desk.Deeds(), Contains("form 5551234"));
+  EXPECT_EQ(desk.configuration.callerLists.front().name, L"DOE J 5551234");
+  desk.found["5551234"] = {L"Doe", L""};
+  desk.CallerId(1, "5551234", "DOE J");
+  EXPECT_EQ(desk.configuration.callerLists.front().name, L"Doe 5551234");
+}
+
+TEST(IncomingCall, WithoutANumberIsNobodysAndNotListed) {
+  CTelephoneDesk desk;
+  desk.found[""] = {L"Private, P", L"privat"};
+  desk.CallerId(1, "");
+  EXPECT_THAT(desk.Journal(),
+              AllOf(Contains("log: FindPhoneNumber not found"), Contains("new form ''"),
+                    Not(Contains("find checked ")), Not(Contains("save"))));
+  EXPECT_TRUE(desk.configuration.callerLists.empty());
+}
+
+TEST(IncomingCall, FormsThatFailAreLoggedAfterTheCallIsRecorded) {
+  const struct {
+    FormResult result;
+    const char* line;
+  } kRows[] = {{FormResult::NoContact, "log: CAddin::spContactItem is NULL"},
+               {FormResult::NotDisplayed, "log: CAddin::Inspector can not display"}};
+  for (const auto& row : kRows) {
+    CTelephoneDesk desk;
+    desk.found["1"] = {L"Doe", L"1", true, row.result};
+    desk.newForm = row.result;
+    desk.CallerId(1, "1");
+    EXPECT_EQ(desk.Journal().back(), row.line);
+    desk.CallerId(1, "2");
+    EXPECT_EQ(desk.Journal().back(), row.line);
+    EXPECT_EQ(desk.configuration.callerLists.size(), 2u);
+  }
+}
+
+// Which of the six modes counts: by the line, or for a cell by the unit number of the report.
+TEST(CallerDisplay, EverySlotHasItsOwnMode) {
+  const struct {
+    uint8_t lineType, unitNo;
+    int slot;
+  } kRows[] = {{1, 255, 0}, {2, 3, 1},  {17, 0, 2},  {17, 1, 3},
+               {20, 2, 4},  {18, 3, 5}, {17, 4, -1}, {19, 255, -1}};
+  for (const auto& row : kRows) {
+    for (int chosen = 0; chosen < 6; ++chosen) {
+      CTelephoneDesk desk;
+      desk.SetStates(2, 2, 2);
+      desk.configuration.popUpModes.fill(kPopUpOff);
+      desk.configuration.popUpModes[static_cast<size_t>(chosen)] = kPopUpSimpleWindow;
+      desk.CallerId(row.lineType, "5551234", "ACME", row.unitNo);
+      const std::vector<std::string> journal = desk.Journal();
+      const std::string fill = "fill 'ACME' '5551234' " + std::to_string(chosen);
+      EXPECT_EQ(journal.back() == "show", row.slot == chosen);
+      EXPECT_EQ(journal.end()[-2] == fill, row.slot == chosen);
+      EXPECT_EQ(journal.back() == "log: CAddin::DisplayContactItem ReciveLineType Error.",
+                row.slot == -1);
+      EXPECT_EQ(desk.configuration.callerLists.size(), 1u);
+    }
+  }
+}
+
+TEST(CallerDisplay, ByMode) {
+  const struct {
+    int mode;
+    const char* deed;
+  } kRows[] = {{0, "caller list"},
+               {1, "new form '7'"},
+               {2, "show"},
+               {3, "new form '7'"},
+               {-1, "new form '7'"}};
+  for (const auto& row : kRows) {
+    CTelephoneDesk desk;
+    desk.SetStates(2, 2, 2);
+    desk.configuration.popUpModes.fill(row.mode);
+    desk.CallerId(1, "7");
+    EXPECT_EQ(desk.Deeds().back(), row.deed) << row.mode;
+  }
+}
+
+TEST(CallerWindow, ShownOnlyWhileBothOtherChannelsAreIdleOrBusy) {
+  for (const uint8_t lineType : Bytes{1, 2, 17}) {
+    for (int states = 0; states < 343; ++states) {
+      const auto s1 = static_cast<uint8_t>(states / 49);
+      const auto s2 = static_cast<uint8_t>(states / 7 % 7);
+      const auto sc = static_cast<uint8_t>(states % 7);
+      const auto quiet = [](uint8_t state) { return state == 1 || state == 2; };
+      CTelephoneDesk desk;
+      desk.configuration.popUpModes.fill(kPopUpSimpleWindow);
+      desk.SetStates(s1, s2, sc);
+      desk.CallerId(lineType, "7");
+      const bool expected = (lineType == 1 || quiet(s1)) && (lineType == 2 || quiet(s2)) &&
+                            (lineType == 17 || quiet(sc));
+      ASSERT_EQ(desk.Deeds().back() == "show", expected) << states << " on " << +lineType;
+    }
+  }
+}
+
+TEST(CallerWindow, LosesALongDistancePrefix) {
+  const struct {
+    const char* number;
+    const char* shown;
+  } kRows[] = {{"15551234567", "'5551234567'"},
+               {"25551234567", "'25551234567'"},
+               {"1555123456", "'1555123456'"},
+               {"155512345678", "'155512345678'"}};
+  for (const auto& row : kRows) {
+    CTelephoneDesk desk;
+    desk.SetStates(2, 2, 2);
+    desk.configuration.popUpModes.fill(kPopUpSimpleWindow);
+    desk.CallerId(1, row.number, "N");
+    EXPECT_THAT(desk.Deeds(), Contains("fill 'N' " + std::string(row.shown) + " 0"));
+    EXPECT_EQ(desk.phone.IncomingCalls().LastCallerNumber(), row.number);
+  }
+}
+
+TEST(CallerWindow, SaysWhyAValueIsMissing) {
+  CTelephoneDesk desk;
+  desk.SetStates(2, 2, 2);
+  desk.configuration.popUpModes.fill(kPopUpSimpleWindow);
+  CallerIdRecord& record = desk.records.callerId[0];
+  record.noNum = 1;
+  record.noName = 2;
+  desk.CallerId(1, "");
+  EXPECT_THAT(desk.Deeds(), Contains("fill 1402 1401 0"));
+  desk.CallerId(1, "7", "N");
+  EXPECT_THAT(desk.Deeds(), Contains("fill 'N' '7' 0")) << "codes of values that are there";
+  record.noNum = record.noName = 0;
+  record.longDistance = 1;
+  desk.CallerId(1, "");
+  EXPECT_THAT(desk.Deeds(), Contains("fill 1400 1400 0"));
+
+  std::set<int> texts;
+  for (uint8_t code = 0; code < 16; ++code) {
+    for (const bool far : {false, true}) {
+      texts.insert(WithheldNumberText(code, far));
+      texts.insert(WithheldNameText(code, far));
+    }
+    EXPECT_NE(WithheldNumberText(code, false), kTextUnavailableName);
+    EXPECT_NE(WithheldNameText(code, false), kTextUnavailableNumber);
+  }
+  EXPECT_THAT(texts, ElementsAre(1400, 1401, 1402, 1403, 1404, 1405, 1406, 1407, 1408, 1409));
+}
+
+TEST(CallerWindow, NotShownForACallThatEndedDuringTheLookUp) {
+  CTelephoneDesk desk;
+  desk.configuration.popUpModes.fill(kPopUpSimpleWindow);
+  desk.Ring(1);
+  desk.whileLookingUp = [&desk] { desk.Status(1, 1, 1); };
+  desk.CallerId(1, "7");
+  EXPECT_THAT(desk.Deeds(), AllOf(Contains("hide"), Not(Contains("show"))));
+  EXPECT_EQ(desk.configuration.callerLists.size(), 1u);
+}
+
+TEST(CallerList, TenNewestFirstAndEveryCallCounts) {
+  CTelephoneDesk desk;
+  desk.configuration.callerLists.resize(12, {L"old", L"", L""});
+  for (int i = 0; i < 11; ++i)
+    desk.CallerId(1, std::to_string(100 + i / 2), "N");
+  EXPECT_EQ(desk.configuration.callerLists.size(), 10u);
+  EXPECT_EQ(desk.configuration.callerLists[0].name, L"N 105");
+  EXPECT_EQ(desk.configuration.callerLists[1].name, L"N 104");
+  EXPECT_EQ(desk.configuration.callerLists[2].name, L"N 104");
+  EXPECT_EQ(desk.configuration.callerLists[9].name, L"N 100");
+}
+
+TEST(CallerList, MenuShowsFiftyUnitsAndHidesTheRest) {
+  CTelephoneDesk desk;
+  const std::wstring label(49, L'x');
+  desk.configuration.callerLists = {
+      {label + L"yz", L"", L""},
+      {label + std::wstring{wchar_t{0xD83D}, wchar_t{0xDE00}}, L"", L""},
+      {label, L"", L""}};
+  desk.phone.CallerList().PutCallerList();
+  EXPECT_EQ(desk.menu[0].caption, label + L"y");
+  EXPECT_EQ(desk.menu[1].caption, label) << "no half character";
+  EXPECT_EQ(desk.menu[2].caption, label);
+  for (size_t i = 0; i < desk.menu.size(); ++i) {
+    EXPECT_EQ(desk.menu[i].visible, i < 3);
+    EXPECT_EQ(desk.menu[i].caption.empty(), i >= 3);
+  }
+  EXPECT_EQ(desk.configuration.callerLists[0].name.size(), 51u);
+}
+
+TEST(ClosePopup, HidesTheWindowOrLooksTheNumberUp) {
+  CTelephoneDesk desk;
+  desk.configuration.popUpModes = {2, 1, 1, 1, 1, 2};
+  desk.CallerId(2, "777", "ACME");
+  desk.Journal();
+  for (const uint8_t lineType : Bytes{1, 2, 20}) {
+    desk.records.lastCaller[static_cast<size_t>(SlotFromLineType(lineType))] = {lineType, "42"};
+    desk.phone.Events().OnEventGet(5103, lineType);
+    EXPECT_EQ(desk.state.caller.infoKind, 4);
+    EXPECT_EQ(desk.state.caller.popupLine, lineType);
+    EXPECT_EQ(desk.state.caller.numberLength, 2);
+    EXPECT_EQ(desk.state.caller.cidLine, 0);
+    EXPECT_STREQ(desk.state.caller.name, "");
+    const std::vector<std::string> journal = desk.Journal();
+    EXPECT_EQ(journal[2], "log: CAddin::SetUSBRecvCPOPUPInfo");
+    EXPECT_EQ(journal.back(), lineType == 2 ? "log: FindPhoneNumber not found" : "hide");
+    EXPECT_EQ(journal.end()[-2] == "find unchecked 42", lineType == 2);
+  }
+  EXPECT_EQ(desk.phone.IncomingCalls().OnClosePopup(), 0);
+  EXPECT_THAT(desk.Journal(), ElementsAre("log: CAddin::OnClosePopup", "hide"));
+}
+
+}  // namespace
+}  // namespace quor

@@ -1,0 +1,75 @@
+#ifndef QUOR_TESTS_TOOLBAR_BAR_STAGE_H
+#define QUOR_TESTS_TOOLBAR_BAR_STAGE_H
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "dialogs/resource_loader.h"
+#include "module/diagnostic_log.h"
+#include "settings/configuration.h"
+#include "telephone/telephone_state.h"
+#include "toolbar/command_bar_toolbar.h"
+#include "workbench/commandbars/command_bars.h"
+
+namespace quor {
+
+inline constexpr wchar_t kBarName[] = L"Telephone Plug-in";
+
+// What the toolbar told, as one line each.
+struct CNotedActions final : IToolbarActions {
+  void ClickLine(uint8_t lineType) override { Note("line " + std::to_string(lineType)); }
+  void ClickCell(int cell) override { Note("cell " + std::to_string(cell)); }
+  void ClickCaller(size_t entry) override { Note("caller " + std::to_string(entry)); }
+  void ClickSpeedDial(SpeedDialAction action, size_t entry) override {
+    Note("speed dial " + std::to_string(static_cast<int>(action)) + ' ' + std::to_string(entry));
+  }
+  void ClickOptions() override { Note("options"); }
+  void ChangeDialBox(std::wstring_view text, int listIndex) override;
+  void StoreDialText(std::wstring_view) override { Note("stored"); }
+
+  void Note(const std::string& line) { noted.push_back(line); }
+  std::vector<std::string> Take() { return std::exchange(noted, {}); }
+  std::vector<std::string> noted;
+};
+
+// A command-bar toolbar in the stand-in's command bars: what the add-in does, what the user sees
+// and does, and what is left behind.
+class CBarStage : protected IFaceSource {
+ public:
+  CBarStage();
+  virtual ~CBarStage() = default;
+
+  void Create(const ToolBarRecord& place = {});
+  // Everything that start-up fills in.
+  void Fill();
+
+  workbench::BarFace Bar() const;
+  workbench::ControlFace Face(std::vector<std::wstring> path) const;
+  void Click(std::vector<std::wstring> path) { bars->Click(path); }
+
+  TelephoneState state{};
+  Configuration configuration;
+  CResourceLoader resources;
+  struct CLines final : ILogWriter {
+    void WriteLine(std::string_view line) noexcept override { text += line; }
+    std::string text;
+  } lines;
+  CDiagnosticLog log{lines};
+  CNotedActions actions;
+  CPictureLoader pictures{resources};
+
+  workbench::CModel model;
+  workbench::CModelPtr<workbench::CCommandBars> bars;
+  CCommandBarToolbar toolbar{*this, actions, pictures, log};
+
+ private:
+  CControlFaces Faces() const override { return {state, configuration, resources}; }
+  std::wstring DialText() const override { return {}; }
+};
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,291 @@
+#include "toolbar/command_bar_toolbar.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/toolbar/bar_stage.h"
+#include "toolbar/bar_position.h"
+
+namespace quor {
+namespace {
+
+using testing::ElementsAre;
+using workbench::ControlFace;
+
+class CommandBarToolbar : public testing::Test, public CBarStage {};
+
+std::vector<std::wstring> Captions(const std::vector<ControlFace>& controls) {
+  std::vector<std::wstring> captions;
+  for (const ControlFace& control : controls) {
+    if (control.visible) captions.push_back(control.caption);
+  }
+  return captions;
+}
+
+TEST_F(CommandBarToolbar, HasItsSevenControlsInOrder) {
+  Create();
+  const workbench::BarFace bar = Bar();
+  EXPECT_TRUE(bar.visible);
+  EXPECT_THAT(Captions(bar.controls),
+              ElementsAre(L"Dial number", L"Call from line1", L"Call from line2", L"Call from cell",
+                          L"Caller list", L"Speed dial", L"Options"));
+  std::vector<std::wstring> tags;
+  std::vector<bool> drawn;
+  for (const ControlFace& control : bar.controls) {
+    tags.push_back(control.id);
+    drawn.push_back(control.hasPicture && control.hasMask && control.showsCaption);
+    EXPECT_TRUE(control.enabled) << control.caption.c_str();
+  }
+  EXPECT_THAT(tags, ElementsAre(L"Telephone Dial Tag", L"Telephone Line1 Tag",
+                                L"Telephone Line2 Tag", L"Call from Cell Tag", L"Caller List Tag",
+                                L"Speed dial Tag", L"Option Tag"));
+  EXPECT_THAT(drawn, ElementsAre(false, true, true, false, false, false, true));
+}
+
+TEST_F(CommandBarToolbar, FillsTheMenus) {
+  Create();
+  Fill();
+  EXPECT_THAT(Face({L"Dial number"}).entries, ElementsAre(L"Anna", L"456"));
+  EXPECT_EQ(Face({L"Dial number"}).text, L"456");
+  EXPECT_THAT(Captions(Face({L"Call from cell"}).items),
+              ElementsAre(L"Cell1", L"Cell2", L"Cell3", L"Cell4"));
+  EXPECT_TRUE(Face({L"Call from cell", L"Cell2"}).enabled);
+  EXPECT_FALSE(Face({L"Call from cell", L"Cell3"}).enabled);
+  EXPECT_EQ(Face({L"Caller list"}).items.size(), 10u);
+  EXPECT_THAT(Captions(Face({L"Caller list"}).items), ElementsAre(L"Tom && Co 555"));
+  EXPECT_EQ(Face({L"Speed dial"}).items.size(), 10u);
+  EXPECT_THAT(Captions(Face({L"Speed dial", L"Anna"}).items),
+              ElementsAre(L"Call", L"Edit", L"Erase"));
+  EXPECT_THAT(Captions(Face({L"Speed dial", L"(No entry)"}).items), ElementsAre(L"Add"));
+}
+
+TEST_F(CommandBarToolbar, ASecondFillMakesNoNewItemsAndHardlyAnyCalls) {
+  Create();
+  Fill();
+  model.ResetFigures();
+  toolbar.ShowCells();
+  toolbar.ShowSpeedDial();
+  EXPECT_EQ(model.TotalCalls(), 0u);
+  state.record.cellSub = 0b0111;
+  toolbar.ShowCells();
+  EXPECT_EQ(model.TotalCalls(), 1u);
+  EXPECT_TRUE(Face({L"Call from cell", L"Cell3"}).enabled);
+}
+
+TEST_F(CommandBarToolbar, TellsWhatTheUserDoes) {
+  Create();
+  Fill();
+  Click({L"Telephone Line1 Tag"});
+  Click({L"Telephone Line2 Tag"});
+  Click({L"Option Tag"});
+  Click({L"Call from Cell Tag", L"Cell2"});
+  Click({L"Caller List Tag", L"Tom & Co 555"});
+  Click({L"Speed dial Tag", L"Anna", L"Erase"});
+  Click({L"Speed dial Tag 10", L"Add"});
+  EXPECT_THAT(actions.Take(), ElementsAre("line 1", "line 2", "options", "cell 1", "caller 0",
+                                          "speed dial 3 0", "speed dial 1 9"));
+  bars->EnterText(std::vector<std::wstring>{L"Telephone Dial Tag"}, L"789");
+  bars->PickEntry(std::vector<std::wstring>{L"Telephone Dial Tag"}, L"456");
+  EXPECT_THAT(actions.Take(), ElementsAre("dial 789 0", "dial 456 2"));
+  // Should Office report our own setting as a change, it is none.
+  const std::vector<std::wstring> box = {L"Telephone Dial Tag"};
+  model.AddHook({"CommandBarComboBox.Text=", 1, [&] { bars->EnterText(box, L"1"); }});
+  toolbar.SetDialText(L"1");
+  EXPECT_TRUE(actions.Take().empty());
+}
+
+TEST_F(CommandBarToolbar, DrawsARingingLineWithItsAnswerButton) {
+  Create();
+  state.record = {0, 2, 2, 2, 0, 0, 0};
+  state.caller.cidLine = 2;
+  toolbar.Redraw();
+  EXPECT_EQ(Face({L"Telephone Line2 Tag"}).caption, L"Answer to line2");
+  EXPECT_TRUE(Face({L"Telephone Line2 Tag"}).enabled);
+  EXPECT_FALSE(Face({L"Telephone Line1 Tag"}).enabled);
+  // Announced, but no longer ringing: a plain redraw.
+  state.record.line1State = 1;
+  toolbar.Redraw();
+  EXPECT_EQ(Face({L"Telephone Line2 Tag"}).caption, L"Call from line2");
+  EXPECT_FALSE(Face({L"Telephone Line2 Tag"}).enabled);
+}
+
+TEST_F(CommandBarToolbar, ALostBaseDisablesAllButTheOptions) {
+  Create();
+  toolbar.Disable();
+  for (const ControlFace& control : Bar().controls) {
+    EXPECT_EQ(control.enabled, control.id == L"Option Tag") << control.caption.c_str();
+  }
+  toolbar.Redraw();
+  for (const ControlFace& control : Bar().controls)
+    EXPECT_TRUE(control.enabled);
+}
+
+TEST_F(CommandBarToolbar, AHeldCellDisablesTheOthers) {
+  Create();
+  Fill();
+  toolbar.DisableOtherCells(1);
+  EXPECT_FALSE(Face({L"Call from cell", L"Cell1"}).enabled);
+  EXPECT_TRUE(Face({L"Call from cell", L"Cell2"}).enabled);
+  toolbar.ShowCells();
+  EXPECT_TRUE(Face({L"Call from cell", L"Cell1"}).enabled);
+}
+
+TEST_F(CommandBarToolbar, LeavesOutWhatTheUserDeleted) {
+  Create();
+  Fill();
+  for (const wchar_t* tag : {L"Telephone Dial Tag", L"Telephone Line1 Tag", L"Caller List Tag"}) {
+    bars->DeleteControl(std::vector<std::wstring>{tag});
+  }
+  lines.text.clear();
+  state.record.line2State = 3;
+  toolbar.Redraw();
+  toolbar.SetDialText(L"1");
+  toolbar.ShowDialList();
+  EXPECT_EQ(lines.text, "");
+  EXPECT_EQ(Face({L"Telephone Line2 Tag"}).caption, L"Disconnect line2");
+  configuration.callerLists.clear();
+  toolbar.ShowCallers();
+  EXPECT_NE(lines.text, "");
+  toolbar.Disable();
+}
+
+TEST_F(CommandBarToolbar, ReplacesABarLeftByACrash) {
+  CCommandBars(IDispatchPtr(bars.get())).Add(kBarName, kBarTop);
+  Create();
+  EXPECT_EQ(Bar().controls.size(), 7u);
+}
+
+TEST_F(CommandBarToolbar, ComesBackWhereItWas) {
+  Create();
+  bars->MoveBar(kBarName, static_cast<workbench::mso::BarPosition>(kBarIsFloating), 100, 200, 0);
+  ToolBarRecord place;
+  toolbar.SavePlace(place);
+  EXPECT_EQ(place.read, 1);
+  EXPECT_EQ(place.visible, 1);
+  toolbar.Delete();
+  Create(place);
+  EXPECT_EQ(Bar().position, kBarIsFloating);
+  EXPECT_EQ(Bar().left, 100);
+  EXPECT_EQ(Bar().top, 200);
+  // From a monitor that is gone.
+  place.left = 99999;
+  toolbar.Delete();
+  Create(place);
+  EXPECT_LT(Bar().left, GetSystemMetrics(SM_CXSCREEN));
+  // Hidden by the user.
+  bars->ShowBar(kBarName, false);
+  toolbar.SavePlace(place);
+  toolbar.Delete();
+  Create(place);
+  EXPECT_FALSE(Bar().visible);
+}
+
+TEST_F(CommandBarToolbar, LeavesNothingBehind) {
+  Create();
+  Fill();
+  toolbar.Release();
+  EXPECT_TRUE(model.AdvisedSinks().empty());
+  EXPECT_TRUE(model.HeldFromOutside().empty());
+  EXPECT_TRUE(Bar().visible);  // Outlook takes a temporary bar away itself
+  toolbar.Redraw();
+  Fill();
+  ToolBarRecord place;
+  toolbar.SavePlace(place);
+  EXPECT_EQ(place.read, 0);
+}
+
+std::vector<size_t> ItemCounts(const CBarStage& stage) {
+  return {stage.Bar().controls.size(), stage.Face({L"Call from cell"}).items.size(),
+          stage.Face({L"Caller list"}).items.size(), stage.Face({L"Speed dial"}).items.size(),
+          stage.Face({L"Speed dial Tag 10"}).items.size()};
+}
+const std::vector<size_t> kComplete = {7, 4, 10, 10, 4};
+const std::vector<size_t> kNone = {0, 0, 0, 0, 0};
+
+// Every call fails once, at start-up: either the bar is complete or there is none, and nothing is
+// held. What follows works as if nothing had happened.
+TEST_F(CommandBarToolbar, SurvivesEveryFailure) {
+  for (uint64_t call = 1;; ++call) {
+    model.AddFault({"*", call, call, E_FAIL});
+    const uint64_t before = model.FaultsFired();
+    bool made = true;
+    try {
+      Create();
+      Fill();
+    } catch (const _com_error& error) {
+      made = Bar().visible;
+      EXPECT_EQ(error.Error(), E_FAIL);
+    }
+    model.WithdrawAll();
+    if (made) Fill();
+    EXPECT_EQ(ItemCounts(*this), made ? kComplete : kNone) << call;
+    if (made) toolbar.Delete();
+    toolbar.Release();
+    ASSERT_TRUE(model.HeldFromOutside().empty()) << call;
+    ASSERT_TRUE(model.AdvisedSinks().empty()) << call;
+    if (model.FaultsFired() == before) break;
+    ASSERT_LT(call, 2000u);
+  }
+}
+
+// A status report arrives inside any call: what it brought is what is shown in the end.
+TEST_F(CommandBarToolbar, ShowsTheNewestStateWhenARedrawInterruptsAnother) {
+  for (uint64_t call = 1;; ++call) {
+    bool interrupted = false;
+    state.record.line1State = 1;
+    configuration.speedDials[0].name = L"Anna";
+    Create();
+    model.AddHook({"*", call, [&] {
+                     interrupted = true;
+                     state.record.line1State = 3;
+                     state.record.cellSub ^= 0b0111;
+                     configuration.speedDials[0].name = L"Bert";
+                     toolbar.Redraw();
+                     Fill();
+                   }});
+    toolbar.Redraw();
+    Fill();
+    model.WithdrawAll();
+    EXPECT_EQ(ItemCounts(*this), kComplete) << call;
+    EXPECT_EQ(Face({L"Telephone Line1 Tag"}).caption,
+              interrupted ? L"Disconnect line1" : L"Call from line1")
+        << call;
+    for (size_t cell = 0; cell < kCellCount; ++cell) {
+      const std::wstring tag = L"Call from Cell Tag " + std::to_wstring(cell + 1);
+      EXPECT_EQ(Face({tag}).enabled, (state.record.cellSub & 0b0111 & (1 << cell)) != 0) << call;
+    }
+    EXPECT_EQ(Face({L"Speed dial Tag 1"}).caption, interrupted ? L"Bert" : L"Anna") << call;
+    toolbar.Delete();
+    toolbar.Release();
+    if (!interrupted) break;
+    ASSERT_LT(call, 2000u);
+  }
+}
+
+// Outlook handles messages inside any call, and one of them may be the shutdown.
+TEST_F(CommandBarToolbar, MayBeReleasedInTheMiddleOfAnyCall) {
+  for (uint64_t call = 1;; ++call) {
+    bool released = false;
+    model.AddHook({"*", call, [&] {
+                     toolbar.Release();
+                     released = true;
+                   }});
+    try {
+      Create();
+      Fill();
+      toolbar.Redraw();
+      toolbar.Disable();
+    } catch (const _com_error&) {
+    }
+    model.WithdrawAll();
+    toolbar.Release();
+    ASSERT_TRUE(model.HeldFromOutside().empty()) << call;
+    ASSERT_TRUE(model.AdvisedSinks().empty()) << call;
+    ASSERT_TRUE(model.Misuses().empty()) << call;
+    if (!released) break;
+    ASSERT_LT(call, 2000u);
+  }
+}
+
+}  // namespace
+}  // namespace quor

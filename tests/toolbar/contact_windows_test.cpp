@@ -1,0 +1,348 @@
+#include "toolbar/contact_windows.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <set>
+
+#include "text/ansi.h"
+#include "toolbar/selected_contact.h"
+#include "workbench/commandbars/command_bars.h"
+#include "workbench/office/outlook.h"
+
+namespace quor {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using Inspector = workbench::CModelPtr<workbench::CInspector>;
+
+constexpr wchar_t kMenu[] = L"Dial number";
+constexpr char kCards[] =
+    "BEGIN:VCARD\nVERSION:4.0\nFN:Anna Lee\nTEL;TYPE=work:+33 (1) 23\nTEL;TYPE=home:55-5\n"
+    "END:VCARD\n"
+    "BEGIN:VCARD\nVERSION:4.0\nFN:Bob\nEND:VCARD\n"
+    "BEGIN:VCARD\nVERSION:4.0\nFN:Team\nKIND:group\nMEMBER:x\nEND:VCARD\n";
+
+workbench::SessionOptions OptionsFor(int version) {
+  workbench::SessionOptions options;
+  options.version = version;
+  return options;
+}
+
+// Every window with command bars of its own, whose controls share the process's tags.
+class CBarsFace final : public workbench::IOutlookFace {
+ public:
+  IDispatch* CommandBarsOf(workbench::CInspector& inspector) override {
+    auto& bars = m_bars[&inspector];
+    if (!bars) {
+      bars = workbench::MakeObject<workbench::CCommandBars>(*model, m_registry,
+                                                            workbench::CCommandBars::Kind::Shown);
+    }
+    return bars.get();
+  }
+  void OnClosed(workbench::CInspector& inspector) override {
+    if (const auto bars = m_bars.find(&inspector); bars != m_bars.end()) {
+      bars->second->Close();
+      m_bars.erase(bars);
+    }
+  }
+  workbench::CModel* model = nullptr;
+
+ private:
+  std::shared_ptr<workbench::CControlRegistry> m_registry =
+      std::make_shared<workbench::CControlRegistry>();
+  std::map<workbench::CInspector*, workbench::CModelPtr<workbench::CCommandBars>> m_bars;
+};
+
+class CNotedContactActions final : public IContactWindowActions {
+ public:
+  void DialNumber(std::wstring_view number) override { Note("dial " + AnsiFromWide(number)); }
+  void ClickLine(uint8_t lineType) override { Note("line " + std::to_string(lineType)); }
+  void ClickContactLine(uint8_t lineType, std::wstring_view firstNumber) override {
+    Note("line " + std::to_string(lineType) + " or " + AnsiFromWide(firstNumber));
+  }
+  std::vector<std::string> Take() { return std::exchange(m_noted, {}); }
+  std::function<void()> then = [] {};  // what else happens in a click
+
+ private:
+  void Note(std::string line) {
+    m_noted.push_back(std::move(line));
+    then();
+  }
+  std::vector<std::string> m_noted;
+};
+
+class ContactWindows : public testing::Test, protected IFaceSource, protected ILogWriter {
+ protected:
+  explicit ContactWindows(int version = 11) : m_version(version) {
+    m_log.SetEnabled(true);
+    m_state.record = {1, 1, 1, 1, 0, 1, 1};
+    m_face.model = &m_outlook.Model();
+    m_outlook.LoadCards(kCards);
+    m_newInspector.Advise(m_application.Inspectors().Get(), kInspectorsEvents,
+                          [this](DISPID, const CEventArguments& arguments) {
+                            m_windows.Open(QueryObject<CInspector>(arguments.Object(0)), m_version);
+                          });
+    m_heldBefore = m_outlook.Held();
+  }
+
+  CControlFaces Faces() const override { return {m_state, m_configuration, m_resources}; }
+  std::wstring DialText() const override { return {}; }
+  void WriteLine(std::string_view line) noexcept override { m_lines += line; }
+
+  Inspector Open(const char* contact) { return m_outlook.OpenInspector(contact); }
+  workbench::CCommandBars& Bars(const Inspector& window) {
+    return static_cast<workbench::CCommandBars&>(*m_face.CommandBarsOf(*window));
+  }
+  workbench::ControlFace Face(const Inspector& window, std::vector<std::wstring> path) {
+    const auto faces = Bars(window).ControlFaces();
+    const auto* found = workbench::FindFace(faces, path);
+    return found != nullptr ? *found : workbench::ControlFace{};
+  }
+  std::vector<std::wstring> Numbers(const Inspector& window) {
+    std::vector<std::wstring> captions;
+    for (const auto& item : Face(window, {kMenu}).items) {
+      if (item.visible) captions.push_back(item.caption);
+    }
+    return captions;
+  }
+  void Click(const Inspector& window, std::vector<std::wstring> path) { Bars(window).Click(path); }
+  // Nothing of any window is held: what is left is what was held before the first.
+  bool NothingHeld() {
+    return m_outlook.Held() == m_heldBefore && m_outlook.Model().Misuses().empty() &&
+           m_outlook.Sinks().size() == 1;
+  }
+
+  const int m_version;
+  TelephoneState m_state{};
+  Configuration m_configuration;
+  CResourceLoader m_resources{GetModuleHandleW(nullptr)};
+  std::string m_lines;
+  CDiagnosticLog m_log{*this};
+  CNotedContactActions m_actions;
+  CBarsFace m_face;
+  workbench::COutlook m_outlook{OptionsFor(m_version), m_face};
+  COutlookApplication m_application{IDispatchPtr(m_outlook.Application())};
+  CContactWindows m_windows{*this, m_actions, m_resources, m_configuration.contactToolBar, m_log};
+  CEventConnection m_newInspector{m_log, "new inspector"};
+  std::vector<std::string> m_heldBefore;
+};
+
+class ContactRibbons : public ContactWindows {
+ protected:
+  ContactRibbons() : ContactWindows(12) {}
+};
+
+TEST_F(ContactWindows, ShowTheContactsOwnNumbersAndTheLines) {
+  const Inspector anna = Open("Anna Lee");
+  EXPECT_THAT(Numbers(anna), ElementsAre(L"Business: +33 (1) 23", L"Home: 55-5"));
+  EXPECT_TRUE(Face(anna, {kMenu}).enabled);
+  const auto line = Face(anna, {L"Call from line2"});
+  EXPECT_TRUE(line.enabled && line.hasPicture && line.hasMask && line.showsCaption);
+  Click(anna, {kMenu, L"Home: 55-5"});
+  Click(anna, {L"Call from line2"});
+  EXPECT_THAT(m_actions.Take(), ElementsAre("dial 55-5", "line 2"));
+  EXPECT_EQ(m_lines, "");
+}
+
+TEST_F(ContactWindows, FollowTheTelephone) {
+  const Inspector anna = Open("Anna Lee");
+  const Inspector bob = Open("Bob");
+  EXPECT_FALSE(Face(bob, {kMenu}).enabled);
+  m_state.record = {0, 2, 2, 2, 0, 0, 0};
+  m_state.caller.cidLine = 1;
+  m_windows.Redraw();
+  for (const Inspector& window : {anna, bob}) {
+    EXPECT_TRUE(Face(window, {L"Answer to line1"}).enabled);
+    EXPECT_FALSE(Face(window, {kMenu}).enabled);
+  }
+  m_windows.Disable();
+  EXPECT_FALSE(Face(anna, {L"Answer to line1"}).enabled);
+  m_windows.Redraw();
+  EXPECT_TRUE(Face(anna, {L"Answer to line1"}).enabled);
+}
+
+TEST_F(ContactWindows, ReadANumberThatTheUserChanges) {
+  const Inspector anna = Open("Anna Lee");
+  m_outlook.ChangeContact("Anna Lee", "HomeTelephoneNumber", "777");
+  Click(anna, {kMenu, L"Home: 55-5"});
+  EXPECT_THAT(m_actions.Take(), ElementsAre("dial 777"));
+  m_outlook.Session().ActivateWindow(*anna);
+  EXPECT_THAT(Numbers(anna), ElementsAre(L"Business: +33 (1) 23", L"Home: 777"));
+  m_outlook.ChangeContact("Anna Lee", "HomeTelephoneNumber", "");
+  Click(anna, {kMenu, L"Home: 777"});
+  EXPECT_THAT(m_actions.Take(), IsEmpty());
+}
+
+TEST_F(ContactWindows, LeaveOtherItemsAlone) {
+  Open("Team");
+  EXPECT_EQ(m_lines, "");
+  m_outlook.Model().AddFault({"Inspector.CurrentItem", 1, 0, E_FAIL});
+  Open("Anna Lee");
+  EXPECT_THAT(m_lines, HasSubstr("** Error : contact window failed."));
+  EXPECT_TRUE(NothingHeld());
+}
+
+// Office sends a click to every control of the same tag, whichever window it is in.
+TEST_F(ContactWindows, FiftyAreKeptApartAndLeaveNothing) {
+  std::vector<Inspector> open;
+  std::set<std::wstring> tags;
+  size_t controls = 0;
+  for (int i = 0; i < 50; ++i) {
+    const std::string number = std::to_string(1000 + i);
+    m_outlook.AddCards("Contacts", "BEGIN:VCARD\nVERSION:4.0\nFN:C" + number +
+                                       "\nTEL;TYPE=home:" + number + "\nEND:VCARD\n");
+    open.push_back(Open(("C" + number).c_str()));
+    for (const auto& control : Bars(open.back()).ControlFaces()) {
+      tags.insert(control.id);
+      ++controls;
+      for (const auto& item : control.items) {
+        tags.insert(item.id);
+        ++controls;
+      }
+    }
+  }
+  EXPECT_EQ(controls, 50u * 15u);
+  EXPECT_EQ(tags.size(), controls);
+  for (size_t i = 0; i < open.size(); ++i) {
+    const std::wstring number = std::to_wstring(1000 + i);
+    Click(open[i], {kMenu, L"Home: " + number});
+    EXPECT_THAT(m_actions.Take(), ElementsAre("dial " + AnsiFromWide(number)));
+  }
+  for (const Inspector& window : open)
+    m_outlook.CloseInspector(*window);
+  EXPECT_TRUE(NothingHeld());
+}
+
+TEST_F(ContactWindows, MayCloseInTheMiddleOfAClick) {
+  for (const wchar_t* control : {L"Call from line1", L"Home: 55-5"}) {
+    const Inspector anna = Open("Anna Lee");
+    m_actions.then = [&] { m_outlook.CloseInspector(*anna); };
+    const bool isNumber = std::wstring_view(control).starts_with(L"Home");
+    if (isNumber) Click(anna, {kMenu, control});
+    if (!isNumber) Click(anna, {control});
+    EXPECT_EQ(m_actions.Take().size(), 1u);
+    EXPECT_TRUE(NothingHeld());
+  }
+}
+
+TEST_F(ContactWindows, ComeBackWhereTheLastOneWas) {
+  const Inspector anna = Open("Anna Lee");
+  const std::wstring name = m_resources.Text(1054);
+  Bars(anna).MoveBar(name, workbench::mso::kFloating, 300, 200, 0);
+  m_windows.SavePlace();
+  EXPECT_EQ(m_configuration.contactToolBar.left, 300);
+  Bars(anna).ShowBar(name, false);
+  m_outlook.CloseInspector(*anna);
+  EXPECT_EQ(m_configuration.contactToolBar.visible, 0);
+  m_configuration.contactToolBar.visible = 1;
+  const Inspector bob = Open("Bob");
+  const auto bars = Bars(bob).Faces();
+  const auto bar = std::ranges::find(bars, name, &workbench::BarFace::name);
+  ASSERT_NE(bar, bars.end());
+  EXPECT_EQ(bar->left, 300);
+  EXPECT_TRUE(bar->visible);
+}
+
+TEST_F(ContactWindows, CloseAllTakesTheBarsAway) {
+  const Inspector anna = Open("Anna Lee");
+  m_windows.CloseAll();
+  EXPECT_THAT(Bars(anna).ControlFaces(), IsEmpty());
+  EXPECT_TRUE(NothingHeld());
+  m_windows.Redraw();
+  m_outlook.CloseInspector(*anna);
+  EXPECT_EQ(m_lines, "");
+}
+
+// What fails when the window is announced is made up for when it is activated or redrawn.
+TEST_F(ContactWindows, SurviveEveryFailure) {
+  workbench::CModel& model = m_outlook.Model();
+  for (uint64_t call = 1;; ++call) {
+    const uint64_t before = model.FaultsFired();
+    m_lines.clear();
+    model.AddFault({"*", call, call, E_FAIL});
+    const Inspector anna = Open("Anna Lee");
+    if (model.FaultsFired() != before) {
+      m_windows.Redraw();
+      const bool ignored = m_lines.starts_with("** Error : contact window failed.") ||
+                           m_lines.starts_with("Failed advising to InspectorEvents\n");
+      EXPECT_EQ(Numbers(anna).size(), ignored ? 0u : 2u) << call << ' ' << m_lines;
+    }
+    m_windows.Redraw();
+    m_windows.Disable();
+    m_outlook.CloseInspector(*anna);
+    model.WithdrawAll();
+    ASSERT_TRUE(NothingHeld()) << call;
+    if (model.FaultsFired() == before) break;
+    ASSERT_LT(call, 2000u);
+  }
+}
+
+TEST_F(ContactWindows, MayCloseInTheMiddleOfAnyCall) {
+  for (const bool all : {true, false}) {
+    for (uint64_t call = 1;; ++call) {
+      bool closed = false;
+      m_outlook.Model().AddHook({"*", call, [&] {
+                                   closed = true;
+                                   if (all) return m_windows.CloseAll();
+                                   for (const auto& window : m_outlook.OpenInspectors())
+                                     m_outlook.CloseInspector(*window);
+                                 }});
+      const Inspector anna = Open("Anna Lee");
+      m_windows.Redraw();
+      m_windows.Disable();
+      m_outlook.Model().WithdrawAll();
+      if (anna && anna->IsOpen()) m_outlook.CloseInspector(*anna);
+      m_windows.CloseAll();
+      ASSERT_TRUE(NothingHeld()) << call;
+      if (!closed) break;
+      ASSERT_LT(call, 2000u);
+    }
+  }
+}
+
+TEST_F(ContactRibbons, AskForTheContactAndKeepNothing) {
+  const Inspector anna = Open("Anna Lee");
+  const Inspector bob = Open("Bob");
+  EXPECT_TRUE(NothingHeld());
+  EXPECT_EQ(m_windows.ContactNumber(anna.get(), 7), L"55-5");
+  EXPECT_EQ(m_windows.ContactNumber(bob.get(), 7), L"");
+  EXPECT_EQ(m_windows.ContactNumber(nullptr, 7), L"");
+  m_windows.DialContact(anna.get(), 7);
+  m_windows.DialContact(bob.get(), 7);
+  m_windows.ClickContactLine(anna.get(), 1);
+  m_windows.ClickContactLine(bob.get(), 2);
+  m_outlook.Model().AddFault({"Inspector.CurrentItem", 1, 1, E_FAIL});
+  m_windows.ClickContactLine(anna.get(), 1);
+  EXPECT_THAT(m_actions.Take(),
+              ElementsAre("dial 55-5", "line 1 or +33 (1) 23", "line 2 or ", "line 1 or "));
+  EXPECT_TRUE(NothingHeld());
+}
+
+TEST_F(ContactWindows, TheSelectedContactIsWhomToDial) {
+  const auto explorer = m_outlook.OpenExplorer("Contacts");
+  const CExplorer shown = QueryObject<CExplorer>(explorer.get());
+  const auto heldBefore = m_outlook.Held();
+  m_outlook.Select({"Anna Lee"});
+  const DialCandidates anna = ReadSelectedContact(shown, m_log);
+  EXPECT_EQ(anna.fileAs, L"Anna Lee");
+  ASSERT_EQ(anna.numbers.size(), 2u);
+  EXPECT_EQ(anna.numbers[1].telNumberType, 7);
+  EXPECT_EQ(anna.numbers[1].number, L"55-5");
+  m_outlook.Select({"Team"});
+  EXPECT_EQ(ReadSelectedContact(shown, m_log).fileAs, L"");
+  m_outlook.Select({});
+  EXPECT_EQ(ReadSelectedContact(shown, m_log).fileAs, L"");
+  EXPECT_EQ(m_lines, "");
+  m_outlook.Model().AddFault({"Explorer.Selection", 1, 1, E_FAIL});
+  EXPECT_THAT(ReadSelectedContact(shown, m_log).numbers, IsEmpty());
+  EXPECT_THAT(m_lines, HasSubstr("** Error : the selected contact failed."));
+  EXPECT_EQ(m_outlook.Held(), heldBefore);
+}
+
+}  // namespace
+}  // namespace quor

@@ -1,0 +1,125 @@
+#include "toolbar/control_faces.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "resources/resource_ids.h"
+#include "telephone/string_ids.h"
+#include "tests/toolbar/faces_fixture.h"
+#include "toolbar/toolbar_layout.h"
+
+namespace quor {
+namespace {
+
+class ControlFaces : public testing::Test, protected FacesFixture {};
+
+// The telephone names texts by numbers of its own; they are the string table's.
+static_assert(kTextCallFromLine1 == IDS_CALL_FROM_LINE1 &&
+              kTextDisconnectLine1 == IDS_DISCONNECT_LINE1 &&
+              kTextCancelLine1 == IDS_CANCEL_LINE1 && kTextAnswerLine1 == IDS_ANSWER_LINE1);
+static_assert(kTextCallFromLine2 == IDS_CALL_FROM_LINE2 &&
+              kTextDisconnectLine2 == IDS_DISCONNECT_LINE2 &&
+              kTextCancelLine2 == IDS_CANCEL_LINE2 && kTextAnswerLine2 == IDS_ANSWER_LINE2);
+static_assert(kTextCallFromCell == IDS_CALL_FROM_CELL &&
+              kTextDisconnectCell == IDS_DISCONNECT_CELL && kTextCancelCell == IDS_CANCEL_CELL &&
+              kTextAnswerCell == IDS_ANSWER_CELL);
+static_assert(kTextDeviceNotConnected == IDS_DEVICE_NOT_CONNECTED &&
+              kTextLineBusy == IDS_LINE_BUSY && kTextInvalidCharacters == IDS_INVALID_CHARACTERS &&
+              kTextInvalidNumber == IDS_INVALID_NUMBER && kTextCellBusy == IDS_CELL_BUSY);
+static_assert(kTextLongDistance == IDS_LONG_DISTANCE && kTextUnknown == IDS_UNKNOWN);
+
+TEST_F(ControlFaces, EveryControlHasACaption) {
+  Lines(1, 1, 1);
+  const int ids[] = {IDS_DIAL_NUMBER,    IDS_CALL_FROM_LINE1, IDS_CALL_FROM_LINE2, IDS_CALLER_LIST,
+                     IDS_CALL_FROM_CELL, IDS_SPEED_DIAL,      IDS_OPTIONS};
+  for (int control = 0; control < kControlCount; ++control) {
+    EXPECT_EQ(Faces().Caption(control, false), L"#" + std::to_wstring(ids[control]));
+  }
+  EXPECT_EQ(Faces().Caption(kControlCount, false), L"");
+  EXPECT_EQ(Faces().Caption(-1, true), L"");
+}
+
+TEST_F(ControlFaces, AreDrawnWithAnswerOnlyWhileAButtonCanAnswer) {
+  Lines(2, 2, 2, 17);
+  EXPECT_TRUE(Faces().IsRinging());
+  EXPECT_EQ(Faces().Caption(kCallFromCellControl, true), L"#1148");
+  Lines(2, 2, 2, 18);
+  EXPECT_FALSE(Faces().IsRinging());
+  Lines(3, 2, 2, 1);
+  EXPECT_FALSE(Faces().IsRinging());
+}
+
+TEST(MenuCaption, IsFiftyCharactersWithAmpersandsDoubled) {
+  EXPECT_EQ(MenuCaption(L"Smith & Sons <a> \"b\""), L"Smith && Sons <a> \"b\"");
+  EXPECT_EQ(MenuCaption(std::wstring(50, L'x')), std::wstring(50, L'x'));
+  EXPECT_EQ(MenuCaption(std::wstring(500, L'&')), std::wstring(100, L'&'));
+}
+
+TEST_F(ControlFaces, CellsAreEnabledByRegistrationAndAvailability) {
+  state.cells.cellRegistered = 0b0111;
+  state.record.cellSub = 0b1001;
+  state.caller.popupLine = 0x12;
+  EXPECT_TRUE(Faces().Cell(0).enabled);
+  EXPECT_TRUE(Faces().Cell(1).enabled);   // its pop-up is open
+  EXPECT_FALSE(Faces().Cell(2).enabled);  // registered, not available
+  EXPECT_FALSE(Faces().Cell(3).enabled);  // available, not registered
+  EXPECT_EQ(Faces().Cell(3).caption, L"#1147");
+  EXPECT_EQ(Faces().Cell(4).caption, L"");
+}
+
+TEST_F(ControlFaces, CallersShowTheirNames) {
+  configuration.callerLists = {{L"A & B 1", L"A & B", L"1"}};
+  EXPECT_EQ(Faces().Caller(0).caption, L"A && B 1");
+  EXPECT_TRUE(Faces().Caller(0).visible);
+  EXPECT_FALSE(Faces().Caller(1).visible);
+  EXPECT_EQ(Faces().Caller(1).caption, L"");
+  configuration.callerLists.resize(11);  // a file may hold more
+  EXPECT_FALSE(Faces().Caller(10).visible);
+}
+
+TEST_F(ControlFaces, SpeedDialOffersWhatCanBeDone) {
+  configuration.speedDials = {{L"Anna", L"123"}, {L"", L""}, {L"", L"456"}};
+  EXPECT_EQ(Faces().SpeedDial(0).caption, L"Anna");
+  EXPECT_EQ(Faces().SpeedDial(1).caption, L"#1162");
+  EXPECT_EQ(Faces().SpeedDial(2).caption, L"456");
+  EXPECT_EQ(Faces().SpeedDial(9).caption, L"#1162");
+  EXPECT_FALSE(Faces().SpeedDial(10).visible);
+  for (const auto action : {SpeedDialAction::Call, SpeedDialAction::Edit, SpeedDialAction::Erase}) {
+    EXPECT_TRUE(Faces().SpeedDial(0, action).visible);
+    EXPECT_FALSE(Faces().SpeedDial(1, action).visible);
+  }
+  EXPECT_FALSE(Faces().SpeedDial(0, SpeedDialAction::Add).visible);
+  EXPECT_TRUE(Faces().SpeedDial(1, SpeedDialAction::Add).enabled);
+  EXPECT_EQ(Faces().SpeedDial(1, SpeedDialAction::Add).caption, L"#1171");
+}
+
+TEST_F(ControlFaces, ContactNumbersAreLabelledByKind) {
+  EXPECT_EQ(Faces().ContactNumber(3, L"+1 (23) 4").caption, L"#1603: +1 (23) 4");
+  EXPECT_TRUE(Faces().ContactNumber(3, L"1").enabled);
+  EXPECT_FALSE(Faces().ContactNumber(3, L"").enabled);
+  EXPECT_EQ(Faces().ContactNumber(3, L"").caption, L"#1603");
+  EXPECT_EQ(Faces().ContactNumber(0, L"1").caption, L"");
+  EXPECT_EQ(Faces().ContactNumber(13, L"1").caption, L"");
+}
+
+TEST(ToolbarLayout, EveryTagIsUnique) {
+  std::set<std::wstring> tags;
+  size_t count = 0;
+  const auto add = [&](const std::wstring& tag) { tags.insert(tag), ++count; };
+  for (const ControlLayout& layout : kToolbarLayout)
+    add(layout.tag);
+  for (size_t i = 0; i < 10; ++i) {
+    add(ItemTag(LayoutOf(kCallFromCellControl), i));
+    add(ItemTag(LayoutOf(kCallerListControl), i));
+    add(ItemTag(LayoutOf(kSpeedDialControl), i));
+    for (const auto action : {SpeedDialAction::Call, SpeedDialAction::Add, SpeedDialAction::Edit,
+                              SpeedDialAction::Erase}) {
+      add(SpeedDialItemTag(i, action));
+    }
+  }
+  EXPECT_EQ(tags.size(), count);
+}
+
+}  // namespace
+}  // namespace quor

@@ -1,0 +1,157 @@
+#include "toolbar/ribbon_control.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+#include <set>
+#include <sstream>
+
+#include "resources/resource_ids.h"
+#include "telephone/control_state.h"
+#include "tests/toolbar/faces_fixture.h"
+#include "toolbar/ribbon_faces.h"
+#include "workbench/ribbon/xml_reader.h"
+
+namespace quor {
+namespace {
+
+std::string ReadSource(const char* path) {
+  std::ifstream file(std::string(QUOR_SOURCE_DIR) + "/" + path);
+  std::stringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
+
+using Attributes = std::map<std::string, std::string>;
+
+void Collect(const workbench::XmlElement& element, std::vector<Attributes>& all) {
+  all.emplace_back(element.attributes.begin(), element.attributes.end());
+  for (const workbench::XmlElement& child : element.children)
+    Collect(child, all);
+}
+
+// The attributes of every element of a document.
+std::vector<Attributes> Elements(const char* path) {
+  std::vector<Attributes> all;
+  Collect(workbench::ReadXml(ReadSource(path)), all);
+  return all;
+}
+
+RibbonControl Parsed(const std::string& id) {
+  return RibbonControlFromId(std::wstring(id.begin(), id.end()));
+}
+
+struct Document {
+  const char* path;
+  size_t controls;
+};
+class RibbonDocument : public testing::TestWithParam<Document> {};
+
+INSTANTIATE_TEST_SUITE_P(Both, RibbonDocument,
+                         testing::Values(Document{"resources/ribbon_explorer.xml", 7 * 71},
+                                         Document{"resources/ribbon_contact.xml", 84}));
+
+// What each element says agrees with what the add-in makes of its id.
+TEST_P(RibbonDocument, EveryControlIsUnderstood) {
+  const std::map<std::string, std::set<RibbonFunction>> actions = {
+      {"Line1Clicked", {RibbonFunction::Line1}},
+      {"Line2Clicked", {RibbonFunction::Line2}},
+      {"CellClicked", {RibbonFunction::Cell}},
+      {"CallerListClicked", {RibbonFunction::Caller}},
+      {"SpeedDialClicked", {RibbonFunction::SpeedDialItem}},
+      {"OptionsClicked", {RibbonFunction::Options}},
+      {"ContactDialNClicked", {RibbonFunction::ContactNumber}},
+      {"ContactLine1Clicked", {RibbonFunction::ContactLine1}},
+      {"ContactLine2Clicked", {RibbonFunction::ContactLine2}}};
+  std::set<std::string> ids;
+  size_t controls = 0;
+  for (const Attributes& element : Elements(GetParam().path)) {
+    const auto id = element.find("id");
+    if (id == element.end() || id->second.starts_with("Main")) continue;
+    ++controls;
+    EXPECT_TRUE(ids.insert(id->second).second) << id->second;
+    const RibbonControl control = Parsed(id->second);
+    EXPECT_NE(control.function, RibbonFunction::None) << id->second;
+    EXPECT_EQ(RibbonPicture(control.function) != 0, element.contains("getImage")) << id->second;
+    const auto action = element.find("onAction");
+    if (action != element.end()) {
+      EXPECT_TRUE(actions.at(action->second).contains(control.function)) << id->second;
+    }
+  }
+  EXPECT_EQ(controls, GetParam().controls);
+}
+
+// Office asks for callbacks by these names.
+TEST_P(RibbonDocument, EveryCallbackIsInTheTypeLibrary) {
+  const std::string idl = ReadSource("module/quor_telephone_toolbar.idl");
+  for (const Attributes& element : Elements(GetParam().path)) {
+    for (const auto& [name, value] : element) {
+      if (!name.starts_with("get") && !name.starts_with("on")) continue;
+      EXPECT_NE(idl.find(" " + value + "("), std::string::npos) << value;
+    }
+  }
+}
+
+TEST(RibbonControl, ReadsWhatTheIdSays) {
+  using enum RibbonFunction;
+  const std::pair<const char*, RibbonControl> good[] = {
+      {"MailComboDial", {DialBox, 0, {}}},
+      {"CalendarCustomButtonLine2", {Line2, 0, {}}},
+      {"CalendarTableViewCallFromCell", {CellMenu, 0, {}}},
+      {"CalendarTableViewCustomMenuCallFromCell", {CellMenu, 0, {}}},
+      {"CalendarTableViewSpeedDial", {SpeedDialMenu, 0, {}}},
+      {"CalendarTableViewCustomMenuSpeedDial", {SpeedDialMenu, 0, {}}},
+      {"CalendarTableViewCell3", {Cell, 3, {}}},
+      {"CalendarCell3", {Cell, 3, {}}},
+      {"ContactsCallerList9", {Caller, 9, {}}},
+      {"TasksSpeedDialMenu0", {SpeedDialEntry, 0, {}}},
+      {"NotesSpeedDialA4", {SpeedDialItem, 4, SpeedDialAction::Add}},
+      {"JournalsSpeedDialU5", {SpeedDialItem, 5, SpeedDialAction::Edit}},
+      {"MailSpeedDialR6", {SpeedDialItem, 6, SpeedDialAction::Erase}},
+      {"CustomMenuDialNum", {ContactMenu, 0, {}}},
+      {"MenuAssistant", {ContactNumber, 1, {}}},
+      {"MenuHome2", {ContactNumber, 8, {}}},
+      {"MenuPrimary", {ContactNumber, 12, {}}},
+  };
+  for (const auto& [id, control] : good)
+    EXPECT_EQ(Parsed(id), control) << id;
+}
+
+TEST(RibbonControl, TakesNothingElseForItsOwn) {
+  for (const char* id :
+       {"", "Mail", "mailComboDial", "ComboDial", "MailCell4", "MailCell", "MailCell10",
+        "MailCallerList", "MailSpeedDialX1", "MailComboDial1", "CalendarTableComboDial", "Menu",
+        "MenuFax", "CustomButtonLine1", "TabMail", "MailMailCell0", "CustomButtonLine1C0"}) {
+    EXPECT_EQ(Parsed(id), RibbonControl{}) << id;
+  }
+}
+
+TEST(RibbonFace, ShowsWhatTheCommandBarShows) {
+  FacesFixture telephone;
+  telephone.Lines(2, 2, 2, 2);
+  telephone.state.record.dialState = 1;
+  const auto face = [&](const char* id) { return RibbonFace(telephone.Faces(), Parsed(id), L"7"); };
+  EXPECT_EQ(face("NotesCustomButtonLine2").caption, L"#1115");
+  EXPECT_TRUE(face("CustomButtonLine2C").enabled);
+  EXPECT_FALSE(face("MailCustomButtonLine1").enabled);
+  EXPECT_TRUE(face("CustomMenuDialNum").enabled);
+  EXPECT_EQ(face("MenuBusiness").caption, L"#1602: 7");
+  EXPECT_EQ(face("ContactGroup").caption, L"#1054");
+  EXPECT_EQ(face("MailCell2").caption, L"#1146");
+  EXPECT_FALSE(face("MailCallerList0").enabled);
+  EXPECT_EQ(face("Stranger").caption, L"");
+  EXPECT_FALSE(face("Stranger").visible);
+}
+
+TEST(RibbonPicture, IsNeverScaledUpWhileALargerOneExists) {
+  EXPECT_EQ(PictureForScreen(IDP_LINE1, 96), 540);
+  EXPECT_EQ(PictureForScreen(IDP_LINE1, 120), 640);
+  EXPECT_EQ(PictureForScreen(IDP_LINE1, 144), 640);
+  EXPECT_EQ(PictureForScreen(IDP_LINE1, 192), 740);
+  EXPECT_EQ(PictureForScreen(IDP_LINE1, 288), 840);
+  EXPECT_EQ(PictureForScreen(IDP_LINE1, 600), 840);
+}
+
+}  // namespace
+}  // namespace quor

@@ -1,0 +1,215 @@
+#include "toolbar/ribbon.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <olectl.h>
+
+#include "tests/toolbar/bar_stage.h"
+#include "workbench/ribbon/ribbon_objects.h"
+
+namespace quor {
+namespace {
+
+using testing::ElementsAre;
+
+struct CNotedContacts final : IContactRibbon {
+  explicit CNotedContacts(CNotedActions& noted) : actions(noted) {}
+  std::wstring ContactNumber(IDispatch* inspector, int telNumberType) override {
+    return inspector != nullptr && telNumberType == 2 ? L"+1 (23) 4" : L"";
+  }
+  void DialContact(IDispatch*, int telNumberType) override {
+    actions.Note("contact " + std::to_string(telNumberType));
+  }
+  void ClickContactLine(IDispatch*, uint8_t lineType) override {
+    actions.Note("contact line " + std::to_string(lineType));
+  }
+  CNotedActions& actions;
+};
+
+// Office's ribbon object, as much of it as is called.
+class CRibbonCounter final : public IDispatch {
+ public:
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    *object = iid == IID_IUnknown || iid == IID_IDispatch ? this : nullptr;
+    if (*object == nullptr) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
+  STDMETHODIMP_(ULONG) Release() override { return --references; }
+  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
+    if (std::wstring(names[0]) != L"Invalidate") return DISP_E_UNKNOWNNAME;
+    *ids = 1;
+    return S_OK;
+  }
+  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                      UINT*) override {
+    ++invalidations;
+    return fails ? E_FAIL : S_OK;
+  }
+
+  ULONG references = 1;
+  int invalidations = 0;
+  bool fails = false;
+};
+
+class Ribbon : public testing::Test, public CBarStage {
+ protected:
+  using Control = workbench::CModelPtr<workbench::CRibbonControl>;
+
+  Control ControlOf(const wchar_t* id) {
+    return workbench::MakeObject<workbench::CRibbonControl>(
+        model, id, L"", workbench::CModelPtr<workbench::CAutomation>(bars));
+  }
+  std::wstring Label(IDispatch* control) {
+    BSTR label = nullptr;
+    EXPECT_EQ(m_ribbon.GetLabel(control, &label), S_OK);
+    return TextFromBstr(_bstr_t(label, false));
+  }
+  std::wstring Label(const wchar_t* id) { return Label(ControlOf(id)->Face()); }
+  bool Enabled(const wchar_t* id) {
+    VARIANT_BOOL enabled = 7;
+    EXPECT_EQ(m_ribbon.GetEnabled(ControlOf(id)->Face(), &enabled), S_OK);
+    return enabled == VARIANT_TRUE;
+  }
+  IDispatchPtr Image(const wchar_t* id) {
+    IDispatch* picture = nullptr;
+    EXPECT_EQ(m_ribbon.GetImage(ControlOf(id)->Face(), &picture), S_OK);
+    return IDispatchPtr(picture, false);
+  }
+  void Click(const wchar_t* id) { EXPECT_EQ(m_ribbon.Clicked(ControlOf(id)->Face()), S_OK); }
+
+  CNotedContacts m_contacts{actions};
+  CRibbon m_ribbon{*this, actions, m_contacts, pictures, log};
+};
+
+TEST_F(Ribbon, AnswersForControlsOfBothDocuments) {
+  EXPECT_EQ(Label(L"JournalsCustomButtonLine1"), L"Call from line1");
+  EXPECT_TRUE(Enabled(L"JournalsCustomButtonLine1"));
+  EXPECT_EQ(Label(L"MailCallerList0"), L"Tom && Co 555");
+  EXPECT_EQ(Label(L"ContactGroup"), L"Telephone Plug-in");
+  EXPECT_EQ(Label(L"MenuBusiness"), L"Business: +1 (23) 4");
+  EXPECT_FALSE(Enabled(L"MenuCar"));
+  VARIANT_BOOL visible = VARIANT_FALSE;
+  m_ribbon.GetVisible(ControlOf(L"MailSpeedDialC0")->Face(), &visible);
+  EXPECT_EQ(visible, VARIANT_TRUE);
+}
+
+TEST_F(Ribbon, GivesStrangersEmptyAnswers) {
+  const Control unknown = ControlOf(L"SomebodyElses");
+  for (IDispatch* control :
+       {static_cast<IDispatch*>(nullptr), unknown->Face(), static_cast<IDispatch*>(bars.get())}) {
+    EXPECT_EQ(Label(control), L"");
+    VARIANT_BOOL flag = VARIANT_TRUE;
+    EXPECT_EQ(m_ribbon.GetEnabled(control, &flag), S_OK);
+    EXPECT_EQ(flag, VARIANT_FALSE);
+    IDispatch* picture = bars.get();
+    EXPECT_EQ(m_ribbon.GetImage(control, &picture), S_OK);
+    EXPECT_EQ(picture, nullptr);
+    long count = 7;
+    EXPECT_EQ(m_ribbon.GetItemCount(control, &count), S_OK);
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(m_ribbon.Clicked(control), S_OK);
+    EXPECT_EQ(m_ribbon.ChangeComboBox(control, nullptr), S_OK);
+  }
+  EXPECT_TRUE(actions.Take().empty());
+  EXPECT_EQ(m_ribbon.GetLabel(unknown->Face(), nullptr), E_POINTER);
+  EXPECT_EQ(m_ribbon.GetImage(unknown->Face(), nullptr), E_POINTER);
+  EXPECT_EQ(m_ribbon.GetItemCount(unknown->Face(), nullptr), E_POINTER);
+}
+
+TEST_F(Ribbon, SurvivesAControlThatDoesNotAnswer) {
+  const Control line = ControlOf(L"MailCustomButtonLine1");
+  model.AddFault({"*", 1, 0, E_FAIL});
+  EXPECT_EQ(Label(line->Face()), L"");
+  EXPECT_EQ(m_ribbon.Clicked(line->Face()), S_OK);
+  EXPECT_TRUE(actions.Take().empty());
+}
+
+TEST_F(Ribbon, DialBoxListsWhatWasDialled) {
+  const Control box = ControlOf(L"TasksComboDial");
+  long count = 0;
+  m_ribbon.GetItemCount(box->Face(), &count);
+  EXPECT_EQ(count, 2);
+  for (const long index : {0L, 1L, 2L, -1L, 1000L}) {
+    BSTR label = nullptr;
+    EXPECT_EQ(m_ribbon.GetItemLabel(box->Face(), index, &label), S_OK);
+    EXPECT_EQ(TextFromBstr(_bstr_t(label, false)), index == 0   ? L"Anna"
+                                                   : index == 1 ? L"456"
+                                                                : L"");
+  }
+  m_ribbon.ChangeComboBox(box->Face(), BstrFromText(L"789"));
+  m_ribbon.ChangeComboBox(ControlOf(L"MailCustomButtonLine1")->Face(), BstrFromText(L"789"));
+  EXPECT_THAT(actions.Take(), ElementsAre("stored"));
+}
+
+TEST_F(Ribbon, TellsWhatTheUserDoes) {
+  for (const wchar_t* id :
+       {L"MailCustomButtonLine1", L"CalendarTableViewCustomButtonLine2", L"NotesCell3",
+        L"TasksCallerList9", L"JournalsSpeedDialU2", L"ContactsCustomButtonOption", L"MenuPrimary",
+        L"CustomButtonLine1C", L"CustomButtonLine2C", L"MailCustomMenuCallerList"}) {
+    Click(id);
+  }
+  EXPECT_THAT(actions.Take(),
+              ElementsAre("line 1", "line 2", "cell 3", "caller 9", "speed dial 2 2", "options",
+                          "contact 12", "contact line 1", "contact line 2"));
+}
+
+TEST_F(Ribbon, PicturesAreBitmapsAndMadeOnce) {
+  for (const wchar_t* id :
+       {L"MailCustomButtonLine1", L"MailCustomButtonLine2", L"MailComboDial",
+        L"MailCustomMenuCallFromCell", L"MailCustomMenuCallerList", L"MailCustomMenuSpeedDial",
+        L"MailCustomButtonOption", L"ContactGroup"}) {
+    IPicture* picture = nullptr;
+    const IDispatchPtr image = Image(id);
+    ASSERT_TRUE(image != nullptr) << id;
+    ASSERT_EQ(image->QueryInterface(IID_IPicture, reinterpret_cast<void**>(&picture)), S_OK);
+    short type = 0;
+    OLE_HANDLE handle = 0;
+    picture->get_Type(&type);
+    picture->get_Handle(&handle);
+    picture->Release();
+    BITMAP bitmap = {};
+    GetObjectW(reinterpret_cast<HGDIOBJ>(static_cast<ULONG_PTR>(handle)), sizeof bitmap, &bitmap);
+    EXPECT_EQ(type, PICTYPE_BITMAP);
+    EXPECT_EQ(bitmap.bmBitsPixel, 32);
+    EXPECT_GE(bitmap.bmWidth, 16);
+    EXPECT_EQ(bitmap.bmWidth, bitmap.bmHeight);
+  }
+  EXPECT_TRUE(Image(L"MailCustomButtonLine1") ==
+              Image(L"NotesCustomButtonLine1").GetInterfacePtr());
+  pictures.Release();
+  EXPECT_TRUE(Image(L"MailCustomButtonLine1") != nullptr);
+  EXPECT_TRUE(Image(L"MailCell0") == nullptr);
+}
+
+TEST_F(Ribbon, InvalidatesEveryRibbonOnceUntilOfficeHasAsked) {
+  CRibbonCounter explorer;
+  CRibbonCounter contact;
+  explorer.fails = true;  // and the other is still told
+  for (IDispatch* ribbon : {static_cast<IDispatch*>(&explorer), static_cast<IDispatch*>(&contact),
+                            static_cast<IDispatch*>(&explorer), static_cast<IDispatch*>(nullptr)}) {
+    EXPECT_EQ(m_ribbon.Load(ribbon), S_OK);
+  }
+  m_ribbon.Invalidate();
+  m_ribbon.InvalidateOnce();
+  m_ribbon.InvalidateOnce();
+  EXPECT_EQ(explorer.invalidations, 1);
+  EXPECT_EQ(contact.invalidations, 1);
+  Label(L"MailCell0");
+  m_ribbon.InvalidateOnce();
+  EXPECT_EQ(contact.invalidations, 2);
+  m_ribbon.Invalidate();
+  EXPECT_EQ(contact.invalidations, 3);
+
+  m_ribbon.Release();
+  EXPECT_EQ(explorer.references, 1u);
+  EXPECT_EQ(contact.references, 1u);
+  m_ribbon.Invalidate();
+  EXPECT_EQ(contact.invalidations, 3);
+}
+
+}  // namespace
+}  // namespace quor

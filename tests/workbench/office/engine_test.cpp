@@ -1,0 +1,217 @@
+// Accounting, faults, hooks, the observer and the rules of connection points.
+
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "tests/workbench/office/office_fixture.h"
+
+namespace quor::workbench {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class CEngineTest : public COfficeTest {};
+
+TEST_F(CEngineTest, TellsWhatIsHeldFromOutsideAndOnlyThat) {
+  Start();
+  Outlook().OpenExplorer();
+  Outlook().OpenInspector("Bob");
+  EXPECT_THAT(Outlook().Held(), IsEmpty());
+  {
+    const CRemote items = Contacts().Object(L"Items");
+    const CRemote again = items;
+    const CRemote contact = items.Object(L"Item", {CValue(3)});
+    EXPECT_THAT(Outlook().Held(), ElementsAre("ContactItem Bob 1", "Items Contacts 2"));
+    EXPECT_TRUE(Outlook().Model().IsHeldFromOutside("Items"));
+  }
+  EXPECT_THAT(Outlook().Held(), IsEmpty());
+  EXPECT_THAT(Outlook().Model().Misuses(), IsEmpty());
+}
+
+TEST_F(CEngineTest, NoticesUseAfterReleaseAndAnotherThread) {
+  Start();
+  IDispatch* items = nullptr;
+  {
+    const CRemote held = Contacts().Object(L"Items");
+    items = held.Raw();
+    HRESULT code = S_OK;
+    std::thread([&held, &code] {
+      held.Number(L"Count");
+      code = CRemote::lastCode;
+    }).join();
+    EXPECT_EQ(code, RPC_E_WRONG_THREAD);
+  }
+  items->Release();
+  UINT count = 0;
+  items->GetTypeInfoCount(&count);
+  DISPPARAMS none = {};
+  EXPECT_EQ(
+      items->Invoke(0x50, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr),
+      CO_E_OBJNOTCONNECTED);
+  EXPECT_THAT(Outlook().Model().Misuses(),
+              ElementsAre("Items called on another thread", "Items used after its last release",
+                          "Items used after its last release"));
+}
+
+TEST_F(CEngineTest, WhatOutlivesTheSessionIsHarmless) {
+  Start();
+  const CRemote items = Contacts().Object(L"Items");
+  const CRemote application = App();
+  m_outlook.reset();
+  items.Get(L"Count");
+  EXPECT_EQ(CRemote::lastCode, CO_E_OBJNOTCONNECTED);
+}
+
+TEST_F(CEngineTest, FailsTheChosenCalls) {
+  Start();
+  CModel& model = Outlook().Model();
+  const CRemote folder = Contacts();
+  const CRemote items = folder.Object(L"Items");
+  const auto codes = [&folder](int calls) {
+    std::vector<HRESULT> seen;
+    for (int i = 0; i < calls; ++i) {
+      folder.Invoke(0x3001, DISPATCH_PROPERTYGET, {});
+      seen.push_back(FAILED(CRemote::lastCode) ? CRemote::lastException : S_OK);
+    }
+    return seen;
+  };
+  model.AddFault({"_mapifolder.NAME", 2, 3, E_ACCESSDENIED});
+  EXPECT_THAT(codes(4), ElementsAre(S_OK, E_ACCESSDENIED, E_ACCESSDENIED, S_OK));
+  model.AddFault({"*", 3, 3, E_OUTOFMEMORY});
+  EXPECT_THAT(codes(4), ElementsAre(S_OK, S_OK, E_OUTOFMEMORY, S_OK));
+  const int number = model.AddFault({"MAPIFolder.*", 1, 0, E_FAIL});
+  EXPECT_THAT(codes(2), ElementsAre(E_FAIL, E_FAIL));
+  EXPECT_EQ(items.Number(L"Count"), 3);
+  model.Withdraw(number);
+  EXPECT_THAT(codes(1), ElementsAre(S_OK));
+  EXPECT_EQ(model.FaultsFired(), 5u);
+
+  model.AddFault({"Items.Item", 1, 1, S_OK});
+  EXPECT_FALSE(items.Object(L"Item", {CValue(1)}));
+  EXPECT_EQ(CRemote::lastCode, S_OK);
+  model.AddFault({"MAPIFolder.EntryID", 1, 1, S_OK});
+  EXPECT_EQ(folder.Text(L"EntryID"), L"");
+  model.AddFault({"Items.GetIDsOfNames", 1, 1, E_FAIL});
+  items.IdOf(L"Count");
+  EXPECT_EQ(CRemote::lastCode, E_FAIL);
+  model.AddFault({"ItemsEvents.Advise", 1, 1, E_FAIL});
+  CTestSink sink(kItemsEventsId);
+  DWORD cookie = 0;
+  EXPECT_EQ(Advise(items, kItemsEventsId, sink, cookie), E_FAIL);
+  EXPECT_EQ(sink.References(), 1u);
+}
+
+TEST_F(CEngineTest, CountsAndMeasuresCalls) {
+  Start();
+  CModel& model = Outlook().Model();
+  const CRemote folder = Contacts();
+  model.ResetFigures();
+  folder.Invoke(0x3001, DISPATCH_PROPERTYGET, {});
+  folder.Invoke(0x3001, DISPATCH_PROPERTYGET, {});
+  folder.Invoke(0x3001, DISPATCH_PROPERTYPUT, {CValue(L"Contacts")});
+  EXPECT_EQ(model.TotalCalls(), 3u);
+  EXPECT_THAT(model.CallsByMember(), ElementsAre(::testing::Pair("MAPIFolder.Name", 2),
+                                                 ::testing::Pair("MAPIFolder.Name=", 1)));
+  EXPECT_GT(model.MicrosecondsInModel(), 0);
+  EXPECT_EQ(model.MicrosecondsInSinks(), 0);
+}
+
+TEST_F(CEngineTest, AHookRunsInTheMiddleOfACall) {
+  Start();
+  const CRemote items = Contacts().Object(L"Items");
+  Outlook().Model().AddHook({"Items.Count", 2, [this] { Outlook().DeleteContact("Bob"); }});
+  EXPECT_EQ(items.Number(L"Count"), 3);
+  EXPECT_EQ(items.Number(L"Count"), 2);
+  EXPECT_EQ(items.Number(L"Count"), 2);
+  EXPECT_NO_THROW(Outlook().Model().RethrowHookFailure());
+  Outlook().Model().AddHook({"*", 1, [this] { Outlook().DeleteContact("nobody"); }});
+  EXPECT_EQ(items.Number(L"Count"), 2);
+  EXPECT_THROW(Outlook().Model().RethrowHookFailure(), CMailboxError);
+}
+
+TEST_F(CEngineTest, TheObserverSeesCallsAndEvents) {
+  Start();
+  const CRemote items = Contacts().Object(L"Items");
+  CTestSink sink(kItemsEventsId);
+  DWORD cookie = 0;
+  std::vector<std::string> seen;
+  Outlook().Model().SetObserver([&seen](const CallRecord& record) {
+    seen.push_back(record.member + '|' + record.object + '|' + record.arguments + '|' +
+                   record.result + '|' + std::to_string(record.code == S_OK));
+  });
+  ASSERT_EQ(Advise(items, kItemsEventsId, sink, cookie), S_OK);
+  items.Invoke(0x51, DISPATCH_METHOD, {CValue(1)});
+  items.Invoke(0x51, DISPATCH_METHOD, {CValue(9)});
+  Outlook().ChangeContact("Bob", "HomeTelephoneNumber", "5");
+  EXPECT_THAT(seen, ElementsAre("ItemsEvents.Advise|Contacts|||1",
+                                "Items.Item|Contacts|1|ContactItem|1", "Items.Item|Contacts|9||0",
+                                "Items!ItemChange|Contacts|ContactItem Bob||1"));
+}
+
+TEST_F(CEngineTest, ConnectionPointsKeepTheRules) {
+  Start();
+  CRemote items = Contacts().Object(L"Items");
+  CTestSink sink(kItemsEventsId);
+  CTestSink stranger(kFoldersEventsId);
+  DWORD cookie = 0;
+  EXPECT_EQ(Advise(items, kFoldersEventsId, stranger, cookie), CONNECT_E_NOCONNECTION);
+  EXPECT_EQ(Advise(items, kItemsEventsId, stranger, cookie), CONNECT_E_CANNOTCONNECT);
+  EXPECT_EQ(Advise(items, kItemsEventsId, sink, cookie), S_OK);
+  EXPECT_THAT(Outlook().Sinks(), ElementsAre("Items Contacts ItemsEvents 1"));
+  EXPECT_EQ(Unadvise(items, kItemsEventsId, cookie + 1), CONNECT_E_NOCONNECTION);
+  EXPECT_EQ(Unadvise(items, kItemsEventsId, cookie), S_OK);
+  EXPECT_EQ(sink.References(), 1u);
+  ASSERT_EQ(Advise(items, kItemsEventsId, sink, cookie), S_OK);
+  EXPECT_EQ(sink.References(), 2u);
+  items = CRemote();  // the source goes, and its events with it
+  EXPECT_EQ(sink.References(), 1u);
+  Outlook().DeleteContact("Bob");
+  EXPECT_THAT(sink.heard, IsEmpty());
+}
+
+TEST_F(CEngineTest, SinksMayLeaveWhileTheyAreTold) {
+  Start();
+  CRemote items = Contacts().Object(L"Items");
+  CTestSink first(kItemsEventsId);
+  CTestSink second(kItemsEventsId);
+  DWORD firstCookie = 0;
+  DWORD secondCookie = 0;
+  ASSERT_EQ(Advise(items, kItemsEventsId, first, firstCookie), S_OK);
+  ASSERT_EQ(Advise(items, kItemsEventsId, second, secondCookie), S_OK);
+  first.during = [&](DISPID, const DISPPARAMS&) {
+    Unadvise(items, kItemsEventsId, secondCookie);
+    Unadvise(items, kItemsEventsId, firstCookie);
+    items = CRemote();
+  };
+  Outlook().DeleteContact("Bob");
+  EXPECT_THAT(first.heard, ElementsAre("F003"));
+  EXPECT_THAT(second.heard, IsEmpty());
+  EXPECT_THAT(Outlook().Held(), IsEmpty());
+}
+
+TEST_F(CEngineTest, EnumeratesItsConnectionPoints) {
+  Start();
+  const CRemote application = App();
+  IConnectionPointContainer* container = nullptr;
+  ASSERT_EQ(application.Raw()->QueryInterface(IID_IConnectionPointContainer,
+                                              reinterpret_cast<void**>(&container)),
+            S_OK);
+  IEnumConnectionPoints* points = nullptr;
+  ASSERT_EQ(container->EnumConnectionPoints(&points), S_OK);
+  IConnectionPoint* fetched[8] = {};
+  ULONG count = 0;
+  EXPECT_EQ(points->Next(8, fetched, &count), S_FALSE);
+  ASSERT_EQ(count, 3u);
+  IID iid = IID_NULL;
+  EXPECT_EQ(fetched[0]->GetConnectionInterface(&iid), S_OK);
+  EXPECT_EQ(iid, kApplicationEventsId);
+  for (ULONG i = 0; i < count; ++i)
+    fetched[i]->Release();
+  points->Release();
+  container->Release();
+}
+
+}  // namespace
+}  // namespace quor::workbench

@@ -1,0 +1,130 @@
+#include "tests/workbench/office/late_bound.h"
+
+#include <cstdio>
+#include <utility>
+
+namespace quor::workbench {
+
+HRESULT CRemote::lastCode = S_OK;
+HRESULT CRemote::lastException = S_OK;
+
+CRemote::CRemote(IDispatch* object) : m_object(object) {
+  if (m_object != nullptr) m_object->AddRef();
+}
+
+CRemote::CRemote(const CValue& value)
+    : CRemote(V_VT(&value.Get()) == VT_DISPATCH ? V_DISPATCH(&value.Get()) : nullptr) {}
+
+CRemote::~CRemote() {
+  if (m_object != nullptr) m_object->Release();
+}
+
+DISPID CRemote::IdOf(const wchar_t* member) const {
+  LPOLESTR name = const_cast<LPOLESTR>(member);
+  DISPID id = DISPID_UNKNOWN;
+  lastCode = m_object->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
+  return id;
+}
+
+CValue CRemote::Invoke(DISPID id, WORD flags, std::vector<CValue> arguments) const {
+  std::vector<VARIANT> reversed;
+  for (auto one = arguments.rbegin(); one != arguments.rend(); ++one)
+    reversed.push_back(one->Get());
+  DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+  DISPID put = DISPID_PROPERTYPUT;
+  if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) {
+    parameters.rgdispidNamedArgs = &put;
+    parameters.cNamedArgs = 1;
+  }
+  VARIANT result;
+  VariantInit(&result);
+  EXCEPINFO exception = {};
+  lastCode = m_object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, &result,
+                              &exception, nullptr);
+  lastException = exception.scode;
+  SysFreeString(exception.bstrSource);
+  SysFreeString(exception.bstrDescription);
+  CValue value = CValue::Copy(result);
+  VariantClear(&result);
+  return value;
+}
+
+CValue CRemote::Call(const wchar_t* member, std::vector<CValue> arguments) const {
+  const DISPID id = IdOf(member);
+  if (FAILED(lastCode)) return {};
+  return Invoke(id, DISPATCH_METHOD | DISPATCH_PROPERTYGET, std::move(arguments));
+}
+
+CValue CRemote::Get(const wchar_t* member) const {
+  const DISPID id = IdOf(member);
+  return FAILED(lastCode) ? CValue() : Invoke(id, DISPATCH_PROPERTYGET, {});
+}
+
+CValue CRemote::Put(const wchar_t* member, CValue value, WORD flags) const {
+  const DISPID id = IdOf(member);
+  return FAILED(lastCode) ? CValue() : Invoke(id, flags, {std::move(value)});
+}
+
+bool CRemote::Answers(REFIID iid) const {
+  IUnknown* other = nullptr;
+  if (FAILED(m_object->QueryInterface(iid, reinterpret_cast<void**>(&other)))) return false;
+  other->Release();
+  return true;
+}
+
+STDMETHODIMP CTestSink::QueryInterface(REFIID iid, void** object) {
+  if (iid != IID_IUnknown && iid != IID_IDispatch && iid != m_events) {
+    *object = nullptr;
+    return E_NOINTERFACE;
+  }
+  *object = this;
+  AddRef();
+  return S_OK;
+}
+
+STDMETHODIMP CTestSink::Invoke(DISPID event, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters,
+                               VARIANT*, EXCEPINFO*, UINT*) {
+  char id[16];
+  std::snprintf(id, sizeof id, "%04lX", event);
+  std::string note = id;
+  if (iid != IID_NULL || flags != DISPATCH_METHOD) note += " called wrongly";
+  for (UINT i = parameters->cArgs; i-- > 0;)
+    note += ' ' + Summary(parameters->rgvarg[i]);
+  heard.push_back(note);
+  if (during) during(event, *parameters);
+  return S_OK;
+}
+
+namespace {
+
+HRESULT FindPoint(const CRemote& source, REFIID events, IConnectionPoint** point) {
+  IConnectionPointContainer* container = nullptr;
+  const HRESULT found = source.Raw()->QueryInterface(IID_IConnectionPointContainer,
+                                                     reinterpret_cast<void**>(&container));
+  if (FAILED(found)) return found;
+  const HRESULT code = container->FindConnectionPoint(events, point);
+  container->Release();
+  return code;
+}
+
+}  // namespace
+
+HRESULT Advise(const CRemote& source, REFIID events, IUnknown& sink, DWORD& cookie) {
+  IConnectionPoint* point = nullptr;
+  HRESULT code = FindPoint(source, events, &point);
+  if (FAILED(code)) return code;
+  code = point->Advise(&sink, &cookie);
+  point->Release();
+  return code;
+}
+
+HRESULT Unadvise(const CRemote& source, REFIID events, DWORD cookie) {
+  IConnectionPoint* point = nullptr;
+  HRESULT code = FindPoint(source, events, &point);
+  if (FAILED(code)) return code;
+  code = point->Unadvise(cookie);
+  point->Release();
+  return code;
+}
+
+}  // namespace quor::workbench

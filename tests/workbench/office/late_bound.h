@@ -1,0 +1,81 @@
+#ifndef QUOR_TESTS_WORKBENCH_OFFICE_LATE_BOUND_H
+#define QUOR_TESTS_WORKBENCH_OFFICE_LATE_BOUND_H
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "workbench/office/value.h"
+
+namespace quor::workbench {
+
+// The test's side of COM: an object as an add-in sees it, called by name through IDispatch.
+class CRemote {
+ public:
+  CRemote() = default;
+  explicit CRemote(IDispatch* object);  // adds a reference
+  explicit CRemote(const CValue& value);
+  CRemote(const CRemote& other) : CRemote(other.m_object) {}
+  CRemote& operator=(CRemote other) noexcept {
+    std::swap(m_object, other.m_object);
+    return *this;
+  }
+  ~CRemote();
+
+  IDispatch* Raw() const noexcept { return m_object; }
+  explicit operator bool() const noexcept { return m_object != nullptr; }
+
+  // The flags of a method or a property read. Failures become the result of LastCode.
+  CValue Call(const wchar_t* member, std::vector<CValue> arguments = {}) const;
+  CValue Get(const wchar_t* member) const;
+  CValue Put(const wchar_t* member, CValue value, WORD flags = DISPATCH_PROPERTYPUT) const;
+  CValue Invoke(DISPID id, WORD flags, std::vector<CValue> arguments) const;
+
+  CRemote Object(const wchar_t* member, std::vector<CValue> arguments = {}) const {
+    return CRemote(Call(member, std::move(arguments)));
+  }
+  std::wstring Text(const wchar_t* member) const {
+    return WideFromBstr(V_BSTR(&Get(member).Get()));
+  }
+  long Number(const wchar_t* member) const { return V_I4(&Get(member).Get()); }
+  DISPID IdOf(const wchar_t* member) const;
+  bool Answers(REFIID iid) const;
+
+  // What the last call of any object returned, and what stood in its exception record.
+  static HRESULT lastCode;
+  static HRESULT lastException;
+
+ private:
+  IDispatch* m_object = nullptr;
+};
+
+// A sink that notes what it is told, "F001(object)" say, and can act in the middle of it.
+class CTestSink final : public IDispatch {
+ public:
+  explicit CTestSink(REFIID events) : m_events(events) {}
+
+  std::vector<std::string> heard;
+  std::function<void(DISPID, const DISPPARAMS&)> during;
+  ULONG References() const noexcept { return m_references; }
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
+  STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
+  STDMETHODIMP_(ULONG) Release() override { return --m_references; }  // lives on the test's stack
+  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+  STDMETHODIMP Invoke(DISPID event, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters, VARIANT*,
+                      EXCEPINFO*, UINT*) override;
+
+ private:
+  const IID m_events;
+  ULONG m_references = 1;
+};
+
+// Connects the sink to the source; the cookie, or the failure.
+HRESULT Advise(const CRemote& source, REFIID events, IUnknown& sink, DWORD& cookie);
+HRESULT Unadvise(const CRemote& source, REFIID events, DWORD cookie);
+
+}  // namespace quor::workbench
+
+#endif

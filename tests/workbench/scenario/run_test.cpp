@@ -1,0 +1,156 @@
+#include "workbench/scenario/run.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/workbench/scenario/noted_stage.h"
+
+namespace quor::workbench {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+std::string Stamped(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines)
+    text += "2009/03/07 08:05:09.042 " + line + "\r\n";
+  return text;
+}
+
+TEST(Run, StopsAtTheFirstFailureAndNamesItsLine) {
+  CNotedStage stage;
+  EXPECT_THAT(stage.Play("plug\n\nexpect result S_FALSE # so\nunplug\n"),
+              HasSubstr("line 3: expect result S_FALSE\n  the add-in returned S_OK"));
+  EXPECT_EQ(stage.notes.size(), 1u);
+}
+
+TEST(Run, LogExpectationsConsumeWhatTheyCompare) {
+  CNotedStage stage;
+  stage.log = Stamped({"a", "b"});
+  EXPECT_EQ(stage.Play("expect log has b\n"
+                       "expect log has b times 1\n"
+                       "expect log:\n| a\n| b\n"
+                       "expect log nothing\n"
+                       "expect whole log:\n| a\n| b\n"),
+            "");
+  EXPECT_THAT(stage.Play("expect log:\n| a"), HasSubstr("expected: (end)\n  seen:     b"));
+  EXPECT_THAT(stage.Play("expect log has c"), HasSubstr("0 times"));
+  EXPECT_THAT(stage.Play("expect log has a times 2"), HasSubstr("1 times"));
+  EXPECT_THAT(stage.Play("expect no log"), HasSubstr("there is a diagnostic log"));
+  stage.log = "no stamp\n";
+  EXPECT_THAT(stage.Play("forget"), HasSubstr("no time stamp"));
+}
+
+TEST(Run, WireExpectationsConsumeWhatTheyCompare) {
+  CNotedStage stage;
+  stage.written = {{0x2B, 0x31, 0x0D}, {0x2B}};
+  EXPECT_EQ(stage.Play("expect wire 2B 31 0D 2B\nexpect wire nothing"), "");
+  EXPECT_THAT(stage.Play("expect wire 2B 31 0D"), HasSubstr("on the wire: 2B 31 0D 2B"));
+  EXPECT_THAT(stage.Play("forget\nexpect wire 2B"), HasSubstr("on the wire: nothing"));
+}
+
+TEST(Run, UsbCallsAreComparedWithoutTheEnumeration) {
+  CNotedStage stage;
+  stage.usbCalls = {"SI_GetNumDevices() = 0, 1", "SI_Open(0) = 0, #1", "SI_Close(#1) = 0"};
+  EXPECT_EQ(stage.Play("expect usb:\n| SI_Open(0) = 0, #1\n| SI_Close(#1) = 0\n"), "");
+  EXPECT_THAT(stage.Play("expect usb all:\n| SI_Open(0) = 0, #1"),
+              HasSubstr("seen:     SI_GetNumDevices() = 0, 1"));
+  EXPECT_THAT(stage.Play("expect usb:\n| x\nforget\nexpect usb:\n| y"), HasSubstr("expected: x"));
+}
+
+TEST(Run, ControlsAndWindowsAreCompared) {
+  CNotedStage stage;
+  stage.controls = {{"Cell Tag",
+                     "menu",
+                     "Call from cell",
+                     "",
+                     true,
+                     true,
+                     false,
+                     {{"Cell1 Tag", "button", "Cell1", "", false, true, false, {}}}}};
+  stage.windows = {{"Plug-in", "#32770", false, {"x"}},
+                   {"Plug-in", "#32770", true, {"Busy.", "OK"}}};
+  EXPECT_EQ(stage.Play("expect control \"Cell Tag\" enabled yes items Cell1\n"
+                       "expect control \"Cell Tag\" > Cell1 enabled no caption Cell1\n"
+                       "expect control Other missing\n"
+                       "expect window Plug-in shown:\n| Busy.\n| OK\n"
+                       "expect window Plug-in hidden\n"
+                       "expect window Other missing\n"),
+            "");
+  EXPECT_NE(stage.Play("expect control \"Cell Tag\" > Cell1 enabled yes"), "");
+  EXPECT_NE(stage.Play("expect control \"Cell Tag\" missing"), "");
+  EXPECT_NE(stage.Play("expect control Other enabled yes"), "");
+  EXPECT_NE(stage.Play("expect window Plug-in shown:\n| Busy."), "");
+  EXPECT_NE(stage.Play("expect window Plug-in missing"), "");
+}
+
+TEST(Run, EvidenceIsCompared) {
+  CNotedStage stage;
+  stage.files = {{"a", "x\n"}};
+  stage.xml = {"0"};
+  stage.registry = "3";
+  EXPECT_EQ(stage.Play("expect file a exists\nexpect file a is:\n| x\nexpect file b missing\n"
+                       "expect files:\n| a\nexpect xml a //b 0\nexpect setting LanguageNo 0\n"
+                       "expect registry HKLM\\x LoadBehavior 3\nexpect held nothing"),
+            "");
+  for (const char* line : {"expect file a missing", "expect file b exists",
+                           "expect file a is:\n| y", "expect files:\n| b", "expect xml a //b",
+                           "expect setting LanguageNo 1", "expect registry HKLM\\x LoadBehavior 2",
+                           "expect registry HKLM\\x y", "expect held:\n| Explorer"}) {
+    EXPECT_NE(stage.Play(line), "") << line;
+  }
+}
+
+TEST(Run, SettingsAreWrittenBeforeTheAddInIsMade) {
+  CNotedStage stage;
+  EXPECT_EQ(stage.Play("setting LanguageNo 2\nsetting DelayBtnEvent 5\nconnect 0"), "");
+  EXPECT_THAT(stage.notes,
+              ElementsAre("write Microsoft\\AddIns\\vex_cfg.xml", "create", "connect 0"));
+  const std::string& written = stage.files.begin()->second;
+  EXPECT_THAT(written, HasSubstr("<DebugLog>1</DebugLog><DelayBtnEvent>5</DelayBtnEvent>"));
+  EXPECT_THAT(written, HasSubstr("<LanguageNo>2</LanguageNo>"));
+}
+
+TEST(Run, OutlookEndsInTheOrderOfItsVersion) {
+  const struct {
+    int version;
+    std::vector<std::string> ending;
+  } rows[] = {
+      {11, {"close explorer", "begin shutdown", "quit event", "disconnect 0", "unload"}},
+      {14, {"close explorer", "quit event", "unload"}},
+  };
+  for (const auto& row : rows) {
+    CNotedStage stage;
+    stage.version = row.version;
+    stage.Play("settings none\nstart");
+    stage.notes.clear();
+    stage.Play("quit");
+    EXPECT_EQ(stage.notes, row.ending) << row.version;
+  }
+}
+
+TEST(Run, TicksAreCountedPollsAndHaveALimit) {
+  CNotedStage stage;
+  EXPECT_EQ(stage.Play("ticks 3"), "");
+  EXPECT_THAT(stage.notes, ElementsAre("poll", "poll", "poll"));
+  EXPECT_THAT(stage.Play("ticks 10000"), HasSubstr("does not poll"));
+}
+
+TEST(Run, WhatGoesWrongInTheMiddleOfACallIsTold) {
+  CNotedStage stage;
+  EXPECT_EQ(stage.Play("during Items.Count 3:\n| plug\n"), "");
+  EXPECT_EQ(stage.notes.back(), "plug 0001 Telephone base link 10C4 EA61");
+  EXPECT_THAT(stage.Play("during any 1:\n| expect result S_FALSE\n"),
+              HasSubstr("in the middle of it: the add-in returned S_OK"));
+}
+
+TEST(Run, TheEndChecksWhatIsHeld) {
+  CNotedStage stage;
+  CRun run(stage.Stages(), stage, stage);
+  EXPECT_TRUE(run.Finish());
+  stage.held = {"Explorer"};
+  EXPECT_FALSE(run.Finish());
+}
+
+}  // namespace
+}  // namespace quor::workbench

@@ -1,0 +1,157 @@
+#include "workbench/ui/main_window.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <functional>
+
+namespace quor::workbench {
+namespace {
+
+// One toolbar with a button (1), a menu (2) that holds a button (3), and a combo box (4).
+class CContent final : public IWindowContent {
+ public:
+  CContent() {
+    ControlFace button;
+    button.handle = 1;
+    button.caption = L"Button";
+    ControlFace menu = button;
+    menu.kind = ControlKind::Menu;
+    menu.handle = 2;
+    ControlFace combo = button;
+    combo.kind = ControlKind::ComboBox;
+    combo.handle = 4;
+    combo.entries = {L"111"};
+    combo.showsCaption = false;
+    BarFace bar;
+    bar.visible = true;
+    bar.controls = {button, menu, combo};
+    face.title = L"A window";
+    face.skin = Skin::Toolbars;
+    face.bars = {bar};
+  }
+
+  WindowFace face;
+  std::vector<std::string> done;
+  std::function<void()> onClick;
+
+  WindowFace Face() override { return face; }
+  std::vector<ControlFace> MenuItems(int) override {
+    ControlFace item;
+    item.handle = 3;
+    item.caption = L"Item";
+    return {item};
+  }
+  void ClickControl(int handle) override {
+    done.push_back("click " + std::to_string(handle));
+    if (onClick) onClick();
+  }
+  void EnterText(int handle, const std::wstring& text) override {
+    done.push_back("enter " + std::to_string(handle) + ' ' + std::to_string(text.size()));
+  }
+  void PickEntry(int handle, size_t entry) override {
+    done.push_back("pick " + std::to_string(handle) + ' ' + std::to_string(entry));
+  }
+  void SelectFolder(size_t) override {}
+  void SelectRow(size_t) override {}
+  void OpenRow(size_t) override {}
+  void PressPanelButton(int) override {}
+  void Close() override { done.push_back("close"); }
+};
+
+class MainWindow : public testing::Test {
+ protected:
+  MainWindow() : m_window(std::make_unique<CMainWindow>(m_content, WindowOptions{})) {
+    m_window->Show();
+  }
+
+  // Clicks where the painter put the control.
+  void Click(HitArea::Kind kind, int handle, std::vector<OpenPart> open = {}) {
+    UpdateWindow(m_window->Handle());
+    RECT client = {};
+    GetClientRect(m_window->Handle(), &client);
+    SceneOptions scene;
+    scene.width = static_cast<int>(client.right);
+    scene.height = static_cast<int>(client.bottom);
+    scene.open = std::move(open);
+    CCanvas canvas(scene.width, scene.height, 100);
+    for (const HitArea& hit : PaintWindow(canvas, m_content.face, scene)) {
+      if (hit.kind != kind || hit.handle != handle) continue;
+      SendMessageW(m_window->Handle(), WM_LBUTTONDOWN, 0,
+                   MAKELPARAM(hit.rect.x + hit.rect.width / 2, hit.rect.y + hit.rect.height / 2));
+      return;
+    }
+    ADD_FAILURE() << "nothing to click";
+  }
+  static void Pump() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+      TranslateMessage(&message);
+      DispatchMessageW(&message);
+    }
+  }
+
+  CContent m_content;
+  std::unique_ptr<CMainWindow> m_window;
+};
+
+TEST_F(MainWindow, HasOutlooksClassAndTitle) {
+  wchar_t text[64] = {};
+  GetClassNameW(m_window->Handle(), text, 64);
+  EXPECT_STREQ(text, L"rctrl_renwnd32");
+  GetWindowTextW(m_window->Handle(), text, 64);
+  EXPECT_STREQ(text, L"A window");
+  SendMessageW(m_window->Handle(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(m_content.done, std::vector<std::string>{"close"});
+  EXPECT_TRUE(IsWindow(m_window->Handle()));  // whether it goes is the content's decision
+}
+
+TEST_F(MainWindow, ClicksReachButtonsAndMenuItems) {
+  Click(HitArea::Kind::Button, 1);
+  Click(HitArea::Kind::Menu, 2);
+  Click(HitArea::Kind::Button, 3, {{2, m_content.MenuItems(2)}});
+  Click(HitArea::Kind::ComboArrow, 4);
+  Click(HitArea::Kind::ComboEntry, 4, {{4, {}}});
+  EXPECT_EQ(m_content.done, (std::vector<std::string>{"click 1", "click 3", "pick 4 0"}));
+}
+
+TEST_F(MainWindow, EnterInTheFieldHandsOverItsText) {
+  Click(HitArea::Kind::ComboText, 4);
+  HWND field = FindWindowExW(m_window->Handle(), nullptr, L"EDIT", nullptr);
+  ASSERT_NE(field, nullptr);
+  SetWindowTextW(field, L"55512");
+  SendMessageW(field, WM_KEYDOWN, VK_RETURN, 0);
+  Pump();
+  EXPECT_EQ(m_content.done, std::vector<std::string>{"enter 4 5"});
+  EXPECT_FALSE(IsWindow(field));
+}
+
+TEST_F(MainWindow, AnActionMayFailOrDestroyTheWindow) {
+  m_content.onClick = [] { throw CUserActionError("not now"); };
+  Click(HitArea::Kind::Button, 1);
+  m_content.onClick = [this] { m_window.reset(); };
+  Click(HitArea::Kind::Button, 1);
+  EXPECT_EQ(m_content.done.size(), 2u);
+}
+
+TEST_F(MainWindow, RendersAPngOfTheScaledSize) {
+  m_window = std::make_unique<CMainWindow>(
+      m_content, WindowOptions{.scale = 150, .width = 300, .height = 200});
+  wchar_t folder[MAX_PATH] = {};
+  GetTempPathW(MAX_PATH, folder);
+  const std::wstring path = std::wstring(folder) + L"main_window_test.png";
+  m_window->RenderToPng(path, 150);
+  unsigned char head[24] = {};
+  FILE* file = _wfopen(path.c_str(), L"rb");
+  ASSERT_NE(file, nullptr);
+  EXPECT_EQ(std::fread(head, 1, sizeof head, file), sizeof head);
+  std::fclose(file);
+  DeleteFileW(path.c_str());
+  EXPECT_EQ(std::string(reinterpret_cast<char*>(head) + 1, 3), "PNG");
+  EXPECT_EQ(head[18] * 256 + head[19], 450);
+  EXPECT_EQ(head[22] * 256 + head[23], (200 + kTitleHeight) * 150 / 100);
+  EXPECT_THROW(m_window->RenderToPng(L"Z:\\no\\such\\folder\\x.png", 100), std::runtime_error);
+}
+
+}  // namespace
+}  // namespace quor::workbench

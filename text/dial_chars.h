@@ -1,0 +1,25 @@
+#ifndef QUOR_TEXT_DIAL_CHARS_H
+#define QUOR_TEXT_DIAL_CHARS_H
+
+#include <string>
+#include <string_view>
+
+namespace quor {
+
+// The kept alphabet of dial strings: digits, "#", "*", and "F", "f" (flash), "P", "p" (pause).
+bool IsDialChar(char character) noexcept;
+bool IsPauseChar(char character) noexcept;  // F, f, P, p
+
+// Keeps the dial characters in their order and drops everything else. The source is emptied: a dial
+// string is consumed by the filter, as it is by the call request.
+std::string FilterDialChars(std::string& source);
+
+// Drops the pause and flash characters.
+std::string RemovePauseChars(std::string_view number);
+
+// Turns "f" into "F" and "p" into "P".
+std::string UpperPauseChars(std::string_view number);
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,43 @@
+#include "text/format.h"
+
+#include <cstdio>
+
+namespace quor {
+
+std::string FormatArguments(const char* format, va_list arguments) {
+  va_list measured;
+  va_copy(measured, arguments);
+#ifdef _WIN32
+  // The system's C library: the compiler's own replacement knows every floating-point format and
+  // costs 40 KB.
+  const int length = _vscprintf(format, measured);
+#else
+  const int length = std::vsnprintf(nullptr, 0, format, measured);
+#endif
+  va_end(measured);
+  if (length <= 0) {
+    return {};
+  }
+  std::string result(static_cast<size_t>(length), '\0');
+#ifdef _WIN32
+  _vsnprintf(result.data(), result.size() + 1, format, arguments);
+#else
+  std::vsnprintf(result.data(), result.size() + 1, format, arguments);
+#endif
+  return result;
+}
+
+std::string Format(const char* format, ...) {
+  va_list arguments;
+  va_start(arguments, format);
+  std::string result = FormatArguments(format, arguments);
+  va_end(arguments);
+  return result;
+}
+
+std::wstring DecimalText(long long number) {
+  const std::string digits = std::to_string(number);
+  return {digits.begin(), digits.end()};
+}
+
+}  // namespace quor

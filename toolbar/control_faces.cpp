@@ -1,0 +1,104 @@
+#include "toolbar/control_faces.h"
+
+#include "resources/resource_ids.h"
+#include "telephone/caller_list.h"
+#include "telephone/control_state.h"
+#include "telephone/line_states.h"
+#include "telephone/string_ids.h"
+
+namespace quor {
+
+namespace {
+
+constexpr int kTelNumberTypes = 12;
+
+int CaptionText(const TelephoneState& state, int control, bool withAnswer) noexcept {
+  switch (control) {
+    case kDialBoxControl:
+      return IDS_DIAL_NUMBER;
+    case kLine1Control:
+      return GetLineCaption(state, kLine1Button, withAnswer);
+    case kLine2Control:
+      return GetLineCaption(state, kLine2Button, withAnswer);
+    case kCallerListControl:
+      return IDS_CALLER_LIST;
+    case kCallFromCellControl:
+      return GetLineCaption(state, kCellButton, withAnswer);
+    case kSpeedDialControl:
+      return IDS_SPEED_DIAL;
+    case kOptionsControl:
+      return IDS_OPTIONS;
+    default:
+      return kNoText;
+  }
+}
+
+}  // namespace
+
+std::wstring MenuCaption(std::wstring_view name) {
+  std::wstring caption;
+  for (const wchar_t character : CallerCaption(name)) {
+    caption += character;
+    if (character == L'&') caption += character;
+  }
+  return caption;
+}
+
+std::wstring CControlFaces::Caption(int control, bool withAnswer) const {
+  const int text = CaptionText(m_state, control, withAnswer);
+  return text == kNoText ? std::wstring() : m_texts.Text(text);
+}
+
+bool CControlFaces::IsEnabled(int control, bool withAnswer) const noexcept {
+  return IsControlEnabled(m_state, control, withAnswer);
+}
+
+bool CControlFaces::IsRinging() const noexcept {
+  return IsAnswerable(m_state);
+}
+
+ItemFace CControlFaces::Cell(size_t cell) const {
+  if (cell >= kCellCount) return {};
+  const int number = static_cast<int>(cell);
+  return {m_texts.Text(IDS_MENU_CELL1 + number), IsCellItemEnabled(m_state, number), true};
+}
+
+ItemFace CControlFaces::Caller(size_t entry) const {
+  const auto& list = m_configuration.callerLists;
+  if (entry >= list.size() || entry >= kCallerListLimit) return {};
+  return {MenuCaption(list[entry].name), true, true};
+}
+
+bool CControlFaces::IsInUse(size_t speedDialEntry) const noexcept {
+  const auto& list = m_configuration.speedDials;
+  return speedDialEntry < list.size() && !list[speedDialEntry].number.empty();
+}
+
+ItemFace CControlFaces::SpeedDial(size_t entry) const {
+  if (entry >= kSpeedDialCount) return {};
+  if (!IsInUse(entry)) return {m_texts.Text(IDS_NO_ENTRY), true, true};
+  const SpeedDialEntry& used = m_configuration.speedDials[entry];
+  return {MenuCaption(used.name.empty() ? used.number : used.name), true, true};
+}
+
+ItemFace CControlFaces::SpeedDial(size_t entry, SpeedDialAction action) const {
+  if (entry >= kSpeedDialCount) return {};
+  constexpr int kActions[] = {IDS_SPEED_DIAL_CALL, IDS_SPEED_DIAL_ADD, IDS_SPEED_DIAL_EDIT,
+                              IDS_SPEED_DIAL_ERASE};
+  const bool fits = IsInUse(entry) != (action == SpeedDialAction::Add);
+  return {m_texts.Text(kActions[static_cast<size_t>(action)]), fits, fits};
+}
+
+ItemFace CControlFaces::ContactNumber(int telNumberType, std::wstring_view number) const {
+  if (telNumberType < 1 || telNumberType > kTelNumberTypes) return {};
+  std::wstring caption = m_texts.Text(IDS_NUMBER_KIND + telNumberType);
+  if (number.empty()) return {caption, false, false};
+  return {caption + L": " + MenuCaption(number), true, true};
+}
+
+std::wstring CControlFaces::DialListItem(size_t entry) const {
+  const auto& list = m_configuration.histories;
+  return entry < list.size() ? list[entry].name : std::wstring();
+}
+
+}  // namespace quor

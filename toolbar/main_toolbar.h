@@ -1,0 +1,64 @@
+#ifndef QUOR_TOOLBAR_MAIN_TOOLBAR_H
+#define QUOR_TOOLBAR_MAIN_TOOLBAR_H
+
+#include <cstdint>
+#include <string_view>
+
+#include "outlook/object_model.h"
+#include "toolbar/command_bar_toolbar.h"
+#include "toolbar/picture_loader.h"
+#include "toolbar/ribbon.h"
+
+namespace quor {
+
+// The telephone in Outlook's main window: a command bar before version 14, the ribbon from then on.
+// Both ask for what they show, so that a redraw is the same request to either. A redraw that fails
+// is logged; nothing throws but ClearDialList and DeleteBar.
+class CMainToolbar {
+ public:
+  // All must outlive the toolbar.
+  CMainToolbar(const IFaceSource& source, IToolbarActions& actions, IContactRibbon& contacts,
+               const CResourceLoader& resources, CDiagnosticLog& log) noexcept;
+  CMainToolbar(const CMainToolbar&) = delete;
+  CMainToolbar& operator=(const CMainToolbar&) = delete;
+
+  // Makes the command bar if this version of Outlook has them. The failure is that of the
+  // object-model call that failed.
+  HRESULT Create(const CExplorer& explorer, int32_t appVersion,
+                 const ToolBarRecord& place) noexcept;
+  CRibbon& Ribbon() noexcept { return m_ribbon; }
+
+  void SetToolBarState() noexcept;
+  void DisableControls() noexcept;
+
+  void PutHistory() noexcept;
+  void PutCallFromCellButton() noexcept;
+  void PutCallerList() noexcept;
+  void PutSpeedDialButton() noexcept;
+  void DisableOtherCellItems(int cell) noexcept;
+  void SetDialText(std::wstring_view text) noexcept;
+
+  // Throws _com_error when the dial box refuses.
+  void ClearDialList() { m_bar.ClearDialList(); }
+
+  void SavePlace(ToolBarRecord& place) noexcept { m_bar.SavePlace(place); }
+  // Disconnects the command bar's sinks.
+  void Disconnect() noexcept { m_bar.Unadvise(); }
+  // Takes the command bar out of Outlook. Throws _com_error when Outlook refuses.
+  void DeleteBar() { m_bar.Delete(); }
+  // Lets go of the command bar, its controls and their sinks.
+  void ReleaseBar() noexcept { m_bar.Release(); }
+  // Lets go of the ribbons and of the pictures made for them.
+  void ReleaseRibbon() noexcept;
+
+ private:
+  CDiagnosticLog& m_log;
+  const CResourceLoader& m_resources;
+  CPictureLoader m_pictures;
+  CCommandBarToolbar m_bar;
+  CRibbon m_ribbon;
+};
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,101 @@
+#include "toolbar/ribbon_control.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace quor {
+namespace {
+
+// Views whose name begins with another's come before it.
+constexpr std::wstring_view kViews[] = {
+    L"Mail", L"CalendarTableView", L"Calendar", L"Contacts", L"Tasks", L"Notes", L"Journals"};
+
+struct Function {
+  std::wstring_view name;
+  RibbonFunction function;
+};
+
+constexpr Function kFunctions[] = {
+    {L"ComboDial", RibbonFunction::DialBox},
+    {L"CustomButtonLine1", RibbonFunction::Line1},
+    {L"CustomButtonLine2", RibbonFunction::Line2},
+    {L"CustomMenuCallFromCell", RibbonFunction::CellMenu},
+    {L"CallFromCell", RibbonFunction::CellMenu},
+    {L"CustomMenuCallerList", RibbonFunction::CallerMenu},
+    {L"CustomMenuSpeedDial", RibbonFunction::SpeedDialMenu},
+    {L"SpeedDial", RibbonFunction::SpeedDialMenu},
+    {L"CustomButtonOption", RibbonFunction::Options},
+};
+
+constexpr Function kContactFunctions[] = {
+    {L"ContactGroup", RibbonFunction::ContactGroup},
+    {L"CustomMenuDialNum", RibbonFunction::ContactMenu},
+    {L"CustomButtonLine1C", RibbonFunction::ContactLine1},
+    {L"CustomButtonLine2C", RibbonFunction::ContactLine2},
+    {L"CustomMenuCallFromCellC", RibbonFunction::CellMenu},
+};
+
+struct Items {
+  std::wstring_view name;  // followed by one digit
+  size_t count;
+  RibbonFunction function;
+  SpeedDialAction action = SpeedDialAction::Call;
+};
+
+constexpr Items kItems[] = {
+    {L"Cell", 4, RibbonFunction::Cell},
+    {L"CallerList", 10, RibbonFunction::Caller},
+    {L"SpeedDialMenu", 10, RibbonFunction::SpeedDialEntry},
+    {L"SpeedDialC", 10, RibbonFunction::SpeedDialItem, SpeedDialAction::Call},
+    {L"SpeedDialA", 10, RibbonFunction::SpeedDialItem, SpeedDialAction::Add},
+    {L"SpeedDialU", 10, RibbonFunction::SpeedDialItem, SpeedDialAction::Edit},
+    {L"SpeedDialR", 10, RibbonFunction::SpeedDialItem, SpeedDialAction::Erase},
+};
+
+// In the order of telNumberType 1 to 12.
+constexpr std::wstring_view kNumberKinds[] = {L"Assistant", L"Business", L"Business2", L"Callback",
+                                              L"Car",       L"Company",  L"Home",      L"Home2",
+                                              L"ISDN",      L"Mobile",   L"Other",     L"Primary"};
+
+RibbonControl FromFunction(std::wstring_view name, const Function* begin,
+                           const Function* end) noexcept {
+  const Function* found = std::ranges::find(begin, end, name, &Function::name);
+  return found == end ? RibbonControl{} : RibbonControl{found->function};
+}
+
+RibbonControl FromItem(std::wstring_view name) noexcept {
+  if (name.empty() || name.back() < L'0' || name.back() > L'9') return {};
+  const auto index = static_cast<size_t>(name.back() - L'0');
+  name.remove_suffix(1);
+  const auto* found = std::ranges::find(kItems, name, &Items::name);
+  if (found == std::end(kItems) || index >= found->count) return {};
+  return {found->function, index, found->action};
+}
+
+RibbonControl FromNumberKind(std::wstring_view id) noexcept {
+  constexpr std::wstring_view kPrefix = L"Menu";
+  if (!id.starts_with(kPrefix)) return {};
+  const auto* found = std::ranges::find(kNumberKinds, id.substr(kPrefix.size()));
+  if (found == std::end(kNumberKinds)) return {};
+  return {RibbonFunction::ContactNumber, static_cast<size_t>(found - kNumberKinds) + 1};
+}
+
+RibbonControl FromContactId(std::wstring_view id) noexcept {
+  const RibbonControl control =
+      FromFunction(id, std::begin(kContactFunctions), std::end(kContactFunctions));
+  return control.function == RibbonFunction::None ? FromNumberKind(id) : control;
+}
+
+}  // namespace
+
+RibbonControl RibbonControlFromId(std::wstring_view id) noexcept {
+  const auto* view = std::ranges::find_if(
+      kViews, [id](std::wstring_view candidate) { return id.starts_with(candidate); });
+  if (view == std::end(kViews)) return FromContactId(id);
+  const std::wstring_view name = id.substr(view->size());
+  const RibbonControl control = FromFunction(name, std::begin(kFunctions), std::end(kFunctions));
+  return control.function == RibbonFunction::None ? FromItem(name) : control;
+}
+
+}  // namespace quor

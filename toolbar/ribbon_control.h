@@ -1,0 +1,47 @@
+#ifndef QUOR_TOOLBAR_RIBBON_CONTROL_H
+#define QUOR_TOOLBAR_RIBBON_CONTROL_H
+
+#include <cstddef>
+#include <string_view>
+
+#include "toolbar/toolbar_actions.h"
+
+namespace quor {
+
+// What a control of the ribbon is for.
+enum class RibbonFunction {
+  None,  // not a control of ours
+  DialBox,
+  Line1,
+  Line2,
+  CellMenu,
+  Cell,
+  CallerMenu,
+  Caller,
+  SpeedDialMenu,
+  SpeedDialEntry,
+  SpeedDialItem,
+  Options,
+  ContactGroup,
+  ContactMenu,
+  ContactNumber,
+  ContactLine1,
+  ContactLine2,
+};
+
+struct RibbonControl {
+  RibbonFunction function = RibbonFunction::None;
+  size_t index = 0;  // of an item, from 0; of a contact's number, telNumberType 1 to 12
+  SpeedDialAction action = SpeedDialAction::Call;  // of a speed-dial item
+
+  bool operator==(const RibbonControl&) const = default;
+};
+
+// Reads a control's id: a folder view and a function ("JournalsCustomButtonOption"), an item of a
+// menu ("MailSpeedDialC7"), or a control of contact windows ("MenuHome2"). Takes both the short ids
+// of the calendar's table view, which its document has, and the long ones.
+RibbonControl RibbonControlFromId(std::wstring_view id) noexcept;
+
+}  // namespace quor
+
+#endif

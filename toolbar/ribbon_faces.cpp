@@ -1,0 +1,99 @@
+#include "toolbar/ribbon_faces.h"
+
+#include <algorithm>
+#include <array>
+
+#include "resources/resource_ids.h"
+#include "telephone/control_state.h"
+
+namespace quor {
+namespace {
+
+constexpr bool kWithAnswer = true;
+
+ItemFace ControlFace(const CControlFaces& faces, int control) {
+  return {faces.Caption(control, kWithAnswer), faces.IsEnabled(control, kWithAnswer), true};
+}
+
+// As the dial box: whoever may dial may dial a contact.
+ItemFace ContactMenuFace(const CControlFaces& faces) {
+  return ControlFace(faces, kDialBoxControl);
+}
+
+}  // namespace
+
+ItemFace RibbonFace(const CControlFaces& faces, const RibbonControl& control,
+                    std::wstring_view contactNumber) {
+  switch (control.function) {
+    case RibbonFunction::None:
+      return {};
+    case RibbonFunction::DialBox:
+      return ControlFace(faces, kDialBoxControl);
+    case RibbonFunction::Line1:
+    case RibbonFunction::ContactLine1:
+      return ControlFace(faces, kLine1Control);
+    case RibbonFunction::Line2:
+    case RibbonFunction::ContactLine2:
+      return ControlFace(faces, kLine2Control);
+    case RibbonFunction::CellMenu:
+      return ControlFace(faces, kCallFromCellControl);
+    case RibbonFunction::Cell:
+      return faces.Cell(control.index);
+    case RibbonFunction::CallerMenu:
+      return ControlFace(faces, kCallerListControl);
+    case RibbonFunction::Caller:
+      return faces.Caller(control.index);
+    case RibbonFunction::SpeedDialMenu:
+      return ControlFace(faces, kSpeedDialControl);
+    case RibbonFunction::SpeedDialEntry:
+      return faces.SpeedDial(control.index);
+    case RibbonFunction::SpeedDialItem:
+      return faces.SpeedDial(control.index, control.action);
+    case RibbonFunction::Options:
+      return ControlFace(faces, kOptionsControl);
+    case RibbonFunction::ContactGroup:
+      return {faces.Text(IDS_PRODUCT_NAME), true, true};
+    case RibbonFunction::ContactMenu:
+      return ContactMenuFace(faces);
+    case RibbonFunction::ContactNumber:
+      return faces.ContactNumber(static_cast<int>(control.index), contactNumber);
+  }
+  return {};
+}
+
+int RibbonPicture(RibbonFunction function) noexcept {
+  switch (function) {
+    case RibbonFunction::DialBox:
+      return IDP_DIAL;
+    case RibbonFunction::Line1:
+    case RibbonFunction::ContactLine1:
+      return IDP_LINE1;
+    case RibbonFunction::Line2:
+    case RibbonFunction::ContactLine2:
+      return IDP_LINE2;
+    case RibbonFunction::CellMenu:
+      return IDP_CELL;
+    case RibbonFunction::CallerMenu:
+      return IDP_CALLER_LIST;
+    case RibbonFunction::SpeedDialMenu:
+      return IDP_SPEED_DIAL;
+    case RibbonFunction::Options:
+      return IDP_OPTIONS;
+    case RibbonFunction::ContactGroup:
+    case RibbonFunction::ContactMenu:
+      return IDP_CONTACT;
+    default:
+      return 0;
+  }
+}
+
+int PictureForScreen(int picture, int dotsPerInch) noexcept {
+  constexpr std::array<int, 4> kSizes = {16, 24, 32, 48};
+  constexpr int kBaseDotsPerInch = 96;
+  const int wanted = kSizes.front() * dotsPerInch / kBaseDotsPerInch;
+  const auto* found = std::ranges::find_if(kSizes, [wanted](int size) { return size >= wanted; });
+  const auto step = std::min(found - kSizes.begin(), std::ssize(kSizes) - 1);
+  return picture + static_cast<int>(step) * IDP_SIZE_STEP;
+}
+
+}  // namespace quor

@@ -1,0 +1,26 @@
+#ifndef QUOR_TOOLBAR_RIBBON_FACES_H
+#define QUOR_TOOLBAR_RIBBON_FACES_H
+
+#include <string_view>
+
+#include "toolbar/control_faces.h"
+#include "toolbar/ribbon_control.h"
+
+namespace quor {
+
+// What a control of the ribbon shows: enabled and answering as a ringing line would have it, since
+// there every line button may answer. `contactNumber` is the number behind a contact's menu item.
+// A control that is not ours shows nothing.
+ItemFace RibbonFace(const CControlFaces& faces, const RibbonControl& control,
+                    std::wstring_view contactNumber);
+
+// The number of its 16-pixel picture; 0 when it has none.
+int RibbonPicture(RibbonFunction function) noexcept;
+
+// The number of a picture in the size that fits the screen best: never smaller than 16 pixels at 96
+// dots per inch would be there, as long as there is one.
+int PictureForScreen(int picture, int dotsPerInch) noexcept;
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,171 @@
+#include "workbench/commandbars/button.h"
+
+#include "workbench/commandbars/command_bar.h"
+
+namespace quor::workbench {
+
+CCommandBarButton::CCommandBarButton(CModel& model, std::shared_ptr<CControlRegistry> registry,
+                                     CCommandBar& bar)
+    : CCommandBarControl(model, Members(), Events(), std::move(registry), bar, mso::kButton) {}
+
+void CCommandBarButton::OnGone() noexcept {
+  m_picture.Reset();
+  m_mask.Reset();
+  CCommandBarControl::OnGone();
+}
+
+ControlFace CCommandBarButton::Face() const {
+  ControlFace face = CCommandBarControl::Face();
+  face.kind = ControlKind::Button;
+  face.hasPicture = static_cast<bool>(m_picture) || m_faceId != 0;
+  face.hasMask = static_cast<bool>(m_mask);
+  face.picture = m_style == mso::kCaption || m_style == mso::kWrapCaption ? nullptr : m_pixels;
+  face.showsCaption = m_style == mso::kAutomatic ? !face.hasPicture : m_style != mso::kIcon;
+  face.pressed = m_state == mso::kButtonDown;
+  return face;
+}
+
+void CCommandBarButton::Activate() {
+  RequireAlive();
+  const CModelPtr<CCommandBarControl> self(this);
+  for (const auto& twin : Twins()) {
+    if (!twin->IsDeleted()) twin->FireCancellable(mso::kClick, {static_cast<IDispatch*>(this)});
+  }
+}
+
+bool CCommandBarButton::BuiltInFace() const {
+  RequireAlive();
+  return !m_picture;
+}
+
+void CCommandBarButton::SetBuiltInFace(const CArguments& arguments) {
+  RequireAlive();
+  if (!arguments.Bool(0)) return;
+  m_picture.Reset();
+  m_mask.Reset();
+  ComposeFace();
+}
+
+long CCommandBarButton::FaceId() const {
+  RequireAlive();
+  return m_faceId;
+}
+
+void CCommandBarButton::SetFaceId(const CArguments& arguments) {
+  RequireAlive();
+  m_faceId = arguments.Long(0);
+  m_picture.Reset();
+  m_mask.Reset();
+  ComposeFace();
+}
+
+void CCommandBarButton::PasteFace() {
+  RequireAlive();
+  PicturePtr pasted = PictureFromClipboard();
+  if (!pasted) throw CModelError(E_FAIL, "There is no picture on the clipboard.");
+  m_picture = std::move(pasted);
+  m_mask.Reset();
+  ComposeFace();
+}
+
+std::wstring CCommandBarButton::ShortcutText() const {
+  RequireAlive();
+  return m_shortcut;
+}
+
+void CCommandBarButton::SetShortcutText(const CArguments& arguments) {
+  RequireAlive();
+  m_shortcut = arguments.Text(0);
+}
+
+long CCommandBarButton::State() const {
+  RequireAlive();
+  return m_state;
+}
+
+void CCommandBarButton::SetState(const CArguments& arguments) {
+  RequireAlive();
+  const long state = arguments.Long(0);
+  if (state < mso::kButtonDown || state > 2 || state == 1) throw CModelError(E_INVALIDARG);
+  m_state = state;
+  Bar()->Changed();
+}
+
+long CCommandBarButton::Style() const {
+  RequireAlive();
+  return m_style;
+}
+
+void CCommandBarButton::SetStyle(const CArguments& arguments) {
+  RequireAlive();
+  const long style = arguments.Long(0);
+  switch (style) {
+    case mso::kAutomatic:
+    case mso::kIcon:
+    case mso::kCaption:
+    case mso::kIconAndCaption:
+    case mso::kIconAndWrapCaption:
+    case mso::kIconAndCaptionBelow:
+    case mso::kWrapCaption:
+    case mso::kIconAndWrapCaptionBelow:
+      m_style = style;
+      break;
+    default:
+      throw CModelError(E_INVALIDARG);
+  }
+  Bar()->Changed();
+}
+
+IDispatch* CCommandBarButton::Picture() const {
+  RequireAlive();
+  return m_picture.Get();
+}
+
+void CCommandBarButton::SetPicture(const CArguments& arguments) {
+  RequireAlive();
+  m_picture = BitmapPicture(arguments.Object(0));
+  if (!m_picture) m_mask.Reset();
+  ComposeFace();
+}
+
+IDispatch* CCommandBarButton::Mask() const {
+  RequireAlive();
+  return m_mask.Get();
+}
+
+void CCommandBarButton::SetMask(const CArguments& arguments) {
+  RequireAlive();
+  if (!m_picture) throw CModelError(E_FAIL, "There is no picture that could be masked.");
+  m_mask = BitmapPicture(arguments.Object(0));
+  ComposeFace();
+}
+
+void CCommandBarButton::ComposeFace() {
+  m_pixels = m_picture ? MaskedPixels(m_picture.Get(), m_mask.Get()) : nullptr;
+  Bar()->Changed();
+}
+
+const EventTable& CCommandBarButton::Events() {
+  static const EventTable table{{{mso::kButtonEventsId, "CommandBarButtonEvents"}},
+                                {{mso::kClick, "Click"}}};
+  return table;
+}
+
+const CMemberTable& CCommandBarButton::Members() {
+  using Self = CCommandBarButton;
+  static const CMemberTable table(
+      "CommandBarButton", {mso::kButtonId}, &ControlMembers(),
+      {Get<&Self::BuiltInFace>(L"BuiltInFace", 0x60050000),
+       Put<&Self::SetBuiltInFace>(L"BuiltInFace", 0x60050000),
+       Get<&Self::FaceId>(L"FaceId", 0x60050003), Put<&Self::SetFaceId>(L"FaceId", 0x60050003),
+       Method<&Self::PasteFace>(L"PasteFace", 0x60050005),
+       Get<&Self::ShortcutText>(L"ShortcutText", 0x60050006),
+       Put<&Self::SetShortcutText>(L"ShortcutText", 0x60050006),
+       Get<&Self::State>(L"State", 0x60050008), Put<&Self::SetState>(L"State", 0x60050008),
+       Get<&Self::Style>(L"Style", 0x6005000A), Put<&Self::SetStyle>(L"Style", 0x6005000A),
+       Get<&Self::Picture>(L"Picture", 0x6005000E), Put<&Self::SetPicture>(L"Picture", 0x6005000E),
+       Get<&Self::Mask>(L"Mask", 0x60050010), Put<&Self::SetMask>(L"Mask", 0x60050010)});
+  return table;
+}
+
+}  // namespace quor::workbench

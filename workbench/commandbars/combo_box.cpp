@@ -1,0 +1,198 @@
+#include "workbench/commandbars/combo_box.h"
+
+#include <algorithm>
+
+#include "workbench/commandbars/command_bar.h"
+
+namespace quor::workbench {
+namespace {
+
+constexpr DISPID kDropDownLines = 0x60050002;
+constexpr DISPID kDropDownWidth = 0x60050004;
+constexpr DISPID kListHeaderCount = 0x60050009;
+constexpr DISPID kStyle = 0x6005000E;
+constexpr long kStyleLabel = 1;
+
+}  // namespace
+
+CCommandBarComboBox::CCommandBarComboBox(CModel& model, std::shared_ptr<CControlRegistry> registry,
+                                         CCommandBar& bar, long type)
+    : CCommandBarControl(model, Members(), Events(), std::move(registry), bar, type) {}
+
+ControlFace CCommandBarComboBox::Face() const {
+  ControlFace face = CCommandBarControl::Face();
+  face.kind = TypeNumber() == mso::kEdit       ? ControlKind::Edit
+              : TypeNumber() == mso::kDropdown ? ControlKind::DropDown
+                                               : ControlKind::ComboBox;
+  face.text = m_text;
+  face.entries = m_entries;
+  face.showsCaption = m_style == kStyleLabel;
+  return face;
+}
+
+void CCommandBarComboBox::EnterText(const std::wstring& text) {
+  m_text = text;
+  FollowText();
+  RaiseChange();
+}
+
+void CCommandBarComboBox::Pick(size_t entry) {
+  m_text = m_entries.at(entry);
+  m_listIndex = static_cast<long>(entry) + 1;
+  RaiseChange();
+}
+
+void CCommandBarComboBox::FollowText() {
+  const auto found = std::find(m_entries.begin(), m_entries.end(), m_text);
+  m_listIndex = found == m_entries.end() ? 0 : static_cast<long>(found - m_entries.begin()) + 1;
+}
+
+void CCommandBarComboBox::RaiseChange() {
+  Bar()->Changed();
+  const CModelPtr<CCommandBarControl> self(this);
+  for (const auto& twin : Twins()) {
+    if (!twin->IsDeleted()) twin->Fire(mso::kChange, {static_cast<IDispatch*>(this)});
+  }
+}
+
+size_t CCommandBarComboBox::EntryFromOne(const CArguments& arguments, UINT index) const {
+  const long entry = arguments.Long(index);
+  if (entry < 1 || static_cast<size_t>(entry) > m_entries.size()) throw CModelError(E_INVALIDARG);
+  return static_cast<size_t>(entry) - 1;
+}
+
+void CCommandBarComboBox::AddItem(const CArguments& arguments) {
+  RequireAlive();
+  const std::wstring text = arguments.Text(0);
+  const size_t count = m_entries.size();
+  const long before = arguments.LongOr(1, static_cast<long>(count) + 1);
+  if (before < 1 || static_cast<size_t>(before) > count + 1) throw CModelError(E_INVALIDARG);
+  m_entries.insert(m_entries.begin() + (before - 1), text);
+  if (m_listIndex >= before) ++m_listIndex;
+  Bar()->Changed();
+}
+
+void CCommandBarComboBox::Clear() {
+  RequireAlive();
+  m_entries.clear();
+  m_listIndex = 0;
+  Bar()->Changed();
+}
+
+void CCommandBarComboBox::RemoveItem(const CArguments& arguments) {
+  RequireAlive();
+  const auto entry = static_cast<long>(EntryFromOne(arguments, 0));
+  m_entries.erase(m_entries.begin() + entry);
+  FollowText();
+  Bar()->Changed();
+}
+
+std::wstring CCommandBarComboBox::List(const CArguments& arguments) const {
+  RequireAlive();
+  return m_entries[EntryFromOne(arguments, 0)];
+}
+
+void CCommandBarComboBox::SetList(const CArguments& arguments) {
+  RequireAlive();
+  m_entries[EntryFromOne(arguments, 0)] = arguments.Text(1);
+  Bar()->Changed();
+}
+
+long CCommandBarComboBox::ListCount() const {
+  RequireAlive();
+  return static_cast<long>(m_entries.size());
+}
+
+long CCommandBarComboBox::ListIndex() const {
+  RequireAlive();
+  return m_listIndex;
+}
+
+// Counts as the user's choice, so the sinks hear of it.
+void CCommandBarComboBox::SetListIndex(const CArguments& arguments) {
+  RequireAlive();
+  if (arguments.Long(0) == 0) {
+    m_listIndex = 0;
+    return;
+  }
+  Pick(EntryFromOne(arguments, 0));
+}
+
+std::wstring CCommandBarComboBox::Text() const {
+  RequireAlive();
+  return m_text;
+}
+
+void CCommandBarComboBox::SetText(const CArguments& arguments) {
+  RequireAlive();
+  m_text = arguments.Text(0);
+  FollowText();
+  Bar()->Changed();
+}
+
+CValue CCommandBarComboBox::ReadNumber(const CArguments& arguments) const {
+  RequireAlive();
+  switch (arguments.Member()) {
+    case kDropDownLines:
+      return m_dropDownLines;
+    case kDropDownWidth:
+      return m_dropDownWidth;
+    case kListHeaderCount:
+      return m_headerCount;
+    default:
+      return m_style;
+  }
+}
+
+void CCommandBarComboBox::WriteNumber(const CArguments& arguments) {
+  RequireAlive();
+  const long number = arguments.Long(0);
+  const bool isStyle = arguments.Member() == kStyle;
+  if (number < (isStyle ? 0 : -1) || (isStyle && number > kStyleLabel)) {
+    throw CModelError(E_INVALIDARG);
+  }
+  switch (arguments.Member()) {
+    case kDropDownLines:
+      m_dropDownLines = number;
+      break;
+    case kDropDownWidth:
+      m_dropDownWidth = number;
+      break;
+    case kListHeaderCount:
+      m_headerCount = number;
+      break;
+    default:
+      m_style = number;
+      break;
+  }
+  Bar()->Changed();
+}
+
+const EventTable& CCommandBarComboBox::Events() {
+  static const EventTable table{{{mso::kComboBoxEventsId, "CommandBarComboBoxEvents"}},
+                                {{mso::kChange, "Change"}}};
+  return table;
+}
+
+const CMemberTable& CCommandBarComboBox::Members() {
+  using Self = CCommandBarComboBox;
+  constexpr auto kRead = &Self::ReadNumber;
+  constexpr auto kWrite = &Self::WriteNumber;
+  static const CMemberTable table(
+      "CommandBarComboBox", {mso::kComboBoxId}, &ControlMembers(),
+      {Method<&Self::AddItem>(L"AddItem", 0x60050000, 1, 2),
+       Method<&Self::Clear>(L"Clear", 0x60050001), Get<kRead>(L"DropDownLines", kDropDownLines),
+       Put<kWrite>(L"DropDownLines", kDropDownLines), Get<kRead>(L"DropDownWidth", kDropDownWidth),
+       Put<kWrite>(L"DropDownWidth", kDropDownWidth), Get<&Self::List>(L"List", 0x60050006, 1),
+       Put<&Self::SetList>(L"List", 0x60050006, 1), Get<&Self::ListCount>(L"ListCount", 0x60050008),
+       Get<kRead>(L"ListHeaderCount", kListHeaderCount),
+       Put<kWrite>(L"ListHeaderCount", kListHeaderCount),
+       Get<&Self::ListIndex>(L"ListIndex", 0x6005000B),
+       Put<&Self::SetListIndex>(L"ListIndex", 0x6005000B),
+       Method<&Self::RemoveItem>(L"RemoveItem", 0x6005000D, 1), Get<kRead>(L"Style", kStyle),
+       Put<kWrite>(L"Style", kStyle), Get<&Self::Text>(L"Text", 0x60050010),
+       Put<&Self::SetText>(L"Text", 0x60050010)});
+  return table;
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,52 @@
+#ifndef QUOR_WORKBENCH_COMMANDBARS_COMBO_BOX_H
+#define QUOR_WORKBENCH_COMMANDBARS_COMBO_BOX_H
+
+#include "workbench/commandbars/control.h"
+
+namespace quor::workbench {
+
+// A combo box, and with the same members an edit box or a drop-down list.
+class CCommandBarComboBox final : public CCommandBarControl {
+ public:
+  CCommandBarComboBox(CModel& model, std::shared_ptr<CControlRegistry> registry, CCommandBar& bar,
+                      long type);
+
+  ControlFace Face() const override;
+  // What the user does: types and presses Enter, or picks an entry (from 0). Raise Change at every
+  // sink of the combo boxes with the same id and tag.
+  void EnterText(const std::wstring& text);
+  void Pick(size_t entry);
+
+ private:
+  static const CMemberTable& Members();
+  static const EventTable& Events();
+
+  void AddItem(const CArguments& arguments);
+  void Clear();
+  void RemoveItem(const CArguments& arguments);
+  std::wstring List(const CArguments& arguments) const;
+  void SetList(const CArguments& arguments);
+  long ListCount() const;
+  long ListIndex() const;
+  void SetListIndex(const CArguments& arguments);
+  std::wstring Text() const;
+  void SetText(const CArguments& arguments);
+  CValue ReadNumber(const CArguments& arguments) const;
+  void WriteNumber(const CArguments& arguments);
+
+  size_t EntryFromOne(const CArguments& arguments, UINT index) const;
+  void FollowText();
+  void RaiseChange();
+
+  std::vector<std::wstring> m_entries;
+  std::wstring m_text;
+  long m_listIndex = 0;  // from 1; 0: none
+  long m_dropDownLines = 0;
+  long m_dropDownWidth = 0;
+  long m_headerCount = -1;
+  long m_style = 0;
+};
+
+}  // namespace quor::workbench
+
+#endif

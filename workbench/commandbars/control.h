@@ -1,0 +1,95 @@
+#ifndef QUOR_WORKBENCH_COMMANDBARS_CONTROL_H
+#define QUOR_WORKBENCH_COMMANDBARS_CONTROL_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "workbench/commandbars/control_registry.h"
+#include "workbench/commandbars/mso.h"
+#include "workbench/office/event_source.h"
+#include "workbench/ui/face.h"
+
+namespace quor::workbench {
+
+class CCommandBar;
+
+// What FindControl looks for; a missing criterion matches everything.
+struct ControlQuery {
+  std::optional<long> type;
+  std::optional<long> id;
+  std::optional<std::wstring> tag;
+  bool visibleOnly = false;
+  bool recursive = true;
+
+  // Type, Id, Tag, Visible and, for a bar's own FindControl, Recursive.
+  static ControlQuery FromArguments(const CArguments& arguments, bool recursiveByDefault);
+};
+
+// Settings that every control has.
+struct ControlSettings {
+  std::wstring caption;
+  std::wstring tag;
+  std::wstring description;
+  std::wstring tooltip;
+  std::wstring onAction;
+  std::wstring parameter;
+  long id = mso::kCustomControl;
+  bool enabled = true;
+  bool visible = true;
+  bool beginGroup = false;
+  bool temporary = false;
+  long priority = 3;
+  long width = 0;  // 0: as wide as it needs
+  long height = 0;
+};
+
+// The base of button, combo box and popup. Belongs to a bar until it is deleted; afterwards every
+// member fails with E_FAIL and no event reaches its sinks.
+class CCommandBarControl : public CEventSource {
+ public:
+  std::string ObjectName() const override;
+
+  ControlSettings settings;
+  long TypeNumber() const noexcept { return m_type; }
+  int Instance() const noexcept { return m_instance; }
+  bool IsDeleted() const noexcept { return m_bar == nullptr; }
+  CCommandBar* Bar() const noexcept { return m_bar; }
+  bool Matches(const ControlQuery& query) const;
+  // The control and all that it stands in are enabled and on the screen; the reason if not.
+  const char* WhyOutOfReach() const noexcept;
+
+  virtual ControlFace Face() const;
+  virtual CCommandBar* Menu() const noexcept { return nullptr; }  // of a popup
+  virtual void Activate() {}                                      // clicked, or Execute
+  virtual void Detach() noexcept;                                 // deleted, or its bar is gone
+
+ protected:
+  CCommandBarControl(CModel& model, const CMemberTable& members, const EventTable& events,
+                     std::shared_ptr<CControlRegistry> registry, CCommandBar& bar, long type);
+  void OnGone() noexcept override;
+
+  static const CMemberTable& ControlMembers();
+  void RequireAlive() const;
+  // Live controls whose sinks hear of an event of this one, itself among them.
+  std::vector<CModelPtr<CCommandBarControl>> Twins();
+
+ private:
+  IDispatch* Application() const;
+  IDispatch* Parent() const;
+  void Delete();
+  long Index() const;
+  long Position() const;
+  // Reads and writes of the settings, told apart by the member's id.
+  CValue ReadSetting(const CArguments& arguments) const;
+  void WriteSetting(const CArguments& arguments);
+
+  std::shared_ptr<CControlRegistry> m_registry;
+  CCommandBar* m_bar;
+  const long m_type;
+  const int m_instance;
+};
+
+}  // namespace quor::workbench
+
+#endif

@@ -1,0 +1,67 @@
+#include "workbench/commandbars/control_collection.h"
+
+namespace quor::workbench {
+
+CCommandBarControls::CCommandBarControls(CModel& model, CModelPtr<CCommandBar> bar)
+    : CAutomation(model, Members()), m_bar(std::move(bar)) {}
+
+CCommandBarControls::CCommandBarControls(CModel& model,
+                                         std::vector<CModelPtr<CCommandBarControl>> found)
+    : CAutomation(model, Members()), m_found(std::move(found)) {}
+
+void CCommandBarControls::OnGone() noexcept {
+  m_bar = {};
+  m_found.clear();
+}
+
+std::string CCommandBarControls::ObjectName() const {
+  return m_bar ? m_bar->ObjectName() : std::string("found");
+}
+
+const std::vector<CModelPtr<CCommandBarControl>>& CCommandBarControls::Content() const {
+  return m_bar ? m_bar->LiveControls() : m_found;
+}
+
+CModelPtr<CCommandBarControl> CCommandBarControls::Add(const CArguments& arguments) {
+  if (!m_bar) throw CModelError(E_FAIL, "Controls that were found take no new ones.");
+  NewControl control;
+  control.type = arguments.LongOr(0, mso::kButton);
+  control.id = arguments.LongOr(1, mso::kCustomControl);
+  control.parameter = arguments.TextOr(2, L"");
+  if (!arguments.IsMissing(3)) control.before = arguments.Long(3);
+  control.temporary = arguments.BoolOr(4, false);
+  return m_bar->Add(control);
+}
+
+long CCommandBarControls::Count() const {
+  return static_cast<long>(Content().size());
+}
+
+CModelPtr<CCommandBarControl> CCommandBarControls::Item(const CArguments& arguments) const {
+  const auto& controls = Content();
+  if (arguments.IsText(0)) {
+    const std::wstring caption = arguments.Text(0);
+    for (const auto& control : controls) {
+      if (PlainCaption(control->settings.caption) == PlainCaption(caption)) return control;
+    }
+    throw CModelError(E_INVALIDARG, "There is no control with that caption.");
+  }
+  const long index = arguments.Long(0);
+  if (index < 1 || static_cast<size_t>(index) > controls.size()) throw CModelError(E_INVALIDARG);
+  return controls[static_cast<size_t>(index) - 1];
+}
+
+IDispatch* CCommandBarControls::Parent() const {
+  return m_bar.get();
+}
+
+const CMemberTable& CCommandBarControls::Members() {
+  using Self = CCommandBarControls;
+  static const CMemberTable table(
+      "CommandBarControls", {mso::kControlsId, mso::kDispObjectId}, nullptr,
+      {Method<&Self::Add>(L"Add", 0x60030000, 0, 5), Get<&Self::Count>(L"Count", 0x60030001),
+       Get<&Self::Item>(L"Item", DISPID_VALUE, 1), Get<&Self::Parent>(L"Parent", 0x60030004)});
+  return table;
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,57 @@
+#ifndef QUOR_WORKBENCH_COMMANDBARS_MSO_H
+#define QUOR_WORKBENCH_COMMANDBARS_MSO_H
+
+#include "workbench/office/value.h"
+
+// The published numbers of Office's command bars.
+
+namespace quor::workbench::mso {
+
+constexpr IID OfficeId(unsigned long number) {
+  return {number, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+}
+constexpr IID kDispObjectId = OfficeId(0x000C0300);
+constexpr IID kOleAccDispObjectId = OfficeId(0x000C0301);
+constexpr IID kCommandBarsId = OfficeId(0x000C0302);
+constexpr IID kCommandBarId = OfficeId(0x000C0304);
+constexpr IID kControlsId = OfficeId(0x000C0306);
+constexpr IID kControlId = OfficeId(0x000C0308);
+constexpr IID kPopupId = OfficeId(0x000C030A);
+constexpr IID kComboBoxId = OfficeId(0x000C030C);
+constexpr IID kButtonId = OfficeId(0x000C030E);
+constexpr IID kButtonEventsId = OfficeId(0x000C0351);
+constexpr IID kCommandBarsEventsId = OfficeId(0x000C0352);
+constexpr IID kComboBoxEventsId = OfficeId(0x000C0354);
+
+constexpr DISPID kClick = 1;
+constexpr DISPID kChange = 1;
+constexpr DISPID kOnUpdate = 1;
+
+enum ControlType : long { kButton = 1, kEdit = 2, kDropdown = 3, kComboBox = 4, kPopup = 10 };
+enum BarPosition : long {
+  kLeft = 0,
+  kTop = 1,
+  kRight = 2,
+  kBottom = 3,
+  kFloating = 4,
+  kPopupPosition = 5,
+  kMenuBarPosition = 6
+};
+enum BarType : long { kNormalBar = 0, kMenuBar = 1, kPopupBar = 2 };
+enum BarProtection : long { kNoCustomize = 1, kNoMove = 4, kNoChangeVisible = 8 };
+enum ButtonStyle : long {
+  kAutomatic = 0,
+  kIcon = 1,
+  kCaption = 2,
+  kIconAndCaption = 3,
+  kIconAndWrapCaption = 7,
+  kIconAndCaptionBelow = 11,
+  kWrapCaption = 14,
+  kIconAndWrapCaptionBelow = 15
+};
+constexpr long kButtonDown = -1;
+constexpr long kCustomControl = 1;  // Id of every control that is not Office's own
+
+}  // namespace quor::workbench::mso
+
+#endif

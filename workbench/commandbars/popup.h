@@ -1,0 +1,33 @@
+#ifndef QUOR_WORKBENCH_COMMANDBARS_POPUP_H
+#define QUOR_WORKBENCH_COMMANDBARS_POPUP_H
+
+#include "workbench/commandbars/command_bar.h"
+#include "workbench/commandbars/control.h"
+
+namespace quor::workbench {
+
+// A drop-down menu. Its items are the controls of a bar of its own.
+class CCommandBarPopup final : public CCommandBarControl {
+ public:
+  CCommandBarPopup(CModel& model, std::shared_ptr<CControlRegistry> registry, CCommandBar& bar);
+
+  ControlFace Face() const override;
+  CCommandBar* Menu() const noexcept override { return m_menu.get(); }
+  void Detach() noexcept override;
+
+ protected:
+  void* OtherInterface(REFIID) override { return nullptr; }  // a popup raises no events
+
+ private:
+  static const CMemberTable& Members();
+  static const EventTable& Events();
+
+  IDispatch* CommandBar() const;
+  CModelPtr<CAutomation> Controls() const;
+
+  CModelPtr<CCommandBar> m_menu;
+};
+
+}  // namespace quor::workbench
+
+#endif

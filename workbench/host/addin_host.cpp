@@ -1,0 +1,191 @@
+#include "workbench/host/addin_host.h"
+
+// clang-format off
+#include <windows.h>
+#include <objbase.h>
+#include <oleauto.h>
+// clang-format on
+
+#include "workbench/office/value.h"
+#include "workbench/scenario/results.h"
+#include "workbench/scenario/scenario_error.h"
+
+namespace quor::workbench {
+
+namespace {
+
+// The add-in's own timers: the deferred build, due at once, and the poll of the base.
+constexpr UINT_PTR kBuildTimer = 0x80000001u;
+constexpr UINT_PTR kPollTimer = 0x80000002u;
+
+uint32_t Result(HRESULT result) {
+  return static_cast<uint32_t>(result);
+}
+
+struct WindowSearch {
+  HMODULE module;
+  std::vector<HWND> found;
+};
+
+BOOL CALLBACK CollectWindow(HWND window, LPARAM parameter) {
+  auto& search = *reinterpret_cast<WindowSearch*>(parameter);
+  const auto owner = reinterpret_cast<HMODULE>(GetWindowLongPtrW(window, GWLP_HINSTANCE));
+  if (owner == search.module) search.found.push_back(window);
+  return TRUE;
+}
+
+}  // namespace
+
+CAddInHost::CAddInHost(RegisteredAddIn addIn, CMessageLoop& loop, IAddInSurroundings& surroundings,
+                       CFigureStage& figures)
+    : m_registered(std::move(addIn)),
+      m_loop(loop),
+      m_surroundings(surroundings),
+      m_figures(figures) {
+  m_loop.WatchTimer(kBuildTimer,
+                    [this](const std::function<void()>& handle) { m_figures.Scan(handle); });
+}
+
+CAddInHost::~CAddInHost() {
+  m_loop.WatchTimer(0, nullptr);
+  ReleaseObject();
+}
+
+IExtensibility& CAddInHost::Loaded() const {
+  if (!m_addIn) throw CScenarioError("the add-in is not loaded");
+  return *m_addIn;
+}
+
+HRESULT CAddInHost::LoadClass() {
+  if (m_factory) return S_OK;
+  const HRESULT result = CoGetClassObject(m_registered.classId, CLSCTX_INPROC_SERVER, nullptr,
+                                          IID_IClassFactory, reinterpret_cast<void**>(&m_factory));
+  if (SUCCEEDED(result)) m_module = GetModuleHandleW(m_registered.modulePath.c_str());
+  return result;
+}
+
+uint32_t CAddInHost::Create() {
+  if (m_addIn) throw CScenarioError("the add-in is loaded already");
+  HRESULT result = LoadClass();
+  if (FAILED(result)) return Result(result);
+  if (m_hasten) m_importFaults.HastenTimers(m_module);
+  result = m_factory->CreateInstance(nullptr, kExtensibilityId, reinterpret_cast<void**>(&m_addIn));
+  m_factory->Release();
+  m_factory = nullptr;
+  if (SUCCEEDED(result)) return Result(result);
+  m_addIn = nullptr;
+  Unload();
+  return Result(result);
+}
+
+uint32_t CAddInHost::Connect(int mode) {
+  IExtensibility& addIn = Loaded();
+  SAFEARRAY* custom = SafeArrayCreateVector(VT_VARIANT, 1, 0);
+  HRESULT result = E_FAIL;
+  m_figures.Time(&Figures::connection, [&] {
+    result = addIn.OnConnection(m_surroundings.Application(), mode, m_surroundings.AddInInstance(),
+                                &custom);
+  });
+  SafeArrayDestroy(custom);
+  m_connected = SUCCEEDED(result);
+  if (result == S_OK) m_loop.ExpectTimerFirst(kBuildTimer, kPollTimer);
+  return Result(result);
+}
+
+uint32_t CAddInHost::StartupComplete() {
+  return Result(Loaded().OnStartupComplete(nullptr));
+}
+
+uint32_t CAddInHost::AddInsUpdate() {
+  return Result(Loaded().OnAddInsUpdate(nullptr));
+}
+
+uint32_t CAddInHost::BeginShutdown() {
+  IExtensibility& addIn = Loaded();
+  HRESULT result = E_FAIL;
+  m_figures.Time(&Figures::shutdown, [&] { result = addIn.OnBeginShutdown(nullptr); });
+  return Result(result);
+}
+
+uint32_t CAddInHost::Disconnect(int mode) {
+  IExtensibility& addIn = Loaded();
+  HRESULT result = E_FAIL;
+  m_figures.Time(&Figures::shutdown, [&] { result = addIn.OnDisconnection(mode, nullptr); });
+  m_connected = false;
+  return Result(result);
+}
+
+uint32_t CAddInHost::CustomUi(const std::string& ribbonId, std::optional<std::string>& document) {
+  if (!m_ribbonSource) {
+    const HRESULT found =
+        Loaded().QueryInterface(kRibbonExtensibilityId, reinterpret_cast<void**>(&m_ribbonSource));
+    if (FAILED(found)) return Result(found);
+  }
+  const std::wstring wideId = WideFromUtf8(ribbonId);
+  const BSTR id = SysAllocStringLen(wideId.data(), static_cast<UINT>(wideId.size()));
+  BSTR text = nullptr;
+  const HRESULT result = m_ribbonSource->GetCustomUI(id, &text);
+  SysFreeString(id);
+  if (SUCCEEDED(result) && text) {
+    document = Utf8FromWide(WideFromBstr(text));
+    m_surroundings.OnRibbon(ribbonId, *document, m_addIn);
+  }
+  SysFreeString(text);
+  return Result(result);
+}
+
+void CAddInHost::ReleaseObject() {
+  if (m_ribbonSource) m_ribbonSource->Release();
+  m_ribbonSource = nullptr;
+  m_surroundings.OnAddInGone();
+  CImportFaults::Forget();
+  if (m_factory) m_factory->Release();
+  m_factory = nullptr;
+  if (m_addIn) m_addIn->Release();
+  m_addIn = nullptr;
+  m_connected = false;
+}
+
+void CAddInHost::Unload() {
+  if (!m_module) throw CScenarioError("the add-in is not loaded");
+  ReleaseObject();
+  m_loop.Pump();
+  CheckModuleGone();
+}
+
+void CAddInHost::CheckModuleGone() {
+  const std::vector<HWND> windows = Windows();
+  const auto canUnload = reinterpret_cast<HRESULT(WINAPI*)()>(
+      reinterpret_cast<void*>(GetProcAddress(m_module, "DllCanUnloadNow")));
+  const HRESULT answer = canUnload ? canUnload() : E_NOTIMPL;
+  m_module = nullptr;
+  if (answer != S_OK) {
+    throw CExpectationFailure("its DLL still has objects: DllCanUnloadNow answers " +
+                              ResultName(Result(answer)));
+  }
+  if (!windows.empty()) {
+    throw CExpectationFailure(std::to_string(windows.size()) + " windows of the add-in stay");
+  }
+  CoFreeUnusedLibrariesEx(0, 0);
+  if (GetModuleHandleW(m_registered.modulePath.c_str())) {
+    throw CExpectationFailure("its DLL stays in the process");
+  }
+}
+
+bool CAddInHost::PumpUntil(const std::function<bool()>& done, unsigned milliseconds) {
+  return m_loop.PumpUntil(done, milliseconds);
+}
+
+void CAddInHost::FailSystemFunction(const std::string& function, const FailingCalls& calls) {
+  if (!m_module && FAILED(LoadClass())) throw CScenarioError("the add-in cannot be loaded");
+  m_importFaults.Fail(m_module, function, calls);
+}
+
+std::vector<HWND> CAddInHost::Windows() const {
+  WindowSearch search = {m_module, {}};
+  if (m_module)
+    EnumThreadWindows(GetCurrentThreadId(), CollectWindow, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,87 @@
+#ifndef QUOR_WORKBENCH_HOST_ADDIN_HOST_H
+#define QUOR_WORKBENCH_HOST_ADDIN_HOST_H
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "workbench/host/extensibility.h"
+#include "workbench/host/figure_stage.h"
+#include "workbench/host/import_faults.h"
+#include "workbench/host/message_loop.h"
+#include "workbench/host/registered_addin.h"
+#include "workbench/scenario/stage.h"
+
+namespace quor::workbench {
+
+// What Outlook hands to an add-in, and what it does with the ribbon it gets back.
+class IAddInSurroundings {
+ public:
+  virtual IDispatch* Application() = 0;
+  virtual IDispatch* AddInInstance() = 0;
+  // The document of a ribbon and the object that answers its callbacks.
+  virtual void OnRibbon(const std::string& ribbonId, const std::string& document,
+                        IUnknown* callbacks) = 0;
+  // The add-in goes: nothing of its may be kept.
+  virtual void OnAddInGone() = 0;
+
+ protected:
+  ~IAddInSurroundings() = default;
+};
+
+// Loads the registered add-in and calls it as Outlook does: class object, IDTExtensibility2,
+// IRibbonExtensibility, and at the end the proof that object and module are gone.
+class CAddInHost final : public IHostStage {
+ public:
+  CAddInHost(RegisteredAddIn addIn, CMessageLoop& loop, IAddInSurroundings& surroundings,
+             CFigureStage& figures);
+  ~CAddInHost();
+  CAddInHost(const CAddInHost&) = delete;
+  CAddInHost& operator=(const CAddInHost&) = delete;
+
+  uint32_t Create() override;
+  uint32_t Connect(int mode) override;
+  uint32_t StartupComplete() override;
+  uint32_t AddInsUpdate() override;
+  uint32_t BeginShutdown() override;
+  uint32_t Disconnect(int mode) override;
+  uint32_t CustomUi(const std::string& ribbonId, std::optional<std::string>& document) override;
+  bool IsConnected() override { return m_connected; }
+  bool IsLoaded() override { return m_addIn != nullptr; }
+  void Unload() override;
+  void Pump() override { m_loop.Pump(); }
+  bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds) override;
+  void FailSystemFunction(const std::string& function, const FailingCalls& calls) override;
+
+  // The add-in's timers run as fast as they can, from the next time it is made.
+  void HastenTimers() { m_hasten = true; }
+
+  const RegisteredAddIn& AddIn() const { return m_registered; }
+  // The module of the loaded add-in; null before and after.
+  HMODULE Module() const { return m_module; }
+  // Top-level windows of the add-in's on this thread, in no particular order.
+  std::vector<HWND> Windows() const;
+
+ private:
+  IExtensibility& Loaded() const;
+  // Loads the DLL and asks it for its class, without making an object yet.
+  HRESULT LoadClass();
+  void ReleaseObject();
+  void CheckModuleGone();
+
+  RegisteredAddIn m_registered;
+  CMessageLoop& m_loop;
+  IAddInSurroundings& m_surroundings;
+  CFigureStage& m_figures;
+  CImportFaults m_importFaults;
+  IClassFactory* m_factory = nullptr;  // between loading the DLL and making the object
+  IExtensibility* m_addIn = nullptr;
+  IRibbonDocumentSource* m_ribbonSource = nullptr;
+  HMODULE m_module = nullptr;
+  bool m_connected = false;
+  bool m_hasten = false;
+};
+
+}  // namespace quor::workbench
+
+#endif

@@ -1,0 +1,155 @@
+#include "workbench/host/application_data.h"
+
+// clang-format off
+#include <windows.h>
+#include <shlobj.h>
+#include <shellapi.h>
+// clang-format on
+
+#include <algorithm>
+
+#include "workbench/office/value.h"
+#include "workbench/scenario/scenario_error.h"
+
+namespace quor::workbench {
+
+namespace {
+
+constexpr wchar_t kFoldersKey[] =
+    L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
+constexpr wchar_t kValueName[] = L"AppData";
+
+std::optional<std::wstring> ReadFolderSetting() {
+  wchar_t value[MAX_PATH] = {};
+  DWORD size = sizeof(value);
+  const LSTATUS status =
+      RegGetValueW(HKEY_CURRENT_USER, kFoldersKey, kValueName,
+                   RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ | RRF_NOEXPAND, nullptr, value, &size);
+  if (status != ERROR_SUCCESS) return std::nullopt;
+  return std::wstring(value);
+}
+
+void WriteFolderSetting(const std::wstring& value) {
+  const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
+  RegSetKeyValueW(HKEY_CURRENT_USER, kFoldersKey, kValueName, REG_EXPAND_SZ, value.c_str(), bytes);
+}
+
+void MakeFolders(const std::wstring& path) {
+  const int status = SHCreateDirectoryExW(nullptr, path.c_str(), nullptr);
+  if (status != ERROR_SUCCESS && status != ERROR_ALREADY_EXISTS && status != ERROR_FILE_EXISTS) {
+    throw CScenarioError("folder cannot be made: " + Utf8FromWide(path));
+  }
+}
+
+void RemoveTree(const std::wstring& folder) {
+  std::wstring list = folder;
+  list.push_back(L'\0');  // the list ends in two
+  SHFILEOPSTRUCTW operation = {};
+  operation.wFunc = FO_DELETE;
+  operation.pFrom = list.c_str();
+  operation.fFlags = FOF_NOCONFIRMATION | FOF_NOERRORUI | FOF_SILENT;
+  SHFileOperationW(&operation);
+}
+
+std::wstring FreshFolder() {
+  wchar_t temporary[MAX_PATH] = {};
+  GetTempPathW(MAX_PATH, temporary);
+  return std::wstring(temporary) + L"quor-workbench-" + std::to_wstring(GetCurrentProcessId());
+}
+
+void ListBelow(const std::wstring& folder, const std::wstring& prefix,
+               std::vector<std::string>& names) {
+  WIN32_FIND_DATAW entry;
+  const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &entry);
+  if (search == INVALID_HANDLE_VALUE) return;
+  do {
+    const std::wstring name = entry.cFileName;
+    if (name == L"." || name == L"..") continue;
+    if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+      ListBelow(folder + L"\\" + name, prefix + name + L"\\", names);
+    } else {
+      names.push_back(Utf8FromWide(prefix + name));
+    }
+  } while (FindNextFileW(search, &entry));
+  FindClose(search);
+}
+
+}  // namespace
+
+std::optional<std::string> ReadWholeFile(const std::wstring& path) {
+  const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                  nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return std::nullopt;
+  std::string content;
+  char buffer[4096];
+  DWORD count = 0;
+  while (::ReadFile(file, buffer, sizeof(buffer), &count, nullptr) && count) {
+    content.append(buffer, count);
+  }
+  CloseHandle(file);
+  return content;
+}
+
+CApplicationData::CApplicationData(const std::wstring& path)
+    : m_folder(path.empty() ? FreshFolder() : path),
+      m_temporary(path.empty()),
+      m_before(ReadFolderSetting()) {
+  RemoveTree(m_folder);
+  MakeFolders(m_folder);
+  Redirect(m_folder);
+}
+
+CApplicationData::~CApplicationData() {
+  if (m_before) {
+    WriteFolderSetting(*m_before);
+  } else {
+    RegDeleteKeyValueW(HKEY_CURRENT_USER, kFoldersKey, kValueName);
+  }
+  if (m_temporary) RemoveTree(m_folder);
+}
+
+void CApplicationData::Redirect(const std::wstring& folder) {
+  WriteFolderSetting(folder);
+}
+
+void CApplicationData::PointNowhere() {
+  Redirect(m_folder + L"\\no such folder");
+}
+
+std::wstring CApplicationData::FullPath(const std::string& path) const {
+  return m_folder + L"\\" + WideFromUtf8(path);
+}
+
+void CApplicationData::Write(const std::string& path, const std::string& content) {
+  const std::wstring full = FullPath(path);
+  MakeFolders(full.substr(0, full.rfind(L'\\')));
+  const HANDLE file =
+      CreateFileW(full.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) throw CScenarioError("file cannot be written: " + path);
+  DWORD written = 0;
+  WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
+  CloseHandle(file);
+}
+
+void CApplicationData::CopyIn(const std::string& from, const std::string& path) {
+  const std::optional<std::string> content = ReadWholeFile(WideFromUtf8(from));
+  if (!content) throw CScenarioError("file cannot be read: " + from);
+  Write(path, *content);
+}
+
+void CApplicationData::MakeFolder(const std::string& path) {
+  MakeFolders(FullPath(path));
+}
+
+std::optional<std::string> CApplicationData::Read(const std::string& path) const {
+  return ReadWholeFile(FullPath(path));
+}
+
+std::vector<std::string> CApplicationData::List() const {
+  std::vector<std::string> names;
+  ListBelow(m_folder, L"", names);
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+}  // namespace quor::workbench

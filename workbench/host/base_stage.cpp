@@ -1,0 +1,165 @@
+#include "workbench/host/base_stage.h"
+
+#include <stdexcept>
+
+#include "workbench/office/value.h"
+#include "workbench/scenario/scenario_error.h"
+
+namespace quor::workbench {
+
+namespace {
+
+constexpr wchar_t kLibraryName[] = L"\\SiUSBXp.dll";
+constexpr wchar_t kOldLibraryFolder[] = L"\\old_library";
+
+GetSimulatedBase FindBase(HMODULE library) {
+  return reinterpret_cast<GetSimulatedBase>(
+      reinterpret_cast<void*>(GetProcAddress(library, MAKEINTRESOURCEA(kGetSimulatedBaseOrdinal))));
+}
+
+bool IsSimulated(const std::wstring& path) {
+  const HMODULE library = LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  if (!library) return true;  // not there, or no library: nothing to spoil
+  FreeLibrary(library);
+  const HMODULE loaded = LoadLibraryW(path.c_str());
+  const bool simulated = loaded && FindBase(loaded) != nullptr;
+  if (loaded) FreeLibrary(loaded);
+  return simulated;
+}
+
+UsbFunction FunctionFromName(const std::string& name) {
+  const std::optional<UsbFunction> function = UsbFunctionFromName(name);
+  if (!function) throw CScenarioError("\"" + name + "\" is not a function of the USB library");
+  return *function;
+}
+
+CallRange Range(const FailingCalls& calls) {
+  return {calls.firstCall, calls.lastCall == 0 ? kForEver : calls.lastCall};
+}
+
+}  // namespace
+
+CBaseStage::CBaseStage(std::wstring addInFolder, std::wstring workbenchFolder)
+    : m_addInFolder(std::move(addInFolder)), m_workbenchFolder(std::move(workbenchFolder)) {
+  if (!IsSimulated(LibraryPath())) {
+    throw std::runtime_error(
+        "a SiUSBXp.dll that is not the workbench's stands beside the add-in: " +
+        Utf8FromWide(LibraryPath()));
+  }
+  InstallLibrary(Library::Present);
+}
+
+CBaseStage::~CBaseStage() {
+  LetGo();
+}
+
+std::wstring CBaseStage::LibraryPath() const {
+  return m_addInFolder + kLibraryName;
+}
+
+void CBaseStage::LetGo() {
+  if (m_base) m_base->Observe(nullptr);
+  if (m_library) FreeLibrary(m_library);
+  m_library = nullptr;
+  m_base = nullptr;
+}
+
+void CBaseStage::InstallLibrary(Library library) {
+  LetGo();
+  const std::wstring path = LibraryPath();
+  if (library == Library::Missing) {
+    DeleteFileW(path.c_str());
+    return;
+  }
+  const std::wstring source =
+      m_workbenchFolder + (library == Library::Old ? kOldLibraryFolder : L"") + kLibraryName;
+  if (!CopyFileW(source.c_str(), path.c_str(), FALSE)) {
+    throw std::runtime_error("the simulated library cannot be put at " + Utf8FromWide(path));
+  }
+  m_library = LoadLibraryW(path.c_str());
+  const GetSimulatedBase getBase = m_library ? FindBase(m_library) : nullptr;
+  if (!getBase) throw std::runtime_error("not a simulated library: " + Utf8FromWide(path));
+  m_base = &getBase();
+  m_base->Reset();
+  m_base->Observe(this);
+}
+
+ISimulatedBase& CBaseStage::Base() const {
+  if (!m_base) throw CScenarioError("there is no USB library");
+  return *m_base;
+}
+
+void CBaseStage::Plug(const DeviceStrings& strings) {
+  ProductStrings pointers = {};
+  for (size_t i = 0; i < strings.size(); ++i) {
+    pointers[i] = strings[i] ? strings[i]->c_str() : nullptr;
+  }
+  Base().Plug(pointers);
+  m_believable.Reset();
+}
+
+void CBaseStage::Unplug(unsigned device) {
+  if (device >= Base().DeviceCount()) throw CScenarioError("no such base is plugged in");
+  Base().Unplug(device);
+}
+
+void CBaseStage::Queue(const std::vector<Piece>& pieces) {
+  for (const Piece& piece : pieces)
+    Base().Queue(piece.bytes, piece.delay);
+}
+
+void CBaseStage::ReportQueueStatus(uint32_t status, std::optional<uint32_t> count, unsigned calls) {
+  Base().ReportQueue(status, count, calls);
+}
+
+void CBaseStage::FailFunction(const std::string& function, const FailingCalls& calls) {
+  Base().Fail(FunctionFromName(function), static_cast<int>(calls.status), Range(calls));
+}
+
+void CBaseStage::ShortenFunction(const std::string& function, const FailingCalls& calls,
+                                 unsigned bytes) {
+  Base().Shorten(FunctionFromName(function), bytes, Range(calls));
+}
+
+void CBaseStage::HealFunctions() {
+  Base().Heal();
+}
+
+CBelievableBase& CBaseStage::Enliven() {
+  m_alive = true;
+  return m_believable;
+}
+
+void CBaseStage::Send(const Bytes& indication) {
+  if (m_base) m_base->Queue(indication);
+}
+
+void CBaseStage::Advance(unsigned milliseconds) {
+  Base().Advance(milliseconds);
+}
+
+std::vector<Bytes> CBaseStage::Written() {
+  std::vector<Bytes> frames;
+  if (!m_base) return frames;
+  for (size_t i = 0; i < m_base->WrittenCount(); ++i) {
+    const std::span<const uint8_t> bytes = m_base->Written(i).bytes;
+    frames.emplace_back(bytes.begin(), bytes.end());
+  }
+  return frames;
+}
+
+unsigned CBaseStage::Calls(const std::string& function) {
+  return m_base ? m_base->CallCount(FunctionFromName(function)) : 0;
+}
+
+void CBaseStage::OnCall(const UsbCall& call) noexcept {
+  m_callTexts.emplace_back(call.text);
+  if (!m_alive || call.function != UsbFunction::Write || call.status != kSiSuccess) return;
+  m_believable.OnRequest(m_base->Written(m_base->WrittenCount() - 1).bytes);
+}
+
+unsigned CBaseStage::OpenHandles() {
+  return m_base ? m_base->OpenHandles() : 0;
+}
+
+}  // namespace quor::workbench

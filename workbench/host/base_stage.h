@@ -1,0 +1,62 @@
+#ifndef QUOR_WORKBENCH_HOST_BASE_STAGE_H
+#define QUOR_WORKBENCH_HOST_BASE_STAGE_H
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "workbench/scenario/stage.h"
+#include "workbench/siusbxp/simulated_base.h"
+
+namespace quor::workbench {
+
+// Puts the simulated USB library beside the add-in's DLL, where the add-in looks first, and moves
+// the base behind it.
+class CBaseStage final : public IBaseStage, ICallObserver, IIndicationLine {
+ public:
+  // `addInFolder` receives the library; both folders without a backslash at the end. Throws
+  // std::runtime_error if a library that is not simulated stands there already.
+  CBaseStage(std::wstring addInFolder, std::wstring workbenchFolder);
+  ~CBaseStage();
+  CBaseStage(const CBaseStage&) = delete;
+  CBaseStage& operator=(const CBaseStage&) = delete;
+
+  ISimulatedBase& Base() const;  // throws CScenarioError while there is no library
+
+  void InstallLibrary(Library library) override;
+  void Plug(const DeviceStrings& strings) override;
+  void Unplug(unsigned device) override;
+  void Queue(const std::vector<Piece>& pieces) override;
+  void ReportQueueStatus(uint32_t status, std::optional<uint32_t> count, unsigned calls) override;
+  void FailFunction(const std::string& function, const FailingCalls& calls) override;
+  void ShortenFunction(const std::string& function, const FailingCalls& calls,
+                       unsigned bytes) override;
+  void HealFunctions() override;
+  CBelievableBase& Enliven() override;
+  bool IsAlive() const { return m_alive; }
+  void Advance(unsigned milliseconds) override;
+  std::vector<Bytes> Written() override;
+  unsigned Calls(const std::string& function) override;
+  const std::vector<std::string>& CallTexts() override { return m_callTexts; }
+  unsigned OpenHandles() override;
+
+  void OnCall(const UsbCall& call) noexcept override;
+  void Send(const Bytes& indication) override;
+
+ private:
+  std::wstring LibraryPath() const;
+  void LetGo();
+
+  std::wstring m_addInFolder;
+  std::wstring m_workbenchFolder;
+  HMODULE m_library = nullptr;
+  ISimulatedBase* m_base = nullptr;
+  std::vector<std::string> m_callTexts;
+  CBelievableBase m_believable{*this};
+  bool m_alive = false;
+};
+
+}  // namespace quor::workbench
+
+#endif

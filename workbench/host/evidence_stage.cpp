@@ -1,0 +1,95 @@
+#include "workbench/host/evidence_stage.h"
+
+// clang-format off
+#include <windows.h>
+// clang-format on
+
+#include <cstring>
+
+#include "workbench/host/xml_query.h"
+#include "workbench/office/value.h"
+#include "workbench/scenario/scenario_error.h"
+
+namespace quor::workbench {
+
+namespace {
+
+constexpr std::string_view kLogPrefix = "Temp\\catlog";
+
+HKEY RootFromName(const std::string& key, size_t& rest) {
+  const struct {
+    std::string_view prefix;
+    HKEY root;
+  } roots[] = {
+      {"HKLM\\", HKEY_LOCAL_MACHINE}, {"HKCU\\", HKEY_CURRENT_USER}, {"HKCR\\", HKEY_CLASSES_ROOT}};
+  for (const auto& [prefix, root] : roots) {
+    if (!key.starts_with(prefix)) continue;
+    rest = prefix.size();
+    return root;
+  }
+  throw CScenarioError("\"" + key + "\" does not begin with HKLM\\, HKCU\\ or HKCR\\");
+}
+
+}  // namespace
+
+void CEvidenceStage::WriteFile(const std::string& path, const std::string& content) {
+  m_data.Write(path, content);
+}
+
+void CEvidenceStage::CopyIn(const std::string& from, const std::string& path) {
+  m_data.CopyIn(from, path);
+}
+
+void CEvidenceStage::MakeFolder(const std::string& path) {
+  m_data.MakeFolder(path);
+}
+
+void CEvidenceStage::RemoveApplicationData() {
+  m_data.PointNowhere();
+}
+
+std::optional<std::string> CEvidenceStage::ReadFile(const std::string& path) {
+  return m_data.Read(path);
+}
+
+std::vector<std::string> CEvidenceStage::ListFiles() {
+  return m_data.List();
+}
+
+// One file a day; a run across midnight reads both in order.
+std::optional<std::string> CEvidenceStage::ReadLog() {
+  std::optional<std::string> log;
+  for (const std::string& path : m_data.List()) {
+    if (!path.starts_with(kLogPrefix)) continue;
+    log = log.value_or("") + m_data.Read(path).value_or("");
+  }
+  return log;
+}
+
+std::vector<std::string> CEvidenceStage::ReadXml(const std::string& path,
+                                                 const std::string& xpath) {
+  return QueryXmlFile(m_data.FullPath(path), xpath);
+}
+
+std::optional<std::string> CEvidenceStage::ReadRegistry(const std::string& key,
+                                                        const std::string& name) {
+  size_t rest = 0;
+  const HKEY root = RootFromName(key, rest);
+  const std::wstring path = WideFromUtf8(key.substr(rest));
+  const std::wstring valueName = WideFromUtf8(name);
+  DWORD type = 0;
+  wchar_t text[1024] = {};
+  DWORD size = sizeof(text);
+  const LSTATUS status =
+      RegGetValueW(root, path.c_str(), valueName.empty() ? nullptr : valueName.c_str(),
+                   RRF_RT_REG_SZ | RRF_RT_REG_DWORD, &type, text, &size);
+  if (status != ERROR_SUCCESS) return std::nullopt;
+  if (type == REG_DWORD) {
+    DWORD number = 0;
+    std::memcpy(&number, text, sizeof(number));
+    return std::to_string(number);
+  }
+  return Utf8FromWide(text);
+}
+
+}  // namespace quor::workbench

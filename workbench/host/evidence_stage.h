@@ -1,0 +1,30 @@
+#ifndef QUOR_WORKBENCH_HOST_EVIDENCE_STAGE_H
+#define QUOR_WORKBENCH_HOST_EVIDENCE_STAGE_H
+
+#include "workbench/host/application_data.h"
+#include "workbench/scenario/stage.h"
+
+namespace quor::workbench {
+
+// Files of the run, its diagnostic log, XML and the registry.
+class CEvidenceStage final : public IEvidenceStage {
+ public:
+  explicit CEvidenceStage(CApplicationData& data) : m_data(data) {}
+
+  void WriteFile(const std::string& path, const std::string& content) override;
+  void CopyIn(const std::string& from, const std::string& path) override;
+  void MakeFolder(const std::string& path) override;
+  void RemoveApplicationData() override;
+  std::optional<std::string> ReadFile(const std::string& path) override;
+  std::vector<std::string> ListFiles() override;
+  std::optional<std::string> ReadLog() override;
+  std::vector<std::string> ReadXml(const std::string& path, const std::string& xpath) override;
+  std::optional<std::string> ReadRegistry(const std::string& key, const std::string& name) override;
+
+ private:
+  CApplicationData& m_data;
+};
+
+}  // namespace quor::workbench
+
+#endif

@@ -1,0 +1,44 @@
+#include "workbench/host/figure_stage.h"
+
+#include <chrono>
+#include <utility>
+
+namespace quor::workbench {
+
+namespace {
+
+double MillisecondsOf(const std::function<void()>& action) {
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point start = Clock::now();
+  action();
+  return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+}  // namespace
+
+void CFigureStage::Time(TimeOf figure, const std::function<void()>& action) {
+  const double milliseconds = MillisecondsOf(action);
+  m_figures.*figure = (m_figures.*figure).value_or(0) + milliseconds;
+}
+
+void CFigureStage::Scan(const std::function<void()>& action) {
+  const uint64_t calls = m_model.TotalCalls();
+  const double inModel = m_model.MicrosecondsInModel();
+  const double whole = MillisecondsOf(action) * 1000;
+  Figures::Scan scan;
+  scan.calls = m_model.TotalCalls() - calls;
+  scan.microsecondsInModel = m_model.MicrosecondsInModel() - inModel;
+  scan.microsecondsInAddIn = whole - scan.microsecondsInModel;
+  m_figures.scan = scan;
+}
+
+Figures CFigureStage::Take() {
+  const RibbonFigures ribbon = m_face.TakeRibbonFigures();
+  Figures figures = std::exchange(m_figures, {});
+  figures.ribbonCallbacks = ribbon.callbacks;
+  figures.ribbonInvalidations = ribbon.invalidations;
+  figures.ribbonMicroseconds = ribbon.microseconds;
+  return figures;
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,34 @@
+#ifndef QUOR_WORKBENCH_HOST_FIGURE_STAGE_H
+#define QUOR_WORKBENCH_HOST_FIGURE_STAGE_H
+
+#include <functional>
+
+#include "workbench/host/office_face.h"
+#include "workbench/office/model.h"
+#include "workbench/scenario/stage.h"
+
+namespace quor::workbench {
+
+// What the add-in costs Outlook, by the machine's clock.
+class CFigureStage final : public IFigureStage {
+ public:
+  // Both must outlive the stage.
+  CFigureStage(CModel& model, COfficeFace& face) : m_model(model), m_face(face) {}
+
+  using TimeOf = std::optional<double> Figures::*;
+  // Runs the action; its time is added to the named one.
+  void Time(TimeOf figure, const std::function<void()>& action);
+  // Runs the action as the start-up scan of the contacts.
+  void Scan(const std::function<void()>& action);
+
+  Figures Take() override;
+
+ private:
+  CModel& m_model;
+  COfficeFace& m_face;
+  Figures m_figures;
+};
+
+}  // namespace quor::workbench
+
+#endif

@@ -1,0 +1,181 @@
+#include "workbench/host/import_faults.h"
+
+// clang-format off
+#include <windows.h>
+#include <shlobj.h>
+// clang-format on
+
+#include <cstring>
+#include <iterator>
+
+#include "workbench/scenario/scenario_error.h"
+
+namespace quor::workbench {
+
+namespace {
+
+// One function that can be made to fail: its true address and which calls fail.
+struct HookedFunction {
+  const char* name;
+  FARPROC replacement;
+  FARPROC original = nullptr;
+  FARPROC* slot = nullptr;
+  unsigned calls = 0;
+  FailingCalls failing = {0, 0, 0};
+};
+
+bool g_hastenTimers = false;
+
+bool MustFail(HookedFunction& function) {
+  const unsigned call = ++function.calls;
+  const FailingCalls& failing = function.failing;
+  const bool fails = failing.firstCall != 0 && call >= failing.firstCall &&
+                     (failing.lastCall == 0 || call <= failing.lastCall);
+  if (fails) SetLastError(failing.status);
+  return fails;
+}
+
+enum Index {
+  kPostMessageA,
+  kPostMessageW,
+  kCreateWindowExA,
+  kCreateWindowExW,
+  kSetTimer,
+  kSetThreadLocale,
+  kShGetFolderPathA,
+  kMakeSureDirectoryPathExists,
+  kMoveFileExW,
+  kMoveFileExA,
+  kReplaceFileW,
+};
+
+extern HookedFunction g_functions[];
+
+template <Index index, typename Result, Result kFailed, typename... Arguments>
+Result WINAPI Replacement(Arguments... arguments) {
+  HookedFunction& function = g_functions[index];
+  if (MustFail(function)) return kFailed;
+  const auto original = reinterpret_cast<Result(WINAPI*)(Arguments...)>(function.original);
+  return original(arguments...);
+}
+
+template <Index index, typename... Arguments>
+HWND WINAPI WindowReplacement(Arguments... arguments) {
+  HookedFunction& function = g_functions[index];
+  if (MustFail(function)) return nullptr;
+  return reinterpret_cast<HWND(WINAPI*)(Arguments...)>(function.original)(arguments...);
+}
+
+UINT_PTR WINAPI SetTimerReplacement(HWND window, UINT_PTR id, UINT period, TIMERPROC procedure) {
+  HookedFunction& function = g_functions[kSetTimer];
+  if (MustFail(function)) return 0;
+  const auto original = reinterpret_cast<decltype(&SetTimer)>(function.original);
+  return original(window, id, g_hastenTimers ? USER_TIMER_MINIMUM : period, procedure);
+}
+
+template <typename Function>
+FARPROC AsProc(Function* function) {
+  return reinterpret_cast<FARPROC>(function);
+}
+
+HookedFunction g_functions[] = {
+    {"PostMessageA", AsProc(Replacement<kPostMessageA, BOOL, FALSE, HWND, UINT, WPARAM, LPARAM>)},
+    {"PostMessageW", AsProc(Replacement<kPostMessageW, BOOL, FALSE, HWND, UINT, WPARAM, LPARAM>)},
+    {"CreateWindowExA",
+     AsProc(WindowReplacement<kCreateWindowExA, DWORD, LPCSTR, LPCSTR, DWORD, int, int, int, int,
+                              HWND, HMENU, HINSTANCE, LPVOID>)},
+    {"CreateWindowExW",
+     AsProc(WindowReplacement<kCreateWindowExW, DWORD, LPCWSTR, LPCWSTR, DWORD, int, int, int, int,
+                              HWND, HMENU, HINSTANCE, LPVOID>)},
+    {"SetTimer", AsProc(SetTimerReplacement)},
+    {"SetThreadLocale", AsProc(Replacement<kSetThreadLocale, BOOL, FALSE, LCID>)},
+    {"SHGetFolderPathA",
+     AsProc(Replacement<kShGetFolderPathA, HRESULT, E_FAIL, HWND, int, HANDLE, DWORD, LPSTR>)},
+    {"MakeSureDirectoryPathExists",
+     AsProc(Replacement<kMakeSureDirectoryPathExists, BOOL, FALSE, PCSTR>)},
+    {"MoveFileExW", AsProc(Replacement<kMoveFileExW, BOOL, FALSE, LPCWSTR, LPCWSTR, DWORD>)},
+    {"MoveFileExA", AsProc(Replacement<kMoveFileExA, BOOL, FALSE, LPCSTR, LPCSTR, DWORD>)},
+    {"ReplaceFileW", AsProc(Replacement<kReplaceFileW, BOOL, FALSE, LPCWSTR, LPCWSTR, LPCWSTR,
+                                        DWORD, LPVOID, LPVOID>)},
+};
+
+template <typename T>
+const T* At(HMODULE module, DWORD offset) {
+  return reinterpret_cast<const T*>(reinterpret_cast<const char*>(module) + offset);
+}
+
+// Where the module keeps the address of an imported function; null where it does not import it.
+FARPROC* FindImport(HMODULE module, const char* function) {
+  const auto* dos = At<IMAGE_DOS_HEADER>(module, 0);
+  const auto* headers = At<IMAGE_NT_HEADERS>(module, static_cast<DWORD>(dos->e_lfanew));
+  const IMAGE_DATA_DIRECTORY& directory =
+      headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+  if (directory.VirtualAddress == 0) return nullptr;
+  const auto* library = At<IMAGE_IMPORT_DESCRIPTOR>(module, directory.VirtualAddress);
+  for (; library->Name != 0; ++library) {
+    const auto* name = At<IMAGE_THUNK_DATA>(module, library->OriginalFirstThunk);
+    const auto* slot = At<FARPROC>(module, library->FirstThunk);
+    for (; name->u1.AddressOfData != 0; ++name, ++slot) {
+      if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
+      const auto* import =
+          At<IMAGE_IMPORT_BY_NAME>(module, static_cast<DWORD>(name->u1.AddressOfData));
+      if (std::strcmp(reinterpret_cast<const char*>(import->Name), function) == 0) {
+        return const_cast<FARPROC*>(slot);
+      }
+    }
+  }
+  return nullptr;
+}
+
+void WriteSlot(FARPROC* slot, FARPROC address) {
+  DWORD protection = 0;
+  VirtualProtect(slot, sizeof(*slot), PAGE_READWRITE, &protection);
+  *slot = address;
+  VirtualProtect(slot, sizeof(*slot), protection, &protection);
+}
+
+}  // namespace
+
+namespace {
+
+// Puts the replacement between the module and the true function; null if the module has no use for
+// that function.
+HookedFunction* Hook(HMODULE module, HookedFunction& function) {
+  if (function.slot) return &function;
+  function.slot = FindImport(module, function.name);
+  if (!function.slot) return nullptr;
+  function.original = *function.slot;
+  function.failing = {0, 0, 0};
+  WriteSlot(function.slot, function.replacement);
+  return &function;
+}
+
+}  // namespace
+
+void CImportFaults::Fail(HMODULE module, const std::string& name, const FailingCalls& calls) {
+  for (HookedFunction& function : g_functions) {
+    if (name != function.name) continue;
+    if (!Hook(module, function)) throw CScenarioError("the add-in does not import " + name);
+    function.calls = 0;
+    function.failing = calls;
+    return;
+  }
+  std::string known;
+  for (const HookedFunction& function : g_functions)
+    known += std::string(" ") + function.name;
+  throw CScenarioError("only these can be made to fail:" + known);
+}
+
+void CImportFaults::HastenTimers(HMODULE module) {
+  g_hastenTimers = Hook(module, g_functions[kSetTimer]) != nullptr;
+}
+
+void CImportFaults::Forget() {
+  for (HookedFunction& function : g_functions) {
+    if (function.slot) WriteSlot(function.slot, function.original);
+    function.slot = nullptr;
+  }
+  g_hastenTimers = false;
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,33 @@
+#ifndef QUOR_WORKBENCH_HOST_IMPORT_FAULTS_H
+#define QUOR_WORKBENCH_HOST_IMPORT_FAULTS_H
+
+#include <windows.h>
+
+#include <string>
+
+#include "workbench/scenario/stage.h"
+
+namespace quor::workbench {
+
+// Makes Windows functions fail, or timers run fast, for one module alone, by standing between it
+// and what it imports. The module must be loaded; other modules keep the true functions. One module
+// at a time.
+class CImportFaults {
+ public:
+  CImportFaults() = default;
+  ~CImportFaults() { Forget(); }
+  CImportFaults(const CImportFaults&) = delete;
+  CImportFaults& operator=(const CImportFaults&) = delete;
+
+  // Throws CScenarioError for a function the workbench has no stand-in for, or that the module does
+  // not import. `calls.status` is the last error that the failing call leaves.
+  void Fail(HMODULE module, const std::string& name, const FailingCalls& calls);
+  // Every timer that the module sets from now on ticks as often as Windows can.
+  void HastenTimers(HMODULE module);
+  // The faults are over; call it before the module goes.
+  static void Forget();
+};
+
+}  // namespace quor::workbench
+
+#endif

@@ -1,0 +1,81 @@
+#include "workbench/host/message_loop.h"
+
+#include <algorithm>
+
+namespace quor::workbench {
+
+namespace {
+
+// An add-in whose windows post to themselves without end must not hang the scenario here.
+constexpr int kMostMessages = 100'000;
+constexpr ULONGLONG kLongestHold = 3'000;  // milliseconds
+constexpr DWORD kLongestSleep = 50;
+
+}  // namespace
+
+bool CMessageLoop::HandleOne(UINT first, UINT last) {
+  MSG message;
+  if (!PeekMessageW(&message, nullptr, first, last, PM_REMOVE)) return false;
+  if (message.message == WM_TIMER && IsHeldBack(message)) return true;
+  TranslateMessage(&message);
+  const auto handle = [&message] { DispatchMessageW(&message); };
+  const bool watched = message.message == WM_TIMER && message.wParam == m_watchedTimer && m_watcher;
+  if (watched) {
+    m_watcher(handle);
+  } else {
+    handle();
+  }
+  return true;
+}
+
+void CMessageLoop::WatchTimer(UINT_PTR timer, Watcher watcher) {
+  m_watchedTimer = timer;
+  m_watcher = std::move(watcher);
+}
+
+bool CMessageLoop::IsHeldBack(const MSG& message) {
+  if (message.wParam == m_firstTimer || GetTickCount64() > m_heldUntil) {
+    m_firstTimer = m_heldTimer = 0;
+    m_heldUntil = ~0ULL;
+  }
+  return m_heldTimer != 0 && message.wParam == m_heldTimer;
+}
+
+void CMessageLoop::ExpectTimerFirst(UINT_PTR first, UINT_PTR second) {
+  m_firstTimer = first;
+  m_heldTimer = second;
+  m_heldUntil = GetTickCount64() + kLongestHold;
+}
+
+void CMessageLoop::Pump() {
+  for (int i = 0; i < kMostMessages; ++i) {
+    if (!HandleOne(0, WM_TIMER - 1) && !HandleOne(WM_TIMER + 1, 0xFFFFFFFF)) return;
+  }
+}
+
+bool CMessageLoop::PumpUntil(const std::function<bool()>& done, unsigned milliseconds) {
+  const ULONGLONG end = GetTickCount64() + milliseconds;
+  m_waiting = true;
+  bool reached = false;
+  for (;;) {
+    Pump();
+    reached = done();
+    const ULONGLONG now = GetTickCount64();
+    if (reached || now >= end) break;
+    if (HandleOne(WM_TIMER, WM_TIMER)) continue;
+    const DWORD sleep = std::min(kLongestSleep, static_cast<DWORD>(end - now));
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, sleep, QS_ALLINPUT);
+  }
+  m_waiting = false;
+  return reached;
+}
+
+void CMessageLoop::Run() {
+  MSG message;
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+}  // namespace quor::workbench

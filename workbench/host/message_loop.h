@@ -1,0 +1,44 @@
+#ifndef QUOR_WORKBENCH_HOST_MESSAGE_LOOP_H
+#define QUOR_WORKBENCH_HOST_MESSAGE_LOOP_H
+
+#include <windows.h>
+
+#include <atomic>
+#include <functional>
+
+namespace quor::workbench {
+
+// Outlook's message loop, with the clock in the scenario's hand: what is posted is handled at once,
+// timers only while the scenario waits. So the same scenario sees the same order every time.
+class CMessageLoop {
+ public:
+  void Pump();
+  // False when `milliseconds` pass before `done`, which is asked after every message.
+  bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds);
+  // For a person: everything as it comes, until the application ends.
+  void Run();
+
+  // The add-in's one-shot timer, due at once, goes before its repeating one, however slowly the
+  // machine started it: until the first has come, ticks of the second are dropped.
+  void ExpectTimerFirst(UINT_PTR first, UINT_PTR second);
+  // `watcher` gets each message of a timer instead, as an action that handles it; 0: no longer.
+  using Watcher = std::function<void(const std::function<void()>& handle)>;
+  void WatchTimer(UINT_PTR timer, Watcher watcher);
+  // True while a wait of the scenario, rather than a window's own loop, handles the messages.
+  bool IsWaiting() const { return m_waiting; }
+
+ private:
+  bool HandleOne(UINT first, UINT last);
+  bool IsHeldBack(const MSG& message);
+
+  UINT_PTR m_watchedTimer = 0;
+  Watcher m_watcher;
+  UINT_PTR m_firstTimer = 0;
+  UINT_PTR m_heldTimer = 0;
+  ULONGLONG m_heldUntil = 0;
+  std::atomic<bool> m_waiting = false;
+};
+
+}  // namespace quor::workbench
+
+#endif

@@ -1,0 +1,238 @@
+#include "workbench/host/office_face.h"
+
+#include <algorithm>
+
+#include "workbench/scenario/scenario_error.h"
+
+namespace quor::workbench {
+
+namespace {
+
+constexpr int kFirstExplorerRibbon = 14;
+constexpr int kFirstInspectorRibbon = 12;
+constexpr char kExplorerRibbon[] = "Microsoft.Outlook.Explorer";
+constexpr char kContactRibbon[] = "Microsoft.Outlook.Contact";
+const wchar_t* TabOf(ItemType type) {
+  switch (type) {
+    case ItemType::Appointment:
+      return L"TabCalendar";
+    case ItemType::Contact:
+    case ItemType::DistributionList:
+      return L"TabContacts";
+    case ItemType::Task:
+      return L"TabTasks";
+    case ItemType::Journal:
+      return L"TabJournals";
+    case ItemType::Note:
+      return L"TabNotes";
+    case ItemType::Mail:
+      break;
+  }
+  return L"TabMail";
+}
+
+}  // namespace
+
+COfficeFace::COfficeFace(int version, std::function<void(const std::string&)> askRibbon)
+    : m_version(version), m_askRibbon(std::move(askRibbon)) {}
+
+COfficeFace::~COfficeFace() = default;
+
+void COfficeFace::LoadRibbon(const std::string& ribbonId, const std::string& document,
+                             IUnknown* callbacks) {
+  const bool isExplorer = ribbonId == kExplorerRibbon;
+  if (!isExplorer && ribbonId != kContactRibbon) return;
+  std::unique_ptr<CRibbonHost>& host = isExplorer ? m_explorerRibbon : m_contactRibbon;
+  host = std::make_unique<CRibbonHost>(m_session->Model(),
+                                       isExplorer ? RibbonWindow::Explorer : RibbonWindow::Contact);
+  host->Load(callbacks, WideFromUtf8(document));
+  for (const auto& parts : m_windows)
+    OpenRibbon(*parts);
+}
+
+void COfficeFace::UnloadRibbons() {
+  for (const auto& parts : m_windows) {
+    parts->window->SetRibbon(nullptr);
+    parts->ribbon.reset();
+  }
+  if (m_explorerRibbon) m_explorerRibbon->Unload();
+  if (m_contactRibbon) m_contactRibbon->Unload();
+}
+
+std::vector<std::string> COfficeFace::RibbonMessages() const {
+  std::vector<std::string> messages;
+  for (const CRibbonHost* host : {m_explorerRibbon.get(), m_contactRibbon.get()}) {
+    if (host) messages.insert(messages.end(), host->Messages().begin(), host->Messages().end());
+  }
+  return messages;
+}
+
+COfficeFace::WindowParts* COfficeFace::FindKnown(const CWindowObject& window) {
+  for (const auto& parts : m_windows) {
+    if (parts->object == &window) return parts.get();
+  }
+  return nullptr;
+}
+
+COfficeFace::WindowParts& COfficeFace::Add(CWindowObject& window, bool isExplorer) {
+  auto parts = std::make_unique<WindowParts>();
+  parts->object = &window;
+  parts->isExplorer = isExplorer;
+  const int firstRibbon = isExplorer ? kFirstExplorerRibbon : kFirstInspectorRibbon;
+  parts->bars = MakeObject<CCommandBars>(
+      m_session->Model(), m_registry,
+      m_version < firstRibbon ? CCommandBars::Kind::Shown : CCommandBars::Kind::Hidden);
+  parts->bars->SetApplication(&m_session->Application());
+  m_windows.push_back(std::move(parts));
+  return *m_windows.back();
+}
+
+COfficeFace::WindowParts& COfficeFace::PartsOf(CExplorer& explorer) {
+  if (WindowParts* known = FindKnown(explorer)) return *known;
+  WindowParts& parts = Add(explorer, true);
+  OutlookWindowOptions options;
+  options.skin = m_version < kFirstExplorerRibbon ? Skin::Toolbars : Skin::Ribbon;
+  parts.window = std::make_unique<COutlookWindow>(*m_session, explorer, *parts.bars, options);
+  parts.window->SetPanel(m_panel);
+  return parts;
+}
+
+COfficeFace::WindowParts& COfficeFace::PartsOf(CInspector& inspector) {
+  if (WindowParts* known = FindKnown(inspector)) return *known;
+  WindowParts& parts = Add(inspector, false);
+  OutlookWindowOptions options;
+  options.skin = m_version < kFirstInspectorRibbon ? Skin::Toolbars : Skin::Ribbon;
+  parts.window = std::make_unique<COutlookWindow>(*m_session, inspector, *parts.bars, options);
+  return parts;
+}
+
+COfficeFace::WindowParts& COfficeFace::Find(CWindowObject* window) {
+  for (const auto& parts : m_windows) {
+    if (window ? parts->object == window : parts->isExplorer) return *parts;
+  }
+  throw CScenarioError("no such window is open");
+}
+
+IDispatch* COfficeFace::CommandBarsOf(CExplorer& explorer) {
+  return PartsOf(explorer).bars.get();
+}
+
+IDispatch* COfficeFace::CommandBarsOf(CInspector& inspector) {
+  return PartsOf(inspector).bars.get();
+}
+
+HWND COfficeFace::WindowOf(CExplorer& explorer) {
+  return PartsOf(explorer).window->Handle();
+}
+
+HWND COfficeFace::WindowOf(CInspector& inspector) {
+  return PartsOf(inspector).window->Handle();
+}
+
+void COfficeFace::OpenRibbon(WindowParts& parts) {
+  CRibbonHost* host = parts.isExplorer ? m_explorerRibbon.get() : m_contactRibbon.get();
+  if (!host || !host->IsLoaded() || parts.ribbon) return;
+  parts.ribbon = host->OpenView(parts.object);
+  if (!parts.isExplorer) parts.ribbon->SelectTab(L"TabContact");
+  parts.window->SetRibbon(parts.ribbon.get());
+  OnChanged();
+}
+
+void COfficeFace::Show(WindowParts& parts) {
+  OpenRibbon(parts);
+  parts.window->Show();
+  if (parts.ribbon) parts.ribbon->Redraw();
+}
+
+void COfficeFace::OnShown(CExplorer& explorer) {
+  Show(PartsOf(explorer));
+}
+
+void COfficeFace::OnShown(CInspector& inspector) {
+  WindowParts& parts = PartsOf(inspector);
+  if (m_version >= kFirstInspectorRibbon && !m_contactRibbonAsked) {
+    m_contactRibbonAsked = true;
+    m_askRibbon(kContactRibbon);
+  }
+  Show(parts);
+}
+
+void COfficeFace::Close(CWindowObject& window) {
+  const auto found = std::find_if(m_windows.begin(), m_windows.end(),
+                                  [&](const auto& parts) { return parts->object == &window; });
+  if (found == m_windows.end()) return;
+  const std::unique_ptr<WindowParts> parts = std::move(*found);
+  m_windows.erase(found);
+  parts->window.reset();
+  parts->bars->Close();
+}
+
+void COfficeFace::OnClosed(CExplorer& explorer) {
+  Close(explorer);
+}
+
+void COfficeFace::OnClosed(CInspector& inspector) {
+  Close(inspector);
+}
+
+void COfficeFace::OnChanged() {
+  for (const auto& parts : m_windows) {
+    parts->window->Redraw();
+    if (!parts->isExplorer || !parts->ribbon) continue;
+    const auto& explorer = static_cast<CExplorer&>(*parts->object);
+    parts->ribbon->SelectTab(TabOf(explorer.Folder().itemType));
+  }
+}
+
+RibbonFigures COfficeFace::TakeRibbonFigures() {
+  for (const auto& parts : m_windows) {
+    if (parts->ribbon) parts->ribbon->Redraw();
+  }
+  RibbonFigures sum;
+  for (CRibbonHost* host : {m_explorerRibbon.get(), m_contactRibbon.get()}) {
+    if (!host) continue;
+    sum.callbacks += host->Figures().callbacks;
+    sum.invalidations += host->Figures().invalidations;
+    sum.microseconds += host->Figures().microseconds;
+    host->ResetFigures();
+  }
+  return sum;
+}
+
+void COfficeFace::RenderToPng(CWindowObject* window, const std::wstring& path,
+                              const PictureLook& look) {
+  Find(window).window->RenderToPng(path, look);
+}
+
+void COfficeFace::OpenMenu(CWindowObject* window, const std::vector<std::wstring>& path) {
+  WindowParts& parts = Find(window);
+  if (path.empty()) return parts.window->CloseMenus();
+  parts.window->OpenMenu(path);
+}
+
+std::vector<ControlFace> COfficeFace::Controls(CWindowObject* window) {
+  WindowParts& parts = Find(window);
+  return parts.ribbon ? parts.ribbon->ControlFaces() : parts.bars->ControlFaces();
+}
+
+void COfficeFace::Click(CWindowObject* window, const std::vector<std::wstring>& path) {
+  WindowParts& parts = Find(window);
+  if (parts.ribbon) return parts.ribbon->Click(path);
+  parts.bars->Click(path);
+}
+
+void COfficeFace::EnterText(CWindowObject* window, const std::wstring& control,
+                            const std::wstring& text) {
+  WindowParts& parts = Find(window);
+  if (parts.ribbon) return parts.ribbon->EnterText({&control, 1}, text);
+  parts.bars->EnterText({&control, 1}, text);
+}
+
+void COfficeFace::PickEntry(CWindowObject* window, const std::wstring& control,
+                            const std::wstring& entry) {
+  WindowParts& parts = Find(window);
+  if (parts.ribbon) return parts.ribbon->PickEntry({&control, 1}, entry);
+  parts.bars->PickEntry({&control, 1}, entry);
+}
+
+}  // namespace quor::workbench

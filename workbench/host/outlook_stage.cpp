@@ -1,0 +1,120 @@
+#include "workbench/host/outlook_stage.h"
+
+#include "workbench/host/application_data.h"
+#include "workbench/scenario/scenario_error.h"
+
+namespace quor::workbench {
+
+namespace {
+
+// What the user cannot do is a mistake of the scenario's.
+template <typename Action>
+auto AsUser(Action action) {
+  try {
+    return action();
+  } catch (const CMailboxError& error) {
+    throw CScenarioError(error.what());
+  } catch (const CModelError& error) {
+    throw CScenarioError(error.what());
+  }
+}
+
+void CheckCards(const std::vector<CardError>& errors) {
+  if (errors.empty()) return;
+  throw CScenarioError("vCard line " + std::to_string(errors.front().line) + ": " +
+                       errors.front().text);
+}
+
+}  // namespace
+
+void COutlookStage::LoadContacts(const std::string& vcardFile) {
+  const std::optional<std::string> text = ReadWholeFile(WideFromUtf8(vcardFile));
+  if (!text) throw CScenarioError("no such file: " + vcardFile);
+  AsUser([&] { CheckCards(m_outlook.LoadCards(*text)); });
+}
+
+void COutlookStage::ChangeContact(const std::string& contact, const std::string& property,
+                                  const std::string& value) {
+  AsUser([&] { m_outlook.ChangeContact(contact, property, value); });
+}
+
+void COutlookStage::AddContact(const std::string& folder, const std::string& vcard) {
+  AsUser([&] { CheckCards(m_outlook.AddCards(folder.empty() ? "Contacts" : folder, vcard)); });
+}
+
+void COutlookStage::DeleteContact(const std::string& contact) {
+  AsUser([&] { m_outlook.DeleteContact(contact); });
+}
+
+void COutlookStage::MoveContact(const std::string& contact, const std::string& folder) {
+  AsUser([&] { m_outlook.MoveContact(contact, folder); });
+}
+
+void COutlookStage::AddFolder(const std::string& path) {
+  AsUser([&] { m_outlook.AddFolder(path); });
+}
+
+void COutlookStage::DeleteFolder(const std::string& path) {
+  AsUser([&] { m_outlook.DeleteFolder(path); });
+}
+
+void COutlookStage::OpenInspector(const std::string& contact) {
+  AsUser([&] { m_outlook.OpenInspector(contact); });
+}
+
+void COutlookStage::CloseInspector(const std::string& contact) {
+  AsUser([&] { m_outlook.CloseInspector(contact); });
+}
+
+void COutlookStage::Select(const std::string& contact) {
+  AsUser([&] { m_outlook.Select({contact}); });
+}
+
+void COutlookStage::SwitchFolder(const std::string& path) {
+  AsUser([&] { m_figures.Time(&Figures::folderSwitch, [&] { m_outlook.SwitchFolder(path); }); });
+}
+
+void COutlookStage::NewExplorer() {
+  AsUser([&] { m_outlook.OpenExplorer(); });
+}
+
+void COutlookStage::CloseExplorer() {
+  m_figures.Time(&Figures::shutdown, [&] { m_outlook.CloseExplorer(); });
+}
+
+void COutlookStage::FireQuit() {
+  m_figures.Time(&Figures::shutdown, [&] { m_outlook.RaiseQuit(); });
+}
+
+void COutlookStage::FailMember(const std::string& member, const FailingCalls& calls) {
+  Fault fault;
+  fault.member = member.empty() ? "*" : member;
+  fault.first = calls.firstCall;
+  fault.last = calls.lastCall;
+  fault.code = static_cast<HRESULT>(calls.status);
+  m_outlook.Model().AddFault(fault);
+}
+
+void COutlookStage::HealMembers() {
+  m_outlook.Model().WithdrawAll();
+}
+
+void COutlookStage::DuringMember(const std::string& member, unsigned nth,
+                                 std::function<void()> action) {
+  Hook hook;
+  hook.member = member == "any" ? "*" : member;
+  hook.nth = nth;
+  hook.action = std::move(action);
+  m_outlook.Model().AddHook(std::move(hook));
+}
+
+std::vector<std::string> COutlookStage::Held() {
+  std::vector<std::string> held = m_outlook.Held();
+  for (const std::string& sink : m_outlook.Sinks())
+    held.push_back("sink on " + sink);
+  const std::vector<std::string>& misuses = m_outlook.Model().Misuses();
+  held.insert(held.end(), misuses.begin(), misuses.end());
+  return held;
+}
+
+}  // namespace quor::workbench

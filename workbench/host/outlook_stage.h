@@ -1,0 +1,45 @@
+#ifndef QUOR_WORKBENCH_HOST_OUTLOOK_STAGE_H
+#define QUOR_WORKBENCH_HOST_OUTLOOK_STAGE_H
+
+#include "workbench/host/figure_stage.h"
+#include "workbench/office/outlook.h"
+#include "workbench/scenario/stage.h"
+
+namespace quor::workbench {
+
+// The stand-in Outlook as scenarios act on it: names for its errors, faults and accounting.
+class COutlookStage final : public IOutlookStage {
+ public:
+  COutlookStage(COutlook& outlook, CFigureStage& figures)
+      : m_outlook(outlook), m_figures(figures) {}
+
+  int Version() override { return m_outlook.Version(); }
+  void LoadContacts(const std::string& vcardFile) override;
+  void ChangeContact(const std::string& contact, const std::string& property,
+                     const std::string& value) override;
+  void AddContact(const std::string& folder, const std::string& vcard) override;
+  void DeleteContact(const std::string& contact) override;
+  void MoveContact(const std::string& contact, const std::string& folder) override;
+  void AddFolder(const std::string& path) override;
+  void DeleteFolder(const std::string& path) override;
+  void OpenInspector(const std::string& contact) override;
+  void CloseInspector(const std::string& contact) override;
+  void Select(const std::string& contact) override;
+  void SwitchFolder(const std::string& path) override;
+  void NewExplorer() override;
+  void CloseExplorer() override;
+  void FireQuit() override;
+  void FailMember(const std::string& member, const FailingCalls& calls) override;
+  void HealMembers() override;
+  void DuringMember(const std::string& member, unsigned nth, std::function<void()> action) override;
+  // Objects, sinks, and misuses such as one release too many.
+  std::vector<std::string> Held() override;
+
+ private:
+  COutlook& m_outlook;
+  CFigureStage& m_figures;
+};
+
+}  // namespace quor::workbench
+
+#endif

@@ -1,0 +1,122 @@
+#include "workbench/host/screen_stage.h"
+
+#include "workbench/host/addin_windows.h"
+#include "workbench/host/screenshot.h"
+#include "workbench/scenario/scenario_error.h"
+
+namespace quor::workbench {
+
+namespace {
+
+ControlView ViewOf(const ControlFace& face) {
+  ControlView view;
+  view.id = Utf8FromWide(face.id);
+  view.kind = Utf8FromWide(KindName(face.kind));
+  view.caption = Utf8FromWide(face.caption);
+  view.text = Utf8FromWide(face.text);
+  view.enabled = face.enabled;
+  view.visible = face.visible;
+  view.picture = face.hasPicture;
+  for (const ControlFace& item : face.items)
+    view.items.push_back(ViewOf(item));
+  for (const std::wstring& entry : face.entries) {
+    ControlView item;
+    item.caption = Utf8FromWide(entry);
+    view.items.push_back(item);
+  }
+  return view;
+}
+
+std::vector<std::wstring> WidePath(const std::vector<std::string>& path) {
+  std::vector<std::wstring> wide;
+  for (const std::string& part : path)
+    wide.push_back(WideFromUtf8(part));
+  return wide;
+}
+
+// What the user cannot do is for the scenario to know.
+template <typename Action>
+void AsUser(Action action) {
+  try {
+    action();
+  } catch (const CUserActionError& error) {
+    throw CExpectationFailure(error.what());
+  } catch (const CMailboxError& error) {
+    throw CScenarioError(error.what());
+  }
+}
+
+}  // namespace
+
+CScreenStage::CScreenStage(COutlook& outlook, COfficeFace& face, CAddInHost& host,
+                           std::string pictureFolder)
+    : m_outlook(outlook), m_face(face), m_host(host), m_pictureFolder(std::move(pictureFolder)) {}
+
+CWindowObject* CScreenStage::InspectorOf(const std::string& name) {
+  if (name.empty()) return nullptr;
+  StoredItemPtr item;
+  AsUser([&] { item = m_outlook.FindItem(name); });
+  for (const CModelPtr<CInspector>& inspector : m_outlook.OpenInspectors()) {
+    if (inspector->Item() && inspector->Item()->Stored() == item) return inspector.get();
+  }
+  throw CScenarioError("the window of \"" + name + "\" is not open");
+}
+
+std::vector<ControlView> CScreenStage::Controls(const std::string& inspector) {
+  std::vector<ControlView> views;
+  for (const ControlFace& face : m_face.Controls(InspectorOf(inspector)))
+    views.push_back(ViewOf(face));
+  return views;
+}
+
+void CScreenStage::Click(const std::string& inspector, const std::vector<std::string>& path) {
+  AsUser([&] { m_face.Click(InspectorOf(inspector), WidePath(path)); });
+}
+
+void CScreenStage::Type(const std::string& control, const std::string& text) {
+  AsUser([&] { m_face.EnterText(nullptr, WideFromUtf8(control), WideFromUtf8(text)); });
+}
+
+void CScreenStage::Pick(const std::string& control, const std::string& item) {
+  AsUser([&] { m_face.PickEntry(nullptr, WideFromUtf8(control), WideFromUtf8(item)); });
+}
+
+std::vector<WindowView> CScreenStage::Windows() {
+  std::vector<WindowView> views;
+  for (const HWND window : m_host.Windows())
+    views.push_back(DescribeWindow(window));
+  return views;
+}
+
+void CScreenStage::Press(const std::string& title, const std::string& button) {
+  PressButton(m_host.Windows(), title, button);
+}
+
+void CScreenStage::Enter(const std::string& title, int field, const std::string& text) {
+  EnterText(m_host.Windows(), title, field, text);
+}
+
+void CScreenStage::CloseWindow(const std::string& title) {
+  CloseByUser(m_host.Windows(), title);
+}
+
+std::string CScreenStage::Screenshot(const std::string& name) {
+  // What the add-in has invalidated since is asked again first.
+  AsUser([&] { m_face.OnChanged(); });
+  return SaveScreenshot(m_pictureFolder + "\\" + name + ".png");
+}
+
+std::string CScreenStage::Picture(const PictureOrder& order) {
+  const std::string path = m_pictureFolder + "\\" + order.name + ".png";
+  PictureLook look;
+  look.scale = order.scale;
+  look.theme = order.dark ? Theme::Dark : Theme::Light;
+  AsUser([&] {
+    m_face.OpenMenu(nullptr, WidePath(order.menu));
+    m_face.RenderToPng(nullptr, WideFromUtf8(path), look);
+    m_face.OpenMenu(nullptr, {});
+  });
+  return path;
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,40 @@
+#ifndef QUOR_WORKBENCH_HOST_SCREEN_STAGE_H
+#define QUOR_WORKBENCH_HOST_SCREEN_STAGE_H
+
+#include <string>
+
+#include "workbench/host/addin_host.h"
+#include "workbench/host/office_face.h"
+#include "workbench/office/outlook.h"
+#include "workbench/scenario/stage.h"
+
+namespace quor::workbench {
+
+// What a user does with toolbar, ribbon and the add-in's windows.
+class CScreenStage final : public IScreenStage {
+ public:
+  CScreenStage(COutlook& outlook, COfficeFace& face, CAddInHost& host, std::string pictureFolder);
+
+  std::vector<ControlView> Controls(const std::string& inspector) override;
+  void Click(const std::string& inspector, const std::vector<std::string>& path) override;
+  void Type(const std::string& control, const std::string& text) override;
+  void Pick(const std::string& control, const std::string& item) override;
+  std::vector<WindowView> Windows() override;
+  void Press(const std::string& title, const std::string& button) override;
+  void Enter(const std::string& title, int field, const std::string& text) override;
+  void CloseWindow(const std::string& title) override;
+  std::string Screenshot(const std::string& name) override;
+  std::string Picture(const PictureOrder& order) override;
+
+ private:
+  CWindowObject* InspectorOf(const std::string& name);
+
+  COutlook& m_outlook;
+  COfficeFace& m_face;
+  CAddInHost& m_host;
+  std::string m_pictureFolder;
+};
+
+}  // namespace quor::workbench
+
+#endif

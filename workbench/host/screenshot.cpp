@@ -1,0 +1,67 @@
+#include "workbench/host/screenshot.h"
+
+// clang-format off
+#include <windows.h>
+#include <objidl.h>
+#include <algorithm>
+// GDI+ wants these as names of its own, and NOMINMAX took the macros away.
+namespace Gdiplus { using std::max; using std::min; }
+#include <gdiplus.h>
+// clang-format on
+
+#include <memory>
+
+#include "workbench/office/value.h"
+
+namespace quor::workbench {
+
+namespace {
+
+constexpr CLSID kPngEncoder = {
+    0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
+
+// Wine without a display draws nowhere.
+bool HasScreen() {
+  wchar_t driver[32] = {};
+  DWORD size = sizeof(driver);
+  RegGetValueW(HKEY_CURRENT_USER, L"Software\\Wine\\Drivers", L"Graphics", RRF_RT_REG_SZ, nullptr,
+               driver, &size);
+  return lstrcmpiW(driver, L"null") != 0;
+}
+
+HBITMAP CopyScreen() {
+  const int width = GetSystemMetrics(SM_CXSCREEN);
+  const int height = GetSystemMetrics(SM_CYSCREEN);
+  const HDC screen = GetDC(nullptr);
+  const HDC memory = CreateCompatibleDC(screen);
+  const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+  const HGDIOBJ before = SelectObject(memory, bitmap);
+  BitBlt(memory, 0, 0, width, height, screen, 0, 0, SRCCOPY);
+  SelectObject(memory, before);
+  DeleteDC(memory);
+  ReleaseDC(nullptr, screen);
+  return bitmap;
+}
+
+bool SavePng(HBITMAP bitmap, const std::wstring& path) {
+  ULONG_PTR token = 0;
+  const Gdiplus::GdiplusStartupInput input;
+  if (Gdiplus::GdiplusStartup(&token, &input, nullptr) != Gdiplus::Ok) return false;
+  auto picture = std::make_unique<Gdiplus::Bitmap>(bitmap, nullptr);
+  const bool saved = picture->Save(path.c_str(), &kPngEncoder, nullptr) == Gdiplus::Ok;
+  picture.reset();  // before GDI+ ends
+  Gdiplus::GdiplusShutdown(token);
+  return saved;
+}
+
+}  // namespace
+
+std::string SaveScreenshot(const std::string& path) {
+  if (!HasScreen()) return {};
+  const HBITMAP bitmap = CopyScreen();
+  const bool saved = SavePng(bitmap, WideFromUtf8(path));
+  DeleteObject(bitmap);
+  return saved ? path : std::string();
+}
+
+}  // namespace quor::workbench

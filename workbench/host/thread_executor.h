@@ -1,0 +1,57 @@
+#ifndef QUOR_WORKBENCH_HOST_THREAD_EXECUTOR_H
+#define QUOR_WORKBENCH_HOST_THREAD_EXECUTOR_H
+
+#include <windows.h>
+
+#include <exception>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "workbench/host/message_loop.h"
+#include "workbench/scenario/run.h"
+
+namespace quor::workbench {
+
+// Runs the steps of a scenario, which is read on a thread of its own, on Outlook's thread. A step
+// that opens a window with a message loop of its own does not come back until that window closes;
+// the steps after it then run inside that loop, as a person goes on clicking.
+class CThreadExecutor final : public IExecutor {
+ public:
+  // Made on Outlook's thread. `stuck` is called on the other thread when Outlook's does not answer
+  // within the limit; it must end the process.
+  CThreadExecutor(CMessageLoop& loop, DWORD limit, std::function<void()> stuck);
+  ~CThreadExecutor();
+  CThreadExecutor(const CThreadExecutor&) = delete;
+  CThreadExecutor& operator=(const CThreadExecutor&) = delete;
+
+  void Do(const std::function<void()>& action) override;
+
+  // On Outlook's thread: runs the script on another one and serves it until it returns.
+  void Serve(const std::function<void()>& script);
+
+ private:
+  struct Job {
+    std::function<void()> action;
+    HANDLE finished;
+    std::exception_ptr error;
+
+    ~Job() { CloseHandle(finished); }
+  };
+  using JobPtr = std::shared_ptr<Job>;
+
+  static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  JobPtr Post(std::function<void()> action);
+  bool IsInsideWindow();
+  void RethrowLateErrors();
+
+  CMessageLoop& m_loop;
+  DWORD m_limit;
+  std::function<void()> m_stuck;
+  HWND m_window = nullptr;
+  std::vector<JobPtr> m_unfinished;
+};
+
+}  // namespace quor::workbench
+
+#endif

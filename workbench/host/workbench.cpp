@@ -1,0 +1,96 @@
+#include "workbench/host/workbench.h"
+
+// clang-format off
+#include <windows.h>
+#include <objbase.h>
+// clang-format on
+
+#include "workbench/scenario/results.h"
+
+namespace quor::workbench {
+
+namespace {
+
+SessionOptions SessionOf(const Options& options) {
+  SessionOptions session;
+  session.version = options.outlookVersion;
+  return session;
+}
+
+std::wstring FolderOf(const std::wstring& path) {
+  return path.substr(0, path.rfind(L'\\'));
+}
+
+std::wstring OwnFolder() {
+  wchar_t path[MAX_PATH] = {};
+  GetModuleFileNameW(nullptr, path, MAX_PATH);
+  return FolderOf(path);
+}
+
+std::wstring ClassIdText(const CLSID& classId) {
+  wchar_t text[64] = {};
+  StringFromGUID2(classId, text, 64);
+  return text;
+}
+
+}  // namespace
+
+CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
+    : m_addIn(FindRegisteredAddIn(WideFromUtf8(options.addIn))),
+      m_data(WideFromUtf8(options.dataFolder)),
+      m_face(options.outlookVersion,
+             [this](const std::string& ribbonId) {
+               std::optional<std::string> document;
+               if (m_host.IsLoaded()) m_host.CustomUi(ribbonId, document);
+             }),
+      m_outlook(SessionOf(options), m_face),
+      m_figureStage(m_outlook.Model(), m_face),
+      m_host(m_addIn, loop, *this, m_figureStage),
+      m_instance(
+          m_outlook.AddAddIn({m_addIn.friendlyName, m_addIn.progId, ClassIdText(m_addIn.classId)},
+                             [this](bool connect) { OnConnectSet(connect); })),
+      m_baseStage(FolderOf(m_addIn.modulePath), OwnFolder()),
+      m_basePanel(m_baseStage),
+      m_outlookStage(m_outlook, m_figureStage),
+      m_screenStage(m_outlook, m_face, m_host, options.pictureFolder),
+      m_evidenceStage(m_data) {
+  m_face.Attach(m_outlook.Session(), &m_basePanel);
+  m_outlook.OpenExplorer();
+}
+
+CWorkbench::~CWorkbench() = default;
+
+Stage CWorkbench::Stages() {
+  return {m_host, m_baseStage, m_outlookStage, m_screenStage, m_evidenceStage, m_figureStage};
+}
+
+IDispatch* CWorkbench::Application() {
+  return m_outlook.Application();
+}
+
+IDispatch* CWorkbench::AddInInstance() {
+  return m_instance.get();
+}
+
+void CWorkbench::OnRibbon(const std::string& ribbonId, const std::string& document,
+                          IUnknown* callbacks) {
+  m_face.LoadRibbon(ribbonId, document, callbacks);
+}
+
+void CWorkbench::OnAddInGone() {
+  m_face.UnloadRibbons();
+}
+
+// COMAddIn.Connect set by code, or the check mark in the COM add-ins dialog.
+void CWorkbench::OnConnectSet(bool connect) {
+  constexpr int kAfterStartup = 0;
+  constexpr int kUserClosed = 1;
+  if (connect && !m_host.IsConnected()) {
+    if (!m_host.IsLoaded()) m_host.Create();
+    m_host.Connect(kAfterStartup);
+  } else if (!connect && m_host.IsConnected()) {
+    m_host.Disconnect(kUserClosed);
+  }
+}
+
+}  // namespace quor::workbench

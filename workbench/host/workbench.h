@@ -1,0 +1,63 @@
+#ifndef QUOR_WORKBENCH_HOST_WORKBENCH_H
+#define QUOR_WORKBENCH_HOST_WORKBENCH_H
+
+#include <string>
+
+#include "workbench/host/addin_host.h"
+#include "workbench/host/application_data.h"
+#include "workbench/host/base_panel.h"
+#include "workbench/host/base_stage.h"
+#include "workbench/host/evidence_stage.h"
+#include "workbench/host/figure_stage.h"
+#include "workbench/host/message_loop.h"
+#include "workbench/host/office_face.h"
+#include "workbench/host/outlook_stage.h"
+#include "workbench/host/screen_stage.h"
+#include "workbench/scenario/options.h"
+#include "workbench/scenario/stage.h"
+
+namespace quor::workbench {
+
+// One session of the stand-in: Outlook with its first window open, the base, the run's own
+// application data, and the registered add-in, not loaded yet. Lives on Outlook's thread.
+class CWorkbench final : IAddInSurroundings {
+ public:
+  // Throws std::runtime_error, for the person at the keyboard, when no add-in is registered and the
+  // like.
+  CWorkbench(const Options& options, CMessageLoop& loop);
+  ~CWorkbench();
+  CWorkbench(const CWorkbench&) = delete;
+  CWorkbench& operator=(const CWorkbench&) = delete;
+
+  Stage Stages();
+  COutlook& Outlook() { return m_outlook; }
+  COfficeFace& Face() { return m_face; }
+  CAddInHost& Host() { return m_host; }
+  ISimulatedBase& Base() { return m_baseStage.Base(); }
+  CApplicationData& Data() { return m_data; }
+
+ private:
+  IDispatch* Application() override;
+  IDispatch* AddInInstance() override;
+  void OnRibbon(const std::string& ribbonId, const std::string& document,
+                IUnknown* callbacks) override;
+  void OnAddInGone() override;
+  void OnConnectSet(bool connect);
+
+  RegisteredAddIn m_addIn;
+  CApplicationData m_data;
+  COfficeFace m_face;
+  COutlook m_outlook;
+  CFigureStage m_figureStage;
+  CAddInHost m_host;
+  CModelPtr<CComAddIn> m_instance;
+  CBaseStage m_baseStage;
+  CBasePanel m_basePanel;
+  COutlookStage m_outlookStage;
+  CScreenStage m_screenStage;
+  CEvidenceStage m_evidenceStage;
+};
+
+}  // namespace quor::workbench
+
+#endif

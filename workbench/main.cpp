@@ -1,0 +1,107 @@
+// The workbench: the registered add-in in a stand-in for Outlook, with a stand-in for the base.
+
+// clang-format off
+#include <windows.h>
+#include <fcntl.h>
+#include <io.h>
+#include <ole2.h>
+#include <shellapi.h>
+// clang-format on
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "workbench/host/console.h"
+#include "workbench/host/crash_report.h"
+#include "workbench/host/player.h"
+#include "workbench/host/thread_executor.h"
+#include "workbench/host/workbench.h"
+#include "workbench/scenario/command.h"
+
+namespace quor::workbench {
+namespace {
+
+std::vector<std::string> CommandLine() {
+  int count = 0;
+  wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::vector<std::string> arguments;
+  for (int i = 1; i < count; ++i)
+    arguments.push_back(Utf8FromWide(words[i]));
+  LocalFree(words);
+  return arguments;
+}
+
+int Play(const Options& options) {
+  CMessageLoop loop;
+  CThreadExecutor executor(loop, options.stuckAfter * 1000, ReportStuck);
+  int code = kNotPlayed;
+  executor.Serve([&] {
+    try {
+      CPlayer player(options, loop, executor);
+      code = player.Play();
+    } catch (const std::exception& error) {
+      PrintLine(std::string("workbench: ") + error.what());
+    }
+  });
+  return code;
+}
+
+// A person's steps come one at a time, on Outlook's thread.
+class CHere final : public IExecutor {
+ public:
+  void Do(const std::function<void()>& action) override { action(); }
+};
+
+// Outlook and the base for a person, until the last main window is closed.
+int Live(const Options& options) {
+  constexpr unsigned kLongTime = 60'000;
+  CMessageLoop loop;
+  CWorkbench workbench(options, loop);
+  if (!options.contactsFile.empty()) workbench.Stages().outlook.LoadContacts(options.contactsFile);
+  CConsole console(options.telling);
+  CHere here;
+  CRun run(workbench.Stages(), console, here);
+  if (!run.Play(ParseScript("base answers\nplug\nstart\n", options.outlookVersion)))
+    return kNotPlayed;
+  const auto isClosed = [&] { return !workbench.Outlook().Session().ActiveExplorer(); };
+  while (!loop.PumpUntil(isClosed, kLongTime)) {
+  }
+  return run.Finish() ? kGood : kFailed;
+}
+
+int Main() {
+  _setmode(_fileno(stdout), _O_BINARY);
+  try {
+    Options options = ParseOptions(CommandLine());
+    switch (options.task) {
+      case Options::Task::Help:
+        PrintLine(std::string(kUsage) + "\n" + CommandHelp());
+        return kGood;
+      case Options::Task::HelpMarkdown:
+        PrintLine(CommandHelpMarkdown());
+        return kGood;
+      case Options::Task::Interactive:
+        if (options.outlookVersion == 0) options.outlookVersion = kUsualVersion;
+        return Live(options);
+      default:
+        return Play(options);
+    }
+  } catch (const std::exception& error) {
+    PrintLine(std::string("workbench: ") + error.what());
+    return kNotPlayed;
+  }
+}
+
+}  // namespace
+}  // namespace quor::workbench
+
+int main() {
+  using namespace quor::workbench;
+  ReportCrashes();
+  if (FAILED(OleInitialize(nullptr))) return kNotPlayed;
+  const int code = Main();
+  OleUninitialize();
+  return code;
+}

@@ -1,0 +1,308 @@
+#include "workbench/office/application_objects.h"
+
+#include <utility>
+
+#include "workbench/office/folder_objects.h"
+#include "workbench/office/window_objects.h"
+
+namespace quor::workbench {
+namespace {
+
+constexpr DISPID kOptionsPagesAdd = 0xF005;
+constexpr DISPID kStartup = 0xF006;
+constexpr DISPID kQuit = 0xF007;
+
+}  // namespace
+
+CApplication::CApplication(CSession& session)
+    : COutlookObject(session, Members(), Events(), ObjectClass::Application) {}
+
+const CMemberTable& CApplication::Members() {
+  static const CMemberTable table(
+      "Application", {kApplicationId}, &CommonMembers(),
+      {Get<&CApplication::Name>(L"Name", 0x3001), Get<&CApplication::Version>(L"Version", 0x0116),
+       Method<&CApplication::ActiveExplorer>(L"ActiveExplorer", 0x0111),
+       Method<&CApplication::ActiveInspector>(L"ActiveInspector", 0x0112),
+       Method<&CApplication::ActiveWindow>(L"ActiveWindow", 0x011F),
+       Method<&CApplication::CreateItem>(L"CreateItem", 0x010A, 1),
+       Method<&CApplication::GetNamespace>(L"GetNamespace", 0x0110, 1),
+       Get<&CApplication::ComAddIns>(L"COMAddIns", 0x0118),
+       Get<&CApplication::Explorers>(L"Explorers", 0x0119),
+       Get<&CApplication::Inspectors>(L"Inspectors", 0x011A),
+       Get<&CApplication::IsTrusted>(L"IsTrusted", 0xFBF3)});
+  return table;
+}
+
+const EventTable& CApplication::Events() {
+  static const EventTable table = {
+      {{kApplicationEventsId, "ApplicationEvents"},
+       {kApplicationEvents10Id, "ApplicationEvents_10"},
+       {kApplicationEvents11Id, "ApplicationEvents_11"}},
+      {{kOptionsPagesAdd, "OptionsPagesAdd"}, {kStartup, "Startup"}, {kQuit, "Quit"}}};
+  return table;
+}
+
+void CApplication::RaiseStartup() {
+  Fire(kStartup);
+}
+
+void CApplication::RaiseQuit() {
+  Fire(kQuit);
+}
+
+void CApplication::RaiseOptionsPagesAdd(CPropertyPages& pages) {
+  Fire(kOptionsPagesAdd, {CValue(&pages)});
+}
+
+CValue CApplication::Name() {
+  return CValue(L"Outlook");
+}
+
+CValue CApplication::Version() {
+  return CValue(Session().VersionText());
+}
+
+CModelPtr<CExplorer> CApplication::ActiveExplorer() {
+  return Session().ActiveExplorer();
+}
+
+CModelPtr<CInspector> CApplication::ActiveInspector() {
+  return Session().ActiveInspector();
+}
+
+CValue CApplication::ActiveWindow() {
+  if (Session().IsInspectorActive()) return CValue(Session().ActiveInspector().get());
+  return CValue(Session().ActiveExplorer().get());
+}
+
+CModelPtr<CItem> CApplication::CreateItem(const CArguments& arguments) {
+  const auto type = static_cast<ItemType>(arguments.Long(0));
+  switch (type) {
+    case ItemType::Contact:
+    case ItemType::DistributionList:
+      return Session().NewItem(type, *Session().Mailbox().DefaultStore().contacts);
+    case ItemType::Mail:
+      return Session().NewItem(type, *Session().Mailbox().DefaultFolder(16));
+    default:
+      throw CModelError(E_NOTIMPL, "Items of this type are not kept here.");
+  }
+}
+
+CValue CApplication::GetNamespace(const CArguments& arguments) {
+  if (!SameText(arguments.Text(0), L"MAPI")) throw CModelError(E_INVALIDARG);
+  return CValue(&Session().NameSpace());
+}
+
+CValue CApplication::ComAddIns() {
+  return CValue(&Session().ComAddIns());
+}
+
+CValue CApplication::Explorers() {
+  return CValue(&Session().Explorers());
+}
+
+CValue CApplication::Inspectors() {
+  return CValue(&Session().Inspectors());
+}
+
+bool CApplication::IsTrusted() {
+  return true;
+}
+
+CNameSpace::CNameSpace(CSession& session)
+    : COutlookObject(session, Members(), Events(), ObjectClass::Namespace) {}
+
+const CMemberTable& CNameSpace::Members() {
+  static const CMemberTable table(
+      "NameSpace", {kNameSpaceId}, &CommonMembers(),
+      {Get<&CNameSpace::Folders>(L"Folders", 0x2103),
+       Method<&CNameSpace::GetDefaultFolder>(L"GetDefaultFolder", 0x210B, 1),
+       Method<&CNameSpace::GetFolderFromId>(L"GetFolderFromID", 0x2108, 1, 2),
+       Method<&CNameSpace::GetItemFromId>(L"GetItemFromID", 0x2109, 1, 2),
+       Method<&CNameSpace::Logon>(L"Logon", 0x2105, 0, 4),
+       Method<&CNameSpace::CompareEntryIds>(L"CompareEntryIDs", 0xFBFC, 2)});
+  return table;
+}
+
+const EventTable& CNameSpace::Events() {
+  static const EventTable table = {{{kNameSpaceEventsId, "NameSpaceEvents"}},
+                                   {{kOptionsPagesAdd, "OptionsPagesAdd"}}};
+  return table;
+}
+
+void CNameSpace::RaiseOptionsPagesAdd(CPropertyPages& pages, FolderNode& folder) {
+  const CModelPtr<CFolder> object = Session().FolderObject(folder);
+  Fire(kOptionsPagesAdd, {CValue(&pages), CValue(object.get())});
+}
+
+CModelPtr<CFolders> CNameSpace::Folders() {
+  return MakeObject<CFolders>(Session(), nullptr);
+}
+
+CModelPtr<CFolder> CNameSpace::GetDefaultFolder(const CArguments& arguments) {
+  FolderNode* folder = Session().Mailbox().DefaultFolder(arguments.Long(0));
+  if (folder == nullptr) throw CModelError(E_INVALIDARG, "There is no such default folder.");
+  return Session().FolderObject(*folder);
+}
+
+CModelPtr<CFolder> CNameSpace::GetFolderFromId(const CArguments& arguments) {
+  FolderNode* folder = Session().Mailbox().FolderById(arguments.Text(0), arguments.TextOr(1, {}));
+  if (folder == nullptr) throw CModelError(kNotFound, "The folder was not found.");
+  return Session().FolderObject(*folder);
+}
+
+CModelPtr<CItem> CNameSpace::GetItemFromId(const CArguments& arguments) {
+  const StoredItemPtr item =
+      Session().Mailbox().ItemById(arguments.Text(0), arguments.TextOr(1, {}));
+  if (item == nullptr) throw CModelError(kNotFound, "The item was not found.");
+  return Session().ItemObject(item);
+}
+
+bool CNameSpace::CompareEntryIds(const CArguments& arguments) {
+  return SameText(arguments.Text(0), arguments.Text(1));
+}
+
+CPropertyPages::CPropertyPages(CSession& session)
+    : COutlookObject(session, Members(), NoEvents(), ObjectClass::PropertyPages) {}
+
+const CMemberTable& CPropertyPages::Members() {
+  static const CMemberTable table(
+      "PropertyPages", {kPropertyPagesId}, &CommonMembers(),
+      {Get<&CPropertyPages::Count>(L"Count", 0x50), Method<&CPropertyPages::Item>(L"Item", 0x51, 1),
+       Method<&CPropertyPages::Add>(L"Add", 0x5F, 1, 2),
+       Method<&CPropertyPages::Remove>(L"Remove", 0x54, 1)});
+  return table;
+}
+
+std::vector<OptionsPage> CPropertyPages::TakePages() {
+  return std::exchange(m_pages, {});
+}
+
+void CPropertyPages::OnGone() noexcept {
+  m_pages.clear();
+  COutlookObject::OnGone();
+}
+
+long CPropertyPages::Count() {
+  return static_cast<long>(m_pages.size());
+}
+
+CValue CPropertyPages::Item(const CArguments& arguments) {
+  return m_pages[PositionFromIndex(arguments.Long(0), m_pages.size())].object;
+}
+
+void CPropertyPages::Add(const CArguments& arguments) {
+  OptionsPage page;
+  if (arguments.IsText(0)) {
+    page.progId = arguments.Text(0);
+  } else {
+    IDispatch* object = arguments.Object(0);
+    if (object == nullptr) throw CModelError(E_INVALIDARG);
+    page.object = CValue(object);
+  }
+  page.title = arguments.TextOr(1, {});
+  m_pages.push_back(std::move(page));
+}
+
+void CPropertyPages::Remove(const CArguments& arguments) {
+  const size_t position = PositionFromIndex(arguments.Long(0), m_pages.size());
+  m_pages.erase(m_pages.begin() + static_cast<std::ptrdiff_t>(position));
+}
+
+CComAddIn::CComAddIn(CSession& session, ComAddInInfo info, std::function<void(bool)> onConnect)
+    : CAutomation(session.Model(), Members()),
+      m_session(session),
+      m_info(std::move(info)),
+      m_onConnect(std::move(onConnect)) {}
+
+const CMemberTable& CComAddIn::Members() {
+  static const CMemberTable table(
+      "COMAddIn", {kComAddInId}, nullptr,
+      {Get<&CComAddIn::Description>(L"Description", 0),
+       Put<&CComAddIn::SetDescription>(L"Description", 0), Get<&CComAddIn::ProgId>(L"ProgId", 3),
+       Get<&CComAddIn::Guid>(L"Guid", 4), Get<&CComAddIn::Connect>(L"Connect", 6),
+       Put<&CComAddIn::SetConnect>(L"Connect", 6), Get<&CComAddIn::Object>(L"Object", 7),
+       Put<&CComAddIn::SetObject>(L"Object", 7), Get<&CComAddIn::Parent>(L"Parent", 8)});
+  return table;
+}
+
+std::string CComAddIn::ObjectName() const {
+  return Utf8FromWide(m_info.progId);
+}
+
+IDispatch* CComAddIn::AddInObject() const noexcept {
+  return V_VT(&m_object.Get()) == VT_DISPATCH ? V_DISPATCH(&m_object.Get()) : nullptr;
+}
+
+CValue CComAddIn::Description() {
+  return CValue(m_info.description);
+}
+
+void CComAddIn::SetDescription(const CArguments& arguments) {
+  m_info.description = arguments.Text(0);
+}
+
+CValue CComAddIn::ProgId() {
+  return CValue(m_info.progId);
+}
+
+CValue CComAddIn::Guid() {
+  return CValue(m_info.classId);
+}
+
+bool CComAddIn::Connect() {
+  return m_connected;
+}
+
+void CComAddIn::SetConnect(const CArguments& arguments) {
+  const bool connected = arguments.Bool(0);
+  if (connected == m_connected) return;
+  m_connected = connected;
+  if (m_onConnect) m_onConnect(connected);
+}
+
+CValue CComAddIn::Object() {
+  return CValue(AddInObject());
+}
+
+void CComAddIn::SetObject(const CArguments& arguments) {
+  m_object = CValue(arguments.Object(0));
+}
+
+CValue CComAddIn::Parent() {
+  return CValue(&m_session.ComAddIns());
+}
+
+CComAddIns::CComAddIns(CSession& session)
+    : CAutomation(session.Model(), Members()), m_session(session) {}
+
+const CMemberTable& CComAddIns::Members() {
+  static const CMemberTable table(
+      "COMAddIns", {kComAddInsId}, nullptr,
+      {Method<&CComAddIns::Item>(L"Item", 0, 1), Get<&CComAddIns::Count>(L"Count", 1),
+       Method<&CComAddIns::Update>(L"Update", 2), Get<&CComAddIns::Parent>(L"Parent", 3)});
+  return table;
+}
+
+CModelPtr<CComAddIn> CComAddIns::AddAddIn(ComAddInInfo info, std::function<void(bool)> onConnect) {
+  m_addIns.push_back(MakeObject<CComAddIn>(m_session, std::move(info), std::move(onConnect)));
+  return m_addIns.back();
+}
+
+long CComAddIns::Count() {
+  return static_cast<long>(m_addIns.size());
+}
+
+CModelPtr<CComAddIn> CComAddIns::Item(const CArguments& arguments) {
+  if (!arguments.IsText(0)) return m_addIns[PositionFromIndex(arguments.Long(0), m_addIns.size())];
+  for (const auto& addIn : m_addIns) {
+    if (SameText(addIn->ProgIdText(), arguments.Text(0))) return addIn;
+  }
+  throw CModelError(kNotFound, "There is no such add-in.");
+}
+
+CValue CComAddIns::Parent() {
+  return CValue(&m_session.Application());
+}
+
+}  // namespace quor::workbench

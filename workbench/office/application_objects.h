@@ -1,0 +1,148 @@
+#ifndef QUOR_WORKBENCH_OFFICE_APPLICATION_OBJECTS_H
+#define QUOR_WORKBENCH_OFFICE_APPLICATION_OBJECTS_H
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "workbench/office/outlook_object.h"
+
+namespace quor::workbench {
+
+class CPropertyPages;
+
+// _Application.
+class CApplication final : public COutlookObject {
+ public:
+  explicit CApplication(CSession& session);
+  void RaiseStartup();
+  void RaiseQuit();
+  void RaiseOptionsPagesAdd(CPropertyPages& pages);
+
+ private:
+  static const CMemberTable& Members();
+  static const EventTable& Events();
+
+  CValue Name();
+  CValue Version();
+  CModelPtr<CExplorer> ActiveExplorer();
+  CModelPtr<CInspector> ActiveInspector();
+  CValue ActiveWindow();
+  CModelPtr<CItem> CreateItem(const CArguments& arguments);
+  CValue GetNamespace(const CArguments& arguments);
+  CValue ComAddIns();
+  CValue Explorers();
+  CValue Inspectors();
+  bool IsTrusted();
+};
+
+// _NameSpace, the one called "MAPI".
+class CNameSpace final : public COutlookObject {
+ public:
+  explicit CNameSpace(CSession& session);
+  void RaiseOptionsPagesAdd(CPropertyPages& pages, FolderNode& folder);
+
+ private:
+  static const CMemberTable& Members();
+  static const EventTable& Events();
+
+  CModelPtr<CFolders> Folders();
+  CModelPtr<CFolder> GetDefaultFolder(const CArguments& arguments);
+  CModelPtr<CFolder> GetFolderFromId(const CArguments& arguments);
+  CModelPtr<CItem> GetItemFromId(const CArguments& arguments);
+  void Logon() {}
+  bool CompareEntryIds(const CArguments& arguments);
+};
+
+// A page that a sink of OptionsPagesAdd handed over: either the ProgID of a control or the page
+// object itself, counted.
+struct OptionsPage {
+  std::wstring progId;
+  CValue object;  // VT_DISPATCH, or VT_EMPTY
+  std::wstring title;
+};
+
+// PropertyPages, alive for one raising of the event and as long as somebody holds it.
+class CPropertyPages final : public COutlookObject {
+ public:
+  explicit CPropertyPages(CSession& session);
+  std::vector<OptionsPage> TakePages();
+
+ protected:
+  void OnGone() noexcept override;
+
+ private:
+  static const CMemberTable& Members();
+
+  long Count();
+  CValue Item(const CArguments& arguments);
+  void Add(const CArguments& arguments);
+  void Remove(const CArguments& arguments);
+
+  std::vector<OptionsPage> m_pages;
+};
+
+// The add-in as the COM add-ins dialog lists it.
+struct ComAddInInfo {
+  std::wstring description;
+  std::wstring progId;
+  std::wstring classId;  // with braces
+};
+
+// COMAddIn: given to OnConnection as the add-in's own instance.
+class CComAddIn final : public CAutomation {
+ public:
+  CComAddIn(CSession& session, ComAddInInfo info, std::function<void(bool)> onConnect);
+
+  std::string ObjectName() const override;
+  void SetConnected(bool connected) noexcept { m_connected = connected; }
+  IDispatch* AddInObject() const noexcept;  // what the add-in published as its Object; may be null
+  const std::wstring& ProgIdText() const noexcept { return m_info.progId; }
+
+ protected:
+  void OnGone() noexcept override { m_object = {}; }
+
+ private:
+  static const CMemberTable& Members();
+
+  CValue Description();
+  void SetDescription(const CArguments& arguments);
+  CValue ProgId();
+  CValue Guid();
+  bool Connect();
+  void SetConnect(const CArguments& arguments);
+  CValue Object();
+  void SetObject(const CArguments& arguments);
+  CValue Parent();
+
+  CSession& m_session;
+  ComAddInInfo m_info;
+  std::function<void(bool)> m_onConnect;
+  bool m_connected = false;
+  CValue m_object;
+};
+
+// COMAddIns.
+class CComAddIns final : public CAutomation {
+ public:
+  explicit CComAddIns(CSession& session);
+  CModelPtr<CComAddIn> AddAddIn(ComAddInInfo info, std::function<void(bool)> onConnect);
+
+ protected:
+  void OnGone() noexcept override { m_addIns.clear(); }
+
+ private:
+  static const CMemberTable& Members();
+
+  long Count();
+  CModelPtr<CComAddIn> Item(const CArguments& arguments);
+  void Update() {}
+  CValue Parent();
+
+  CSession& m_session;
+  std::vector<CModelPtr<CComAddIn>> m_addIns;
+};
+
+}  // namespace quor::workbench
+
+#endif

@@ -1,0 +1,265 @@
+#ifndef QUOR_WORKBENCH_OFFICE_AUTOMATION_H
+#define QUOR_WORKBENCH_OFFICE_AUTOMATION_H
+
+#include <concepts>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "workbench/office/model.h"
+#include "workbench/office/value.h"
+
+// The base of every object of the stand-in. To make one:
+//
+//   class CSelection final : public CAutomation {
+//    public:
+//     explicit CSelection(CModel& model) : CAutomation(model, Members()) {}
+//    private:
+//     static const CMemberTable& Members() {
+//       static const CMemberTable table("Selection", {kSelectionId}, &CommonMembers(),
+//                                       {Get<&CSelection::Count>(L"Count", 0x50),
+//                                        Method<&CSelection::Item>(L"Item", 0x51, 1)});
+//       return table;
+//     }
+//     long Count();                          // a getter may take no argument at all
+//     CValue Item(const CArguments& args);   // or whatever a CValue can be made from, or a
+//     CModelPtr
+//   };
+//
+// Members throw CModelError to fail. Objects are made with MakeObject<T>() and held by the
+// workbench through CModelPtr only; AddRef belongs to the add-in, and what is left of it at the end
+// is what the add-in still holds.
+
+namespace quor::workbench {
+
+// Two counts: references from outside (AddRef, values handed to the add-in) and the workbench's own
+// (CModelPtr). The object ends when both are gone.
+class CCounted {
+ public:
+  CCounted(const CCounted&) = delete;
+  CCounted& operator=(const CCounted&) = delete;
+
+  virtual std::string TypeName() const = 0;
+  virtual std::string ObjectName() const { return {}; }  // tells equals apart in a report
+  virtual void ReportSinks(std::vector<AdvisedSink>&) const {}
+
+  unsigned long References() const noexcept { return m_outside; }
+  void Keep() noexcept { ++m_inside; }
+  void Drop() noexcept;
+  void Orphan() noexcept { m_model = nullptr; }  // the model ends before the object
+
+ protected:
+  explicit CCounted(CModel& model);
+  virtual ~CCounted();
+
+  CModel& Model() const noexcept { return *m_model; }
+  // S_OK, or why the object cannot be called: over (noted as a misuse), or a wrong thread (noted).
+  HRESULT Usability() const noexcept;
+  ULONG AddOutside() noexcept;
+  ULONG ReleaseOutside() noexcept;
+
+  virtual void OnLetGo() noexcept {}  // the last reference from outside went; may come repeatedly
+  // The last reference of all went. Let go of everything here rather than in the destructor: the
+  // body may be kept for a while.
+  virtual void OnGone() noexcept {}
+
+ private:
+  friend class CModel;
+  void Settle() noexcept;
+
+  CModel* m_model;
+  uint64_t m_serial;
+  ULONG m_outside = 0;
+  ULONG m_inside = 0;
+  bool m_dead = false;
+};
+
+// The workbench's own reference. Never counts as held by the add-in.
+template <class T>
+class CModelPtr {
+ public:
+  CModelPtr() noexcept = default;
+  CModelPtr(T* object) noexcept : m_object(object) {
+    if (m_object != nullptr) m_object->Keep();
+  }
+  CModelPtr(const CModelPtr& other) noexcept : CModelPtr(other.m_object) {}
+  template <std::derived_from<T> Other>
+  CModelPtr(const CModelPtr<Other>& other) noexcept : CModelPtr(other.get()) {}
+  CModelPtr(CModelPtr&& other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
+  CModelPtr& operator=(CModelPtr other) noexcept {
+    std::swap(m_object, other.m_object);
+    return *this;
+  }
+  ~CModelPtr() {
+    if (m_object != nullptr) m_object->Drop();
+  }
+
+  T* get() const noexcept { return m_object; }
+  T* operator->() const noexcept { return m_object; }
+  T& operator*() const noexcept { return *m_object; }
+  explicit operator bool() const noexcept { return m_object != nullptr; }
+  bool operator==(const CModelPtr& other) const noexcept { return m_object == other.m_object; }
+
+ private:
+  T* m_object = nullptr;
+};
+
+template <class T, class... Arguments>
+CModelPtr<T> MakeObject(Arguments&&... arguments) {
+  return CModelPtr<T>(new T(std::forward<Arguments>(arguments)...));
+}
+
+class CAutomation;
+
+enum class MemberKind { Get, Put, Method };
+
+using MemberHandler = CValue (*)(CAutomation& self, const CArguments& arguments);
+
+struct Member {
+  const wchar_t* name = nullptr;
+  DISPID id = 0;
+  MemberKind kind = MemberKind::Method;
+  UINT least = 0;  // arguments; a property write counts the value too
+  UINT most = 0;
+  MemberHandler handler = nullptr;
+  CModel::CallSite site;
+};
+
+// The published face of one type: its interface ids, names and dispatch ids. A derived type takes
+// over all of its base's and may replace members by giving the same id and kind again.
+class CMemberTable {
+ public:
+  CMemberTable(const char* type, std::vector<IID> interfaces, const CMemberTable* base,
+               std::vector<Member> members);
+  CMemberTable(const CMemberTable&) = delete;
+  CMemberTable& operator=(const CMemberTable&) = delete;
+
+  const std::string& Type() const noexcept { return m_type; }
+  bool HasInterface(REFIID iid) const noexcept;
+  const Member* FindByName(std::wstring_view name) const noexcept;  // case does not matter
+  const Member* Find(DISPID id, WORD flags) const noexcept;
+  const CModel::CallSite& NamesSite() const noexcept { return m_names; }
+
+ private:
+  std::string m_type;
+  std::vector<IID> m_interfaces;
+  std::vector<Member> m_members;  // by id, then kind
+  CModel::CallSite m_names;       // "Type.GetIDsOfNames"
+};
+
+// IUnknown and IDispatch over a member table. Every interface id of the table answers the one
+// IDispatch pointer: callers bind late.
+class CAutomation : public CCounted, public IDispatch {
+ public:
+  std::string TypeName() const override { return m_members.Type(); }
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
+  STDMETHODIMP_(ULONG) AddRef() override { return AddOutside(); }
+  STDMETHODIMP_(ULONG) Release() override { return ReleaseOutside(); }
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override;
+  STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
+  STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
+                             DISPID* ids) override;
+  STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters,
+                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
+
+ protected:
+  CAutomation(CModel& model, const CMemberTable& members) : CCounted(model), m_members(members) {}
+  const CMemberTable& MemberTable() const noexcept { return m_members; }
+
+  // Interfaces beside IDispatch, such as IOleWindow. The pointer is answered with a reference added
+  // through AddRef; null: not known.
+  virtual void* OtherInterface(REFIID) { return nullptr; }
+
+ private:
+  HRESULT Call(const Member& member, const DISPPARAMS& parameters, VARIANT* result,
+               EXCEPINFO* exception, UINT* badArgument);
+  CValue Perform(const Member& member, const CArguments& arguments, CallRecord* record);
+
+  const CMemberTable& m_members;
+};
+
+// The model's own object behind an interface pointer that a caller hands back (a folder given to
+// CurrentFolder, say); borrowed. Null when it is none of the model's, or not a T.
+CAutomation* ModelObjectBehind(IUnknown* pointer) noexcept;
+template <class T>
+T* ObjectBehind(IUnknown* pointer) noexcept {
+  return dynamic_cast<T*>(ModelObjectBehind(pointer));
+}
+
+// --- member table entries ---
+
+namespace detail {
+
+template <class Function>
+struct MemberFunction;
+template <class T, class R, class... A>
+struct MemberFunction<R (T::*)(A...)> {
+  using Object = T;
+  using Result = R;
+};
+template <class T, class R, class... A>
+struct MemberFunction<R (T::*)(A...) const> : MemberFunction<R (T::*)(A...)> {};
+
+template <class T>
+CValue ToValue(const CModelPtr<T>& object) {
+  return CValue(static_cast<IDispatch*>(object.get()));
+}
+template <class T>
+requires std::constructible_from<CValue, T> CValue ToValue(T&& value) {
+  return CValue(std::forward<T>(value));
+}
+
+template <auto function>
+CValue CallMember(CAutomation& self, const CArguments& arguments) {
+  using Traits = MemberFunction<decltype(function)>;
+  auto& object = static_cast<typename Traits::Object&>(self);
+  const auto call = [&]() -> decltype(auto) {
+    if constexpr (std::is_invocable_v<decltype(function), typename Traits::Object&,
+                                      const CArguments&>) {
+      return (object.*function)(arguments);
+    } else {
+      return (object.*function)();
+    }
+  };
+  if constexpr (std::is_void_v<typename Traits::Result>) {
+    call();
+    return {};
+  } else {
+    return ToValue(call());
+  }
+}
+
+}  // namespace detail
+
+// A property read; indexed ones take arguments.
+template <auto function>
+Member Get(const wchar_t* name, DISPID id, UINT least = 0, UINT most = 0) {
+  return {
+      name, id, MemberKind::Get, least, most < least ? least : most, &detail::CallMember<function>,
+      {}};
+}
+
+// A property write; the value is the last argument, before it come `indices` others.
+template <auto function>
+Member Put(const wchar_t* name, DISPID id, UINT indices = 0) {
+  return {name, id, MemberKind::Put, indices + 1, indices + 1, &detail::CallMember<function>, {}};
+}
+
+template <auto function>
+Member Method(const wchar_t* name, DISPID id, UINT least = 0, UINT most = 0) {
+  return {name,
+          id,
+          MemberKind::Method,
+          least,
+          most < least ? least : most,
+          &detail::CallMember<function>,
+          {}};
+}
+
+}  // namespace quor::workbench
+
+#endif

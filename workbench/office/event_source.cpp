@@ -1,0 +1,350 @@
+#include "workbench/office/event_source.h"
+
+#include <algorithm>
+#include <map>
+#include <new>
+#include <utility>
+
+namespace quor::workbench {
+namespace {
+
+// An object in an event's arguments is named, so that the transcript tells which contact came.
+std::string ArgumentSummary(const VARIANT& value) {
+  const CAutomation* object =
+      V_VT(&value) == VT_DISPATCH ? ModelObjectBehind(V_DISPATCH(&value)) : nullptr;
+  if (object == nullptr) return Summary(value);
+  const std::string name = object->ObjectName();
+  return name.empty() ? object->TypeName() : object->TypeName() + ' ' + name;
+}
+
+// Enumerates pointers that are counted by the enumerator while it lives.
+template <class Interface, class Element>
+class CEnumerator final : public Interface {
+ public:
+  CEnumerator(REFIID iid, std::vector<Element> elements, void (*keep)(Element&),
+              void (*drop)(Element&))
+      : m_iid(iid), m_elements(std::move(elements)), m_keep(keep), m_drop(drop) {
+    for (Element& element : m_elements)
+      m_keep(element);
+  }
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    if (object == nullptr) return E_POINTER;
+    const bool known = iid == IID_IUnknown || iid == m_iid;
+    *object = known ? static_cast<Interface*>(this) : nullptr;
+    if (!known) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
+  STDMETHODIMP_(ULONG) Release() override {
+    const ULONG left = --m_references;
+    if (left == 0) delete this;
+    return left;
+  }
+  STDMETHODIMP Next(ULONG count, Element* elements, ULONG* fetched) override {
+    if (elements == nullptr || (fetched == nullptr && count != 1)) return E_POINTER;
+    ULONG done = 0;
+    for (; done < count && m_position < m_elements.size(); ++done, ++m_position) {
+      elements[done] = m_elements[m_position];
+      m_keep(elements[done]);
+    }
+    if (fetched != nullptr) *fetched = done;
+    return done == count ? S_OK : S_FALSE;
+  }
+  STDMETHODIMP Skip(ULONG count) override {
+    const size_t left = m_elements.size() - m_position;
+    m_position += std::min<size_t>(left, count);
+    return count <= left ? S_OK : S_FALSE;
+  }
+  STDMETHODIMP Reset() override {
+    m_position = 0;
+    return S_OK;
+  }
+  STDMETHODIMP Clone(Interface** copy) override {
+    if (copy == nullptr) return E_POINTER;
+    auto* twin = new (std::nothrow) CEnumerator(m_iid, m_elements, m_keep, m_drop);
+    if (twin != nullptr) twin->m_position = m_position;
+    *copy = twin;
+    return twin != nullptr ? S_OK : E_OUTOFMEMORY;
+  }
+
+ private:
+  ~CEnumerator() {
+    for (Element& element : m_elements)
+      m_drop(element);
+  }
+
+  const IID m_iid;
+  std::vector<Element> m_elements;
+  void (*m_keep)(Element&);
+  void (*m_drop)(Element&);
+  size_t m_position = 0;
+  ULONG m_references = 1;
+};
+
+}  // namespace
+
+// One event interface of a source. Counted on its own; does not keep the source alive.
+class CConnectionPoint final : public CCounted, public IConnectionPoint {
+ public:
+  CConnectionPoint(CModel& model, CEventSource& source, size_t index)
+      : CCounted(model), m_source(&source), m_index(index), m_type(source.TypeName()) {}
+
+  std::string TypeName() const override { return "ConnectionPoint"; }
+  std::string ObjectName() const override { return m_type; }
+  void Detach() noexcept { m_source = nullptr; }
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    if (object == nullptr) return E_POINTER;
+    const bool known = iid == IID_IUnknown || iid == IID_IConnectionPoint;
+    *object = known ? static_cast<IConnectionPoint*>(this) : nullptr;
+    if (!known) return E_NOINTERFACE;
+    AddOutside();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return AddOutside(); }
+  STDMETHODIMP_(ULONG) Release() override { return ReleaseOutside(); }
+  STDMETHODIMP GetConnectionInterface(IID* iid) override {
+    if (iid == nullptr) return E_POINTER;
+    if (m_source == nullptr) return CO_E_OBJNOTCONNECTED;
+    *iid = m_source->m_events.interfaces[m_index].iid;
+    return S_OK;
+  }
+  STDMETHODIMP GetConnectionPointContainer(IConnectionPointContainer** container) override {
+    if (container == nullptr) return E_POINTER;
+    *container = nullptr;
+    if (m_source == nullptr) return CO_E_OBJNOTCONNECTED;
+    return m_source->QueryInterface(IID_IConnectionPointContainer,
+                                    reinterpret_cast<void**>(container));
+  }
+  STDMETHODIMP Advise(IUnknown* sink, DWORD* cookie) override {
+    if (const HRESULT usable = Usability(); FAILED(usable)) return usable;
+    if (m_source == nullptr) return CO_E_OBJNOTCONNECTED;
+    return m_source->Advise(m_index, sink, cookie);
+  }
+  STDMETHODIMP Unadvise(DWORD cookie) override {
+    if (const HRESULT usable = Usability(); FAILED(usable)) return usable;
+    return m_source == nullptr ? CONNECT_E_NOCONNECTION : m_source->Unadvise(m_index, cookie);
+  }
+  STDMETHODIMP EnumConnections(IEnumConnections** connections) override;
+
+ private:
+  CEventSource* m_source;
+  const size_t m_index;
+  const std::string m_type;
+};
+
+// A face of the source itself: same identity, same count.
+class CEventSource::CContainer final : public IConnectionPointContainer {
+ public:
+  explicit CContainer(CEventSource& source) : m_source(source) {}
+  virtual ~CContainer() = default;
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    return m_source.QueryInterface(iid, object);
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return m_source.AddRef(); }
+  STDMETHODIMP_(ULONG) Release() override { return m_source.Release(); }
+  STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) override {
+    if (point == nullptr) return E_POINTER;
+    *point = nullptr;
+    const auto& interfaces = m_source.m_events.interfaces;
+    for (size_t index = 0; index < interfaces.size(); ++index) {
+      if (interfaces[index].iid != iid || index >= m_source.m_points.size()) continue;
+      return m_source.m_points[index]->QueryInterface(IID_IConnectionPoint,
+                                                      reinterpret_cast<void**>(point));
+    }
+    return CONNECT_E_NOCONNECTION;
+  }
+  STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) override {
+    if (points == nullptr) return E_POINTER;
+    std::vector<IConnectionPoint*> all;
+    for (const auto& point : m_source.m_points)
+      all.push_back(point.get());
+    using Enumerator = CEnumerator<IEnumConnectionPoints, IConnectionPoint*>;
+    *points = new (std::nothrow) Enumerator(
+        IID_IEnumConnectionPoints, std::move(all), [](IConnectionPoint*& one) { one->AddRef(); },
+        [](IConnectionPoint*& one) { one->Release(); });
+    return *points != nullptr ? S_OK : E_OUTOFMEMORY;
+  }
+
+ private:
+  CEventSource& m_source;
+};
+
+STDMETHODIMP CConnectionPoint::EnumConnections(IEnumConnections** connections) {
+  if (connections == nullptr) return E_POINTER;
+  std::vector<CONNECTDATA> all;
+  if (m_source != nullptr) {
+    for (const auto& connection : m_source->m_connections) {
+      if (connection.interfaceIndex == m_index) all.push_back({connection.sink, connection.cookie});
+    }
+  }
+  using Enumerator = CEnumerator<IEnumConnections, CONNECTDATA>;
+  *connections = new (std::nothrow) Enumerator(
+      IID_IEnumConnections, std::move(all), [](CONNECTDATA& one) { one.pUnk->AddRef(); },
+      [](CONNECTDATA& one) { one.pUnk->Release(); });
+  return *connections != nullptr ? S_OK : E_OUTOFMEMORY;
+}
+
+CEventSource::CEventSource(CModel& model, const CMemberTable& members, const EventTable& events)
+    : CAutomation(model, members),
+      m_events(events),
+      m_container(std::make_unique<CContainer>(*this)) {}
+
+CEventSource::~CEventSource() = default;
+
+void* CEventSource::OtherInterface(REFIID iid) {
+  if (iid != IID_IConnectionPointContainer || m_events.interfaces.empty()) return nullptr;
+  if (m_points.empty()) {
+    for (size_t index = 0; index < m_events.interfaces.size(); ++index) {
+      m_points.push_back(MakeObject<CConnectionPoint>(Model(), *this, index));
+    }
+  }
+  return m_container.get();
+}
+
+HRESULT CEventSource::Watched(const CModel::CallSite& site, HRESULT code) {
+  if (Model().IsObserved()) {
+    Model().Observe({CallRecord::Kind::Call, site.key, ObjectName(), {}, {}, code, 0});
+  }
+  return code;
+}
+
+HRESULT CEventSource::Advise(size_t interfaceIndex, IUnknown* sink, DWORD* cookie) {
+  if (sink == nullptr || cookie == nullptr) return E_POINTER;
+  *cookie = 0;
+  try {
+    const CModelPtr<CEventSource> self(this);
+    const CModel::CTimeInside inside(Model());
+    const EventInterface& events = m_events.interfaces[interfaceIndex];
+    const std::optional<HRESULT> answer = Model().Enter(events.advise);
+    if (answer.has_value() && FAILED(*answer)) return Watched(events.advise, *answer);
+    IDispatch* dispatch = nullptr;
+    const HRESULT found = sink->QueryInterface(events.iid, reinterpret_cast<void**>(&dispatch));
+    if (FAILED(found) || dispatch == nullptr)
+      return Watched(events.advise, CONNECT_E_CANNOTCONNECT);
+    m_connections.push_back({Model().NextCookie(), interfaceIndex, dispatch});
+    *cookie = m_connections.back().cookie;
+    return Watched(events.advise, S_OK);
+  } catch (...) {
+    return E_OUTOFMEMORY;
+  }
+}
+
+HRESULT CEventSource::Unadvise(size_t interfaceIndex, DWORD cookie) {
+  try {
+    const CModelPtr<CEventSource> self(this);
+    const CModel::CTimeInside inside(Model());
+    const EventInterface& events = m_events.interfaces[interfaceIndex];
+    const std::optional<HRESULT> answer = Model().Enter(events.unadvise);
+    if (answer.has_value() && FAILED(*answer)) return Watched(events.unadvise, *answer);
+    const auto connection =
+        std::find_if(m_connections.begin(), m_connections.end(), [&](const Connection& one) {
+          return one.cookie == cookie && one.interfaceIndex == interfaceIndex;
+        });
+    if (connection == m_connections.end()) return Watched(events.unadvise, CONNECT_E_NOCONNECTION);
+    IDispatch* sink = connection->sink;
+    m_connections.erase(connection);
+    sink->Release();
+    return Watched(events.unadvise, S_OK);
+  } catch (...) {
+    return E_OUTOFMEMORY;
+  }
+}
+
+void CEventSource::Fire(DISPID event, std::vector<CValue> arguments) {
+  const CModelPtr<CEventSource> self(this);
+  std::string summary;
+  std::vector<VARIANT> reversed;
+  for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) {
+    reversed.push_back(argument->Get());
+  }
+  if (Model().IsObserved()) {
+    for (const CValue& argument : arguments) {
+      if (!summary.empty()) summary += ", ";
+      summary += ArgumentSummary(argument.Get());
+    }
+  }
+  DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+  // Sinks come and go while others are being told; who is gone when its turn comes is not called.
+  const std::vector<Connection> turns = m_connections;
+  for (const Connection& turn : turns) {
+    const bool connected =
+        std::any_of(m_connections.begin(), m_connections.end(),
+                    [&turn](const Connection& one) { return one.cookie == turn.cookie; });
+    if (connected) Deliver(turn, event, parameters, summary);
+  }
+}
+
+bool CEventSource::FireCancellable(DISPID event, std::vector<CValue> arguments) {
+  VARIANT_BOOL cancel = VARIANT_FALSE;
+  arguments.push_back(CValue::Reference(cancel));
+  Fire(event, std::move(arguments));
+  return cancel != VARIANT_FALSE;
+}
+
+void CEventSource::Deliver(const Connection& connection, DISPID event, DISPPARAMS& parameters,
+                           const std::string& summary) {
+  IDispatch* sink = connection.sink;
+  sink->AddRef();
+  LARGE_INTEGER start;
+  LARGE_INTEGER end;
+  LARGE_INTEGER frequency;
+  HRESULT code = S_OK;
+  {
+    const CModel::CTimeOutside outside(Model());
+    QueryPerformanceCounter(&start);
+    code = sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr,
+                        nullptr, nullptr);
+    QueryPerformanceCounter(&end);
+  }
+  sink->Release();
+  if (!Model().IsObserved()) return;
+  QueryPerformanceFrequency(&frequency);
+  CallRecord record;
+  record.kind = CallRecord::Kind::Event;
+  record.member = TypeName() + '!' + NameOf(event);
+  record.object = ObjectName();
+  record.arguments = summary;
+  record.code = code;
+  record.microseconds = static_cast<double>(end.QuadPart - start.QuadPart) * 1e6 /
+                        static_cast<double>(frequency.QuadPart);
+  Model().Observe(record);
+}
+
+std::string CEventSource::NameOf(DISPID event) const {
+  for (const EventName& one : m_events.names) {
+    if (one.id == event) return one.name;
+  }
+  return std::to_string(event);
+}
+
+void CEventSource::ReportSinks(std::vector<AdvisedSink>& report) const {
+  std::map<size_t, unsigned long> counts;
+  for (const Connection& connection : m_connections)
+    ++counts[connection.interfaceIndex];
+  for (const auto& [index, count] : counts) {
+    report.push_back({TypeName(), ObjectName(), m_events.interfaces[index].name, count});
+  }
+}
+
+void CEventSource::OnLetGo() noexcept {
+  DropSinks();
+}
+
+void CEventSource::DropSinks() noexcept {
+  const std::vector<Connection> dropped = std::exchange(m_connections, {});
+  for (const Connection& connection : dropped)
+    connection.sink->Release();
+}
+
+void CEventSource::OnGone() noexcept {
+  DropSinks();
+  for (const auto& point : m_points)
+    point->Detach();
+  m_points.clear();
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,407 @@
+#include "workbench/office/folder_objects.h"
+
+#include <algorithm>
+
+#include "workbench/office/application_objects.h"
+#include "workbench/office/item_objects.h"
+#include "workbench/office/window_objects.h"
+
+namespace quor::workbench {
+namespace {
+
+const wchar_t* MessageClassOf(ItemType type) {
+  switch (type) {
+    case ItemType::Appointment:
+      return L"IPM.Appointment";
+    case ItemType::Contact:
+      return L"IPM.Contact";
+    case ItemType::Task:
+      return L"IPM.Task";
+    case ItemType::Journal:
+      return L"IPM.Activity";
+    case ItemType::Note:
+      return L"IPM.StickyNote";
+    default:
+      return L"IPM.Note";
+  }
+}
+
+// OlDefaultFolders and OlItemType name the same kinds by different numbers; Folders.Add takes the
+// former.
+ItemType ItemTypeOfDefaultFolder(long olDefaultFolder, ItemType fallback) {
+  switch (olDefaultFolder) {
+    case 6:
+      return ItemType::Mail;
+    case 9:
+      return ItemType::Appointment;
+    case 10:
+      return ItemType::Contact;
+    case 11:
+      return ItemType::Journal;
+    case 12:
+      return ItemType::Note;
+    case 13:
+      return ItemType::Task;
+    default:
+      return fallback;
+  }
+}
+
+}  // namespace
+
+CFolder::CFolder(CSession& session, FolderNode& node)
+    : COutlookObject(session, Members(), NoEvents(), ObjectClass::Folder), m_node(&node) {
+  node.object = this;
+}
+
+const CMemberTable& CFolder::Members() {
+  static const CMemberTable table(
+      "MAPIFolder", {kFolderId}, &CommonMembers(),
+      {Get<&CFolder::DefaultItemType>(L"DefaultItemType", 0x3106),
+       Get<&CFolder::DefaultMessageClass>(L"DefaultMessageClass", 0x3107),
+       Get<&CFolder::EntryId>(L"EntryID", 0xF01E), Get<&CFolder::Folders>(L"Folders", 0x2103),
+       Get<&CFolder::Items>(L"Items", 0x3100), Get<&CFolder::Name>(L"Name", 0x3001),
+       Put<&CFolder::SetName>(L"Name", 0x3001), Get<&CFolder::StoreId>(L"StoreID", 0x3108),
+       Get<&CFolder::FolderPath>(L"FolderPath", 0xFA78),
+       Method<&CFolder::Display>(L"Display", 0x3104),
+       Method<&CFolder::GetExplorer>(L"GetExplorer", 0x3101, 0, 1),
+       Method<&CFolder::Delete>(L"Delete", 0xF045),
+       Method<&CFolder::MoveTo>(L"MoveTo", 0xF034, 1)});
+  return table;
+}
+
+std::string CFolder::ObjectName() const {
+  return m_node != nullptr ? Utf8FromWide(m_node->name) : std::string();
+}
+
+FolderNode& CFolder::Node() const {
+  if (m_node == nullptr) throw CModelError(kObjectDeleted, "The folder has been deleted.");
+  return *m_node;
+}
+
+void CFolder::OnGone() noexcept {
+  if (m_node != nullptr) m_node->object = nullptr;
+  COutlookObject::OnGone();
+}
+
+CValue CFolder::Parent() {
+  FolderNode* parent = Node().parent;
+  if (parent == nullptr) return CValue(&Session().NameSpace());
+  return CValue(Session().FolderObject(*parent).get());
+}
+
+long CFolder::DefaultItemType() {
+  return static_cast<long>(Node().itemType);
+}
+
+CValue CFolder::DefaultMessageClass() {
+  return CValue(MessageClassOf(Node().itemType));
+}
+
+CValue CFolder::EntryId() {
+  return CValue(Node().entryId);
+}
+
+CModelPtr<CFolders> CFolder::Folders() {
+  return MakeObject<CFolders>(Session(), &Node());
+}
+
+CModelPtr<CItems> CFolder::Items() {
+  return MakeObject<CItems>(Session(), Node());
+}
+
+CValue CFolder::Name() {
+  return CValue(Node().name);
+}
+
+void CFolder::SetName(const CArguments& arguments) {
+  Session().RenameFolder(Node(), arguments.Text(0));
+}
+
+CValue CFolder::StoreId() {
+  return CValue(Node().store->storeId);
+}
+
+CValue CFolder::FolderPath() {
+  return CValue(Session().Mailbox().PathOf(Node()));
+}
+
+void CFolder::Display() {
+  Session().ShowExplorer(*GetExplorer());
+}
+
+CModelPtr<CExplorer> CFolder::GetExplorer() {
+  return Session().OpenExplorer(Node());
+}
+
+void CFolder::Delete() {
+  Session().DeleteFolder(Node());
+}
+
+void CFolder::MoveTo(const CArguments& arguments) {
+  CFolder* target = ObjectBehind<CFolder>(arguments.Object(0));
+  if (target == nullptr) throw CModelError(E_INVALIDARG);
+  Session().MoveFolder(Node(), target->Node());
+}
+
+CFolders::CFolders(CSession& session, FolderNode* node)
+    : COutlookObject(session, Members(), Events(), ObjectClass::Folders), m_node(node) {
+  if (m_node != nullptr) m_node->folderCollections.push_back(this);
+}
+
+const CMemberTable& CFolders::Members() {
+  static const CMemberTable table(
+      "Folders", {kFoldersId}, &CommonMembers(),
+      {Get<&CFolders::Count>(L"Count", 0x50), Method<&CFolders::Item>(L"Item", 0x51, 1),
+       Method<&CFolders::Add>(L"Add", 0x5F, 1, 2), Method<&CFolders::GetFirst>(L"GetFirst", 0x56),
+       Method<&CFolders::GetLast>(L"GetLast", 0x58), Method<&CFolders::GetNext>(L"GetNext", 0x57),
+       Method<&CFolders::GetPrevious>(L"GetPrevious", 0x59),
+       Method<&CFolders::Remove>(L"Remove", 0x54, 1)});
+  return table;
+}
+
+const EventTable& CFolders::Events() {
+  static const EventTable table = {
+      {{kFoldersEventsId, "FoldersEvents"}},
+      {{0xF001, "FolderAdd"}, {0xF002, "FolderChange"}, {0xF003, "FolderRemove"}}};
+  return table;
+}
+
+std::string CFolders::ObjectName() const {
+  if (m_gone) return {};
+  return m_node != nullptr ? Utf8FromWide(m_node->name) : "stores";
+}
+
+void CFolders::OnGone() noexcept {
+  if (!m_gone && m_node != nullptr) std::erase(m_node->folderCollections, this);
+  COutlookObject::OnGone();
+}
+
+CValue CFolders::Parent() {
+  if (m_gone) throw CModelError(kObjectDeleted);
+  if (m_node == nullptr) return CValue(&Session().NameSpace());
+  return CValue(Session().FolderObject(*m_node).get());
+}
+
+size_t CFolders::Size() {
+  if (m_gone) throw CModelError(kObjectDeleted, "The folder has been deleted.");
+  return m_node != nullptr ? m_node->folders.size() : Session().Mailbox().Stores().size();
+}
+
+FolderNode& CFolders::NodeAt(size_t position) {
+  return m_node != nullptr ? *m_node->folders[position]
+                           : *Session().Mailbox().Stores()[position]->top;
+}
+
+CModelPtr<CFolder> CFolders::At(size_t position) {
+  if (position == CCursor::kNone) return {};
+  return Session().FolderObject(NodeAt(position));
+}
+
+long CFolders::Count() {
+  return static_cast<long>(Size());
+}
+
+CModelPtr<CFolder> CFolders::Item(const CArguments& arguments) {
+  const size_t size = Size();
+  if (!arguments.IsText(0)) return At(PositionFromIndex(arguments.Long(0), size));
+  const std::wstring name = arguments.Text(0);
+  for (size_t position = 0; position < size; ++position) {
+    if (SameText(NodeAt(position).name, name)) return At(position);
+  }
+  throw CModelError(kNotFound, "The folder was not found.");
+}
+
+CModelPtr<CFolder> CFolders::Add(const CArguments& arguments) {
+  Size();
+  if (m_node == nullptr) throw CModelError(E_ACCESSDENIED);
+  const ItemType type = ItemTypeOfDefaultFolder(arguments.LongOr(1, 0), m_node->itemType);
+  return Session().FolderObject(Session().AddFolder(*m_node, arguments.Text(0), type));
+}
+
+CModelPtr<CFolder> CFolders::GetFirst() {
+  return At(m_cursor.First(Size()));
+}
+
+CModelPtr<CFolder> CFolders::GetLast() {
+  return At(m_cursor.Last(Size()));
+}
+
+CModelPtr<CFolder> CFolders::GetNext() {
+  return At(m_cursor.Next(Size()));
+}
+
+CModelPtr<CFolder> CFolders::GetPrevious() {
+  return At(m_cursor.Previous(Size()));
+}
+
+void CFolders::Remove(const CArguments& arguments) {
+  const size_t position = PositionFromIndex(arguments.Long(0), Size());
+  if (m_node == nullptr) throw CModelError(E_ACCESSDENIED);
+  Session().DeleteFolder(NodeAt(position));
+}
+
+CItems::CItems(CSession& session, FolderNode& node)
+    : COutlookObject(session, Members(), Events(), ObjectClass::Items), m_node(&node) {
+  node.itemCollections.push_back(this);
+}
+
+const CMemberTable& CItems::Members() {
+  static const CMemberTable table(
+      "Items", {kItemsId}, &CommonMembers(),
+      {Get<&CItems::Count>(L"Count", 0x50), Method<&CItems::Item>(L"Item", 0x51, 1),
+       Method<&CItems::Add>(L"Add", 0x5F, 0, 1), Method<&CItems::GetFirst>(L"GetFirst", 0x56),
+       Method<&CItems::GetLast>(L"GetLast", 0x58), Method<&CItems::GetNext>(L"GetNext", 0x57),
+       Method<&CItems::GetPrevious>(L"GetPrevious", 0x59),
+       Method<&CItems::Remove>(L"Remove", 0x54, 1), Method<&CItems::Find>(L"Find", 0x62, 1),
+       Method<&CItems::FindNext>(L"FindNext", 0x63),
+       Method<&CItems::Restrict>(L"Restrict", 0x64, 1),
+       Method<&CItems::Sort>(L"Sort", 0x61, 1, 2)});
+  return table;
+}
+
+const EventTable& CItems::Events() {
+  static const EventTable table = {
+      {{kItemsEventsId, "ItemsEvents"}},
+      {{0xF001, "ItemAdd"}, {0xF002, "ItemChange"}, {0xF003, "ItemRemove"}}};
+  return table;
+}
+
+std::string CItems::ObjectName() const {
+  return m_node != nullptr ? Utf8FromWide(m_node->name) : std::string();
+}
+
+FolderNode& CItems::Node() const {
+  if (m_node == nullptr) throw CModelError(kObjectDeleted, "The folder has been deleted.");
+  return *m_node;
+}
+
+void CItems::OnGone() noexcept {
+  if (m_node != nullptr) std::erase(m_node->itemCollections, this);
+  m_view.clear();
+  COutlookObject::OnGone();
+}
+
+CValue CItems::Parent() {
+  return CValue(Session().FolderObject(Node()).get());
+}
+
+const std::vector<StoredItemPtr>& CItems::View() {
+  const FolderNode& node = Node();
+  if (!m_restriction.has_value() && !m_order.has_value()) return node.items;
+  if (m_viewChanges == node.changes) return m_view;
+  m_view.clear();
+  std::copy_if(node.items.begin(), node.items.end(), std::back_inserter(m_view),
+               [this](const StoredItemPtr& item) {
+                 return !m_restriction.has_value() || Passes(*item, *m_restriction);
+               });
+  if (m_order.has_value()) {
+    const auto [property, descending] = *m_order;
+    std::stable_sort(m_view.begin(), m_view.end(),
+                     [property, descending](const StoredItemPtr& left, const StoredItemPtr& right) {
+                       const std::wstring first = left->fields.Get(property);
+                       const std::wstring second = right->fields.Get(property);
+                       return descending ? second < first : first < second;
+                     });
+  }
+  m_viewChanges = node.changes;
+  return m_view;
+}
+
+CModelPtr<CItem> CItems::At(size_t position) {
+  if (position == CCursor::kNone) return {};
+  return Session().ItemObject(View()[position]);
+}
+
+long CItems::Count() {
+  return static_cast<long>(View().size());
+}
+
+CModelPtr<CItem> CItems::Item(const CArguments& arguments) {
+  const std::vector<StoredItemPtr>& view = View();
+  if (!arguments.IsText(0)) return At(PositionFromIndex(arguments.Long(0), view.size()));
+  const std::wstring name = arguments.Text(0);
+  for (size_t position = 0; position < view.size(); ++position) {
+    if (SameText(view[position]->fields.Get(field::kSubject), name)) return At(position);
+  }
+  throw CModelError(kNotFound, "The item was not found.");
+}
+
+CModelPtr<CItem> CItems::Add(const CArguments& arguments) {
+  FolderNode& node = Node();
+  const long type = arguments.LongOr(0, static_cast<long>(node.itemType));
+  return Session().NewItem(static_cast<ItemType>(type), node);
+}
+
+CModelPtr<CItem> CItems::GetFirst() {
+  return At(m_cursor.First(View().size()));
+}
+
+CModelPtr<CItem> CItems::GetLast() {
+  return At(m_cursor.Last(View().size()));
+}
+
+CModelPtr<CItem> CItems::GetNext() {
+  return At(m_cursor.Next(View().size()));
+}
+
+CModelPtr<CItem> CItems::GetPrevious() {
+  return At(m_cursor.Previous(View().size()));
+}
+
+void CItems::Remove(const CArguments& arguments) {
+  const std::vector<StoredItemPtr>& view = View();
+  Session().DeleteItems({view[PositionFromIndex(arguments.Long(0), view.size())]});
+}
+
+CItems::Filter CItems::ParseFilter(const std::wstring& text) {
+  const size_t open = text.find(L'[');
+  const size_t close = text.find(L']');
+  const size_t equals = text.find(L'=');
+  const size_t quote = text.find_first_of(L"'\"");
+  const size_t end = quote == std::wstring::npos ? quote : text.find(text[quote], quote + 1);
+  if (open == std::wstring::npos || close == std::wstring::npos || close < open ||
+      equals == std::wstring::npos || equals < close || end == std::wstring::npos) {
+    throw CModelError(E_INVALIDARG, "The filter is not understood.");
+  }
+  return {TextPropertyByName(text.substr(open + 1, close - open - 1)),
+          text.substr(quote + 1, end - quote - 1)};
+}
+
+bool CItems::Passes(const StoredItem& item, const Filter& filter) {
+  return SameText(item.fields.Get(filter.property), filter.text);
+}
+
+CModelPtr<CItem> CItems::FindFrom(size_t position) {
+  const std::vector<StoredItemPtr>& view = View();
+  while (position < view.size() && !Passes(*view[position], m_lastFind))
+    ++position;
+  m_lastFound = position;
+  return position < view.size() ? At(position) : CModelPtr<CItem>();
+}
+
+CModelPtr<CItem> CItems::Find(const CArguments& arguments) {
+  m_lastFind = ParseFilter(arguments.Text(0));
+  return FindFrom(0);
+}
+
+CModelPtr<CItem> CItems::FindNext() {
+  return FindFrom(m_lastFound + 1);
+}
+
+CModelPtr<CItems> CItems::Restrict(const CArguments& arguments) {
+  const Filter filter = ParseFilter(arguments.Text(0));
+  CModelPtr<CItems> restricted = MakeObject<CItems>(Session(), Node());
+  restricted->m_restriction = filter;
+  return restricted;
+}
+
+void CItems::Sort(const CArguments& arguments) {
+  std::wstring property = arguments.Text(0);
+  std::erase_if(property, [](wchar_t one) { return one == L'[' || one == L']'; });
+  m_order = {TextPropertyByName(property), arguments.BoolOr(1, false)};
+  m_viewChanges = static_cast<uint64_t>(-1);
+  m_cursor = {};
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,134 @@
+#ifndef QUOR_WORKBENCH_OFFICE_FOLDER_OBJECTS_H
+#define QUOR_WORKBENCH_OFFICE_FOLDER_OBJECTS_H
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "workbench/office/outlook_object.h"
+
+namespace quor::workbench {
+
+// MAPIFolder. There is one live object for a folder; its members fail once the folder is gone.
+class CFolder final : public COutlookObject {
+ public:
+  CFolder(CSession& session, FolderNode& node);
+
+  std::string ObjectName() const override;
+  FolderNode& Node() const;  // throws a CModelError once the folder is gone
+  void Forget() noexcept { m_node = nullptr; }
+
+ protected:
+  CValue Parent() override;
+  void OnGone() noexcept override;
+
+ private:
+  static const CMemberTable& Members();
+
+  long DefaultItemType();
+  CValue DefaultMessageClass();
+  CValue EntryId();
+  CModelPtr<CFolders> Folders();
+  CModelPtr<CItems> Items();
+  CValue Name();
+  void SetName(const CArguments& arguments);
+  CValue StoreId();
+  CValue FolderPath();
+  void Display();
+  CModelPtr<CExplorer> GetExplorer();
+  void Delete();
+  void MoveTo(const CArguments& arguments);
+
+  FolderNode* m_node;
+};
+
+// _Folders: the subfolders of a folder, or the stores' top folders where there is no folder. A new
+// object at every read, with a cursor of its own.
+class CFolders final : public COutlookObject {
+ public:
+  CFolders(CSession& session, FolderNode* node);
+
+  std::string ObjectName() const override;
+  void Forget() noexcept { m_gone = true; }
+
+ protected:
+  CValue Parent() override;
+  void OnGone() noexcept override;
+
+ private:
+  static const CMemberTable& Members();
+  static const EventTable& Events();
+
+  size_t Size();
+  CModelPtr<CFolder> At(size_t position);
+  long Count();
+  CModelPtr<CFolder> Item(const CArguments& arguments);
+  CModelPtr<CFolder> Add(const CArguments& arguments);
+  CModelPtr<CFolder> GetFirst();
+  CModelPtr<CFolder> GetLast();
+  CModelPtr<CFolder> GetNext();
+  CModelPtr<CFolder> GetPrevious();
+  void Remove(const CArguments& arguments);
+  FolderNode& NodeAt(size_t position);
+
+  FolderNode* m_node;  // null: the stores
+  bool m_gone = false;
+  CCursor m_cursor;
+};
+
+// _Items. A new object at every read, with its own cursor and order.
+class CItems final : public COutlookObject {
+ public:
+  CItems(CSession& session, FolderNode& node);
+
+  std::string ObjectName() const override;
+  void Forget() noexcept { m_node = nullptr; }
+
+ protected:
+  CValue Parent() override;
+  void OnGone() noexcept override;
+
+ private:
+  // [Property] = 'text', the one form of filter understood here.
+  struct Filter {
+    DISPID property = 0;
+    std::wstring text;
+  };
+
+  static const CMemberTable& Members();
+  static const EventTable& Events();
+
+  FolderNode& Node() const;
+  const std::vector<StoredItemPtr>& View();
+  CModelPtr<CItem> At(size_t position);
+  long Count();
+  CModelPtr<CItem> Item(const CArguments& arguments);
+  CModelPtr<CItem> Add(const CArguments& arguments);
+  CModelPtr<CItem> GetFirst();
+  CModelPtr<CItem> GetLast();
+  CModelPtr<CItem> GetNext();
+  CModelPtr<CItem> GetPrevious();
+  void Remove(const CArguments& arguments);
+  CModelPtr<CItem> Find(const CArguments& arguments);
+  CModelPtr<CItem> FindNext();
+  CModelPtr<CItems> Restrict(const CArguments& arguments);
+  void Sort(const CArguments& arguments);
+
+  static Filter ParseFilter(const std::wstring& text);
+  static bool Passes(const StoredItem& item, const Filter& filter);
+  CModelPtr<CItem> FindFrom(size_t position);
+
+  FolderNode* m_node;
+  CCursor m_cursor;
+  std::optional<Filter> m_restriction;
+  std::optional<std::pair<DISPID, bool>> m_order;  // property, descending
+  std::vector<StoredItemPtr> m_view;               // of a restricted or sorted collection
+  uint64_t m_viewChanges = static_cast<uint64_t>(-1);
+  Filter m_lastFind;
+  size_t m_lastFound = 0;
+};
+
+}  // namespace quor::workbench
+
+#endif

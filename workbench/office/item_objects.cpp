@@ -1,0 +1,278 @@
+#include "workbench/office/item_objects.h"
+
+#include <utility>
+
+#include "workbench/office/folder_objects.h"
+#include "workbench/office/window_objects.h"
+
+namespace quor::workbench {
+namespace {
+
+constexpr DISPID kItemOpen = 0xF003;
+constexpr DISPID kItemWrite = 0xF002;
+constexpr DISPID kItemClose = 0xF004;
+constexpr DISPID kItemPropertyChange = 0xF009;
+constexpr long kSaveOnClose = 0;
+
+struct TextProperty {
+  const wchar_t* name;
+  DISPID id;
+};
+
+constexpr TextProperty kTextProperties[] = {
+    {L"FullName", field::kFullName}, {L"FirstName", field::kFirstName},
+    {L"LastName", field::kLastName}, {L"CompanyName", field::kCompanyName},
+    {L"FileAs", field::kFileAs},     {L"Subject", field::kSubject},
+    {L"Body", field::kBody},         {L"MessageClass", field::kMessageClass},
+};
+
+const wchar_t* DefaultMessageClass(ItemType type) {
+  switch (type) {
+    case ItemType::Contact:
+      return L"IPM.Contact";
+    case ItemType::DistributionList:
+      return L"IPM.DistList";
+    default:
+      return L"IPM.Note";
+  }
+}
+
+}  // namespace
+
+DISPID TextPropertyByName(std::wstring_view name) {
+  for (const TextProperty& property : kTextProperties) {
+    if (SameText(property.name, name)) return property.id;
+  }
+  for (const NumberProperty& property : kNumberProperties) {
+    if (SameText(property.name, name)) return property.id;
+  }
+  throw CModelError(E_INVALIDARG, "There is no such property.");
+}
+
+std::wstring DefaultFileAs(const CFieldSet& fields) {
+  const std::wstring first = fields.Get(field::kFirstName);
+  const std::wstring last = fields.Get(field::kLastName);
+  if (!first.empty() && !last.empty()) return last + L", " + first;
+  if (!first.empty() || !last.empty()) return first + last;
+  const std::wstring company = fields.Get(field::kCompanyName);
+  return !company.empty() ? company : fields.Get(field::kFullName);
+}
+
+CItem::CItem(CSession& session, StoredItemPtr item, FolderNode* home, const CMemberTable& members,
+             ObjectClass objectClass)
+    : COutlookObject(session, members, Events(), objectClass),
+      m_item(std::move(item)),
+      m_homeId(home != nullptr ? home->entryId : std::wstring()),
+      m_new(home != nullptr) {
+  m_item->object = this;
+}
+
+const CMemberTable& CItem::ItemMembers() {
+  static const CMemberTable table(
+      "Item", {}, &CommonMembers(),
+      {Get<&CItem::EntryId>(L"EntryID", 0xF01E), Get<&CItem::GetInspector>(L"GetInspector", 0xF03E),
+       Get<&CItem::Saved>(L"Saved", 0xF0A3), Method<&CItem::Save>(L"Save", 0xF048),
+       Method<&CItem::Delete>(L"Delete", 0xF04A), Method<&CItem::Close>(L"Close", 0xF023, 1),
+       Method<&CItem::Display>(L"Display", 0xF0A6, 0, 1),
+       Get<&CItem::GetText>(L"Body", field::kBody), Put<&CItem::PutText>(L"Body", field::kBody),
+       Get<&CItem::GetText>(L"Subject", field::kSubject),
+       Put<&CItem::PutText>(L"Subject", field::kSubject),
+       Get<&CItem::GetText>(L"MessageClass", field::kMessageClass),
+       Put<&CItem::PutText>(L"MessageClass", field::kMessageClass)});
+  return table;
+}
+
+const EventTable& CItem::Events() {
+  static const EventTable table = {{{kItemEventsId, "ItemEvents"}},
+                                   {{0xF001, "Read"},
+                                    {kItemWrite, "Write"},
+                                    {kItemOpen, "Open"},
+                                    {kItemClose, "Close"},
+                                    {kItemPropertyChange, "PropertyChange"}}};
+  return table;
+}
+
+std::string CItem::ObjectName() const {
+  const std::wstring name = Text(field::kFileAs);
+  return Utf8FromWide(name.empty() ? Text(field::kSubject) : name);
+}
+
+std::wstring CItem::Text(DISPID property) const {
+  if (const std::wstring* changed = m_changes.Find(property)) return *changed;
+  if (const std::wstring* stored = m_item->fields.Find(property)) return *stored;
+  if (property == field::kMessageClass) return DefaultMessageClass(m_item->type);
+  return DerivedText(property);
+}
+
+void CItem::SetText(DISPID property, const std::wstring& text) {
+  m_changes.Set(property, text);
+  OnTextSet(property, text);
+  const Member* member = MemberTable().Find(property, DISPATCH_PROPERTYPUT);
+  if (member != nullptr && SinkCount() != 0) Fire(kItemPropertyChange, {CValue(member->name)});
+}
+
+void CItem::DiscardChanges() noexcept {
+  m_changes.Clear();
+}
+
+void CItem::SaveChanges() {
+  if (!m_new && m_item->folder == nullptr) {
+    throw CModelError(kObjectDeleted, "The item has been moved or deleted.");
+  }
+  if (FireCancellable(kItemWrite)) throw CModelError(kCancelled, "The operation was cancelled.");
+  const bool changed = !m_changes.All().empty();
+  for (const auto& [property, text] : m_changes.All())
+    m_item->fields.Set(property, text);
+  m_changes.Clear();
+  if (m_new) {
+    FolderNode* home = Session().Mailbox().FolderById(m_homeId, {});
+    if (home == nullptr) throw CModelError(kNotFound, "The folder has been deleted.");
+    m_new = false;
+    Session().SaveNewItem(m_item, *home);
+  } else if (changed) {
+    Session().NoteItemChange(m_item);
+  }
+}
+
+bool CItem::RaiseOpen() {
+  return !FireCancellable(kItemOpen);
+}
+
+bool CItem::RaiseClose() {
+  return !FireCancellable(kItemClose);
+}
+
+void CItem::OnGone() noexcept {
+  m_item->object = nullptr;
+  COutlookObject::OnGone();
+}
+
+CValue CItem::Parent() {
+  FolderNode* folder = m_item->folder;
+  if (m_new) folder = Session().Mailbox().FolderById(m_homeId, {});
+  if (folder == nullptr) throw CModelError(kObjectDeleted, "The item has been deleted.");
+  return CValue(Session().FolderObject(*folder).get());
+}
+
+CValue CItem::GetText(const CArguments& arguments) {
+  return CValue(Text(arguments.Member()));
+}
+
+void CItem::PutText(const CArguments& arguments) {
+  SetText(arguments.Member(), arguments.Text(0));
+}
+
+CValue CItem::EntryId() {
+  return CValue(m_item->entryId);
+}
+
+CModelPtr<CInspector> CItem::GetInspector() {
+  return Session().InspectorFor(*this);
+}
+
+bool CItem::Saved() {
+  return !m_new && m_changes.All().empty();
+}
+
+void CItem::Save() {
+  SaveChanges();
+}
+
+CModelPtr<CInspector> CItem::OpenInspector() const {
+  for (const auto& inspector : Session().InspectorWindows()) {
+    if (inspector->Item() == this) return inspector;
+  }
+  return {};
+}
+
+void CItem::Delete() {
+  if (const CModelPtr<CInspector> inspector = OpenInspector()) Session().CloseInspector(*inspector);
+  if (m_new) return;
+  if (m_item->folder == nullptr) throw CModelError(kObjectDeleted, "The item has been deleted.");
+  Session().DeleteItems({m_item});
+}
+
+void CItem::Close(const CArguments& arguments) {
+  if (arguments.Long(0) == kSaveOnClose) {
+    SaveChanges();
+  } else {
+    DiscardChanges();
+  }
+  if (const CModelPtr<CInspector> inspector = OpenInspector()) Session().CloseInspector(*inspector);
+}
+
+void CItem::Display() {
+  Session().ShowInspector(*Session().InspectorFor(*this));
+}
+
+CContactItem::CContactItem(CSession& session, StoredItemPtr item, FolderNode* home)
+    : CItem(session, std::move(item), home, Members(), ObjectClass::Contact) {}
+
+const CMemberTable& CContactItem::Members() {
+  static const CMemberTable table = [] {
+    std::vector<Member> members;
+    const auto add = [&members](const wchar_t* name, DISPID id) {
+      members.push_back(Get<&CContactItem::GetText>(name, id));
+      members.push_back(Put<&CContactItem::PutText>(name, id));
+    };
+    for (const TextProperty& property : kTextProperties)
+      add(property.name, property.id);
+    for (const NumberProperty& property : kNumberProperties)
+      add(property.name, property.id);
+    return CMemberTable("ContactItem", {kContactItemId}, &ItemMembers(), std::move(members));
+  }();
+  return table;
+}
+
+std::wstring CContactItem::DerivedText(DISPID property) const {
+  if (property == field::kSubject) return Text(field::kFullName);
+  if (property != field::kFileAs) return {};
+  CFieldSet names;
+  for (const DISPID part :
+       {field::kFirstName, field::kLastName, field::kCompanyName, field::kFullName}) {
+    names.Set(part, Text(part));
+  }
+  return DefaultFileAs(names);
+}
+
+// A full name falls into its parts: the last word is the last name.
+void CContactItem::OnTextSet(DISPID property, const std::wstring& text) {
+  if (property != field::kFullName) return;
+  const size_t blank = text.find_last_of(L' ');
+  const bool parts = blank != std::wstring::npos;
+  Changes().Set(field::kFirstName, parts ? text.substr(0, blank) : text);
+  Changes().Set(field::kLastName, parts ? text.substr(blank + 1) : std::wstring());
+}
+
+CDistListItem::CDistListItem(CSession& session, StoredItemPtr item, FolderNode* home)
+    : CItem(session, std::move(item), home, Members(), ObjectClass::DistributionList) {}
+
+const CMemberTable& CDistListItem::Members() {
+  static const CMemberTable table("DistListItem", {kDistListItemId}, &ItemMembers(),
+                                  {Get<&CDistListItem::ListName>(L"DLName", 0x8053),
+                                   Put<&CDistListItem::SetListName>(L"DLName", 0x8053),
+                                   Get<&CDistListItem::MemberCount>(L"MemberCount", 0x804B)});
+  return table;
+}
+
+CValue CDistListItem::ListName() {
+  return CValue(Text(field::kSubject));
+}
+
+void CDistListItem::SetListName(const CArguments& arguments) {
+  SetText(field::kSubject, arguments.Text(0));
+}
+
+long CDistListItem::MemberCount() {
+  return static_cast<long>(Stored()->members.size());
+}
+
+CMailItem::CMailItem(CSession& session, StoredItemPtr item, FolderNode* home)
+    : CItem(session, std::move(item), home, Members(), ObjectClass::Mail) {}
+
+const CMemberTable& CMailItem::Members() {
+  static const CMemberTable table("MailItem", {kMailItemId}, &ItemMembers(), {});
+  return table;
+}
+
+}  // namespace quor::workbench

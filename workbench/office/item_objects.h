@@ -1,0 +1,97 @@
+#ifndef QUOR_WORKBENCH_OFFICE_ITEM_OBJECTS_H
+#define QUOR_WORKBENCH_OFFICE_ITEM_OBJECTS_H
+
+#include <string>
+#include <string_view>
+
+#include "workbench/office/outlook_object.h"
+
+namespace quor::workbench {
+
+// The dispatch id of an item's text property. Throws CModelError(E_INVALIDARG).
+DISPID TextPropertyByName(std::wstring_view name);
+
+// File As as Outlook makes it from the other fields: "Last, First", or what there is of the two,
+// or the company, or the full name.
+std::wstring DefaultFileAs(const CFieldSet& fields);
+
+// What all kinds of item share. Changes wait in the object until Save; a new item gets its entry id
+// there and joins its folder. There is one live object for an item.
+class CItem : public COutlookObject {
+ public:
+  std::string ObjectName() const override;
+  const StoredItemPtr& Stored() const noexcept { return m_item; }
+  std::wstring Text(DISPID property) const;
+  void SetText(DISPID property, const std::wstring& text);  // raises PropertyChange
+  bool IsNew() const noexcept { return m_new; }
+  void SaveChanges();  // Write, then the store; throws a CModelError
+  void DiscardChanges() noexcept;
+  bool RaiseOpen();   // false: cancelled
+  bool RaiseClose();  // false: cancelled
+
+ protected:
+  CItem(CSession& session, StoredItemPtr item, FolderNode* home, const CMemberTable& members,
+        ObjectClass objectClass);
+
+  static const CMemberTable& ItemMembers();
+  CValue Parent() override;
+  void OnGone() noexcept override;
+  virtual std::wstring DerivedText(DISPID) const { return {}; }  // for a property never set
+  virtual void OnTextSet(DISPID, const std::wstring&) {}
+  CFieldSet& Changes() noexcept { return m_changes; }
+
+  CValue GetText(const CArguments& arguments);
+  void PutText(const CArguments& arguments);
+
+ private:
+  static const EventTable& Events();
+
+  CValue EntryId();
+  CModelPtr<CInspector> GetInspector();
+  bool Saved();
+  void Save();
+  void Delete();
+  void Close(const CArguments& arguments);
+  void Display();
+  CModelPtr<CInspector> OpenInspector() const;
+
+  StoredItemPtr m_item;
+  std::wstring m_homeId;  // where a new item goes
+  bool m_new;
+  CFieldSet m_changes;
+};
+
+class CContactItem final : public CItem {
+ public:
+  CContactItem(CSession& session, StoredItemPtr item, FolderNode* home);
+
+ protected:
+  std::wstring DerivedText(DISPID property) const override;
+  void OnTextSet(DISPID property, const std::wstring& text) override;
+
+ private:
+  static const CMemberTable& Members();
+};
+
+class CDistListItem final : public CItem {
+ public:
+  CDistListItem(CSession& session, StoredItemPtr item, FolderNode* home);
+
+ private:
+  static const CMemberTable& Members();
+  CValue ListName();
+  void SetListName(const CArguments& arguments);
+  long MemberCount();
+};
+
+class CMailItem final : public CItem {
+ public:
+  CMailItem(CSession& session, StoredItemPtr item, FolderNode* home);
+
+ private:
+  static const CMemberTable& Members();
+};
+
+}  // namespace quor::workbench
+
+#endif

@@ -1,0 +1,203 @@
+#include "workbench/office/model.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "workbench/office/automation.h"
+
+namespace quor::workbench {
+namespace {
+
+constexpr size_t kGraves = 20000;
+
+int64_t Ticks() noexcept {
+  LARGE_INTEGER now;
+  QueryPerformanceCounter(&now);
+  return now.QuadPart;
+}
+
+double Microseconds(int64_t ticks) noexcept {
+  LARGE_INTEGER frequency;
+  QueryPerformanceFrequency(&frequency);
+  return static_cast<double>(ticks) * 1e6 / static_cast<double>(frequency.QuadPart);
+}
+
+std::string Lower(std::string_view text) {
+  std::string lower(text);
+  std::transform(lower.begin(), lower.end(), lower.begin(), [](char character) {
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character + 32) : character;
+  });
+  return lower;
+}
+
+// A call's name as faults and hooks choose it, ready for comparing.
+std::string Pattern(std::string_view member) {
+  if (!member.empty() && member.front() == '_') member.remove_prefix(1);
+  return Lower(member);
+}
+
+bool Matches(const std::string& pattern, const std::string& lowerKey) {
+  if (!pattern.ends_with('*')) return pattern == lowerKey;
+  return lowerKey.starts_with(std::string_view(pattern).substr(0, pattern.size() - 1));
+}
+
+}  // namespace
+
+CModel::CallSite::CallSite(std::string_view type, std::string_view member)
+    : key(std::string(type) + '.' + std::string(member)), lower(Lower(key)) {}
+
+CModel::CModel() : m_thread(GetCurrentThreadId()), m_sideSince(Ticks()) {}
+
+CModel::~CModel() {
+  while (!m_graves.empty()) {
+    CCounted* body = m_graves.front();
+    m_graves.pop_front();
+    delete body;
+  }
+  for (const auto& [serial, object] : m_live)
+    object->Orphan();
+}
+
+int CModel::AddTrigger(Trigger trigger) {
+  trigger.number = ++m_lastTrigger;
+  m_triggers.push_back(std::move(trigger));
+  return m_lastTrigger;
+}
+
+int CModel::AddFault(Fault fault) {
+  return AddTrigger({0,
+                     Pattern(fault.member),
+                     std::max<uint64_t>(fault.first, 1),
+                     fault.last,
+                     0,
+                     fault.code,
+                     {}});
+}
+
+int CModel::AddHook(Hook hook) {
+  const uint64_t nth = std::max<uint64_t>(hook.nth, 1);
+  return AddTrigger({0, Pattern(hook.member), nth, nth, 0, std::nullopt, std::move(hook.action)});
+}
+
+void CModel::Withdraw(int number) {
+  std::erase_if(m_triggers, [number](const Trigger& one) { return one.number == number; });
+}
+
+void CModel::WithdrawAll() {
+  m_triggers.clear();
+}
+
+std::optional<HRESULT> CModel::Enter(const CallSite& site) {
+  ++m_totalCalls;
+  ++m_calls[&site];
+  if (m_triggers.empty()) return std::nullopt;
+
+  std::optional<HRESULT> answer;
+  std::vector<std::function<void()>> actions;
+  for (Trigger& trigger : m_triggers) {
+    if (!Matches(trigger.member, site.lower) || ++trigger.seen < trigger.first) continue;
+    if (trigger.code.has_value()) {
+      if (!answer.has_value()) answer = trigger.code;
+    } else {
+      actions.push_back(trigger.action);
+    }
+  }
+  if (answer.has_value()) ++m_faultsFired;
+  std::erase_if(m_triggers,
+                [](const Trigger& one) { return one.last != 0 && one.seen >= one.last; });
+  // Last, because an action may well call the model, set faults or end the session.
+  for (const auto& action : actions) {
+    const CTimeOutside outside(*this);
+    try {
+      action();
+    } catch (...) {
+      if (m_hookFailure == nullptr) m_hookFailure = std::current_exception();
+    }
+  }
+  return answer;
+}
+
+void CModel::RethrowHookFailure() {
+  if (m_hookFailure != nullptr) std::rethrow_exception(std::exchange(m_hookFailure, nullptr));
+}
+
+void CModel::Observe(const CallRecord& record) const {
+  if (!m_observer) return;
+  const Observer observer = m_observer;
+  observer(record);
+}
+
+std::map<std::string, uint64_t> CModel::CallsByMember() const {
+  std::map<std::string, uint64_t> calls;
+  for (const auto& [site, count] : m_calls)
+    calls[site->key] += count;
+  return calls;
+}
+
+CModel::Side CModel::SwitchSide(Side side) noexcept {
+  const int64_t now = Ticks();
+  if (m_side == Side::Inside) m_ticksInside += now - m_sideSince;
+  if (m_side == Side::Sink) m_ticksInSinks += now - m_sideSince;
+  m_sideSince = now;
+  return std::exchange(m_side, side);
+}
+
+double CModel::MicrosecondsInModel() const noexcept {
+  return Microseconds(m_ticksInside);
+}
+
+double CModel::MicrosecondsInSinks() const noexcept {
+  return Microseconds(m_ticksInSinks);
+}
+
+void CModel::ResetFigures() {
+  m_totalCalls = 0;
+  m_calls.clear();
+  m_ticksInside = 0;
+  m_ticksInSinks = 0;
+}
+
+std::vector<HeldObject> CModel::HeldFromOutside() const {
+  std::vector<HeldObject> held;
+  for (const auto& [serial, object] : m_live) {
+    if (object->References() == 0) continue;
+    held.push_back({object->TypeName(), object->ObjectName(), object->References()});
+  }
+  return held;
+}
+
+std::vector<AdvisedSink> CModel::AdvisedSinks() const {
+  std::vector<AdvisedSink> sinks;
+  for (const auto& [serial, object] : m_live)
+    object->ReportSinks(sinks);
+  return sinks;
+}
+
+bool CModel::IsHeldFromOutside(std::string_view type) const {
+  return std::any_of(m_live.begin(), m_live.end(), [type](const auto& entry) {
+    return entry.second->References() != 0 && entry.second->TypeName() == type;
+  });
+}
+
+uint64_t CModel::Register(CCounted& object) {
+  m_live.emplace(++m_lastSerial, &object);
+  return m_lastSerial;
+}
+
+void CModel::Unregister(const CCounted& object) noexcept {
+  m_live.erase(object.m_serial);
+}
+
+void CModel::Bury(CCounted& object) {
+  m_graves.push_back(&object);
+  if (m_graves.size() <= kGraves) return;
+  CCounted* oldest = m_graves.front();
+  m_graves.pop_front();
+  delete oldest;
+}
+
+void CModel::RecordMisuse(std::string text) {
+  m_misuses.push_back(std::move(text));
+}
+
+}  // namespace quor::workbench

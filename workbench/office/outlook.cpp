@@ -1,0 +1,271 @@
+#include "workbench/office/outlook.h"
+
+#include <iterator>
+#include <map>
+#include <utility>
+
+namespace quor::workbench {
+namespace {
+
+static_assert(std::size(kNumberProperties) == static_cast<size_t>(NumberKind::TtyTdd) + 1,
+              "one number property for each kind of number on a card, in the same order");
+
+StoredItemPtr ItemFromCard(const Card& card) {
+  auto item = std::make_shared<StoredItem>();
+  const auto set = [&item](DISPID property, const std::string& text) {
+    if (!text.empty()) item->fields.Set(property, WideFromUtf8(text));
+  };
+  set(field::kBody, card.note);
+  if (card.group) {
+    item->type = ItemType::DistributionList;
+    set(field::kSubject, card.fullName);
+    for (const std::string& member : card.members)
+      item->members.push_back(WideFromUtf8(member));
+    return item;
+  }
+  set(field::kFullName, card.fullName);
+  set(field::kSubject, card.fullName);
+  set(field::kFirstName, card.firstName);
+  set(field::kLastName, card.lastName);
+  set(field::kCompanyName, card.company);
+  set(field::kFileAs, card.fileAs);
+  for (const CardNumber& number : card.numbers) {
+    set(kNumberProperties[static_cast<size_t>(number.kind)].id, number.number);
+  }
+  return item;
+}
+
+std::string CardPath(const Card& card) {
+  if (card.folder.starts_with('/')) return card.folder;
+  return card.folder.empty() ? "Contacts" : "Contacts/" + card.folder;
+}
+
+// File As, full name, subject or entry id.
+bool IsCalled(const StoredItem& item, const std::wstring& name) {
+  if (item.entryId == name) return true;
+  for (const DISPID property : {field::kFileAs, field::kFullName, field::kSubject}) {
+    if (const std::wstring* text = item.fields.Find(property); text != nullptr && *text == name) {
+      return true;
+    }
+  }
+  return false;
+}
+
+StoredItemPtr FindBelow(const FolderNode& folder, const std::wstring& name) {
+  for (const StoredItemPtr& item : folder.items) {
+    if (IsCalled(*item, name)) return item;
+  }
+  for (const auto& child : folder.folders) {
+    if (StoredItemPtr item = FindBelow(*child, name)) return item;
+  }
+  return nullptr;
+}
+
+// "Contacts/North" becomes "Contacts" and "North".
+std::pair<std::string, std::string> SplitPath(const std::string& path) {
+  const size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return {std::string(), path};
+  return {path.substr(0, slash), path.substr(slash + 1)};
+}
+
+std::string Line(const std::string& type, const std::string& name, const std::string& rest) {
+  return name.empty() ? type + ' ' + rest : type + ' ' + name + ' ' + rest;
+}
+
+}  // namespace
+
+COutlook::COutlook(const SessionOptions& options) : COutlook(options, m_noFace) {}
+
+COutlook::COutlook(const SessionOptions& options, IOutlookFace& face)
+    : m_session(std::make_unique<CSession>(m_model, options, face)) {}
+
+COutlook::~COutlook() = default;
+
+CModelPtr<CComAddIn> COutlook::AddAddIn(ComAddInInfo info, std::function<void(bool)> onConnect) {
+  return m_session->ComAddIns().AddAddIn(std::move(info), std::move(onConnect));
+}
+
+std::vector<CardError> COutlook::LoadCards(std::string_view vcards) {
+  return ReadInto(nullptr, vcards, false);
+}
+
+std::vector<CardError> COutlook::AddCards(const std::string& folder, std::string_view vcards) {
+  return ReadInto(&folder, vcards, true);
+}
+
+std::vector<CardError> COutlook::ReadInto(const std::string* folder, std::string_view vcards,
+                                          bool events) {
+  CardFile file = ReadCards(vcards);
+  std::map<FolderNode*, std::vector<StoredItemPtr>> items;
+  std::vector<FolderNode*> order;
+  for (const Card& card : file.cards) {
+    FolderNode& target = folder != nullptr
+                             ? FindFolder(*folder)
+                             : Mailbox().MakePath(WideFromUtf8(CardPath(card)), ItemType::Contact);
+    if (items[&target].empty()) order.push_back(&target);
+    items[&target].push_back(ItemFromCard(card));
+  }
+  for (FolderNode* target : order) {
+    if (events) {
+      m_session->AddItems(*target, items[target]);
+      continue;
+    }
+    for (const StoredItemPtr& item : items[target])
+      Mailbox().InsertItem(*target, item);
+  }
+  return std::move(file.errors);
+}
+
+StoredItemPtr COutlook::FindItem(const std::string& item) {
+  const auto [folder, name] = SplitPath(item);
+  if (!folder.empty()) {
+    try {
+      const FolderNode& node = FindFolder(folder);
+      for (const StoredItemPtr& one : node.items) {
+        if (IsCalled(*one, WideFromUtf8(name))) return one;
+      }
+    } catch (const CMailboxError&) {
+      // A name may well hold a slash itself.
+    }
+  }
+  for (const auto& store : Mailbox().Stores()) {
+    if (StoredItemPtr found = FindBelow(*store->top, WideFromUtf8(item))) return found;
+  }
+  throw CMailboxError("no item " + item);
+}
+
+FolderNode& COutlook::FindFolder(const std::string& path) {
+  return Mailbox().FolderByPath(WideFromUtf8(path));
+}
+
+void COutlook::ChangeContact(const std::string& item, const std::string& property,
+                             const std::string& value) {
+  const CModelPtr<CItem> object = m_session->ItemObject(FindItem(item));
+  object->SetText(TextPropertyByName(WideFromUtf8(property)), WideFromUtf8(value));
+  object->SaveChanges();
+}
+
+void COutlook::DeleteContact(const std::string& item) {
+  DeleteContacts({item});
+}
+
+void COutlook::DeleteContacts(const std::vector<std::string>& items) {
+  std::vector<StoredItemPtr> found;
+  for (const std::string& item : items)
+    found.push_back(FindItem(item));
+  m_session->DeleteItems(found);
+}
+
+void COutlook::MoveContact(const std::string& item, const std::string& folder) {
+  const StoredItemPtr found = FindItem(item);
+  m_session->MoveItem(found, FindFolder(folder));
+}
+
+FolderNode& COutlook::AddFolder(const std::string& path, ItemType type) {
+  const auto [parent, name] = SplitPath(path);
+  FolderNode& above = parent.empty() ? *Mailbox().DefaultStore().top : FindFolder(parent);
+  return m_session->AddFolder(above, WideFromUtf8(name), type);
+}
+
+void COutlook::RenameFolder(const std::string& path, const std::string& name) {
+  m_session->RenameFolder(FindFolder(path), WideFromUtf8(name));
+}
+
+void COutlook::MoveFolder(const std::string& path, const std::string& parent) {
+  m_session->MoveFolder(FindFolder(path), FindFolder(parent));
+}
+
+void COutlook::DeleteFolder(const std::string& path) {
+  m_session->DeleteFolder(FindFolder(path));
+}
+
+CModelPtr<CExplorer> COutlook::OpenExplorer(const std::string& folder) {
+  const CModelPtr<CExplorer> explorer = m_session->OpenExplorer(FindFolder(folder));
+  m_session->ShowExplorer(*explorer);
+  return explorer;
+}
+
+CExplorer& COutlook::ActiveExplorer() {
+  const CModelPtr<CExplorer> explorer = m_session->ActiveExplorer();
+  if (!explorer) throw CMailboxError("no explorer is open");
+  return *explorer;  // the session keeps it
+}
+
+void COutlook::CloseExplorer() {
+  const CModelPtr<CExplorer> explorer = m_session->ActiveExplorer();
+  if (explorer) m_session->CloseExplorer(*explorer);
+}
+
+bool COutlook::SwitchFolder(const std::string& folder) {
+  return ActiveExplorer().SwitchFolder(FindFolder(folder));
+}
+
+void COutlook::Select(const std::vector<std::string>& items) {
+  std::vector<StoredItemPtr> found;
+  for (const std::string& item : items)
+    found.push_back(FindItem(item));
+  ActiveExplorer().Select(std::move(found));
+}
+
+CModelPtr<CInspector> COutlook::OpenInspector(const std::string& item) {
+  const CModelPtr<CItem> object = m_session->ItemObject(FindItem(item));
+  const CModelPtr<CInspector> inspector = m_session->InspectorFor(*object);
+  return m_session->ShowInspector(*inspector) ? inspector : CModelPtr<CInspector>();
+}
+
+CModelPtr<CInspector> COutlook::OpenNewContact() {
+  const CModelPtr<CItem> item =
+      m_session->NewItem(ItemType::Contact, *Mailbox().DefaultStore().contacts);
+  const CModelPtr<CInspector> inspector = m_session->InspectorFor(*item);
+  return m_session->ShowInspector(*inspector) ? inspector : CModelPtr<CInspector>();
+}
+
+bool COutlook::CloseInspector(const std::string& item) {
+  for (const auto& inspector : OpenInspectors()) {
+    if (inspector->ObjectName() == item ||
+        IsCalled(*inspector->Item()->Stored(), WideFromUtf8(item))) {
+      return CloseInspector(*inspector);
+    }
+  }
+  throw CMailboxError("no window shows " + item);
+}
+
+bool COutlook::CloseInspector(CInspector& inspector) {
+  return m_session->CloseInspector(inspector);
+}
+
+std::vector<CModelPtr<CInspector>> COutlook::OpenInspectors() {
+  return m_session->InspectorWindows();
+}
+
+void COutlook::RaiseStartup() {
+  m_session->Application().RaiseStartup();
+}
+
+void COutlook::RaiseQuit() {
+  m_session->Application().RaiseQuit();
+}
+
+std::vector<OptionsPage> COutlook::RaiseOptionsPagesAdd() {
+  const CModelPtr<CPropertyPages> pages = MakeObject<CPropertyPages>(*m_session);
+  m_session->Application().RaiseOptionsPagesAdd(*pages);
+  return pages->TakePages();
+}
+
+std::vector<std::string> COutlook::Held() const {
+  std::vector<std::string> lines;
+  for (const HeldObject& held : m_model.HeldFromOutside()) {
+    lines.push_back(Line(held.type, held.name, std::to_string(held.references)));
+  }
+  return lines;
+}
+
+std::vector<std::string> COutlook::Sinks() const {
+  std::vector<std::string> lines;
+  for (const AdvisedSink& sink : m_model.AdvisedSinks()) {
+    lines.push_back(Line(sink.source, sink.name, sink.events + ' ' + std::to_string(sink.count)));
+  }
+  return lines;
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,48 @@
+#include "workbench/office/outlook_object.h"
+
+#include "workbench/office/application_objects.h"
+
+namespace quor::workbench {
+
+COutlookObject::COutlookObject(CSession& session, const CMemberTable& members,
+                               const EventTable& events, ObjectClass objectClass)
+    : CEventSource(session.Model(), members, events), m_session(session), m_class(objectClass) {}
+
+const CMemberTable& COutlookObject::CommonMembers() {
+  static const CMemberTable table("Object", {}, nullptr,
+                                  {Get<&COutlookObject::Application>(L"Application", 0xF000),
+                                   Get<&COutlookObject::Class>(L"Class", 0xF00A),
+                                   Get<&COutlookObject::SessionObject>(L"Session", 0xF00B),
+                                   Get<&COutlookObject::Parent>(L"Parent", 0xF001)});
+  return table;
+}
+
+const EventTable& COutlookObject::NoEvents() {
+  static const EventTable table;
+  return table;
+}
+
+CValue COutlookObject::Application() {
+  return CValue(&m_session.Application());
+}
+
+long COutlookObject::Class() {
+  return static_cast<long>(m_class);
+}
+
+CValue COutlookObject::SessionObject() {
+  return CValue(&m_session.NameSpace());
+}
+
+CValue COutlookObject::Parent() {
+  return CValue(&m_session.Application());
+}
+
+size_t PositionFromIndex(long index, size_t count) {
+  if (index < 1 || static_cast<size_t>(index) > count) {
+    throw CModelError(DISP_E_BADINDEX, "Array index out of bounds.");
+  }
+  return static_cast<size_t>(index) - 1;
+}
+
+}  // namespace quor::workbench

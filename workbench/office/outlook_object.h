@@ -1,0 +1,58 @@
+#ifndef QUOR_WORKBENCH_OFFICE_OUTLOOK_OBJECT_H
+#define QUOR_WORKBENCH_OFFICE_OUTLOOK_OBJECT_H
+
+#include "workbench/office/event_source.h"
+#include "workbench/office/outlook_ids.h"
+#include "workbench/office/session.h"
+
+namespace quor::workbench {
+
+// What nearly every Outlook object has: Application, Class, Session, Parent.
+class COutlookObject : public CEventSource {
+ protected:
+  COutlookObject(CSession& session, const CMemberTable& members, const EventTable& events,
+                 ObjectClass objectClass);
+
+  static const CMemberTable& CommonMembers();
+  static const EventTable& NoEvents();
+
+  CSession& Session() const noexcept { return m_session; }
+  virtual CValue Parent();  // the application, unless said otherwise
+
+ private:
+  CValue Application();
+  long Class();
+  CValue SessionObject();
+
+  CSession& m_session;
+  const ObjectClass m_class;
+};
+
+// A position in a collection from an index argument, 1-based there and 0-based here. Throws a
+// CModelError when it is out of range.
+size_t PositionFromIndex(long index, size_t count);
+
+// GetFirst, GetNext, GetLast and GetPrevious over a list of `count` elements.
+class CCursor {
+ public:
+  static constexpr size_t kNone = static_cast<size_t>(-1);
+
+  size_t First(size_t count) noexcept { return At(0, count); }
+  size_t Last(size_t count) noexcept { return At(count - 1, count); }
+  size_t Next(size_t count) noexcept { return At(m_position + 1, count); }  // the first, at first
+  size_t Previous(size_t count) noexcept {
+    if (m_position == kNone || m_position == 0) return m_position = kNone;
+    return At(m_position - 1, count);
+  }
+
+ private:
+  size_t At(size_t position, size_t count) noexcept {
+    return m_position = position < count ? position : kNone;
+  }
+
+  size_t m_position = kNone;
+};
+
+}  // namespace quor::workbench
+
+#endif

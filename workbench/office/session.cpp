@@ -1,0 +1,328 @@
+#include "workbench/office/session.h"
+
+#include <algorithm>
+#include <string>
+
+#include "workbench/office/application_objects.h"
+#include "workbench/office/folder_objects.h"
+#include "workbench/office/window_objects.h"
+
+namespace quor::workbench {
+namespace {
+
+constexpr DISPID kItemAdd = 0xF001;
+constexpr DISPID kItemChange = 0xF002;
+constexpr DISPID kItemRemove = 0xF003;
+constexpr DISPID kFolderAdd = 0xF001;
+constexpr DISPID kFolderChange = 0xF002;
+constexpr DISPID kFolderRemove = 0xF003;
+
+// The collections over a folder when an event is raised; sinks make and drop others meanwhile.
+template <class Collection>
+std::vector<CModelPtr<Collection>> Listeners(const std::vector<Collection*>& collections) {
+  std::vector<CModelPtr<Collection>> listeners;
+  for (Collection* collection : collections) {
+    if (collection->SinkCount() != 0) listeners.emplace_back(collection);
+  }
+  return listeners;
+}
+
+}  // namespace
+
+CSession::CSession(CModel& model, const SessionOptions& options, IOutlookFace& face)
+    : m_model(model),
+      m_face(face),
+      m_options(options),
+      m_mailbox(options.mailbox, options.version),
+      m_application(MakeObject<CApplication>(*this)),
+      m_nameSpace(MakeObject<CNameSpace>(*this)),
+      m_explorers(MakeObject<CExplorers>(*this)),
+      m_inspectors(MakeObject<CInspectors>(*this)),
+      m_comAddIns(MakeObject<CComAddIns>(*this)) {}
+
+CSession::~CSession() = default;
+
+std::wstring CSession::VersionText() const {
+  const int version = m_options.version;
+  const wchar_t* build = L".0.0.5000";
+  if (version <= 11) build = L".0.0.8000";
+  if (version == 12) build = L".0.0.6000";
+  if (version == 14) build = L".0.0.7000";
+  return std::to_wstring(version) + build;
+}
+
+CModelPtr<CFolder> CSession::FolderObject(FolderNode& folder) {
+  if (folder.object != nullptr) return folder.object;
+  return MakeObject<CFolder>(*this, folder);
+}
+
+CModelPtr<CItem> CSession::ItemObject(const StoredItemPtr& item) {
+  if (item->object != nullptr) return item->object;
+  switch (item->type) {
+    case ItemType::Contact:
+      return MakeObject<CContactItem>(*this, item, nullptr);
+    case ItemType::DistributionList:
+      return MakeObject<CDistListItem>(*this, item, nullptr);
+    default:
+      return MakeObject<CMailItem>(*this, item, nullptr);
+  }
+}
+
+CModelPtr<CItem> CSession::NewItem(ItemType type, FolderNode& folder) {
+  auto item = std::make_shared<StoredItem>();
+  item->type = type;
+  switch (type) {
+    case ItemType::Contact:
+      return MakeObject<CContactItem>(*this, item, &folder);
+    case ItemType::DistributionList:
+      return MakeObject<CDistListItem>(*this, item, &folder);
+    default:
+      return MakeObject<CMailItem>(*this, item, &folder);
+  }
+}
+
+void CSession::RaiseItemAdd(FolderNode& folder, const StoredItemPtr& item) {
+  const CModelPtr<CItem> object = ItemObject(item);
+  for (const auto& items : Listeners(folder.itemCollections)) {
+    items->Fire(kItemAdd, {CValue(object.get())});
+  }
+}
+
+void CSession::RaiseItemRemove(FolderNode& folder) {
+  // Not for the last item of a personal folders file.
+  if (m_mailbox.ItemCount(*folder.store) == 0) return;
+  for (const auto& items : Listeners(folder.itemCollections))
+    items->Fire(kItemRemove);
+}
+
+void CSession::SaveNewItem(const StoredItemPtr& item, FolderNode& folder) {
+  m_mailbox.InsertItem(folder, item);
+  m_face.OnChanged();
+  RaiseItemAdd(folder, item);
+  if (m_options.itemChangeAfterAdd && item->folder != nullptr) NoteItemChange(item);
+}
+
+void CSession::NoteItemChange(const StoredItemPtr& item) {
+  m_face.OnChanged();
+  const CModelPtr<CItem> object = ItemObject(item);
+  for (int repeat = 0; repeat < m_options.itemChangeRepeats; ++repeat) {
+    if (item->folder == nullptr) return;
+    for (const auto& items : Listeners(item->folder->itemCollections)) {
+      items->Fire(kItemChange, {CValue(object.get())});
+    }
+  }
+}
+
+void CSession::AddItems(FolderNode& folder, const std::vector<StoredItemPtr>& items) {
+  for (const StoredItemPtr& item : items)
+    m_mailbox.InsertItem(folder, item);
+  m_face.OnChanged();
+  if (items.size() >= kBulkItems) return;
+  for (const StoredItemPtr& item : items) {
+    if (item->folder == &folder) RaiseItemAdd(folder, item);
+    if (m_options.itemChangeAfterAdd && item->folder == &folder) NoteItemChange(item);
+  }
+}
+
+void CSession::MoveItem(const StoredItemPtr& item, FolderNode& folder) {
+  FolderNode* before = item->folder;
+  m_mailbox.MoveItem(item, folder);
+  m_face.OnChanged();
+  if (before != nullptr) RaiseItemRemove(*before);
+  if (item->folder == &folder) RaiseItemAdd(folder, item);
+  const auto windows = m_explorerWindows;
+  for (const auto& explorer : windows)
+    explorer->Deselect(item);
+}
+
+void CSession::DeleteItems(const std::vector<StoredItemPtr>& items) {
+  const bool events = items.size() < kBulkItems;
+  for (const StoredItemPtr& item : items) {
+    if (item->folder == nullptr) continue;
+    FolderNode& before = *item->folder;
+    FolderNode& deleted = *before.store->deletedItems;
+    const bool forGood = CMailbox::IsBelow(before, deleted);
+    if (!forGood && events) {
+      MoveItem(item, deleted);
+      continue;
+    }
+    if (forGood) {
+      m_mailbox.RemoveItem(item);
+    } else {
+      m_mailbox.MoveItem(item, deleted);
+    }
+    if (events) RaiseItemRemove(before);
+    const auto windows = m_explorerWindows;
+    for (const auto& explorer : windows)
+      explorer->Deselect(item);
+  }
+  m_face.OnChanged();
+}
+
+void CSession::RaiseFolderEvent(FolderNode& parent, DISPID event, FolderNode* folder) {
+  const CModelPtr<CFolder> object =
+      folder != nullptr ? FolderObject(*folder) : CModelPtr<CFolder>();
+  for (const auto& folders : Listeners(parent.folderCollections)) {
+    if (folder == nullptr) {
+      folders->Fire(event);
+    } else {
+      folders->Fire(event, {CValue(object.get())});
+    }
+  }
+}
+
+FolderNode& CSession::AddFolder(FolderNode& parent, const std::wstring& name, ItemType type) {
+  FolderNode& folder = m_mailbox.AddFolder(parent, name, type);
+  m_face.OnChanged();
+  RaiseFolderEvent(parent, kFolderAdd, &folder);
+  return folder;
+}
+
+void CSession::RenameFolder(FolderNode& folder, const std::wstring& name) {
+  folder.name = name;
+  m_face.OnChanged();
+  if (folder.parent != nullptr) RaiseFolderEvent(*folder.parent, kFolderChange, &folder);
+}
+
+void CSession::MoveFolder(FolderNode& folder, FolderNode& parent) {
+  FolderNode* before = folder.parent;
+  m_mailbox.MoveFolder(folder, parent);
+  m_face.OnChanged();
+  RaiseFolderEvent(*before, kFolderRemove, nullptr);
+  RaiseFolderEvent(parent, kFolderAdd, &folder);
+}
+
+void CSession::DeleteFolder(FolderNode& folder) {
+  FolderNode& deleted = *folder.store->deletedItems;
+  if (folder.parent == nullptr || &folder == &deleted) {
+    throw CModelError(E_ACCESSDENIED, "This folder cannot be deleted.");
+  }
+  if (!CMailbox::IsBelow(folder, deleted)) {
+    MoveFolder(folder, deleted);
+    return;
+  }
+  FolderNode& parent = *folder.parent;
+  LeaveFolder(folder);
+  m_mailbox.RemoveFolder(folder);
+  m_face.OnChanged();
+  RaiseFolderEvent(parent, kFolderRemove, nullptr);
+}
+
+// Nothing may point into a folder that goes for good.
+void CSession::LeaveFolder(const FolderNode& folder) {
+  for (const auto& child : folder.folders)
+    LeaveFolder(*child);
+  const auto windows = m_explorerWindows;
+  for (const auto& explorer : windows) {
+    if (explorer->IsOpen() && &explorer->Folder() == &folder) {
+      explorer->LeaveFolder(*m_mailbox.DefaultFolder(6));
+    }
+  }
+  if (folder.object != nullptr) folder.object->Forget();
+  for (CItems* items : folder.itemCollections)
+    items->Forget();
+  for (CFolders* folders : folder.folderCollections)
+    folders->Forget();
+  for (const StoredItemPtr& item : folder.items)
+    item->folder = nullptr;
+}
+
+CModelPtr<CExplorer> CSession::OpenExplorer(FolderNode& folder) {
+  const CModelPtr<CExplorer> explorer = MakeObject<CExplorer>(*this, folder);
+  m_explorerWindows.push_back(explorer);
+  m_explorers->RaiseNewExplorer(*explorer);
+  return explorer;
+}
+
+void CSession::ShowExplorer(CExplorer& explorer) {
+  const CModelPtr<CExplorer> kept(&explorer);
+  m_face.OnShown(explorer);
+  ActivateWindow(explorer);
+}
+
+void CSession::CloseExplorer(CExplorer& explorer) {
+  const CModelPtr<CExplorer> kept(&explorer);
+  if (!explorer.IsOpen()) return;
+  explorer.RaiseClose();
+  std::erase(m_explorerWindows, kept);
+  explorer.SetClosed();
+  m_face.OnClosed(explorer);
+}
+
+CModelPtr<CInspector> CSession::InspectorFor(CItem& item) {
+  for (const auto& inspector : m_inspectorWindows) {
+    if (inspector->Item() == &item) return inspector;
+  }
+  return MakeObject<CInspector>(*this, item);
+}
+
+bool CSession::ShowInspector(CInspector& inspector) {
+  const CModelPtr<CInspector> kept(&inspector);
+  if (!inspector.IsShown()) {
+    if (!inspector.Item()->RaiseOpen()) return false;
+    inspector.SetShown();
+    m_inspectorWindows.push_back(kept);
+    m_inspectors->RaiseNewInspector(inspector);
+    if (!inspector.IsOpen()) return false;  // a sink closed it at once
+    m_face.OnShown(inspector);
+  }
+  ActivateWindow(inspector);
+  return true;
+}
+
+bool CSession::CloseInspector(CInspector& inspector) {
+  const CModelPtr<CInspector> kept(&inspector);
+  if (!inspector.IsOpen()) return true;
+  const CModelPtr<CItem> item(inspector.Item());
+  if (inspector.IsShown()) {
+    if (!item->RaiseClose()) return false;
+    inspector.RaiseClose();
+  }
+  std::erase(m_inspectorWindows, kept);
+  inspector.SetClosed();
+  m_face.OnClosed(inspector);
+  m_inspectorActive = m_inspectorActive && !m_inspectorWindows.empty();
+  if (!m_inspectorActive && !m_explorerWindows.empty()) {
+    ActiveExplorer()->RaiseActivate(true);
+  } else if (m_inspectorActive) {
+    ActiveInspector()->RaiseActivate(true);
+  }
+  return true;
+}
+
+void CSession::ActivateWindow(CExplorer& explorer) {
+  const CModelPtr<CExplorer> kept(&explorer);
+  const CModelPtr<CExplorer> before = ActiveExplorer();
+  if (m_inspectorActive) {
+    if (const CModelPtr<CInspector> inspector = ActiveInspector()) inspector->RaiseActivate(false);
+  } else if (before && before != kept) {
+    before->RaiseActivate(false);
+  }
+  m_inspectorActive = false;
+  // The active window stands last.
+  if (std::erase(m_explorerWindows, kept) != 0) m_explorerWindows.push_back(kept);
+  explorer.RaiseActivate(true);
+}
+
+void CSession::ActivateWindow(CInspector& inspector) {
+  const CModelPtr<CInspector> kept(&inspector);
+  const CModelPtr<CInspector> before = ActiveInspector();
+  if (!m_inspectorActive) {
+    if (const CModelPtr<CExplorer> explorer = ActiveExplorer()) explorer->RaiseActivate(false);
+  } else if (before && before != kept) {
+    before->RaiseActivate(false);
+  }
+  m_inspectorActive = true;
+  if (std::erase(m_inspectorWindows, kept) != 0) m_inspectorWindows.push_back(kept);
+  inspector.RaiseActivate(true);
+}
+
+CModelPtr<CExplorer> CSession::ActiveExplorer() const {
+  return m_explorerWindows.empty() ? CModelPtr<CExplorer>() : m_explorerWindows.back();
+}
+
+CModelPtr<CInspector> CSession::ActiveInspector() const {
+  return m_inspectorWindows.empty() ? CModelPtr<CInspector>() : m_inspectorWindows.back();
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,172 @@
+#ifndef QUOR_WORKBENCH_OFFICE_WINDOW_OBJECTS_H
+#define QUOR_WORKBENCH_OFFICE_WINDOW_OBJECTS_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "workbench/office/item_objects.h"
+#include "workbench/office/outlook_object.h"
+
+namespace quor::workbench {
+
+// Place and state of a window as the object model tells it.
+struct WindowPlace {
+  long left = 60;
+  long top = 40;
+  long width = 1000;
+  long height = 700;
+  long state = 2;  // OlWindowState: normal
+};
+
+// IOleWindow as a second face of a window object: same identity, same count.
+class COleWindow;
+
+// What explorer and inspector have in common.
+class CWindowObject : public COutlookObject {
+ public:
+  WindowPlace& Place() noexcept { return m_place; }
+  bool IsOpen() const noexcept { return m_open; }
+  virtual void SetClosed() noexcept { m_open = false; }
+  virtual HWND Window() = 0;
+  virtual std::wstring CaptionText() const = 0;
+
+ protected:
+  CWindowObject(CSession& session, const CMemberTable& members, const EventTable& events,
+                ObjectClass objectClass);
+  ~CWindowObject() override;
+
+  static const CMemberTable& WindowMembers();
+  void* OtherInterface(REFIID iid) override;
+  void CheckOpen() const;  // throws a CModelError once closed
+
+ private:
+  CValue Caption();
+  CValue GetPlace(const CArguments& arguments);
+  void PutPlace(const CArguments& arguments);
+
+  WindowPlace m_place;
+  bool m_open = true;
+  std::unique_ptr<COleWindow> m_oleWindow;
+};
+
+class CExplorer final : public CWindowObject {
+ public:
+  CExplorer(CSession& session, FolderNode& folder);
+
+  std::string ObjectName() const override;
+  HWND Window() override;
+  std::wstring CaptionText() const override;
+  void SetClosed() noexcept override;
+
+  FolderNode& Folder() const noexcept { return *m_folder; }
+  const std::vector<StoredItemPtr>& SelectedItems() const noexcept { return m_selected; }
+  // BeforeFolderSwitch, FolderSwitch, then the first item is selected: SelectionChange. False if a
+  // sink cancelled; nothing happens when the folder is shown already.
+  bool SwitchFolder(FolderNode& folder);
+  void LeaveFolder(FolderNode& instead);  // the folder shown is going away; cannot be cancelled
+  void Select(std::vector<StoredItemPtr> items);  // SelectionChange
+  void Deselect(const StoredItemPtr& item);       // the item left the folder shown
+  void RaiseActivate(bool active);
+  void RaiseClose();
+
+ private:
+  static const CMemberTable& Members();
+  static const EventTable& Events();
+
+  void ShowFolder(FolderNode& folder);
+  CValue CommandBars();
+  CModelPtr<CFolder> CurrentFolder();
+  void SetCurrentFolder(const CArguments& arguments);
+  CModelPtr<class CSelection> Selection();
+  void Close();
+  void Display();
+  void Activate();
+
+  FolderNode* m_folder;
+  std::vector<StoredItemPtr> m_selected;
+};
+
+class CInspector final : public CWindowObject {
+ public:
+  CInspector(CSession& session, CItem& item);
+
+  std::string ObjectName() const override;
+  HWND Window() override;
+  std::wstring CaptionText() const override;
+  void SetClosed() noexcept override;
+
+  CItem* Item() const noexcept { return m_item.get(); }  // null once closed
+  bool IsShown() const noexcept { return m_shown; }
+  void SetShown() noexcept { m_shown = true; }
+  void RaiseActivate(bool active);
+  void RaiseClose();
+
+ protected:
+  void OnGone() noexcept override;
+
+ private:
+  static const CMemberTable& Members();
+  static const EventTable& Events();
+
+  CValue CommandBars();
+  CModelPtr<CItem> CurrentItem();
+  long EditorType();
+  void Close(const CArguments& arguments);
+  void Display();
+  void Activate();
+
+  CModelPtr<CItem> m_item;
+  bool m_shown = false;
+};
+
+// What was selected when the explorer was asked.
+class CSelection final : public COutlookObject {
+ public:
+  CSelection(CSession& session, CExplorer& explorer);
+
+ protected:
+  CValue Parent() override;
+  void OnGone() noexcept override;
+
+ private:
+  static const CMemberTable& Members();
+
+  long Count();
+  CModelPtr<CItem> Item(const CArguments& arguments);
+
+  CModelPtr<CExplorer> m_explorer;
+  std::vector<StoredItemPtr> m_items;
+};
+
+class CExplorers final : public COutlookObject {
+ public:
+  explicit CExplorers(CSession& session);
+  void RaiseNewExplorer(CExplorer& explorer);
+
+ private:
+  static const CMemberTable& Members();
+  static const EventTable& Events();
+
+  long Count();
+  CModelPtr<CExplorer> Item(const CArguments& arguments);
+  CModelPtr<CExplorer> Add(const CArguments& arguments);
+};
+
+class CInspectors final : public COutlookObject {
+ public:
+  explicit CInspectors(CSession& session);
+  void RaiseNewInspector(CInspector& inspector);
+
+ private:
+  static const CMemberTable& Members();
+  static const EventTable& Events();
+
+  long Count();
+  CModelPtr<CInspector> Item(const CArguments& arguments);
+  CModelPtr<CInspector> Add(const CArguments& arguments);
+};
+
+}  // namespace quor::workbench
+
+#endif

@@ -1,0 +1,102 @@
+#ifndef QUOR_WORKBENCH_RIBBON_RIBBON_HOST_H
+#define QUOR_WORKBENCH_RIBBON_RIBBON_HOST_H
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "workbench/ribbon/document.h"
+#include "workbench/ribbon/ribbon_objects.h"
+
+namespace quor::workbench {
+
+class CRibbonView;
+
+enum class ResultKind { None, Text, Flag, Number, Picture };
+
+// Figures since the start or the last reset.
+struct RibbonFigures {
+  uint64_t callbacks = 0;
+  std::map<std::string, uint64_t> byName;
+  double microseconds = 0;     // spent in callbacks
+  uint64_t invalidations = 0;  // Invalidate and InvalidateControl
+};
+
+// One ribbon document of the add-in: the explorer's or the contact window's. The windows that show
+// it are its views.
+//
+// What Office would report when told to show add-in errors (a document it drops, a callback that is
+// missing, fails or answers with the wrong type) becomes a message; nothing is thrown at the
+// add-in.
+class CRibbonHost {
+ public:
+  CRibbonHost(CModel& model, RibbonWindow window);
+  ~CRibbonHost();
+  CRibbonHost(const CRibbonHost&) = delete;
+  CRibbonHost& operator=(const CRibbonHost&) = delete;
+
+  // Reads the document, asks `addIn` for the IDispatch that knows its callbacks and calls onLoad.
+  // False: the whole document is dropped, Messages() says why. Once per document.
+  bool Load(IUnknown* addIn, const std::wstring& document);
+  bool IsLoaded() const noexcept { return m_addIn != nullptr; }
+  // The add-in is gone: its controls vanish, IRibbonUI objects still held fail.
+  void Unload() noexcept;
+
+  // A window begins to show the document. `context`: the explorer or inspector. The host must
+  // outlive its views.
+  std::unique_ptr<CRibbonView> OpenView(CModelPtr<CAutomation> context);
+
+  const std::vector<std::string>& Messages() const noexcept { return m_messages; }
+  void SetMessageHandler(std::function<void(const std::string&)> handler) {
+    m_onMessage = std::move(handler);
+  }
+  // Called when values are to be asked again, so that a window can draw itself later. May come many
+  // times in a row.
+  void SetStaleHandler(std::function<void()> handler) { m_onStale = std::move(handler); }
+  const RibbonFigures& Figures() const noexcept { return m_figures; }
+  void ResetFigures() { m_figures = {}; }
+
+  // --- for IRibbonUI ---
+  void InvalidateAll();
+  void InvalidateOne(const std::wstring& id);
+  bool ActivateTab(const std::wstring& id);
+
+  // --- for the views ---
+  CModel& Model() const noexcept { return m_model; }
+  RibbonWindow Window() const noexcept { return m_window; }
+  const RibbonNode* Document() const noexcept { return m_document ? &*m_document : nullptr; }
+  void AddView(CRibbonView& view) { m_views.push_back(&view); }
+  void RemoveView(const CRibbonView& view) noexcept { std::erase(m_views, &view); }
+  void Report(const std::string& message);
+  // Calls a callback; arguments in declaration order. Nothing, after a report, where it fails or
+  // answers with something else than was expected.
+  std::optional<CValue> Call(const std::string& callback, const std::string& id,
+                             const std::vector<CValue>& arguments, ResultKind expected);
+
+ private:
+  std::optional<DISPID> FindCallback(const std::string& callback, const std::string& id);
+  HRESULT Invoke(const std::string& callback, DISPID number, const std::vector<CValue>& arguments,
+                 VARIANT* result);
+  void ObserveAction(const std::string& callback, const std::string& id, HRESULT code);
+  void TellStale();
+
+  CModel& m_model;
+  const RibbonWindow m_window;
+  IDispatch* m_addIn = nullptr;  // counted
+  std::optional<RibbonNode> m_document;
+  CModelPtr<CRibbonUi> m_ui;
+  std::vector<CRibbonView*> m_views;
+  std::map<std::string, DISPID> m_ids;
+  std::vector<std::string> m_messages;
+  std::function<void(const std::string&)> m_onMessage;
+  std::function<void()> m_onStale;
+  RibbonFigures m_figures;
+  int m_askingDepth = 0;  // inside callbacks that supply values
+};
+
+}  // namespace quor::workbench
+
+#endif

@@ -1,0 +1,218 @@
+#include "workbench/ribbon/ribbon_objects.h"
+
+#include "workbench/ribbon/ribbon_host.h"
+
+namespace quor::workbench {
+namespace {
+
+constexpr DISPID kId = 1;
+constexpr DISPID kContext = 2;
+constexpr DISPID kTag = 3;
+constexpr DISPID kInvalidate = 1;
+constexpr DISPID kInvalidateControl = 2;
+constexpr DISPID kInvalidateControlMso = 3;
+constexpr DISPID kActivateTab = 4;
+constexpr DISPID kActivateTabMso = 5;
+constexpr DISPID kActivateTabQ = 6;
+
+// A dual interface whose every method is a late-bound call on the object behind it.
+template <class Dual>
+class CDualFace : public Dual {
+ public:
+  explicit CDualFace(CAutomation& object) : m_object(object) {}
+  virtual ~CDualFace() = default;
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    return m_object.QueryInterface(iid, object);
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return m_object.AddRef(); }
+  STDMETHODIMP_(ULONG) Release() override { return m_object.Release(); }
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override { return m_object.GetTypeInfoCount(count); }
+  STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override {
+    return m_object.GetTypeInfo(index, locale, info);
+  }
+  STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
+                             DISPID* ids) override {
+    return m_object.GetIDsOfNames(iid, names, count, locale, ids);
+  }
+  STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters,
+                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override {
+    return m_object.Invoke(id, iid, locale, flags, parameters, result, exception, badArgument);
+  }
+
+ protected:
+  // The vtable way answers the code itself where the late-bound way has it in EXCEPINFO.
+  HRESULT Call(DISPID id, WORD flags, std::vector<CValue> arguments, VARIANT* result) noexcept {
+    std::vector<VARIANT> reversed;
+    EXCEPINFO exception = {};
+    try {
+      for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
+        reversed.push_back(argument->Get());
+    } catch (...) {
+      return E_OUTOFMEMORY;
+    }
+    DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+    const HRESULT code = m_object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
+                                         result, &exception, nullptr);
+    SysFreeString(exception.bstrSource);
+    SysFreeString(exception.bstrDescription);
+    return code == DISP_E_EXCEPTION ? exception.scode : code;
+  }
+
+  HRESULT CallWithText(DISPID id, std::initializer_list<BSTR> texts) noexcept {
+    try {
+      std::vector<CValue> arguments;
+      for (BSTR text : texts)
+        arguments.emplace_back(WideFromBstr(text));
+      return Call(id, DISPATCH_METHOD, std::move(arguments), nullptr);
+    } catch (...) {
+      return E_OUTOFMEMORY;
+    }
+  }
+
+ private:
+  CAutomation& m_object;
+};
+
+}  // namespace
+
+// --- RibbonUI ---
+
+class CRibbonUi::CFace final : public CDualFace<IRibbonUI> {
+ public:
+  using CDualFace::CDualFace;
+
+  STDMETHODIMP Invalidate() override { return CallWithText(kInvalidate, {}); }
+  STDMETHODIMP InvalidateControl(BSTR id) override {
+    return CallWithText(kInvalidateControl, {id});
+  }
+  STDMETHODIMP InvalidateControlMso(BSTR id) override {
+    return CallWithText(kInvalidateControlMso, {id});
+  }
+  STDMETHODIMP ActivateTab(BSTR id) override { return CallWithText(kActivateTab, {id}); }
+  STDMETHODIMP ActivateTabMso(BSTR id) override { return CallWithText(kActivateTabMso, {id}); }
+  STDMETHODIMP ActivateTabQ(BSTR id, BSTR space) override {
+    return CallWithText(kActivateTabQ, {id, space});
+  }
+};
+
+CRibbonUi::CRibbonUi(CModel& model, CRibbonHost& host)
+    : CAutomation(model, Members()), m_host(&host), m_face(std::make_unique<CFace>(*this)) {}
+
+CRibbonUi::~CRibbonUi() = default;
+
+IDispatch* CRibbonUi::Face() noexcept {
+  return m_face.get();
+}
+
+STDMETHODIMP CRibbonUi::QueryInterface(REFIID iid, void** object) {
+  if (iid != kRibbonUiId && iid != IID_IDispatch) return CAutomation::QueryInterface(iid, object);
+  if (object == nullptr) return E_POINTER;
+  *object = nullptr;
+  if (const HRESULT usable = Usability(); FAILED(usable)) return usable;
+  *object = static_cast<IRibbonUI*>(m_face.get());
+  AddOutside();
+  return S_OK;
+}
+
+CRibbonHost& CRibbonUi::Host() const {
+  if (m_host == nullptr) throw CModelError(E_FAIL, "The ribbon is no longer loaded.");
+  return *m_host;
+}
+
+void CRibbonUi::Invalidate() {
+  Host().InvalidateAll();
+}
+
+void CRibbonUi::InvalidateControl(const CArguments& arguments) {
+  Host().InvalidateOne(arguments.Text(0));
+}
+
+// Nothing of Outlook's own is overridden here, so there is nothing to ask again.
+void CRibbonUi::InvalidateBuiltIn(const CArguments&) {
+  Host();
+}
+
+void CRibbonUi::ActivateTab(const CArguments& arguments) {
+  if (!Host().ActivateTab(arguments.Text(0))) throw CModelError(E_INVALIDARG, "No such tab.");
+}
+
+const CMemberTable& CRibbonUi::Members() {
+  using Self = CRibbonUi;
+  static const CMemberTable table(
+      "RibbonUI", {}, nullptr,
+      {Method<&Self::Invalidate>(L"Invalidate", kInvalidate),
+       Method<&Self::InvalidateControl>(L"InvalidateControl", kInvalidateControl, 1),
+       Method<&Self::InvalidateBuiltIn>(L"InvalidateControlMso", kInvalidateControlMso, 1),
+       Method<&Self::ActivateTab>(L"ActivateTab", kActivateTab, 1),
+       Method<&Self::ActivateTab>(L"ActivateTabMso", kActivateTabMso, 1),
+       Method<&Self::ActivateTab>(L"ActivateTabQ", kActivateTabQ, 2)});
+  return table;
+}
+
+// --- RibbonControl ---
+
+class CRibbonControl::CFace final : public CDualFace<IRibbonControl> {
+ public:
+  using CDualFace::CDualFace;
+
+  STDMETHODIMP get_Id(BSTR* id) override { return GetText(kId, id); }
+  STDMETHODIMP get_Tag(BSTR* tag) override { return GetText(kTag, tag); }
+  STDMETHODIMP get_Context(IDispatch** context) override {
+    if (context == nullptr) return E_POINTER;
+    *context = nullptr;
+    VARIANT value;
+    VariantInit(&value);
+    const HRESULT code = Call(kContext, DISPATCH_PROPERTYGET, {}, &value);
+    if (SUCCEEDED(code) && V_VT(&value) == VT_DISPATCH) *context = V_DISPATCH(&value);
+    return code;
+  }
+
+ private:
+  HRESULT GetText(DISPID id, BSTR* text) noexcept {
+    if (text == nullptr) return E_POINTER;
+    *text = nullptr;
+    VARIANT value;
+    VariantInit(&value);
+    const HRESULT code = Call(id, DISPATCH_PROPERTYGET, {}, &value);
+    if (SUCCEEDED(code) && V_VT(&value) == VT_BSTR) *text = V_BSTR(&value);
+    return code;
+  }
+};
+
+CRibbonControl::CRibbonControl(CModel& model, std::wstring id, std::wstring tag,
+                               CModelPtr<CAutomation> context)
+    : CAutomation(model, Members()),
+      m_id(std::move(id)),
+      m_tag(std::move(tag)),
+      m_context(std::move(context)),
+      m_face(std::make_unique<CFace>(*this)) {}
+
+CRibbonControl::~CRibbonControl() = default;
+
+IDispatch* CRibbonControl::Face() noexcept {
+  return m_face.get();
+}
+
+STDMETHODIMP CRibbonControl::QueryInterface(REFIID iid, void** object) {
+  if (iid != kRibbonControlId && iid != IID_IDispatch) {
+    return CAutomation::QueryInterface(iid, object);
+  }
+  if (object == nullptr) return E_POINTER;
+  *object = nullptr;
+  if (const HRESULT usable = Usability(); FAILED(usable)) return usable;
+  *object = static_cast<IRibbonControl*>(m_face.get());
+  AddOutside();
+  return S_OK;
+}
+
+const CMemberTable& CRibbonControl::Members() {
+  using Self = CRibbonControl;
+  static const CMemberTable table(
+      "RibbonControl", {}, nullptr,
+      {Get<&Self::Id>(L"Id", kId), Get<&Self::Context>(L"Context", kContext),
+       Get<&Self::Tag>(L"Tag", kTag)});
+  return table;
+}
+
+}  // namespace quor::workbench

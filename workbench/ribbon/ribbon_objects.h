@@ -1,0 +1,89 @@
+#ifndef QUOR_WORKBENCH_RIBBON_RIBBON_OBJECTS_H
+#define QUOR_WORKBENCH_RIBBON_RIBBON_OBJECTS_H
+
+#include <memory>
+#include <string>
+
+#include "workbench/office/automation.h"
+
+// The objects that a ribbon hands to the add-in. Both are dual: the pointer that is handed over
+// serves vtable callers, and its IDispatch part late-bound ones. Both ways count as calls on
+// "RibbonUI" and "RibbonControl" and can be made to fail.
+
+namespace quor::workbench {
+
+class CRibbonHost;
+
+inline constexpr IID kRibbonUiId = {0x000C03A7, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+inline constexpr IID kRibbonControlId = {0x000C0395, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+
+struct IRibbonUI : public IDispatch {
+  virtual HRESULT STDMETHODCALLTYPE Invalidate() = 0;
+  virtual HRESULT STDMETHODCALLTYPE InvalidateControl(BSTR controlId) = 0;
+  virtual HRESULT STDMETHODCALLTYPE InvalidateControlMso(BSTR controlId) = 0;
+  virtual HRESULT STDMETHODCALLTYPE ActivateTab(BSTR controlId) = 0;
+  virtual HRESULT STDMETHODCALLTYPE ActivateTabMso(BSTR controlId) = 0;
+  virtual HRESULT STDMETHODCALLTYPE ActivateTabQ(BSTR controlId, BSTR space) = 0;
+};
+
+struct IRibbonControl : public IDispatch {
+  virtual HRESULT STDMETHODCALLTYPE get_Id(BSTR* id) = 0;
+  virtual HRESULT STDMETHODCALLTYPE get_Context(IDispatch** context) = 0;
+  virtual HRESULT STDMETHODCALLTYPE get_Tag(BSTR* tag) = 0;
+};
+
+// The ribbon itself, one for each document. Fails with E_FAIL once its document is unloaded.
+class CRibbonUi final : public CAutomation {
+ public:
+  CRibbonUi(CModel& model, CRibbonHost& host);
+  ~CRibbonUi() override;
+
+  IDispatch* Face() noexcept;  // what the add-in gets
+  void Unload() noexcept { m_host = nullptr; }
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
+
+ private:
+  class CFace;
+  static const CMemberTable& Members();
+
+  CRibbonHost& Host() const;
+  void Invalidate();
+  void InvalidateControl(const CArguments& arguments);
+  void InvalidateBuiltIn(const CArguments& arguments);
+  void ActivateTab(const CArguments& arguments);
+
+  CRibbonHost* m_host;
+  std::unique_ptr<CFace> m_face;
+};
+
+// One control of one window's ribbon.
+class CRibbonControl final : public CAutomation {
+ public:
+  // `context`: the explorer or inspector; null where there is none.
+  CRibbonControl(CModel& model, std::wstring id, std::wstring tag, CModelPtr<CAutomation> context);
+  ~CRibbonControl() override;
+
+  IDispatch* Face() noexcept;
+  std::string ObjectName() const override { return Utf8FromWide(m_id); }
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
+
+ protected:
+  void OnGone() noexcept override { m_context = {}; }
+
+ private:
+  class CFace;
+  static const CMemberTable& Members();
+
+  std::wstring Id() const { return m_id; }
+  CModelPtr<CAutomation> Context() const { return m_context; }
+  std::wstring Tag() const { return m_tag; }
+
+  const std::wstring m_id;
+  const std::wstring m_tag;
+  CModelPtr<CAutomation> m_context;
+  std::unique_ptr<CFace> m_face;
+};
+
+}  // namespace quor::workbench
+
+#endif

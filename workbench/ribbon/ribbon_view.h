@@ -1,0 +1,112 @@
+#ifndef QUOR_WORKBENCH_RIBBON_RIBBON_VIEW_H
+#define QUOR_WORKBENCH_RIBBON_RIBBON_VIEW_H
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "workbench/ribbon/ribbon_host.h"
+#include "workbench/ui/face.h"
+
+namespace quor::workbench {
+
+// The ribbon of one window. Asks the add-in for a value when it is first needed and keeps it until
+// it is invalidated.
+//
+// The user's actions throw CUserActionError where a user could not do it: the control is not there,
+// on another tab, invisible, disabled, in a disabled menu. Controls are named by
+// ControlFace::handle, or by a path as FindFace (ui/face.h) reads it.
+class CRibbonView {
+ public:
+  CRibbonView(CRibbonHost& host, CModelPtr<CAutomation> context);
+  ~CRibbonView();
+  CRibbonView(const CRibbonView&) = delete;
+  CRibbonView& operator=(const CRibbonView&) = delete;
+
+  // Tabs go by idMso or id: "TabContacts". False where the document has no such tab.
+  bool SelectTab(const std::wstring& tab);
+  const std::wstring& ActiveTab() const noexcept { return m_activeTab; }
+
+  // What is asked: Drawn leaves out invisible controls and what closed menus hold, as Office does
+  // when it draws; Everything leaves out nothing.
+  enum class Extent { Drawn, Everything };
+  // Asks what a redraw of the tab needs and is not known; returns the number of callbacks.
+  uint64_t Redraw();
+  RibbonTabFace Tab(const std::wstring& tab, Extent extent);
+  std::vector<RibbonTabFace> Tabs(Extent extent);
+  std::vector<ControlFace> ControlFaces();  // of the active tab, everything
+  // The items of a menu that is being opened; their own menus are closed.
+  std::vector<ControlFace> OpenMenu(int handle);
+
+  // --- what the user does ---
+  void Click(std::span<const std::wstring> path);
+  void EnterText(std::span<const std::wstring> path, const std::wstring& text);  // and Enter
+  void PickEntry(std::span<const std::wstring> path, const std::wstring& entry);
+  void Click(int handle);
+  void EnterText(int handle, const std::wstring& text);
+  void PickEntry(int handle, size_t entry);  // from 0
+
+  // --- for the host ---
+  void Invalidate();
+  bool InvalidateControl(const std::wstring& id);
+
+ private:
+  // Values that were asked, or that the document gives.
+  struct Values {
+    std::optional<std::wstring> label;
+    std::optional<std::wstring> text;
+    std::optional<std::wstring> screentip;
+    std::optional<bool> enabled;
+    std::optional<bool> visible;
+    std::optional<bool> showLabel;
+    std::optional<bool> pressed;
+    std::optional<bool> large;
+    std::optional<PixelsPtr> image;
+    std::optional<std::vector<std::wstring>> entries;
+  };
+  struct Entry {
+    const RibbonNode* node = nullptr;
+    int parent = -1;  // index
+    std::vector<int> children;
+    CModelPtr<CRibbonControl> object;  // made at the first callback
+    Values values;
+  };
+
+  void AddEntries(const RibbonNode& node, int parent, const CModelPtr<CAutomation>& context);
+  Entry& At(int index) { return m_entries[static_cast<size_t>(index)]; }
+  IDispatch* ObjectOf(Entry& entry);
+  std::optional<CValue> Ask(Entry& entry, const char* getter, ResultKind kind,
+                            std::vector<CValue> more = {});
+  std::wstring Text(Entry& entry, std::optional<std::wstring>& known, const char* fixed,
+                    const char* getter);
+  bool Flag(Entry& entry, std::optional<bool>& known, const char* fixed, const char* getter,
+            bool otherwise);
+  bool IsEnabled(Entry& entry);
+  bool IsVisible(Entry& entry);
+  bool IsLarge(Entry& entry);
+  PixelsPtr Image(Entry& entry);
+  PixelsPtr AskImage(Entry& entry);
+  const std::vector<std::wstring>& Entries(Entry& entry);
+  std::vector<std::wstring> AskEntries(Entry& entry);
+
+  RibbonTabFace TabFace(Entry& tab, Extent extent);
+  RibbonGroupFace GroupFace(Entry& group, Extent extent);
+  ControlFace Face(int index, Extent extent, bool withItems);
+  std::vector<ControlFace> Faces(const Entry& parent, Extent extent);
+  void AppendGroupControls(const Entry& parent, Extent extent, std::vector<ControlFace>& faces);
+
+  int HandleAt(std::span<const std::wstring> path);
+  Entry& Reachable(int handle);
+  Entry& ReachableComboBox(int handle);
+  void ChangeText(Entry& entry, const std::wstring& text);
+
+  CRibbonHost& m_host;
+  const CModelPtr<CAutomation> m_context;
+  std::vector<Entry> m_entries;
+  std::wstring m_activeTab;
+};
+
+}  // namespace quor::workbench
+
+#endif

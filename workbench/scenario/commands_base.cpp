@@ -1,0 +1,268 @@
+// The telephone base at the other end of the cable.
+
+#include <algorithm>
+#include <array>
+
+#include "workbench/scenario/commands.h"
+#include "workbench/scenario/indications.h"
+#include "workbench/scenario/log_lines.h"
+#include "workbench/scenario/results.h"
+#include "workbench/scenario/run.h"
+#include "workbench/scenario/scenario_error.h"
+
+namespace quor::workbench {
+
+namespace {
+
+constexpr int kLongestPause = 10'000;  // milliseconds
+
+void Library(CRun& run, const CCommandArguments& arguments) {
+  using Library = IBaseStage::Library;
+  if (arguments.Is(0, "none")) return run.stage.base.InstallLibrary(Library::Missing);
+  if (arguments.Is(0, "old")) return run.stage.base.InstallLibrary(Library::Old);
+  throw CScenarioError("usage: library none|old");
+}
+
+void Plug(CRun& run, const CCommandArguments& arguments) {
+  constexpr std::array<const char*, 5> kNames = {"serial", "description", "link", "vendor",
+                                                 "product"};
+  DeviceStrings strings = {"0001", "Telephone base", "link", "10C4", "EA61"};
+  for (const std::string& word : arguments.Words()) {
+    const size_t equals = word.find('=');
+    const auto name = std::find(kNames.begin(), kNames.end(), word.substr(0, equals));
+    if (equals == std::string::npos || name == kNames.end()) {
+      throw CScenarioError("\"" + word +
+                           "\" is not serial=, description=, link=, vendor=, product=");
+    }
+    const std::string value = word.substr(equals + 1);
+    auto& string = strings[static_cast<size_t>(name - kNames.begin())];
+    string = value == "unreadable" ? std::optional<std::string>() : value;
+  }
+  run.stage.base.Plug(strings);
+}
+
+void Unplug(CRun& run, const CCommandArguments& arguments) {
+  constexpr int kMostDevices = 10;
+  run.stage.base.Unplug(
+      arguments.Count() ? static_cast<unsigned>(arguments.Number(0, 1, kMostDevices)) - 1 : 0);
+}
+
+// The words of one piece up to the next "pause".
+Bytes PieceBytes(std::span<const std::string> words) {
+  if (words.empty()) throw CScenarioError("no bytes before or after a pause");
+  return IsIndicationName(words.front()) ? IndicationFromWords(words) : ParseHex(words);
+}
+
+void Queue(CRun& run, const CCommandArguments& arguments) {
+  std::vector<Piece> pieces;
+  unsigned delay = 0;
+  size_t first = 0;
+  for (size_t i = 0; i < arguments.Count(); ++i) {
+    if (!arguments.Is(i, "pause")) continue;
+    pieces.push_back({PieceBytes(arguments.Words().subspan(first, i - first)), delay});
+    delay = static_cast<unsigned>(arguments.Number(i + 1, 0, kLongestPause));
+    first = i + 2;
+    ++i;
+  }
+  if (first > arguments.Count()) throw CScenarioError("no bytes after the last pause");
+  pieces.push_back({PieceBytes(arguments.WordsFrom(first)), delay});
+  run.stage.base.Queue(pieces);
+}
+
+void QueueCut(CRun& run, const CCommandArguments& arguments) {
+  const auto at = static_cast<size_t>(arguments.Number(0, 1, 60));
+  const auto delay = static_cast<unsigned>(arguments.Number(1, 0, kLongestPause));
+  const Bytes whole = PieceBytes(arguments.WordsFrom(2));
+  if (at >= whole.size())
+    throw CScenarioError("it is only " + std::to_string(whole.size()) + " bytes long");
+  const auto cut = whole.begin() + static_cast<std::ptrdiff_t>(at);
+  run.stage.base.Queue({{Bytes(whole.begin(), cut), 0}, {Bytes(cut, whole.end()), delay}});
+}
+
+uint32_t QueueStatusFromName(const std::string& name) {
+  if (name == "empty") return 0;
+  if (name == "overrun") return 1;
+  if (name == "ready") return 2;
+  return ResultFromName(name);
+}
+
+void ReportQueue(CRun& run, const CCommandArguments& arguments) {
+  constexpr int kMostCalls = 1000;
+  const std::optional<int> count = arguments.NumberAfter("count", 0, 0x7FFFFFFF);
+  const int calls = arguments.NumberAfter("calls", 1, kMostCalls).value_or(1);
+  run.stage.base.ReportQueueStatus(QueueStatusFromName(arguments.Text(0)), count,
+                                   static_cast<unsigned>(calls));
+}
+
+void Fail(CRun& run, const CCommandArguments& arguments) {
+  const std::optional<std::string> status = arguments.After("status");
+  if (!status) throw CScenarioError("which status? status 4, say");
+  const FailingCalls fault =
+      ParseCalls(arguments.After("call").value_or("1"), ResultFromName(*status));
+  run.stage.base.FailFunction(arguments.Text(0), fault);
+}
+
+void Shorten(CRun& run, const CCommandArguments& arguments) {
+  constexpr int kMostBytes = 65536;
+  const std::optional<int> bytes = arguments.NumberAfter("to", 0, kMostBytes);
+  if (!bytes) throw CScenarioError("to how many bytes?");
+  run.stage.base.ShortenFunction(arguments.Text(0),
+                                 ParseCalls(arguments.After("call").value_or("1"), 0),
+                                 static_cast<unsigned>(*bytes));
+}
+
+void Advance(CRun& run, const CCommandArguments& arguments) {
+  run.stage.base.Advance(static_cast<unsigned>(arguments.Number(0, 1, kLongestPause)));
+}
+
+void Heal(CRun& run, const CCommandArguments&) {
+  run.stage.base.HealFunctions();
+}
+
+void ExpectWire(CRun& run, const CCommandArguments& arguments) {
+  const Bytes expected = arguments.Is(0, "nothing") ? Bytes() : ParseHex(arguments.Words());
+  const Bytes seen = run.NewWire();
+  if (seen != expected) {
+    throw CExpectationFailure("on the wire: " + (seen.empty() ? "nothing" : FormatHex(seen)));
+  }
+  run.ForgetWire();
+}
+
+void ExpectHandles(CRun& run, const CCommandArguments& arguments) {
+  const auto expected = static_cast<unsigned>(arguments.Number(0, 0, 100));
+  const unsigned open = run.stage.base.OpenHandles();
+  if (open != expected) throw CExpectationFailure(std::to_string(open) + " handles are open");
+}
+
+void BaseAnswers(CRun& run, const CCommandArguments&) {
+  run.stage.base.Enliven();
+}
+
+uint8_t LineFromName(const std::string& name) {
+  const std::optional<uint8_t> lineType = LineTypeFromName(name);
+  if (!lineType) throw CScenarioError("\"" + name + "\" is not line1, line2 or cell1 to cell4");
+  return *lineType;
+}
+
+void CheckPossible(bool done, const char* reason) {
+  if (!done) throw CScenarioError(reason);
+}
+
+void Ring(CRun& run, const CCommandArguments& arguments) {
+  CallerIdReport caller;
+  caller.lineType = LineFromName(arguments.Text(0));
+  caller.number = arguments.After("from").value_or("");
+  caller.name = arguments.After("named").value_or("");
+  CheckPossible(run.stage.base.Enliven().Ring(caller), "the line is not free");
+}
+
+void GiveUpRinging(CRun& run, const CCommandArguments&) {
+  CheckPossible(run.stage.base.Enliven().GiveUpRinging(), "nothing rings");
+}
+
+void HangUp(CRun& run, const CCommandArguments& arguments) {
+  const uint8_t lineType = LineFromName(arguments.Text(0));
+  CheckPossible(run.stage.base.Enliven().HangUp(lineType), "there is no call on that line");
+}
+
+void RefuseNextCall(CRun& run, const CCommandArguments&) {
+  run.stage.base.Enliven().RefuseNextCall();
+}
+
+void Mobiles(CRun& run, const CCommandArguments& arguments) {
+  constexpr size_t kMost = 4;
+  if (arguments.Count() > kMost) throw CScenarioError("the base relays four mobiles");
+  std::array<std::string, kMost> names;
+  uint8_t reachable = 0;
+  for (size_t i = 0; i < arguments.Count(); ++i) {
+    names[i] = arguments.Text(i);
+    if (!names[i].empty()) reachable = static_cast<uint8_t>(reachable | 1 << i);
+  }
+  run.stage.base.Enliven().SetCells(reachable, names);
+}
+
+// The calls of every poll that say nothing but "still there".
+bool IsEnumeration(const std::string& call) {
+  return call.starts_with("SI_GetNumDevices") || call.starts_with("SI_GetProductString");
+}
+
+void ExpectUsb(CRun& run, const CCommandArguments& arguments) {
+  std::vector<std::string> calls = run.NewUsbCalls();
+  if (!arguments.Is(0, "all")) std::erase_if(calls, IsEnumeration);
+  const std::string difference = DescribeDifference(arguments.Block(), calls);
+  if (!difference.empty()) throw CExpectationFailure("the calls differ:\n" + difference);
+  run.ForgetUsbCalls();
+}
+
+void ShowWire(CRun& run, const CCommandArguments&) {
+  const Bytes seen = run.NewWire();
+  run.transcript.Show(seen.empty() ? "nothing written" : "written: " + FormatHex(seen));
+}
+
+using Block = Command::Block;
+
+constexpr Command kCommands[] = {
+    {"library", "none|old",
+     "There is no SiUSBXp.dll, or one that lacks SI_SetFlowControl; before the add-in is loaded.",
+     1, 1, Block::None, Library},
+    {"plug", "[serial|description|link|vendor|product=TEXT|unreadable]...",
+     "Plugs a base in; its product strings may be chosen or made unreadable.", 0, 5, Block::None,
+     Plug},
+    {"unplug", "[N]", "Pulls the first base out, or the Nth; its handle stays open but fails.", 0,
+     1, Block::None, Unplug},
+    {"queue", "HEX... | INDICATION [FIELD=VALUE...] [pause MS ...]",
+     "Bytes that the base sends: hexadecimal, 41*500 for repeated ones, or an indication by name, "
+     "see the end of this list. "
+     "What follows a pause arrives so many milliseconds later, by the base's own clock, which "
+     "moves "
+     "while the add-in waits in SI_Read and by \"advance\".",
+     1, kAnyNumber, Block::None, Queue},
+    {"queue cut", "BYTES MS HEX...|INDICATION",
+     "The same in two pieces: the first so many bytes now, the rest so many milliseconds later.", 3,
+     kAnyNumber, Block::None, QueueCut},
+    {"report queue", "empty|ready|overrun|STATUS [count N] [calls N]",
+     "What SI_CheckRXQueue says at its next calls instead of the truth.", 1, 5, Block::None,
+     ReportQueue},
+    {"fail", "FUNCTION [call N|N-M|N-] status STATUS",
+     "Makes calls of a USBXpress function fail with a status; calls count from now.", 3, 5,
+     Block::None, Fail},
+    {"shorten", "SI_Read|SI_Write [call N|N-M|N-] to BYTES",
+     "Makes calls succeed with at most so many bytes.", 3, 5, Block::None, Shorten},
+    {"advance", "MS", "Time passes at the base: what was queued with a pause arrives.", 1, 1,
+     Block::None, Advance},
+    {"heal", "", "The functions work again.", 0, 0, Block::None, Heal},
+    {"base answers", "",
+     "From now on the base answers requests as a real one would: calls go through, lines change "
+     "their states. The commands below do the same.",
+     0, 0, Block::None, BaseAnswers},
+    {"ring", "LINE [from NUMBER] [named NAME]", "Somebody calls on line1, line2 or cell1 to cell4.",
+     1, 5, Block::None, Ring},
+    {"caller gives up", "", "The one who rings hangs up.", 0, 0, Block::None, GiveUpRinging},
+    {"other side hangs up", "LINE", "The call on the line is ended from outside.", 1, 1,
+     Block::None, HangUp},
+    {"next call is busy", "", "The base will refuse the next call.", 0, 0, Block::None,
+     RefuseNextCall},
+    {"mobiles", "NAME...",
+     "The names of the paired mobiles in reach, \"\" for one that is not; the base "
+     "tells them after the next start-up request.",
+     0, 4, Block::None, Mobiles},
+    {"expect wire", "HEX...|nothing", "Exactly what was written to the base and not yet expected.",
+     1, kAnyNumber, Block::None, ExpectWire},
+    {"expect handles", "N", "How many handles to the base are open.", 1, 1, Block::None,
+     ExpectHandles},
+    {"expect usb", "[all]",
+     "The block is exactly the calls of the USB library since the last such expectation: "
+     "\"SI_Write(#1, 2B 31 0D) = 0, 3\". Without \"all\" those that only list the devices are left "
+     "out.",
+     0, 1, Block::Required, ExpectUsb},
+    {"show wire", "", "Shows what was written to the base and not yet expected.", 0, 0, Block::None,
+     ShowWire},
+};
+
+}  // namespace
+
+std::span<const Command> BaseCommands() {
+  return kCommands;
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,90 @@
+// What the user does with contacts, folders and windows of Outlook's own.
+
+#include "workbench/scenario/commands.h"
+#include "workbench/scenario/run.h"
+
+namespace quor::workbench {
+
+namespace {
+
+void Add(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.AddContact(arguments.Count() ? arguments.Text(0) : std::string(),
+                               arguments.BlockText());
+  run.stage.host.Pump();
+}
+
+void Change(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.ChangeContact(arguments.Text(0), arguments.Text(1), arguments.Text(2));
+  run.stage.host.Pump();
+}
+
+void Delete(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.DeleteContact(arguments.Text(0));
+  run.stage.host.Pump();
+}
+
+void Move(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.MoveContact(arguments.Text(0), arguments.Text(1));
+  run.stage.host.Pump();
+}
+
+void AddFolder(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.AddFolder(arguments.Text(0));
+  run.stage.host.Pump();
+}
+
+void DeleteFolder(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.DeleteFolder(arguments.Text(0));
+  run.stage.host.Pump();
+}
+
+void Select(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.Select(arguments.Text(0));
+  run.stage.host.Pump();
+}
+
+void SwitchFolder(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.SwitchFolder(arguments.Text(0));
+  run.stage.host.Pump();
+}
+
+void OpenInspector(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.OpenInspector(arguments.Text(0));
+  run.stage.host.Pump();
+}
+
+void CloseInspector(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.CloseInspector(arguments.Text(0));
+  run.stage.host.Pump();
+}
+
+using Block = Command::Block;
+
+constexpr Command kCommands[] = {
+    {"add contact", "[FOLDER]",
+     "Saves new contacts in the contacts folder or the given one; the block is vCard text.", 0, 1,
+     Block::Required, Add},
+    {"change contact", "NAME PROPERTY VALUE",
+     "Sets one property of the contact with this File As, HomeTelephoneNumber say, and saves it.",
+     3, 3, Block::None, Change},
+    {"delete contact", "NAME", "Moves the contact to Deleted Items.", 1, 1, Block::None, Delete},
+    {"move contact", "NAME FOLDER", "Moves the contact to another folder.", 2, 2, Block::None,
+     Move},
+    {"add folder", "PATH", "Makes a contacts folder, by path from the top: Contacts/Customers.", 1,
+     1, Block::None, AddFolder},
+    {"delete folder", "PATH", "Moves a folder to Deleted Items.", 1, 1, Block::None, DeleteFolder},
+    {"select", "NAME", "Selects the contact in the main window.", 1, 1, Block::None, Select},
+    {"switch folder", "PATH",
+     "Shows another folder in the main window: Inbox, Calendar, Contacts, Contacts/Customers.", 1,
+     1, Block::None, SwitchFolder},
+    {"open contact", "NAME", "Opens the contact's own window.", 1, 1, Block::None, OpenInspector},
+    {"close contact", "NAME", "Closes it.", 1, 1, Block::None, CloseInspector},
+};
+
+}  // namespace
+
+std::span<const Command> ContactCommands() {
+  return kCommands;
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,207 @@
+// What a run leaves behind: diagnostic log, files, registry, references.
+
+#include <algorithm>
+#include <cstdio>
+
+#include "workbench/scenario/commands.h"
+#include "workbench/scenario/log_lines.h"
+#include "workbench/scenario/run.h"
+#include "workbench/scenario/scenario_error.h"
+
+namespace quor::workbench {
+
+namespace {
+
+std::string Joined(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines)
+    text += (text.empty() ? "" : "\n") + line;
+  return text;
+}
+
+void CompareLog(const std::vector<std::string>& expected, const std::vector<std::string>& seen) {
+  const std::string difference = DescribeDifference(expected, seen);
+  if (!difference.empty()) throw CExpectationFailure("the log differs:\n" + difference);
+}
+
+void ExpectLog(CRun& run, const CCommandArguments& arguments) {
+  if (arguments.HasBlock() == (arguments.Count() == 1)) {
+    throw CScenarioError("usage: expect log: with a block, or expect log nothing");
+  }
+  if (!arguments.HasBlock() && !arguments.Is(0, "nothing"))
+    throw CScenarioError("expect log nothing");
+  CompareLog(arguments.Block(), run.NewLogLines());
+  run.ForgetLog();
+}
+
+void ExpectWholeLog(CRun& run, const CCommandArguments& arguments) {
+  CompareLog(arguments.Block(), run.WholeLog());
+  run.ForgetLog();
+}
+
+void ExpectLogHas(CRun& run, const CCommandArguments& arguments) {
+  const std::vector<std::string> lines = run.NewLogLines();
+  const auto count = std::count(lines.begin(), lines.end(), arguments.Text(0));
+  const std::optional<int> times = arguments.NumberAfter("times", 0, 100'000);
+  if (times ? count != *times : count == 0) {
+    throw CExpectationFailure("it stands there " + std::to_string(count) +
+                              " times; the new lines are\n" + Joined(lines));
+  }
+}
+
+void ExpectNoLog(CRun& run, const CCommandArguments&) {
+  if (run.stage.evidence.ReadLog()) throw CExpectationFailure("there is a diagnostic log");
+}
+
+void Forget(CRun& run, const CCommandArguments&) {
+  run.ForgetLog();
+  run.ForgetWire();
+  run.ForgetUsbCalls();
+}
+
+void ShowLog(CRun& run, const CCommandArguments&) {
+  run.transcript.Show(Joined(run.NewLogLines()));
+}
+
+void ExpectFile(CRun& run, const CCommandArguments& arguments) {
+  const std::optional<std::string> content = run.stage.evidence.ReadFile(arguments.Text(0));
+  if (arguments.Is(1, "missing")) {
+    if (content) throw CExpectationFailure("the file is there");
+    return;
+  }
+  if (!content) throw CExpectationFailure("there is no such file");
+  if (arguments.Is(1, "exists")) return;
+  if (!arguments.Is(1, "is") || !arguments.HasBlock()) {
+    throw CScenarioError(
+        "usage: expect file PATH exists|missing, or expect file PATH is: with a block");
+  }
+  if (*content != arguments.BlockText()) throw CExpectationFailure("it holds\n" + *content);
+}
+
+void ExpectFiles(CRun& run, const CCommandArguments& arguments) {
+  CompareLog(arguments.Block(), run.stage.evidence.ListFiles());
+}
+
+void ExpectXml(CRun& run, const CCommandArguments& arguments) {
+  const std::vector<std::string> texts =
+      run.stage.evidence.ReadXml(arguments.Text(0), arguments.Text(1));
+  const std::vector<std::string> expected =
+      arguments.HasBlock()
+          ? arguments.Block()
+          : std::vector<std::string>(arguments.Words().begin() + 2, arguments.Words().end());
+  if (texts != expected) throw CExpectationFailure("there stands\n" + Joined(texts));
+}
+
+void ExpectSetting(CRun& run, const CCommandArguments& arguments) {
+  const std::vector<std::string> texts =
+      run.stage.evidence.ReadXml("Microsoft\\AddIns\\vex_cfg.xml", "//" + arguments.Text(0));
+  if (texts != std::vector<std::string>{arguments.Text(1)}) {
+    throw CExpectationFailure("the settings file has \"" + Joined(texts) + "\"");
+  }
+}
+
+void ExpectRegistry(CRun& run, const CCommandArguments& arguments) {
+  const std::optional<std::string> value =
+      run.stage.evidence.ReadRegistry(arguments.Text(0), arguments.Text(1));
+  if (arguments.Count() == 2) {
+    if (value) throw CExpectationFailure("the value is \"" + *value + "\"");
+  } else if (value != arguments.Text(2)) {
+    throw CExpectationFailure(value ? "the value is \"" + *value + "\""
+                                    : std::string("there is none"));
+  }
+}
+
+void ExpectHeld(CRun& run, const CCommandArguments& arguments) {
+  const std::vector<std::string> held = run.stage.outlook.Held();
+  if (arguments.Is(0, "nothing") ? !held.empty() : held != arguments.Block()) {
+    throw CExpectationFailure("the add-in holds\n" + Joined(held));
+  }
+}
+
+void ShowHeld(CRun& run, const CCommandArguments&) {
+  const std::vector<std::string> held = run.stage.outlook.Held();
+  run.transcript.Show(held.empty() ? "the add-in holds nothing of Outlook's"
+                                   : "the add-in holds\n" + Joined(held));
+}
+
+std::string OneDecimal(double value) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.1f", value);
+  return text;
+}
+
+// Outlook disables an add-in whose median at a moment is above the limit.
+std::string TimeLine(const char* moment, const std::optional<double>& milliseconds, int limit) {
+  if (!milliseconds) return {};
+  return std::string(moment) + ": " + OneDecimal(*milliseconds) + " ms, " +
+         OneDecimal(*milliseconds * 100 / limit) + " % of " + std::to_string(limit) + " ms\n";
+}
+
+void ShowFigures(CRun& run, const CCommandArguments&) {
+  constexpr int kStartLimit = 1000;
+  constexpr int kShutdownLimit = 500;
+  constexpr int kFolderSwitchLimit = 500;
+  const Figures figures = run.stage.figures.Take();
+  std::string text = TimeLine("OnConnection", figures.connection, kStartLimit) +
+                     TimeLine("folder switch", figures.folderSwitch, kFolderSwitchLimit) +
+                     TimeLine("shutdown", figures.shutdown, kShutdownLimit);
+  if (figures.scan) {
+    text += "start-up scan: " + std::to_string(figures.scan->calls) +
+            " calls of the object model, " + OneDecimal(figures.scan->microsecondsInModel) +
+            " us inside it, " + OneDecimal(figures.scan->microsecondsInAddIn) +
+            " us in the add-in\n";
+  }
+  text += "ribbon: " + std::to_string(figures.ribbonInvalidations) + " invalidations, " +
+          std::to_string(figures.ribbonCallbacks) + " callbacks, " +
+          OneDecimal(figures.ribbonMicroseconds) + " us in them";
+  run.transcript.Show(text);
+}
+
+using Block = Command::Block;
+
+constexpr Command kCommands[] = {
+    {"expect log", "[nothing]",
+     "The block is exactly what the diagnostic log gained since the last such expectation, time "
+     "stamps left off (their shape and order are checked).",
+     0, 1, Block::Optional, ExpectLog},
+    {"expect whole log", "", "The block is the whole diagnostic log of the run.", 0, 0,
+     Block::Required, ExpectWholeLog},
+    {"expect log has", "LINE [times N]", "One line among the new ones; consumes nothing.", 1, 3,
+     Block::None, ExpectLogHas},
+    {"expect no log", "", "There is no diagnostic log file.", 0, 0, Block::None, ExpectNoLog},
+    {"forget", "",
+     "The new log lines, written bytes and calls of the USB library are of no interest.", 0, 0,
+     Block::None, Forget},
+    {"show log", "", "Shows the new log lines.", 0, 0, Block::None, ShowLog},
+    {"expect file", "PATH exists|missing|is",
+     "A file in the application-data folder; with \"is:\" the block is its content.", 2, 2,
+     Block::Optional, ExpectFile},
+    {"expect files", "", "The block is the list of all files in the application-data folder.", 0, 0,
+     Block::Required, ExpectFiles},
+    {"expect xml", "PATH XPATH [TEXT...]",
+     "Texts of all nodes at an XPath in an XML file, in order; none means that there are none.", 2,
+     kAnyNumber, Block::Optional, ExpectXml},
+    {"expect setting", "NAME VALUE", "The one element of that name in the settings file.", 2, 2,
+     Block::None, ExpectSetting},
+    {"expect registry", "KEY NAME [VALUE]",
+     "A registry value as text; without VALUE there must be none. NAME \"\" is the default value.",
+     2, 3, Block::None, ExpectRegistry},
+    {"expect held", "[nothing]",
+     "What of Outlook's objects the add-in holds: nothing, or exactly the block.", 0, 1,
+     Block::Optional, ExpectHeld},
+    {"show held", "", "Shows what of Outlook's objects the add-in holds.", 0, 0, Block::None,
+     ShowHeld},
+    {"show figures", "",
+     "Shows what the add-in cost since the last such command: times as shares of those after which "
+     "Outlook disables an add-in, the start-up scan, the ribbon's callbacks. Never twice the same: "
+     "not for transcripts that are compared.",
+     0, 0, Block::None, ShowFigures},
+};
+
+}  // namespace
+
+std::span<const Command> EvidenceCommands() {
+  return kCommands;
+}
+
+}  // namespace quor::workbench

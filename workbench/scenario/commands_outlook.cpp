@@ -1,0 +1,213 @@
+// Outlook's life and what it calls on the add-in.
+
+#include <cstdio>
+
+#include "workbench/scenario/commands.h"
+#include "workbench/scenario/results.h"
+#include "workbench/scenario/run.h"
+#include "workbench/scenario/scenario_error.h"
+
+namespace quor::workbench {
+
+namespace {
+
+constexpr int kStartupMode = 1;
+constexpr int kLastConnectMode = 3;
+constexpr int kLastDisconnectMode = 3;
+constexpr uint32_t kFailure = 0x80004005;  // E_FAIL
+constexpr char kExplorerRibbon[] = "Microsoft.Outlook.Explorer";
+
+void Create(CRun& run, const CCommandArguments&) {
+  run.WriteSettings();
+  run.lastResult = run.stage.host.Create();
+}
+
+void ConnectWithMode(CRun& run, int mode) {
+  if (!run.stage.host.IsLoaded()) {
+    run.WriteSettings();
+    run.lastResult = run.stage.host.Create();
+    if (IsFailure(run.lastResult)) return;
+  }
+  run.lastResult = run.stage.host.Connect(mode);
+}
+
+void Connect(CRun& run, const CCommandArguments& arguments) {
+  ConnectWithMode(run, arguments.Count() ? arguments.Number(0, 0, kLastConnectMode) : kStartupMode);
+  run.stage.host.Pump();
+}
+
+void Start(CRun& run, const CCommandArguments&) {
+  ConnectWithMode(run, kStartupMode);
+  const uint32_t result = run.lastResult;
+  // An add-in that refuses the connection is left alone.
+  if (run.stage.host.IsConnected()) {
+    std::optional<std::string> document;
+    if (run.stage.outlook.Version() >= 14) run.stage.host.CustomUi(kExplorerRibbon, document);
+    run.stage.host.StartupComplete();
+  }
+  run.stage.host.Pump();
+  run.lastResult = result;
+}
+
+void StartupComplete(CRun& run, const CCommandArguments&) {
+  run.lastResult = run.stage.host.StartupComplete();
+}
+
+void AddInsUpdate(CRun& run, const CCommandArguments&) {
+  run.lastResult = run.stage.host.AddInsUpdate();
+}
+
+void BeginShutdown(CRun& run, const CCommandArguments&) {
+  run.lastResult = run.stage.host.BeginShutdown();
+}
+
+void Disconnect(CRun& run, const CCommandArguments& arguments) {
+  run.lastResult = run.stage.host.Disconnect(arguments.Number(0, 0, kLastDisconnectMode));
+  run.stage.host.Pump();
+}
+
+void CustomUi(CRun& run, const CCommandArguments& arguments) {
+  std::optional<std::string> document;
+  run.lastResult = run.stage.host.CustomUi(arguments.Text(0), document);
+  if (arguments.Count() == 1) return;
+  if (!arguments.Is(1, "gives") || arguments.Count() != 3) {
+    throw CScenarioError("usage: custom ui ID [gives nothing | gives document]");
+  }
+  const bool wanted = arguments.Is(2, "document");
+  if (document.has_value() != wanted) {
+    throw CExpectationFailure(document ? "it gives a document of " +
+                                             std::to_string(document->size()) + " characters"
+                                       : std::string("it gives nothing"));
+  }
+}
+
+void Quit(CRun& run, const CCommandArguments&) {
+  run.QuitOutlook();
+}
+
+void QuitEvent(CRun& run, const CCommandArguments&) {
+  run.stage.outlook.FireQuit();
+  run.stage.host.Pump();
+}
+
+void CloseExplorer(CRun& run, const CCommandArguments&) {
+  run.stage.outlook.CloseExplorer();
+  run.stage.host.Pump();
+}
+
+void NewExplorer(CRun& run, const CCommandArguments&) {
+  run.stage.outlook.NewExplorer();
+  run.stage.host.Pump();
+}
+
+void Unload(CRun& run, const CCommandArguments&) {
+  run.stage.host.Unload();
+}
+
+void ExpectResult(CRun& run, const CCommandArguments& arguments) {
+  const uint32_t expected = ResultFromName(arguments.Text(0));
+  if (run.lastResult != expected) {
+    throw CExpectationFailure("the add-in returned " + ResultName(run.lastResult));
+  }
+}
+
+FailingCalls FailingCallsFromWords(const CCommandArguments& arguments, size_t from,
+                                   uint32_t status) {
+  FailingCalls fault;
+  fault.status = status;
+  for (size_t i = from; i < arguments.Count(); ++i) {
+    if (arguments.Is(i, "call")) {
+      fault = ParseCalls(arguments.Text(++i), status);
+    } else if (arguments.Is(i, "status")) {
+      fault.status = ResultFromName(arguments.Text(++i));
+    } else {
+      throw CScenarioError("\"" + arguments.Text(i) + "\" is neither call nor status");
+    }
+  }
+  return fault;
+}
+
+void FailMember(CRun& run, const CCommandArguments& arguments) {
+  const std::string& member = arguments.Text(0);
+  run.stage.outlook.FailMember(member == "any" ? std::string() : member,
+                               FailingCallsFromWords(arguments, 1, kFailure));
+}
+
+void HealMembers(CRun& run, const CCommandArguments&) {
+  run.stage.outlook.HealMembers();
+}
+
+void FailSystem(CRun& run, const CCommandArguments& arguments) {
+  constexpr uint32_t kNotEnoughQuota = 1816;
+  run.stage.host.FailSystemFunction(arguments.Text(0),
+                                    FailingCallsFromWords(arguments, 1, kNotEnoughQuota));
+}
+
+void During(CRun& run, const CCommandArguments& arguments) {
+  constexpr int kMostCalls = 1'000'000;
+  const int nth = arguments.Number(1, 1, kMostCalls);
+  // The block outlives the command: what it asks for happens inside a later one.
+  const std::vector<Statement> statements =
+      ParseScript(arguments.BlockText(), run.stage.outlook.Version());
+  run.stage.outlook.DuringMember(arguments.Text(0), static_cast<unsigned>(nth),
+                                 [&run, statements] { run.PlayInside(statements); });
+}
+
+using Block = Command::Block;
+
+constexpr Command kCommands[] = {
+    {"start", "",
+     "Starts Outlook: loads the add-in as registered, OnConnection with mode 1, the explorer's "
+     "ribbon "
+     "from version 14, OnStartupComplete. What the add-in posts is handled; its timers wait for "
+     "\"ticks\".",
+     0, 0, Block::None, Start},
+    {"create", "", "Only makes the add-in's object.", 0, 0, Block::None, Create},
+    {"connect", "[MODE]",
+     "Only OnConnection, with mode 1 or the given one; makes the object if need be.", 0, 1,
+     Block::None, Connect},
+    {"startup complete", "", "OnStartupComplete.", 0, 0, Block::None, StartupComplete},
+    {"add-ins update", "", "OnAddInsUpdate.", 0, 0, Block::None, AddInsUpdate},
+    {"custom ui", "ID [gives nothing|document]", "GetCustomUI for a ribbon id.", 1, 3, Block::None,
+     CustomUi},
+    {"new explorer", "", "A second explorer: raises NewExplorer.", 0, 0, Block::None, NewExplorer},
+    {"close explorer", "", "The user closes the main window: raises the explorer's Close.", 0, 0,
+     Block::None, CloseExplorer},
+    {"quit event", "", "Raises the application's Quit and nothing else.", 0, 0, Block::None,
+     QuitEvent},
+    {"begin shutdown", "", "OnBeginShutdown.", 0, 0, Block::None, BeginShutdown},
+    {"disconnect", "MODE", "OnDisconnection: 0 Outlook ends, 1 the user removes the add-in.", 1, 1,
+     Block::None, Disconnect},
+    {"unload", "", "Lets the add-in go; its object must die and its DLL leave the process.", 0, 0,
+     Block::None, Unload},
+    {"quit", "",
+     "Ends Outlook in the order of its version. Below 14: Close, OnBeginShutdown, Quit, "
+     "OnDisconnection 0. From 14: Close and Quit, nothing more. Then as \"unload\". A scenario "
+     "that "
+     "ends with Outlook running quits it, too.",
+     0, 0, Block::None, Quit},
+    {"expect result", "RESULT",
+     "What the last call on the add-in returned: S_OK, S_FALSE, 0x80040202.", 1, 1, Block::None,
+     ExpectResult},
+    {"fail member", "NAME|any [call N|N-M|N-] [status HRESULT]",
+     "Makes calls of one member of the object model fail, Folders.Count say, or of any; calls "
+     "count "
+     "from now. Connecting to events counts as \"InspectorsEvents.Advise\" and the like.",
+     1, 5, Block::None, FailMember},
+    {"heal members", "", "The object model works again.", 0, 0, Block::None, HealMembers},
+    {"during", "NAME|any N",
+     "Runs the commands of the block in the middle of the Nth call of a member of the object model "
+     "from now, as Outlook does when such a call handles messages.",
+     2, 2, Block::Required, During},
+    {"fail system", "FUNCTION [call N|N-M|N-] [status ERROR]",
+     "Makes calls of a Windows function fail for the add-in, PostMessageA say.", 1, 5, Block::None,
+     FailSystem},
+};
+
+}  // namespace
+
+std::span<const Command> OutlookCommands() {
+  return kCommands;
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,92 @@
+// Before the add-in is loaded: settings, files, contacts.
+
+#include "workbench/scenario/commands.h"
+#include "workbench/scenario/run.h"
+#include "workbench/scenario/scenario_error.h"
+
+namespace quor::workbench {
+
+namespace {
+
+void Applies(CRun&, const CCommandArguments&) {
+  // Read before the run: a scenario for other versions is not played.
+}
+
+void Say(CRun& run, const CCommandArguments& arguments) {
+  run.transcript.Say(arguments.Text(0));
+}
+
+void SettingsFile(CRun& run, const CCommandArguments& arguments) {
+  run.stage.evidence.CopyIn(run.scenarioFolder + arguments.Text(0),
+                            "Microsoft\\AddIns\\vex_cfg.xml");
+  run.settings = CRun::Settings::None;
+}
+
+void SettingsBlock(CRun& run, const CCommandArguments& arguments) {
+  if (arguments.Is(0, "none") && !arguments.HasBlock()) {
+    run.settings = CRun::Settings::None;
+  } else if (arguments.Count() == 0 && arguments.HasBlock()) {
+    run.settings = CRun::Settings::Given;
+    run.givenSettings = arguments.BlockText();
+  } else {
+    throw CScenarioError("usage: settings none, settings file PATH, or settings: with a block");
+  }
+}
+
+void Setting(CRun& run, const CCommandArguments& arguments) {
+  run.systemSettings[arguments.Text(0)] = arguments.Text(1);
+}
+
+void File(CRun& run, const CCommandArguments& arguments) {
+  run.stage.evidence.WriteFile(arguments.Text(0), arguments.BlockText());
+}
+
+void Folder(CRun& run, const CCommandArguments& arguments) {
+  run.stage.evidence.MakeFolder(arguments.Text(0));
+}
+
+void NoApplicationData(CRun& run, const CCommandArguments&) {
+  run.stage.evidence.RemoveApplicationData();
+  run.settings = CRun::Settings::None;
+}
+
+void Contacts(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.LoadContacts(run.scenarioFolder + arguments.Text(0));
+}
+
+using Block = Command::Block;
+
+constexpr Command kCommands[] = {
+    {"applies to", "VERSION...",
+     "First line of a scenario that is not for every Outlook: version numbers, or command-bar "
+     "(below "
+     "14), or ribbon (14 and up). For other versions the scenario is left out, visibly.",
+     1, kAnyNumber, Block::None, Applies},
+    {"say", "TEXT",
+     "Tells the reader something; the only thing --story prints besides what is shown.", 1, 1,
+     Block::None, Say},
+    {"settings file", "PATH", "The settings file of this run: a copy of PATH.", 1, 1, Block::None,
+     SettingsFile},
+    {"settings", "[none]",
+     "The settings file of this run: the block as it stands, or none. Without this command there "
+     "is "
+     "a small one with the diagnostic log switched on and English as language.",
+     0, 1, Block::Optional, SettingsBlock},
+    {"setting", "NAME VALUE", "One element of that small settings file, DelayBtnEvent say.", 2, 2,
+     Block::None, Setting},
+    {"file", "PATH", "Writes the block to a file in the application-data folder.", 1, 1,
+     Block::Required, File},
+    {"folder", "PATH", "Makes a folder in the application-data folder.", 1, 1, Block::None, Folder},
+    {"no application data", "", "The application-data folder of this run does not exist.", 0, 0,
+     Block::None, NoApplicationData},
+    {"contacts", "FILE", "Fills the contacts folder from a vCard file.", 1, 1, Block::None,
+     Contacts},
+};
+
+}  // namespace
+
+std::span<const Command> SceneCommands() {
+  return kCommands;
+}
+
+}  // namespace quor::workbench

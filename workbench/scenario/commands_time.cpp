@@ -1,0 +1,89 @@
+// Letting time pass: always up to a condition, never for a number of milliseconds alone.
+
+#include "workbench/scenario/commands.h"
+#include "workbench/scenario/run.h"
+#include "workbench/scenario/scenario_error.h"
+
+namespace quor::workbench {
+
+namespace {
+
+constexpr int kMostTicks = 10'000;
+constexpr int kLongestWait = 60'000;  // milliseconds
+constexpr unsigned kConditionLimit = 10'000;
+
+void Ticks(CRun& run, const CCommandArguments& arguments) {
+  run.WaitForTicks(arguments.Number(0, 1, kMostTicks));
+}
+
+void Pump(CRun& run, const CCommandArguments&) {
+  run.stage.host.Pump();
+}
+
+void Wait(CRun& run, const CCommandArguments& arguments) {
+  run.stage.host.PumpUntil([] { return false; },
+                           static_cast<unsigned>(arguments.Number(0, 1, kLongestWait)));
+}
+
+void WaitWindow(CRun& run, const CCommandArguments& arguments) {
+  const std::string& title = arguments.Text(0);
+  const bool shown = arguments.Is(1, "shown");
+  if (!shown && !arguments.Is(1, "hidden")) throw CScenarioError("wait window TITLE shown|hidden");
+  const auto reached = [&] {
+    for (const WindowView& window : run.stage.screen.Windows()) {
+      if (window.title == title && window.visible) return shown;
+    }
+    return !shown;
+  };
+  if (!run.stage.host.PumpUntil(reached, kConditionLimit)) {
+    throw CExpectationFailure(shown ? "it does not appear" : "it stays");
+  }
+}
+
+void WaitWritten(CRun& run, const CCommandArguments&) {
+  if (!run.stage.host.PumpUntil([&] { return !run.NewWire().empty(); }, kConditionLimit)) {
+    throw CExpectationFailure("nothing is written to the base");
+  }
+}
+
+void WaitLog(CRun& run, const CCommandArguments& arguments) {
+  const auto reached = [&] {
+    for (const std::string& line : run.NewLogLines()) {
+      if (line == arguments.Text(0)) return true;
+    }
+    return false;
+  };
+  if (!run.stage.host.PumpUntil(reached, kConditionLimit)) {
+    throw CExpectationFailure("the line does not come");
+  }
+  run.stage.host.Pump();
+}
+
+using Block = Command::Block;
+
+constexpr Command kCommands[] = {
+    {"ticks", "N",
+     "Lets the add-in's timers run until it has polled the base so many times, and handles what is "
+     "posted by then. The deferred build of the contact index runs before the first poll.",
+     1, 1, Block::None, Ticks},
+    {"pump", "",
+     "Handles what is posted, without timers; every command that acts does this anyway.", 0, 0,
+     Block::None, Pump},
+    {"wait", "MS",
+     "Lets everything run for so long. For what leaves no sign to wait for; prefer the others.", 1,
+     1, Block::None, Wait},
+    {"wait window", "TITLE shown|hidden", "Lets everything run until a window appears or goes.", 2,
+     2, Block::None, WaitWindow},
+    {"wait written", "", "Lets everything run until something new is written to the base.", 0, 0,
+     Block::None, WaitWritten},
+    {"wait log", "LINE", "Lets everything run until this diagnostic line comes.", 1, 1, Block::None,
+     WaitLog},
+};
+
+}  // namespace
+
+std::span<const Command> TimeCommands() {
+  return kCommands;
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,190 @@
+#include "workbench/scenario/run.h"
+
+#include <utility>
+
+#include "workbench/scenario/command.h"
+#include "workbench/scenario/log_lines.h"
+#include "workbench/scenario/scenario_error.h"
+
+namespace quor::workbench {
+
+namespace {
+
+constexpr int kFirstRibbonVersion = 14;
+// Where a failure may have kept the add-in from polling at all, nobody waits for it long.
+constexpr unsigned kTickLimitUnderFaults = 200;
+constexpr char kSettingsFile[] = "Microsoft\\AddIns\\vex_cfg.xml";
+
+std::string DefaultSettings(const std::map<std::string, std::string>& system) {
+  std::string text =
+      "<?xml version='1.0' encoding='utf-8'?>\n<Root><Histories/><ToolBars/><System><AliveCheck>";
+  const auto element = [](const std::string& name, const std::string& value) {
+    return "<" + name + ">" + value + "</" + name + ">";
+  };
+  for (const char* name : {"ACheckInterval", "ConnectInterval", "DialClear", "ConnectWait",
+                           "DebugLog", "DelayBtnEvent"}) {
+    const auto found = system.find(name);
+    if (found != system.end()) text += element(name, found->second);
+  }
+  text += "</AliveCheck>";
+  for (const char* name : {"LanguageNo", "CallerInfo", "PopUp", "LinePopUp1", "LinePopUp2",
+                           "CellPopUp1", "CellPopUp2", "CellPopUp3", "CellPopUp4"}) {
+    const auto found = system.find(name);
+    if (found != system.end()) text += element(name, found->second);
+  }
+  return text + "</System><CallerLists/><SpeedDials/></Root>\n";
+}
+
+std::string AtLine(const Statement& statement, const char* what) {
+  return "line " + std::to_string(statement.line) + ": " + statement.source + "\n  " + what;
+}
+
+}  // namespace
+
+void CRun::Step(const Statement& statement) {
+  const FoundCommand found = FindCommand(statement);
+  transcript.Command(statement);
+  found.command->run(*this, CCommandArguments(statement, found.words));
+  if (!m_failedInside.empty()) {
+    throw CExpectationFailure("in the middle of it: " + std::exchange(m_failedInside, {}));
+  }
+}
+
+bool CRun::Play(const std::vector<Statement>& statements) {
+  for (const Statement& statement : statements) {
+    try {
+      m_executor.Do([&] { Step(statement); });
+    } catch (const CScenarioError& error) {
+      transcript.Failure(AtLine(statement, error.what()));
+      return false;
+    } catch (const CExpectationFailure& failure) {
+      transcript.Failure(AtLine(statement, failure.what()));
+      return false;
+    }
+  }
+  return true;
+}
+
+void CRun::PlayInside(const std::vector<Statement>& statements) {
+  try {
+    for (const Statement& statement : statements)
+      Step(statement);
+  } catch (const std::runtime_error& error) {
+    // It must not unwind through the add-in, whose call this is.
+    if (m_failedInside.empty()) m_failedInside = error.what();
+  }
+}
+
+void CRun::PlayUnderFaults(const std::vector<Statement>& statements) {
+  m_tickLimit = kTickLimitUnderFaults;
+  for (const Statement& statement : statements) {
+    if (statement.words.front() == "expect") continue;
+    try {
+      m_executor.Do([&] { Step(statement); });
+    } catch (const CScenarioError&) {
+      // The fault took away what this step needs.
+    } catch (const CExpectationFailure&) {
+    }
+  }
+}
+
+bool CRun::Finish() {
+  try {
+    m_executor.Do([this] {
+      if (stage.host.IsLoaded()) QuitOutlook();
+      CheckNothingHeld();
+    });
+    return true;
+  } catch (const std::runtime_error& error) {
+    transcript.Failure(std::string("at the end: ") + error.what());
+    return false;
+  }
+}
+
+void CRun::CheckNothingHeld() {
+  const std::vector<std::string> held = stage.outlook.Held();
+  if (held.empty()) return;
+  std::string text = "the add-in still holds";
+  for (const std::string& object : held)
+    text += "\n  " + object;
+  throw CExpectationFailure(text);
+}
+
+std::vector<std::string> CRun::WholeLog() {
+  const std::optional<std::string> content = stage.evidence.ReadLog();
+  if (!content) return {};
+  LogLines lines = ReadLogLines(*content);
+  if (!lines.firstError.empty()) throw CExpectationFailure("diagnostic log: " + lines.firstError);
+  return std::move(lines.texts);
+}
+
+std::vector<std::string> CRun::NewLogLines() {
+  std::vector<std::string> lines = WholeLog();
+  lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(m_logSeen));
+  return lines;
+}
+
+Bytes CRun::NewWire() {
+  const std::vector<Bytes> written = stage.base.Written();
+  Bytes bytes;
+  for (size_t i = m_writesSeen; i < written.size(); ++i) {
+    bytes.insert(bytes.end(), written[i].begin(), written[i].end());
+  }
+  return bytes;
+}
+
+void CRun::ForgetLog() {
+  m_logSeen = WholeLog().size();
+}
+
+void CRun::ForgetWire() {
+  m_writesSeen = stage.base.Written().size();
+}
+
+std::vector<std::string> CRun::NewUsbCalls() {
+  const std::vector<std::string>& calls = stage.base.CallTexts();
+  return {calls.begin() + static_cast<std::ptrdiff_t>(m_usbCallsSeen), calls.end()};
+}
+
+void CRun::ForgetUsbCalls() {
+  m_usbCallsSeen = stage.base.CallTexts().size();
+}
+
+void CRun::WriteSettings() {
+  if (settings == Settings::None) return;
+  if (settings == Settings::Given) {
+    stage.evidence.WriteFile(kSettingsFile, givenSettings);
+    return;
+  }
+  std::map<std::string, std::string> system = {{"DebugLog", "1"}, {"LanguageNo", "0"}};
+  for (const auto& [name, value] : systemSettings)
+    system[name] = value;
+  stage.evidence.WriteFile(kSettingsFile, DefaultSettings(system));
+}
+
+void CRun::QuitOutlook() {
+  IHostStage& host = stage.host;
+  if (host.IsConnected()) {
+    const bool fast = stage.outlook.Version() >= kFirstRibbonVersion;
+    stage.outlook.CloseExplorer();
+    host.Pump();
+    if (!fast) host.BeginShutdown();
+    stage.outlook.FireQuit();
+    host.Pump();
+    // From 14 on nothing more is called: what ends the add-in is the end of the process.
+    if (!fast) host.Disconnect(0);
+  }
+  host.Unload();
+}
+
+void CRun::WaitForTicks(int ticks) {
+  const unsigned goal = stage.base.Calls("SI_GetNumDevices") + static_cast<unsigned>(ticks);
+  const auto reached = [this, goal] { return stage.base.Calls("SI_GetNumDevices") >= goal; };
+  // A poll comes every 100 ms and may itself last for the three seconds of a read.
+  if (!stage.host.PumpUntil(reached, m_tickLimit)) {
+    throw CExpectationFailure("the add-in does not poll the base");
+  }
+  stage.host.Pump();
+}
+
+}  // namespace quor::workbench

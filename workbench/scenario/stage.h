@@ -1,0 +1,238 @@
+#ifndef QUOR_WORKBENCH_SCENARIO_STAGE_H
+#define QUOR_WORKBENCH_SCENARIO_STAGE_H
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "workbench/base/base_frames.h"
+#include "workbench/base/believable_base.h"
+
+namespace quor::workbench {
+
+// What a scenario acts on. The Windows side implements it with the real add-in DLL, the simulated
+// base and the stand-in Outlook; tests of the language implement it with notes of what was asked.
+// Texts are UTF-8. What cannot be done because the scenario asks for something that is not there
+// (no such contact, no such button) throws CScenarioError.
+
+// Bytes that reach the receive queue `delay` milliseconds after the piece before them.
+struct Piece {
+  Bytes bytes;
+  unsigned delay = 0;
+};
+
+// Calls are counted from 1, beginning with the next one; lastCall 0 means from firstCall on for
+// ever.
+struct FailingCalls {
+  unsigned firstCall = 1;
+  unsigned lastCall = 1;
+  uint32_t status = 0;  // an SI_STATUS, or an HRESULT for the object model
+};
+
+// Serial number, description, link name, vendor id, product id; nothing for one that cannot be
+// read.
+using DeviceStrings = std::array<std::optional<std::string>, 5>;
+
+class IBaseStage {
+ public:
+  enum class Library { Present, Missing, Old };
+
+  // The USB library that the add-in will find; before the add-in is loaded.
+  virtual void InstallLibrary(Library library) = 0;
+  virtual void Plug(const DeviceStrings& strings) = 0;
+  virtual void Unplug(unsigned device) = 0;
+  virtual void Queue(const std::vector<Piece>& pieces) = 0;
+  // The queue status that SI_CheckRXQueue reports instead of the true one, for so many calls.
+  virtual void ReportQueueStatus(uint32_t status, std::optional<uint32_t> count,
+                                 unsigned calls) = 0;
+  virtual void FailFunction(const std::string& function, const FailingCalls& fault) = 0;
+  // SI_Read or SI_Write succeeds but moves at most so many bytes.
+  virtual void ShortenFunction(const std::string& function, const FailingCalls& calls,
+                               unsigned bytes) = 0;
+  virtual void HealFunctions() = 0;
+  // Lets time pass at the base: what was queued with a delay arrives.
+  virtual void Advance(unsigned milliseconds) = 0;
+  // Bytes of each SI_Write call since the base was made, refused ones left out.
+  virtual std::vector<Bytes> Written() = 0;
+  // From now on the base answers requests by itself, as the one at the panel does.
+  virtual CBelievableBase& Enliven() = 0;
+  virtual unsigned Calls(const std::string& function) = 0;
+  // Every call so far: "SI_Write(#1, 2B 31 0D) = 0, 3" is a call with its arguments, status and
+  // results.
+  virtual const std::vector<std::string>& CallTexts() = 0;
+  virtual unsigned OpenHandles() = 0;
+
+ protected:
+  ~IBaseStage() = default;
+};
+
+struct ControlView {
+  std::string id;    // tag of a command-bar control, id of a ribbon control
+  std::string kind;  // "combo box", "button", "menu"
+  std::string caption;
+  std::string text;  // of a combo box
+  bool enabled = false;
+  bool visible = false;
+  bool picture = false;
+  std::vector<ControlView> items;  // of a menu; of a combo box only captions
+};
+
+struct WindowView {
+  std::string title;
+  std::string className;
+  bool visible = false;
+  std::vector<std::string>
+      texts;  // of its child windows, from the first; disabled ones in brackets
+};
+
+// How a picture of the main window is to be taken.
+struct PictureOrder {
+  std::string name;
+  std::vector<std::string> menu;  // opened before; empty: none
+  int scale = 100;                // per cent
+  bool dark = false;              // Office's dark theme, which only the ribbon has
+};
+
+class IScreenStage {
+ public:
+  // The controls of the main window, or of the inspector that shows the named item.
+  virtual std::vector<ControlView> Controls(const std::string& inspector) = 0;
+  virtual void Click(const std::string& inspector, const std::vector<std::string>& path) = 0;
+  virtual void Type(const std::string& control, const std::string& text) = 0;
+  virtual void Pick(const std::string& control, const std::string& item) = 0;
+  virtual std::vector<WindowView> Windows() = 0;
+  virtual void Press(const std::string& title, const std::string& button) = 0;
+  virtual void Enter(const std::string& title, int field, const std::string& text) = 0;
+  virtual void CloseWindow(const std::string& title) = 0;
+  // Returns the path of the picture; empty where there is no screen.
+  virtual std::string Screenshot(const std::string& name) = 0;
+  // Draws the main window into a file, screen or none; returns the path.
+  virtual std::string Picture(const PictureOrder& order) = 0;
+
+ protected:
+  ~IScreenStage() = default;
+};
+
+class IOutlookStage {
+ public:
+  virtual int Version() = 0;
+  virtual void LoadContacts(const std::string& vcardFile) = 0;
+  virtual void ChangeContact(const std::string& contact, const std::string& property,
+                             const std::string& value) = 0;
+  virtual void AddContact(const std::string& folder, const std::string& vcard) = 0;
+  virtual void DeleteContact(const std::string& contact) = 0;
+  virtual void MoveContact(const std::string& contact, const std::string& folder) = 0;
+  virtual void AddFolder(const std::string& path) = 0;
+  virtual void DeleteFolder(const std::string& path) = 0;
+  virtual void OpenInspector(const std::string& contact) = 0;
+  virtual void CloseInspector(const std::string& contact) = 0;
+  virtual void Select(const std::string& contact) = 0;
+  virtual void SwitchFolder(const std::string& path) = 0;
+  virtual void NewExplorer() = 0;
+  virtual void CloseExplorer() = 0;
+  virtual void FireQuit() = 0;
+  // Calls of one member, "Folders.Count" say; of every one if the name is empty.
+  virtual void FailMember(const std::string& member, const FailingCalls& fault) = 0;
+  virtual void HealMembers() = 0;
+  // Runs an action in the middle of the nth call of a member from now.
+  virtual void DuringMember(const std::string& member, unsigned nth,
+                            std::function<void()> action) = 0;
+  // One line for each object, sink and window that the add-in still has.
+  virtual std::vector<std::string> Held() = 0;
+
+ protected:
+  ~IOutlookStage() = default;
+};
+
+// Loading the add-in and calling it as Outlook does.
+class IHostStage {
+ public:
+  // Results are the HRESULTs as the add-in returned them.
+  virtual uint32_t Create() = 0;
+  virtual uint32_t Connect(int mode) = 0;
+  virtual uint32_t StartupComplete() = 0;
+  virtual uint32_t AddInsUpdate() = 0;
+  virtual uint32_t BeginShutdown() = 0;
+  virtual uint32_t Disconnect(int mode) = 0;
+  // The document, or nothing where the add-in gave none.
+  virtual uint32_t CustomUi(const std::string& ribbonId, std::optional<std::string>& document) = 0;
+  virtual bool IsConnected() = 0;
+  virtual bool IsLoaded() = 0;
+  // Lets the add-in go. Throws CExpectationFailure when its object or its module stays.
+  virtual void Unload() = 0;
+
+  // Handles what is posted, timers excepted.
+  virtual void Pump() = 0;
+  // Handles everything, timers included, until `done`; false when `milliseconds` pass first.
+  virtual bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds) = 0;
+  // Makes a Windows function that the DLL imports fail for the DLL alone: PostMessageA,
+  // SetThreadLocale.
+  virtual void FailSystemFunction(const std::string& function, const FailingCalls& fault) = 0;
+
+ protected:
+  ~IHostStage() = default;
+};
+
+class IEvidenceStage {
+ public:
+  // In the run's own application-data folder; paths are relative to it.
+  virtual void WriteFile(const std::string& path, const std::string& content) = 0;
+  virtual void CopyIn(const std::string& from, const std::string& path) = 0;
+  virtual void MakeFolder(const std::string& path) = 0;
+  virtual void RemoveApplicationData() = 0;
+  virtual std::optional<std::string> ReadFile(const std::string& path) = 0;
+  virtual std::vector<std::string> ListFiles() = 0;
+  // Today's diagnostic log; nothing where there is none.
+  virtual std::optional<std::string> ReadLog() = 0;
+  // Texts of the nodes at an XPath in an XML file. Throws CExpectationFailure where it is not
+  // well-formed.
+  virtual std::vector<std::string> ReadXml(const std::string& path, const std::string& xpath) = 0;
+  // Value as text, REG_DWORD in decimal; nothing where key or value is missing. `key` begins
+  // "HKLM\\", "HKCU\\" or "HKCR\\"; an empty name is the default value.
+  virtual std::optional<std::string> ReadRegistry(const std::string& key,
+                                                  const std::string& name) = 0;
+
+ protected:
+  ~IEvidenceStage() = default;
+};
+
+// What was measured since the last time it was taken; what did not happen is left out.
+struct Figures {
+  struct Scan {
+    uint64_t calls = 0;
+    double microsecondsInModel = 0;
+    double microsecondsInAddIn = 0;
+  };
+  // Milliseconds.
+  std::optional<double> connection;
+  std::optional<double> shutdown;
+  std::optional<double> folderSwitch;
+  std::optional<Scan> scan;
+  uint64_t ribbonCallbacks = 0;
+  uint64_t ribbonInvalidations = 0;
+  double ribbonMicroseconds = 0;  // in callbacks
+};
+
+class IFigureStage {
+ public:
+  virtual Figures Take() = 0;
+
+ protected:
+  ~IFigureStage() = default;
+};
+
+struct Stage {
+  IHostStage& host;
+  IBaseStage& base;
+  IOutlookStage& outlook;
+  IScreenStage& screen;
+  IEvidenceStage& evidence;
+  IFigureStage& figures;
+};
+
+}  // namespace quor::workbench
+
+#endif

@@ -1,0 +1,119 @@
+#ifndef QUOR_WORKBENCH_SIUSBXP_BASE_SIMULATOR_H
+#define QUOR_WORKBENCH_SIUSBXP_BASE_SIMULATOR_H
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "workbench/siusbxp/simulated_base.h"
+
+namespace quor::workbench {
+
+// The simulated base itself: the library's functions in portable types, moved by ISimulatedBase.
+class CBaseSimulator final : public ISimulatedBase {
+ public:
+  CBaseSimulator() { Reset(); }
+
+  void Reset() override;
+  void Plug(const ProductStrings& strings = kDefaultProductStrings) override;
+  void Unplug(uint32_t device = 0) override;
+  uint32_t DeviceCount() const override { return static_cast<uint32_t>(m_devices.size()); }
+  void Queue(std::span<const uint8_t> bytes, uint32_t delay = 0) override;
+  void Advance(uint32_t milliseconds) override;
+  uint64_t Now() const override { return m_now; }
+  void SetRealWaiting(bool on) override { m_realWaiting = on; }
+  void ReportQueue(uint32_t status, std::optional<uint32_t> count, uint32_t calls) override;
+  void Fail(UsbFunction function, int status, CallRange calls = {}) override;
+  void Shorten(UsbFunction function, uint32_t bytes, CallRange calls = {}) override;
+  void Heal() override;
+  size_t WrittenCount() const override { return m_written.size(); }
+  WrittenFrame Written(size_t index) const override;
+  uint32_t CallCount(UsbFunction function) const override;
+  uint32_t OpenHandles() const override { return static_cast<uint32_t>(m_handles.size()); }
+  void Observe(ICallObserver* observer) override { m_observer = observer; }
+
+  // The library. A missing out parameter is a kSiInvalidParameter.
+  using Handle = void*;
+  int GetNumDevices(uint32_t* count);
+  int GetProductString(uint32_t device, char* text, uint32_t option);
+  int Open(uint32_t device, Handle* handle);
+  int Close(Handle handle);
+  int Read(Handle handle, uint8_t* buffer, uint32_t wanted, uint32_t* read);
+  int Write(Handle handle, const uint8_t* bytes, uint32_t count, uint32_t* written);
+  int FlushBuffers(Handle handle, uint8_t transmit, uint8_t receive);
+  int SetTimeouts(uint32_t readTimeout, uint32_t writeTimeout);
+  int CheckRxQueue(Handle handle, uint32_t* queued, uint32_t* status);
+  int SetBaudRate(Handle handle, uint32_t baudRate);
+  int SetLineControl(Handle handle, uint16_t lineControl);
+  // CTS, RTS, DTR, DSR, DCD, XON/XOFF.
+  int SetFlowControl(Handle handle, std::span<const int, 6> controls);
+
+ private:
+  struct Device {
+    uint64_t number;
+    std::array<std::optional<std::string>, 5> strings;
+  };
+  struct OpenHandle {
+    Handle handle;
+    uint64_t device;
+  };
+  struct Piece {
+    uint64_t arrival;
+    std::vector<uint8_t> bytes;
+  };
+  struct SentFrame {
+    uint64_t sequence;
+    std::vector<uint8_t> bytes;
+  };
+  // For calls firstCall to lastCall as CallCount numbers them: a status to answer, or a size limit.
+  struct Fault {
+    uint64_t firstCall;
+    uint64_t lastCall;
+    int status;
+    uint32_t size;
+  };
+  struct QueueReport {
+    uint32_t status;
+    std::optional<uint32_t> count;
+    uint32_t calls;
+  };
+  struct FunctionState {
+    uint32_t calls = 0;
+    std::vector<Fault> faults;
+  };
+
+  // Counts the call, does the work unless a fault answers for it, and tells the observer. The work
+  // is given the largest size it may move; results are asked for only after success.
+  template <typename Work, typename Arguments, typename Results>
+  int Call(UsbFunction function, Work work, Arguments arguments, Results results);
+  Fault CountCall(UsbFunction function);
+  void AddFault(UsbFunction function, CallRange calls, int status, uint32_t size);
+  void Tell(UsbFunction function, int status, const std::string& arguments,
+            const std::string& results);
+
+  FunctionState& State(UsbFunction function) { return m_functions[static_cast<size_t>(function)]; }
+  int StatusOf(Handle handle) const;
+  bool IsPlugged(uint64_t device) const;
+  uint32_t Available() const;
+  void WaitFor(uint32_t wanted);
+  void PassTime(uint64_t until);
+  uint32_t Take(uint8_t* buffer, uint32_t wanted);
+
+  std::vector<Device> m_devices;
+  std::vector<OpenHandle> m_handles;
+  std::deque<Piece> m_pieces;
+  std::vector<SentFrame> m_written;
+  std::array<FunctionState, kUsbFunctionNames.size()> m_functions;
+  QueueReport m_queueReport;
+  ICallObserver* m_observer = nullptr;
+  uint64_t m_sequence;
+  uint64_t m_lastDevice = 0;  // numbers are never used twice, so that old handles stay strangers
+  uintptr_t m_lastHandle = 0;
+  uint64_t m_now;
+  uint32_t m_readTimeout;
+  bool m_realWaiting;
+};
+
+}  // namespace quor::workbench
+
+#endif

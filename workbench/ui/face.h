@@ -1,0 +1,98 @@
+#ifndef QUOR_WORKBENCH_UI_FACE_H
+#define QUOR_WORKBENCH_UI_FACE_H
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+// What a window shows, as plain records. The command bars and the ribbon fill them, the drawing and
+// the scenarios read them.
+
+namespace quor::workbench {
+
+// Premultiplied 0xAARRGGBB, top row first.
+struct Pixels {
+  int width = 0;
+  int height = 0;
+  std::vector<uint32_t> colours;
+};
+using PixelsPtr = std::shared_ptr<const Pixels>;
+
+enum class ControlKind { Button, ComboBox, Edit, DropDown, Menu, Separator, Label };
+const wchar_t* KindName(ControlKind kind) noexcept;  // "button", "combo box", "menu", ...
+
+struct ControlFace {
+  ControlKind kind = ControlKind::Button;
+  int handle = 0;          // by which user actions name the control; unique in its window
+  std::wstring id;         // tag of a command bar's control, id of a ribbon's
+  std::wstring caption;    // as supplied, ampersands included
+  std::wstring text;       // in the edit part of a combo box
+  std::wstring screentip;  // tooltip; empty: none supplied
+  bool enabled = true;
+  bool visible = true;
+  bool custom = true;  // else one of Outlook's own
+  bool hasPicture = false;
+  bool hasMask = false;
+  PixelsPtr picture;         // as it is to be shown, mask or alpha already applied
+  bool showsCaption = true;  // of a button
+  bool large = false;
+  bool pressed = false;
+  bool beginsGroup = false;
+  int width = 0;                      // pixels at 100 %; 0: as wide as it needs
+  std::vector<std::wstring> entries;  // of a combo box's list
+  std::vector<ControlFace> items;     // of a menu
+};
+
+// A step names a control by id or by caption ("Cell1"); ampersands that mark a letter do not count.
+// The first step is looked for at any depth, ids first; each further one among the items of the one
+// before. Null when there is none.
+const ControlFace* FindFace(const std::vector<ControlFace>& faces,
+                            std::span<const std::wstring> path) noexcept;
+
+// The caption without the marks of its access key: "Call from &cell", "Tom && Co".
+std::wstring PlainCaption(const std::wstring& caption);
+
+// One toolbar.
+struct BarFace {
+  int handle = 0;
+  std::wstring name;
+  bool visible = false;
+  bool enabled = true;
+  bool builtIn = false;
+  bool menuBar = false;
+  int position = 1;  // MsoBarPosition
+  int left = 0;      // pixels at 100 %
+  int top = 0;
+  int row = 0;
+  std::vector<ControlFace> controls;
+};
+
+struct RibbonGroupFace {
+  std::wstring id;
+  std::wstring caption;
+  bool visible = true;
+  bool custom = true;
+  bool hasPicture = false;
+  std::wstring insertBefore;  // id of the built-in group; empty: at the end
+  std::vector<ControlFace> controls;
+};
+
+struct RibbonTabFace {
+  std::wstring id;  // idMso or id
+  std::wstring caption;
+  bool visible = true;
+  std::vector<RibbonGroupFace> groups;
+};
+
+// A user cannot do what was asked: there is no such control, it is disabled, it cannot be seen.
+class CUserActionError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+}  // namespace quor::workbench
+
+#endif

@@ -1,0 +1,311 @@
+#include "workbench/ui/main_window.h"
+
+#include <commctrl.h>
+#include <windowsx.h>
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include "workbench/office/value.h"
+
+namespace quor::workbench {
+namespace {
+
+constexpr wchar_t kClassName[] = L"rctrl_renwnd32";
+constexpr UINT_PTR kEditSubclass = 1;
+constexpr int kEditFontSize = 12;         // pixels at 100 %
+constexpr UINT kCommitEdit = WM_APP + 1;  // wParam: commit or not
+
+void RegisterWindowClass(WNDPROC procedure) {
+  WNDCLASSEXW description = {};
+  description.cbSize = sizeof description;
+  description.style = CS_DBLCLKS;
+  description.lpfnWndProc = procedure;
+  description.hInstance = GetModuleHandleW(nullptr);
+  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  description.lpszClassName = kClassName;
+  RegisterClassExW(&description);  // fails harmlessly from the second window on
+}
+
+int ClientWidth(HWND window, int scale) {
+  RECT client = {};
+  GetClientRect(window, &client);
+  return static_cast<int>(client.right) * 100 / scale;
+}
+
+int ClientHeight(HWND window, int scale) {
+  RECT client = {};
+  GetClientRect(window, &client);
+  return static_cast<int>(client.bottom) * 100 / scale;
+}
+
+}  // namespace
+
+CMainWindow::CMainWindow(IWindowContent& content, const WindowOptions& options)
+    : m_content(content), m_options(options) {
+  RegisterWindowClass(&WindowProcedure);
+  RECT frame = {0, 0, options.width * options.scale / 100, options.height * options.scale / 100};
+  AdjustWindowRect(&frame, WS_OVERLAPPEDWINDOW, FALSE);
+  m_window = CreateWindowExW(0, kClassName, L"", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
+                             static_cast<int>(frame.right - frame.left),
+                             static_cast<int>(frame.bottom - frame.top), nullptr, nullptr,
+                             GetModuleHandleW(nullptr), this);
+  if (m_window == nullptr) throw std::runtime_error("the window cannot be made");
+}
+
+CMainWindow::~CMainWindow() {
+  SetWindowLongPtrW(m_window, GWLP_USERDATA, 0);
+  DestroyWindow(m_window);
+}
+
+void CMainWindow::Show() {
+  SetWindowTextW(m_window, m_content.Face().title.c_str());
+  ShowWindow(m_window, SW_SHOWNORMAL);
+}
+
+void CMainWindow::Redraw() {
+  InvalidateRect(m_window, nullptr, FALSE);
+}
+
+void CMainWindow::OpenMenus(std::vector<int> handles) {
+  m_open = std::move(handles);
+  Redraw();
+}
+
+void CMainWindow::CloseMenus() {
+  m_open.clear();
+  Redraw();
+}
+
+SceneOptions CMainWindow::Scene(bool withTitleBar) const {
+  SceneOptions scene;
+  scene.titleBar = withTitleBar;
+  scene.width = withTitleBar ? m_options.width : ClientWidth(m_window, m_options.scale);
+  scene.height = withTitleBar ? m_options.height : ClientHeight(m_window, m_options.scale);
+  scene.notice = m_notice;
+  for (const int handle : m_open) {
+    OpenPart part;
+    part.handle = handle;
+    try {
+      part.items = m_content.MenuItems(handle);
+    } catch (const CUserActionError&) {
+      break;  // disabled or gone since it was opened
+    }
+    scene.open.push_back(std::move(part));
+  }
+  return scene;
+}
+
+void CMainWindow::RenderToPng(const std::wstring& path, int scale) {
+  const SceneOptions scene = Scene(true);
+  CCanvas canvas(scene.width, scene.height + kTitleHeight, scale);
+  PaintWindow(canvas, m_content.Face(), scene);
+  SavePng(canvas, path);
+}
+
+void CMainWindow::Paint() {
+  HWND window = m_window;
+  const std::weak_ptr<int> life = m_life;
+  PAINTSTRUCT paint = {};
+  HDC context = BeginPaint(window, &paint);
+  try {
+    const SceneOptions scene = Scene(false);
+    const WindowFace face = m_content.Face();
+    if (!life.expired() && scene.width > 0 && scene.height > 0) {
+      CCanvas canvas(scene.width, scene.height, m_options.scale);
+      m_hits = PaintWindow(canvas, face, scene);
+      BitBlt(context, 0, 0, canvas.PixelWidth(), canvas.PixelHeight(), canvas.Context(), 0, 0,
+             SRCCOPY);
+      SetWindowTextW(window, face.title.c_str());
+    }
+  } catch (...) {
+    // Nothing may leave a window procedure; the next painting tries again.
+  }
+  EndPaint(window, &paint);
+}
+
+// What the user does may close the window, and so destroy this object; false then.
+bool CMainWindow::Try(const std::function<void()>& action) {
+  const std::weak_ptr<int> life = m_life;
+  std::wstring notice;
+  try {
+    action();
+  } catch (const std::exception& error) {
+    notice = WideFromUtf8(error.what());
+  }
+  if (life.expired()) return false;
+  m_notice = std::move(notice);
+  Redraw();
+  return true;
+}
+
+const HitArea* CMainWindow::HitAt(int x, int y) const noexcept {
+  const int px = x * 100 / m_options.scale;
+  const int py = y * 100 / m_options.scale;
+  const auto hit = std::find_if(m_hits.rbegin(), m_hits.rend(), [px, py](const HitArea& area) {
+    return area.rect.Contains(px, py);
+  });
+  return hit == m_hits.rend() ? nullptr : &*hit;
+}
+
+void CMainWindow::OnClick(int x, int y) {
+  if (m_edit != nullptr && !EndEdit(true)) return;
+  const HitArea* hit = HitAt(x, y);
+  if (hit == nullptr || !hit->enabled) {
+    CloseMenus();
+    return;
+  }
+  Try([this, area = *hit] { Act(area); });
+}
+
+void CMainWindow::OnDoubleClick(int x, int y) {
+  const HitArea* hit = HitAt(x, y);
+  if (hit == nullptr || hit->kind != HitArea::Kind::Row) {
+    OnClick(x, y);
+    return;
+  }
+  Try([this, row = hit->index] { m_content.OpenRow(row); });
+}
+
+void CMainWindow::ActOnMenu(const HitArea& hit) {
+  const auto depth = std::min(static_cast<size_t>(hit.depth), m_open.size());
+  const bool wasOpen = depth < m_open.size() && m_open[depth] == hit.handle;
+  m_open.resize(depth);
+  if (!wasOpen) m_open.push_back(hit.handle);
+}
+
+void CMainWindow::Act(const HitArea& hit) {
+  switch (hit.kind) {
+    case HitArea::Kind::Menu:
+    case HitArea::Kind::ComboArrow:
+      ActOnMenu(hit);
+      return;
+    case HitArea::Kind::ComboText:
+      m_open.clear();
+      BeginEdit(hit);
+      return;
+    default:
+      m_open.clear();
+      break;
+  }
+  switch (hit.kind) {
+    case HitArea::Kind::Button:
+      m_content.ClickControl(hit.handle);
+      break;
+    case HitArea::Kind::ComboEntry:
+      m_content.PickEntry(hit.handle, hit.index);
+      break;
+    case HitArea::Kind::Folder:
+      m_content.SelectFolder(hit.index);
+      break;
+    case HitArea::Kind::Row:
+      m_content.SelectRow(hit.index);
+      break;
+    case HitArea::Kind::PanelButton:
+      m_content.PressPanelButton(hit.handle);
+      break;
+    default:
+      break;
+  }
+}
+
+// --- typing into a combo box ---
+
+void CMainWindow::BeginEdit(const HitArea& hit) {
+  const auto scaled = [this](int value) { return value * m_options.scale / 100; };
+  const Rect field = hit.rect.Inset(2);
+  m_editHandle = hit.handle;
+  m_edit = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL, scaled(field.x),
+                           scaled(field.y), scaled(field.width), scaled(field.height), m_window,
+                           nullptr, GetModuleHandleW(nullptr), nullptr);
+  if (m_edit == nullptr) return;
+  m_editFont.reset(CreateFontW(-scaled(kEditFontSize), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
+                               DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
+                               CLEARTYPE_QUALITY, DEFAULT_PITCH, L"Tahoma"));
+  SendMessageW(m_edit, WM_SETFONT, reinterpret_cast<WPARAM>(m_editFont.get()), FALSE);
+  SetWindowSubclass(m_edit, &EditProcedure, kEditSubclass, reinterpret_cast<DWORD_PTR>(this));
+  SetFocus(m_edit);
+}
+
+bool CMainWindow::EndEdit(bool commit) {
+  HWND edit = std::exchange(m_edit, nullptr);
+  if (edit == nullptr) return true;
+  std::wstring text(static_cast<size_t>(GetWindowTextLengthW(edit)), L'\0');
+  GetWindowTextW(edit, text.data(), static_cast<int>(text.size()) + 1);
+  DestroyWindow(edit);
+  if (!commit || text.empty()) return true;
+  return Try([&] { m_content.EnterText(m_editHandle, text); });
+}
+
+LRESULT CALLBACK CMainWindow::EditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                            UINT_PTR, DWORD_PTR self) {
+  auto* owner = reinterpret_cast<CMainWindow*>(self);
+  switch (message) {
+    case WM_KEYDOWN:
+      if (wParam == VK_RETURN || wParam == VK_ESCAPE || wParam == VK_TAB) {
+        // Posted, because the window cannot go while it handles its own message.
+        PostMessageW(owner->m_window, kCommitEdit, wParam != VK_ESCAPE, 0);
+        return 0;
+      }
+      break;
+    case WM_CHAR:
+      if (wParam == VK_RETURN || wParam == VK_ESCAPE || wParam == VK_TAB) return 0;
+      break;
+    case WM_NCDESTROY:
+      RemoveWindowSubclass(window, &EditProcedure, kEditSubclass);
+      break;
+    default:
+      break;
+  }
+  return DefSubclassProc(window, message, wParam, lParam);
+}
+
+LRESULT CMainWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_PAINT:
+      Paint();
+      return 0;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_SIZE:
+      Redraw();
+      return 0;
+    case WM_LBUTTONDOWN:
+      OnClick(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
+      return 0;
+    case WM_LBUTTONDBLCLK:
+      OnDoubleClick(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
+      return 0;
+    case WM_KEYDOWN:
+      if (wParam == VK_ESCAPE) CloseMenus();
+      return 0;
+    case kCommitEdit:
+      EndEdit(wParam != 0);
+      return 0;
+    case WM_CLOSE:
+      m_content.Close();
+      return 0;
+    default:
+      return DefWindowProcW(m_window, message, wParam, lParam);
+  }
+}
+
+LRESULT CALLBACK CMainWindow::WindowProcedure(HWND window, UINT message, WPARAM wParam,
+                                              LPARAM lParam) {
+  if (message == WM_NCCREATE) {
+    const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+    auto* created = static_cast<CMainWindow*>(creation->lpCreateParams);
+    created->m_window = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
+  }
+  auto* self = reinterpret_cast<CMainWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+  try {
+    return self->Handle(message, wParam, lParam);
+  } catch (...) {
+    return 0;
+  }
+}
+
+}  // namespace quor::workbench

@@ -1,0 +1,80 @@
+#ifndef QUOR_WORKBENCH_UI_MAIN_WINDOW_H
+#define QUOR_WORKBENCH_UI_MAIN_WINDOW_H
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "workbench/ui/painter.h"
+#include "workbench/ui/window_face.h"
+
+namespace quor::workbench {
+
+struct WindowOptions {
+  int scale = 100;   // per cent: 100, 150, 200
+  int width = 1180;  // of the client area, pixels at 100 %
+  int height = 700;
+};
+
+// A window of the stand-in Outlook, of class rctrl_renwnd32, explorer or inspector. Draws what its
+// content says, and turns what the mouse and the keys do into the content's actions.
+class CMainWindow {
+ public:
+  // `content` must outlive the window. Throws std::runtime_error where no window can be made.
+  CMainWindow(IWindowContent& content, const WindowOptions& options);
+  ~CMainWindow();
+  CMainWindow(const CMainWindow&) = delete;
+  CMainWindow& operator=(const CMainWindow&) = delete;
+
+  HWND Handle() const noexcept { return m_window; }
+  void Show();
+  void Redraw();  // later, when messages are handled; cheap to call often
+
+  // Menus, and the list of a combo box, as the user opens them: each handle inside the one before.
+  // They stay open until something is clicked.
+  void OpenMenus(std::vector<int> handles);
+  void CloseMenus();
+
+  // Draws the window with its title bar into a file, with or without a screen; scale in per cent.
+  // Throws std::runtime_error where the file cannot be written.
+  void RenderToPng(const std::wstring& path, int scale);
+
+ private:
+  static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+  void Paint();
+  bool Try(const std::function<void()>& action);
+  const HitArea* HitAt(int x, int y) const noexcept;
+  void Act(const HitArea& hit);
+  void ActOnMenu(const HitArea& hit);
+  void OnClick(int x, int y);
+  void OnDoubleClick(int x, int y);
+  void BeginEdit(const HitArea& hit);
+  bool EndEdit(bool commit);  // false: the window is gone
+  static LRESULT CALLBACK EditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                        UINT_PTR id, DWORD_PTR self);
+  SceneOptions Scene(bool withTitleBar) const;
+
+  IWindowContent& m_content;
+  const WindowOptions m_options;
+  HWND m_window = nullptr;
+  struct FontDeleter {
+    using pointer = HFONT;
+    void operator()(HFONT font) const noexcept { DeleteObject(font); }
+  };
+  HWND m_edit = nullptr;
+  std::unique_ptr<HFONT, FontDeleter> m_editFont;
+  int m_editHandle = 0;
+  std::vector<int> m_open;
+  std::vector<HitArea> m_hits;  // of the last painting
+  std::shared_ptr<int> m_life = std::make_shared<int>(0);
+  std::wstring m_notice;  // why the last action could not be done
+};
+
+}  // namespace quor::workbench
+
+#endif

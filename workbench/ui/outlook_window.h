@@ -1,0 +1,98 @@
+#ifndef QUOR_WORKBENCH_UI_OUTLOOK_WINDOW_H
+#define QUOR_WORKBENCH_UI_OUTLOOK_WINDOW_H
+
+#include <string>
+#include <vector>
+
+#include "workbench/commandbars/command_bars.h"
+#include "workbench/office/outlook.h"
+#include "workbench/ribbon/ribbon_view.h"
+#include "workbench/ui/main_window.h"
+
+namespace quor::workbench {
+
+// The simulated base as the panel at the right edge of an explorer shows it.
+class IBasePanel {
+ public:
+  virtual PanelFace Face() = 0;
+  virtual void Press(int button) = 0;
+
+ protected:
+  ~IBasePanel() = default;
+};
+
+// How a picture of a window is drawn, whatever the window itself looks like.
+struct PictureLook {
+  int scale = 100;  // per cent
+  Theme theme = Theme::Light;
+};
+
+struct OutlookWindowOptions {
+  WindowOptions window;
+  Skin skin = Skin::Ribbon;
+  Theme theme = Theme::Light;
+};
+
+// The real window of an explorer or an inspector, filled from the object model, the command bars
+// and the ribbon, and handing the user's clicks to them. Destroy it when the object is closed.
+class COutlookWindow final : IWindowContent {
+ public:
+  COutlookWindow(CSession& session, CExplorer& explorer, CCommandBars& bars,
+                 const OutlookWindowOptions& options);
+  COutlookWindow(CSession& session, CInspector& inspector, CCommandBars& bars,
+                 const OutlookWindowOptions& options);
+  ~COutlookWindow();
+  COutlookWindow(const COutlookWindow&) = delete;
+  COutlookWindow& operator=(const COutlookWindow&) = delete;
+
+  // Null: none, or none any longer. Must outlive the window or be taken back.
+  void SetRibbon(CRibbonView* ribbon);
+  void SetPanel(IBasePanel* panel);
+
+  HWND Handle() const noexcept { return m_window.Handle(); }
+  void Show() { m_window.Show(); }
+  void Redraw() { m_window.Redraw(); }
+  // Opens a menu, the menus on the way to it, or a combo box's list; named as in FindFace
+  // (face.h). Throws CUserActionError where there is none.
+  void OpenMenu(const std::vector<std::wstring>& path);
+  void CloseMenus() { m_window.CloseMenus(); }
+  void RenderToPng(const std::wstring& path, const PictureLook& look);
+
+ private:
+  COutlookWindow(CSession& session, CWindowObject& object, CExplorer* explorer,
+                 CInspector* inspector, CCommandBars& bars, const OutlookWindowOptions& options);
+
+  WindowFace Face() override;
+  std::vector<ControlFace> MenuItems(int handle) override;
+  void ClickControl(int handle) override;
+  void EnterText(int handle, const std::wstring& text) override;
+  void PickEntry(int handle, size_t entry) override;
+  void SelectFolder(size_t row) override;
+  void SelectRow(size_t row) override;
+  void OpenRow(size_t row) override;
+  void PressPanelButton(int id) override;
+  void Close() override;
+
+  void FillFolders(WindowFace& face);
+  void AddFolder(WindowFace& face, FolderNode& folder, int depth);
+  void FillItems(WindowFace& face);
+  void FillCard(WindowFace& face, const StoredItem& item);
+  std::vector<ControlFace> Controls() const;
+
+  CSession& m_session;
+  CWindowObject& m_object;
+  CExplorer* m_explorer;  // one of the two
+  CInspector* m_inspector;
+  CCommandBars& m_bars;
+  CRibbonView* m_ribbon = nullptr;
+  IBasePanel* m_panel = nullptr;
+  const OutlookWindowOptions m_options;
+  Theme m_theme;
+  std::vector<FolderNode*> m_folders;  // as shown
+  std::vector<StoredItemPtr> m_items;
+  CMainWindow m_window;
+};
+
+}  // namespace quor::workbench
+
+#endif
