@@ -35,6 +35,7 @@ void CConsole::Command(const Statement& statement) {
   std::snprintf(g_currentCommand, std::size(g_currentCommand), "line %d: %s", statement.line,
                 statement.source.c_str());
   if (m_telling != Options::Telling::Everything || statement.words.front() == "say") return;
+  if (statement.round > 1) return;  // as in the first round
   char number[16];
   std::snprintf(number, std::size(number), "%4d  ", statement.line);
   PrintLine(number + statement.source);

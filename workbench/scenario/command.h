@@ -52,8 +52,11 @@ struct Command {
   size_t least;           // words that must follow
   size_t most;
   enum class Block { None, Optional, Required } block;
+  // Null for kRepeatCommand, which the run itself plays.
   void (*run)(CRun& run, const CCommandArguments& arguments);
 };
+
+inline constexpr char kRepeatCommand[] = "repeat";
 
 inline constexpr size_t kAnyNumber = static_cast<size_t>(-1);
 

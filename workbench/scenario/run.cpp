@@ -4,6 +4,7 @@
 
 #include "workbench/scenario/command.h"
 #include "workbench/scenario/log_lines.h"
+#include "workbench/scenario/rounds.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -35,10 +36,6 @@ std::string DefaultSettings(const std::map<std::string, std::string>& system) {
   return text + "</System><CallerLists/><SpeedDials/></Root>\n";
 }
 
-std::string AtLine(const Statement& statement, const char* what) {
-  return "line " + std::to_string(statement.line) + ": " + statement.source + "\n  " + what;
-}
-
 }  // namespace
 
 void CRun::Step(const Statement& statement) {
@@ -51,24 +48,33 @@ void CRun::Step(const Statement& statement) {
 }
 
 bool CRun::Play(const std::vector<Statement>& statements) {
-  for (const Statement& statement : statements) {
-    try {
-      m_executor.Do([&] { Step(statement); });
-    } catch (const CScenarioError& error) {
-      transcript.Failure(AtLine(statement, error.what()));
-      return false;
-    } catch (const CExpectationFailure& failure) {
-      transcript.Failure(AtLine(statement, failure.what()));
-      return false;
-    }
+  try {
+    return ForEachStatement(statements, stage.outlook.Version(),
+                            [this](const Statement& statement) { return PlayOne(statement); });
+  } catch (const CScenarioError& error) {
+    transcript.Failure(error.what());
+    return false;
   }
-  return true;
+}
+
+bool CRun::PlayOne(const Statement& statement) {
+  try {
+    m_executor.Do([&] { Step(statement); });
+    return true;
+  } catch (const CScenarioError& error) {
+    transcript.Failure(AtStatement(statement, error.what()));
+  } catch (const CExpectationFailure& failure) {
+    transcript.Failure(AtStatement(statement, failure.what()));
+  }
+  return false;
 }
 
 void CRun::PlayInside(const std::vector<Statement>& statements) {
   try {
-    for (const Statement& statement : statements)
+    ForEachStatement(statements, stage.outlook.Version(), [this](const Statement& statement) {
       Step(statement);
+      return true;
+    });
   } catch (const std::runtime_error& error) {
     // It must not unwind through the add-in, whose call this is.
     if (m_failedInside.empty()) m_failedInside = error.what();
@@ -77,15 +83,16 @@ void CRun::PlayInside(const std::vector<Statement>& statements) {
 
 void CRun::PlayUnderFaults(const std::vector<Statement>& statements) {
   m_tickLimit = kTickLimitUnderFaults;
-  for (const Statement& statement : statements) {
-    if (statement.words.front() == "expect") continue;
+  ForEachStatement(statements, stage.outlook.Version(), [this](const Statement& statement) {
+    if (statement.words.front() == "expect") return true;
     try {
       m_executor.Do([&] { Step(statement); });
     } catch (const CScenarioError&) {
       // The fault took away what this step needs.
     } catch (const CExpectationFailure&) {
     }
-  }
+    return true;
+  });
 }
 
 bool CRun::Finish() {

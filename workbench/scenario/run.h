@@ -84,6 +84,7 @@ class CRun {
   std::map<std::string, std::string> systemSettings;  // elements of the default file
 
  private:
+  bool PlayOne(const Statement& statement);
   void Step(const Statement& statement);
   void CheckNothingHeld();
 

@@ -14,6 +14,7 @@ struct Statement {
   bool hasBlock = false;
   std::vector<std::string> block;
   std::string source;  // the line as written, without indentation and comment
+  int round = 0;       // of the "repeat" it stands in, from 1; 0 outside
 };
 
 // Splits one line into words. Blanks separate; "#" at the start of a word begins a comment; a part

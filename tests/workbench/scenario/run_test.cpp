@@ -24,6 +24,25 @@ TEST(Run, StopsAtTheFirstFailureAndNamesItsLine) {
   EXPECT_EQ(stage.notes.size(), 1u);
 }
 
+TEST(Run, RepeatsABlockAndNamesTheRoundOfAFailure) {
+  CNotedStage stage;
+  EXPECT_EQ(stage.Play("repeat 2:\n"
+                       "| delete contact \"Anna {round}\"\n"
+                       "|14+ unplug\n"
+                       "| repeat 2:\n"
+                       "| | say {round}\n"),
+            "");
+  // The inner round goes by the outer one's number: that is put in first.
+  EXPECT_THAT(stage.notes,
+              ElementsAre("delete Anna 1", "say 1", "say 1", "delete Anna 2", "say 2", "say 2"));
+  stage.written = {{0x2B}};
+  EXPECT_THAT(stage.Play("repeat 3:\n| expect wire 2B\n"),
+              HasSubstr("line 1, round 2: expect wire 2B\n  on the wire: nothing"));
+  EXPECT_THAT(stage.Play("plug\nrepeat 0:\n| plug\n"), HasSubstr("line 2: repeat 0:\n  \"0\" is"));
+  EXPECT_THAT(stage.Play("during any 1:\n| repeat 2:\n| | expect wire 0{round}\n"),
+              HasSubstr("in the middle of it: on the wire: 2B"));
+}
+
 TEST(Run, LogExpectationsConsumeWhatTheyCompare) {
   CNotedStage stage;
   stage.log = Stamped({"a", "b"});
