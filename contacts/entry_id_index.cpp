@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
-#include <stdexcept>
+#include <new>
 
 #include "contacts/hex_packing.h"
 
@@ -69,7 +69,7 @@ EntryId CEntryIdIndex::FindOrAdd(std::string_view text) {
   if ((m_count + 1) * 4 > m_places.size() * 3) Grow();
   const size_t words = kHeaderWords + (packed.bytes.size() + kWord - 1) / kWord;
   const EntryId id = m_words.Add(words);
-  if (id >= kIdMask) throw std::length_error("entry IDs");
+  if (id >= kIdMask) throw std::bad_alloc();
   m_words[id] = kNone;
   m_words[id + 1] = packed.lengthAndForm;
   if (!packed.bytes.empty()) {

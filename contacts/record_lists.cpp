@@ -1,6 +1,6 @@
 #include "contacts/record_lists.h"
 
-#include <stdexcept>
+#include <new>
 
 namespace quor {
 
@@ -85,7 +85,7 @@ RecordList CRecordLists::Copy(const RecordList& list) {
 
 uint32_t CRecordLists::NewRun(Record record) {
   if (m_free == kNone) {
-    if (m_runs.Size() == kNone) throw std::length_error("records");
+    if (m_runs.Size() == kNone) throw std::bad_alloc();
     const uint32_t run = m_runs.Add(1);
     m_runs[run] = {record, kNone, 1};
     return run;
