@@ -28,29 +28,14 @@ REFIID CCommandBarControl::InterfaceId() noexcept {
 }
 
 // Members of every control have one dispatch id whatever its type, so one name object serves all.
-std::wstring CCommandBarControl::Caption() const {
-  static CMemberId member(L"Caption");
-  return GetText(member);
-}
-
 void CCommandBarControl::SetCaption(std::wstring_view caption) const {
   static CMemberId member(L"Caption");
   PutText(member, caption);
 }
 
-std::wstring CCommandBarControl::Tag() const {
-  static CMemberId member(L"Tag");
-  return GetText(member);
-}
-
 void CCommandBarControl::SetTag(std::wstring_view tag) const {
   static CMemberId member(L"Tag");
   PutText(member, tag);
-}
-
-void CCommandBarControl::SetTooltipText(std::wstring_view text) const {
-  static CMemberId member(L"TooltipText");
-  PutText(member, text);
 }
 
 void CCommandBarControl::SetEnabled(bool enabled) const {
@@ -61,11 +46,6 @@ void CCommandBarControl::SetEnabled(bool enabled) const {
 void CCommandBarControl::SetVisible(bool visible) const {
   static CMemberId member(L"Visible");
   PutBool(member, visible);
-}
-
-void CCommandBarControl::SetBeginGroup(bool begin) const {
-  static CMemberId member(L"BeginGroup");
-  PutBool(member, begin);
 }
 
 void CCommandBarControl::SetWidth(int32_t pixels) const {
@@ -159,16 +139,6 @@ IDispatchPtr CCommandBarControls::Add(long controlType) const {
       CallMethod(member, _variant_t(controlType), missing, missing, missing, _variant_t(true)));
 }
 
-int32_t CCommandBarControls::Count() const {
-  static CMemberId member(L"Count");
-  return GetLong(member);
-}
-
-CCommandBarControl CCommandBarControls::Item(int32_t index) const {
-  static CMemberId member(L"Item");
-  return CCommandBarControl(ObjectFrom(GetIndexed(member, _variant_t(static_cast<long>(index)))));
-}
-
 CCommandBar::CCommandBar(IDispatchPtr object) : CDispatchObject(std::move(object), kCommandBarId) {}
 REFIID CCommandBar::InterfaceId() noexcept {
   return kCommandBarId;
@@ -237,11 +207,6 @@ void CCommandBar::SetTop(int32_t pixels) const {
 int32_t CCommandBar::Width() const {
   static CMemberId member(L"Width");
   return GetLong(member);
-}
-
-void CCommandBar::SetWidth(int32_t pixels) const {
-  static CMemberId member(L"Width");
-  PutLong(member, pixels);
 }
 
 int32_t CCommandBar::Height() const {

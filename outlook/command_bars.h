@@ -16,7 +16,6 @@ inline constexpr long kControlComboBox = 4;
 inline constexpr long kControlPopup = 10;
 
 inline constexpr long kBarTop = 1;
-inline constexpr long kBarFloating = 4;
 
 inline constexpr int32_t kButtonIconAndCaption = 3;
 inline constexpr int32_t kComboLabel = 1;
@@ -36,14 +35,10 @@ class CCommandBarControl : public CDispatchObject {
   explicit CCommandBarControl(IDispatchPtr object);
   static REFIID InterfaceId() noexcept;
 
-  std::wstring Caption() const;
   void SetCaption(std::wstring_view caption) const;
-  std::wstring Tag() const;
   void SetTag(std::wstring_view tag) const;
-  void SetTooltipText(std::wstring_view text) const;
   void SetEnabled(bool enabled) const;
   void SetVisible(bool visible) const;
-  void SetBeginGroup(bool begin) const;
   void SetWidth(int32_t pixels) const;
   void Delete() const;
 
@@ -94,8 +89,6 @@ class CCommandBarControls : public CDispatchObject {
 
   // A new temporary control at the end.
   IDispatchPtr Add(long controlType) const;
-  int32_t Count() const;
-  CCommandBarControl Item(int32_t index) const;  // from 1
 };
 
 class CCommandBar : public CDispatchObject {
@@ -117,7 +110,6 @@ class CCommandBar : public CDispatchObject {
   int32_t Top() const;
   void SetTop(int32_t pixels) const;
   int32_t Width() const;
-  void SetWidth(int32_t pixels) const;
   int32_t Height() const;
 };
 
