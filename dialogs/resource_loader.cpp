@@ -1,6 +1,7 @@
 #include "dialogs/resource_loader.h"
 
 #include <cstring>
+#include <utility>
 
 namespace quor {
 namespace {
@@ -28,6 +29,15 @@ std::wstring StringInBlock(std::span<const std::byte> block, int position) {
   }
 }
 
+BOOL CALLBACK CollectLanguage(HMODULE, LPCWSTR, LPCWSTR, WORD language, LONG_PTR found) noexcept {
+  try {
+    reinterpret_cast<std::vector<LANGID>*>(found)->push_back(language);
+    return TRUE;
+  } catch (...) {
+    return FALSE;
+  }
+}
+
 }  // namespace
 
 void CResourceLoader::SetLanguage(uint16_t primary, uint16_t sub) noexcept {
@@ -41,6 +51,19 @@ std::wstring CResourceLoader::Text(int id) const {
     if (!text.empty()) return text;
   }
   return {};
+}
+
+std::vector<std::wstring> CResourceLoader::TextInEveryLanguage(int id) const {
+  const int block = id / kStringsPerBlock + 1;
+  std::vector<LANGID> languages;
+  EnumResourceLanguagesW(m_module, RT_STRING, MAKEINTRESOURCEW(block), CollectLanguage,
+                         reinterpret_cast<LONG_PTR>(&languages));
+  std::vector<std::wstring> texts;
+  for (const LANGID language : languages) {
+    std::wstring text = StringInBlock(Find(RT_STRING, block, language), id % kStringsPerBlock);
+    if (!text.empty()) texts.push_back(std::move(text));
+  }
+  return texts;
 }
 
 const DLGTEMPLATE* CResourceLoader::DialogTemplate(int id) const noexcept {

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "dialogs/string_table.h"
 
@@ -25,6 +26,8 @@ class CResourceLoader final : public IStringTable {
   void SetLanguage(uint16_t primary, uint16_t sub) noexcept;
 
   std::wstring Text(int id) const override;
+  // The text in each of the languages that have it.
+  std::vector<std::wstring> TextInEveryLanguage(int id) const;
   // Null when there is none. Valid as long as the module is loaded.
   const DLGTEMPLATE* DialogTemplate(int id) const noexcept;
   // The bytes of a language-neutral resource of a type of ours; empty when there is none. Valid as

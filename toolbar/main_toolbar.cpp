@@ -3,6 +3,7 @@
 #include "outlook/com_boundary.h"
 #include "resources/resource_ids.h"
 #include "telephone/telephone_state.h"
+#include "toolbar/telephone_bar.h"
 
 namespace quor {
 
@@ -20,6 +21,10 @@ HRESULT CMainToolbar::Create(const CExplorer& explorer, int32_t appVersion,
   if (appVersion >= kFirstRibbonVersion) return S_OK;
   try {
     const CCommandBars bars(explorer.CommandBars());
+    // A bar left by a crash may have its name from another language. Its controls have our tags, so
+    // they would be found in place of the new ones.
+    for (const std::wstring& name : m_resources.TextInEveryLanguage(IDS_PRODUCT_NAME))
+      DeleteStaleBar(bars, name);
     m_bar.Create(bars, m_resources.Text(IDS_PRODUCT_NAME), place);
     return S_OK;
   } catch (const _com_error& error) {

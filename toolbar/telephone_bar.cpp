@@ -6,16 +6,6 @@
 namespace quor {
 namespace {
 
-void DeleteStaleBar(const CCommandBars& bars, const std::wstring& name) {
-  CCommandBar stale;
-  try {
-    stale = bars.Item(name);
-  } catch (const _com_error&) {
-    return;  // how Office says that there is none
-  }
-  if (stale) stale.Delete();
-}
-
 ScreenArea WorkAreaAt(const ToolBarRecord& place) noexcept {
   MONITORINFO monitor = {};
   monitor.cbSize = sizeof monitor;
@@ -38,6 +28,16 @@ void MoveBar(const CCommandBar& bar, const ToolBarRecord& place) {
 }
 
 }  // namespace
+
+void DeleteStaleBar(const CCommandBars& bars, const std::wstring& name) {
+  CCommandBar stale;
+  try {
+    stale = bars.Item(name);
+  } catch (const _com_error&) {
+    return;  // how Office says that there is none
+  }
+  if (stale) stale.Delete();
+}
 
 CCommandBar MakeBar(const CCommandBars& bars, const std::wstring& name) {
   DeleteStaleBar(bars, name);

@@ -11,6 +11,9 @@ namespace quor {
 
 // What every command bar of ours has in common, in the main window and in those of contacts.
 
+// Takes away the bar of this name if there is one. Throws _com_error when Outlook refuses.
+void DeleteStaleBar(const CCommandBars& bars, const std::wstring& name);
+
 // A new temporary bar at the top, not shown yet. One of the same name, left by a crash or by a
 // window closed before, is deleted first. Throws _com_error.
 CCommandBar MakeBar(const CCommandBars& bars, const std::wstring& name);
