@@ -42,9 +42,10 @@ void CUserInterface::SavePlaces() noexcept {
 
 void CUserInterface::OnFolderSwitch() {
   StoreDialText({});
+  // First, since it invalidates the ribbon: that serves for all that follows.
+  SetToolBarState();
   SetDialText({});
   FillToolbar();
-  SetToolBarState();
 }
 
 void CUserInterface::DisconnectMainToolbar() noexcept {
