@@ -91,6 +91,7 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   void FinalRelease() noexcept;
   IUnknown& Identity() noexcept { return static_cast<IDTExtensibility2&>(*this); }
 
+  HRESULT LoadRibbon(IDispatch* ribbon);
   HRESULT RibbonClicked(IDispatch* control);
   HRESULT CreateOptionsPage(REFIID iid, void** object);
 

@@ -4,11 +4,16 @@
 namespace quor {
 
 STDMETHODIMP CAddin::RibbonLoadMain(IDispatch* ribbon) {
-  return m_ui.Ribbon().Load(ribbon);
+  return LoadRibbon(ribbon);
 }
 
 STDMETHODIMP CAddin::RibbonLoadContact(IDispatch* ribbon) {
-  return m_ui.Ribbon().Load(ribbon);
+  return LoadRibbon(ribbon);
+}
+
+HRESULT CAddin::LoadRibbon(IDispatch* ribbon) {
+  // Nobody would let go of one that comes after the disconnection.
+  return m_disconnected ? S_OK : m_ui.Ribbon().Load(ribbon);
 }
 
 STDMETHODIMP CAddin::GetLabel(IDispatch* control, BSTR* label) {
@@ -73,6 +78,7 @@ STDMETHODIMP CAddin::ContactLine2Clicked(IDispatch* control) {
 }
 
 HRESULT CAddin::RibbonClicked(IDispatch* control) {
+  if (m_disconnected) return S_OK;
   // A click may end in the removal of the add-in.
   const IUnknownPtr alive = &Identity();
   return m_ui.Ribbon().Clicked(control);

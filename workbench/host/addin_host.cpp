@@ -6,7 +6,7 @@
 #include <oleauto.h>
 // clang-format on
 
-#include "workbench/office/value.h"
+#include "workbench/host/ribbon_call.h"
 #include "workbench/scenario/results.h"
 #include "workbench/scenario/scenario_error.h"
 
@@ -132,6 +132,11 @@ uint32_t CAddInHost::CustomUi(const std::string& ribbonId, std::optional<std::st
   }
   SysFreeString(text);
   return Result(result);
+}
+
+uint32_t CAddInHost::CallRibbon(const RibbonCall& call, std::string& answer) {
+  const CValue control = m_surroundings.RibbonControl(call.control);
+  return Result(CallRibbonCallback(Loaded(), call, V_DISPATCH(&control.Get()), answer));
 }
 
 void CAddInHost::ReleaseObject() {

@@ -10,6 +10,7 @@
 #include "workbench/host/import_faults.h"
 #include "workbench/host/message_loop.h"
 #include "workbench/host/registered_addin.h"
+#include "workbench/office/value.h"
 #include "workbench/scenario/stage.h"
 
 namespace quor::workbench {
@@ -22,6 +23,9 @@ class IAddInSurroundings {
   // The document of a ribbon and the object that answers its callbacks.
   virtual void OnRibbon(const std::string& ribbonId, const std::string& document,
                         IUnknown* callbacks) = 0;
+  // A control of its ribbon, or what RibbonCall::control says instead. A reference of the
+  // receiver's.
+  virtual CValue RibbonControl(const std::string& id) = 0;
   // The add-in goes: nothing of its may be kept.
   virtual void OnAddInGone() = 0;
 
@@ -46,6 +50,7 @@ class CAddInHost final : public IHostStage {
   uint32_t BeginShutdown() override;
   uint32_t Disconnect(int mode) override;
   uint32_t CustomUi(const std::string& ribbonId, std::optional<std::string>& document) override;
+  uint32_t CallRibbon(const RibbonCall& call, std::string& answer) override;
   bool IsConnected() override { return m_connected; }
   bool IsLoaded() override { return m_addIn != nullptr; }
   void Unload() override;

@@ -12,10 +12,10 @@ constexpr int kFirstExplorerRibbon = 14;
 constexpr int kFirstInspectorRibbon = 12;
 constexpr char kExplorerRibbon[] = "Microsoft.Outlook.Explorer";
 constexpr char kContactRibbon[] = "Microsoft.Outlook.Contact";
-const wchar_t* TabOf(ItemType type) {
+const wchar_t* TabOf(ItemType type, bool calendarAsTable) {
   switch (type) {
     case ItemType::Appointment:
-      return L"TabCalendar";
+      return calendarAsTable ? L"TabCalendarTableView" : L"TabCalendar";
     case ItemType::Contact:
     case ItemType::DistributionList:
       return L"TabContacts";
@@ -180,7 +180,7 @@ void COfficeFace::OnChanged() {
     parts->window->Redraw();
     if (!parts->isExplorer || !parts->ribbon) continue;
     const auto& explorer = static_cast<CExplorer&>(*parts->object);
-    parts->ribbon->SelectTab(TabOf(explorer.Folder().itemType));
+    parts->ribbon->SelectTab(TabOf(explorer.Folder().itemType, m_calendarAsTable));
   }
 }
 
@@ -208,6 +208,11 @@ void COfficeFace::OpenMenu(CWindowObject* window, const std::vector<std::wstring
   WindowParts& parts = Find(window);
   if (path.empty()) return parts.window->CloseMenus();
   parts.window->OpenMenu(path);
+}
+
+void COfficeFace::ShowCalendarAsTable(bool table) {
+  m_calendarAsTable = table;
+  OnChanged();
 }
 
 std::vector<ControlFace> COfficeFace::Controls(CWindowObject* window) {

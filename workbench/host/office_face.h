@@ -46,6 +46,9 @@ class COfficeFace final : public IOutlookFace {
   // Leaves a menu open, so that a picture shows it; an empty path closes all.
   void OpenMenu(CWindowObject* window, const std::vector<std::wstring>& path);
 
+  // From now on, in every main window.
+  void ShowCalendarAsTable(bool table);
+
   // The controls of an explorer (null: the first) or of an inspector.
   std::vector<ControlFace> Controls(CWindowObject* window);
   void Click(CWindowObject* window, const std::vector<std::wstring>& path);
@@ -88,6 +91,7 @@ class COfficeFace final : public IOutlookFace {
   std::unique_ptr<CRibbonHost> m_explorerRibbon;
   std::unique_ptr<CRibbonHost> m_contactRibbon;
   bool m_contactRibbonAsked = false;
+  bool m_calendarAsTable = false;
   std::vector<std::unique_ptr<WindowParts>> m_windows;
 };
 

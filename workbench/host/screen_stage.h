@@ -19,6 +19,7 @@ class CScreenStage final : public IScreenStage {
   void Click(const std::string& inspector, const std::vector<std::string>& path) override;
   void Type(const std::string& control, const std::string& text) override;
   void Pick(const std::string& control, const std::string& item) override;
+  void ShowCalendarAsTable(bool table) override { m_face.ShowCalendarAsTable(table); }
   std::vector<WindowView> Windows() override;
   void Press(const std::string& title, const std::string& button) override;
   void Enter(const std::string& title, int field, const std::string& text) override;

@@ -5,6 +5,7 @@
 #include <objbase.h>
 // clang-format on
 
+#include "workbench/ribbon/ribbon_objects.h"
 #include "workbench/scenario/results.h"
 
 namespace quor::workbench {
@@ -75,6 +76,14 @@ IDispatch* CWorkbench::AddInInstance() {
 void CWorkbench::OnRibbon(const std::string& ribbonId, const std::string& document,
                           IUnknown* callbacks) {
   m_face.LoadRibbon(ribbonId, document, callbacks);
+}
+
+CValue CWorkbench::RibbonControl(const std::string& id) {
+  if (id == "null") return CValue(static_cast<IDispatch*>(nullptr));
+  if (id == "foreign") return CValue(m_outlook.Application());
+  const auto control = MakeObject<CRibbonControl>(m_outlook.Model(), WideFromUtf8(id), L"",
+                                                  CModelPtr<CAutomation>());
+  return CValue(control->Face());
 }
 
 void CWorkbench::OnAddInGone() {

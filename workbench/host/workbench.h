@@ -41,6 +41,7 @@ class CWorkbench final : IAddInSurroundings {
   IDispatch* AddInInstance() override;
   void OnRibbon(const std::string& ribbonId, const std::string& document,
                 IUnknown* callbacks) override;
+  CValue RibbonControl(const std::string& id) override;
   void OnAddInGone() override;
   void OnConnectSet(bool connect);
 

@@ -2,6 +2,7 @@
 
 #include "workbench/scenario/commands.h"
 #include "workbench/scenario/run.h"
+#include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
 
@@ -48,6 +49,13 @@ void SwitchFolder(CRun& run, const CCommandArguments& arguments) {
   run.stage.host.Pump();
 }
 
+void SwitchCalendar(CRun& run, const CCommandArguments& arguments) {
+  if (!arguments.Is(0, "table") && !arguments.Is(0, "days")) {
+    throw CScenarioError("usage: switch calendar table|days");
+  }
+  run.stage.screen.ShowCalendarAsTable(arguments.Is(0, "table"));
+}
+
 void OpenInspector(CRun& run, const CCommandArguments& arguments) {
   run.stage.outlook.OpenInspector(arguments.Text(0));
   run.stage.host.Pump();
@@ -77,6 +85,9 @@ constexpr Command kCommands[] = {
     {"switch folder", "PATH",
      "Shows another folder in the main window: Inbox, Calendar, Contacts, Contacts/Customers.", 1,
      1, Block::None, SwitchFolder},
+    {"switch calendar", "table|days",
+     "How calendar folders are shown in the main window; the ribbon has a tab for each.", 1, 1,
+     Block::None, SwitchCalendar},
     {"open contact", "NAME", "Opens the contact's own window.", 1, 1, Block::None, OpenInspector},
     {"close contact", "NAME", "Closes it.", 1, 1, Block::None, CloseInspector},
 };

@@ -1,6 +1,6 @@
 // Outlook's life and what it calls on the add-in.
 
-#include <cstdio>
+#include <climits>
 
 #include "workbench/scenario/commands.h"
 #include "workbench/scenario/results.h"
@@ -78,6 +78,35 @@ void CustomUi(CRun& run, const CCommandArguments& arguments) {
     throw CExpectationFailure(document ? "it gives a document of " +
                                              std::to_string(document->size()) + " characters"
                                        : std::string("it gives nothing"));
+  }
+}
+
+RibbonCall RibbonCallFromWords(const CCommandArguments& arguments) {
+  RibbonCall call = {arguments.Text(0), arguments.Text(1), {}, {}, RibbonCall::Form::Value};
+  for (size_t i = 2; i < arguments.Count() && !arguments.Is(i, "gives"); ++i) {
+    if (arguments.Is(i, "index")) {
+      call.index = arguments.Number(++i, INT_MIN, INT_MAX);
+    } else if (arguments.Is(i, "text")) {
+      call.text = arguments.Text(++i);
+    } else if (arguments.Is(i, "by-reference")) {
+      call.form = RibbonCall::Form::Reference;
+    } else if (arguments.Is(i, "by-variant")) {
+      call.form = RibbonCall::Form::VariantReference;
+    } else {
+      throw CScenarioError("\"" + arguments.Text(i) + "\" is no part of a callback");
+    }
+  }
+  return call;
+}
+
+void Callback(CRun& run, const CCommandArguments& arguments) {
+  std::string answer;
+  run.lastResult = run.stage.host.CallRibbon(RibbonCallFromWords(arguments), answer);
+  run.stage.host.Pump();
+  const size_t count = arguments.Count();
+  if (count < 4 || !arguments.Is(count - 2, "gives")) return;
+  if (answer != arguments.Text(count - 1)) {
+    throw CExpectationFailure("it gives \"" + answer + "\"");
   }
 }
 
@@ -170,6 +199,12 @@ constexpr Command kCommands[] = {
     {"add-ins update", "", "OnAddInsUpdate.", 0, 0, Block::None, AddInsUpdate},
     {"custom ui", "ID [gives nothing|document]", "GetCustomUI for a ribbon id.", 1, 3, Block::None,
      CustomUi},
+    {"callback",
+     "NAME CONTROL|null|foreign [index N] [text TEXT] [by-reference|by-variant] [gives TEXT]",
+     "Calls a callback of the ribbon documents on the add-in, connected or not, with a control of "
+     "that id, with none, or with an object that is no control. What it gives is a text, a number, "
+     "yes or no, object or nothing.",
+     2, 9, Block::None, Callback},
     {"new explorer", "", "A second explorer: raises NewExplorer.", 0, 0, Block::None, NewExplorer},
     {"close explorer", "", "The user closes the main window: raises the explorer's Close.", 0, 0,
      Block::None, CloseExplorer},

@@ -103,6 +103,8 @@ class IScreenStage {
   virtual void Click(const std::string& inspector, const std::vector<std::string>& path) = 0;
   virtual void Type(const std::string& control, const std::string& text) = 0;
   virtual void Pick(const std::string& control, const std::string& item) = 0;
+  // A calendar folder has two views, each with a ribbon tab of its own.
+  virtual void ShowCalendarAsTable(bool table) = 0;
   virtual std::vector<WindowView> Windows() = 0;
   virtual void Press(const std::string& title, const std::string& button) = 0;
   virtual void Enter(const std::string& title, int field, const std::string& text) = 0;
@@ -147,6 +149,17 @@ class IOutlookStage {
   ~IOutlookStage() = default;
 };
 
+// A callback of the ribbon documents, to be called whatever Outlook's state.
+struct RibbonCall {
+  enum class Form { Value, Reference, VariantReference };  // how arguments are handed over
+
+  std::string callback;
+  std::string control;  // an id; "null", or "foreign" for an object that is no control
+  std::optional<int> index;
+  std::optional<std::string> text;
+  Form form = Form::Value;
+};
+
 // Loading the add-in and calling it as Outlook does.
 class IHostStage {
  public:
@@ -159,6 +172,8 @@ class IHostStage {
   virtual uint32_t Disconnect(int mode) = 0;
   // The document, or nothing where the add-in gave none.
   virtual uint32_t CustomUi(const std::string& ribbonId, std::optional<std::string>& document) = 0;
+  // `answer` as a text: "yes", "no", a number, a text, "object", "nothing".
+  virtual uint32_t CallRibbon(const RibbonCall& call, std::string& answer) = 0;
   virtual bool IsConnected() = 0;
   virtual bool IsLoaded() = 0;
   // Lets the add-in go. Throws CExpectationFailure when its object or its module stays.

@@ -43,6 +43,13 @@ uint32_t CNotedStage::CustomUi(const std::string& ribbonId, std::optional<std::s
   return Note("custom ui " + ribbonId);
 }
 
+uint32_t CNotedStage::CallRibbon(const RibbonCall& call, std::string& answer) {
+  answer = call.text.value_or("nothing");
+  return Note("callback " + call.callback + ' ' + call.control + ' ' +
+              std::to_string(call.index.value_or(0)) + ' ' +
+              std::to_string(static_cast<int>(call.form)));
+}
+
 void CNotedStage::Unload() {
   loaded = false;
   Note("unload");

@@ -50,6 +50,7 @@ class CNotedStage final : public IHostStage,
   uint32_t BeginShutdown() override { return Note("begin shutdown"); }
   uint32_t Disconnect(int mode) override;
   uint32_t CustomUi(const std::string& ribbonId, std::optional<std::string>& document) override;
+  uint32_t CallRibbon(const RibbonCall& call, std::string& answer) override;
   bool IsConnected() override { return connected; }
   bool IsLoaded() override { return loaded; }
   void Unload() override;
@@ -99,6 +100,7 @@ class CNotedStage final : public IHostStage,
   void Click(const std::string& inspector, const std::vector<std::string>& path) override;
   void Type(const std::string& control, const std::string& text) override;
   void Pick(const std::string& control, const std::string& item) override;
+  void ShowCalendarAsTable(bool table) override { Note(table ? "table" : "days"); }
   std::vector<WindowView> Windows() override { return windows; }
   void Press(const std::string& title, const std::string& button) override;
   void Enter(const std::string& title, int field, const std::string& text) override;
