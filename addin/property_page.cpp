@@ -80,7 +80,7 @@ STDMETHODIMP CPropPage::Apply() {
   const IUnknownPtr alive = &Identity();
   return GuardComCall(m_log, "options page", [&]() -> HRESULT {
     if (!m_panel.IsDirty()) return S_OK;
-    const OptionValues values = m_panel.Values();
+    const OptionValues values = m_panel.ValuesOver(m_store.Load());
     m_store.Apply(values);
     m_panel.Load(values);
     return S_OK;

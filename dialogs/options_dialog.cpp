@@ -61,7 +61,7 @@ void COptionsDialog::Load(const OptionValues& values) {
 
 void COptionsDialog::Apply() {
   if (!m_panel.IsDirty()) return;
-  const OptionValues values = m_panel.Values();
+  const OptionValues values = m_panel.ValuesOver(m_store.Load());
   m_store.Apply(values);
   Load(values);
 }

@@ -84,6 +84,16 @@ OptionValues COptionsPanel::Values() const noexcept {
   return values;
 }
 
+OptionValues COptionsPanel::ValuesOver(OptionValues current) const noexcept {
+  const OptionValues chosen = Values();
+  if (chosen.languageNo != m_loaded.languageNo) current.languageNo = chosen.languageNo;
+  for (size_t slot = 0; slot < kPopUpSlots; ++slot) {
+    const int32_t mode = chosen.popUpModes[slot];
+    if (mode != m_loaded.popUpModes[slot]) current.popUpModes[slot] = mode;
+  }
+  return current;
+}
+
 void COptionsPanel::FillList(int id, int firstText) {
   const HWND list = GetDlgItem(m_window, id);
   for (int row = 0; row < 3; ++row) {

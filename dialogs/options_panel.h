@@ -46,6 +46,9 @@ class COptionsPanel {
   // shows as what it means and comes back as it was unless the user chooses another.
   void Load(const OptionValues& values);
   OptionValues Values() const noexcept;
+  // `current` with what the user has chosen here since the values were loaded: what was kept
+  // elsewhere meanwhile stays.
+  OptionValues ValuesOver(OptionValues current) const noexcept;
   // Whether the values differ from those last loaded.
   bool IsDirty() const noexcept { return Values() != m_loaded; }
 

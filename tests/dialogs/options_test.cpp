@@ -76,6 +76,17 @@ TEST_F(OptionsWindow, OpenedTwiceIsOneWindowWithItsChoices) {
   EXPECT_TRUE(CanApply());
 }
 
+TEST_F(OptionsWindow, AppliesOnlyWhatWasChosenHere) {
+  Open();
+  Choose(Control(IDC_OPTIONS_POP_UP + 5), 2);
+  // Outlook's own options dialog has the same page, and is quicker.
+  m_desk.stored = {kFrench, {2, 1, 1, 1, 1, 2}};
+  Press(IDC_OPTIONS_APPLY);
+  EXPECT_EQ(m_desk.applied, (std::vector<OptionValues>{{kFrench, {2, 1, 1, 1, 1, 0}}}));
+  EXPECT_EQ(TextOf(Control(IDC_OPTIONS_LANGUAGE)), L"Français");
+  EXPECT_FALSE(CanApply());
+}
+
 TEST_F(OptionsWindow, ValuesThatAreNoChoiceStay) {
   m_desk.stored = {-1, {7, -3, 1, 1, 1, 1}};
   Open();
