@@ -1,6 +1,7 @@
 #include "addin/user_dialogs.h"
 
 #include <shellapi.h>
+#include <shlwapi.h>
 
 #include "module/log_file.h"
 #include "module/module.h"
@@ -109,8 +110,13 @@ void CUserDialogs::SwitchLog(bool on) {
 }
 
 void CUserDialogs::OpenLogFolder() {
-  const std::string path = CLogFile::TodaysPath();
-  const std::string folder = path.substr(0, path.find_last_of('\\'));
+  // There is no folder before the first line is written: then the one around it.
+  std::string folder = CLogFile::TodaysPath();
+  do {
+    const size_t end = folder.find_last_of('\\');
+    if (end == std::string::npos) return;
+    folder.resize(end);
+  } while (!PathFileExistsA(folder.c_str()));
   ShellExecuteA(nullptr, "open", folder.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
 }
 

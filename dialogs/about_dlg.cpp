@@ -31,6 +31,7 @@ void CAboutDlg::Fill(const AboutFacts& facts) {
        m_resources.Text(facts.baseIsConnected ? IDS_BASE_CONNECTED : IDS_BASE_NOT_CONNECTED));
   show(IDC_ABOUT_CONFIGURATION, facts.configurationPath);
   show(IDC_ABOUT_LOG, facts.logPath);
+  EnableWindow(Control(IDC_ABOUT_OPEN_FOLDER), !facts.logPath.empty());
   CheckDlgButton(Window(), IDC_ABOUT_WRITE_LOG, facts.logIsOn ? BST_CHECKED : BST_UNCHECKED);
 }
 
