@@ -2,6 +2,12 @@
 #include "resources/resource_ids.h"
 
 namespace quor {
+namespace {
+
+// Milliseconds. Longer than the keyboard takes from one repetition of an arrow key to the next.
+constexpr UINT kSelectionRest = 200;
+
+}  // namespace
 
 void CAddin::OnDeviceEvent(DeviceEvent event, uint8_t lineType) {
   m_telephone.Events().OnEventGet(static_cast<uint32_t>(event), lineType);
@@ -33,6 +39,10 @@ void CAddin::OnRequest(WindowRequest request, uint32_t parameter) {
 void CAddin::OnTimer(UINT_PTR timer) {
   if (timer == kDeferredTimer) BuildContacts();
   if (timer == kDevicePollTimer) m_link.ReceiveFrame();
+  if (timer == kSelectionTimer) {
+    m_window.StopTimer(kSelectionTimer);
+    m_ui.FollowSelection();
+  }
 }
 
 void CAddin::BuildContacts() {
@@ -75,9 +85,9 @@ void CAddin::OnOptionsPagesAdd(IDispatch* pages) {
 }
 
 void CAddin::OnSelectionChange() {
-  // Nothing is read here: what is selected is looked at when it is needed, so that walking through
-  // a list costs nothing.
   m_log.Write("CAddin::OnSelectionChange\n");
+  // Nothing is read yet: walking through a list with the arrow keys must cost nothing.
+  if (m_finished && !m_explorerClosed) m_window.StartTimer(kSelectionTimer, kSelectionRest);
 }
 
 void CAddin::OnFolderSwitch() {

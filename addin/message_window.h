@@ -14,6 +14,8 @@ namespace quor {
 // The one-shot timer of the deferred contacts build. Unsigned, like every timer id, so that a
 // 64-bit build does not sign-extend it.
 inline constexpr UINT_PTR kDeferredTimer = 0x80000001u;
+// One-shot: the selection in the main window has come to rest.
+inline constexpr UINT_PTR kSelectionTimer = 0x80000003u;
 
 // What arrives at the hidden window. Called inside a boundary: throwing is allowed.
 class IWindowHandler {
@@ -27,7 +29,7 @@ class IWindowHandler {
 };
 
 // The hidden window, named "CAddin", through which everything asynchronous comes back to Outlook's
-// own thread: posted device events and requests, and the two timers.
+// own thread: posted device events and requests, and the timers.
 class CMessageWindow final : public IMessageQueue {
  public:
   // `owner` is the object that holds this window: it is kept alive while a message is handled,
@@ -40,7 +42,7 @@ class CMessageWindow final : public IMessageQueue {
 
   // A failure carries the last Win32 error; without one (no desktop, say) it is E_FAIL.
   HRESULT Create() noexcept;
-  // Ends both timers with the window; messages still queued are dropped.
+  // Ends the timers with the window; messages still queued are dropped.
   void Destroy() noexcept;
 
   bool PostDeviceEvent(DeviceEvent event, uint8_t lineType) noexcept override;

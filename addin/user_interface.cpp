@@ -1,11 +1,26 @@
 #include "addin/user_interface.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "device/line_type.h"
+#include "resources/resource_ids.h"
 #include "text/ansi.h"
 #include "text/dial_chars.h"
 #include "toolbar/selected_contact.h"
 
 namespace quor {
+namespace {
+
+// A number without blanks and the like. One with nothing to dial stays as it is written: the
+// dialler's refusal tells why.
+std::wstring DialChars(std::wstring_view number) {
+  std::string written = AnsiFromWide(number);
+  std::wstring dialled = WideFromAnsi(FilterDialChars(written));
+  return dialled.empty() ? std::wstring(number) : dialled;
+}
+
+}  // namespace
 
 CUserInterface::CUserInterface(CTelephone& telephone, COutlookSession& session, CSettings& settings,
                                CUserDialogs& dialogs, const CResourceLoader& resources,
@@ -41,11 +56,25 @@ void CUserInterface::SavePlaces() noexcept {
 }
 
 void CUserInterface::OnFolderSwitch() {
+  m_candidates.clear();
   StoreDialText({});
   // First, since it invalidates the ribbon: that serves for all that follows.
   SetToolBarState();
   SetDialText({});
   FillToolbar();
+}
+
+void CUserInterface::FollowSelection() {
+  const CExplorer explorer = m_session.MainExplorer();
+  const SelectedContact selected = ReadSelectedContact(explorer, m_log);
+  std::vector<DialCandidate> candidates;
+  for (const auto& [type, number] : selected.numbers) {
+    const std::wstring kind = m_resources.Text(IDS_NUMBER_KIND + type);
+    candidates.push_back({kind + L": " + number, number});
+  }
+  if (candidates == m_candidates) return;
+  m_candidates = std::move(candidates);
+  m_toolbar.RefreshDialList();
 }
 
 void CUserInterface::DisconnectMainToolbar() noexcept {
@@ -101,19 +130,31 @@ void CUserInterface::ClickSpeedDial(SpeedDialAction action, size_t entry) {
 }
 
 void CUserInterface::ChangeDialBox(std::wstring_view text, int listIndex) {
+  const std::optional<std::wstring> number = CandidateNumber(text);
+  if (number) {
+    text = *number;
+    listIndex = 0;
+  }
   m_telephone.Dialler().OnChangeComboBox(text, listIndex);
 }
 
 void CUserInterface::StoreDialText(std::wstring_view text) {
-  m_telephone.Dialler().StoreBoxText(text);
+  const std::optional<std::wstring> number = CandidateNumber(text);
+  m_telephone.Dialler().StoreBoxText(number ? *number : text);
+}
+
+// By its text, since the ribbon tells nothing else of a picked entry.
+std::optional<std::wstring> CUserInterface::CandidateNumber(std::wstring_view text) const {
+  const auto picked = std::ranges::find(m_candidates, text, &DialCandidate::label);
+  if (picked == m_candidates.end()) return std::nullopt;
+  return DialChars(picked->number);
 }
 
 // A number from a list or a contact is kept as its owner wrote it, and dialled without blanks and
 // the like. On the ribbon a line is chosen by a click that follows: the number waits in the dial
 // box.
 void CUserInterface::DialNumber(std::wstring_view number) {
-  std::string written = AnsiFromWide(number);
-  const std::wstring dialled = WideFromAnsi(FilterDialChars(written));
+  const std::wstring dialled = DialChars(number);
   if (m_telephone.Dialler().DialCall(0, dialled) || !m_telephone.State().HasRibbon()) return;
   StoreDialText(dialled);
   m_toolbar.Ribbon().InvalidateOnce();
@@ -124,17 +165,15 @@ void CUserInterface::DialNumber(std::wstring_view number) {
 void CUserInterface::ClickContactLine(uint8_t lineType, std::wstring_view firstNumber) {
   const bool dials =
       m_telephone.State().HasRibbon() && m_telephone.Lines().GetLineState(lineType) == kStateIdle;
-  if (dials && m_telephone.Dialler().BoxText().empty()) {
-    std::string written = AnsiFromWide(firstNumber);
-    StoreDialText(WideFromAnsi(FilterDialChars(written)));
-  }
+  if (dials && m_telephone.Dialler().BoxText().empty()) StoreDialText(DialChars(firstNumber));
   ClickLine(lineType);
 }
 
 // What somebody who adds a speed dial entry most likely wants to keep: the contact he has selected,
 // else the last caller.
 SpeedDialEntry CUserInterface::OfferedEntry() {
-  const DialCandidates selected = ReadSelectedContact(m_session.MainExplorer(), m_log);
+  const CExplorer explorer = m_session.MainExplorer();
+  const SelectedContact selected = ReadSelectedContact(explorer, m_log);
   if (!selected.numbers.empty()) return {selected.fileAs, selected.numbers.front().number};
   const std::vector<CallEntry>& callers = m_settings.Values().callerLists;
   return callers.empty() ? SpeedDialEntry()
@@ -142,7 +181,7 @@ SpeedDialEntry CUserInterface::OfferedEntry() {
 }
 
 CControlFaces CUserInterface::Faces() const {
-  return CControlFaces(m_telephone.State(), m_settings.Values(), m_resources);
+  return CControlFaces(m_telephone.State(), m_settings.Values(), m_resources, m_candidates);
 }
 
 }  // namespace quor

@@ -1,7 +1,10 @@
 #ifndef QUOR_ADDIN_USER_INTERFACE_H
 #define QUOR_ADDIN_USER_INTERFACE_H
 
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "addin/outlook_session.h"
 #include "addin/user_dialogs.h"
@@ -37,6 +40,8 @@ class CUserInterface final : public ITelephoneControls,
 
   void OpenContactWindow(const CInspector& inspector) noexcept;
   void OnFolderSwitch();
+  // Offers the numbers of the contact that is selected now in the dial box.
+  void FollowSelection();
 
   // Shutdown, in this order; DeleteMainToolbar only when the user removed the add-in. The place of
   // the bar is noted in the configuration.
@@ -77,6 +82,8 @@ class CUserInterface final : public ITelephoneControls,
   void ClickContactLine(uint8_t lineType, std::wstring_view firstNumber) override;
 
   SpeedDialEntry OfferedEntry();
+  // What is dialled for a text of the dial box; nothing for one that is no candidate's label.
+  std::optional<std::wstring> CandidateNumber(std::wstring_view text) const;
 
   CTelephone& m_telephone;
   COutlookSession& m_session;
@@ -84,6 +91,7 @@ class CUserInterface final : public ITelephoneControls,
   CUserDialogs& m_dialogs;
   const CResourceLoader& m_resources;
   CDiagnosticLog& m_log;
+  std::vector<DialCandidate> m_candidates;
   CContactWindows m_contactWindows;
   CMainToolbar m_toolbar;
 };

@@ -242,10 +242,12 @@ void CCommandBarToolbar::ShowDialList() {
     const CFlagScope scope(m_settingDialBox);
     const CCommandBarComboBox box = FindDialBox();
     if (!box) return;
+    const std::wstring text = box.Text();
     box.Clear();
     for (size_t i = 0; i < m_source.Faces().DialListCount(); ++i) {
       box.AddItem(m_source.Faces().DialListItem(i));
     }
+    if (!text.empty()) box.SetText(text);
   });
 }
 

@@ -48,6 +48,7 @@ class CCommandBarToolbar {
 
   // Throws _com_error when the dial box refuses.
   void ClearDialList();
+  // The text in the box stays.
   void ShowDialList();
   // Not a change made by the user.
   void SetDialText(std::wstring_view text);

@@ -98,7 +98,9 @@ ItemFace CControlFaces::ContactNumber(int telNumberType, std::wstring_view numbe
 
 std::wstring CControlFaces::DialListItem(size_t entry) const {
   const auto& list = m_configuration.histories;
-  return entry < list.size() ? list[entry].name : std::wstring();
+  if (entry < list.size()) return list[entry].name;
+  entry -= list.size();
+  return entry < m_candidates.size() ? m_candidates[entry].label : std::wstring();
 }
 
 }  // namespace quor

@@ -2,6 +2,7 @@
 #define QUOR_TOOLBAR_CONTROL_FACES_H
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,14 @@ namespace quor {
 // marks an access key.
 std::wstring MenuCaption(std::wstring_view name);
 
+// A number that the user may want to dial now: one of the selected contact's.
+struct DialCandidate {
+  std::wstring label;   // its kind and itself
+  std::wstring number;  // as its owner wrote it
+
+  bool operator==(const DialCandidate&) const = default;
+};
+
 struct ItemFace {
   std::wstring caption;
   bool enabled = false;
@@ -27,8 +36,8 @@ struct ItemFace {
 class CControlFaces {
  public:
   CControlFaces(const TelephoneState& state, const Configuration& configuration,
-                const IStringTable& texts) noexcept
-      : m_state(state), m_configuration(configuration), m_texts(texts) {}
+                const IStringTable& texts, std::span<const DialCandidate> candidates = {}) noexcept
+      : m_state(state), m_configuration(configuration), m_texts(texts), m_candidates(candidates) {}
 
   // A control by its number (control_state.h). The rules with answer are those of a ringing line.
   std::wstring Caption(int control, bool withAnswer) const;
@@ -47,8 +56,10 @@ class CControlFaces {
   // A number of an open contact, labelled by its kind (telNumberType 1 to 12) and itself.
   ItemFace ContactNumber(int telNumberType, std::wstring_view number) const;
 
-  // The dial box's drop-down list, newest first.
-  size_t DialListCount() const noexcept { return m_configuration.histories.size(); }
+  // The dial box's drop-down list: what was dialled, newest first, then the candidates.
+  size_t DialListCount() const noexcept {
+    return m_configuration.histories.size() + m_candidates.size();
+  }
   std::wstring DialListItem(size_t entry) const;
 
   std::wstring Text(int id) const { return m_texts.Text(id); }
@@ -59,6 +70,7 @@ class CControlFaces {
   const TelephoneState& m_state;
   const Configuration& m_configuration;
   const IStringTable& m_texts;
+  std::span<const DialCandidate> m_candidates;
 };
 
 // Whoever knows the state gives the view of it.

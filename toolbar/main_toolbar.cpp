@@ -48,7 +48,11 @@ void CMainToolbar::DisableControls() noexcept {
 
 void CMainToolbar::PutHistory() noexcept {
   m_log.Write("CAddin::PutHistory\n");
-  GuardCall(m_log, "PutHistory", [this] { m_bar.ShowDialList(); });
+  RefreshDialList();
+}
+
+void CMainToolbar::RefreshDialList() noexcept {
+  GuardCall(m_log, "dial box list", [this] { m_bar.ShowDialList(); });
   m_ribbon.InvalidateOnce();
 }
 

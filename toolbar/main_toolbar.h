@@ -32,6 +32,7 @@ class CMainToolbar {
   void DisableControls() noexcept;
 
   void PutHistory() noexcept;
+  void RefreshDialList() noexcept;
   void PutCallFromCellButton() noexcept;
   void PutCallerList() noexcept;
   void PutSpeedDialButton() noexcept;

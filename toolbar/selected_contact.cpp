@@ -4,18 +4,18 @@
 
 namespace quor {
 
-DialCandidates ReadSelectedContact(const CExplorer& explorer, CDiagnosticLog& log) noexcept {
-  DialCandidates candidates;
+SelectedContact ReadSelectedContact(const CExplorer& explorer, CDiagnosticLog& log) noexcept {
+  SelectedContact selected;
   GuardCall(log, "the selected contact", [&] {
     if (!explorer) return;
     const CSelection selection = explorer.Selection();
     if (!selection || selection.Count() < 1) return;
     const CContactItem contact = QueryObject<CContactItem>(selection.Item(1));
     if (!contact) return;
-    candidates.fileAs = contact.FileAs();
-    candidates.numbers = NumbersOf(contact, log);
+    selected.fileAs = contact.FileAs();
+    selected.numbers = NumbersOf(contact, log);
   });
-  return candidates;
+  return selected;
 }
 
 }  // namespace quor

@@ -10,16 +10,15 @@
 
 namespace quor {
 
-// Whom the user may want to dial: the contact selected in Outlook's main window.
-struct DialCandidates {
+// The contact selected in Outlook's main window: whom the user may want to dial.
+struct SelectedContact {
   std::wstring fileAs;
   std::vector<ContactNumber> numbers;  // only those the contact has, in the order of their types
 };
 
-// Read at the moment they are needed, and nothing before: walking through a list with the arrow
-// keys costs no call, and a contact changed meanwhile is offered as it is now. The first selected
-// item counts; no contact, or one that Outlook refuses (logged), leaves the candidates empty.
-DialCandidates ReadSelectedContact(const CExplorer& explorer, CDiagnosticLog& log) noexcept;
+// Read when it is needed. The first selected item counts; no contact, or one that Outlook refuses
+// (logged), gives an empty result. The explorer must stay alive: any call may close it.
+SelectedContact ReadSelectedContact(const CExplorer& explorer, CDiagnosticLog& log) noexcept;
 
 }  // namespace quor
 

@@ -328,7 +328,7 @@ TEST_F(ContactWindows, TheSelectedContactIsWhomToDial) {
   const CExplorer shown = QueryObject<CExplorer>(explorer.get());
   const auto heldBefore = m_outlook.Held();
   m_outlook.Select({"Anna Lee"});
-  const DialCandidates anna = ReadSelectedContact(shown, m_log);
+  const SelectedContact anna = ReadSelectedContact(shown, m_log);
   EXPECT_EQ(anna.fileAs, L"Anna Lee");
   ASSERT_EQ(anna.numbers.size(), 2u);
   EXPECT_EQ(anna.numbers[1].telNumberType, 7);
