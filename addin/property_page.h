@@ -56,6 +56,7 @@ class CPropPage final : public CDispatchPart<ITelephonePropertyPage>,
   // IOptionsPanelOwner
   void OnOptionsChanged() override;
   void OnAboutPressed() override;
+  void OnPanelFocus() override { UiActivate(); }
 
   CModuleLock m_moduleLock;
   ULONG m_references = 1;

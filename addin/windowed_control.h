@@ -113,6 +113,9 @@ class CWindowedControl : public IOleObject,
 
   IOleClientSite* ClientSite() const noexcept { return m_clientSite; }
 
+  // The keyboard is in the window, or shall come there: from now on the container offers its keys.
+  void UiActivate();
+
   // Called inside a boundary: throwing is allowed.
   virtual void OpenWindow(HWND parent) = 0;
   virtual void CloseWindow() noexcept = 0;
@@ -126,7 +129,6 @@ class CWindowedControl : public IOleObject,
 
  private:
   void Activate(HWND parent, const RECT* place);
-  void UiActivate();
   RECT EnterSite(HWND& parent, const RECT* place);
   HRESULT RequireAdviseHolder() noexcept;
 

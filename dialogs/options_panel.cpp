@@ -166,6 +166,20 @@ INT_PTR CALLBACK COptionsPanel::DialogProcedure(HWND window, UINT message, WPARA
   return result;
 }
 
+bool COptionsPanel::OnNotice(int control, int notice) {
+  const bool isButton = control == IDC_OPTIONS_ABOUT;
+  if (notice == (isButton ? BN_SETFOCUS : CBN_SETFOCUS)) {
+    m_owner.OnPanelFocus();
+  } else if (isButton && notice == BN_CLICKED) {
+    m_owner.OnAboutPressed();
+  } else if (!isButton && notice == CBN_SELCHANGE) {
+    m_owner.OnOptionsChanged();
+  } else {
+    return false;
+  }
+  return true;
+}
+
 INT_PTR COptionsPanel::Handle(UINT message, WPARAM wparam) {
   switch (message) {
     case WM_INITDIALOG:
@@ -176,14 +190,7 @@ INT_PTR COptionsPanel::Handle(UINT message, WPARAM wparam) {
       ShowValues();
       return FALSE;  // TRUE would take the focus
     case WM_COMMAND:
-      if (HIWORD(wparam) == CBN_SELCHANGE) {
-        m_owner.OnOptionsChanged();
-      } else if (HIWORD(wparam) == BN_CLICKED && LOWORD(wparam) == IDC_OPTIONS_ABOUT) {
-        m_owner.OnAboutPressed();
-      } else {
-        return FALSE;
-      }
-      return TRUE;
+      return OnNotice(LOWORD(wparam), HIWORD(wparam));
     case WM_DESTROY:
       m_withoutWindow = Values();
       SetWindowLongPtrW(m_window, DWLP_USER, 0);

@@ -17,6 +17,8 @@ class IOptionsPanelOwner {
   // The user chose something; ask IsDirty.
   virtual void OnOptionsChanged() = 0;
   virtual void OnAboutPressed() = 0;
+  // The keyboard has come to one of the panel's controls.
+  virtual void OnPanelFocus() {}
 
  protected:
   ~IOptionsPanelOwner() = default;
@@ -60,6 +62,7 @@ class COptionsPanel {
  private:
   static INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
   INT_PTR Handle(UINT message, WPARAM wparam);
+  bool OnNotice(int control, int notice);
 
   void FillList(int id, int firstText);
   void ShowValues() noexcept;

@@ -69,6 +69,7 @@ uint32_t CAddInHost::Create() {
   HRESULT result = LoadClass();
   if (FAILED(result)) return Result(result);
   if (m_hasten) m_importFaults.HastenTimers(m_module);
+  if (m_catchOpening) m_importFaults.CatchOpening(m_module);
   result = m_factory->CreateInstance(nullptr, kExtensibilityId, reinterpret_cast<void**>(&m_addIn));
   m_factory->Release();
   m_factory = nullptr;

@@ -61,6 +61,10 @@ class CAddInHost final : public IHostStage {
   // The add-in's timers run as fast as they can, from the next time it is made.
   void HastenTimers() { m_hasten = true; }
 
+  // What the add-in has Windows open for the user is only noted, from the next time it is made.
+  void CatchOpening() { m_catchOpening = true; }
+  const std::string& LastOpened() const { return CImportFaults::LastOpened(); }
+
   const RegisteredAddIn& AddIn() const { return m_registered; }
   // The module of the loaded add-in; null before and after.
   HMODULE Module() const { return m_module; }
@@ -85,6 +89,7 @@ class CAddInHost final : public IHostStage {
   HMODULE m_module = nullptr;
   bool m_connected = false;
   bool m_hasten = false;
+  bool m_catchOpening = false;
 };
 
 }  // namespace quor::workbench

@@ -1,5 +1,9 @@
 #include "workbench/host/addin_windows.h"
 
+// clang-format off
+#include <commctrl.h>
+// clang-format on
+
 #include <algorithm>
 
 #include "workbench/office/value.h"
@@ -8,6 +12,22 @@
 namespace quor::workbench {
 
 namespace {
+
+// The titles of a row of tabs, between bars.
+std::string TabTitles(HWND tabs) {
+  std::string titles;
+  const LRESULT count = SendMessageW(tabs, TCM_GETITEMCOUNT, 0, 0);
+  for (LRESULT tab = 0; tab < count; ++tab) {
+    wchar_t title[256] = {};
+    TCITEMW item = {};
+    item.mask = TCIF_TEXT;
+    item.pszText = title;
+    item.cchTextMax = 256;
+    SendMessageW(tabs, TCM_GETITEMW, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&item));
+    titles += (tab == 0 ? "" : "|") + Utf8FromWide(title);
+  }
+  return titles;
+}
 
 std::string TextOf(HWND window) {
   wchar_t text[1024] = {};
@@ -46,7 +66,7 @@ std::string WithoutMarks(const std::string& text) {
 HWND FindByTitle(const std::vector<HWND>& windows, const std::string& title) {
   HWND hidden = nullptr;
   for (const HWND window : windows) {
-    if (TextOf(window) != title && ClassOf(window) != title) continue;
+    if (!IsCalled(DescribeWindow(window), title)) continue;
     if (IsWindowVisible(window)) return window;
     hidden = window;
   }
@@ -88,7 +108,8 @@ WindowView DescribeWindow(HWND window) {
   view.className = ClassOf(window);
   view.visible = IsWindowVisible(window) != FALSE;
   for (const HWND child : ChildrenOf(window)) {
-    const std::string written = TextOf(child);
+    const std::string written =
+        ClassOf(child) == "SysTabControl32" ? TabTitles(child) : TextOf(child);
     const std::string text = IsInputField(child) ? written : WithoutMarks(written);
     view.texts.push_back(IsWindowEnabled(child) ? text : "[" + text + "]");
   }
@@ -121,6 +142,11 @@ void EnterText(const std::vector<HWND>& windows, const std::string& title, int f
     return;
   }
   throw CScenarioError("\"" + title + "\" has only " + std::to_string(number) + " input fields");
+}
+
+void ActivateByUser(const std::vector<HWND>& windows, const std::string& title) {
+  const HWND window = FindByTitle(windows, title);
+  if (GetActiveWindow() != window) SetForegroundWindow(window);
 }
 
 void CloseByUser(const std::vector<HWND>& windows, const std::string& title) {

@@ -66,6 +66,13 @@ std::optional<std::string> CEvidenceStage::ReadLog() {
   return log;
 }
 
+std::optional<std::string> CEvidenceStage::LastOpened() {
+  const std::string folder = Utf8FromWide(m_data.Folder());
+  const std::string& opened = m_host.LastOpened();
+  if (opened.empty() || !opened.starts_with(folder)) return std::nullopt;
+  return opened == folder ? "." : opened.substr(folder.size() + 1);
+}
+
 std::vector<std::string> CEvidenceStage::ReadXml(const std::string& path,
                                                  const std::string& xpath) {
   return QueryXmlFile(m_data.FullPath(path), xpath);

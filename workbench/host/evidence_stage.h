@@ -1,6 +1,7 @@
 #ifndef QUOR_WORKBENCH_HOST_EVIDENCE_STAGE_H
 #define QUOR_WORKBENCH_HOST_EVIDENCE_STAGE_H
 
+#include "workbench/host/addin_host.h"
 #include "workbench/host/application_data.h"
 #include "workbench/scenario/stage.h"
 
@@ -9,7 +10,7 @@ namespace quor::workbench {
 // Files of the run, its diagnostic log, XML and the registry.
 class CEvidenceStage final : public IEvidenceStage {
  public:
-  explicit CEvidenceStage(CApplicationData& data) : m_data(data) {}
+  CEvidenceStage(CApplicationData& data, const CAddInHost& host) : m_data(data), m_host(host) {}
 
   void WriteFile(const std::string& path, const std::string& content) override;
   void CopyIn(const std::string& from, const std::string& path) override;
@@ -18,11 +19,13 @@ class CEvidenceStage final : public IEvidenceStage {
   std::optional<std::string> ReadFile(const std::string& path) override;
   std::vector<std::string> ListFiles() override;
   std::optional<std::string> ReadLog() override;
+  std::optional<std::string> LastOpened() override;
   std::vector<std::string> ReadXml(const std::string& path, const std::string& xpath) override;
   std::optional<std::string> ReadRegistry(const std::string& key, const std::string& name) override;
 
  private:
   CApplicationData& m_data;
+  const CAddInHost& m_host;
 };
 
 }  // namespace quor::workbench

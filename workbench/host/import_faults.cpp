@@ -25,6 +25,7 @@ struct HookedFunction {
 };
 
 bool g_hastenTimers = false;
+std::string g_opened;
 
 bool MustFail(HookedFunction& function) {
   const unsigned call = ++function.calls;
@@ -47,6 +48,7 @@ enum Index {
   kMoveFileExW,
   kMoveFileExA,
   kReplaceFileW,
+  kShellExecuteA,
 };
 
 extern HookedFunction g_functions[];
@@ -73,6 +75,13 @@ UINT_PTR WINAPI SetTimerReplacement(HWND window, UINT_PTR id, UINT period, TIMER
   return original(window, id, g_hastenTimers ? USER_TIMER_MINIMUM : period, procedure);
 }
 
+HINSTANCE WINAPI ShellExecuteReplacement(HWND, LPCSTR, LPCSTR file, LPCSTR, LPCSTR, INT) {
+  constexpr INT_PTR kDone = 33;
+  if (MustFail(g_functions[kShellExecuteA])) return nullptr;
+  g_opened = file;
+  return reinterpret_cast<HINSTANCE>(kDone);
+}
+
 template <typename Function>
 FARPROC AsProc(Function* function) {
   return reinterpret_cast<FARPROC>(function);
@@ -97,6 +106,7 @@ HookedFunction g_functions[] = {
     {"MoveFileExA", AsProc(Replacement<kMoveFileExA, BOOL, FALSE, LPCSTR, LPCSTR, DWORD>)},
     {"ReplaceFileW", AsProc(Replacement<kReplaceFileW, BOOL, FALSE, LPCWSTR, LPCWSTR, LPCWSTR,
                                         DWORD, LPVOID, LPVOID>)},
+    {"ShellExecuteA", AsProc(ShellExecuteReplacement)},
 };
 
 template <typename T>
@@ -170,12 +180,21 @@ void CImportFaults::HastenTimers(HMODULE module) {
   g_hastenTimers = Hook(module, g_functions[kSetTimer]) != nullptr;
 }
 
+void CImportFaults::CatchOpening(HMODULE module) {
+  Hook(module, g_functions[kShellExecuteA]);
+}
+
+const std::string& CImportFaults::LastOpened() {
+  return g_opened;
+}
+
 void CImportFaults::Forget() {
   for (HookedFunction& function : g_functions) {
     if (function.slot) WriteSlot(function.slot, function.original);
     function.slot = nullptr;
   }
   g_hastenTimers = false;
+  g_opened.clear();
 }
 
 }  // namespace quor::workbench

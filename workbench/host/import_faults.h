@@ -9,7 +9,7 @@
 
 namespace quor::workbench {
 
-// Makes Windows functions fail, or timers run fast, for one module alone, by standing between it
+// Makes Windows functions fail or do something else for one module alone, by standing between it
 // and what it imports. The module must be loaded; other modules keep the true functions. One module
 // at a time.
 class CImportFaults {
@@ -24,6 +24,10 @@ class CImportFaults {
   void Fail(HMODULE module, const std::string& name, const FailingCalls& calls);
   // Every timer that the module sets from now on ticks as often as Windows can.
   void HastenTimers(HMODULE module);
+  // What the module asks Windows to open for the user is noted instead: the last, in the ANSI code
+  // page; empty where there was nothing.
+  void CatchOpening(HMODULE module);
+  static const std::string& LastOpened();
   // The faults are over; call it before the module goes.
   static void Forget();
 };

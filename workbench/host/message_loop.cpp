@@ -17,6 +17,8 @@ bool CMessageLoop::HandleOne(UINT first, UINT last) {
   MSG message;
   if (!PeekMessageW(&message, nullptr, first, last, PM_REMOVE)) return false;
   if (message.message == WM_TIMER && IsHeldBack(message)) return true;
+  // A copy: the filter may take itself away.
+  if (const Filter filter = m_filter; filter && filter(message)) return true;
   TranslateMessage(&message);
   const auto handle = [&message] { DispatchMessageW(&message); };
   const bool watched = message.message == WM_TIMER && message.wParam == m_watchedTimer && m_watcher;

@@ -24,6 +24,9 @@ class CMessageLoop {
   // `watcher` gets each message of a timer instead, as an action that handles it; 0: no longer.
   using Watcher = std::function<void(const std::function<void()>& handle)>;
   void WatchTimer(UINT_PTR timer, Watcher watcher);
+  // `filter` sees each message first, and says whether it has used it; null: no longer.
+  using Filter = std::function<bool(MSG& message)>;
+  void SetFilter(Filter filter) { m_filter = std::move(filter); }
   // True while a wait of the scenario, rather than a window's own loop, handles the messages.
   bool IsWaiting() const { return m_waiting; }
 
@@ -33,6 +36,7 @@ class CMessageLoop {
 
   UINT_PTR m_watchedTimer = 0;
   Watcher m_watcher;
+  Filter m_filter;
   UINT_PTR m_firstTimer = 0;
   UINT_PTR m_heldTimer = 0;
   ULONGLONG m_heldUntil = 0;

@@ -37,7 +37,10 @@ int CPlayer::Play() {
 }
 
 void CPlayer::Open() {
-  m_executor.Do([this] { m_workbench = std::make_unique<CWorkbench>(m_options, m_loop); });
+  m_executor.Do([this] {
+    m_workbench = std::make_unique<CWorkbench>(m_options, m_loop);
+    m_workbench->Host().CatchOpening();
+  });
 }
 
 void CPlayer::Close() {

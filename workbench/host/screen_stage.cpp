@@ -1,6 +1,7 @@
 #include "workbench/host/screen_stage.h"
 
 #include "workbench/host/addin_windows.h"
+#include "workbench/host/key_stroke.h"
 #include "workbench/host/screenshot.h"
 #include "workbench/scenario/scenario_error.h"
 
@@ -43,14 +44,20 @@ void AsUser(Action action) {
     throw CExpectationFailure(error.what());
   } catch (const CMailboxError& error) {
     throw CScenarioError(error.what());
+  } catch (const CModelError& error) {
+    throw CExpectationFailure(error.what());
   }
 }
 
 }  // namespace
 
 CScreenStage::CScreenStage(COutlook& outlook, COfficeFace& face, CAddInHost& host,
-                           std::string pictureFolder)
-    : m_outlook(outlook), m_face(face), m_host(host), m_pictureFolder(std::move(pictureFolder)) {}
+                           COptionsWindow& options, std::string pictureFolder)
+    : m_outlook(outlook),
+      m_face(face),
+      m_host(host),
+      m_options(options),
+      m_pictureFolder(std::move(pictureFolder)) {}
 
 CWindowObject* CScreenStage::InspectorOf(const std::string& name) {
   if (name.empty()) return nullptr;
@@ -81,23 +88,43 @@ void CScreenStage::Pick(const std::string& control, const std::string& item) {
   AsUser([&] { m_face.PickEntry(nullptr, WideFromUtf8(control), WideFromUtf8(item)); });
 }
 
+void CScreenStage::OpenOptions() {
+  const CModelPtr<CExplorer> explorer = m_outlook.Session().ActiveExplorer();
+  AsUser([&] { m_options.Open(explorer ? m_face.WindowOf(*explorer) : nullptr); });
+}
+
+std::vector<HWND> CScreenStage::AllWindows() const {
+  std::vector<HWND> windows = m_host.Windows();
+  if (m_options.Window()) windows.push_back(m_options.Window());
+  return windows;
+}
+
 std::vector<WindowView> CScreenStage::Windows() {
   std::vector<WindowView> views;
-  for (const HWND window : m_host.Windows())
+  for (const HWND window : AllWindows())
     views.push_back(DescribeWindow(window));
   return views;
 }
 
 void CScreenStage::Press(const std::string& title, const std::string& button) {
-  PressButton(m_host.Windows(), title, button);
+  PressButton(AllWindows(), title, button);
 }
 
 void CScreenStage::Enter(const std::string& title, int field, const std::string& text) {
-  EnterText(m_host.Windows(), title, field, text);
+  EnterText(AllWindows(), title, field, text);
+}
+
+// The key's modifiers are down until it has been handled.
+void CScreenStage::PressKey(const std::string& title, const std::string& key) {
+  ActivateByUser(AllWindows(), title);
+  m_host.Pump();
+  const CKeyStroke stroke(key);
+  stroke.Post();
+  m_host.Pump();
 }
 
 void CScreenStage::CloseWindow(const std::string& title) {
-  CloseByUser(m_host.Windows(), title);
+  CloseByUser(AllWindows(), title);
 }
 
 std::string CScreenStage::Screenshot(const std::string& name) {

@@ -5,6 +5,7 @@
 
 #include "workbench/host/addin_host.h"
 #include "workbench/host/office_face.h"
+#include "workbench/host/options_window.h"
 #include "workbench/office/outlook.h"
 #include "workbench/scenario/stage.h"
 
@@ -13,26 +14,32 @@ namespace quor::workbench {
 // What a user does with toolbar, ribbon and the add-in's windows.
 class CScreenStage final : public IScreenStage {
  public:
-  CScreenStage(COutlook& outlook, COfficeFace& face, CAddInHost& host, std::string pictureFolder);
+  CScreenStage(COutlook& outlook, COfficeFace& face, CAddInHost& host, COptionsWindow& options,
+               std::string pictureFolder);
 
   std::vector<ControlView> Controls(const std::string& inspector) override;
   void Click(const std::string& inspector, const std::vector<std::string>& path) override;
   void Type(const std::string& control, const std::string& text) override;
   void Pick(const std::string& control, const std::string& item) override;
   void ShowCalendarAsTable(bool table) override { m_face.ShowCalendarAsTable(table); }
+  void OpenOptions() override;
   std::vector<WindowView> Windows() override;
   void Press(const std::string& title, const std::string& button) override;
   void Enter(const std::string& title, int field, const std::string& text) override;
+  void PressKey(const std::string& title, const std::string& key) override;
   void CloseWindow(const std::string& title) override;
   std::string Screenshot(const std::string& name) override;
   std::string Picture(const PictureOrder& order) override;
 
  private:
   CWindowObject* InspectorOf(const std::string& name);
+  // The add-in's windows and Outlook's options, which show its page.
+  std::vector<HWND> AllWindows() const;
 
   COutlook& m_outlook;
   COfficeFace& m_face;
   CAddInHost& m_host;
+  COptionsWindow& m_options;
   std::string m_pictureFolder;
 };
 

@@ -50,11 +50,12 @@ CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
       m_instance(
           m_outlook.AddAddIn({m_addIn.friendlyName, m_addIn.progId, ClassIdText(m_addIn.classId)},
                              [this](bool connect) { OnConnectSet(connect); })),
+      m_options(m_outlook, loop),
       m_baseStage(FolderOf(m_addIn.modulePath), OwnFolder()),
       m_basePanel(m_baseStage),
       m_outlookStage(m_outlook, m_figureStage),
-      m_screenStage(m_outlook, m_face, m_host, options.pictureFolder),
-      m_evidenceStage(m_data) {
+      m_screenStage(m_outlook, m_face, m_host, m_options, options.pictureFolder),
+      m_evidenceStage(m_data, m_host) {
   m_face.Attach(m_outlook.Session(), &m_basePanel);
   m_outlook.OpenExplorer();
 }
@@ -87,6 +88,7 @@ CValue CWorkbench::RibbonControl(const std::string& id) {
 }
 
 void CWorkbench::OnAddInGone() {
+  m_options.Close();
   m_face.UnloadRibbons();
 }
 

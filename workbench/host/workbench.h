@@ -11,6 +11,7 @@
 #include "workbench/host/figure_stage.h"
 #include "workbench/host/message_loop.h"
 #include "workbench/host/office_face.h"
+#include "workbench/host/options_window.h"
 #include "workbench/host/outlook_stage.h"
 #include "workbench/host/screen_stage.h"
 #include "workbench/scenario/options.h"
@@ -52,6 +53,7 @@ class CWorkbench final : IAddInSurroundings {
   CFigureStage m_figureStage;
   CAddInHost m_host;
   CModelPtr<CComAddIn> m_instance;
+  COptionsWindow m_options;
   CBaseStage m_baseStage;
   CBasePanel m_basePanel;
   COutlookStage m_outlookStage;

@@ -82,6 +82,12 @@ void ExpectFiles(CRun& run, const CCommandArguments& arguments) {
   CompareLog(arguments.Block(), run.stage.evidence.ListFiles());
 }
 
+void ExpectOpened(CRun& run, const CCommandArguments& arguments) {
+  const std::optional<std::string> opened = run.stage.evidence.LastOpened();
+  if (!opened) throw CExpectationFailure("nothing was opened");
+  if (*opened != arguments.Text(0)) throw CExpectationFailure("it was " + *opened);
+}
+
 void ExpectXml(CRun& run, const CCommandArguments& arguments) {
   const std::vector<std::string> texts =
       run.stage.evidence.ReadXml(arguments.Text(0), arguments.Text(1));
@@ -178,6 +184,11 @@ constexpr Command kCommands[] = {
      Block::Optional, ExpectFile},
     {"expect files", "", "The block is the list of all files in the application-data folder.", 0, 0,
      Block::Required, ExpectFiles},
+    {"expect opened", "PATH",
+     "What the add-in has had Windows open for the user, the last time: a folder or file in the "
+     "application-data folder, \".\" for that folder itself. While a scenario is played nothing is "
+     "really opened.",
+     1, 1, Block::None, ExpectOpened},
     {"expect xml", "PATH XPATH [TEXT...]",
      "Texts of all nodes at an XPath in an XML file, in order; none means that there are none.", 2,
      kAnyNumber, Block::Optional, ExpectXml},

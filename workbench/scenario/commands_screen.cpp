@@ -97,21 +97,35 @@ std::string Property(const ControlView& control, const std::string& name) {
   throw CScenarioError("\"" + name + "\" is not caption, text, enabled, visible, picture or items");
 }
 
-void ExpectControl(CRun& run, const CCommandArguments& arguments) {
+// What is not as the words say; nothing when all is.
+std::optional<std::string> ControlDifference(CRun& run, const CCommandArguments& arguments) {
   const ControlName name = ReadControlName(arguments);
   const std::optional<ControlView> control = FindControl(run, name);
   if (arguments.Is(name.next, "missing")) {
-    if (control) throw CExpectationFailure("it is there: " + Describe(*control));
-    return;
+    if (control) return "it is there: " + Describe(*control);
+    return std::nullopt;
   }
-  if (!control) throw CExpectationFailure("there is no such control");
+  if (!control) return "there is no such control";
   if (name.next == arguments.Count()) throw CScenarioError("what about it? enabled yes, say");
   for (size_t i = name.next; i < arguments.Count(); i += 2) {
     if (Property(*control, arguments.Text(i)) != arguments.Text(i + 1)) {
-      throw CExpectationFailure("it is " + Describe(*control) +
-                                (control->items.empty() ? "" : " items " + ItemCaptions(*control)));
+      return "it is " + Describe(*control) +
+             (control->items.empty() ? "" : " items " + ItemCaptions(*control));
     }
   }
+  return std::nullopt;
+}
+
+void ExpectControl(CRun& run, const CCommandArguments& arguments) {
+  if (const auto difference = ControlDifference(run, arguments)) {
+    throw CExpectationFailure(*difference);
+  }
+}
+
+void WaitControl(CRun& run, const CCommandArguments& arguments) {
+  constexpr unsigned kLimit = 10'000;  // milliseconds
+  const auto reached = [&] { return !ControlDifference(run, arguments); };
+  if (!run.stage.host.PumpUntil(reached, kLimit)) ExpectControl(run, arguments);
 }
 
 void DumpControls(CRun& run, const CCommandArguments& arguments) {
@@ -141,7 +155,7 @@ void Pick(CRun& run, const CCommandArguments& arguments) {
 std::vector<WindowView> WindowsCalled(CRun& run, const std::string& title) {
   std::vector<WindowView> found;
   for (WindowView& window : run.stage.screen.Windows()) {
-    if (window.title == title || window.className == title) found.push_back(std::move(window));
+    if (IsCalled(window, title)) found.push_back(std::move(window));
   }
   return found;
 }
@@ -151,6 +165,13 @@ std::string Describe(const WindowView& window) {
   for (const std::string& line : window.texts)
     text += "\n  " + line;
   return text;
+}
+
+// "..." at the beginning of an expected text stands for whatever comes before the rest.
+bool Shows(const std::string& text, const std::string& expected) {
+  constexpr std::string_view kWhatever = "...";
+  if (!expected.starts_with(kWhatever)) return text == expected;
+  return !text.empty() && text.ends_with(std::string_view(expected).substr(kWhatever.size()));
 }
 
 void ExpectWindow(CRun& run, const CCommandArguments& arguments) {
@@ -166,13 +187,19 @@ void ExpectWindow(CRun& run, const CCommandArguments& arguments) {
   if (found.empty()) throw CExpectationFailure("there is no such window");
   const bool shown = arguments.Is(1, "shown");
   const auto matches = [&](const WindowView& window) {
-    return window.visible == shown && (!arguments.HasBlock() || window.texts == arguments.Block());
+    return window.visible == shown &&
+           (!arguments.HasBlock() || std::ranges::equal(window.texts, arguments.Block(), Shows));
   };
   if (std::any_of(found.begin(), found.end(), matches)) return;
   std::string text = "it is";
   for (const WindowView& window : found)
     text += "\n" + Describe(window);
   throw CExpectationFailure(text);
+}
+
+void OpenOptions(CRun& run, const CCommandArguments&) {
+  run.stage.screen.OpenOptions();
+  run.stage.host.Pump();
 }
 
 void DumpWindows(CRun& run, const CCommandArguments&) {
@@ -192,6 +219,12 @@ void Enter(CRun& run, const CCommandArguments& arguments) {
   constexpr int kMostFields = 100;
   run.stage.screen.Enter(arguments.Text(0), arguments.Number(1, 1, kMostFields), arguments.Text(2));
   run.stage.host.Pump();
+}
+
+void Keys(CRun& run, const CCommandArguments& arguments) {
+  for (size_t key = 1; key < arguments.Count(); ++key) {
+    run.stage.screen.PressKey(arguments.Text(0), arguments.Text(key));
+  }
 }
 
 void CloseWindow(CRun& run, const CCommandArguments& arguments) {
@@ -242,13 +275,18 @@ constexpr Command kCommands[] = {
      "[enabled|visible|picture yes|no]...",
      "What a control shows. Items stand between bars: \"Cell1|Cell2\".", 2, kAnyNumber, Block::None,
      ExpectControl},
+    {"wait control", "as expect control", "Lets everything run until a control shows that.", 2,
+     kAnyNumber, Block::None, WaitControl},
     {"dump controls", "[CONTACT]", "Shows every control with its caption, state and items.", 0, 1,
      Block::None, DumpControls},
     {"expect window", "TITLE shown|hidden|missing",
-     "A window of the add-in by title or class; the block holds the texts of its controls in "
-     "order, "
-     "disabled ones in brackets.",
+     "A window of the add-in by title or class, or \"TITLE with TEXT\" for the one of several in "
+     "which a control shows that text. The block holds the texts of its controls in order, "
+     "disabled ones in brackets; of a text that begins with \"...\" only the end counts.",
      2, 2, Block::Optional, ExpectWindow},
+    {"open options", "",
+     "Opens \"Outlook Options\", where the add-ins' pages are: raises OptionsPagesAdd.", 0, 0,
+     Block::None, OpenOptions},
     {"dump windows", "", "Shows every window of the add-in with its texts.", 0, 0, Block::None,
      DumpWindows},
     {"press", "TITLE BUTTON", "Presses a button of a window by its text.", 2, 2, Block::None,
@@ -256,6 +294,10 @@ constexpr Command kCommands[] = {
     {"enter", "TITLE FIELD TEXT",
      "Types into the FIELDth input field of a window, from 1; of a list picks the entry.", 3, 3,
      Block::None, Enter},
+    {"keys", "TITLE KEY...",
+     "Presses keys in a window: Tab, Shift+Tab, Alt+l, Enter, Esc, Space, Down and the like; any "
+     "other word is typed.",
+     2, kAnyNumber, Block::None, Keys},
     {"close window", "TITLE", "Closes a window by its title bar.", 1, 1, Block::None, CloseWindow},
     {"screenshot", "NAME", "Saves a picture of the screen; without a screen says so and goes on.",
      1, 1, Block::None, Screenshot},

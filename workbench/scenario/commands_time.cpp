@@ -31,7 +31,7 @@ void WaitWindow(CRun& run, const CCommandArguments& arguments) {
   if (!shown && !arguments.Is(1, "hidden")) throw CScenarioError("wait window TITLE shown|hidden");
   const auto reached = [&] {
     for (const WindowView& window : run.stage.screen.Windows()) {
-      if (window.title == title && window.visible) return shown;
+      if (IsCalled(window, title) && window.visible) return shown;
     }
     return !shown;
   };

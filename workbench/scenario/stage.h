@@ -88,6 +88,10 @@ struct WindowView {
       texts;  // of its child windows, from the first; disabled ones in brackets
 };
 
+// Whether a scenario means this window by `name`: its title, its class, or its title and, after
+// " with ", a text that one of its controls shows.
+bool IsCalled(const WindowView& window, const std::string& name);
+
 // How a picture of the main window is to be taken.
 struct PictureOrder {
   std::string name;
@@ -105,9 +109,14 @@ class IScreenStage {
   virtual void Pick(const std::string& control, const std::string& item) = 0;
   // A calendar folder has two views, each with a ribbon tab of its own.
   virtual void ShowCalendarAsTable(bool table) = 0;
+  // Outlook's options, with the pages of its add-ins.
+  virtual void OpenOptions() = 0;
+  // Windows are named as IsCalled says.
   virtual std::vector<WindowView> Windows() = 0;
   virtual void Press(const std::string& title, const std::string& button) = 0;
   virtual void Enter(const std::string& title, int field, const std::string& text) = 0;
+  // "Tab", "Shift+Tab", "Alt+l", or a text that is typed; and handles it.
+  virtual void PressKey(const std::string& title, const std::string& key) = 0;
   virtual void CloseWindow(const std::string& title) = 0;
   // Returns the path of the picture; empty where there is no screen.
   virtual std::string Screenshot(const std::string& name) = 0;
@@ -202,6 +211,9 @@ class IEvidenceStage {
   virtual std::vector<std::string> ListFiles() = 0;
   // Today's diagnostic log; nothing where there is none.
   virtual std::optional<std::string> ReadLog() = 0;
+  // What the add-in has had Windows open for the user, the last time; "." for the folder itself,
+  // nothing where there was nothing yet.
+  virtual std::optional<std::string> LastOpened() = 0;
   // Texts of the nodes at an XPath in an XML file. Throws CExpectationFailure where it is not
   // well-formed.
   virtual std::vector<std::string> ReadXml(const std::string& path, const std::string& xpath) = 0;

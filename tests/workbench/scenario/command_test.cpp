@@ -39,6 +39,8 @@ TEST(Commands, ReachTheStage) {
       {"click \"Cell menu\" > Cell1 of \"Anna Lee\"", "click Anna Lee/Cell menu/Cell1"},
       {"pick Dial 555", "pick Dial: 555"},
       {"enter Title 2 text", "enter Title 2: text"},
+      {"open options", "open options"},
+      {"keys Title Alt+l", "key Title: Alt+l"},
       {"change contact Anna HomeTelephoneNumber 5", "change Anna.HomeTelephoneNumber=5"},
       {"add contact Customers:\n| BEGIN:VCARD", "add to Customers: BEGIN:VCARD\n"},
       {"disconnect 1", "disconnect 1"},

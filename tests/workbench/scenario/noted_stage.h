@@ -30,6 +30,7 @@ class CNotedStage final : public IHostStage,
   std::vector<Bytes> written;
   std::vector<std::string> usbCalls;
   std::optional<std::string> log;
+  std::optional<std::string> opened;
   std::vector<ControlView> controls;
   std::vector<WindowView> windows;
   std::vector<std::string> held;
@@ -104,6 +105,10 @@ class CNotedStage final : public IHostStage,
   std::vector<WindowView> Windows() override { return windows; }
   void Press(const std::string& title, const std::string& button) override;
   void Enter(const std::string& title, int field, const std::string& text) override;
+  void OpenOptions() override { Note("open options"); }
+  void PressKey(const std::string& title, const std::string& key) override {
+    Note("key " + title + ": " + key);
+  }
   void CloseWindow(const std::string& title) override { Note("close window " + title); }
   std::string Screenshot(const std::string& name) override { return name + ".png"; }
   std::string Picture(const PictureOrder& order) override;
@@ -115,6 +120,7 @@ class CNotedStage final : public IHostStage,
   std::optional<std::string> ReadFile(const std::string& path) override;
   std::vector<std::string> ListFiles() override;
   std::optional<std::string> ReadLog() override { return log; }
+  std::optional<std::string> LastOpened() override { return opened; }
   std::vector<std::string> ReadXml(const std::string&, const std::string&) override { return xml; }
   std::optional<std::string> ReadRegistry(const std::string&, const std::string&) override {
     return registry;

@@ -94,13 +94,20 @@ TEST(Run, ControlsAndWindowsAreCompared) {
                        "expect control Other missing\n"
                        "expect window Plug-in shown:\n| Busy.\n| OK\n"
                        "expect window Plug-in hidden\n"
-                       "expect window Other missing\n"),
+                       "expect window \"Plug-in with x\" hidden\n"
+                       "expect window Plug-in shown:\n| ...sy.\n| ...\n"
+                       "expect window Other missing\n"
+                       "wait control \"Cell Tag\" enabled yes\n"),
             "");
   EXPECT_NE(stage.Play("expect control \"Cell Tag\" > Cell1 enabled yes"), "");
   EXPECT_NE(stage.Play("expect control \"Cell Tag\" missing"), "");
   EXPECT_NE(stage.Play("expect control Other enabled yes"), "");
   EXPECT_NE(stage.Play("expect window Plug-in shown:\n| Busy."), "");
+  EXPECT_NE(stage.Play("expect window Plug-in shown:\n| ...busy.\n| OK"), "");
   EXPECT_NE(stage.Play("expect window Plug-in missing"), "");
+  EXPECT_NE(stage.Play("expect window \"Plug-in with OK\" hidden"), "");
+  EXPECT_NE(stage.Play("expect window \"Plug-in with y\" shown"), "");
+  EXPECT_NE(stage.Play("wait control \"Cell Tag\" enabled no"), "");
 }
 
 TEST(Run, EvidenceIsCompared) {
@@ -108,11 +115,13 @@ TEST(Run, EvidenceIsCompared) {
   stage.files = {{"a", "x\n"}};
   stage.xml = {"0"};
   stage.registry = "3";
+  stage.opened = "Temp";
   EXPECT_EQ(stage.Play("expect file a exists\nexpect file a is:\n| x\nexpect file b missing\n"
                        "expect files:\n| a\nexpect xml a //b 0\nexpect setting LanguageNo 0\n"
-                       "expect registry HKLM\\x LoadBehavior 3\nexpect held nothing"),
+                       "expect registry HKLM\\x LoadBehavior 3\nexpect held nothing\n"
+                       "expect opened Temp"),
             "");
-  for (const char* line : {"expect file a missing", "expect file b exists",
+  for (const char* line : {"expect opened .", "expect file a missing", "expect file b exists",
                            "expect file a is:\n| y", "expect files:\n| b", "expect xml a //b",
                            "expect setting LanguageNo 1", "expect registry HKLM\\x LoadBehavior 2",
                            "expect registry HKLM\\x y", "expect held:\n| Explorer"}) {

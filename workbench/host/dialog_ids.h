@@ -1,0 +1,10 @@
+#ifndef QUOR_WORKBENCH_HOST_DIALOG_IDS_H
+#define QUOR_WORKBENCH_HOST_DIALOG_IDS_H
+
+// Numbers in workbench.rc.
+#define IDD_OPTIONS 100
+#define IDC_OPTIONS_TABS 1001
+#define IDC_OPTIONS_APPLY 1002
+#define IDC_OPTIONS_ERROR 1003
+
+#endif

@@ -1,0 +1,50 @@
+#ifndef QUOR_WORKBENCH_HOST_OPTIONS_PAGE_H
+#define QUOR_WORKBENCH_HOST_OPTIONS_PAGE_H
+
+#include <string>
+
+#include "workbench/host/page_site.h"
+#include "workbench/office/application_objects.h"
+
+namespace quor::workbench {
+
+// Outlook's PropertyPage, {0006307E-0000-0000-C000-000000000046}, by vtable.
+struct IPropertyPage : IDispatch {
+  virtual HRESULT STDMETHODCALLTYPE GetPageInfo(BSTR* helpFile, long* helpContext) = 0;
+  virtual HRESULT STDMETHODCALLTYPE get_Dirty(VARIANT_BOOL* dirty) = 0;
+  virtual HRESULT STDMETHODCALLTYPE Apply() = 0;
+};
+
+// One page of an add-in's in Outlook's options dialog: a control from its first activation to its
+// last release. Everything throws CModelError when the page is not what it should be.
+class COptionsPage {
+ public:
+  // Makes a page that was handed over by ProgID.
+  COptionsPage(CSession& session, IPageFrame& frame, const OptionsPage& page);
+  // The page leaves its site and is let go of.
+  ~COptionsPage();
+  COptionsPage(const COptionsPage&) = delete;
+  COptionsPage& operator=(const COptionsPage&) = delete;
+
+  const std::wstring& Title() const noexcept { return m_title; }
+  // Activates the page where the frame says, or takes it off the screen.
+  void Show();
+  void Hide() noexcept;
+  bool IsDirty();
+  void Apply();
+
+ private:
+  void Release() noexcept;
+  std::wstring Caption();
+
+  IPageFrame& m_frame;
+  CModelPtr<CPageSite> m_site;
+  std::wstring m_title;
+  IUnknown* m_object = nullptr;
+  IPropertyPage* m_page = nullptr;
+  IOleObject* m_control = nullptr;
+};
+
+}  // namespace quor::workbench
+
+#endif
