@@ -92,6 +92,11 @@ void CUserInterface::SetToolBarState() {
   m_contactWindows.Redraw();
 }
 
+void CUserInterface::RedrawLineButtons() {
+  m_toolbar.Redraw();
+  m_contactWindows.Redraw();
+}
+
 void CUserInterface::DisableControls() {
   m_toolbar.DisableControls();
   m_contactWindows.Disable();

@@ -56,6 +56,7 @@ class CUserInterface final : public ITelephoneControls,
   // ITelephoneControls, and of it for the device's side RefreshCallFromCell
   void SetToolBarState() override;
   void DisableControls() override;
+  void RedrawLineButtons() override;
   void RefreshCallFromCell() override { m_toolbar.PutCallFromCellButton(); }
   void DisableOtherCellItems(int cell) override { m_toolbar.DisableOtherCellItems(cell); }
   void RefreshSpeedDial() override { m_toolbar.PutSpeedDialButton(); }

@@ -37,6 +37,10 @@ class ITelephoneControls {
   // and invalidates the ribbon.
   virtual void DisableControls() = 0;
 
+  // A call has been announced, or its announcement withdrawn: a line button may say "Answer", or no
+  // longer. Logs nothing.
+  virtual void RedrawLineButtons() = 0;
+
   // Redraws the call-from-cell menu: names, and enabled flags by IsCellItemEnabled.
   virtual void RefreshCallFromCell() = 0;
   // Disables the items of the three cells other than `cell` (0 = Cell1 .. 3 = Cell4) until the menu

@@ -119,9 +119,6 @@ void CEventDispatcher::OnCallerId(uint32_t lineType) {
   const CallerIdRecord& record = m_with.records.callerId[static_cast<size_t>(slot)];
   const bool longDistance = record.longDistance != 0;
   SetUSBRecvCIDInfo(record);
-  // The ringing line's button turns into its answer button. Posted, so that it does not wait for
-  // the look-up and the contact form.
-  m_bar.PostSetBarState(true);
   m_incomingCalls.OnCallerId(longDistance);
 }
 
@@ -130,7 +127,6 @@ void CEventDispatcher::OnClosePopupEvent(uint32_t lineType) {
   const int slot = SlotFromLineType(lineType);
   if (slot == kNoSlot) return;
   SetUSBRecvCPOPUPInfo(m_with.records.lastCaller[static_cast<size_t>(slot)]);
-  m_bar.PostSetBarState(true);
   m_incomingCalls.OnPopup();
 }
 

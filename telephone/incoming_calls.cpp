@@ -52,6 +52,8 @@ void CIncomingCalls::OnCallerId(bool longDistance) {
   const std::optional<CallerMatch> match = FindPhoneNumber(true, number);
   if (match) Identify(*match, caller);
   if (!caller.number.empty()) m_callerList.Add(caller.name, caller.number);
+  // Before a contact form can cover or delay it.
+  m_with.controls.RedrawLineButtons();
   if (match) {
     DisplayContactItem(caller);
   } else {
@@ -141,6 +143,7 @@ void CIncomingCalls::LogForm(FormResult result) {
 
 void CIncomingCalls::OnPopup() {
   const std::string number = m_state.caller.number;
+  m_with.controls.RedrawLineButtons();
   const int slot = SlotFromLineType(m_state.caller.popupLine);
   if (slot != kNoSlot &&
       m_with.configuration.popUpModes[static_cast<size_t>(slot)] == kPopUpSimpleWindow) {

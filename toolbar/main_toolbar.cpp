@@ -41,6 +41,11 @@ void CMainToolbar::SetToolBarState() noexcept {
   GuardCall(m_log, "SetToolBarState", [this] { m_bar.Redraw(); });
 }
 
+void CMainToolbar::Redraw() noexcept {
+  GuardCall(m_log, "line buttons", [this] { m_bar.Redraw(); });
+  m_ribbon.InvalidateOnce();
+}
+
 void CMainToolbar::DisableControls() noexcept {
   GuardCall(m_log, "SetBarState", [this] { m_bar.Disable(); });
   m_ribbon.Invalidate();

@@ -29,6 +29,8 @@ class CMainToolbar {
   CRibbon& Ribbon() noexcept { return m_ribbon; }
 
   void SetToolBarState() noexcept;
+  // The same without its line in the log.
+  void Redraw() noexcept;
   void DisableControls() noexcept;
 
   void PutHistory() noexcept;

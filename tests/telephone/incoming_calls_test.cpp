@@ -20,12 +20,12 @@ TEST(IncomingCall, OfAContactOpensItsForm) {
   desk.Ring(1);
   desk.Journal();
   desk.CallerId(1, "0301234567", "DOE J");
-  EXPECT_THAT(desk.Journal(),
-              ElementsAre("log: CAddin::OnEventGet", "log: OnEventGet::classReceiveCIDIndication",
-                          "log: CAddin::SetUSBRecvCIDInfo", "log: CAddin::PostSetBarState",
-                          "post 0 1", "find checked 0301234567", "search checked 0301234567",
-                          "save", "log: CAddin::PutCallerList", "caller list",
-                          "log: CAddin::DisplayContactItem", "form 0301234567"));
+  EXPECT_THAT(
+      desk.Journal(),
+      ElementsAre("log: CAddin::OnEventGet", "log: OnEventGet::classReceiveCIDIndication",
+                  "log: CAddin::SetUSBRecvCIDInfo", "find checked 0301234567",
+                  "search checked 0301234567", "save", "log: CAddin::PutCallerList", "caller list",
+                  "line buttons", "log: CAddin::DisplayContactItem", "form 0301234567"));
   EXPECT_THAT(
       desk.configuration.callerLists,
       ElementsAre(CallEntry{L"Doe, John +49 (30) 1234567", L"Doe, John", L"+49 (30) 1234567"}));
@@ -110,7 +110,7 @@ TEST(CallerDisplay, ByMode) {
   const struct {
     int mode;
     const char* deed;
-  } kRows[] = {{0, "caller list"},
+  } kRows[] = {{0, "line buttons"},
                {1, "new form '7'"},
                {2, "show"},
                {3, "new form '7'"},

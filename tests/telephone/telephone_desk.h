@@ -83,6 +83,7 @@ class CTelephoneDesk final : private ILogWriter,
   bool PostRequest(WindowRequest request, uint32_t parameter) noexcept override;
   void SetToolBarState() override { Note("redraw"); }
   void DisableControls() override { Note("disable"); }
+  void RedrawLineButtons() override { Note("line buttons"); }
   void RefreshCallFromCell() override { Note("cell menu"); }
   void DisableOtherCellItems(int cell) override { Note("only cell " + std::to_string(cell)); }
   void RefreshSpeedDial() override { Note("speed dial menu"); }
