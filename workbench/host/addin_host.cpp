@@ -6,6 +6,11 @@
 #include <oleauto.h>
 // clang-format on
 
+#include <algorithm>
+#include <set>
+#include <string_view>
+
+#include "workbench/host/process_use.h"
 #include "workbench/host/ribbon_call.h"
 #include "workbench/scenario/results.h"
 #include "workbench/scenario/scenario_error.h"
@@ -60,7 +65,9 @@ HRESULT CAddInHost::LoadClass() {
   if (m_factory) return S_OK;
   const HRESULT result = CoGetClassObject(m_registered.classId, CLSCTX_INPROC_SERVER, nullptr,
                                           IID_IClassFactory, reinterpret_cast<void**>(&m_factory));
-  if (SUCCEEDED(result)) m_module = GetModuleHandleW(m_registered.modulePath.c_str());
+  if (FAILED(result)) return result;
+  m_module = GetModuleHandleW(m_registered.modulePath.c_str());
+  CModuleMeter::Watch(m_module);
   return result;
 }
 
@@ -156,6 +163,7 @@ void CAddInHost::Unload() {
   if (!m_module) throw CScenarioError("the add-in is not loaded");
   ReleaseObject();
   m_loop.Pump();
+  CModuleMeter::Forget();
   CheckModuleGone();
 }
 
@@ -176,6 +184,33 @@ void CAddInHost::CheckModuleGone() {
   if (GetModuleHandleW(m_registered.modulePath.c_str())) {
     throw CExpectationFailure("its DLL stays in the process");
   }
+}
+
+// As the timer's message would, at a moment of the scenario's choice.
+void CAddInHost::Poll() {
+  HWND hidden = nullptr;
+  std::set<HWND> shown;
+  for (const HWND window : Windows()) {
+    if (IsWindowVisible(window)) shown.insert(window);
+    wchar_t name[16] = {};
+    GetWindowTextW(window, name, 16);
+    if (name == std::wstring_view(L"CAddin")) hidden = window;
+  }
+  if (!hidden) throw CScenarioError("the add-in has no window for its timers");
+  const auto appears = [&] {
+    const std::vector<HWND> windows = Windows();
+    return std::ranges::any_of(windows, [&shown](HWND window) {
+      return IsWindowVisible(window) && !shown.contains(window);
+    });
+  };
+  m_figures.TimeCaller([&] { SendMessageW(hidden, WM_TIMER, kPollTimer, 0); },
+                       [this] { return m_loop.PumpOne(); }, appears);
+}
+
+ResourceUse CAddInHost::Use() {
+  ResourceUse use = MeasureProcess();
+  use.blocks = CModuleMeter::Blocks();
+  return use;
 }
 
 bool CAddInHost::PumpUntil(const std::function<bool()>& done, unsigned milliseconds) {

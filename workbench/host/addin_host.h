@@ -9,6 +9,7 @@
 #include "workbench/host/figure_stage.h"
 #include "workbench/host/import_faults.h"
 #include "workbench/host/message_loop.h"
+#include "workbench/host/module_meter.h"
 #include "workbench/host/registered_addin.h"
 #include "workbench/office/value.h"
 #include "workbench/scenario/stage.h"
@@ -54,6 +55,8 @@ class CAddInHost final : public IHostStage {
   bool IsConnected() override { return m_connected; }
   bool IsLoaded() override { return m_addIn != nullptr; }
   void Unload() override;
+  void Poll() override;
+  ResourceUse Use() override;
   void Pump() override { m_loop.Pump(); }
   bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds) override;
   void FailSystemFunction(const std::string& function, const FailingCalls& calls) override;
@@ -82,6 +85,7 @@ class CAddInHost final : public IHostStage {
   CMessageLoop& m_loop;
   IAddInSurroundings& m_surroundings;
   CFigureStage& m_figures;
+  CModuleMeter m_meter;
   CImportFaults m_importFaults;
   IClassFactory* m_factory = nullptr;  // between loading the DLL and making the object
   IExtensibility* m_addIn = nullptr;

@@ -148,6 +148,10 @@ std::vector<Bytes> CBaseStage::Written() {
   return frames;
 }
 
+void CBaseStage::ForgetWritten() {
+  if (m_base) m_base->ForgetWritten();
+}
+
 unsigned CBaseStage::Calls(const std::string& function) {
   return m_base ? m_base->CallCount(FunctionFromName(function)) : 0;
 }

@@ -37,8 +37,10 @@ class CBaseStage final : public IBaseStage, ICallObserver, IIndicationLine {
   bool IsAlive() const { return m_alive; }
   void Advance(unsigned milliseconds) override;
   std::vector<Bytes> Written() override;
+  void ForgetWritten() override;
   unsigned Calls(const std::string& function) override;
   const std::vector<std::string>& CallTexts() override { return m_callTexts; }
+  void ForgetCallTexts() override { m_callTexts.clear(); }
   unsigned OpenHandles() override;
 
   void OnCall(const UsbCall& call) noexcept override;

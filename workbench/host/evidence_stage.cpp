@@ -78,6 +78,18 @@ std::vector<std::string> CEvidenceStage::ReadXml(const std::string& path,
   return QueryXmlFile(m_data.FullPath(path), xpath);
 }
 
+void CEvidenceStage::WatchXml(const std::string& path) {
+  m_watch = std::make_unique<CFileWatch>(m_data.FullPath(path));
+}
+
+uint64_t CEvidenceStage::EndWatch() {
+  if (!m_watch) throw CScenarioError("no file is watched");
+  const std::unique_ptr<CFileWatch> watch = std::move(m_watch);
+  watch->End();
+  if (!watch->FirstFault().empty()) throw CExpectationFailure(watch->FirstFault());
+  return watch->Readings();
+}
+
 std::optional<std::string> CEvidenceStage::ReadRegistry(const std::string& key,
                                                         const std::string& name) {
   size_t rest = 0;

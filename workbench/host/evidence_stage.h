@@ -1,8 +1,11 @@
 #ifndef QUOR_WORKBENCH_HOST_EVIDENCE_STAGE_H
 #define QUOR_WORKBENCH_HOST_EVIDENCE_STAGE_H
 
+#include <memory>
+
 #include "workbench/host/addin_host.h"
 #include "workbench/host/application_data.h"
+#include "workbench/host/file_watch.h"
 #include "workbench/scenario/stage.h"
 
 namespace quor::workbench {
@@ -21,11 +24,14 @@ class CEvidenceStage final : public IEvidenceStage {
   std::optional<std::string> ReadLog() override;
   std::optional<std::string> LastOpened() override;
   std::vector<std::string> ReadXml(const std::string& path, const std::string& xpath) override;
+  void WatchXml(const std::string& path) override;
+  uint64_t EndWatch() override;
   std::optional<std::string> ReadRegistry(const std::string& key, const std::string& name) override;
 
  private:
   CApplicationData& m_data;
   const CAddInHost& m_host;
+  std::unique_ptr<CFileWatch> m_watch;
 };
 
 }  // namespace quor::workbench

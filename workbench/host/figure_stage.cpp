@@ -3,6 +3,8 @@
 #include <chrono>
 #include <utility>
 
+#include "workbench/host/module_meter.h"
+
 namespace quor::workbench {
 
 namespace {
@@ -30,6 +32,25 @@ void CFigureStage::Scan(const std::function<void()>& action) {
   scan.microsecondsInModel = m_model.MicrosecondsInModel() - inModel;
   scan.microsecondsInAddIn = whole - scan.microsecondsInModel;
   m_figures.scan = scan;
+}
+
+void CFigureStage::TimeCaller(const std::function<void()>& tick,
+                              const std::function<bool()>& handleMessage,
+                              const std::function<bool()>& appears) {
+  Figures::Caller caller;
+  CModuleMeter::TakeSavingTime();
+  caller.milliseconds = MillisecondsOf(tick);
+  bool more = true;
+  bool shown = appears();
+  while (more && !shown) {
+    caller.milliseconds += MillisecondsOf([&] { more = handleMessage(); });
+    if (more) ++caller.messages;
+    shown = appears();
+  }
+  caller.savingMilliseconds = CModuleMeter::TakeSavingTime();
+  if (shown) m_figures.callers.push_back(caller);
+  while (handleMessage()) {
+  }
 }
 
 Figures CFigureStage::Take() {

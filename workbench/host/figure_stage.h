@@ -21,6 +21,11 @@ class CFigureStage final : public IFigureStage {
   // Runs the action as the start-up scan of the contacts.
   void Scan(const std::function<void()>& action);
 
+  // Runs the tick, then messages until there are none. What is measured is the way from the tick to
+  // the first window that appears.
+  void TimeCaller(const std::function<void()>& tick, const std::function<bool()>& handleMessage,
+                  const std::function<bool()>& appears);
+
   Figures Take() override;
 
  private:

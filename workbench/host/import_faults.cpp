@@ -5,9 +5,7 @@
 #include <shlobj.h>
 // clang-format on
 
-#include <cstring>
-#include <iterator>
-
+#include "workbench/host/import_slot.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -82,11 +80,6 @@ HINSTANCE WINAPI ShellExecuteReplacement(HWND, LPCSTR, LPCSTR file, LPCSTR, LPCS
   return reinterpret_cast<HINSTANCE>(kDone);
 }
 
-template <typename Function>
-FARPROC AsProc(Function* function) {
-  return reinterpret_cast<FARPROC>(function);
-}
-
 HookedFunction g_functions[] = {
     {"PostMessageA", AsProc(Replacement<kPostMessageA, BOOL, FALSE, HWND, UINT, WPARAM, LPARAM>)},
     {"PostMessageW", AsProc(Replacement<kPostMessageW, BOOL, FALSE, HWND, UINT, WPARAM, LPARAM>)},
@@ -108,45 +101,6 @@ HookedFunction g_functions[] = {
                                         DWORD, LPVOID, LPVOID>)},
     {"ShellExecuteA", AsProc(ShellExecuteReplacement)},
 };
-
-template <typename T>
-const T* At(HMODULE module, DWORD offset) {
-  return reinterpret_cast<const T*>(reinterpret_cast<const char*>(module) + offset);
-}
-
-// Where the module keeps the address of an imported function; null where it does not import it.
-FARPROC* FindImport(HMODULE module, const char* function) {
-  const auto* dos = At<IMAGE_DOS_HEADER>(module, 0);
-  const auto* headers = At<IMAGE_NT_HEADERS>(module, static_cast<DWORD>(dos->e_lfanew));
-  const IMAGE_DATA_DIRECTORY& directory =
-      headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-  if (directory.VirtualAddress == 0) return nullptr;
-  const auto* library = At<IMAGE_IMPORT_DESCRIPTOR>(module, directory.VirtualAddress);
-  for (; library->Name != 0; ++library) {
-    const auto* name = At<IMAGE_THUNK_DATA>(module, library->OriginalFirstThunk);
-    const auto* slot = At<FARPROC>(module, library->FirstThunk);
-    for (; name->u1.AddressOfData != 0; ++name, ++slot) {
-      if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
-      const auto* import =
-          At<IMAGE_IMPORT_BY_NAME>(module, static_cast<DWORD>(name->u1.AddressOfData));
-      if (std::strcmp(reinterpret_cast<const char*>(import->Name), function) == 0) {
-        return const_cast<FARPROC*>(slot);
-      }
-    }
-  }
-  return nullptr;
-}
-
-void WriteSlot(FARPROC* slot, FARPROC address) {
-  DWORD protection = 0;
-  VirtualProtect(slot, sizeof(*slot), PAGE_READWRITE, &protection);
-  *slot = address;
-  VirtualProtect(slot, sizeof(*slot), protection, &protection);
-}
-
-}  // namespace
-
-namespace {
 
 // Puts the replacement between the module and the true function; null if the module has no use for
 // that function.

@@ -49,9 +49,12 @@ void CMessageLoop::ExpectTimerFirst(UINT_PTR first, UINT_PTR second) {
   m_heldUntil = GetTickCount64() + kLongestHold;
 }
 
+bool CMessageLoop::PumpOne() {
+  return HandleOne(0, WM_TIMER - 1) || HandleOne(WM_TIMER + 1, 0xFFFFFFFF);
+}
+
 void CMessageLoop::Pump() {
-  for (int i = 0; i < kMostMessages; ++i) {
-    if (!HandleOne(0, WM_TIMER - 1) && !HandleOne(WM_TIMER + 1, 0xFFFFFFFF)) return;
+  for (int i = 0; i < kMostMessages && PumpOne(); ++i) {
   }
 }
 

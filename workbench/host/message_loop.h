@@ -13,6 +13,8 @@ namespace quor::workbench {
 class CMessageLoop {
  public:
   void Pump();
+  // Handles one message that is posted; false when there is none.
+  bool PumpOne();
   // False when `milliseconds` pass before `done`, which is asked after every message.
   bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds);
   // For a person: everything as it comes, until the application ends.

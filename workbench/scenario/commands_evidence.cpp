@@ -130,6 +130,66 @@ void ShowHeld(CRun& run, const CCommandArguments&) {
                                    : "the add-in holds\n" + Joined(held));
 }
 
+void WatchXml(CRun& run, const CCommandArguments& arguments) {
+  run.stage.evidence.WatchXml(arguments.Text(0));
+}
+
+void ExpectWatched(CRun& run, const CCommandArguments& arguments) {
+  constexpr int kMostReadings = 1'000'000'000;
+  const auto least = static_cast<uint64_t>(arguments.Number(0, 1, kMostReadings));
+  const uint64_t readings = run.stage.evidence.EndWatch();
+  if (readings < least) {
+    throw CExpectationFailure("it was read only " + std::to_string(readings) + " times");
+  }
+}
+
+struct UseLine {
+  const char* what;
+  int64_t now;
+  int64_t noted;
+};
+
+// Without the bytes, which are of the whole process and never the same.
+std::vector<UseLine> CountedUse(CRun& run, const ResourceUse& now) {
+  const CRun::NotedUse noted = run.notedUse.value_or(CRun::NotedUse());
+  const ResourceUse& then = noted.process;
+  return {{"memory blocks of the add-in", now.blocks, then.blocks},
+          {"handles", now.handles, then.handles},
+          {"GDI objects", now.gdiObjects, then.gdiObjects},
+          {"windows", now.windows, then.windows},
+          {"objects held of Outlook", static_cast<int64_t>(run.stage.outlook.Held().size()),
+           static_cast<int64_t>(noted.objects)}};
+}
+
+void NoteUse(CRun& run, const CCommandArguments&) {
+  run.notedUse = {run.stage.host.Use(), run.stage.outlook.Held().size()};
+}
+
+void ExpectUse(CRun& run, const CCommandArguments& arguments) {
+  constexpr int kMostKilobytes = 1'000'000;
+  constexpr int kUsualKilobytes = 1024;
+  if (!run.notedUse) throw CScenarioError("nothing was noted");
+  const ResourceUse now = run.stage.host.Use();
+  for (const UseLine& line : CountedUse(run, now)) {
+    if (line.now <= line.noted) continue;
+    throw CExpectationFailure(std::string(line.what) + ": " + std::to_string(line.now) +
+                              ", noted were " + std::to_string(line.noted));
+  }
+  const int most = arguments.NumberAfter("memory", 0, kMostKilobytes).value_or(kUsualKilobytes);
+  const int64_t more = (now.bytes - run.notedUse->process.bytes) / 1024;
+  if (more > most) {
+    throw CExpectationFailure("the process has " + std::to_string(more) + " KB more");
+  }
+}
+
+void ShowUse(CRun& run, const CCommandArguments&) {
+  const ResourceUse now = run.stage.host.Use();
+  std::string text = "memory: " + std::to_string(now.bytes / 1024) + " KB";
+  for (const UseLine& line : CountedUse(run, now))
+    text += std::string("\n") + line.what + ": " + std::to_string(line.now);
+  run.transcript.Show(text);
+}
+
 std::string OneDecimal(double value) {
   char text[32];
   std::snprintf(text, sizeof text, "%.1f", value);
@@ -141,6 +201,30 @@ std::string TimeLine(const char* moment, const std::optional<double>& millisecon
   if (!milliseconds) return {};
   return std::string(moment) + ": " + OneDecimal(*milliseconds) + " ms, " +
          OneDecimal(*milliseconds * 100 / limit) + " % of " + std::to_string(limit) + " ms\n";
+}
+
+double MedianOf(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+// The median, and the dearest one.
+std::string CallerLine(const std::vector<Figures::Caller>& callers) {
+  if (callers.empty()) return {};
+  std::vector<double> whole;
+  std::vector<double> saving;
+  unsigned messages = 0;
+  for (const Figures::Caller& caller : callers) {
+    whole.push_back(caller.milliseconds);
+    saving.push_back(caller.savingMilliseconds);
+    messages = std::max(messages, caller.messages);
+  }
+  const double median = MedianOf(whole);
+  return "caller ID to caller window: " + OneDecimal(median) + " ms, at most " +
+         OneDecimal(*std::ranges::max_element(whole)) + " ms, " + std::to_string(messages) +
+         " messages on the way, " + OneDecimal(MedianOf(saving) * 100 / median) +
+         " % in saving the settings (" + std::to_string(callers.size()) + " calls)\n";
 }
 
 void ShowFigures(CRun& run, const CCommandArguments&) {
@@ -157,6 +241,7 @@ void ShowFigures(CRun& run, const CCommandArguments&) {
             " us inside it, " + OneDecimal(figures.scan->microsecondsInAddIn) +
             " us in the add-in\n";
   }
+  text += CallerLine(figures.callers);
   text += "ribbon: " + std::to_string(figures.ribbonInvalidations) + " invalidations, " +
           std::to_string(figures.ribbonCallbacks) + " callbacks, " +
           OneDecimal(figures.ribbonMicroseconds) + " us in them";
@@ -202,10 +287,29 @@ constexpr Command kCommands[] = {
      Block::Optional, ExpectHeld},
     {"show held", "", "Shows what of Outlook's objects the add-in holds.", 0, 0, Block::None,
      ShowHeld},
+    {"watch xml", "PATH",
+     "From now on another thread reads the settings file, or one like it, again and again.", 1, 1,
+     Block::None, WatchXml},
+    {"expect watched", "N",
+     "The watched file was there and whole each time it was read, at least N times; ends the "
+     "watch.",
+     1, 1, Block::None, ExpectWatched},
+    {"note use", "",
+     "Notes what the process holds: memory, handles, GDI objects, windows, and what the add-in "
+     "holds of Outlook's objects.",
+     0, 0, Block::None, NoteUse},
+    {"expect use", "[memory KILOBYTES]",
+     "The process holds no more than was noted: not a memory block of the add-in's, handle, GDI "
+     "object, window or object of Outlook's; of memory in all so many kilobytes, or 1024.",
+     0, 2, Block::None, ExpectUse},
+    {"show use", "", "Shows what the process holds.", 0, 0, Block::None, ShowUse},
     {"show figures", "",
      "Shows what the add-in cost since the last such command: times as shares of those after which "
-     "Outlook disables an add-in, the start-up scan, the ribbon's callbacks. Never twice the same: "
-     "not for transcripts that are compared.",
+     "Outlook disables an add-in, the start-up scan, the way from the poll that reads a caller ID "
+     "to "
+     "the caller window, the ribbon's callbacks. Never twice the same: not for transcripts that "
+     "are "
+     "compared.",
      0, 0, Block::None, ShowFigures},
 };
 

@@ -16,6 +16,12 @@ void Ticks(CRun& run, const CCommandArguments& arguments) {
   run.WaitForTicks(arguments.Number(0, 1, kMostTicks));
 }
 
+void Poll(CRun& run, const CCommandArguments& arguments) {
+  const int times = arguments.Count() == 0 ? 1 : arguments.Number(0, 1, kMostTicks);
+  for (int i = 0; i < times; ++i)
+    run.stage.host.Poll();
+}
+
 void Pump(CRun& run, const CCommandArguments&) {
   run.stage.host.Pump();
 }
@@ -66,6 +72,10 @@ constexpr Command kCommands[] = {
      "Lets the add-in's timers run until it has polled the base so many times, and handles what is "
      "posted by then. The deferred build of the contact index runs before the first poll.",
      1, 1, Block::None, Ticks},
+    {"poll", "[N]",
+     "The add-in polls the base once, or N times, now: its timer ticks without waiting for the "
+     "clock. What is posted is handled after each.",
+     0, 1, Block::None, Poll},
     {"pump", "",
      "Handles what is posted, without timers; every command that acts does this anyway.", 0, 0,
      Block::None, Pump},

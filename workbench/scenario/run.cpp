@@ -132,11 +132,9 @@ std::vector<std::string> CRun::NewLogLines() {
 }
 
 Bytes CRun::NewWire() {
-  const std::vector<Bytes> written = stage.base.Written();
   Bytes bytes;
-  for (size_t i = m_writesSeen; i < written.size(); ++i) {
-    bytes.insert(bytes.end(), written[i].begin(), written[i].end());
-  }
+  for (const Bytes& frame : stage.base.Written())
+    bytes.insert(bytes.end(), frame.begin(), frame.end());
   return bytes;
 }
 
@@ -145,16 +143,15 @@ void CRun::ForgetLog() {
 }
 
 void CRun::ForgetWire() {
-  m_writesSeen = stage.base.Written().size();
+  stage.base.ForgetWritten();
 }
 
 std::vector<std::string> CRun::NewUsbCalls() {
-  const std::vector<std::string>& calls = stage.base.CallTexts();
-  return {calls.begin() + static_cast<std::ptrdiff_t>(m_usbCallsSeen), calls.end()};
+  return stage.base.CallTexts();
 }
 
 void CRun::ForgetUsbCalls() {
-  m_usbCallsSeen = stage.base.CallTexts().size();
+  stage.base.ForgetCallTexts();
 }
 
 void CRun::WriteSettings() {

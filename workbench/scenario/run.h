@@ -83,6 +83,13 @@ class CRun {
   std::string givenSettings;
   std::map<std::string, std::string> systemSettings;  // elements of the default file
 
+  // What was held when "note use" asked for it.
+  struct NotedUse {
+    ResourceUse process;
+    size_t objects = 0;
+  };
+  std::optional<NotedUse> notedUse;
+
  private:
   bool PlayOne(const Statement& statement);
   void Step(const Statement& statement);
@@ -92,8 +99,6 @@ class CRun {
   std::string m_failedInside;
   unsigned m_tickLimit = 10'000;  // milliseconds
   size_t m_logSeen = 0;
-  size_t m_writesSeen = 0;
-  size_t m_usbCallsSeen = 0;
 };
 
 }  // namespace quor::workbench

@@ -55,14 +55,16 @@ class IBaseStage {
   virtual void HealFunctions() = 0;
   // Lets time pass at the base: what was queued with a delay arrives.
   virtual void Advance(unsigned milliseconds) = 0;
-  // Bytes of each SI_Write call since the base was made, refused ones left out.
+  // Bytes of each SI_Write call that is not forgotten, refused ones left out.
   virtual std::vector<Bytes> Written() = 0;
+  virtual void ForgetWritten() = 0;
   // From now on the base answers requests by itself, as the one at the panel does.
   virtual CBelievableBase& Enliven() = 0;
   virtual unsigned Calls(const std::string& function) = 0;
-  // Every call so far: "SI_Write(#1, 2B 31 0D) = 0, 3" is a call with its arguments, status and
-  // results.
+  // Every call so far that is not forgotten: "SI_Write(#1, 2B 31 0D) = 0, 3" is a call with its
+  // arguments, status and results.
   virtual const std::vector<std::string>& CallTexts() = 0;
+  virtual void ForgetCallTexts() = 0;
   virtual unsigned OpenHandles() = 0;
 
  protected:
@@ -158,6 +160,15 @@ class IOutlookStage {
   ~IOutlookStage() = default;
 };
 
+// What the process holds at a moment.
+struct ResourceUse {
+  int64_t blocks = 0;  // of memory, allocated by the add-in's code
+  int64_t bytes = 0;   // of memory, by everything in the process
+  int64_t handles = 0;
+  int64_t gdiObjects = 0;
+  int64_t windows = 0;  // of Outlook's thread, their children included
+};
+
 // A callback of the ribbon documents, to be called whatever Outlook's state.
 struct RibbonCall {
   enum class Form { Value, Reference, VariantReference };  // how arguments are handed over
@@ -188,6 +199,10 @@ class IHostStage {
   // Lets the add-in go. Throws CExpectationFailure when its object or its module stays.
   virtual void Unload() = 0;
 
+  // The add-in's poll timer ticks once, now, and what is posted by that is handled.
+  virtual void Poll() = 0;
+  virtual ResourceUse Use() = 0;
+
   // Handles what is posted, timers excepted.
   virtual void Pump() = 0;
   // Handles everything, timers included, until `done`; false when `milliseconds` pass first.
@@ -217,6 +232,11 @@ class IEvidenceStage {
   // Texts of the nodes at an XPath in an XML file. Throws CExpectationFailure where it is not
   // well-formed.
   virtual std::vector<std::string> ReadXml(const std::string& path, const std::string& xpath) = 0;
+  // From now on another thread reads the XML file again and again.
+  virtual void WatchXml(const std::string& path) = 0;
+  // Ends that; returns how often it was read. Throws CExpectationFailure when it was not whole
+  // once.
+  virtual uint64_t EndWatch() = 0;
   // Value as text, REG_DWORD in decimal; nothing where key or value is missing. `key` begins
   // "HKLM\\", "HKCU\\" or "HKCR\\"; an empty name is the default value.
   virtual std::optional<std::string> ReadRegistry(const std::string& key,
@@ -233,6 +253,13 @@ struct Figures {
     double microsecondsInModel = 0;
     double microsecondsInAddIn = 0;
   };
+  // One call: from the tick that reads its caller ID to the window that shows it.
+  struct Caller {
+    double milliseconds = 0;
+    double savingMilliseconds = 0;  // of those, in saving the settings
+    unsigned messages = 0;          // handled on the way
+  };
+  std::vector<Caller> callers;
   // Milliseconds.
   std::optional<double> connection;
   std::optional<double> shutdown;

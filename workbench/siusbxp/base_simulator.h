@@ -28,6 +28,7 @@ class CBaseSimulator final : public ISimulatedBase {
   void Heal() override;
   size_t WrittenCount() const override { return m_written.size(); }
   WrittenFrame Written(size_t index) const override;
+  void ForgetWritten() override { m_written.clear(); }
   uint32_t CallCount(UsbFunction function) const override;
   uint32_t OpenHandles() const override { return static_cast<uint32_t>(m_handles.size()); }
   void Observe(ICallObserver* observer) override { m_observer = observer; }

@@ -142,9 +142,10 @@ class ISimulatedBase {
   // Forgets every Fail, Shorten and ReportQueue.
   virtual void Heal() = 0;
 
-  // What was written, one entry for each SI_Write that reached the wire.
+  // What was written and is not forgotten, one entry for each SI_Write that reached the wire.
   virtual size_t WrittenCount() const = 0;
   virtual WrittenFrame Written(size_t index) const = 0;
+  virtual void ForgetWritten() = 0;
 
   virtual uint32_t CallCount(UsbFunction function) const = 0;
   virtual uint32_t OpenHandles() const = 0;

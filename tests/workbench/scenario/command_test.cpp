@@ -44,6 +44,8 @@ TEST(Commands, ReachTheStage) {
       {"change contact Anna HomeTelephoneNumber 5", "change Anna.HomeTelephoneNumber=5"},
       {"add contact Customers:\n| BEGIN:VCARD", "add to Customers: BEGIN:VCARD\n"},
       {"disconnect 1", "disconnect 1"},
+      {"poll", "poll now"},
+      {"watch xml a", "watch a"},
       {"screenshot idle", "show picture: idle.png"},
       {"picture idle", "show picture: idle 100"},
       {"picture idle dark menu Dial > \"Tom & Co\" scale 150",
@@ -78,6 +80,8 @@ TEST(Commands, RefuseWhatMakesNoSense) {
       {"fail SI_Open call 0 status 1", "not a call number"},
       {"fail SI_Open call 5-2 status 1", "not a call number"},
       {"fail member any cal 3", "neither call nor status"},
+      {"expect use", "nothing was noted"},
+      {"expect watched 1", "only 0 times"},
       {"expect log", "usage: expect log"},
       {"expect log nothing:\n| x", "usage: expect log"},
       {"expect log:", "the block is empty"},
@@ -102,7 +106,8 @@ TEST(Commands, RefuseWhatMakesNoSense) {
 
 TEST(Commands, ShowFiguresAsSharesOfWhatOutlookAllows) {
   CNotedStage stage;
-  stage.figures = {.connection = 42,
+  stage.figures = {.callers = {{4, 3, 1}, {5, 4, 1}, {12, 1, 2}},
+                   .connection = 42,
                    .shutdown = 5,
                    .folderSwitch = std::nullopt,
                    .scan = Figures::Scan{7, 1500, 250.5},
@@ -115,6 +120,8 @@ TEST(Commands, ShowFiguresAsSharesOfWhatOutlookAllows) {
                           "shutdown: 5.0 ms, 1.0 % of 500 ms\n"
                           "start-up scan: 7 calls of the object model, 1500.0 us inside it, "
                           "250.5 us in the add-in\n"
+                          "caller ID to caller window: 5.0 ms, at most 12.0 ms, 2 messages on the "
+                          "way, 60.0 % in saving the settings (3 calls)\n"
                           "ribbon: 1 invalidations, 30 callbacks, 12.2 us in them"));
 }
 

@@ -64,6 +64,15 @@ bool CNotedStage::PumpUntil(const std::function<bool()>& done, unsigned millisec
   return done();
 }
 
+void CNotedStage::Poll() {
+  use.blocks += moreAtPoll.blocks;
+  use.bytes += moreAtPoll.bytes;
+  use.handles += moreAtPoll.handles;
+  use.gdiObjects += moreAtPoll.gdiObjects;
+  use.windows += moreAtPoll.windows;
+  Note("poll now");
+}
+
 void CNotedStage::FailSystemFunction(const std::string& function, const FailingCalls& calls) {
   Note("fail system " + function + " " + Range(calls));
 }

@@ -38,6 +38,9 @@ class CNotedStage final : public IHostStage,
   std::vector<std::string> xml;
   std::optional<std::string> registry;
   Figures figures;
+  ResourceUse use;
+  ResourceUse moreAtPoll;  // comes to `use`
+  uint64_t readings = 0;
 
   Stage Stages() { return {*this, *this, *this, *this, *this, *this}; }
 
@@ -56,6 +59,8 @@ class CNotedStage final : public IHostStage,
   bool IsLoaded() override { return loaded; }
   void Unload() override;
   void Pump() override {}
+  void Poll() override;
+  ResourceUse Use() override { return use; }
   bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds) override;
   void FailSystemFunction(const std::string& function, const FailingCalls& calls) override;
 
@@ -72,8 +77,10 @@ class CNotedStage final : public IHostStage,
   void Send(const Bytes& indication) override;
   void Advance(unsigned milliseconds) override { Note("advance " + std::to_string(milliseconds)); }
   std::vector<Bytes> Written() override { return written; }
+  void ForgetWritten() override { written.clear(); }
   unsigned Calls(const std::string&) override { return m_polls; }
   const std::vector<std::string>& CallTexts() override { return usbCalls; }
+  void ForgetCallTexts() override { usbCalls.clear(); }
   unsigned OpenHandles() override { return 1; }
 
   int Version() override { return version; }
@@ -122,6 +129,8 @@ class CNotedStage final : public IHostStage,
   std::optional<std::string> ReadLog() override { return log; }
   std::optional<std::string> LastOpened() override { return opened; }
   std::vector<std::string> ReadXml(const std::string&, const std::string&) override { return xml; }
+  void WatchXml(const std::string& path) override { Note("watch " + path); }
+  uint64_t EndWatch() override { return readings; }
   std::optional<std::string> ReadRegistry(const std::string&, const std::string&) override {
     return registry;
   }

@@ -39,6 +39,7 @@ TEST(Run, RepeatsABlockAndNamesTheRoundOfAFailure) {
   EXPECT_THAT(stage.Play("repeat 3:\n| expect wire 2B\n"),
               HasSubstr("line 1, round 2: expect wire 2B\n  on the wire: nothing"));
   EXPECT_THAT(stage.Play("plug\nrepeat 0:\n| plug\n"), HasSubstr("line 2: repeat 0:\n  \"0\" is"));
+  stage.written = {{0x2B}};
   EXPECT_THAT(stage.Play("during any 1:\n| repeat 2:\n| | expect wire 0{round}\n"),
               HasSubstr("in the middle of it: on the wire: 2B"));
 }
@@ -64,17 +65,21 @@ TEST(Run, WireExpectationsConsumeWhatTheyCompare) {
   CNotedStage stage;
   stage.written = {{0x2B, 0x31, 0x0D}, {0x2B}};
   EXPECT_EQ(stage.Play("expect wire 2B 31 0D 2B\nexpect wire nothing"), "");
+  stage.written = {{0x2B, 0x31, 0x0D}, {0x2B}};
   EXPECT_THAT(stage.Play("expect wire 2B 31 0D"), HasSubstr("on the wire: 2B 31 0D 2B"));
   EXPECT_THAT(stage.Play("forget\nexpect wire 2B"), HasSubstr("on the wire: nothing"));
 }
 
 TEST(Run, UsbCallsAreComparedWithoutTheEnumeration) {
   CNotedStage stage;
-  stage.usbCalls = {"SI_GetNumDevices() = 0, 1", "SI_Open(0) = 0, #1", "SI_Close(#1) = 0"};
+  const std::vector<std::string> calls = {"SI_GetNumDevices() = 0, 1", "SI_Open(0) = 0, #1",
+                                          "SI_Close(#1) = 0"};
+  stage.usbCalls = calls;
   EXPECT_EQ(stage.Play("expect usb:\n| SI_Open(0) = 0, #1\n| SI_Close(#1) = 0\n"), "");
+  stage.usbCalls = calls;
   EXPECT_THAT(stage.Play("expect usb all:\n| SI_Open(0) = 0, #1"),
               HasSubstr("seen:     SI_GetNumDevices() = 0, 1"));
-  EXPECT_THAT(stage.Play("expect usb:\n| x\nforget\nexpect usb:\n| y"), HasSubstr("expected: x"));
+  EXPECT_THAT(stage.Play("forget\nexpect usb:\n| y"), HasSubstr("expected: y\n  seen:     (end)"));
 }
 
 TEST(Run, ControlsAndWindowsAreCompared) {
@@ -108,6 +113,29 @@ TEST(Run, ControlsAndWindowsAreCompared) {
   EXPECT_NE(stage.Play("expect window \"Plug-in with OK\" hidden"), "");
   EXPECT_NE(stage.Play("expect window \"Plug-in with y\" shown"), "");
   EXPECT_NE(stage.Play("wait control \"Cell Tag\" enabled no"), "");
+}
+
+TEST(Run, UseMustNotGrowButMayShrink) {
+  CNotedStage stage;
+  // Each row is what has come to what was noted, and what is said of it.
+  const struct {
+    ResourceUse more;
+    const char* said;
+  } rows[] = {{{}, ""},
+              {{-1, -1, -1, -1, -1}, ""},
+              {{1, 0, 0, 0, 0}, "memory blocks of the add-in: 11, noted were 10"},
+              {{0, 0, 1, 0, 0}, "handles: 31"},
+              {{0, 0, 0, 1, 0}, "GDI objects: 41"},
+              {{0, 0, 0, 0, 1}, "windows: 51"},
+              {{0, 3 * 1024, 0, 0, 0}, "3 KB more"}};
+  for (const auto& row : rows) {
+    stage.use = {10, 20, 30, 40, 50};
+    // The process uses more from the poll on.
+    stage.moreAtPoll = row.more;
+    const std::string failure = stage.Play("note use\npoll\nexpect use memory 2");
+    EXPECT_THAT(failure, HasSubstr(row.said));
+    EXPECT_EQ(failure.empty(), *row.said == '\0');
+  }
 }
 
 TEST(Run, EvidenceIsCompared) {

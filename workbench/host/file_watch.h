@@ -1,0 +1,38 @@
+#ifndef QUOR_WORKBENCH_HOST_FILE_WATCH_H
+#define QUOR_WORKBENCH_HOST_FILE_WATCH_H
+
+#include <atomic>
+#include <cstdint>
+#include <string>
+#include <thread>
+
+namespace quor::workbench {
+
+// Reads an XML file of elements without attributes again and again on a thread of its own, at
+// whatever moment, as a program that was started after a crash would find it.
+class CFileWatch {
+ public:
+  explicit CFileWatch(std::wstring path);
+  ~CFileWatch() { End(); }
+  CFileWatch(const CFileWatch&) = delete;
+  CFileWatch& operator=(const CFileWatch&) = delete;
+
+  void End();
+  // After End: how often the file was read, and what was found the first time that it was missing
+  // or not whole; empty when it never was.
+  uint64_t Readings() const { return m_readings; }
+  const std::string& FirstFault() const { return m_fault; }
+
+ private:
+  void Watch();
+
+  std::wstring m_path;
+  std::atomic<bool> m_stop = false;
+  uint64_t m_readings = 0;
+  std::string m_fault;
+  std::thread m_thread;
+};
+
+}  // namespace quor::workbench
+
+#endif

@@ -1,0 +1,117 @@
+#include "workbench/host/module_meter.h"
+
+#include <array>
+#include <chrono>
+#include <cstddef>
+#include <utility>
+
+#include "workbench/host/import_slot.h"
+
+namespace quor::workbench {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+struct Import {
+  const char* name;
+  FARPROC replacement;
+  FARPROC original = nullptr;
+  FARPROC* slot = nullptr;
+};
+
+enum Index { kMalloc, kCalloc, kRealloc, kFree, kStrdup, kClsidFromProgId, kMoveFileExA, kCount };
+
+extern std::array<Import, kCount> g_imports;
+
+template <typename Function>
+Function* Original(Index index) {
+  return reinterpret_cast<Function*>(g_imports[index].original);
+}
+
+int64_t g_blocks = 0;
+Clock::time_point g_savingSince;
+double g_saving = 0;
+
+void* Counted(void* block) {
+  if (block) ++g_blocks;
+  return block;
+}
+
+void* __cdecl Malloc(size_t size) {
+  return Counted(Original<void* __cdecl(size_t)>(kMalloc)(size));
+}
+
+void* __cdecl Calloc(size_t count, size_t size) {
+  return Counted(Original<void* __cdecl(size_t, size_t)>(kCalloc)(count, size));
+}
+
+void* __cdecl Realloc(void* block, size_t size) {
+  void* moved = Original<void* __cdecl(void*, size_t)>(kRealloc)(block, size);
+  if (!block && moved) ++g_blocks;
+  if (block && size == 0) --g_blocks;
+  return moved;
+}
+
+void __cdecl Free(void* block) {
+  if (block) --g_blocks;
+  Original<void __cdecl(void*)>(kFree)(block);
+}
+
+char* __cdecl Strdup(const char* text) {
+  char* copy = Original<char* __cdecl(const char*)>(kStrdup)(text);
+  return static_cast<char*>(Counted(copy));
+}
+
+HRESULT WINAPI ClassFromProgId(const wchar_t* progId, CLSID* classId) {
+  g_savingSince = Clock::now();
+  return Original<HRESULT WINAPI(const wchar_t*, CLSID*)>(kClsidFromProgId)(progId, classId);
+}
+
+BOOL WINAPI MoveFileReplacement(LPCSTR from, LPCSTR to, DWORD flags) {
+  const BOOL moved = Original<BOOL WINAPI(LPCSTR, LPCSTR, DWORD)>(kMoveFileExA)(from, to, flags);
+  const DWORD error = GetLastError();
+  g_saving += std::chrono::duration<double, std::milli>(Clock::now() - g_savingSince).count();
+  SetLastError(error);
+  return moved;
+}
+
+std::array<Import, kCount> g_imports = {{
+    {"malloc", AsProc(Malloc)},
+    {"calloc", AsProc(Calloc)},
+    {"realloc", AsProc(Realloc)},
+    {"free", AsProc(Free)},
+    {"_strdup", AsProc(Strdup)},
+    {"CLSIDFromProgID", AsProc(ClassFromProgId)},
+    {"MoveFileExA", AsProc(MoveFileReplacement)},
+}};
+
+}  // namespace
+
+void CModuleMeter::Watch(HMODULE module) {
+  g_blocks = 0;
+  g_saving = 0;
+  for (Import& import : g_imports) {
+    import.slot = FindImport(module, import.name);
+    if (!import.slot) continue;
+    import.original = *import.slot;
+    WriteSlot(import.slot, import.replacement);
+  }
+}
+
+void CModuleMeter::Forget() {
+  for (Import& import : g_imports) {
+    if (import.slot) WriteSlot(import.slot, import.original);
+    import.slot = nullptr;
+  }
+}
+
+int64_t CModuleMeter::Blocks() {
+  return g_blocks;
+}
+
+double CModuleMeter::TakeSavingTime() {
+  return std::exchange(g_saving, 0);
+}
+
+}  // namespace quor::workbench

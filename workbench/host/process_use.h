@@ -1,0 +1,13 @@
+#ifndef QUOR_WORKBENCH_HOST_PROCESS_USE_H
+#define QUOR_WORKBENCH_HOST_PROCESS_USE_H
+
+#include "workbench/scenario/stage.h"
+
+namespace quor::workbench {
+
+// What this process holds of the system; `windows` counts those of the calling thread.
+ResourceUse MeasureProcess();
+
+}  // namespace quor::workbench
+
+#endif
