@@ -5,18 +5,20 @@
 #include <psapi.h>
 // clang-format on
 
+#include <algorithm>
 #include <vector>
 
 namespace quor::workbench {
 
 namespace {
 
+// Wine leaves the first out.
 int64_t PrivateBytes() {
   PROCESS_MEMORY_COUNTERS_EX counters = {};
   counters.cb = sizeof(counters);
   GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
                        sizeof(counters));
-  return static_cast<int64_t>(counters.PrivateUsage);
+  return static_cast<int64_t>(std::max(counters.PrivateUsage, counters.PagefileUsage));
 }
 
 // What winternl.h and the import library leave out.
