@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "outlook/com_boundary.h"
-#include "settings/msxml_document.h"
 #include "text/format.h"
 
 namespace quor {
@@ -151,7 +150,7 @@ std::optional<XmlElement> CConfigurationFile::Load(const std::string& path) {
 
 void CConfigurationFile::Save(const std::string& path, const XmlElement& root) noexcept {
   GuardCall(m_log, "Save Data", [&] {
-    CNewFile newFile(path, FormatXmlDocument(root));
+    CNewFile newFile(path, m_writer.Format(root));
     if (!m_unreadable) {
       newFile.ReplaceTarget();
       return;

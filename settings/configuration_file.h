@@ -1,6 +1,7 @@
 #ifndef QUOR_SETTINGS_CONFIGURATION_FILE_H
 #define QUOR_SETTINGS_CONFIGURATION_FILE_H
 
+#include "settings/msxml_document.h"
 #include "settings/settings.h"
 
 namespace quor {
@@ -20,6 +21,7 @@ class CConfigurationFile final : public IConfigurationFile {
 
  private:
   CDiagnosticLog& m_log;
+  CXmlWriter m_writer;
   bool m_unreadable = false;  // the file is there, but its last load failed
 };
 

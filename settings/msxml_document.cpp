@@ -148,6 +148,21 @@ void AppendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& par
   AppendChild(parent, node);
 }
 
+// Wine's parser never lets go of a document in which a declaration has been made, so that is done
+// once, in a document that holds nothing else.
+IXMLDOMProcessingInstructionPtr CreateDeclaration() {
+  IXMLDOMProcessingInstructionPtr declaration;
+  Check(CreateDocument()->createProcessingInstruction(
+      BstrFromText(L"xml"), BstrFromText(L"version='1.0' encoding='utf-8'"), &declaration));
+  return declaration;
+}
+
+IXMLDOMNodePtr CopyOf(const IXMLDOMNodePtr& node) {
+  IXMLDOMNodePtr copy;
+  Check(node->cloneNode(VARIANT_TRUE, &copy));
+  return copy;
+}
+
 std::vector<std::byte> ReadStream(IStream& stream) {
   STATSTG status;
   Check(stream.Stat(&status, STATFLAG_NONAME));
@@ -172,12 +187,10 @@ std::optional<XmlElement> ParseXmlDocument(std::span<const std::byte> bytes) {
   }
 }
 
-std::vector<std::byte> FormatXmlDocument(const XmlElement& root) {
+std::vector<std::byte> CXmlWriter::Format(const XmlElement& root) {
   const IXMLDOMDocumentPtr document = CreateDocument();
-  IXMLDOMProcessingInstructionPtr declaration;
-  Check(document->createProcessingInstruction(
-      BstrFromText(L"xml"), BstrFromText(L"version='1.0' encoding='utf-8'"), &declaration));
-  AppendChild(document, declaration);
+  if (m_declaration == nullptr) m_declaration = CreateDeclaration();
+  AppendChild(document, CopyOf(IXMLDOMNodePtr(m_declaration)));
   AppendElement(document, document, root);
 
   IStreamPtr stream;

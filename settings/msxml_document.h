@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "outlook/com_pointers.h"
 #include "settings/xml_element.h"
 
 namespace quor {
@@ -16,9 +17,16 @@ namespace quor {
 // Elements nested deeper than any reader looks are left out.
 std::optional<XmlElement> ParseXmlDocument(std::span<const std::byte> bytes);
 
-// The document as UTF-8 XML text. A failure of MSXML is thrown as a _com_error that carries
-// IID_IXMLDOMDocument.
-std::vector<std::byte> FormatXmlDocument(const XmlElement& root);
+// Writes documents, each made anew. To be destroyed before COM leaves the thread.
+class CXmlWriter {
+ public:
+  // The document as UTF-8 XML text. A failure of MSXML is thrown as a _com_error that carries
+  // IID_IXMLDOMDocument.
+  std::vector<std::byte> Format(const XmlElement& root);
+
+ private:
+  IUnknownPtr m_declaration;  // every document gets a copy
+};
 
 }  // namespace quor
 

@@ -225,7 +225,7 @@ TEST_F(CConfigurationFileTest, AMissingFolderIsSaidInTheLog) {
 
 TEST_F(CConfigurationFileTest, AFailureOfTheDocumentNamesItsInterface) {
   try {
-    FormatXmlDocument({L"", {}, {}});
+    CXmlWriter().Format({L"", {}, {}});
     FAIL() << "an element without a name was accepted";
   } catch (const _com_error& error) {
     EXPECT_TRUE(FAILED(error.Error()));
