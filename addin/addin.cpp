@@ -42,6 +42,7 @@ CAddin::CAddin()
 }
 
 CAddin::~CAddin() {
+  if (s_addin == this) s_addin = nullptr;
   FinalRelease();
 }
 
