@@ -2,14 +2,14 @@
 
 #include "module/identifiers.h"
 #include "outlook/com_boundary.h"
+#include "outlook/dispatch_object.h"
 #include "resources/resource_ids.h"
 
 namespace quor {
 namespace {
 
-// Outlook's PropertyPageSite, {0006307F-0000-0000-C000-000000000046}, and its one method.
-constexpr IID kPropertyPageSite = {
-    0x0006307F, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
+// Outlook's PropertyPageSite and its one method.
+constexpr IID kPropertyPageSite = OfficeId(0x0006307F);
 constexpr DISPID kOnStatusChange = 0x2100;
 
 // The panel's 240 x 172 dialog units at the usual size of the dialog font, in HIMETRIC.

@@ -3,11 +3,6 @@
 namespace quor {
 namespace {
 
-// Published identifiers of Office's interfaces share one tail.
-constexpr IID OfficeId(unsigned long head) {
-  return {head, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
-}
-
 constexpr IID kCommandBarsId = OfficeId(0x000C0302);
 constexpr IID kCommandBarId = OfficeId(0x000C0304);
 constexpr IID kControlsId = OfficeId(0x000C0306);

@@ -12,6 +12,11 @@
 
 namespace quor {
 
+// A published identifier of Outlook's or Office's: they differ in their first part alone.
+constexpr IID OfficeId(unsigned long head) noexcept {
+  return {head, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
+}
+
 // A member's name and the dispatch id that its interface gave for it. One static object per
 // interface and member: the name is looked up on the first use and never again.
 class CMemberId {

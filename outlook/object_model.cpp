@@ -3,23 +3,18 @@
 namespace quor {
 namespace {
 
-// Published identifiers of Outlook's interfaces share one tail.
-constexpr IID OutlookId(unsigned long head) {
-  return {head, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
-}
-
-constexpr IID kApplicationId = OutlookId(0x00063001);
-constexpr IID kNameSpaceId = OutlookId(0x00063002);
-constexpr IID kExplorerId = OutlookId(0x00063003);
-constexpr IID kInspectorId = OutlookId(0x00063005);
-constexpr IID kFolderId = OutlookId(0x00063006);
-constexpr IID kInspectorsId = OutlookId(0x00063008);
-constexpr IID kExplorersId = OutlookId(0x0006300A);
-constexpr IID kContactItemId = OutlookId(0x00063021);
-constexpr IID kFoldersId = OutlookId(0x00063040);
-constexpr IID kItemsId = OutlookId(0x00063041);
-constexpr IID kPropertyPagesId = OutlookId(0x00063080);
-constexpr IID kSelectionId = OutlookId(0x00063087);
+constexpr IID kApplicationId = OfficeId(0x00063001);
+constexpr IID kNameSpaceId = OfficeId(0x00063002);
+constexpr IID kExplorerId = OfficeId(0x00063003);
+constexpr IID kInspectorId = OfficeId(0x00063005);
+constexpr IID kFolderId = OfficeId(0x00063006);
+constexpr IID kInspectorsId = OfficeId(0x00063008);
+constexpr IID kExplorersId = OfficeId(0x0006300A);
+constexpr IID kContactItemId = OfficeId(0x00063021);
+constexpr IID kFoldersId = OfficeId(0x00063040);
+constexpr IID kItemsId = OfficeId(0x00063041);
+constexpr IID kPropertyPagesId = OfficeId(0x00063080);
+constexpr IID kSelectionId = OfficeId(0x00063087);
 
 _variant_t Index(int32_t index) {
   return _variant_t(static_cast<long>(index));
@@ -27,13 +22,13 @@ _variant_t Index(int32_t index) {
 
 }  // namespace
 
-const IID kApplicationEvents = OutlookId(0x0006304E);
-const IID kExplorerEvents = OutlookId(0x0006304F);
-const IID kFoldersEvents = OutlookId(0x00063076);
-const IID kItemsEvents = OutlookId(0x00063077);
-const IID kExplorersEvents = OutlookId(0x00063078);
-const IID kInspectorsEvents = OutlookId(0x00063079);
-const IID kInspectorEvents = OutlookId(0x0006307D);
+const IID kApplicationEvents = OfficeId(0x0006304E);
+const IID kExplorerEvents = OfficeId(0x0006304F);
+const IID kFoldersEvents = OfficeId(0x00063076);
+const IID kItemsEvents = OfficeId(0x00063077);
+const IID kExplorersEvents = OfficeId(0x00063078);
+const IID kInspectorsEvents = OfficeId(0x00063079);
+const IID kInspectorEvents = OfficeId(0x0006307D);
 
 CContactItem::CContactItem(IDispatchPtr object)
     : CDispatchObject(std::move(object), kContactItemId) {}
