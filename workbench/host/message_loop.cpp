@@ -1,6 +1,7 @@
 #include "workbench/host/message_loop.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quor::workbench {
 
@@ -20,6 +21,7 @@ bool CMessageLoop::HandleOne(UINT first, UINT last) {
   // A copy: the filter may take itself away.
   if (const Filter filter = m_filter; filter && filter(message)) return true;
   TranslateMessage(&message);
+  const MSG outer = std::exchange(m_handled, message);
   const auto handle = [&message] { DispatchMessageW(&message); };
   const bool watched = message.message == WM_TIMER && message.wParam == m_watchedTimer && m_watcher;
   if (watched) {
@@ -27,7 +29,12 @@ bool CMessageLoop::HandleOne(UINT first, UINT last) {
   } else {
     handle();
   }
+  m_handled = outer;
   return true;
+}
+
+bool CMessageLoop::HandedOut(HWND window, UINT message, LPARAM lParam) const {
+  return m_handled.hwnd == window && m_handled.message == message && m_handled.lParam == lParam;
 }
 
 void CMessageLoop::WatchTimer(UINT_PTR timer, Watcher watcher) {
@@ -60,19 +67,15 @@ void CMessageLoop::Pump() {
 
 bool CMessageLoop::PumpUntil(const std::function<bool()>& done, unsigned milliseconds) {
   const ULONGLONG end = GetTickCount64() + milliseconds;
-  m_waiting = true;
-  bool reached = false;
   for (;;) {
     Pump();
-    reached = done();
+    if (done()) return true;
     const ULONGLONG now = GetTickCount64();
-    if (reached || now >= end) break;
+    if (now >= end) return false;
     if (HandleOne(WM_TIMER, WM_TIMER)) continue;
     const DWORD sleep = std::min(kLongestSleep, static_cast<DWORD>(end - now));
     MsgWaitForMultipleObjects(0, nullptr, FALSE, sleep, QS_ALLINPUT);
   }
-  m_waiting = false;
-  return reached;
 }
 
 void CMessageLoop::Run() {

@@ -3,7 +3,6 @@
 
 #include <windows.h>
 
-#include <atomic>
 #include <functional>
 
 namespace quor::workbench {
@@ -29,8 +28,8 @@ class CMessageLoop {
   // `filter` sees each message first, and says whether it has used it; null: no longer.
   using Filter = std::function<bool(MSG& message)>;
   void SetFilter(Filter filter) { m_filter = std::move(filter); }
-  // True while a wait of the scenario, rather than a window's own loop, handles the messages.
-  bool IsWaiting() const { return m_waiting; }
+  // Whether this loop, rather than a window's own, has handed out the message that is handled now.
+  bool HandedOut(HWND window, UINT message, LPARAM lParam) const;
 
  private:
   bool HandleOne(UINT first, UINT last);
@@ -42,7 +41,7 @@ class CMessageLoop {
   UINT_PTR m_firstTimer = 0;
   UINT_PTR m_heldTimer = 0;
   ULONGLONG m_heldUntil = 0;
-  std::atomic<bool> m_waiting = false;
+  MSG m_handled = {};
 };
 
 }  // namespace quor::workbench

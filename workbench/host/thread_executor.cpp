@@ -24,6 +24,7 @@ CThreadExecutor::CThreadExecutor(CMessageLoop& loop, DWORD limit, std::function<
   m_window = CreateWindowExW(0, kClassName, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                              windowClass.hInstance, nullptr);
   if (!m_window) throw std::runtime_error("no window for the scenario's steps");
+  SetWindowLongPtrW(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
 CThreadExecutor::~CThreadExecutor() {
@@ -35,6 +36,9 @@ LRESULT CALLBACK CThreadExecutor::WindowProcedure(HWND window, UINT message, WPA
   if (message != kRunJob) return DefWindowProcW(window, message, wParam, lParam);
   const std::unique_ptr<JobPtr> owned(reinterpret_cast<JobPtr*>(lParam));
   const JobPtr job = *owned;
+  const auto* self =
+      reinterpret_cast<const CThreadExecutor*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  job->insideWindow = !self->m_loop.HandedOut(window, message, lParam);
   try {
     job->action();
   } catch (...) {
@@ -65,12 +69,10 @@ void CThreadExecutor::RethrowLateErrors() {
 }
 
 // A message posted now is handled only where something handles messages: in a window's own loop, or
-// in a wait of the scenario, which does not count.
+// in ours, which a step may run as well and then goes on.
 bool CThreadExecutor::IsInsideWindow() {
-  if (m_loop.IsWaiting()) return false;
-  const auto waiting = std::make_shared<bool>(true);
-  const JobPtr probe = Post([this, waiting] { *waiting = m_loop.IsWaiting(); });
-  return WaitForSingleObject(probe->finished, kPatience) == WAIT_OBJECT_0 && !*waiting;
+  const JobPtr probe = Post([] {});
+  return WaitForSingleObject(probe->finished, kPatience) == WAIT_OBJECT_0 && probe->insideWindow;
 }
 
 void CThreadExecutor::Do(const std::function<void()>& action) {

@@ -35,6 +35,7 @@ class CThreadExecutor final : public IExecutor {
     std::function<void()> action;
     HANDLE finished;
     std::exception_ptr error;
+    bool insideWindow = false;  // it was a window's own loop that ran it
 
     ~Job() { CloseHandle(finished); }
   };
