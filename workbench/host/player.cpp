@@ -75,7 +75,6 @@ int CPlayer::Sweep(const std::vector<Statement>& statements) {
 
 // False when the session has no such call any more.
 bool CPlayer::SweepRound(const std::vector<Statement>& statements, uint64_t call, bool& good) {
-  std::string member;
   Open();
   CModel& model = m_workbench->Outlook().Model();
   m_executor.Do([&] {
@@ -83,15 +82,13 @@ bool CPlayer::SweepRound(const std::vector<Statement>& statements, uint64_t call
     fault.first = fault.last = call;
     model.AddFault(fault);
     m_workbench->Host().HastenTimers();
-    model.SetObserver([&member](const CallRecord& record) {
-      if (FAILED(record.code) && member.empty()) member = record.member;
-    });
   });
   CConsole quiet(Options::Telling::FailuresOnly);
   CRun run = NewRun(quiet);
   run.PlayUnderFaults(statements);
   const bool finished = run.Finish();
   const bool fired = model.FaultsFired() > 0;
+  const std::string member = model.LastFaulted();
   Close();
   if (fired && m_options.telling == Options::Telling::Everything) {
     PrintLine("    " + std::to_string(call) + " " + member);

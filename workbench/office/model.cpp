@@ -102,7 +102,10 @@ std::optional<HRESULT> CModel::Enter(const CallSite& site) {
       actions.push_back(trigger.action);
     }
   }
-  if (answer.has_value()) ++m_faultsFired;
+  if (answer.has_value()) {
+    ++m_faultsFired;
+    m_lastFaulted = site.key;
+  }
   std::erase_if(m_triggers,
                 [](const Trigger& one) { return one.last != 0 && one.seen >= one.last; });
   // Last, because an action may well call the model, set faults or end the session.

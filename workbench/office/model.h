@@ -86,6 +86,8 @@ class CModel {
   void Withdraw(int number);
   void WithdrawAll();
   uint64_t FaultsFired() const noexcept { return m_faultsFired; }  // a sweep ends when none did
+  // The call that a fault made fail last: "Items.Item".
+  const std::string& LastFaulted() const noexcept { return m_lastFaulted; }
   void RethrowHookFailure();  // the first since the last time; nothing if there was none
 
   using Observer = std::function<void(const CallRecord&)>;
@@ -153,6 +155,7 @@ class CModel {
   std::vector<Trigger> m_triggers;
   int m_lastTrigger = 0;
   uint64_t m_faultsFired = 0;
+  std::string m_lastFaulted;
   std::exception_ptr m_hookFailure;
   Observer m_observer;
   uint64_t m_totalCalls = 0;

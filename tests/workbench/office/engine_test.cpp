@@ -87,6 +87,7 @@ TEST_F(CEngineTest, FailsTheChosenCalls) {
   model.Withdraw(number);
   EXPECT_THAT(codes(1), ElementsAre(S_OK));
   EXPECT_EQ(model.FaultsFired(), 5u);
+  EXPECT_EQ(model.LastFaulted(), "MAPIFolder.Name");
 
   model.AddFault({"Items.Item", 1, 1, S_OK});
   EXPECT_FALSE(items.Object(L"Item", {CValue(1)}));
