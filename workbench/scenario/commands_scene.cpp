@@ -8,6 +8,13 @@ namespace quor::workbench {
 
 namespace {
 
+// A path in a scenario is relative to the scenario's folder unless it says where it begins.
+std::string PathFrom(const CRun& run, const std::string& path) {
+  const bool absolute =
+      path.starts_with('/') || path.starts_with('\\') || (path.size() > 1 && path[1] == ':');
+  return absolute ? path : run.scenarioFolder + path;
+}
+
 void Applies(CRun&, const CCommandArguments&) {
   // Read before the run: a scenario for other versions is not played.
 }
@@ -17,8 +24,7 @@ void Say(CRun& run, const CCommandArguments& arguments) {
 }
 
 void SettingsFile(CRun& run, const CCommandArguments& arguments) {
-  run.stage.evidence.CopyIn(run.scenarioFolder + arguments.Text(0),
-                            "Microsoft\\AddIns\\vex_cfg.xml");
+  run.stage.evidence.CopyIn(PathFrom(run, arguments.Text(0)), "Microsoft\\AddIns\\vex_cfg.xml");
   run.settings = CRun::Settings::None;
 }
 
@@ -51,7 +57,7 @@ void NoApplicationData(CRun& run, const CCommandArguments&) {
 }
 
 void Contacts(CRun& run, const CCommandArguments& arguments) {
-  run.stage.outlook.LoadContacts(run.scenarioFolder + arguments.Text(0));
+  run.stage.outlook.LoadContacts(PathFrom(run, arguments.Text(0)));
 }
 
 using Block = Command::Block;
