@@ -23,6 +23,7 @@ void Create(CRun& run, const CCommandArguments&) {
 }
 
 void ConnectWithMode(CRun& run, int mode) {
+  run.ReopenOutlook();
   if (!run.stage.host.IsLoaded()) {
     run.WriteSettings();
     run.lastResult = run.stage.host.Create();

@@ -171,6 +171,7 @@ void CRun::QuitOutlook() {
   if (host.IsConnected()) {
     const bool fast = stage.outlook.Version() >= kFirstRibbonVersion;
     stage.outlook.CloseExplorer();
+    m_hasQuit = true;
     host.Pump();
     if (!fast) host.BeginShutdown();
     stage.outlook.FireQuit();
@@ -179,6 +180,10 @@ void CRun::QuitOutlook() {
     if (!fast) host.Disconnect(0);
   }
   host.Unload();
+}
+
+void CRun::ReopenOutlook() {
+  if (std::exchange(m_hasQuit, false)) stage.outlook.NewExplorer();
 }
 
 void CRun::WaitForTicks(int ticks) {

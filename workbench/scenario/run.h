@@ -70,14 +70,16 @@ class CRun {
   void WriteSettings();
   // The order of calls and events with which this Outlook version ends, unloading included.
   void QuitOutlook();
+  // A main window for an Outlook that was quit and is to run again.
+  void ReopenOutlook();
   // Counts the device polls of the add-in's timer.
   void WaitForTicks(int ticks);
 
   Stage stage;
   ITranscript& transcript;
   uint32_t lastResult = 0;
-  std::string
-      scenarioFolder;  // paths in a scenario are relative to it; ends in a separator or is empty
+  // Relative paths in a scenario begin here; ends in a separator or is empty.
+  std::string scenarioFolder;
 
   enum class Settings { Default, None, Given } settings = Settings::Default;
   std::string givenSettings;
@@ -98,6 +100,7 @@ class CRun {
   IExecutor& m_executor;
   std::string m_failedInside;
   unsigned m_tickLimit = 10'000;  // milliseconds
+  bool m_hasQuit = false;         // and its main window is gone
   size_t m_logSeen = 0;
 };
 
