@@ -114,7 +114,10 @@ STDMETHODIMP CAddin::OnConnection(IDispatch* application, ext_ConnectMode, IDisp
   // A failed start leaves the add-in loaded and idle.
   HRESULT result = S_FALSE;
   GuardCall(m_log, "OnConnection", [&] { result = Start(application); });
-  return result;
+  if (!m_disconnected) return result;
+  // Outlook let go of the add-in inside one of those calls. What came up after that has to go, too.
+  LetGo(ext_dm_UserClosed);
+  return S_FALSE;
 }
 
 STDMETHODIMP CAddin::OnDisconnection(ext_DisconnectMode mode, SAFEARRAY**) {

@@ -108,6 +108,7 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
 
   // The shutdown sequences (addin_shutdown.cpp).
   void Disconnect(ext_DisconnectMode mode);
+  void LetGo(ext_DisconnectMode mode) noexcept;
   void DisconnectEvents() noexcept;
 
   // IWindowHandler (addin_events.cpp)

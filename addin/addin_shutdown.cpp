@@ -27,6 +27,13 @@ void CAddin::OnCloseExplorer() {
 }
 
 void CAddin::Disconnect(ext_DisconnectMode mode) {
+  LetGo(mode);
+  m_settings.Save();
+  m_language.Leave();
+  m_log.Write("CAddin::OnDisconnection finish\n");
+}
+
+void CAddin::LetGo(ext_DisconnectMode mode) noexcept {
   m_link.StopWatchThread();
   // Only this thread could end a build that is under way, so nothing is waited for: a disconnection
   // inside the build stops it, and it ends when this call has returned to it.
@@ -41,11 +48,8 @@ void CAddin::Disconnect(ext_DisconnectMode mode) {
   m_ui.ReleaseMainToolbar();
   m_ui.ReleaseRibbon();
   m_session.DisconnectExplorer();
-  m_settings.Save();
   m_session.Release();
-  m_language.Leave();
   m_finished = false;
-  m_log.Write("CAddin::OnDisconnection finish\n");
 }
 
 void CAddin::DisconnectEvents() noexcept {

@@ -23,6 +23,7 @@ void InitialiseCommonControls() {
 
 HRESULT CAddin::Start(IDispatch* application) {
   m_disconnected = false;
+  m_quitting = false;
   m_explorerClosed = false;
   LoadConfiguration();
   m_session.Release();
@@ -44,7 +45,7 @@ HRESULT CAddin::Start(IDispatch* application) {
     m_log.Write("Explorer is close\n");
     return S_FALSE;
   }
-  return FinishStart();
+  return m_disconnected ? S_FALSE : FinishStart();
 }
 
 void CAddin::LoadConfiguration() {
