@@ -4,6 +4,7 @@
 #include <ole2.h>
 
 #include <string>
+#include <vector>
 
 #include "module/identifiers.h"
 #include "module/quor_telephone_toolbar.h"
@@ -37,6 +38,10 @@ class CComServerTest : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_EQ(CoInitialize(nullptr), S_OK);
+    LoadServer();
+  }
+
+  void LoadServer() {
     wchar_t path[MAX_PATH];
     GetModuleFileNameW(nullptr, path, MAX_PATH);
     const std::wstring folder(path, std::wstring(path).rfind(L'\\') + 1);
@@ -124,6 +129,24 @@ TEST_F(CComServerTest, LivesAsLongAsAnObject) {
   auto* addin = CreateAddin<IDTExtensibility2>();
   EXPECT_EQ(CanUnloadNow(), S_FALSE);
   EXPECT_EQ(addin->Release(), 0u);
+}
+
+// A process has only so many slots of thread-local storage, and the runtime takes one to throw.
+TEST_F(CComServerTest, TakesNoThreadSlotAlong) {
+  std::vector<DWORD> slots;
+  for (int i = 0; i < 3; ++i) {
+    IClassFactory* factory = nullptr;
+    ASSERT_EQ(Factory(kPropertyPageClsid, &factory), S_OK);
+    void* object = nullptr;
+    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, &object), E_OUTOFMEMORY) << "throws";
+    factory->Release();
+    FreeLibrary(m_server);
+    slots.push_back(TlsAlloc());
+    TlsFree(slots.back());
+    LoadServer();
+  }
+  EXPECT_EQ(slots[1], slots[0]);
+  EXPECT_EQ(slots[2], slots[0]);
 }
 
 TEST_F(CComServerTest, AnswersTheRibbonByName) {
