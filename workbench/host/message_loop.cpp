@@ -18,10 +18,16 @@ bool CMessageLoop::HandleOne(UINT first, UINT last) {
   MSG message;
   if (!PeekMessageW(&message, nullptr, first, last, PM_REMOVE)) return false;
   if (message.message == WM_TIMER && IsHeldBack(message)) return true;
-  // A copy: the filter may take itself away.
-  if (const Filter filter = m_filter; filter && filter(message)) return true;
-  TranslateMessage(&message);
   const MSG outer = std::exchange(m_handled, message);
+  Handle(message);
+  m_handled = outer;
+  return true;
+}
+
+void CMessageLoop::Handle(MSG& message) {
+  // A copy: the filter may take itself away.
+  if (const Filter filter = m_filter; filter && filter(message)) return;
+  TranslateMessage(&message);
   const auto handle = [&message] { DispatchMessageW(&message); };
   const bool watched = message.message == WM_TIMER && message.wParam == m_watchedTimer && m_watcher;
   if (watched) {
@@ -29,8 +35,6 @@ bool CMessageLoop::HandleOne(UINT first, UINT last) {
   } else {
     handle();
   }
-  m_handled = outer;
-  return true;
 }
 
 bool CMessageLoop::HandedOut(HWND window, UINT message, LPARAM lParam) const {

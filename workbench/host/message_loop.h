@@ -33,6 +33,7 @@ class CMessageLoop {
 
  private:
   bool HandleOne(UINT first, UINT last);
+  void Handle(MSG& message);
   bool IsHeldBack(const MSG& message);
 
   UINT_PTR m_watchedTimer = 0;
