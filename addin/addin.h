@@ -104,6 +104,8 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   HRESULT OnNewMainExplorer();
   bool CreateMainToolbar(const char* failure);
   HRESULT FinishStart();
+  // Whether OnConnection ran to its end; says so if it did not.
+  bool HasFinished() noexcept;
   void FindOutlookWindow();
 
   // The shutdown sequences (addin_shutdown.cpp).

@@ -70,6 +70,7 @@ void CAddin::OnNewExplorer(IDispatch* explorer) {
 
 void CAddin::OnNewInspector(IDispatch* inspector) {
   m_log.Write("CAddin::OnNewInspector\n");
+  if (!HasFinished()) return;
   if (const CInspector opened = QueryObject<CInspector>(inspector)) m_ui.OpenContactWindow(opened);
 }
 
@@ -92,11 +93,13 @@ void CAddin::OnSelectionChange() {
 
 void CAddin::OnFolderSwitch() {
   m_log.Write("CAddin::OnFolderSwitch\n");
-  if (!m_finished) {
-    m_log.Write("Not finished OnConnection!\n");
-    return;
-  }
-  m_ui.OnFolderSwitch();
+  if (HasFinished()) m_ui.OnFolderSwitch();
+}
+
+// An event that comes before the connection is complete, or after it failed, is said and ignored.
+bool CAddin::HasFinished() noexcept {
+  if (!m_finished) m_log.Write("Not finished OnConnection!\n");
+  return m_finished;
 }
 
 void CAddin::OnDeleteItemAdd(IDispatch* item) {

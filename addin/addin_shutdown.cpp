@@ -18,10 +18,7 @@ void CAddin::OnCloseExplorer() {
   m_dialogs.Destroy();
   m_ui.ReleaseMainToolbar();
   m_explorerClosed = true;
-  if (!m_finished) {
-    m_log.Write("Not finished OnConnection!\n");
-    return;
-  }
+  if (!HasFinished()) return;
   m_session.DisconnectExplorer();
   m_ui.CloseContactWindows();
 }
