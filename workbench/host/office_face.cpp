@@ -67,15 +67,15 @@ std::vector<std::string> COfficeFace::RibbonMessages() const {
   return messages;
 }
 
-COfficeFace::WindowParts* COfficeFace::FindKnown(const CWindowObject& window) {
+COfficeFace::PartsPtr COfficeFace::FindKnown(const CWindowObject& window) {
   for (const auto& parts : m_windows) {
-    if (parts->object == &window) return parts.get();
+    if (parts->object == &window) return parts;
   }
   return nullptr;
 }
 
-COfficeFace::WindowParts& COfficeFace::Add(CWindowObject& window, bool isExplorer) {
-  auto parts = std::make_unique<WindowParts>();
+COfficeFace::PartsPtr COfficeFace::Add(CWindowObject& window, bool isExplorer) {
+  auto parts = std::make_shared<WindowParts>();
   parts->object = &window;
   parts->isExplorer = isExplorer;
   const int firstRibbon = isExplorer ? kFirstExplorerRibbon : kFirstInspectorRibbon;
@@ -83,50 +83,50 @@ COfficeFace::WindowParts& COfficeFace::Add(CWindowObject& window, bool isExplore
       m_session->Model(), m_registry,
       m_version < firstRibbon ? CCommandBars::Kind::Shown : CCommandBars::Kind::Hidden);
   parts->bars->SetApplication(&m_session->Application());
-  m_windows.push_back(std::move(parts));
-  return *m_windows.back();
+  m_windows.push_back(parts);
+  return parts;
 }
 
-COfficeFace::WindowParts& COfficeFace::PartsOf(CExplorer& explorer) {
-  if (WindowParts* known = FindKnown(explorer)) return *known;
-  WindowParts& parts = Add(explorer, true);
+COfficeFace::PartsPtr COfficeFace::PartsOf(CExplorer& explorer) {
+  if (PartsPtr known = FindKnown(explorer)) return known;
+  PartsPtr parts = Add(explorer, true);
   OutlookWindowOptions options;
   options.skin = m_version < kFirstExplorerRibbon ? Skin::Toolbars : Skin::Ribbon;
-  parts.window = std::make_unique<COutlookWindow>(*m_session, explorer, *parts.bars, options);
-  parts.window->SetPanel(m_panel);
+  parts->window = std::make_unique<COutlookWindow>(*m_session, explorer, *parts->bars, options);
+  parts->window->SetPanel(m_panel);
   return parts;
 }
 
-COfficeFace::WindowParts& COfficeFace::PartsOf(CInspector& inspector) {
-  if (WindowParts* known = FindKnown(inspector)) return *known;
-  WindowParts& parts = Add(inspector, false);
+COfficeFace::PartsPtr COfficeFace::PartsOf(CInspector& inspector) {
+  if (PartsPtr known = FindKnown(inspector)) return known;
+  PartsPtr parts = Add(inspector, false);
   OutlookWindowOptions options;
   options.skin = m_version < kFirstInspectorRibbon ? Skin::Toolbars : Skin::Ribbon;
-  parts.window = std::make_unique<COutlookWindow>(*m_session, inspector, *parts.bars, options);
+  parts->window = std::make_unique<COutlookWindow>(*m_session, inspector, *parts->bars, options);
   return parts;
 }
 
-COfficeFace::WindowParts& COfficeFace::Find(CWindowObject* window) {
+COfficeFace::PartsPtr COfficeFace::Find(CWindowObject* window) {
   for (const auto& parts : m_windows) {
-    if (window ? parts->object == window : parts->isExplorer) return *parts;
+    if (window ? parts->object == window : parts->isExplorer) return parts;
   }
   throw CScenarioError("no such window is open");
 }
 
 IDispatch* COfficeFace::CommandBarsOf(CExplorer& explorer) {
-  return PartsOf(explorer).bars.get();
+  return PartsOf(explorer)->bars.get();
 }
 
 IDispatch* COfficeFace::CommandBarsOf(CInspector& inspector) {
-  return PartsOf(inspector).bars.get();
+  return PartsOf(inspector)->bars.get();
 }
 
 HWND COfficeFace::WindowOf(CExplorer& explorer) {
-  return PartsOf(explorer).window->Handle();
+  return PartsOf(explorer)->window->Handle();
 }
 
 HWND COfficeFace::WindowOf(CInspector& inspector) {
-  return PartsOf(inspector).window->Handle();
+  return PartsOf(inspector)->window->Handle();
 }
 
 void COfficeFace::OpenRibbon(WindowParts& parts) {
@@ -145,25 +145,26 @@ void COfficeFace::Show(WindowParts& parts) {
 }
 
 void COfficeFace::OnShown(CExplorer& explorer) {
-  Show(PartsOf(explorer));
+  const PartsPtr parts = PartsOf(explorer);
+  Show(*parts);
 }
 
 void COfficeFace::OnShown(CInspector& inspector) {
-  WindowParts& parts = PartsOf(inspector);
+  const PartsPtr parts = PartsOf(inspector);
   if (m_version >= kFirstInspectorRibbon && !m_contactRibbonAsked) {
     m_contactRibbonAsked = true;
     m_askRibbon(kContactRibbon);
   }
-  Show(parts);
+  Show(*parts);
 }
 
 void COfficeFace::Close(CWindowObject& window) {
   const auto found = std::find_if(m_windows.begin(), m_windows.end(),
                                   [&](const auto& parts) { return parts->object == &window; });
   if (found == m_windows.end()) return;
-  const std::unique_ptr<WindowParts> parts = std::move(*found);
+  const PartsPtr parts = *found;
   m_windows.erase(found);
-  parts->window.reset();
+  ShowWindow(parts->window->Handle(), SW_HIDE);
   parts->bars->Close();
 }
 
@@ -176,7 +177,9 @@ void COfficeFace::OnClosed(CInspector& inspector) {
 }
 
 void COfficeFace::OnChanged() {
-  for (const auto& parts : m_windows) {
+  // A copy: a callback may close a window.
+  const std::vector<PartsPtr> windows = m_windows;
+  for (const auto& parts : windows) {
     parts->window->Redraw();
     if (!parts->isExplorer || !parts->ribbon) continue;
     const auto& explorer = static_cast<CExplorer&>(*parts->object);
@@ -185,7 +188,8 @@ void COfficeFace::OnChanged() {
 }
 
 RibbonFigures COfficeFace::TakeRibbonFigures() {
-  for (const auto& parts : m_windows) {
+  const std::vector<PartsPtr> windows = m_windows;
+  for (const auto& parts : windows) {
     if (parts->ribbon) parts->ribbon->Redraw();
   }
   RibbonFigures sum;
@@ -201,13 +205,13 @@ RibbonFigures COfficeFace::TakeRibbonFigures() {
 
 void COfficeFace::RenderToPng(CWindowObject* window, const std::wstring& path,
                               const PictureLook& look) {
-  Find(window).window->RenderToPng(path, look);
+  Find(window)->window->RenderToPng(path, look);
 }
 
 void COfficeFace::OpenMenu(CWindowObject* window, const std::vector<std::wstring>& path) {
-  WindowParts& parts = Find(window);
-  if (path.empty()) return parts.window->CloseMenus();
-  parts.window->OpenMenu(path);
+  const PartsPtr parts = Find(window);
+  if (path.empty()) return parts->window->CloseMenus();
+  parts->window->OpenMenu(path);
 }
 
 void COfficeFace::ShowCalendarAsTable(bool table) {
@@ -216,28 +220,28 @@ void COfficeFace::ShowCalendarAsTable(bool table) {
 }
 
 std::vector<ControlFace> COfficeFace::Controls(CWindowObject* window) {
-  WindowParts& parts = Find(window);
-  return parts.ribbon ? parts.ribbon->ControlFaces() : parts.bars->ControlFaces();
+  const PartsPtr parts = Find(window);
+  return parts->ribbon ? parts->ribbon->ControlFaces() : parts->bars->ControlFaces();
 }
 
 void COfficeFace::Click(CWindowObject* window, const std::vector<std::wstring>& path) {
-  WindowParts& parts = Find(window);
-  if (parts.ribbon) return parts.ribbon->Click(path);
-  parts.bars->Click(path);
+  const PartsPtr parts = Find(window);
+  if (parts->ribbon) return parts->ribbon->Click(path);
+  parts->bars->Click(path);
 }
 
 void COfficeFace::EnterText(CWindowObject* window, const std::wstring& control,
                             const std::wstring& text) {
-  WindowParts& parts = Find(window);
-  if (parts.ribbon) return parts.ribbon->EnterText({&control, 1}, text);
-  parts.bars->EnterText({&control, 1}, text);
+  const PartsPtr parts = Find(window);
+  if (parts->ribbon) return parts->ribbon->EnterText({&control, 1}, text);
+  parts->bars->EnterText({&control, 1}, text);
 }
 
 void COfficeFace::PickEntry(CWindowObject* window, const std::wstring& control,
                             const std::wstring& entry) {
-  WindowParts& parts = Find(window);
-  if (parts.ribbon) return parts.ribbon->PickEntry({&control, 1}, entry);
-  parts.bars->PickEntry({&control, 1}, entry);
+  const PartsPtr parts = Find(window);
+  if (parts->ribbon) return parts->ribbon->PickEntry({&control, 1}, entry);
+  parts->bars->PickEntry({&control, 1}, entry);
 }
 
 }  // namespace quor::workbench

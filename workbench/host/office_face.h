@@ -73,12 +73,14 @@ class COfficeFace final : public IOutlookFace {
     std::unique_ptr<CRibbonView> ribbon;
     std::unique_ptr<COutlookWindow> window;
   };
+  // Whoever acts on a window holds its parts: a callback of the add-in's may close it.
+  using PartsPtr = std::shared_ptr<WindowParts>;
 
-  WindowParts& PartsOf(CExplorer& explorer);
-  WindowParts& PartsOf(CInspector& inspector);
-  WindowParts* FindKnown(const CWindowObject& window);
-  WindowParts& Add(CWindowObject& window, bool isExplorer);
-  WindowParts& Find(CWindowObject* window);
+  PartsPtr PartsOf(CExplorer& explorer);
+  PartsPtr PartsOf(CInspector& inspector);
+  PartsPtr FindKnown(const CWindowObject& window);
+  PartsPtr Add(CWindowObject& window, bool isExplorer);
+  PartsPtr Find(CWindowObject* window);
   void Show(WindowParts& parts);
   void OpenRibbon(WindowParts& parts);
   void Close(CWindowObject& window);
@@ -92,7 +94,7 @@ class COfficeFace final : public IOutlookFace {
   std::unique_ptr<CRibbonHost> m_contactRibbon;
   bool m_contactRibbonAsked = false;
   bool m_calendarAsTable = false;
-  std::vector<std::unique_ptr<WindowParts>> m_windows;
+  std::vector<PartsPtr> m_windows;
 };
 
 }  // namespace quor::workbench

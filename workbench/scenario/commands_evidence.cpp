@@ -117,9 +117,15 @@ void ExpectRegistry(CRun& run, const CCommandArguments& arguments) {
   }
 }
 
+void NoteHeld(CRun& run, const CCommandArguments&) {
+  run.notedHeld = run.stage.outlook.Held();
+}
+
 void ExpectHeld(CRun& run, const CCommandArguments& arguments) {
   const std::vector<std::string> held = run.stage.outlook.Held();
-  if (arguments.Is(0, "nothing") ? !held.empty() : held != arguments.Block()) {
+  std::vector<std::string> expected = arguments.Block();
+  if (arguments.Is(0, "noted")) expected = run.notedHeld;
+  if (held != expected) {
     throw CExpectationFailure("the add-in holds\n" + Joined(held));
   }
 }
@@ -282,9 +288,11 @@ constexpr Command kCommands[] = {
     {"expect registry", "KEY NAME [VALUE]",
      "A registry value as text; without VALUE there must be none. NAME \"\" is the default value.",
      2, 3, Block::None, ExpectRegistry},
-    {"expect held", "[nothing]",
-     "What of Outlook's objects the add-in holds: nothing, or exactly the block.", 0, 1,
-     Block::Optional, ExpectHeld},
+    {"note held", "", "Notes what of Outlook's objects the add-in holds.", 0, 0, Block::None,
+     NoteHeld},
+    {"expect held", "[nothing|noted]",
+     "What of Outlook's objects the add-in holds: nothing, what was noted, or exactly the block.",
+     0, 1, Block::Optional, ExpectHeld},
     {"show held", "", "Shows what of Outlook's objects the add-in holds.", 0, 0, Block::None,
      ShowHeld},
     {"watch xml", "PATH",

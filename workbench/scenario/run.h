@@ -80,6 +80,7 @@ class CRun {
   uint32_t lastResult = 0;
   // Relative paths in a scenario begin here; ends in a separator or is empty.
   std::string scenarioFolder;
+  std::vector<std::string> notedHeld;
 
   enum class Settings { Default, None, Given } settings = Settings::Default;
   std::string givenSettings;

@@ -147,7 +147,7 @@ TEST(Run, EvidenceIsCompared) {
   EXPECT_EQ(stage.Play("expect file a exists\nexpect file a is:\n| x\nexpect file b missing\n"
                        "expect files:\n| a\nexpect xml a //b 0\nexpect setting LanguageNo 0\n"
                        "expect registry HKLM\\x LoadBehavior 3\nexpect held nothing\n"
-                       "expect opened Temp"),
+                       "expect opened Temp\nnote held\nexpect held noted"),
             "");
   for (const char* line : {"expect opened .", "expect file a missing", "expect file b exists",
                            "expect file a is:\n| y", "expect files:\n| b", "expect xml a //b",
