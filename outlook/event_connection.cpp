@@ -108,6 +108,7 @@ HRESULT CEventConnection::Connect(IUnknown* source, REFIID events, EventHandler 
   result = container->FindConnectionPoint(events, &point);
   container->Release();
   if (FAILED(result)) return result;
+  if (point == nullptr) return CONNECT_E_NOCONNECTION;
 
   CEventSink* sink = nullptr;
   try {
@@ -116,7 +117,7 @@ HRESULT CEventConnection::Connect(IUnknown* source, REFIID events, EventHandler 
     point->Release();
     throw;
   }
-  DWORD cookie = kNotAdvised;
+  DWORD cookie = 0;
   result = point->Advise(sink, &cookie);
   if (FAILED(result)) {
     sink->Detach();
@@ -136,7 +137,7 @@ void CEventConnection::Unadvise() noexcept {
   // Forget first: unadvising calls out, and a second shutdown may run inside that call.
   IConnectionPoint* point = std::exchange(m_point, nullptr);
   CEventSink* sink = std::exchange(m_sink, nullptr);
-  const DWORD cookie = std::exchange(m_cookie, kNotAdvised);
+  const DWORD cookie = m_cookie;
   const IUnknownPtr source = std::exchange(m_source, nullptr);
   sink->Detach();
   const HRESULT result = point->Unadvise(cookie);

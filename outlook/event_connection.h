@@ -43,7 +43,7 @@ class CEventConnection {
   CEventConnection(const CEventConnection&) = delete;
   CEventConnection& operator=(const CEventConnection&) = delete;
 
-  bool IsAdvised() const noexcept { return m_cookie != kNotAdvised; }
+  bool IsAdvised() const noexcept { return m_point != nullptr; }
 
   // Connects the handler to the source's connection point for `events`. E_FAIL when already
   // advised; otherwise what the source answers. Never throws.
@@ -53,8 +53,6 @@ class CEventConnection {
   void Unadvise() noexcept;
 
  private:
-  static constexpr DWORD kNotAdvised = 0xFEFEFEFE;
-
   HRESULT Connect(IUnknown* source, REFIID events, EventHandler handler);
 
   CDiagnosticLog& m_log;
@@ -62,7 +60,7 @@ class CEventConnection {
   IUnknownPtr m_source;
   IConnectionPoint* m_point = nullptr;
   CEventSink* m_sink = nullptr;
-  DWORD m_cookie = kNotAdvised;
+  DWORD m_cookie = 0;
 };
 
 }  // namespace quor
