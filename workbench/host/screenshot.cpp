@@ -9,7 +9,9 @@ namespace Gdiplus { using std::max; using std::min; }
 #include <gdiplus.h>
 // clang-format on
 
+#include <cstddef>
 #include <memory>
+#include <vector>
 
 #include "workbench/office/value.h"
 
@@ -43,6 +45,42 @@ HBITMAP CopyScreen() {
   return bitmap;
 }
 
+std::vector<std::byte> PixelsOf(HBITMAP bitmap) {
+  BITMAP description = {};
+  GetObjectW(bitmap, sizeof(description), &description);
+  std::vector<std::byte> pixels(static_cast<size_t>(description.bmWidthBytes) *
+                                static_cast<size_t>(description.bmHeight));
+  GetBitmapBits(bitmap, static_cast<LONG>(pixels.size()), pixels.data());
+  return pixels;
+}
+
+BOOL CALLBACK Repaint(HWND window, LPARAM) {
+  constexpr UINT kAll =
+      RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW | RDW_ERASENOW;
+  if (IsWindowVisible(window)) RedrawWindow(window, nullptr, nullptr, kAll);
+  return TRUE;
+}
+
+// The display puts windows up in its own time, and what was drawn before is lost: draws until
+// nothing changes any more. Handles no message but the display's own.
+HBITMAP CopySettledScreen() {
+  constexpr int kMostTries = 20;
+  constexpr DWORD kInterval = 100;  // milliseconds
+  HBITMAP bitmap = CopyScreen();
+  for (int tries = 0; tries < kMostTries; ++tries) {
+    Sleep(kInterval);
+    MSG message;
+    PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_NOREMOVE | PM_QS_PAINT);
+    EnumThreadWindows(GetCurrentThreadId(), Repaint, 0);
+    const HBITMAP next = CopyScreen();
+    const bool settled = PixelsOf(bitmap) == PixelsOf(next);
+    DeleteObject(bitmap);
+    bitmap = next;
+    if (settled) break;
+  }
+  return bitmap;
+}
+
 bool SavePng(HBITMAP bitmap, const std::wstring& path) {
   ULONG_PTR token = 0;
   const Gdiplus::GdiplusStartupInput input;
@@ -58,7 +96,7 @@ bool SavePng(HBITMAP bitmap, const std::wstring& path) {
 
 std::string SaveScreenshot(const std::string& path) {
   if (!HasScreen()) return {};
-  const HBITMAP bitmap = CopyScreen();
+  const HBITMAP bitmap = CopySettledScreen();
   const bool saved = SavePng(bitmap, WideFromUtf8(path));
   DeleteObject(bitmap);
   return saved ? path : std::string();
