@@ -1,5 +1,6 @@
 #include "workbench/host/file_watch.h"
 
+#include <chrono>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -9,6 +10,9 @@
 namespace quor::workbench {
 
 namespace {
+
+// The add-in, too, must get at its file.
+constexpr std::chrono::milliseconds kPause(1);
 
 // Every element that begins ends, in its turn, and one holds all others.
 bool IsWhole(std::string_view text) {
@@ -50,6 +54,7 @@ void CFileWatch::Watch() {
     } else if (!IsWhole(*content)) {
       m_fault = "it held\n" + *content;
     }
+    std::this_thread::sleep_for(kPause);
   }
 }
 

@@ -72,8 +72,8 @@ constexpr Command kCommands[] = {
      "Tells the reader something; the only thing --story prints besides what is shown.", 1, 1,
      Block::None, Say},
     {kRepeatCommand, "N",
-     "Plays the commands of the block N times, one after the other; {round} in them is the number "
-     "of the round, from 1.",
+     "Plays the commands of the block N times, one after the other; {round} in them, and in their "
+     "blocks, is the number of the round, from 1.",
      1, 1, Block::Required, nullptr},
     {"settings file", "PATH", "The settings file of this run: a copy of PATH.", 1, 1, Block::None,
      SettingsFile},

@@ -1,5 +1,7 @@
 #include "workbench/scenario/rounds.h"
 
+#include <algorithm>
+
 #include "workbench/scenario/command.h"
 #include "workbench/scenario/scenario_error.h"
 
@@ -9,34 +11,42 @@ namespace {
 
 constexpr int kMostRounds = 1'000'000;
 
-std::string WithRound(std::string text, int round) {
+void PutRound(std::string& text, const std::string& number) {
   constexpr std::string_view kPlace = "{round}";
-  const std::string number = std::to_string(round);
   for (size_t at = 0; (at = text.find(kPlace, at)) != std::string::npos; at += number.size())
     text.replace(at, kPlace.size(), number);
-  return text;
 }
 
-std::vector<Statement> StatementsOf(const std::string& block, int outlookVersion, int round) {
-  std::vector<Statement> statements = ParseScript(WithRound(block, round), outlookVersion);
-  for (Statement& statement : statements)
-    statement.round = round;
-  return statements;
+bool IsRepeat(const Statement& statement) {
+  return statement.words.front() == kRepeatCommand;
+}
+
+// The block of a "repeat" inside has rounds of its own.
+Statement InRound(Statement statement, int line, int round) {
+  const std::string number = std::to_string(round);
+  PutRound(statement.source, number);
+  for (std::string& word : statement.words)
+    PutRound(word, number);
+  if (!IsRepeat(statement)) {
+    for (std::string& text : statement.block)
+      PutRound(text, number);
+  }
+  statement.line = line;
+  statement.round = round;
+  return statement;
 }
 
 bool ForEachRound(const Statement& repeat, int outlookVersion, const PlayStatement& play) {
   const FoundCommand found = FindCommand(repeat);
   const CCommandArguments arguments(repeat, found.words);
   const int rounds = arguments.Number(0, 1, kMostRounds);
-  const std::string block = arguments.BlockText();
-  const auto inItsLine = [&](const Statement& statement) {
-    Statement placed = statement;
-    placed.line = repeat.line;
-    return play(placed);
-  };
+  const std::vector<Statement> block = ParseScript(arguments.BlockText(), outlookVersion);
+  std::vector<Statement> statements(block.size());
   for (int round = 1; round <= rounds; ++round) {
-    if (!ForEachStatement(StatementsOf(block, outlookVersion, round), outlookVersion, inItsLine))
-      return false;
+    std::ranges::transform(block, statements.begin(), [&](const Statement& statement) {
+      return InRound(statement, repeat.line, round);
+    });
+    if (!ForEachStatement(statements, outlookVersion, play)) return false;
   }
   return true;
 }
@@ -46,7 +56,7 @@ bool ForEachRound(const Statement& repeat, int outlookVersion, const PlayStateme
 bool ForEachStatement(const std::vector<Statement>& statements, int outlookVersion,
                       const PlayStatement& play) {
   for (const Statement& statement : statements) {
-    if (statement.words.front() != kRepeatCommand) {
+    if (!IsRepeat(statement)) {
       if (!play(statement)) return false;
       continue;
     }

@@ -29,12 +29,14 @@ TEST(Run, RepeatsABlockAndNamesTheRoundOfAFailure) {
   EXPECT_EQ(stage.Play("repeat 2:\n"
                        "| delete contact \"Anna {round}\"\n"
                        "|14+ unplug\n"
-                       "| repeat 2:\n"
-                       "| | say {round}\n"),
+                       "| repeat {round}:\n"
+                       "| | say {round}\n"
+                       "| file a:\n"
+                       "| | {round}\n"),
             "");
-  // The inner round goes by the outer one's number: that is put in first.
-  EXPECT_THAT(stage.notes,
-              ElementsAre("delete Anna 1", "say 1", "say 1", "delete Anna 2", "say 2", "say 2"));
+  EXPECT_THAT(stage.notes, ElementsAre("delete Anna 1", "say 1", "write a", "delete Anna 2",
+                                       "say 1", "say 2", "write a"));
+  EXPECT_EQ(stage.files["a"], "2\n");
   stage.written = {{0x2B}};
   EXPECT_THAT(stage.Play("repeat 3:\n| expect wire 2B\n"),
               HasSubstr("line 1, round 2: expect wire 2B\n  on the wire: nothing"));
