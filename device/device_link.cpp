@@ -18,6 +18,8 @@ CDeviceLink::CDeviceLink(IUsbXpress& usb, IMessageQueue& queue, DeviceRecords& r
       m_reader(m_port, m_dispatcher, log) {}
 
 void CDeviceLink::Probe() {
+  // Open still from before a disconnection, while the base can be opened once only.
+  if (m_port.IsOpen()) m_port.Close();
   uint32_t index = 0;
   if (!m_port.FindDevice(index)) {
     m_events.RaiseErrorConnect();
