@@ -16,6 +16,8 @@ void CAboutDlg::Open(HWND owner, const AboutFacts& facts) noexcept {
     RequireWindow(owner);
     Fill(facts);
     ShowInFront(owner, CentreOver);
+    // Windows has put the caret behind the path that the keyboard came to first.
+    SendMessageW(Control(IDC_ABOUT_CONFIGURATION), EM_SETSEL, 0, 0);
   });
 }
 

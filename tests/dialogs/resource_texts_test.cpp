@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <map>
 #include <set>
+#include <vector>
 
 #include "dialogs/modeless_dialog.h"
 #include "resources/resource_ids.h"
@@ -74,13 +76,54 @@ INT_PTR CALLBACK NoProcedure(HWND, UINT, WPARAM, LPARAM) {
   return FALSE;
 }
 
-// A dialog as a user of this language sees it.
+using Template = std::vector<std::byte>;
+
+Template CopyOf(const CDialogStage& stage, int id) {
+  const auto* bytes = reinterpret_cast<const std::byte*>(stage.resources.DialogTemplate(id));
+  HMODULE module = GetModuleHandleW(nullptr);
+  for (const Language& language : kLanguages) {
+    const HRSRC found = FindResourceExW(module, RT_DIALOG, MAKEINTRESOURCEW(id),
+                                        MAKELANGID(language.primary, language.sub));
+    if (LockResource(LoadResource(module, found)) == bytes) {
+      return {bytes, bytes + SizeofResource(module, found)};
+    }
+  }
+  return {};
+}
+
+// What the font's size in an extended template stands behind: header, menu, class and title.
+size_t PointSizeIn(const Template& dialog) {
+  size_t at = 26;
+  const auto word = [&dialog](size_t offset) {
+    WORD value = 0;
+    std::memcpy(&value, dialog.data() + offset, sizeof value);
+    return value;
+  };
+  for (int text = 0; text < 3; ++text) {
+    if (word(at) == 0xFFFF) {
+      at += 2 * sizeof(WORD);
+      continue;
+    }
+    while (word(at) != 0)
+      at += sizeof(WORD);
+    at += sizeof(WORD);
+  }
+  return at;
+}
+
+// A dialog as a user of this language sees it. Every size follows from the font's, so that at 96
+// dots per inch a font twice as large makes the dialog that the screen of twice the dots would
+// show.
 class COpenDialog {
  public:
-  COpenDialog(const CDialogStage& stage, int id)
-      : m_window(CreateDialogIndirectParamW(stage.resources.Module(),
-                                            stage.resources.DialogTemplate(id), stage.outlook,
-                                            NoProcedure, 0)) {}
+  COpenDialog(const CDialogStage& stage, int id, int percent = 100) {
+    Template dialog = CopyOf(stage, id);
+    const auto points = static_cast<WORD>(8 * percent / 100);
+    std::memcpy(dialog.data() + PointSizeIn(dialog), &points, sizeof points);
+    m_window = CreateDialogIndirectParamW(stage.resources.Module(),
+                                          reinterpret_cast<DLGTEMPLATE*>(dialog.data()),
+                                          stage.outlook, NoProcedure, 0);
+  }
   ~COpenDialog() { DestroyWindow(m_window); }
   HWND Window() const { return m_window; }
 
@@ -99,13 +142,13 @@ class COpenDialog {
 
 // What the text needs and what the control offers, in pixels. Fonts differ from one Windows to the
 // next: a tenth must be left over.
-void ExpectFits(HWND control, const std::wstring& text, const std::string& where) {
+void ExpectFits(HWND control, const std::wstring& text, int percent, const std::string& where) {
   RECT room = {};
   GetClientRect(control, &room);
   const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK;
   const bool isButton = (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) != 0;
   const bool isCheckBox = isButton && style == BS_AUTOCHECKBOX;
-  const bool wraps = room.bottom > 25 && style != BS_GROUPBOX;
+  const bool wraps = room.bottom > 25 * percent / 100 && style != BS_GROUPBOX;
   RECT need = {0, 0, wraps ? room.right * 10 / 11 : 0, 0};
   HDC context = GetDC(control);
   HGDIOBJ before =
@@ -113,7 +156,7 @@ void ExpectFits(HWND control, const std::wstring& text, const std::string& where
   DrawTextW(context, text.c_str(), -1, &need, DT_CALCRECT | (wraps ? DT_WORDBREAK : DT_SINGLELINE));
   SelectObject(context, before);
   ReleaseDC(control, context);
-  const LONG border = isCheckBox ? 20 : isButton ? 8 : 0;
+  const LONG border = (isCheckBox ? 20 : isButton ? 8 : 0) * percent / 100;
   EXPECT_LE(need.right * 11 / 10 + border, room.right) << where;
   EXPECT_LE(need.bottom, room.bottom) << where;
   EXPECT_TRUE(text.empty() || need.right > 0) << where;
@@ -124,26 +167,49 @@ std::string Place(const Language& language, int dialog, int control) {
          std::to_string(control);
 }
 
-TEST(DialogTemplates, NoTextIsClippedInAnyLanguage) {
+// Each dialog with the texts it has, and with those that it is given.
+void ExpectTextsFit(const CDialogStage& stage, const Language& language, int percent) {
+  const auto place = [&](int dialog, int control) {
+    return Place(language, dialog, control) + ", " + std::to_string(percent) + " %";
+  };
+  for (const int id : kAllDialogs) {
+    const COpenDialog dialog(stage, id, percent);
+    for (HWND control : dialog.Controls()) {
+      ExpectFits(control, TextOf(control), percent, place(id, GetDlgCtrlID(control)));
+    }
+  }
+  const struct {
+    int dialog;
+    int control;
+    int first;
+    int last;
+  } given[] = {{IDD_MESSAGE, IDC_MESSAGE_TEXT, IDS_DEVICE_NOT_CONNECTED, IDS_CELL_BUSY},
+               {IDD_CALLER, IDC_CALLER_NAME, IDS_LONG_DISTANCE, IDS_UNKNOWN},
+               {IDD_CALLER, IDC_CALLER_LINE, IDS_SLOT_NAME, IDS_SLOT_NAME + 5},
+               {IDD_OPTIONS_PANEL, IDC_OPTIONS_LANGUAGE, IDS_LANGUAGE_NAME, IDS_LANGUAGE_NAME + 2},
+               {IDD_OPTIONS_PANEL, IDC_OPTIONS_POP_UP, IDS_POP_UP_MODE, IDS_POP_UP_MODE + 2},
+               {IDD_ABOUT, IDC_ABOUT_BASE, IDS_BASE_CONNECTED, IDS_BASE_NOT_CONNECTED},
+               {IDD_ABOUT, IDC_ABOUT_ARCHITECTURE, IDS_32_BIT, IDS_64_BIT}};
+  for (const auto& [id, control, first, last] : given) {
+    const COpenDialog dialog(stage, id, percent);
+    for (int text = first; text <= last; ++text) {
+      ExpectFits(GetDlgItem(dialog.Window(), control), stage.resources.Text(text), percent,
+                 place(id, text));
+    }
+  }
+}
+
+TEST(DialogTemplates, NoTextIsClippedInAnyLanguageAtAnyScale) {
   CDialogStage stage;
+  RECT usual = {};
+  RECT large = {};
+  GetClientRect(COpenDialog(stage, IDD_ABOUT).Window(), &usual);
+  GetClientRect(COpenDialog(stage, IDD_ABOUT, 200).Window(), &large);
+  EXPECT_NEAR(large.right, 2 * usual.right, usual.right / 10);
   for (const Language& language : kLanguages) {
     stage.Speak(language);
-    for (const int id : kAllDialogs) {
-      const COpenDialog dialog(stage, id);
-      for (HWND control : dialog.Controls()) {
-        ExpectFits(control, TextOf(control), Place(language, id, GetDlgCtrlID(control)));
-      }
-    }
-    const COpenDialog message(stage, IDD_MESSAGE);
-    for (int id = IDS_DEVICE_NOT_CONNECTED; id <= IDS_CELL_BUSY; ++id) {
-      ExpectFits(GetDlgItem(message.Window(), IDC_MESSAGE_TEXT), stage.resources.Text(id),
-                 Place(language, IDD_MESSAGE, id));
-    }
-    const COpenDialog caller(stage, IDD_CALLER);
-    for (int id = IDS_LONG_DISTANCE; id <= IDS_UNKNOWN; ++id) {
-      ExpectFits(GetDlgItem(caller.Window(), IDC_CALLER_NAME), stage.resources.Text(id),
-                 Place(language, IDD_CALLER, id));
-    }
+    for (const int percent : {100, 150, 200})
+      ExpectTextsFit(stage, language, percent);
   }
 }
 
@@ -201,6 +267,24 @@ TEST(DialogTemplates, AccessKeysDiffer) {
         EXPECT_TRUE(used[id == IDD_OPTIONS_PANEL ? IDD_OPTIONS : id].insert(key).second)
             << Place(language, id, GetDlgCtrlID(control));
       }
+    }
+  }
+}
+
+// Tab goes down the dialog, and along a row from left to right; buttons last.
+TEST(DialogTemplates, TabFollowsTheEye) {
+  CDialogStage stage;
+  for (const int id : kAllDialogs) {
+    const COpenDialog dialog(stage, id);
+    RECT before = {};
+    for (HWND control : dialog.Controls()) {
+      if ((GetWindowLongPtrW(control, GWL_STYLE) & WS_TABSTOP) == 0) continue;
+      RECT place = {};
+      GetWindowRect(control, &place);
+      EXPECT_TRUE(place.top >= before.bottom ||
+                  (place.top == before.top && place.left >= before.right))
+          << id << ", control " << GetDlgCtrlID(control);
+      before = place;
     }
   }
 }
