@@ -38,7 +38,8 @@ void CFigureStage::TimeCaller(const std::function<void()>& tick,
                               const std::function<bool()>& handleMessage,
                               const std::function<bool()>& appears) {
   Figures::Caller caller;
-  CModuleMeter::TakeSavingTime();
+  CModuleMeter::TakeTimes();
+  const double inModel = m_model.MicrosecondsInModel();
   caller.milliseconds = MillisecondsOf(tick);
   bool more = true;
   bool shown = appears();
@@ -47,7 +48,10 @@ void CFigureStage::TimeCaller(const std::function<void()>& tick,
     if (more) ++caller.messages;
     shown = appears();
   }
-  caller.savingMilliseconds = CModuleMeter::TakeSavingTime();
+  const CModuleMeter::Times times = CModuleMeter::TakeTimes();
+  caller.savingMilliseconds = times.saving;
+  caller.windowMilliseconds = times.windows;
+  caller.outlookMilliseconds = (m_model.MicrosecondsInModel() - inModel) / 1000;
   if (shown) m_figures.callers.push_back(caller);
   while (handleMessage()) {
   }

@@ -20,7 +20,19 @@ struct Import {
   FARPROC* slot = nullptr;
 };
 
-enum Index { kMalloc, kCalloc, kRealloc, kFree, kStrdup, kClsidFromProgId, kMoveFileExA, kCount };
+enum Index {
+  kMalloc,
+  kCalloc,
+  kRealloc,
+  kFree,
+  kStrdup,
+  kClsidFromProgId,
+  kMoveFileExA,
+  kShowWindow,
+  kRedrawWindow,
+  kSetForegroundWindow,
+  kCount
+};
 
 extern std::array<Import, kCount> g_imports;
 
@@ -31,7 +43,11 @@ Function* Original(Index index) {
 
 int64_t g_blocks = 0;
 Clock::time_point g_savingSince;
-double g_saving = 0;
+CModuleMeter::Times g_times;
+
+double MillisecondsSince(Clock::time_point since) {
+  return std::chrono::duration<double, std::milli>(Clock::now() - since).count();
+}
 
 void* Counted(void* block) {
   if (block) ++g_blocks;
@@ -71,9 +87,17 @@ HRESULT WINAPI ClassFromProgId(const wchar_t* progId, CLSID* classId) {
 BOOL WINAPI MoveFileReplacement(LPCSTR from, LPCSTR to, DWORD flags) {
   const BOOL moved = Original<BOOL WINAPI(LPCSTR, LPCSTR, DWORD)>(kMoveFileExA)(from, to, flags);
   const DWORD error = GetLastError();
-  g_saving += std::chrono::duration<double, std::milli>(Clock::now() - g_savingSince).count();
+  g_times.saving += MillisecondsSince(g_savingSince);
   SetLastError(error);
   return moved;
+}
+
+template <Index index, typename... Arguments>
+BOOL WINAPI WindowReplacement(Arguments... arguments) {
+  const Clock::time_point since = Clock::now();
+  const BOOL result = Original<BOOL WINAPI(Arguments...)>(index)(arguments...);
+  g_times.windows += MillisecondsSince(since);
+  return result;
 }
 
 std::array<Import, kCount> g_imports = {{
@@ -84,13 +108,16 @@ std::array<Import, kCount> g_imports = {{
     {"_strdup", AsProc(Strdup)},
     {"CLSIDFromProgID", AsProc(ClassFromProgId)},
     {"MoveFileExA", AsProc(MoveFileReplacement)},
+    {"ShowWindow", AsProc(WindowReplacement<kShowWindow, HWND, int>)},
+    {"RedrawWindow", AsProc(WindowReplacement<kRedrawWindow, HWND, const RECT*, HRGN, UINT>)},
+    {"SetForegroundWindow", AsProc(WindowReplacement<kSetForegroundWindow, HWND>)},
 }};
 
 }  // namespace
 
 void CModuleMeter::Watch(HMODULE module) {
   g_blocks = 0;
-  g_saving = 0;
+  g_times = {};
   for (Import& import : g_imports) {
     import.slot = FindImport(module, import.name);
     if (!import.slot) continue;
@@ -110,8 +137,8 @@ int64_t CModuleMeter::Blocks() {
   return g_blocks;
 }
 
-double CModuleMeter::TakeSavingTime() {
-  return std::exchange(g_saving, 0);
+CModuleMeter::Times CModuleMeter::TakeTimes() {
+  return std::exchange(g_times, {});
 }
 
 }  // namespace quor::workbench

@@ -21,9 +21,13 @@ class CModuleMeter {
 
   // Memory blocks that the module has allocated since Watch and not freed.
   static int64_t Blocks();
-  // How long it has been saving its settings since the last call: from asking for a document to
-  // write to the new file in the place of the old one. Milliseconds.
-  static double TakeSavingTime();
+  // Milliseconds since the last call. Saving: from asking for a document to write to the new file
+  // in the place of the old one. Windows: in showing, drawing and activating its own.
+  struct Times {
+    double saving = 0;
+    double windows = 0;
+  };
+  static Times TakeTimes();
 };
 
 }  // namespace quor::workbench

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 #include "workbench/scenario/commands.h"
 #include "workbench/scenario/log_lines.h"
@@ -215,22 +216,29 @@ double MedianOf(std::vector<double> values) {
   return *middle;
 }
 
-// The median, and the dearest one.
+double MedianOf(const std::vector<Figures::Caller>& callers, double Figures::Caller::*share) {
+  std::vector<double> values;
+  for (const Figures::Caller& caller : callers)
+    values.push_back(caller.*share);
+  return MedianOf(std::move(values));
+}
+
+// Medians, and the dearest one.
 std::string CallerLine(const std::vector<Figures::Caller>& callers) {
+  using Caller = Figures::Caller;
   if (callers.empty()) return {};
-  std::vector<double> whole;
-  std::vector<double> saving;
-  unsigned messages = 0;
-  for (const Figures::Caller& caller : callers) {
-    whole.push_back(caller.milliseconds);
-    saving.push_back(caller.savingMilliseconds);
-    messages = std::max(messages, caller.messages);
-  }
-  const double median = MedianOf(whole);
-  return "caller ID to caller window: " + OneDecimal(median) + " ms, at most " +
-         OneDecimal(*std::ranges::max_element(whole)) + " ms, " + std::to_string(messages) +
-         " messages on the way, " + OneDecimal(MedianOf(saving) * 100 / median) +
-         " % in saving the settings (" + std::to_string(callers.size()) + " calls)\n";
+  const double whole = MedianOf(callers, &Caller::milliseconds);
+  const auto share = [&](double Caller::*part) {
+    return OneDecimal(MedianOf(callers, part) * 100 / whole) + " % in ";
+  };
+  const auto dearest = std::ranges::max_element(callers, {}, &Caller::milliseconds);
+  const auto longest = std::ranges::max_element(callers, {}, &Caller::messages);
+  return "caller ID to caller window: " + OneDecimal(whole) + " ms, at most " +
+         OneDecimal(dearest->milliseconds) + " ms (" + std::to_string(callers.size()) +
+         " calls), " + std::to_string(longest->messages) + " messages on the way; " +
+         share(&Caller::savingMilliseconds) + "saving the settings, " +
+         share(&Caller::windowMilliseconds) + "showing the window, " +
+         share(&Caller::outlookMilliseconds) + "Outlook's objects\n";
 }
 
 void ShowFigures(CRun& run, const CCommandArguments&) {

@@ -256,8 +256,11 @@ struct Figures {
   // One call: from the tick that reads its caller ID to the window that shows it.
   struct Caller {
     double milliseconds = 0;
-    double savingMilliseconds = 0;  // of those, in saving the settings
-    unsigned messages = 0;          // handled on the way
+    // Of those, in saving the settings, in showing the window, in Outlook's objects.
+    double savingMilliseconds = 0;
+    double windowMilliseconds = 0;
+    double outlookMilliseconds = 0;
+    unsigned messages = 0;  // handled on the way
   };
   std::vector<Caller> callers;
   // Milliseconds.
