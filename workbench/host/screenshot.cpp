@@ -64,19 +64,21 @@ BOOL CALLBACK Repaint(HWND window, LPARAM) {
 // The display puts windows up in its own time, and what was drawn before is lost: draws until
 // nothing changes any more. Handles no message but the display's own.
 HBITMAP CopySettledScreen() {
-  constexpr int kMostTries = 20;
+  constexpr int kMostTries = 40;
+  constexpr int kSettledAfter = 5;  // tries with nothing new
   constexpr DWORD kInterval = 100;  // milliseconds
   HBITMAP bitmap = CopyScreen();
-  for (int tries = 0; tries < kMostTries; ++tries) {
-    Sleep(kInterval);
+  int unchanged = 0;
+  for (int tries = 0; tries < kMostTries && unchanged < kSettledAfter; ++tries) {
+    EnumThreadWindows(GetCurrentThreadId(), Repaint, 0);
+    // What is drawn reaches the screen when the program looks for messages.
     MSG message;
     PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_NOREMOVE | PM_QS_PAINT);
-    EnumThreadWindows(GetCurrentThreadId(), Repaint, 0);
+    Sleep(kInterval);
     const HBITMAP next = CopyScreen();
-    const bool settled = PixelsOf(bitmap) == PixelsOf(next);
+    unchanged = PixelsOf(bitmap) == PixelsOf(next) ? unchanged + 1 : 0;
     DeleteObject(bitmap);
     bitmap = next;
-    if (settled) break;
   }
   return bitmap;
 }
