@@ -11,73 +11,114 @@ namespace {
 
 constexpr size_t kFirstPlaces = 16;
 constexpr size_t kWord = sizeof(uint32_t);
-constexpr uint32_t kFormBits = 2;
 constexpr uint32_t kIdMask = (1U << kEntryIdBits) - 1;
 
-size_t StoredSize(uint32_t lengthAndForm) noexcept {
-  const size_t length = lengthAndForm >> kFormBits;
-  const bool isHex = (lengthAndForm & ((1U << kFormBits) - 1)) != 0;
-  return isHex ? length / 2 : length;
-}
+// A beginning is worth its place from so many characters on, and there are at most so many.
+constexpr size_t kShortestBeginning = 16;
+constexpr uint32_t kMostBeginnings = 32;
+constexpr uint32_t kLongestEnding = (1U << 25) - 1;
+constexpr uint32_t kForms = 3;
 
 uint32_t Tagged(EntryId id, uint32_t hash) noexcept {
   return id | (hash << kEntryIdBits);
+}
+
+// An even number of characters: half a byte is no good beginning.
+std::string_view SharedBeginning(std::string_view left, std::string_view right) {
+  const size_t length = std::min(left.size(), right.size());
+  const auto parted =
+      std::mismatch(left.begin(), left.begin() + static_cast<std::ptrdiff_t>(length), right.begin())
+          .first;
+  return left.substr(0, static_cast<size_t>(parted - left.begin()) & ~size_t{1});
 }
 
 }  // namespace
 
 EntryId CEntryIdIndex::Enter(std::string_view text) {
   if (m_lastId == kNone || text != m_lastText) {
-    m_lastId = kNone;
+    const EntryId id = FindOrAdd(text);
     m_lastText = text;
-    m_lastId = FindOrAdd(text);
+    m_lastId = id;
   }
   return m_lastId;
 }
 
 std::optional<EntryId> CEntryIdIndex::Find(std::string_view text) const {
   if (m_places.empty()) return std::nullopt;
-  const Packed packed = Pack(text);
-  const uint32_t found = m_places[FindPlace(packed, HashOf(packed))];
+  const uint32_t found = m_places[FindPlace(text, HashOf(text))];
   if (found == kNone) return std::nullopt;
   return found & kIdMask;
 }
 
 void CEntryIdIndex::Read(EntryId id, std::string& text) const {
-  const Packed stored = Stored(id);
-  const size_t length = stored.lengthAndForm >> kFormBits;
+  const Shape shape = ShapeOf(id);
+  const std::string& beginning = m_beginnings[shape.beginning];
+  const size_t length = beginning.size() + shape.length;
   if (text.size() != length) text.resize(length);
-  switch (static_cast<Form>(stored.lengthAndForm & ((1U << kFormBits) - 1))) {
+  std::memcpy(text.data(), beginning.data(), beginning.size());
+  const std::span<const uint8_t> stored = StoredEnding(id);
+  const std::span<char> ending(text.data() + beginning.size(), shape.length);
+  switch (static_cast<Form>(shape.form)) {
     case Form::UpperHex:
-      UnpackHex(stored.bytes, HexCase::Upper, text);
+      UnpackHex(stored, HexCase::Upper, ending);
       break;
     case Form::LowerHex:
-      UnpackHex(stored.bytes, HexCase::Lower, text);
+      UnpackHex(stored, HexCase::Lower, ending);
       break;
     case Form::Plain:
-      std::copy(stored.bytes.begin(), stored.bytes.end(), text.begin());
+      if (!stored.empty()) std::memcpy(ending.data(), stored.data(), stored.size());
       break;
   }
 }
 
 EntryId CEntryIdIndex::FindOrAdd(std::string_view text) {
-  const Packed packed = Pack(text);
-  const uint32_t hash = HashOf(packed);
-  const size_t place = FindPlace(packed, hash);
-  if (place < m_places.size() && m_places[place] != kNone) return m_places[place] & kIdMask;
-
+  const uint32_t hash = HashOf(text);
+  if (!m_places.empty()) {
+    const uint32_t found = m_places[FindPlace(text, hash)];
+    if (found != kNone) return found & kIdMask;
+  }
   if ((m_count + 1) * 4 > m_places.size() * 3) Grow();
-  const size_t words = kHeaderWords + (packed.bytes.size() + kWord - 1) / kWord;
-  const EntryId id = m_words.Add(words);
+  const EntryId id = Add(text, hash);
+  ++m_count;
+  Place(id);
+  return id;
+}
+
+EntryId CEntryIdIndex::Add(std::string_view text, uint32_t hash) {
+  const uint32_t beginning = BeginningOf(text);
+  const std::string_view ending = text.substr(m_beginnings[beginning].size());
+  if (ending.size() > kLongestEnding) throw std::bad_alloc();
+  const auto length = static_cast<uint32_t>(ending.size());
+  const Shape shape{static_cast<uint32_t>(Pack(ending)) & kForms, beginning & (kMostBeginnings - 1),
+                    length & kLongestEnding};
+  const EntryId id = m_words.Add(kHeaderWords + (m_packed.size() + kWord - 1) / kWord);
   if (id >= kIdMask) throw std::bad_alloc();
   m_words[id] = kNone;
-  m_words[id + 1] = packed.lengthAndForm;
-  if (!packed.bytes.empty()) {
-    std::memcpy(&m_words[id + kHeaderWords], packed.bytes.data(), packed.bytes.size());
+  m_words[id + 1] = hash;
+  m_words[id + 2] = std::bit_cast<uint32_t>(shape);
+  if (!m_packed.empty()) {
+    std::memcpy(&m_words[id + kHeaderWords], m_packed.data(), m_packed.size());
   }
-  ++m_count;
-  Place(id, hash);
   return id;
+}
+
+// The usual one; a shorter one if the text shares but a part of that; otherwise another one that is
+// known, or what the text has in common with the one entered before it.
+uint32_t CEntryIdIndex::BeginningOf(std::string_view text) {
+  const std::string_view usual = m_beginnings[m_usualBeginning];
+  std::string_view shared = SharedBeginning(text, usual);
+  if (m_usualBeginning != 0 && shared.size() == usual.size()) return m_usualBeginning;
+  if (shared.size() < kShortestBeginning) {
+    const auto known = std::find_if(m_beginnings.begin() + 1, m_beginnings.end(),
+                                    [&](const auto& each) { return text.starts_with(each); });
+    if (known != m_beginnings.end()) {
+      return m_usualBeginning = static_cast<uint32_t>(known - m_beginnings.begin());
+    }
+    shared = SharedBeginning(text, m_lastText);
+  }
+  if (shared.size() < kShortestBeginning || m_beginnings.size() == kMostBeginnings) return 0;
+  m_beginnings.emplace_back(shared);
+  return m_usualBeginning = static_cast<uint32_t>(m_beginnings.size() - 1);
 }
 
 void CEntryIdIndex::AddKeys(EntryId id, const KeyRun& keys) {
@@ -128,58 +169,56 @@ std::optional<KeyRun> CEntryIdIndex::TakeFirstKeys(EntryId id) noexcept {
   return keys;
 }
 
-// Equal texts are packed equally: hexadecimal digits without a letter always count as upper case.
-CEntryIdIndex::Packed CEntryIdIndex::Pack(std::string_view text) const {
-  const auto length = static_cast<uint32_t>(text.size());
-  m_packed.resize(text.size() / 2);
-  for (const Form form : {Form::UpperHex, Form::LowerHex}) {
-    const HexCase hexCase = form == Form::UpperHex ? HexCase::Upper : HexCase::Lower;
-    if (!text.empty() && PackHex(text, hexCase, m_packed)) {
-      return {length << kFormBits | static_cast<uint32_t>(form), m_packed};
-    }
+// Into m_packed.
+CEntryIdIndex::Form CEntryIdIndex::Pack(std::string_view ending) {
+  m_packed.resize(ending.size() / 2);
+  if (PackHex(ending, HexCase::Upper, m_packed)) return Form::UpperHex;
+  if (PackHex(ending, HexCase::Lower, m_packed)) return Form::LowerHex;
+  m_packed.assign(ending.begin(), ending.end());
+  return Form::Plain;
+}
+
+bool CEntryIdIndex::Holds(EntryId id, std::string_view text) const {
+  const Shape shape = ShapeOf(id);
+  const std::string& beginning = m_beginnings[shape.beginning];
+  if (text.size() != beginning.size() + shape.length || !text.starts_with(beginning)) return false;
+  const std::string_view ending = text.substr(beginning.size());
+  const std::span<const uint8_t> stored = StoredEnding(id);
+  if (static_cast<Form>(shape.form) == Form::Plain) {
+    return std::equal(stored.begin(), stored.end(), ending.begin(),
+                      [](uint8_t byte, char each) { return byte == static_cast<uint8_t>(each); });
   }
-  m_packed.assign(text.begin(), text.end());
-  return {length << kFormBits, m_packed};
+  const bool isUpper = static_cast<Form>(shape.form) == Form::UpperHex;
+  m_packed.resize(stored.size());
+  return PackHex(ending, isUpper ? HexCase::Upper : HexCase::Lower, m_packed) &&
+         std::equal(stored.begin(), stored.end(), m_packed.begin());
 }
 
-CEntryIdIndex::Packed CEntryIdIndex::Stored(EntryId id) const noexcept {
-  const uint32_t lengthAndForm = m_words[id + 1];
-  const size_t size = StoredSize(lengthAndForm);
-  if (size == 0) return {lengthAndForm, {}};
-  return {lengthAndForm, {reinterpret_cast<const uint8_t*>(&m_words[id + kHeaderWords]), size}};
-}
-
-uint32_t CEntryIdIndex::HashOf(const Packed& packed) noexcept {
-  uint64_t hash = packed.lengthAndForm;
+uint32_t CEntryIdIndex::HashOf(std::string_view text) noexcept {
+  uint64_t hash = text.size();
   const auto mix = [&hash](uint64_t block) {
     hash = (hash ^ block) * 0x9E3779B97F4A7C15U;
     hash ^= hash >> 32;
   };
-  const uint8_t* const bytes = packed.bytes.data();
-  const size_t size = packed.bytes.size();
+  const char* const bytes = text.data();
+  const size_t size = text.size();
   size_t i = 0;
   for (uint64_t block = 0; i + sizeof(block) <= size; i += sizeof(block)) {
     std::memcpy(&block, bytes + i, sizeof(block));
     mix(block);
   }
   for (; i < size; ++i) {
-    mix(bytes[i]);
+    mix(static_cast<uint8_t>(bytes[i]));
   }
   return static_cast<uint32_t>(hash);
 }
 
 // Where the entry ID is, or the vacant place at which the search for it ends.
-size_t CEntryIdIndex::FindPlace(const Packed& packed, uint32_t hash) const noexcept {
-  if (m_places.empty()) return 0;
+size_t CEntryIdIndex::FindPlace(std::string_view text, uint32_t hash) const {
   size_t place = Home(hash);
   for (; m_places[place] != kNone; place = place + 1 == m_places.size() ? 0 : place + 1) {
     const EntryId id = m_places[place] & kIdMask;
-    if (m_places[place] != Tagged(id, hash)) continue;
-    const Packed stored = Stored(id);
-    if (stored.lengthAndForm == packed.lengthAndForm &&
-        std::equal(packed.bytes.begin(), packed.bytes.end(), stored.bytes.begin())) {
-      break;
-    }
+    if (m_places[place] == Tagged(id, hash) && Holds(id, text)) break;
   }
   return place;
 }
@@ -188,7 +227,8 @@ size_t CEntryIdIndex::Home(uint32_t hash) const noexcept {
   return static_cast<size_t>((static_cast<uint64_t>(hash) * m_places.size()) >> 32);
 }
 
-void CEntryIdIndex::Place(EntryId id, uint32_t hash) noexcept {
+void CEntryIdIndex::Place(EntryId id) noexcept {
+  const uint32_t hash = m_words[id + 1];
   size_t place = Home(hash);
   while (m_places[place] != kNone) {
     place = place + 1 == m_places.size() ? 0 : place + 1;
@@ -201,10 +241,7 @@ void CEntryIdIndex::Grow() {
                                kNone);
   m_places.swap(larger);
   for (const uint32_t tagged : larger) {
-    if (tagged != kNone) {
-      const EntryId id = tagged & kIdMask;
-      Place(id, HashOf(Stored(id)));
-    }
+    if (tagged != kNone) Place(tagged & kIdMask);
   }
 }
 

@@ -1,6 +1,7 @@
 #ifndef QUOR_CONTACTS_ENTRY_ID_INDEX_H
 #define QUOR_CONTACTS_ENTRY_ID_INDEX_H
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -25,9 +26,12 @@ struct KeyRun {
 };
 
 // The entry IDs that the index has seen, each once, and with each the keys added for it, in order.
-// Entry IDs are compared byte by byte, upper and lower case apart; the usual ones, hexadecimal
-// digits of one case, take half their length. An entry ID once entered stays: the tables keep
-// records of most contacts that go.
+// Entry IDs are compared byte by byte, upper and lower case apart. An entry ID once entered stays:
+// the tables keep records of most contacts that go.
+//
+// The entry IDs of one store, and all the more of one folder, begin alike, so a beginning is kept
+// once and each entry ID's own ending with it; hexadecimal digits of one case, which they usually
+// are, take half their length.
 class CEntryIdIndex {
  public:
   EntryId Enter(std::string_view text);
@@ -39,12 +43,18 @@ class CEntryIdIndex {
   std::optional<KeyRun> TakeFirstKeys(EntryId id) noexcept;
 
  private:
-  // In m_words: the ring of the key runs by its last one, the text's length and form, the text.
-  static constexpr uint32_t kHeaderWords = 2;
+  // In m_words: the ring of the key runs by its last one, the text's hash and shape, its ending.
+  static constexpr uint32_t kHeaderWords = 3;
   enum class Form : uint8_t { Plain, UpperHex, LowerHex };
-  struct Packed {
-    uint32_t lengthAndForm = 0;
-    std::span<const uint8_t> bytes;
+  // What a text is made of, in one word: its ending's form and length and its beginning.
+  struct Shape {
+    uint32_t form : 2;
+    uint32_t beginning : 5;
+    uint32_t length : 25;
+
+    size_t StoredSize() const noexcept {
+      return static_cast<Form>(form) == Form::Plain ? length : length / 2;
+    }
   };
   // The symbols 0-47, the tail's length 48-51 and the low digit 52-55, in halves.
   struct StoredKeys {
@@ -57,12 +67,19 @@ class CEntryIdIndex {
   static constexpr unsigned kOtherKeyLength = 15;
 
   EntryId FindOrAdd(std::string_view text);
-  Packed Pack(std::string_view text) const;
-  Packed Stored(EntryId id) const noexcept;
-  static uint32_t HashOf(const Packed& packed) noexcept;
-  size_t FindPlace(const Packed& packed, uint32_t hash) const noexcept;
+  EntryId Add(std::string_view text, uint32_t hash);
+  uint32_t BeginningOf(std::string_view text);
+  Form Pack(std::string_view ending);
+  Shape ShapeOf(EntryId id) const noexcept { return std::bit_cast<Shape>(m_words[id + 2]); }
+  std::span<const uint8_t> StoredEnding(EntryId id) const noexcept {
+    return {reinterpret_cast<const uint8_t*>(&m_words[id] + kHeaderWords),
+            ShapeOf(id).StoredSize()};
+  }
+  bool Holds(EntryId id, std::string_view text) const;
+  static uint32_t HashOf(std::string_view text) noexcept;
+  size_t FindPlace(std::string_view text, uint32_t hash) const;
   size_t Home(uint32_t hash) const noexcept;
-  void Place(EntryId id, uint32_t hash) noexcept;
+  void Place(EntryId id) noexcept;
   void Grow();
 
   CPagedArray<uint32_t> m_words;
@@ -70,7 +87,9 @@ class CEntryIdIndex {
   size_t m_count = 0;
   CPagedArray<StoredKeys> m_keys;
   uint32_t m_freeKeys = kNone;
-  mutable std::vector<uint8_t> m_packed;  // of the entry ID that is being looked for
+  std::vector<std::string> m_beginnings{std::string()};
+  uint32_t m_usualBeginning = 0;          // of those that were entered last
+  mutable std::vector<uint8_t> m_packed;  // the ending that is being looked for
   std::string m_lastText;  // what was entered last: a contact's numbers come one after the other
   EntryId m_lastId = kNone;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 
 namespace quor {
@@ -35,20 +36,24 @@ bool IsZero(Block block) noexcept {
   return std::all_of(words.begin(), words.end(), [](size_t word) { return word == 0; });
 }
 
-// Of the bytes that are 1, all bits; the others are 0.
-Block Spread(Block ones) noexcept {
-  return (ones << 8) - ones;
+// All bits of the bytes that are above the limit; of no interest for bytes from 0x80 on.
+Block Above(Block bytes, char limit) noexcept {
+#ifdef __SSE2__
+  using Bytes = signed char __attribute__((vector_size(16)));
+  return std::bit_cast<Block>(std::bit_cast<Bytes>(bytes) > static_cast<signed char>(limit));
+#else
+  const Block ones = (bytes & 0x7F * kEveryByte) + static_cast<Block>(0x7F - limit) * kEveryByte;
+  return ((ones >> 7 & kEveryByte) << 8) - (ones >> 7 & kEveryByte);
+#endif
 }
 
 Block ValuesOf(Block digits) noexcept {
-  const Block letters = Spread(digits >> 6 & kEveryByte);
-  return ((digits & 0x0F * kEveryByte) + (letters & 9 * kEveryByte)) & 0x0F * kEveryByte;
+  return ((digits & 0x0F * kEveryByte) + (Above(digits, '9') & 9 * kEveryByte)) & 0x0F * kEveryByte;
 }
 
 Block DigitsOf(Block values, HexCase hexCase) noexcept {
   const auto gap = static_cast<uint8_t>((hexCase == HexCase::Upper ? 'A' : 'a') - '9' - 1);
-  const Block letters = Spread((values + 6 * kEveryByte) >> 4 & kEveryByte);
-  return values + '0' * kEveryByte + (letters & gap * kEveryByte);
+  return values + '0' * kEveryByte + (Above(values, 9) & gap * kEveryByte);
 }
 
 // Less than a block: too rare to be worth a way of its own, so it goes through a padded copy.

@@ -28,7 +28,15 @@ class CHistory {
                                                        "00000000ABCDEF02",
                                                        std::string(99, 'b'),
                                                        "G000",
-                                                       "12"};
+                                                       "12",
+                                                       std::string(139, 'A') + 'B',
+                                                       std::string(40, 'A') + "0123",
+                                                       std::string(40, 'A') + "012",
+                                                       std::string(38, 'A') + "b0123c",
+                                                       std::string(38, 'A') + "Ab0123",
+                                                       std::string(40, 'B') + "0123",
+                                                       std::string(42, 'A') + "not hex",
+                                                       std::string(40, 'A')};
     for (const std::string& entryId : kEntryIds)
       m_book[entryId].fileAs = "Name of " + entryId;
     m_symbols = Any<std::string>({"1", "12", "12P", "1Ff", "12Pp", "019#*", "12pPfFx", "0"});
