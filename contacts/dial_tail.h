@@ -27,21 +27,21 @@ constexpr std::string_view LastCharacters(std::string_view text, size_t length) 
   return length < text.size() ? text.substr(text.size() - length) : text;
 }
 
-// Eight characters, if they are digits.
-inline bool PackEightDigits(const char* text, uint64_t& symbols) noexcept {
-  constexpr uint64_t kEveryByte = 0x0101010101010101;
+// Eight characters; digits are less than 10 here, and nothing else is.
+inline uint64_t LoadEightDigits(const char* text) noexcept {
   static_assert(std::endian::native == std::endian::little);
   uint64_t block = 0;
   std::memcpy(&block, text, sizeof(block));
-  constexpr uint64_t kHighHalves = 0xF0 * kEveryByte;
-  constexpr uint64_t kDigits = 0x30 * kEveryByte;
-  if ((block & kHighHalves) != kDigits) return false;
-  if (((block + 6 * kEveryByte) & kHighHalves) != kDigits) return false;
-  block = (block & 0x0F * kEveryByte) + 2 * kEveryByte;
+  return block ^ 0x3030303030303030;
+}
+constexpr uint64_t BitsNoDigitHas(uint64_t block) noexcept {
+  return (block | (block + 0x0606060606060606)) & 0xF0F0F0F0F0F0F0F0;
+}
+constexpr uint64_t SymbolsOfEightDigits(uint64_t block) noexcept {
+  block += 0x0202020202020202;
   block = (block << 4 | block >> 8) & 0x00FF00FF00FF00FF;
   block = (block << 8 | block >> 16) & 0x0000FFFF0000FFFF;
-  symbols = (block << 16 | block >> 32) & 0xFFFFFFFF;
-  return true;
+  return (block << 16 | block >> 32) & 0xFFFFFFFF;
 }
 
 // Any twelve characters at most, one by one.
@@ -52,12 +52,11 @@ inline bool PackDialTail(std::string_view text, DialTail& tail) noexcept {
   const size_t length = text.size();
   if (length - 8 > DialTail::kMaxLength - 8) return PackSymbols(text, tail);
   // Numbers are nearly always digits: two overlapping blocks of them.
-  uint64_t first = 0;
-  uint64_t last = 0;
-  if (!PackEightDigits(text.data(), first) || !PackEightDigits(text.data() + length - 8, last)) {
-    return PackSymbols(text, tail);
-  }
-  tail = {first << (4 * (length - 8)) | last, static_cast<unsigned>(length)};
+  const uint64_t first = LoadEightDigits(text.data());
+  const uint64_t last = LoadEightDigits(text.data() + length - 8);
+  if ((BitsNoDigitHas(first) | BitsNoDigitHas(last)) != 0) return PackSymbols(text, tail);
+  tail = {SymbolsOfEightDigits(first) << (4 * (length - 8)) | SymbolsOfEightDigits(last),
+          static_cast<unsigned>(length)};
   return true;
 }
 

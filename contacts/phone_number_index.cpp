@@ -91,6 +91,34 @@ void CPhoneNumberIndex::DeleteContactSearchData(int digit, std::string_view key,
   m_tables.RemoveFirst(CSearchTables::MakeKey(digit, text), {*id, telNumberType});
 }
 
+inline void CPhoneNumberIndex::ReadRecord(Record record, ContactMatch& match) const {
+  m_entryIds.Read(record.Owner(), match.entryId);
+  match.telNumberType = record.TelNumberType();
+}
+
+inline bool CPhoneNumberIndex::TakeOnlyRecord(const TableKey& key, Record record,
+                                              ContactMatch& match) {
+  ReadRecord(record, match);
+  if (m_directory.FindContactFileAs(match.entryId, match.name)) return true;
+  m_tables.RemoveFirst(key, record);
+  m_log.Write("CAddin::FindContactSearchData NG Contact Not Found(1)\n");
+  return false;
+}
+
+inline bool CPhoneNumberIndex::TakeFirstRecord(const TableKey& key, const RecordList& records,
+                                               std::string_view number, bool check,
+                                               ContactMatch& match) {
+  match.name.clear();
+  if (!check) {
+    ReadRecord(m_tables.Lists().First(records), match);
+  } else if (!(records.IsSingle() ? TakeOnlyRecord(key, records.first, match)
+                                  : TakeFirstThatOpens(key, number, match))) {
+    return false;
+  }
+  m_log.Write("CAddin::FindContactSearchData OK\n");
+  return true;
+}
+
 bool CPhoneNumberIndex::FindContactSearchData(int digit, std::string_view number, bool check,
                                               ContactMatch& match) {
   m_log.Write("CAddin::FindContactSearchData\n");
@@ -114,15 +142,7 @@ bool CPhoneNumberIndex::FindPhoneNumber(std::string_view number, bool check, Con
 bool CPhoneNumberIndex::SearchPhoneNumber(std::string_view number, bool check,
                                           ContactMatch& match) {
   m_log.Write("CAddin::SearchPhoneNumber\n");
-  number = WithoutTrunkPrefix(number);
-  if (number.size() < kShortestTail) return false;
-  // The log has lines for each table and tail that is tried.
-  DialTail tail;
-  if (!m_log.IsEnabled() && PackDialTail(LastCharacters(number, DialTail::kMaxLength), tail) &&
-      !HasPauses(tail)) {
-    return SearchPlainTails(tail, number, check, match);
-  }
-  return SearchEveryTail(number, check, match);
+  return SearchTails(WithoutTrunkPrefix(number), check, match);
 }
 
 void CPhoneNumberIndex::EnterNumber(EntryId id, std::string_view number, int telNumberType) {
@@ -170,24 +190,23 @@ void CPhoneNumberIndex::DeleteKeysOf(EntryId id, int telNumberType) {
   }
 }
 
-// Straight to the longest tail that is a key, and on to the next one only if its contacts are gone.
-bool CPhoneNumberIndex::SearchPlainTails(const DialTail& tail, std::string_view number, bool check,
-                                         ContactMatch& match) {
-  std::string rest;
-  for (int highDigit = DigitOfLength(tail.length); highDigit > 0;) {
-    const LongestKey longest = m_tables.FindLongest(tail, highDigit);
-    if (longest.isMarked) return SearchEveryTail(number, check, match);
-    if (longest.digit == 0) return false;
-    const TableKey key{longest.digit, LastSymbols(tail, KeyLength(longest.digit)), nullptr};
-    if (TakeFirstRecord(key, longest.records, LastCharacters(number, key.tail.length), check,
-                        match)) {
-      return true;
-    }
-    rest = UnpackDialTail(LastSymbols(tail, key.tail.length - 1));
-    number = rest;
-    highDigit = longest.digit - 1;
+// Straight to the longest tail that is a key, and on to the next one only if its contacts are gone;
+// but the log has lines for each table and tail that is tried.
+bool CPhoneNumberIndex::SearchTails(std::string_view number, bool check, ContactMatch& match) {
+  if (number.size() < kShortestTail) return false;
+  DialTail tail;
+  if (m_log.IsEnabled() || !PackDialTail(LastCharacters(number, DialTail::kMaxLength), tail) ||
+      HasPauses(tail)) {
+    return SearchEveryTail(number, check, match);
   }
-  return false;
+  LongestKey longest;
+  m_tables.FindLongest(tail, longest);
+  if (longest.isMarked) return SearchEveryTail(number, check, match);
+  if (longest.digit == 0) return false;
+  const TableKey key{longest.digit, LastSymbols(tail, KeyLength(longest.digit)), nullptr};
+  const std::string_view candidate = LastCharacters(number, key.tail.length);
+  if (TakeFirstRecord(key, longest.records, candidate, check, match)) return true;
+  return SearchTails(UnpackDialTail(LastSymbols(tail, key.tail.length - 1)), check, match);
 }
 
 bool CPhoneNumberIndex::SearchEveryTail(std::string_view wanted, bool check, ContactMatch& match) {
@@ -211,27 +230,6 @@ bool CPhoneNumberIndex::SearchEveryTail(std::string_view wanted, bool check, Con
   return false;
 }
 
-bool CPhoneNumberIndex::TakeFirstRecord(const TableKey& key, const RecordList& records,
-                                        std::string_view number, bool check, ContactMatch& match) {
-  match.name.clear();
-  if (!check) {
-    ReadRecord(m_tables.Lists().First(records), match);
-  } else if (!(records.IsSingle() ? TakeOnlyRecord(key, records.first, match)
-                                  : TakeFirstThatOpens(key, number, match))) {
-    return false;
-  }
-  m_log.Write("CAddin::FindContactSearchData OK\n");
-  return true;
-}
-
-bool CPhoneNumberIndex::TakeOnlyRecord(const TableKey& key, Record record, ContactMatch& match) {
-  ReadRecord(record, match);
-  if (m_directory.FindContactFileAs(match.entryId, match.name)) return true;
-  m_tables.RemoveFirst(key, record);
-  m_log.Write("CAddin::FindContactSearchData NG Contact Not Found(1)\n");
-  return false;
-}
-
 // As many attempts as there are records now, though every one of them may change the list.
 bool CPhoneNumberIndex::TakeFirstThatOpens(const TableKey& key, std::string_view number,
                                            ContactMatch& match) {
@@ -247,11 +245,6 @@ bool CPhoneNumberIndex::TakeFirstThatOpens(const TableKey& key, std::string_view
   }
   m_log.Write("CAddin::FindContactSearchData NG Contact Not Found(1>)\n");
   return false;
-}
-
-void CPhoneNumberIndex::ReadRecord(Record record, ContactMatch& match) const {
-  m_entryIds.Read(record.Owner(), match.entryId);
-  match.telNumberType = record.TelNumberType();
 }
 
 void CPhoneNumberIndex::LogRecord(const char* what, int digit, std::string_view number,

@@ -75,8 +75,7 @@ class CPhoneNumberIndex {
   void EnterKey(EntryId id, int digit, const std::string& key, int telNumberType);
   void DeleteKeysOf(EntryId id, int telNumberType);
 
-  bool SearchPlainTails(const DialTail& tail, std::string_view number, bool check,
-                        ContactMatch& match);
+  bool SearchTails(std::string_view number, bool check, ContactMatch& match);
   bool SearchEveryTail(std::string_view wanted, bool check, ContactMatch& match);
   bool TakeFirstRecord(const TableKey& key, const RecordList& records, std::string_view number,
                        bool check, ContactMatch& match);

@@ -51,11 +51,11 @@ class CSearchTables {
   RecordList Records(const TableKey& key) const;
   const CRecordLists& Lists() const noexcept { return m_lists; }
 
-  // Which of the tails of a number, up to that of highDigit, is the longest one that is a key; the
-  // number is without pause characters. Marked if others that match it may exist as well: keys with
+  // Which of the tails of a number of five symbols at least, pause characters not among them, is
+  // the longest one that is a key. Marked if others that match it may exist as well: keys with
   // pause characters, or none of dial characters.
-  LongestKey FindLongest(const DialTail& number, int highDigit) const noexcept {
-    return m_dialKeys.FindLongest(number, highDigit);
+  void FindLongest(const DialTail& number, LongestKey& longest) const noexcept {
+    m_dialKeys.FindLongest(number, longest);
   }
   // No tail of the number longer than this equals a key, pause characters left out or not.
   size_t ReachableLength(std::string_view number) const noexcept;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstring>
 #include <utility>
 
 namespace quor {
@@ -12,6 +13,11 @@ constexpr unsigned kLowShift = 48;
 constexpr uint64_t kUsed = uint64_t{1} << 63;
 constexpr unsigned kSymbolCount = 16;
 constexpr size_t kFirstPlaces = 16;
+
+constexpr uint8_t kVacant = 0;
+constexpr uint8_t kTagged = 0x80;
+constexpr uint64_t kEveryByte = 0x0101010101010101;
+constexpr size_t kGroup = sizeof(kEveryByte);  // tags looked at together
 
 // A short number's length is part of its symbols, or "12" would be "#12" without its first one.
 constexpr unsigned kLengthShift = 16;
@@ -39,14 +45,14 @@ uint64_t SymbolsOf(const DialTail& tail) noexcept {
 
 void CTailTable::Span::SetRecords(const RecordList& list) noexcept {
   first = list.first;
-  keyHigh = (keyHigh & ~(0x3FU << 24)) | list.repeats << 24;
+  key[1] = (key[1] & ~(0x3FU << 24)) | list.repeats << 24;
 }
 
 void CTailTable::Span::SetHigh(int digit) noexcept {
   const uint64_t symbols = Symbols() & SymbolMask(digit);
-  keyLow = static_cast<uint32_t>(symbols);
-  keyHigh = (keyHigh & ~0x00F0FFFFU) | static_cast<uint32_t>(symbols >> 32) |
-            static_cast<uint32_t>(digit) << 20;
+  key[0] = static_cast<uint32_t>(symbols);
+  key[1] = (key[1] & ~0x00F0FFFFU) | static_cast<uint32_t>(symbols >> 32) |
+           static_cast<uint32_t>(digit) << 20;
 }
 
 // What a span is found by: its first digit and the symbols of its shortest tail.
@@ -58,37 +64,48 @@ inline uint64_t CTailTable::StartMask(int low) noexcept {
   return SymbolMask(low) | uint64_t{0xF} << kLowShift | kUsed;
 }
 
-inline size_t CTailTable::Home(uint64_t startKey) const noexcept {
+inline CTailTable::Home CTailTable::HomeOf(uint64_t startKey) const noexcept {
   // 32-bit steps: half of the Outlooks out there are 32-bit processes.
   uint32_t hash =
       static_cast<uint32_t>(startKey) ^ (static_cast<uint32_t>(startKey >> 32) * 0x85EBCA6BU);
   hash *= 0x9E3779B1U;
   hash ^= hash >> 15;
   hash *= 0xC2B2AE35U;
-  return static_cast<size_t>((static_cast<uint64_t>(hash) * m_spans.size()) >> 32);
+  const uint64_t place = static_cast<uint64_t>(hash) * m_spans.size();
+  return {static_cast<size_t>(place >> 32), static_cast<uint8_t>(kTagged | (place >> 25 & 0x7F))};
 }
 
 // The span of which `low` is the first digit, on the way to the symbols.
 inline size_t CTailTable::FindStart(uint64_t symbols, int low) const noexcept {
   if (m_spans.empty()) return kNone;
+  const uint64_t key = StartKey(symbols, low);
   const uint64_t mask = StartMask(low);
-  const uint64_t wanted = StartKey(symbols, low) | kUsed;
-  const Span* const end = m_spans.data() + m_spans.size();
-  const Span* span = m_spans.data() + Home(StartKey(symbols, low));
-  for (;;) {
-    const uint64_t found = span->Key();
-    if ((found & mask) == wanted) return static_cast<size_t>(span - m_spans.data());
-    if (found == 0) return kNone;
-    if (++span == end) span = m_spans.data();
+  const Home home = HomeOf(key);
+  __builtin_prefetch(&m_spans[home.place]);
+  for (size_t first = home.place;;) {
+    uint64_t tags = 0;
+    std::memcpy(&tags, &m_tags[first], kGroup);
+    // The lowest byte that is marked is one with the tag; those above it may not be.
+    const uint64_t others = tags ^ home.tag * kEveryByte;
+    uint64_t found = (others - kEveryByte) & ~others & kTagged * kEveryByte;
+    for (; found != 0; found &= found - 1) {
+      const size_t place = Wrapped(first + static_cast<size_t>(std::countr_zero(found)) / 8);
+      if ((m_spans[place].Key() & mask) == (key | kUsed)) return place;
+    }
+    if ((~tags & kTagged * kEveryByte) != 0) return kNone;
+    first = Wrapped(first + kGroup);
   }
+}
+
+void CTailTable::SetTag(size_t place, uint8_t tag) noexcept {
+  m_tags[place] = tag;
+  if (place < kGroup) m_tags[m_spans.size() + place] = tag;
 }
 
 // The highest digit of the span at which it still is a tail of the symbols.
 inline int CTailTable::AgreedDigit(const Span& span, uint64_t symbols) noexcept {
-  if (span.High() == 0) return 0;
-  const uint64_t difference = span.Symbols() ^ (symbols & SymbolMask(span.High()));
-  if (difference == 0) return span.High();
-  return std::countr_zero(difference) / 4 - 4;
+  const uint64_t difference = span.Symbols() ^ symbols;
+  return std::min(span.High(), std::countr_zero(difference) / 4 - 4);
 }
 
 RecordList CTailTable::Find(int digit, const DialTail& key) const noexcept {
@@ -106,30 +123,28 @@ RecordList CTailTable::Find(int digit, const DialTail& key) const noexcept {
   return {};
 }
 
-LongestKey CTailTable::FindLongest(const DialTail& tail, int highDigit) const noexcept {
-  const uint64_t symbols = SymbolsOf(tail);
-  LongestKey longest;
-  int low = 1;
-  while (low <= highDigit) {
-    const size_t place = FindStart(symbols, low);
-    if (place == kNone) break;
+void CTailTable::FindLongest(const DialTail& tail, LongestKey& longest) const noexcept {
+  longest = {};
+  const int highDigit = DigitOfLength(tail.length);
+  for (int low = 1; low <= highDigit;) {
+    const size_t place = FindStart(tail.symbols, low);
+    if (place == kNone) return;
     const Span& span = m_spans[place];
-    const int agreed = AgreedDigit(span, symbols);
+    const int agreed = AgreedDigit(span, tail.symbols);
     if (low == 1) longest.isMarked = span.IsMarked();
     if (!span.Records().IsEmpty()) {
       longest.digit = std::min(agreed, highDigit);
       longest.records = span.Records();
     }
-    if (agreed < span.High()) break;
+    if (agreed < span.High()) return;
     low = span.High() + 1;
   }
-  return longest;
 }
 
 void CTailTable::Mark(const DialTail& ending) {
   size_t place = FindStart(ending.symbols, 1);
   if (place == kNone) place = Create(ending.symbols, 1, 1, {});
-  m_spans[place].keyHigh |= 1U << 30;
+  m_spans[place].key[1] |= 1U << 30;
 }
 
 void CTailTable::Append(const DialTail& tail, int lowDigit, Record record) {
@@ -197,25 +212,29 @@ size_t CTailTable::Create(uint64_t symbols, int low, int high, const RecordList&
   const uint64_t key = (symbols & SymbolMask(high)) | static_cast<uint64_t>(low) << kLowShift |
                        static_cast<uint64_t>(high) << (kLowShift + 4) | kUsed;
   Span span;
-  span.keyLow = static_cast<uint32_t>(key);
-  span.keyHigh = static_cast<uint32_t>(key >> 32);
+  span.key = std::bit_cast<std::array<uint32_t, 2>>(key);
   span.SetRecords(list);
   ++m_used;
   return Place(span);
 }
 
 size_t CTailTable::Place(const Span& span) noexcept {
-  size_t place = Home(StartKey(span.Symbols(), span.Low()));
-  while (m_spans[place].IsUsed()) {
-    place = Next(place);
+  const Home home = HomeOf(span);
+  size_t place = home.place;
+  while (m_tags[place] != kVacant) {
+    place = Wrapped(place + 1);
   }
   m_spans[place] = span;
+  SetTag(place, home.tag);
   return place;
 }
 
 // By a quarter: the table stays between 60 and 75 per cent full.
 void CTailTable::Grow() {
-  std::vector<Span> larger(std::max(kFirstPlaces, m_spans.size() + m_spans.size() / 4));
+  const size_t places = std::max(kFirstPlaces, m_spans.size() + m_spans.size() / 4);
+  std::vector<Span> larger(places);
+  std::vector<uint8_t> tags(places + kGroup);
+  m_tags.swap(tags);
   m_spans.swap(larger);
   for (const Span& span : larger) {
     if (span.IsUsed()) Place(span);
@@ -235,15 +254,17 @@ size_t CTailTable::SplitAfter(size_t place, int digit) {
 // Closes the gap, so that no search stops short of a span that was placed beyond it.
 void CTailTable::Erase(size_t place) noexcept {
   size_t gap = place;
-  for (size_t next = Next(gap); m_spans[next].IsUsed(); next = Next(next)) {
-    const size_t home = Home(StartKey(m_spans[next].Symbols(), m_spans[next].Low()));
+  for (size_t next = Wrapped(gap + 1); m_tags[next] != kVacant; next = Wrapped(next + 1)) {
+    const size_t home = HomeOf(m_spans[next]).place;
     const bool isHomeBetween = gap < next ? home > gap && home <= next : home > gap || home <= next;
     if (!isHomeBetween) {
       m_spans[gap] = m_spans[next];
+      SetTag(gap, m_tags[next]);
       gap = next;
     }
   }
   m_spans[gap] = {};
+  SetTag(gap, kVacant);
   --m_used;
 }
 

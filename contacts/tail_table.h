@@ -1,6 +1,8 @@
 #ifndef QUOR_CONTACTS_TAIL_TABLE_H
 #define QUOR_CONTACTS_TAIL_TABLE_H
 
+#include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -20,6 +22,7 @@ constexpr int DigitOfLength(unsigned length) noexcept {
   return length < kShortestTail ? 0 : static_cast<int>(length) - 4;
 }
 
+// Filled in place: returned in registers, its parts would be put together through memory.
 struct LongestKey {
   int digit = 0;  // none
   RecordList records;
@@ -40,8 +43,8 @@ class CTailTable {
 
   // Empty if the key has no records. key.length belongs to the digit's table.
   RecordList Find(int digit, const DialTail& key) const noexcept;
-  // The longest of the tail's own tails with records, up to that of highDigit, which is within it.
-  LongestKey FindLongest(const DialTail& tail, int highDigit) const noexcept;
+  // The longest of the tail's own tails with records; the tail has five symbols at least.
+  void FindLongest(const DialTail& tail, LongestKey& longest) const noexcept;
 
   // Marks everything that ends with these five symbols, for the caller to use. Marks stay.
   void Mark(const DialTail& ending);
@@ -57,27 +60,38 @@ class CTailTable {
   // key: symbols 0-47, low 48-51, high 52-55, repeats 56-61, marked 62, used 63; in halves, so that
   // twelve bytes are enough.
   struct Span {
-    uint32_t keyLow = 0;
-    uint32_t keyHigh = 0;
+    std::array<uint32_t, 2> key{};
     Record first;
 
-    uint64_t Key() const noexcept { return keyLow | static_cast<uint64_t>(keyHigh) << 32; }
-    bool IsUsed() const noexcept { return (keyHigh >> 31) != 0; }
-    bool IsMarked() const noexcept { return (keyHigh >> 30 & 1) != 0; }
-    int Low() const noexcept { return static_cast<int>(keyHigh >> 16 & 0xF); }
-    int High() const noexcept { return static_cast<int>(keyHigh >> 20 & 0xF); }
+    uint64_t Key() const noexcept { return std::bit_cast<uint64_t>(key); }
+    bool IsUsed() const noexcept { return (key[1] >> 31) != 0; }
+    bool IsMarked() const noexcept { return (key[1] >> 30 & 1) != 0; }
+    int Low() const noexcept { return static_cast<int>(key[1] >> 16 & 0xF); }
+    int High() const noexcept { return static_cast<int>(key[1] >> 20 & 0xF); }
     uint64_t Symbols() const noexcept { return Key() & kSymbolBits; }
-    RecordList Records() const noexcept { return {first, keyHigh >> 24 & 0x3F}; }
+    RecordList Records() const noexcept { return {first, key[1] >> 24 & 0x3F}; }
     void SetRecords(const RecordList& list) noexcept;
     void SetHigh(int digit) noexcept;
   };
 
+  // The place from which on a span is looked for, and the tag that is looked for.
+  struct Home {
+    size_t place;
+    uint8_t tag;
+  };
+
   static uint64_t StartKey(uint64_t symbols, int low) noexcept;
   static uint64_t StartMask(int low) noexcept;
-  size_t Home(uint64_t startKey) const noexcept;
-  size_t Next(size_t place) const noexcept { return place + 1 == m_spans.size() ? 0 : place + 1; }
+  Home HomeOf(uint64_t startKey) const noexcept;
+  Home HomeOf(const Span& span) const noexcept {
+    return HomeOf(StartKey(span.Symbols(), span.Low()));
+  }
+  size_t Wrapped(size_t place) const noexcept {
+    return place < m_spans.size() ? place : place - m_spans.size();
+  }
 
   size_t FindStart(uint64_t symbols, int low) const noexcept;
+  void SetTag(size_t place, uint8_t tag) noexcept;
   static int AgreedDigit(const Span& span, uint64_t symbols) noexcept;
   bool HasLongerTail(const Span& span) const noexcept;
 
@@ -90,6 +104,9 @@ class CTailTable {
 
   CRecordLists& m_lists;
   std::vector<Span> m_spans;
+  // By place, kVacant or seven bits of the hash, so that several places are looked at together; the
+  // first ones again at the end.
+  std::vector<uint8_t> m_tags;
   size_t m_used = 0;
 };
 
