@@ -91,6 +91,7 @@ class CTailTable {
   }
 
   size_t FindStart(uint64_t symbols, int low) const noexcept;
+  uint64_t Tags(size_t place) const noexcept;  // of eight places, that one first
   void SetTag(size_t place, uint8_t tag) noexcept;
   static int AgreedDigit(const Span& span, uint64_t symbols) noexcept;
   bool HasLongerTail(const Span& span) const noexcept;
