@@ -154,20 +154,25 @@ TEST_F(PhoneNumberIndex, IgnoresTypesAndTablesThatDoNotExist) {
   EXPECT_EQ(Search("1234567"), "");
 }
 
+// Of two folders, whose entry IDs differ in their beginnings only.
 TEST_F(PhoneNumberIndex, KeepsThousandsApart) {
   constexpr unsigned kContacts = 20'000;
+  constexpr unsigned kInFolder = kContacts / 2;
+  const auto idOf = [](unsigned i) {
+    return std::string(40, i < kInFolder ? 'A' : 'B') + std::to_string(i % kInFolder);
+  };
   const auto numberOf = [](unsigned i) { return std::to_string(4'900'000'000 + i * 7919ULL * 13); };
   for (unsigned i = 0; i < kContacts; ++i)
-    Store(std::to_string(i), numberOf(i), 1);
+    Store(idOf(i), numberOf(i), 1);
   for (unsigned i = 0; i < kContacts; ++i) {
-    ASSERT_EQ(Search("0049" + numberOf(i)), std::to_string(i));
-    ASSERT_EQ(Find(numberOf(i), false), std::to_string(i));
+    ASSERT_EQ(Search("0049" + numberOf(i)), idOf(i));
+    ASSERT_EQ(Find(numberOf(i), false), idOf(i));
   }
   for (unsigned i = 0; i < kContacts; i += 2) {
-    m_index.DeleteContactSearchDataByEntryID(std::to_string(i), 1);
+    m_index.DeleteContactSearchDataByEntryID(idOf(i), 1);
   }
   for (unsigned i = 0; i < kContacts; ++i) {
-    ASSERT_EQ(Find(numberOf(i)), i % 2 == 0 ? "" : std::to_string(i));
+    ASSERT_EQ(Find(numberOf(i)), i % 2 == 0 ? "" : idOf(i));
   }
 }
 

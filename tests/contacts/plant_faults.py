@@ -100,7 +100,6 @@ FAULTS = [
     ("entry ID taken for the last one", "entry_id_index.cpp",
      "m_lastId == kNone || text != m_lastText", "m_lastId == kNone"),
     ("number sign taken for a digit", "dial_tail.h", "0xF0F0F0F0F0F0F0F0;", "0xE0E0E0E0E0E0E0E0;"),
-    ("beginnings taken for equal", "entry_id_index.cpp", " || !text.starts_with(beginning)", ""),
     ("another beginning than the text's", "entry_id_index.cpp",
      "m_usualBeginning != 0 && shared.size() == usual.size()", "m_usualBeginning != 0"),
     ("tag left behind", "tail_table.cpp", "      SetTag(gap, m_tags[next]);\n", ""),
