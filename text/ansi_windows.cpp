@@ -3,9 +3,22 @@
 #include "text/ansi.h"
 
 namespace quor {
+namespace {
+
+// Names and numbers are nearly always shorter: they are converted in one go.
+constexpr size_t kShortLength = 64;
+
+}  // namespace
 
 std::string AnsiFromWide(std::wstring_view text) {
   const int length = static_cast<int>(text.size());
+  // No code page takes more than four bytes for a UTF-16 unit.
+  char shortText[4 * kShortLength];
+  if (text.size() <= kShortLength) {
+    const int written = WideCharToMultiByte(GetACP(), 0, text.data(), length, shortText,
+                                            static_cast<int>(sizeof(shortText)), nullptr, nullptr);
+    return std::string(shortText, static_cast<size_t>(written));
+  }
   const int size =
       WideCharToMultiByte(GetACP(), 0, text.data(), length, nullptr, 0, nullptr, nullptr);
   std::string result(static_cast<size_t>(size), '\0');
