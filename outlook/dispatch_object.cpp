@@ -31,6 +31,19 @@ DISPID CMemberId::Resolve(IDispatch& object, REFIID iid) {
   return m_id;
 }
 
+CText::CText(_variant_t value) {
+  VARIANT taken = value.Detach();
+  m_value.Attach(taken);
+  const VARTYPE type = V_VT(&m_value);
+  if (type == VT_NULL) m_value.Clear();
+  if (type != VT_BSTR && type != VT_EMPTY && type != VT_NULL) m_value.ChangeType(VT_BSTR);
+}
+
+std::wstring_view CText::View() const noexcept {
+  if (V_VT(&m_value) != VT_BSTR || V_BSTR(&m_value) == nullptr) return {};
+  return {V_BSTR(&m_value), SysStringLen(V_BSTR(&m_value))};
+}
+
 _variant_t CDispatchObject::Invoke(CMemberId& member, WORD flags,
                                    std::span<const VARIANT> arguments) const {
   if (m_object == nullptr) _com_issue_error(E_POINTER);
@@ -69,13 +82,6 @@ _variant_t CDispatchObject::GetIndexed(CMemberId& member, const _variant_t& inde
 void CDispatchObject::PutProperty(CMemberId& member, const _variant_t& value) const {
   Invoke(member, DISPATCH_PROPERTYPUT,
          std::span<const VARIANT>(static_cast<const VARIANT*>(&value), 1));
-}
-
-std::wstring CDispatchObject::GetText(CMemberId& member) const {
-  _variant_t value = GetProperty(member);
-  if (V_VT(&value) == VT_EMPTY || V_VT(&value) == VT_NULL) return {};
-  if (V_VT(&value) != VT_BSTR) value.ChangeType(VT_BSTR);
-  return TextFromBstr(V_BSTR(&value));
 }
 
 int32_t CDispatchObject::GetLong(CMemberId& member) const {

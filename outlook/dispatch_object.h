@@ -33,6 +33,20 @@ class CMemberId {
   DISPID m_id = DISPID_UNKNOWN;
 };
 
+// A text in Outlook's own string, for those who read many: no copy is made unless one is asked for.
+class CText {
+ public:
+  CText() = default;
+  // Takes the string over; throws _com_error if the value is none and cannot be made one.
+  explicit CText(_variant_t value);
+
+  std::wstring_view View() const noexcept;  // valid as long as the text
+  operator std::wstring() const { return std::wstring(View()); }
+
+ private:
+  _variant_t m_value;
+};
+
 // A counted reference to an object of Outlook's or Office's, called late-bound. The typed wrappers
 // derive from it, so that one DLL serves every version and both bitnesses. Copies share the object.
 //
@@ -65,7 +79,7 @@ class CDispatchObject {
   // A property that takes arguments, such as an index.
   _variant_t GetIndexed(CMemberId& member, const _variant_t& index) const;
 
-  std::wstring GetText(CMemberId& member) const;
+  CText GetText(CMemberId& member) const { return CText(GetProperty(member)); }
   int32_t GetLong(CMemberId& member) const;
   bool GetBool(CMemberId& member) const;
   void PutText(CMemberId& member, std::wstring_view value) const;

@@ -57,17 +57,17 @@ CMemberId& TelephoneMember(int telNumberType) {
 
 }  // namespace
 
-std::wstring CContactItem::EntryId() const {
+CText CContactItem::EntryId() const {
   static CMemberId member(L"EntryID");
   return GetText(member);
 }
 
-std::wstring CContactItem::FileAs() const {
+CText CContactItem::FileAs() const {
   static CMemberId member(L"FileAs");
   return GetText(member);
 }
 
-std::wstring CContactItem::TelephoneNumber(int telNumberType) const {
+CText CContactItem::TelephoneNumber(int telNumberType) const {
   return GetText(TelephoneMember(telNumberType));
 }
 

@@ -52,10 +52,10 @@ class CContactItem : public CDispatchObject {
   explicit CContactItem(IDispatchPtr object);
   static REFIID InterfaceId() noexcept;
 
-  std::wstring EntryId() const;  // empty until the contact is saved
-  std::wstring FileAs() const;
+  CText EntryId() const;  // empty until the contact is saved
+  CText FileAs() const;
   // The number as the user wrote it. `telNumberType` is 1 to 12; anything else is E_INVALIDARG.
-  std::wstring TelephoneNumber(int telNumberType) const;
+  CText TelephoneNumber(int telNumberType) const;
   void SetTelephoneNumber(int telNumberType, std::wstring_view number) const;
   void SetFullName(std::wstring_view name) const;
   IDispatchPtr Parent() const;
