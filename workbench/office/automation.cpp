@@ -99,6 +99,8 @@ ULONG CCounted::ReleaseOutside() noexcept {
   }
   const ULONG left = --m_outside;
   if (left == 0) {
+    std::optional<CModel::CTimeInside> inside;
+    if (m_model != nullptr) inside.emplace(*m_model);
     Keep();
     if (m_model != nullptr) OnLetGo();
     Drop();
@@ -171,6 +173,7 @@ STDMETHODIMP CAutomation::QueryInterface(REFIID iid, void** object) {
     *object = this;
     return S_OK;  // no reference: for the model only
   }
+  const CModel::CTimeInside inside(Model());
   if (iid == IID_IUnknown || iid == IID_IDispatch || m_members.HasInterface(iid)) {
     *object = static_cast<IDispatch*>(this);
   } else {
