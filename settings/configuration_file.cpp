@@ -42,6 +42,12 @@ bool IsMissing(DWORD error) noexcept {
   return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
 }
 
+HANDLE OpenForReading(const std::string& path) noexcept {
+  return CreateFileA(path.c_str(), GENERIC_READ,
+                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                     FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
 std::optional<std::vector<std::byte>> ReadWhole(HANDLE file) {
   LARGE_INTEGER size;
   if (!GetFileSizeEx(file, &size) || size.QuadPart > kLargestFile) return std::nullopt;
@@ -52,6 +58,13 @@ std::optional<std::vector<std::byte>> ReadWhole(HANDLE file) {
     return std::nullopt;
   }
   return bytes;
+}
+
+bool Holds(const std::string& path, std::span<const std::byte> bytes) {
+  const CFileHandle file(OpenForReading(path));
+  if (!file.IsOpen()) return false;
+  const auto content = ReadWhole(file.Get());
+  return content && std::ranges::equal(*content, bytes);
 }
 
 // The new content, written and flushed beside the file it is to replace. Gone again with its scope
@@ -135,9 +148,7 @@ class CSetAside {
 
 std::optional<XmlElement> CConfigurationFile::Load(const std::string& path) {
   m_unreadable = false;
-  const CFileHandle file(CreateFileA(path.c_str(), GENERIC_READ,
-                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                     nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  const CFileHandle file(OpenForReading(path));
   if (!file.IsOpen() && IsMissing(GetLastError())) return std::nullopt;
   m_unreadable = true;
   if (!file.IsOpen()) return std::nullopt;
@@ -150,7 +161,9 @@ std::optional<XmlElement> CConfigurationFile::Load(const std::string& path) {
 
 void CConfigurationFile::Save(const std::string& path, const XmlElement& root) noexcept {
   GuardCall(m_log, "Save Data", [&] {
-    CNewFile newFile(path, m_writer.Format(root));
+    const std::vector<std::byte> bytes = m_writer.Format(root);
+    if (Holds(path, bytes)) return;
+    CNewFile newFile(path, bytes);
     if (!m_unreadable) {
       newFile.ReplaceTarget();
       return;

@@ -10,7 +10,9 @@ namespace quor {
 //
 // Whatever moment the process dies at, the file is either the old one or the new one, whole: a save
 // writes beside it, flushes, and puts the new file in its place. A file that could not be read is
-// first given another name ("vex_cfg.bad.xml", numbered when that is taken) and so kept.
+// first given another name ("vex_cfg.bad.xml", numbered when that is taken) and so kept. What the
+// file holds already is not written again: Outlook's end saves more than once, and writing through
+// to the disk is the slowest part of it.
 class CConfigurationFile final : public IConfigurationFile {
  public:
   // The log must outlive the file.

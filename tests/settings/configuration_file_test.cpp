@@ -207,6 +207,23 @@ TEST_F(CConfigurationFileTest, AFailedSaveLeavesTheOldFile) {
   EXPECT_THAT(FolderContent(), UnorderedElementsAre("vex_cfg.xml", "vex_cfg.bad.xml"));
 }
 
+TEST_F(CConfigurationFileTest, WhatTheFileHoldsAlreadyIsNotWrittenAgain) {
+  Save();
+  const HANDLE holder = CreateFileA(m_path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(holder, INVALID_HANDLE_VALUE);
+  Save();
+  EXPECT_THAT(m_lines, IsEmpty());
+  CloseHandle(holder);
+  // Somebody else's change is undone all the same.
+  WriteContent("<Root/>");
+  Save();
+  EXPECT_NE(Content("vex_cfg.xml"), "<Root/>");
+  DeleteFileA(m_path.c_str());
+  Save();
+  EXPECT_THAT(FolderContent(), ElementsAre("vex_cfg.xml"));
+}
+
 TEST_F(CConfigurationFileTest, WhatACrashLeftBehindDoesNotMatter) {
   WriteContent("half a fi");
   ASSERT_TRUE(MoveFileA(m_path.c_str(), (m_path + ".new").c_str()));
