@@ -84,10 +84,9 @@ HBITMAP CPictureLoader::Decode(int picture, bool transparent) {
 }
 
 IDispatchPtr CPictureLoader::RibbonPicture(int picture) {
-  IDispatchPtr& kept = m_ribbonPictures[picture];
-  if (kept == nullptr) {
-    kept = PictureFromBitmap(Decode(PictureForScreen(picture, ScreenDotsPerInch()), true));
-  }
+  const int suited = PictureForScreen(picture, ScreenDotsPerInch());
+  IDispatchPtr& kept = m_ribbonPictures[suited];
+  if (kept == nullptr) kept = PictureFromBitmap(Decode(suited, true));
   return kept;
 }
 
