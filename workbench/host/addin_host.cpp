@@ -47,12 +47,14 @@ CAddInHost::CAddInHost(RegisteredAddIn addIn, CMessageLoop& loop, IAddInSurround
       m_loop(loop),
       m_surroundings(surroundings),
       m_figures(figures) {
-  m_loop.WatchTimer(kBuildTimer,
-                    [this](const std::function<void()>& handle) { m_figures.Scan(handle); });
+  m_loop.WatchTimer(kBuildTimer, [this](const std::function<void()>& handle) {
+    m_figures.Measure(&Figures::scan, handle);
+  });
 }
 
 CAddInHost::~CAddInHost() {
   m_loop.WatchTimer(0, nullptr);
+  m_loop.WatchPosted(nullptr, nullptr);
   ReleaseObject();
 }
 
@@ -68,6 +70,9 @@ HRESULT CAddInHost::LoadClass() {
   if (FAILED(result)) return result;
   m_module = GetModuleHandleW(m_registered.modulePath.c_str());
   CModuleMeter::Watch(m_module);
+  m_loop.WatchPosted(m_module, [this](const std::function<void()>& handle) {
+    m_figures.Measure(&Figures::messages, handle);
+  });
   return result;
 }
 
@@ -220,6 +225,11 @@ bool CAddInHost::PumpUntil(const std::function<bool()>& done, unsigned milliseco
 void CAddInHost::FailSystemFunction(const std::string& function, const FailingCalls& calls) {
   if (!m_module && FAILED(LoadClass())) throw CScenarioError("the add-in cannot be loaded");
   m_importFaults.Fail(m_module, function, calls);
+}
+
+void CAddInHost::ShowScale(int scale) {
+  const int dotsPerInch = scale == 100 ? 0 : USER_DEFAULT_SCREEN_DPI * scale / 100;
+  if (m_module) m_importFaults.ShowDotsPerInch(m_module, dotsPerInch);
 }
 
 std::vector<HWND> CAddInHost::Windows() const {

@@ -61,6 +61,8 @@ class CAddInHost final : public IHostStage {
   bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds) override;
   void FailSystemFunction(const std::string& function, const FailingCalls& calls) override;
 
+  // The add-in sees a screen of so many per cent; at 100 the true one.
+  void ShowScale(int scale);
   // The add-in's timers run as fast as they can, from the next time it is made.
   void HastenTimers() { m_hasten = true; }
 

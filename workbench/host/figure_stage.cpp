@@ -23,15 +23,15 @@ void CFigureStage::Time(TimeOf figure, const std::function<void()>& action) {
   m_figures.*figure = (m_figures.*figure).value_or(0) + milliseconds;
 }
 
-void CFigureStage::Scan(const std::function<void()>& action) {
+void CFigureStage::Measure(WorkOf figure, const std::function<void()>& action) {
   const uint64_t calls = m_model.TotalCalls();
   const double inModel = m_model.MicrosecondsInModel();
   const double whole = MillisecondsOf(action) * 1000;
-  Figures::Scan scan;
-  scan.calls = m_model.TotalCalls() - calls;
-  scan.microsecondsInModel = m_model.MicrosecondsInModel() - inModel;
-  scan.microsecondsInAddIn = whole - scan.microsecondsInModel;
-  m_figures.scan = scan;
+  const double inside = m_model.MicrosecondsInModel() - inModel;
+  Figures::Work& work = (m_figures.*figure).emplace((m_figures.*figure).value_or(Figures::Work()));
+  work.calls += m_model.TotalCalls() - calls;
+  work.microsecondsInModel += inside;
+  work.microsecondsInAddIn += whole - inside;
 }
 
 void CFigureStage::TimeCaller(const std::function<void()>& tick,

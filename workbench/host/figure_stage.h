@@ -18,8 +18,9 @@ class CFigureStage final : public IFigureStage {
   using TimeOf = std::optional<double> Figures::*;
   // Runs the action; its time is added to the named one.
   void Time(TimeOf figure, const std::function<void()>& action);
-  // Runs the action as the start-up scan of the contacts.
-  void Scan(const std::function<void()>& action);
+  using WorkOf = std::optional<Figures::Work> Figures::*;
+  // Runs the action; what it costs in and outside the object model is added to the named figure.
+  void Measure(WorkOf figure, const std::function<void()>& action);
 
   // Runs the tick, then messages until there are none. What is measured is the way from the tick to
   // the first window that appears.

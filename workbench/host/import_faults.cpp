@@ -24,6 +24,7 @@ struct HookedFunction {
 
 bool g_hastenTimers = false;
 std::string g_opened;
+int g_dotsPerInch = 0;
 
 bool MustFail(HookedFunction& function) {
   const unsigned call = ++function.calls;
@@ -47,6 +48,7 @@ enum Index {
   kMoveFileExA,
   kReplaceFileW,
   kShellExecuteA,
+  kGetDeviceCaps,
 };
 
 extern HookedFunction g_functions[];
@@ -80,6 +82,13 @@ HINSTANCE WINAPI ShellExecuteReplacement(HWND, LPCSTR, LPCSTR file, LPCSTR, LPCS
   return reinterpret_cast<HINSTANCE>(kDone);
 }
 
+int WINAPI GetDeviceCapsReplacement(HDC device, int index) {
+  HookedFunction& function = g_functions[kGetDeviceCaps];
+  if (MustFail(function)) return 0;
+  if (g_dotsPerInch != 0 && (index == LOGPIXELSX || index == LOGPIXELSY)) return g_dotsPerInch;
+  return reinterpret_cast<decltype(&GetDeviceCaps)>(function.original)(device, index);
+}
+
 HookedFunction g_functions[] = {
     {"PostMessageA", AsProc(Replacement<kPostMessageA, BOOL, FALSE, HWND, UINT, WPARAM, LPARAM>)},
     {"PostMessageW", AsProc(Replacement<kPostMessageW, BOOL, FALSE, HWND, UINT, WPARAM, LPARAM>)},
@@ -100,6 +109,7 @@ HookedFunction g_functions[] = {
     {"ReplaceFileW", AsProc(Replacement<kReplaceFileW, BOOL, FALSE, LPCWSTR, LPCWSTR, LPCWSTR,
                                         DWORD, LPVOID, LPVOID>)},
     {"ShellExecuteA", AsProc(ShellExecuteReplacement)},
+    {"GetDeviceCaps", AsProc(GetDeviceCapsReplacement)},
 };
 
 // Puts the replacement between the module and the true function; null if the module has no use for
@@ -142,6 +152,10 @@ const std::string& CImportFaults::LastOpened() {
   return g_opened;
 }
 
+void CImportFaults::ShowDotsPerInch(HMODULE module, int dotsPerInch) {
+  g_dotsPerInch = Hook(module, g_functions[kGetDeviceCaps]) != nullptr ? dotsPerInch : 0;
+}
+
 void CImportFaults::Forget() {
   for (HookedFunction& function : g_functions) {
     if (function.slot) WriteSlot(function.slot, function.original);
@@ -149,6 +163,7 @@ void CImportFaults::Forget() {
   }
   g_hastenTimers = false;
   g_opened.clear();
+  g_dotsPerInch = 0;
 }
 
 }  // namespace quor::workbench

@@ -28,6 +28,8 @@ class CImportFaults {
   // page; empty where there was nothing.
   void CatchOpening(HMODULE module);
   static const std::string& LastOpened();
+  // The screen has so many dots per inch for the module; 0: as many as it has.
+  void ShowDotsPerInch(HMODULE module, int dotsPerInch);
   // The faults are over; call it before the module goes.
   static void Forget();
 };

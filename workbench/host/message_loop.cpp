@@ -29,9 +29,10 @@ void CMessageLoop::Handle(MSG& message) {
   if (const Filter filter = m_filter; filter && filter(message)) return;
   TranslateMessage(&message);
   const auto handle = [&message] { DispatchMessageW(&message); };
-  const bool watched = message.message == WM_TIMER && message.wParam == m_watchedTimer && m_watcher;
-  if (watched) {
-    m_watcher(handle);
+  // A copy: what is handled may end the watch.
+  const Watcher watcher = WatcherOf(message);
+  if (watcher) {
+    watcher(handle);
   } else {
     handle();
   }
@@ -41,9 +42,24 @@ bool CMessageLoop::HandedOut(HWND window, UINT message, LPARAM lParam) const {
   return m_handled.hwnd == window && m_handled.message == message && m_handled.lParam == lParam;
 }
 
+const CMessageLoop::Watcher& CMessageLoop::WatcherOf(const MSG& message) const {
+  static const Watcher nobody;
+  if (message.message >= WM_APP && message.hwnd) {
+    const LONG_PTR owner = GetWindowLongPtrW(message.hwnd, GWLP_HINSTANCE);
+    return reinterpret_cast<HMODULE>(owner) == m_postedModule ? m_postedWatcher : nobody;
+  }
+  const bool watched = message.message == WM_TIMER && message.wParam == m_watchedTimer;
+  return watched ? m_watcher : nobody;
+}
+
 void CMessageLoop::WatchTimer(UINT_PTR timer, Watcher watcher) {
   m_watchedTimer = timer;
   m_watcher = std::move(watcher);
+}
+
+void CMessageLoop::WatchPosted(HMODULE module, Watcher watcher) {
+  m_postedModule = module;
+  m_postedWatcher = std::move(watcher);
 }
 
 bool CMessageLoop::IsHeldBack(const MSG& message) {

@@ -25,6 +25,8 @@ class CMessageLoop {
   // `watcher` gets each message of a timer instead, as an action that handles it; 0: no longer.
   using Watcher = std::function<void(const std::function<void()>& handle)>;
   void WatchTimer(UINT_PTR timer, Watcher watcher);
+  // The same for messages of an application's own that are posted to a module's windows.
+  void WatchPosted(HMODULE module, Watcher watcher);
   // `filter` sees each message first, and says whether it has used it; null: no longer.
   using Filter = std::function<bool(MSG& message)>;
   void SetFilter(Filter filter) { m_filter = std::move(filter); }
@@ -35,10 +37,13 @@ class CMessageLoop {
   bool HandleOne(UINT first, UINT last);
   void Handle(MSG& message);
   bool IsHeldBack(const MSG& message);
+  const Watcher& WatcherOf(const MSG& message) const;
 
   UINT_PTR m_watchedTimer = 0;
   Watcher m_watcher;
   Filter m_filter;
+  HMODULE m_postedModule = nullptr;
+  Watcher m_postedWatcher;
   UINT_PTR m_firstTimer = 0;
   UINT_PTR m_heldTimer = 0;
   ULONGLONG m_heldUntil = 0;

@@ -214,6 +214,12 @@ void COfficeFace::OpenMenu(CWindowObject* window, const std::vector<std::wstring
   parts->window->OpenMenu(path);
 }
 
+void COfficeFace::ForgetImages() {
+  for (const auto& parts : m_windows) {
+    if (parts->ribbon) parts->ribbon->ForgetImages();
+  }
+}
+
 void COfficeFace::ShowCalendarAsTable(bool table) {
   m_calendarAsTable = table;
   OnChanged();
@@ -228,6 +234,10 @@ void COfficeFace::Click(CWindowObject* window, const std::vector<std::wstring>& 
   const PartsPtr parts = Find(window);
   if (parts->ribbon) return parts->ribbon->Click(path);
   parts->bars->Click(path);
+}
+
+void COfficeFace::DeleteControl(const std::vector<std::wstring>& path) {
+  Find(nullptr)->bars->DeleteControl(path);
 }
 
 void COfficeFace::EnterText(CWindowObject* window, const std::wstring& control,

@@ -46,12 +46,16 @@ class COfficeFace final : public IOutlookFace {
   // Leaves a menu open, so that a picture shows it; an empty path closes all.
   void OpenMenu(CWindowObject* window, const std::vector<std::wstring>& path);
 
+  // The ribbons ask for every image again.
+  void ForgetImages();
+
   // From now on, in every main window.
   void ShowCalendarAsTable(bool table);
 
   // The controls of an explorer (null: the first) or of an inspector.
   std::vector<ControlFace> Controls(CWindowObject* window);
   void Click(CWindowObject* window, const std::vector<std::wstring>& path);
+  void DeleteControl(const std::vector<std::wstring>& path);
   void EnterText(CWindowObject* window, const std::wstring& control, const std::wstring& text);
   void PickEntry(CWindowObject* window, const std::wstring& control, const std::wstring& entry);
 

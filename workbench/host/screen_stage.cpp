@@ -80,6 +80,10 @@ void CScreenStage::Click(const std::string& inspector, const std::vector<std::st
   AsUser([&] { m_face.Click(InspectorOf(inspector), WidePath(path)); });
 }
 
+void CScreenStage::DeleteControl(const std::vector<std::string>& path) {
+  AsUser([&] { m_face.DeleteControl(WidePath(path)); });
+}
+
 void CScreenStage::Type(const std::string& control, const std::string& text) {
   AsUser([&] { m_face.EnterText(nullptr, WideFromUtf8(control), WideFromUtf8(text)); });
 }
@@ -133,16 +137,26 @@ std::string CScreenStage::Screenshot(const std::string& name) {
   return SaveScreenshot(m_pictureFolder + "\\" + name + ".png");
 }
 
+// Office asks for its pictures in the size that the screen needs.
+void CScreenStage::ShowScale(int scale) {
+  if (scale == m_scale) return;
+  m_scale = scale;
+  m_host.ShowScale(scale);
+  m_face.ForgetImages();
+}
+
 std::string CScreenStage::Picture(const PictureOrder& order) {
   const std::string path = m_pictureFolder + "\\" + order.name + ".png";
   PictureLook look;
   look.scale = order.scale;
   look.theme = order.dark ? Theme::Dark : Theme::Light;
+  ShowScale(order.scale);
   AsUser([&] {
     m_face.OpenMenu(nullptr, WidePath(order.menu));
     m_face.RenderToPng(nullptr, WideFromUtf8(path), look);
     m_face.OpenMenu(nullptr, {});
   });
+  ShowScale(kUsualScale);
   return path;
 }
 

@@ -19,6 +19,7 @@ class CScreenStage final : public IScreenStage {
 
   std::vector<ControlView> Controls(const std::string& inspector) override;
   void Click(const std::string& inspector, const std::vector<std::string>& path) override;
+  void DeleteControl(const std::vector<std::string>& path) override;
   void Type(const std::string& control, const std::string& text) override;
   void Pick(const std::string& control, const std::string& item) override;
   void ShowCalendarAsTable(bool table) override { m_face.ShowCalendarAsTable(table); }
@@ -32,15 +33,19 @@ class CScreenStage final : public IScreenStage {
   std::string Picture(const PictureOrder& order) override;
 
  private:
+  static constexpr int kUsualScale = 100;  // per cent
+
   CWindowObject* InspectorOf(const std::string& name);
   // The add-in's windows and Outlook's options, which show its page.
   std::vector<HWND> AllWindows() const;
+  void ShowScale(int scale);
 
   COutlook& m_outlook;
   COfficeFace& m_face;
   CAddInHost& m_host;
   COptionsWindow& m_options;
   std::string m_pictureFolder;
+  int m_scale = kUsualScale;
 };
 
 }  // namespace quor::workbench

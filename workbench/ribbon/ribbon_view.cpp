@@ -77,6 +77,11 @@ void CRibbonView::Invalidate() {
     entry.values = {};
 }
 
+void CRibbonView::ForgetImages() {
+  for (Entry& entry : m_entries)
+    entry.values.image.reset();
+}
+
 bool CRibbonView::InvalidateControl(const std::wstring& id) {
   const std::string wanted = Utf8FromWide(id);
   for (Entry& entry : m_entries) {

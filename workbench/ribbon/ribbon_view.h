@@ -50,6 +50,7 @@ class CRibbonView {
   // --- for the host ---
   void Invalidate();
   bool InvalidateControl(const std::wstring& id);
+  void ForgetImages();
 
  private:
   // Values that were asked, or that the document gives.

@@ -210,6 +210,13 @@ std::string TimeLine(const char* moment, const std::optional<double>& millisecon
          OneDecimal(*milliseconds * 100 / limit) + " % of " + std::to_string(limit) + " ms\n";
 }
 
+std::string WorkLine(const char* name, const std::optional<Figures::Work>& work) {
+  if (!work) return {};
+  return std::string(name) + ": " + std::to_string(work->calls) + " calls of the object model, " +
+         OneDecimal(work->microsecondsInModel) + " us inside it, " +
+         OneDecimal(work->microsecondsInAddIn) + " us in the add-in\n";
+}
+
 double MedianOf(std::vector<double> values) {
   const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
   std::nth_element(values.begin(), middle, values.end());
@@ -249,12 +256,7 @@ void ShowFigures(CRun& run, const CCommandArguments&) {
   std::string text = TimeLine("OnConnection", figures.connection, kStartLimit) +
                      TimeLine("folder switch", figures.folderSwitch, kFolderSwitchLimit) +
                      TimeLine("shutdown", figures.shutdown, kShutdownLimit);
-  if (figures.scan) {
-    text += "start-up scan: " + std::to_string(figures.scan->calls) +
-            " calls of the object model, " + OneDecimal(figures.scan->microsecondsInModel) +
-            " us inside it, " + OneDecimal(figures.scan->microsecondsInAddIn) +
-            " us in the add-in\n";
-  }
+  text += WorkLine("start-up scan", figures.scan) + WorkLine("messages", figures.messages);
   text += CallerLine(figures.callers);
   text += "ribbon: " + std::to_string(figures.ribbonInvalidations) + " invalidations, " +
           std::to_string(figures.ribbonCallbacks) + " callbacks, " +
@@ -321,11 +323,9 @@ constexpr Command kCommands[] = {
     {"show use", "", "Shows what the process holds.", 0, 0, Block::None, ShowUse},
     {"show figures", "",
      "Shows what the add-in cost since the last such command: times as shares of those after which "
-     "Outlook disables an add-in, the start-up scan, the way from the poll that reads a caller ID "
-     "to "
-     "the caller window, the ribbon's callbacks. Never twice the same: not for transcripts that "
-     "are "
-     "compared.",
+     "Outlook disables an add-in, the start-up scan, the messages that the add-in posts to itself, "
+     "redraws among them, the way from the poll that reads a caller ID to the caller window, the "
+     "ribbon's callbacks. Never twice the same: not for transcripts that are compared.",
      0, 0, Block::None, ShowFigures},
 };
 

@@ -210,6 +210,13 @@ void DumpWindows(CRun& run, const CCommandArguments&) {
   run.transcript.Show(text.empty() ? "no windows" : text);
 }
 
+void DeleteControl(CRun& run, const CCommandArguments& arguments) {
+  const ControlName name = ReadControlName(arguments);
+  ExpectNoMore(arguments, name);
+  run.stage.screen.DeleteControl(name.path);
+  run.stage.host.Pump();
+}
+
 void Press(CRun& run, const CCommandArguments& arguments) {
   run.stage.screen.Press(arguments.Text(0), arguments.Text(1));
   run.stage.host.Pump();
@@ -289,6 +296,9 @@ constexpr Command kCommands[] = {
      Block::None, OpenOptions},
     {"dump windows", "", "Shows every window of the add-in with its texts.", 0, 0, Block::None,
      DumpWindows},
+    {"delete control", "CONTROL [> ITEM [> ITEM]]",
+     "The user takes a control off the command bar, by Customize.", 1, 5, Block::None,
+     DeleteControl},
     {"press", "TITLE BUTTON", "Presses a button of a window by its text.", 2, 2, Block::None,
      Press},
     {"enter", "TITLE FIELD TEXT",

@@ -107,6 +107,8 @@ class IScreenStage {
   // The controls of the main window, or of the inspector that shows the named item.
   virtual std::vector<ControlView> Controls(const std::string& inspector) = 0;
   virtual void Click(const std::string& inspector, const std::vector<std::string>& path) = 0;
+  // The user takes a control off a command bar of the main window.
+  virtual void DeleteControl(const std::vector<std::string>& path) = 0;
   virtual void Type(const std::string& control, const std::string& text) = 0;
   virtual void Pick(const std::string& control, const std::string& item) = 0;
   // A calendar folder has two views, each with a ribbon tab of its own.
@@ -248,7 +250,7 @@ class IEvidenceStage {
 
 // What was measured since the last time it was taken; what did not happen is left out.
 struct Figures {
-  struct Scan {
+  struct Work {
     uint64_t calls = 0;
     double microsecondsInModel = 0;
     double microsecondsInAddIn = 0;
@@ -267,7 +269,8 @@ struct Figures {
   std::optional<double> connection;
   std::optional<double> shutdown;
   std::optional<double> folderSwitch;
-  std::optional<Scan> scan;
+  std::optional<Work> scan;
+  std::optional<Work> messages;  // all that the add-in posts to itself: redraws among it
   uint64_t ribbonCallbacks = 0;
   uint64_t ribbonInvalidations = 0;
   double ribbonMicroseconds = 0;  // in callbacks

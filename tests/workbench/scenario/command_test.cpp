@@ -110,7 +110,8 @@ TEST(Commands, ShowFiguresAsSharesOfWhatOutlookAllows) {
                    .connection = 42,
                    .shutdown = 5,
                    .folderSwitch = std::nullopt,
-                   .scan = Figures::Scan{7, 1500, 250.5},
+                   .scan = Figures::Work{7, 1500, 250.5},
+                   .messages = Figures::Work{21, 60, 9.75},
                    .ribbonCallbacks = 30,
                    .ribbonInvalidations = 1,
                    .ribbonMicroseconds = 12.25};
@@ -121,6 +122,8 @@ TEST(Commands, ShowFiguresAsSharesOfWhatOutlookAllows) {
                   "shutdown: 5.0 ms, 1.0 % of 500 ms\n"
                   "start-up scan: 7 calls of the object model, 1500.0 us inside it, "
                   "250.5 us in the add-in\n"
+                  "messages: 21 calls of the object model, 60.0 us inside it, "
+                  "9.8 us in the add-in\n"
                   "caller ID to caller window: 5.0 ms, at most 12.0 ms (3 calls), 2 messages "
                   "on the way; 60.0 % in saving the settings, 10.0 % in showing the window, "
                   "8.0 % in Outlook's objects\n"

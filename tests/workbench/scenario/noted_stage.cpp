@@ -145,6 +145,10 @@ void CNotedStage::Click(const std::string& inspector, const std::vector<std::str
   Note(note);
 }
 
+void CNotedStage::DeleteControl(const std::vector<std::string>& path) {
+  Note("delete " + path.back());
+}
+
 void CNotedStage::Type(const std::string& control, const std::string& text) {
   Note("type " + control + ": " + text);
 }

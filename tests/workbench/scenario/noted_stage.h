@@ -106,6 +106,7 @@ class CNotedStage final : public IHostStage,
 
   std::vector<ControlView> Controls(const std::string&) override { return controls; }
   void Click(const std::string& inspector, const std::vector<std::string>& path) override;
+  void DeleteControl(const std::vector<std::string>& path) override;
   void Type(const std::string& control, const std::string& text) override;
   void Pick(const std::string& control, const std::string& item) override;
   void ShowCalendarAsTable(bool table) override { Note(table ? "table" : "days"); }

@@ -1,0 +1,29 @@
+#!/usr/bin/env python3
+"""Reads what several plays of one scenario showed, and prints it once with the median of every figure."""
+
+import re
+import statistics
+import sys
+
+NUMBER = re.compile(r"\d+(?:\.\d+)?(?= (?:ms,|% of|us |calls|invalidations|callbacks))")
+
+shown = {}  # moment and text without its figures -> the figures of each play
+moment = ""
+for line in sys.stdin:
+    line = line.strip()
+    if line.startswith("* "):
+        moment = line[2:]
+    elif NUMBER.search(line):
+        figures = [float(number) for number in NUMBER.findall(line)]
+        shown.setdefault((moment, NUMBER.sub("#", line)), []).append(figures)
+
+printed = None
+for (moment, text), plays in shown.items():
+    if moment != printed:
+        print(moment)
+        printed = moment
+    for figures in zip(*plays):
+        median = statistics.median(figures)
+        exact = f"{median:.0f}" if all(f.is_integer() for f in figures) else f"{median:.1f}"
+        text = text.replace("#", exact, 1)
+    print(f"  {text}")
