@@ -110,6 +110,11 @@ void CCommandBarComboBox::SetStyle(int32_t style) const {
   PutLong(member, style);
 }
 
+void CCommandBarComboBox::SetDropDownWidth(int32_t width) const {
+  static CMemberId member(L"DropDownWidth");
+  PutLong(member, width);
+}
+
 CCommandBarPopup::CCommandBarPopup(IDispatchPtr object)
     : CCommandBarControl(std::move(object), kPopupId) {}
 REFIID CCommandBarPopup::InterfaceId() noexcept {

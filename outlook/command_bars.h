@@ -19,6 +19,7 @@ inline constexpr long kBarTop = 1;
 
 inline constexpr int32_t kButtonIconAndCaption = 3;
 inline constexpr int32_t kComboLabel = 1;
+inline constexpr int32_t kWidthOfLongestItem = -1;
 
 // Published event interfaces and their only events.
 extern const IID kCommandBarButtonEvents;
@@ -70,6 +71,8 @@ class CCommandBarComboBox : public CCommandBarControl {
   void AddItem(std::wstring_view text) const;
   void Clear() const;
   void SetStyle(int32_t style) const;
+  // Of the opened list, in pixels.
+  void SetDropDownWidth(int32_t width) const;
 };
 
 class CCommandBarPopup : public CCommandBarControl {

@@ -99,8 +99,12 @@ void CCommandBarToolbar::SetUpDialBox(IDispatchPtr control, const ControlLayout&
           [this](DISPID event, const CEventArguments& arguments) {
             if (event == kEventChange) OnDialBoxChanged(arguments.Object(0));
           });
-  box.SetStyle(kComboLabel);
-  box.SetWidth(kDialBoxWidth);
+  // Only looks: a box that refuses them dials all the same.
+  GuardCall(m_log, "looks of the dial box", [&box] {
+    box.SetStyle(kComboLabel);
+    box.SetWidth(kDialBoxWidth);
+    box.SetDropDownWidth(kWidthOfLongestItem);
+  });
 }
 
 void CCommandBarToolbar::SetUpButton(IDispatchPtr control, const ControlLayout& layout) {
@@ -110,7 +114,7 @@ void CCommandBarToolbar::SetUpButton(IDispatchPtr control, const ControlLayout& 
           [this, number](DISPID event, const CEventArguments&) {
             if (event == kEventClick) OnButtonClicked(number);
           });
-  button.SetStyle(kButtonIconAndCaption);
+  GuardCall(m_log, "looks of a button", [&button] { button.SetStyle(kButtonIconAndCaption); });
   button.SetPicture(m_pictures.ButtonPicture(layout.picture));
   button.SetMask(m_pictures.Mask(layout.mask));
 }
