@@ -27,6 +27,7 @@ ControlFace CCommandBarComboBox::Face() const {
   face.text = m_text;
   face.entries = m_entries;
   face.showsCaption = m_style == kStyleLabel;
+  face.listWidth = static_cast<int>(m_dropDownWidth);
   return face;
 }
 

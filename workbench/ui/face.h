@@ -41,7 +41,8 @@ struct ControlFace {
   bool large = false;
   bool pressed = false;
   bool beginsGroup = false;
-  int width = 0;                      // pixels at 100 %; 0: as wide as it needs
+  int width = 0;       // pixels at 100 %; 0: as wide as it needs
+  int listWidth = -1;  // of a combo box's list; 0: as wide as the field, -1: as its longest entry
   std::vector<std::wstring> entries;  // of a combo box's list
   std::vector<ControlFace> items;     // of a menu
 };

@@ -75,9 +75,9 @@ void PaintMenu(Painting& painting, const Rect& anchor, const OpenPart& part, int
 
 void PaintList(Painting& painting, const Rect& field, const ControlFace& combo) {
   const size_t count = std::min(kMostEntries, combo.entries.size());
-  // Wider than its field where an entry needs it, as far as the window goes.
-  int width = field.width;
-  for (size_t entry = 0; entry < count; ++entry)
+  // Wider than its field where an entry needs it and may, as far as the window goes.
+  int width = std::max(field.width, combo.listWidth);
+  for (size_t entry = 0; combo.listWidth < 0 && entry < count; ++entry)
     width = std::max(width, painting.canvas.TextWidth(combo.entries[entry], kText) + 14);
   width = std::max(field.width, std::min(width, painting.options.width - field.x - 4));
   const Rect sheet = {field.x, field.Bottom(), width,
