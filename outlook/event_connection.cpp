@@ -26,13 +26,6 @@ IDispatch* CEventArguments::Object(UINT position) const noexcept {
   }
 }
 
-void CEventArguments::SetFlag(UINT position, bool value) const noexcept {
-  const VARIANT* argument = Argument(position);
-  if (argument != nullptr && V_VT(argument) == (VT_BYREF | VT_BOOL)) {
-    *V_BOOLREF(argument) = value ? VARIANT_TRUE : VARIANT_FALSE;
-  }
-}
-
 // The COM object that Outlook holds. Outlook may keep it longer than the connection lives.
 class CEventSink final : public IDispatch {
  public:

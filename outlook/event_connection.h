@@ -13,12 +13,9 @@ class CEventArguments {
  public:
   explicit CEventArguments(const DISPPARAMS& parameters) noexcept : m_parameters(parameters) {}
 
-  UINT Count() const noexcept { return m_parameters.cArgs; }
   // The object at a position; null when it is missing or no object. Not counted: valid during the
   // event.
   IDispatch* Object(UINT position) const noexcept;
-  // Sets a by-reference flag such as Cancel; ignored when the argument is not one.
-  void SetFlag(UINT position, bool value) const noexcept;
 
  private:
   const VARIANT* Argument(UINT position) const noexcept;

@@ -46,7 +46,9 @@ void COfficeFace::LoadRibbon(const std::string& ribbonId, const std::string& doc
   host = std::make_unique<CRibbonHost>(m_session->Model(),
                                        isExplorer ? RibbonWindow::Explorer : RibbonWindow::Contact);
   host->Load(callbacks, WideFromUtf8(document));
-  for (const auto& parts : m_windows)
+  // A copy: a callback may close a window.
+  const std::vector<PartsPtr> windows = m_windows;
+  for (const auto& parts : windows)
     OpenRibbon(*parts);
 }
 
