@@ -1,6 +1,7 @@
 // What a run leaves behind: diagnostic log, files, registry, references.
 
 #include <algorithm>
+#include <climits>
 #include <cstdio>
 #include <utility>
 
@@ -264,6 +265,13 @@ void ShowFigures(CRun& run, const CCommandArguments&) {
   run.transcript.Show(text);
 }
 
+void ExpectInvalidations(CRun& run, const CCommandArguments& arguments) {
+  const uint64_t times = run.stage.figures.Take().ribbonInvalidations;
+  if (arguments.Count() == 1 && times != static_cast<uint64_t>(arguments.Number(0, 0, INT_MAX))) {
+    throw CExpectationFailure("the ribbon was invalidated " + std::to_string(times) + " times");
+  }
+}
+
 using Block = Command::Block;
 
 constexpr Command kCommands[] = {
@@ -321,6 +329,10 @@ constexpr Command kCommands[] = {
      "object, window or object of Outlook's; of memory in all so many kilobytes, or 1024.",
      0, 2, Block::None, ExpectUse},
     {"show use", "", "Shows what the process holds.", 0, 0, Block::None, ShowUse},
+    {"expect invalidations", "[N]",
+     "How often the add-in has invalidated the ribbon since the last such command or \"show "
+     "figures\"; without N it only begins to count.",
+     0, 1, Block::None, ExpectInvalidations},
     {"show figures", "",
      "Shows what the add-in cost since the last such command: times as shares of those after which "
      "Outlook disables an add-in, the start-up scan, the messages that the add-in posts to itself, "
