@@ -19,6 +19,7 @@ constexpr Colour kRed = 0xC8372D;
 constexpr Colour kGreen = 0x3E9B4F;
 constexpr Colour kViolet = 0x8A4FA8;
 constexpr Colour kGrey = 0x6B7480;
+constexpr Colour kSkin = 0xE3A878;
 
 std::vector<Point> Box(double x, double y, double width, double height) {
   return {{x, y}, {x + width, y}, {x + width, y + height}, {x, y + height}};
@@ -44,7 +45,18 @@ std::vector<Shape> Calendar() {
 }
 
 std::vector<Shape> Person() {
-  return {{kInk, {{5, 4.5}, {6.5, 2}, {9.5, 2}, {11, 4.5}, {9.5, 8}, {6.5, 8}}},
+  return {{kSkin,
+           {{8, 1.8},
+            {9.7, 2.3},
+            {10.8, 3.6},
+            {11, 5},
+            {10.4, 6.7},
+            {9.2, 7.7},
+            {6.8, 7.7},
+            {5.6, 6.7},
+            {5, 5},
+            {5.2, 3.6},
+            {6.3, 2.3}}},
           {kGreen, {{2, 14}, {3, 10.4}, {6, 8.8}, {10, 8.8}, {13, 10.4}, {14, 14}}}};
 }
 
