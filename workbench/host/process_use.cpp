@@ -6,6 +6,7 @@
 // clang-format on
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace quor::workbench {
@@ -80,18 +81,18 @@ struct GdiEntry {
   uint64_t user;
 };
 
-// Likewise; Wine keeps the list where Windows does.
-int64_t GdiObjects() {
+// Likewise; Wine keeps the list where Windows does, but not for 32-bit processes.
+std::optional<int64_t> GdiObjects() {
   const DWORD own = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
   if (own != 0) return own;
-  constexpr size_t kTableInBlock = sizeof(void*) == 8 ? 0xF8 : 0x94;
+  if constexpr (sizeof(void*) != 8) return std::nullopt;
+  constexpr size_t kTableInBlock = 0xF8;
   constexpr size_t kMostObjects = 65536;
   const char* block = NtFunction<const char * WINAPI()>("RtlGetCurrentPeb")();
   const auto* entries = *reinterpret_cast<const GdiEntry* const*>(block + kTableInBlock);
-  int64_t count = 0;
-  for (size_t i = 0; entries && i < kMostObjects; ++i)
-    count += entries[i].type != 0;
-  return count;
+  if (!entries) return std::nullopt;
+  return std::count_if(entries, entries + kMostObjects,
+                       [](const GdiEntry& entry) { return entry.type != 0; });
 }
 
 BOOL CALLBACK CountChild(HWND, LPARAM count) {

@@ -161,12 +161,16 @@ struct UseLine {
 std::vector<UseLine> CountedUse(CRun& run, const ResourceUse& now) {
   const CRun::NotedUse noted = run.notedUse.value_or(CRun::NotedUse());
   const ResourceUse& then = noted.process;
-  return {{"memory blocks of the add-in", now.blocks, then.blocks},
-          {"handles", now.handles, then.handles},
-          {"GDI objects", now.gdiObjects, then.gdiObjects},
-          {"windows", now.windows, then.windows},
-          {"objects held of Outlook", static_cast<int64_t>(run.stage.outlook.Held().size()),
-           static_cast<int64_t>(noted.objects)}};
+  std::vector<UseLine> lines = {
+      {"memory blocks of the add-in", now.blocks, then.blocks},
+      {"handles", now.handles, then.handles},
+      {"windows", now.windows, then.windows},
+      {"objects held of Outlook", static_cast<int64_t>(run.stage.outlook.Held().size()),
+       static_cast<int64_t>(noted.objects)}};
+  if (now.gdiObjects) {
+    lines.push_back({"GDI objects", *now.gdiObjects, then.gdiObjects.value_or(0)});
+  }
+  return lines;
 }
 
 void NoteUse(CRun& run, const CCommandArguments&) {
@@ -321,8 +325,8 @@ constexpr Command kCommands[] = {
      "watch.",
      1, 1, Block::None, ExpectWatched},
     {"note use", "",
-     "Notes what the process holds: memory, handles, GDI objects, windows, and what the add-in "
-     "holds of Outlook's objects.",
+     "Notes what the process holds: memory, handles, windows, GDI objects where the system tells "
+     "them (under Wine only to 64-bit programs), and what the add-in holds of Outlook's objects.",
      0, 0, Block::None, NoteUse},
     {"expect use", "[memory KILOBYTES]",
      "The process holds no more than was noted: not a memory block of the add-in's, handle, GDI "

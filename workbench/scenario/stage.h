@@ -167,8 +167,8 @@ struct ResourceUse {
   int64_t blocks = 0;  // of memory, allocated by the add-in's code
   int64_t bytes = 0;   // of memory, by everything in the process
   int64_t handles = 0;
-  int64_t gdiObjects = 0;
-  int64_t windows = 0;  // of Outlook's thread, their children included
+  std::optional<int64_t> gdiObjects;  // nothing where the system does not tell
+  int64_t windows = 0;                // of Outlook's thread, their children included
 };
 
 // A callback of the ribbon documents, to be called whatever Outlook's state.

@@ -68,7 +68,7 @@ void CNotedStage::Poll() {
   use.blocks += moreAtPoll.blocks;
   use.bytes += moreAtPoll.bytes;
   use.handles += moreAtPoll.handles;
-  use.gdiObjects += moreAtPoll.gdiObjects;
+  use.gdiObjects = *use.gdiObjects + moreAtPoll.gdiObjects.value_or(0);
   use.windows += moreAtPoll.windows;
   Note("poll now");
 }
