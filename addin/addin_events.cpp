@@ -88,7 +88,7 @@ void CAddin::OnOptionsPagesAdd(IDispatch* pages) {
 void CAddin::OnSelectionChange() {
   m_log.Write("CAddin::OnSelectionChange\n");
   // Nothing is read yet: walking through a list with the arrow keys must cost nothing.
-  if (m_finished && !m_explorerClosed) m_window.StartTimer(kSelectionTimer, kSelectionRest);
+  if (HasFinished() && !m_explorerClosed) m_window.StartTimer(kSelectionTimer, kSelectionRest);
 }
 
 void CAddin::OnFolderSwitch() {
