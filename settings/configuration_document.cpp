@@ -99,12 +99,17 @@ Entry ReadEntry(const XmlElement& element, std::span<const TextField<Entry>> fie
 
 template <typename Entry>
 void ReadList(const XmlElement& section, const wchar_t* entryName, size_t limit,
-              std::span<const TextField<Entry>> fields, std::vector<Entry>& list) {
-  list.clear();
+              std::span<const TextField<Entry>> fields, std::optional<std::vector<Entry>>& list) {
+  if (!list) list.emplace();
   for (const XmlElement& child : section.children) {
-    if (list.size() == limit) break;
-    if (child.name == entryName) list.push_back(ReadEntry(child, fields));
+    if (list->size() == limit) break;
+    if (child.name == entryName) list->push_back(ReadEntry(child, fields));
   }
+}
+
+template <typename Entry>
+void TakeOver(std::optional<std::vector<Entry>>& read, std::vector<Entry>& list) {
+  if (read) list = std::move(*read);
 }
 
 void ReadToolBar(const XmlElement& element, ToolBarRecord& target) {
@@ -257,21 +262,25 @@ int32_t LanguageNumberFromId(uint16_t languageId) noexcept {
 DocumentFindings ReadConfiguration(const XmlElement& root, ISystemLanguage& systemLanguage,
                                    Configuration& configuration) {
   DocumentFindings findings;
+  std::optional<std::vector<CallEntry>> histories;
+  std::optional<std::vector<CallEntry>> callerLists;
+  std::optional<std::vector<SpeedDialEntry>> speedDials;
   for (const XmlElement& section : root.children) {
     if (section.name == kHistories) {
-      ReadList<CallEntry>(section, kHistory, kHistoryLimit, kCallFields, configuration.histories);
+      ReadList<CallEntry>(section, kHistory, kHistoryLimit, kCallFields, histories);
     } else if (section.name == kToolBars) {
       ReadToolBars(section, configuration);
     } else if (section.name == kSystem) {
       CSystemReader(systemLanguage, configuration, findings).Read(section);
     } else if (section.name == kCallerLists) {
-      ReadList<CallEntry>(section, kCallerList, kCallerListLimit, kCallFields,
-                          configuration.callerLists);
+      ReadList<CallEntry>(section, kCallerList, kCallerListLimit, kCallFields, callerLists);
     } else if (section.name == kSpeedDials) {
-      ReadList<SpeedDialEntry>(section, kSpeedDial, kSpeedDialCount, kSpeedDialFields,
-                               configuration.speedDials);
+      ReadList<SpeedDialEntry>(section, kSpeedDial, kSpeedDialCount, kSpeedDialFields, speedDials);
     }
   }
+  TakeOver(histories, configuration.histories);
+  TakeOver(callerLists, configuration.callerLists);
+  TakeOver(speedDials, configuration.speedDials);
   return findings;
 }
 

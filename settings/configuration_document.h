@@ -31,8 +31,8 @@ struct DocumentFindings {
 };
 
 // Takes over what the document below `root` holds. What the document does not mention stays as it
-// is: a missing section, a missing element. A list section replaces its list, whose entries past
-// the limit are dropped; a toolbar element without any field leaves its record alone.
+// is: a missing section, a missing element. The sections of a list replace it together, and entries
+// past the limit are dropped; a toolbar element without any field leaves its record alone.
 //
 // An element without text, or with blanks only where a number belongs, takes its default.
 DocumentFindings ReadConfiguration(const XmlElement& root, ISystemLanguage& systemLanguage,

@@ -167,6 +167,13 @@ TEST(ReadConfiguration, ReplacesTheListsAndToolbarsItFinds) {
        configuration);
   EXPECT_EQ(configuration.callerLists, (std::vector<CallEntry>{{L"n", L"", L"5"}, {}}));
 
+  // A section that comes twice goes on where it stopped.
+  const XmlElement speedDials =
+      Parent(L"SpeedDials", {Parent(L"SpeedDial", {Value(L"Number", L"1")})});
+  CFrenchSystem system;
+  ReadConfiguration(Parent(L"Root", {speedDials, speedDials}), system, configuration);
+  EXPECT_EQ(configuration.speedDials, (std::vector<SpeedDialEntry>{{L"", L"1"}, {L"", L"1"}}));
+
   Read(Parent(L"ToolBars", {Parent(L"ContactToolBar", {Value(L"Pos", L"4")})}), configuration);
   EXPECT_EQ(configuration.contactToolBar, (ToolBarRecord{1, 0, 0, 0, 0, 0, 4, 0}));
   EXPECT_EQ(configuration.mainToolBar, FullConfiguration().mainToolBar);
