@@ -219,6 +219,19 @@ TEST_F(OptionsPage, KeepsTheKeysThatAreItsOwn) {
   EXPECT_TRUE(Uses(WM_KEYDOWN, VK_ESCAPE));
 }
 
+TEST_F(OptionsPage, TellsItsContainerThatTheKeyboardHasCome) {
+  Activate();
+  EXPECT_FALSE(m_container.hasActiveObject);
+  SetFocus(Control(IDC_OPTIONS_ABOUT));
+  EXPECT_TRUE(m_container.hasActiveObject);
+  SetFocus(Control(IDC_OPTIONS_LANGUAGE));
+  EXPECT_EQ(m_container.uiActive, 1);
+  m_inPlace->UIDeactivate();
+  EXPECT_FALSE(m_container.hasActiveObject);
+  SetFocus(Control(IDC_OPTIONS_POP_UP));
+  EXPECT_TRUE(m_container.hasActiveObject);
+}
+
 TEST_F(OptionsPage, LeavesItsSiteWithNothingHeld) {
   Activate(OLEIVERB_UIACTIVATE);
   EXPECT_GT(m_container.references, 1u);
