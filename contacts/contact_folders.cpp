@@ -212,8 +212,9 @@ bool CContactFolders::CollectContact(const CContactItem& item) {
   std::string entryId;
   std::string fileAs;
   if (!contact.ReadEntryId(entryId) || !contact.ReadFileAs(fileAs)) return true;
+  std::string number;
   for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
-    const std::string number = GetContactTelNumber(contact, type);
+    GetContactTelNumber(contact, type, number);
     if (number.empty()) continue;
     m_index.AddContactSearchData(number, entryId, type, fileAs);
     if (m_scan.MustStop()) return false;

@@ -9,15 +9,10 @@ constexpr size_t kLongestReadNumber = 32;
 
 }  // namespace
 
-std::string GetContactTelNumber(IContactItem& contact, int telNumberType) {
-  std::string number;
-  if (!contact.ReadTelNumber(telNumberType, number)) {
-    return {};
-  }
-  if (number.size() > kLongestReadNumber) {
-    number.resize(kLongestReadNumber);
-  }
-  return FilterDialChars(number);
+void GetContactTelNumber(IContactItem& contact, int telNumberType, std::string& number) {
+  if (!contact.ReadTelNumber(telNumberType, number)) number.clear();
+  if (number.size() > kLongestReadNumber) number.resize(kLongestReadNumber);
+  number = FilterDialChars(number);
 }
 
 }  // namespace quor

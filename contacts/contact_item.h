@@ -28,8 +28,8 @@ class IContactItem {
   ~IContactItem() = default;
 };
 
-// The dial characters among the first 32 characters of the number; empty if it cannot be read.
-std::string GetContactTelNumber(IContactItem& contact, int telNumberType);
+// Gives the dial characters among the first 32 characters of the number; none if it cannot be read.
+void GetContactTelNumber(IContactItem& contact, int telNumberType, std::string& number);
 
 }  // namespace quor
 

@@ -8,7 +8,7 @@ namespace {
 template <typename Read>
 bool ReadText(std::string& text, Read read) {
   try {
-    text = AnsiFromWide(read().View());
+    AnsiFromWide(read().View(), text);
     return true;
   } catch (const _com_error&) {
     return false;

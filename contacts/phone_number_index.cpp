@@ -43,9 +43,10 @@ void CPhoneNumberIndex::TelNoCheckAndUpdate(IContactItem& contact) {
     return;
   }
   std::optional<EntryId> id = m_entryIds.Find(entryId);
+  std::string number;
   for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
     if (id) DeleteKeysOf(*id, type);
-    const std::string number = GetContactTelNumber(contact, type);
+    GetContactTelNumber(contact, type, number);
     if (number.empty()) continue;
     if (!id) id = m_entryIds.Enter(entryId);
     EnterNumber(*id, number, type);

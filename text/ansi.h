@@ -12,6 +12,8 @@ namespace quor {
 // A character that the code page lacks becomes its replacement ("?"); nothing fails. Embedded NULs
 // are converted like any other character.
 std::string AnsiFromWide(std::wstring_view text);
+// The same into a string that keeps its memory, for many texts one after the other.
+void AnsiFromWide(std::wstring_view text, std::string& result);
 std::wstring WideFromAnsi(std::string_view text);
 
 }  // namespace quor

@@ -29,11 +29,15 @@ char AnsiCharacter(wchar_t character) {
 
 std::string AnsiFromWide(std::wstring_view text) {
   std::string result;
-  result.reserve(text.size());
+  AnsiFromWide(text, result);
+  return result;
+}
+
+void AnsiFromWide(std::wstring_view text, std::string& result) {
+  result.clear();
   for (const wchar_t character : text) {
     result.push_back(AnsiCharacter(character));
   }
-  return result;
 }
 
 std::wstring WideFromAnsi(std::string_view text) {

@@ -11,19 +11,25 @@ constexpr size_t kShortLength = 64;
 }  // namespace
 
 std::string AnsiFromWide(std::wstring_view text) {
+  std::string result;
+  AnsiFromWide(text, result);
+  return result;
+}
+
+void AnsiFromWide(std::wstring_view text, std::string& result) {
   const int length = static_cast<int>(text.size());
   // No code page takes more than four bytes for a UTF-16 unit.
   char shortText[4 * kShortLength];
   if (text.size() <= kShortLength) {
     const int written = WideCharToMultiByte(GetACP(), 0, text.data(), length, shortText,
                                             static_cast<int>(sizeof(shortText)), nullptr, nullptr);
-    return std::string(shortText, static_cast<size_t>(written));
+    result.assign(shortText, static_cast<size_t>(written));
+    return;
   }
   const int size =
       WideCharToMultiByte(GetACP(), 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-  std::string result(static_cast<size_t>(size), '\0');
+  result.resize(static_cast<size_t>(size));
   WideCharToMultiByte(GetACP(), 0, text.data(), length, result.data(), size, nullptr, nullptr);
-  return result;
 }
 
 std::wstring WideFromAnsi(std::string_view text) {

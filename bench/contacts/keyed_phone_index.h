@@ -46,7 +46,8 @@ class CKeyedPhoneIndex {
     if (!contact.ReadFileAs(fileAs)) return;
     for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
       DeleteContactSearchDataByEntryID(entryId, type);
-      const std::string number = GetContactTelNumber(contact, type);
+      std::string number;
+      GetContactTelNumber(contact, type, number);
       if (!number.empty()) AddContactSearchData(number, entryId, type, fileAs);
     }
     m_log.Write("CContactItem::TelNoCheckAndUpdate OK\n");

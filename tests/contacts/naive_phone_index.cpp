@@ -35,7 +35,8 @@ void CNaivePhoneIndex::TelNoCheckAndUpdate(IContactItem& contact) {
   }
   for (int type = 1; type <= 12; ++type) {
     DeleteContactSearchDataByEntryID(entryId, type);
-    std::string number = GetContactTelNumber(contact, type);
+    std::string number;
+    GetContactTelNumber(contact, type, number);
     number = FilterDialChars(number);
     if (!number.empty()) AddContactSearchData(number, entryId, type, fileAs);
   }

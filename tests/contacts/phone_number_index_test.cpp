@@ -225,9 +225,12 @@ TEST_F(PhoneNumberIndex, ReadsTheDialCharactersOfTheFirstThirtyTwo) {
   BookContact contact;
   contact.numbers[3] = "+49 (171) 555-0123 extension p 12345";
   CBookItem item("A", contact);
-  EXPECT_EQ(GetContactTelNumber(item, 3), "491715550123p1");
+  std::string number;
+  GetContactTelNumber(item, 3, number);
+  EXPECT_EQ(number, "491715550123p1");
   item.unreadableType = 3;
-  EXPECT_THAT(GetContactTelNumber(item, 3), IsEmpty());
+  GetContactTelNumber(item, 3, number);
+  EXPECT_THAT(number, IsEmpty());
 }
 
 }  // namespace
