@@ -148,19 +148,19 @@ void AppendElement(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& par
   AppendChild(parent, node);
 }
 
-// Wine's parser never lets go of a document in which a declaration has been made, so that is done
-// once, in a document that holds nothing else.
-IXMLDOMProcessingInstructionPtr CreateDeclaration() {
+IXMLDOMProcessingInstructionPtr CreateDeclaration(const IXMLDOMDocumentPtr& document) {
   IXMLDOMProcessingInstructionPtr declaration;
-  Check(CreateDocument()->createProcessingInstruction(
+  Check(document->createProcessingInstruction(
       BstrFromText(L"xml"), BstrFromText(L"version='1.0' encoding='utf-8'"), &declaration));
   return declaration;
 }
 
-IXMLDOMNodePtr CopyOf(const IXMLDOMNodePtr& node) {
+// A copy of a node of another document. A parser may refuse it.
+bool AppendCopy(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& node) {
   IXMLDOMNodePtr copy;
   Check(node->cloneNode(VARIANT_TRUE, &copy));
-  return copy;
+  IXMLDOMNodePtr appended;
+  return SUCCEEDED(document->appendChild(copy, &appended));
 }
 
 std::vector<std::byte> ReadStream(IStream& stream) {
@@ -189,8 +189,12 @@ std::optional<XmlElement> ParseXmlDocument(std::span<const std::byte> bytes) {
 
 std::vector<std::byte> CXmlWriter::Format(const XmlElement& root) {
   const IXMLDOMDocumentPtr document = CreateDocument();
-  if (m_declaration == nullptr) m_declaration = CreateDeclaration();
-  AppendChild(document, CopyOf(IXMLDOMNodePtr(m_declaration)));
+  // Wine's parser never lets go of a document in which a declaration has been made, so that is done
+  // once, in a document that holds nothing else.
+  if (m_declaration == nullptr) m_declaration = CreateDeclaration(CreateDocument());
+  if (!AppendCopy(document, IXMLDOMNodePtr(m_declaration))) {
+    AppendChild(document, CreateDeclaration(document));
+  }
   AppendElement(document, document, root);
 
   IStreamPtr stream;
