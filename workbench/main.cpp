@@ -56,7 +56,7 @@ class CHere final : public IExecutor {
 
 // Outlook and the base for a person, until the last main window is closed.
 int Live(const Options& options) {
-  constexpr unsigned kLongTime = 60'000;
+  constexpr unsigned kFrame = 100;  // milliseconds
   CMessageLoop loop;
   CWorkbench workbench(options, loop);
   if (!options.contactsFile.empty()) workbench.Stages().outlook.LoadContacts(options.contactsFile);
@@ -66,8 +66,8 @@ int Live(const Options& options) {
   if (!run.Play(ParseScript("base answers\nplug\nstart\n", options.outlookVersion)))
     return kNotPlayed;
   const auto isClosed = [&] { return !workbench.Outlook().Session().ActiveExplorer(); };
-  while (!loop.PumpUntil(isClosed, kLongTime)) {
-  }
+  while (!loop.PumpUntil(isClosed, kFrame))
+    workbench.Face().DrawStale();
   return run.Finish() ? kGood : kFailed;
 }
 

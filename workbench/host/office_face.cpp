@@ -189,6 +189,13 @@ void COfficeFace::OnChanged() {
   }
 }
 
+void COfficeFace::DrawStale() {
+  const std::vector<PartsPtr> windows = m_windows;
+  for (const auto& parts : windows) {
+    if (parts->ribbon && parts->ribbon->Redraw() != 0) parts->window->Redraw();
+  }
+}
+
 RibbonFigures COfficeFace::TakeRibbonFigures() {
   const std::vector<PartsPtr> windows = m_windows;
   for (const auto& parts : windows) {

@@ -38,6 +38,8 @@ class COfficeFace final : public IOutlookFace {
   // What real Office would say of the ribbon documents and callbacks when told to show errors.
   std::vector<std::string> RibbonMessages() const;
 
+  // Asks what the add-in has invalidated, and draws the windows in which that was anything.
+  void DrawStale();
   // Draws what is stale and says what the ribbons cost since the last time.
   RibbonFigures TakeRibbonFigures();
 
