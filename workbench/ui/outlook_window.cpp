@@ -119,8 +119,9 @@ WindowFace COutlookWindow::Face() {
     FillItems(face);
     face.status = L"Items: " + std::to_wstring(m_items.size());
   } else if (m_inspector->Item() != nullptr) {
-    face.module = ModuleOf(m_inspector->Item()->Stored()->type);
-    FillCard(face, *m_inspector->Item()->Stored());
+    const CItem& item = *m_inspector->Item();  // with changes that are not saved yet
+    face.module = ModuleOf(item.Stored()->type);
+    FillCard(face, NameOf(*item.Stored()), [&](DISPID property) { return item.Text(property); });
   }
   return face;
 }
@@ -159,19 +160,22 @@ void COutlookWindow::FillItems(WindowFace& face) {
     row.selected = std::find(selected.begin(), selected.end(), item) != selected.end();
     face.rows.push_back(std::move(row));
   }
-  if (!selected.empty()) FillCard(face, *selected.front());
+  if (selected.empty()) return;
+  const StoredItem& item = *selected.front();
+  FillCard(face, NameOf(item), [&](DISPID property) { return item.fields.Get(property); });
 }
 
-void COutlookWindow::FillCard(WindowFace& face, const StoredItem& item) {
-  const std::wstring fullName = item.fields.Get(field::kFullName);
-  face.cardTitle = fullName.empty() ? NameOf(item) : fullName;
+void COutlookWindow::FillCard(WindowFace& face, const std::wstring& name,
+                              const std::function<std::wstring(DISPID)>& textOf) {
+  const std::wstring fullName = textOf(field::kFullName);
+  face.cardTitle = fullName.empty() ? name : fullName;
   const auto add = [&face](const std::wstring& label, const std::wstring& value) {
     if (!value.empty()) face.card.push_back({label, value});
   };
-  add(L"Company", item.fields.Get(field::kCompanyName));
+  add(L"Company", textOf(field::kCompanyName));
   for (const NumberProperty& property : kNumberProperties)
-    add(LabelOf(property), item.fields.Get(property.id));
-  add(L"Notes", item.fields.Get(field::kBody));
+    add(LabelOf(property), textOf(property.id));
+  add(L"Notes", textOf(field::kBody));
 }
 
 std::vector<ControlFace> COutlookWindow::Controls() const {

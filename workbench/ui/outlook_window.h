@@ -1,6 +1,7 @@
 #ifndef QUOR_WORKBENCH_UI_OUTLOOK_WINDOW_H
 #define QUOR_WORKBENCH_UI_OUTLOOK_WINDOW_H
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -76,7 +77,9 @@ class COutlookWindow final : IWindowContent {
   void FillFolders(WindowFace& face);
   void AddFolder(WindowFace& face, FolderNode& folder, int depth);
   void FillItems(WindowFace& face);
-  void FillCard(WindowFace& face, const StoredItem& item);
+  // `textOf` answers for a property of the item.
+  void FillCard(WindowFace& face, const std::wstring& name,
+                const std::function<std::wstring(DISPID)>& textOf);
   std::vector<ControlFace> Controls() const;
 
   CSession& m_session;
