@@ -51,6 +51,15 @@ void ExpectLogHas(CRun& run, const CCommandArguments& arguments) {
   }
 }
 
+void ExpectLogWith(CRun& run, const CCommandArguments& arguments) {
+  std::vector<std::string> lines = run.NewLogLines();
+  std::erase_if(lines, [&](const std::string& line) {
+    return std::ranges::none_of(arguments.Words(),
+                                [&](const std::string& text) { return line.find(text) != std::string::npos; });
+  });
+  CompareLog(arguments.Block(), lines);
+}
+
 void ExpectNoLog(CRun& run, const CCommandArguments&) {
   if (run.stage.evidence.ReadLog()) throw CExpectationFailure("there is a diagnostic log");
 }
@@ -287,6 +296,9 @@ constexpr Command kCommands[] = {
      Block::Required, ExpectWholeLog},
     {"expect log has", "LINE [times N]", "One line among the new ones; consumes nothing.", 1, 3,
      Block::None, ExpectLogHas},
+    {"expect log with", "TEXT...",
+     "The block is exactly those of the new lines that contain one of the texts; consumes nothing.",
+     1, kAnyNumber, Block::Required, ExpectLogWith},
     {"expect no log", "", "There is no diagnostic log file.", 0, 0, Block::None, ExpectNoLog},
     {"forget", "",
      "The new log lines, written bytes and calls of the USB library are of no interest.", 0, 0,

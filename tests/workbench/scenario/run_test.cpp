@@ -51,6 +51,7 @@ TEST(Run, LogExpectationsConsumeWhatTheyCompare) {
   stage.log = Stamped({"a", "b"});
   EXPECT_EQ(stage.Play("expect log has b\n"
                        "expect log has b times 1\n"
+                       "expect log with b x:\n| b\n"
                        "expect log:\n| a\n| b\n"
                        "expect log nothing\n"
                        "expect whole log:\n| a\n| b\n"),
@@ -58,6 +59,7 @@ TEST(Run, LogExpectationsConsumeWhatTheyCompare) {
   EXPECT_THAT(stage.Play("expect log:\n| a"), HasSubstr("expected: (end)\n  seen:     b"));
   EXPECT_THAT(stage.Play("expect log has c"), HasSubstr("0 times"));
   EXPECT_THAT(stage.Play("expect log has a times 2"), HasSubstr("1 times"));
+  EXPECT_THAT(stage.Play("expect log with a b:\n| b"), HasSubstr("expected: b\n  seen:     a"));
   EXPECT_THAT(stage.Play("expect no log"), HasSubstr("there is a diagnostic log"));
   stage.log = "no stamp\n";
   EXPECT_THAT(stage.Play("forget"), HasSubstr("no time stamp"));
