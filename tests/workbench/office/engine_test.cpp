@@ -104,21 +104,6 @@ TEST_F(CEngineTest, FailsTheChosenCalls) {
   EXPECT_EQ(sink.References(), 1u);
 }
 
-TEST_F(CEngineTest, CountsAndMeasuresCalls) {
-  Start();
-  CModel& model = Outlook().Model();
-  const CRemote folder = Contacts();
-  model.ResetFigures();
-  folder.Invoke(0x3001, DISPATCH_PROPERTYGET, {});
-  folder.Invoke(0x3001, DISPATCH_PROPERTYGET, {});
-  folder.Invoke(0x3001, DISPATCH_PROPERTYPUT, {CValue(L"Contacts")});
-  EXPECT_EQ(model.TotalCalls(), 3u);
-  EXPECT_THAT(model.CallsByMember(), ElementsAre(::testing::Pair("MAPIFolder.Name", 2),
-                                                 ::testing::Pair("MAPIFolder.Name=", 1)));
-  EXPECT_GT(model.MicrosecondsInModel(), 0);
-  EXPECT_EQ(model.MicrosecondsInSinks(), 0);
-}
-
 TEST_F(CEngineTest, AHookRunsInTheMiddleOfACall) {
   Start();
   const CRemote items = Contacts().Object(L"Items");
@@ -130,25 +115,6 @@ TEST_F(CEngineTest, AHookRunsInTheMiddleOfACall) {
   Outlook().Model().AddHook({"*", 1, [this] { Outlook().DeleteContact("nobody"); }});
   EXPECT_EQ(items.Number(L"Count"), 2);
   EXPECT_THROW(Outlook().Model().RethrowHookFailure(), CMailboxError);
-}
-
-TEST_F(CEngineTest, TheObserverSeesCallsAndEvents) {
-  Start();
-  const CRemote items = Contacts().Object(L"Items");
-  CTestSink sink(kItemsEventsId);
-  DWORD cookie = 0;
-  std::vector<std::string> seen;
-  Outlook().Model().SetObserver([&seen](const CallRecord& record) {
-    seen.push_back(record.member + '|' + record.object + '|' + record.arguments + '|' +
-                   record.result + '|' + std::to_string(record.code == S_OK));
-  });
-  ASSERT_EQ(Advise(items, kItemsEventsId, sink, cookie), S_OK);
-  items.Invoke(0x51, DISPATCH_METHOD, {CValue(1)});
-  items.Invoke(0x51, DISPATCH_METHOD, {CValue(9)});
-  Outlook().ChangeContact("Bob", "HomeTelephoneNumber", "5");
-  EXPECT_THAT(seen, ElementsAre("ItemsEvents.Advise|Contacts|||1",
-                                "Items.Item|Contacts|1|ContactItem|1", "Items.Item|Contacts|9||0",
-                                "Items!ItemChange|Contacts|ContactItem Bob||1"));
 }
 
 TEST_F(CEngineTest, ConnectionPointsKeepTheRules) {
@@ -190,28 +156,6 @@ TEST_F(CEngineTest, SinksMayLeaveWhileTheyAreTold) {
   EXPECT_THAT(first.heard, ElementsAre("F003"));
   EXPECT_THAT(second.heard, IsEmpty());
   EXPECT_THAT(Outlook().Held(), IsEmpty());
-}
-
-TEST_F(CEngineTest, EnumeratesItsConnectionPoints) {
-  Start();
-  const CRemote application = App();
-  IConnectionPointContainer* container = nullptr;
-  ASSERT_EQ(application.Raw()->QueryInterface(IID_IConnectionPointContainer,
-                                              reinterpret_cast<void**>(&container)),
-            S_OK);
-  IEnumConnectionPoints* points = nullptr;
-  ASSERT_EQ(container->EnumConnectionPoints(&points), S_OK);
-  IConnectionPoint* fetched[8] = {};
-  ULONG count = 0;
-  EXPECT_EQ(points->Next(8, fetched, &count), S_FALSE);
-  ASSERT_EQ(count, 3u);
-  IID iid = IID_NULL;
-  EXPECT_EQ(fetched[0]->GetConnectionInterface(&iid), S_OK);
-  EXPECT_EQ(iid, kApplicationEventsId);
-  for (ULONG i = 0; i < count; ++i)
-    fetched[i]->Release();
-  points->Release();
-  container->Release();
 }
 
 }  // namespace

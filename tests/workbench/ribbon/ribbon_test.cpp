@@ -4,7 +4,6 @@
 #include <functional>
 
 #include "tests/workbench/office/late_bound.h"
-#include "tests/workbench/ui/test_picture.h"
 #include "workbench/ribbon/ribbon_view.h"
 
 namespace quor::workbench {
@@ -129,13 +128,6 @@ TEST_F(Ribbon, ABadDocumentIsDroppedAsAWhole) {
   EXPECT_EQ(m_callbacks.References(), 1u);
 }
 
-TEST_F(Ribbon, OnLoadComesOncePerDocument) {
-  Load();
-  m_host.OpenView({})->Redraw();
-  EXPECT_EQ(m_callbacks.CallsOf(L"OnLoad"), 1u);
-  EXPECT_TRUE(m_ribbonUi.Answers(kRibbonUiId));
-}
-
 TEST_F(Ribbon, ValuesAreAskedOnceUntilInvalidated) {
   Load();
   EXPECT_EQ(m_view->Redraw(), 9u);
@@ -148,37 +140,6 @@ TEST_F(Ribbon, ValuesAreAskedOnceUntilInvalidated) {
   m_ribbonUi.Call(L"Invalidate");
   EXPECT_EQ(m_view->Redraw(), 9u);
   EXPECT_EQ(m_host.Figures().invalidations, 2u);
-}
-
-TEST_F(Ribbon, DualSlotsAndLateBindingAreTheSame) {
-  Load();
-  IRibbonUI* ribbon = nullptr;
-  ASSERT_EQ(m_ribbonUi.Raw()->QueryInterface(kRibbonUiId, reinterpret_cast<void**>(&ribbon)), S_OK);
-  m_view->Redraw();
-  EXPECT_EQ(ribbon->Invalidate(), S_OK);
-  EXPECT_EQ(m_view->Redraw(), 9u);
-  m_model.AddFault({"RibbonUI.Invalidate", 1, 1, E_ACCESSDENIED});
-  EXPECT_EQ(ribbon->Invalidate(), E_ACCESSDENIED);
-  ribbon->Release();
-}
-
-TEST_F(Ribbon, AControlKnowsItsIdTagAndWindow) {
-  const auto window = MakeObject<CRibbonControl>(m_model, L"window", L"", CModelPtr<CAutomation>());
-  const auto control =
-      MakeObject<CRibbonControl>(m_model, L"One", L"the tag", CModelPtr<CAutomation>(window.get()));
-  const CRemote remote(control->Face());
-  EXPECT_EQ(remote.Text(L"Id"), L"One");
-  IRibbonControl* dual = nullptr;
-  ASSERT_EQ(remote.Raw()->QueryInterface(kRibbonControlId, reinterpret_cast<void**>(&dual)), S_OK);
-  BSTR tag = nullptr;
-  IDispatch* context = nullptr;
-  EXPECT_EQ(dual->get_Tag(&tag), S_OK);
-  EXPECT_EQ(dual->get_Context(&context), S_OK);
-  EXPECT_EQ(WideFromBstr(tag), L"the tag");
-  EXPECT_EQ(ModelObjectBehind(context), window.get());
-  SysFreeString(tag);
-  context->Release();
-  dual->Release();
 }
 
 TEST_F(Ribbon, WrongAnswersAreReportedAndReplaced) {
@@ -212,19 +173,6 @@ TEST_F(Ribbon, AMissingCallbackIsReported) {
   EXPECT_EQ(host.Messages().front(), "callback OnLoad for customUI is missing");
 }
 
-TEST_F(Ribbon, PicturesShowTheirAlpha) {
-  Load();
-  m_image = TestPicture(0x80400000, 0xFF123456);
-  EXPECT_EQ(Face(L"One").picture->colours, (std::vector<uint32_t>{0x80400000, 0xFF123456}));
-  m_ribbonUi.Call(L"Invalidate");
-  m_image = TestPicture(0x80FF0000, 0);  // alpha was not multiplied in
-  EXPECT_EQ(Face(L"One").picture->colours, (std::vector<uint32_t>{0x80800000, 0}));
-  m_ribbonUi.Call(L"Invalidate");
-  m_image = EmptyPicture();
-  EXPECT_FALSE(Face(L"One").hasPicture);
-  EXPECT_NE(m_host.Messages().back().find("the image of One cannot be shown"), std::string::npos);
-}
-
 TEST_F(Ribbon, UsersClickWhatTheyCanReach) {
   Load();
   Click(L"One");
@@ -243,20 +191,6 @@ TEST_F(Ribbon, UsersClickWhatTheyCanReach) {
   m_ribbonUi.Call(L"Invalidate");
   EXPECT_THROW(Click(L"One"), CUserActionError);
   EXPECT_THROW(Click(L"Item"), CUserActionError);  // its menu is disabled
-}
-
-TEST_F(Ribbon, AComboBoxTellsItsText) {
-  Load();
-  const std::vector<std::wstring> dial = {L"Dial"};
-  EXPECT_EQ(Face(L"Dial").text, L"text");
-  m_view->PickEntry(dial, L"item 1");
-  EXPECT_EQ(m_changedTo, L"item 1");
-  m_view->EnterText(dial, L"555");
-  EXPECT_EQ(m_changedTo, L"555");
-  EXPECT_EQ(Face(L"Dial").text, L"555");
-  EXPECT_THROW(m_view->PickEntry(dial, L"item 2"), CUserActionError);
-  m_ribbonUi.Call(L"Invalidate");
-  EXPECT_EQ(Face(L"Dial").text, L"text");
 }
 
 TEST_F(Ribbon, InvalidatingInsideACallbackIsReported) {

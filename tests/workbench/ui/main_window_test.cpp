@@ -134,24 +134,5 @@ TEST_F(MainWindow, AnActionMayFailOrDestroyTheWindow) {
   EXPECT_EQ(m_content.done.size(), 2u);
 }
 
-TEST_F(MainWindow, RendersAPngOfTheScaledSize) {
-  m_window = std::make_unique<CMainWindow>(
-      m_content, WindowOptions{.scale = 150, .width = 300, .height = 200});
-  wchar_t folder[MAX_PATH] = {};
-  GetTempPathW(MAX_PATH, folder);
-  const std::wstring path = std::wstring(folder) + L"main_window_test.png";
-  m_window->RenderToPng(path, 150);
-  unsigned char head[24] = {};
-  FILE* file = _wfopen(path.c_str(), L"rb");
-  ASSERT_NE(file, nullptr);
-  EXPECT_EQ(std::fread(head, 1, sizeof head, file), sizeof head);
-  std::fclose(file);
-  DeleteFileW(path.c_str());
-  EXPECT_EQ(std::string(reinterpret_cast<char*>(head) + 1, 3), "PNG");
-  EXPECT_EQ(head[18] * 256 + head[19], 450);
-  EXPECT_EQ(head[22] * 256 + head[23], (200 + kTitleHeight) * 150 / 100);
-  EXPECT_THROW(m_window->RenderToPng(L"Z:\\no\\such\\folder\\x.png", 100), std::runtime_error);
-}
-
 }  // namespace
 }  // namespace quor::workbench

@@ -7,16 +7,6 @@
 namespace quor::workbench {
 namespace {
 
-constexpr Colour kWhite = 0xFFFFFF;
-
-uint32_t PixelAt(const CCanvas& canvas, int x, int y) {
-  return canvas.Bits()[y * canvas.PixelWidth() + x] & 0xFFFFFF;
-}
-
-Pixels Plain(uint32_t colour) {
-  return {1, 1, {colour}};
-}
-
 ControlFace Control(ControlKind kind, int handle, const wchar_t* caption) {
   ControlFace face;
   face.kind = kind;
@@ -54,40 +44,6 @@ const HitArea* HitOf(const std::vector<HitArea>& hits, HitArea::Kind kind, int h
     return hit.kind == kind && hit.handle == handle;
   });
   return found == hits.end() ? nullptr : &*found;
-}
-
-TEST(Canvas, ScalesWhatItDraws) {
-  CCanvas canvas(10, 10, 200);
-  canvas.Fill({0, 0, 10, 10}, kWhite);
-  canvas.Fill({2, 3, 1, 1}, 0xFF0000);
-  EXPECT_EQ(canvas.PixelWidth(), 20);
-  EXPECT_EQ(PixelAt(canvas, 5, 7), 0xFF0000u);
-  EXPECT_EQ(PixelAt(canvas, 6, 7), kWhite);
-  EXPECT_EQ(PixelAt(canvas, 3, 7), kWhite);
-}
-
-TEST(Canvas, HonoursAlphaAndGreysDisabledPictures) {
-  CCanvas canvas(4, 1, 100);
-  canvas.Fill({0, 0, 4, 1}, kWhite);
-  canvas.Image({0, 0, 1, 1}, Plain(0x80800000), false);
-  canvas.Image({1, 0, 1, 1}, Plain(0), false);
-  canvas.Image({2, 0, 1, 1}, Plain(0xFFFF0000), true);
-  EXPECT_EQ(PixelAt(canvas, 0, 0) >> 16, 0xFFu);
-  EXPECT_NEAR(PixelAt(canvas, 0, 0) & 0xFF, 0x7F, 2);
-  EXPECT_EQ(PixelAt(canvas, 1, 0), kWhite);
-  const uint32_t grey = PixelAt(canvas, 2, 0);
-  EXPECT_EQ(grey & 0xFF, grey >> 16);
-  EXPECT_NE(grey, kWhite);
-}
-
-TEST(Canvas, DrawsTextWithoutAScreen) {
-  CCanvas canvas(60, 20, 100);
-  canvas.Fill({0, 0, 60, 20}, kWhite);
-  canvas.Text({0, 0, 60, 20}, L"Text", {.size = 12, .colour = 0x0000FF});
-  const uint32_t* bits = canvas.Bits();
-  EXPECT_TRUE(
-      std::any_of(bits, bits + 60 * 20, [](uint32_t c) { return (c & 0xFFFF00) < 0x800000; }));
-  EXPECT_GT(canvas.TextWidth(L"Text", {}), canvas.TextWidth(L"T", {}));
 }
 
 class Painter : public testing::TestWithParam<Skin> {};
