@@ -43,17 +43,6 @@ TEST_F(CallerWindow, IsCreatedHiddenAndTakesNoFocus) {
   EXPECT_EQ(GetFocus(), m_stage.outlook);
 }
 
-TEST_F(CallerWindow, ShowsNameNumberAndLine) {
-  m_stage.Speak(kLanguages[1]);
-  Ring(2);
-  HWND shown = VisibleDialog();
-  EXPECT_EQ(TextOf(shown), L"Appel entrant");
-  EXPECT_EQ(TextOf(shown, IDC_CALLER_LINE), L"Mobile1");
-  EXPECT_EQ(TextOf(shown, IDC_CALLER_NAME), L"Müller & Söhne");
-  EXPECT_EQ(TextOf(shown, IDC_CALLER_NUMBER), L"5551234");
-  EXPECT_EQ(m_stage.lines.text, "");
-}
-
 TEST_F(CallerWindow, SaysWhyANameIsMissing) {
   Ring(0, {L"", IDS_UNAVAILABLE_NAME_AND_NUMBER});
   EXPECT_EQ(TextOf(VisibleDialog(), IDC_CALLER_NAME), L"Unavailable Name & No.");
@@ -161,17 +150,6 @@ class MessagePopUp : public testing::Test {
   CDialogStage m_stage;
   CMsgPopDlg m_popUp{m_stage.resources, m_stage.log};
 };
-
-TEST_F(MessagePopUp, IsMadeOnceAndReplacesItsText) {
-  EXPECT_TRUE(DialogsNamed(L"Telephone Plug-in").empty());
-  m_popUp.ShowMessage(IDS_LINE_BUSY);
-  m_popUp.ShowMessage(IDS_INVALID_CHARACTERS);
-  const std::vector<HWND> made = DialogsNamed(L"Telephone Plug-in");
-  ASSERT_EQ(made.size(), 1u);
-  EXPECT_TRUE(IsWindowVisible(made[0]));
-  EXPECT_EQ(TextOf(made[0], IDC_MESSAGE_TEXT),
-            L"Invalid phone number.\nUse 0~9, *, #, p(Pause), f(Flash).");
-}
 
 TEST_F(MessagePopUp, ComesBackAfterItWasClosedOrItsOwnerWent) {
   m_popUp.ShowMessage(IDS_LINE_BUSY);

@@ -3,12 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <map>
 #include <set>
 
 #include "text/ansi.h"
-#include "toolbar/selected_contact.h"
 #include "workbench/commandbars/command_bars.h"
 #include "workbench/office/outlook.h"
 
@@ -20,18 +18,13 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using Inspector = workbench::CModelPtr<workbench::CInspector>;
 
+constexpr int kVersion = 11;
 constexpr wchar_t kMenu[] = L"Dial number";
 constexpr char kCards[] =
     "BEGIN:VCARD\nVERSION:4.0\nFN:Anna Lee\nTEL;TYPE=work:+33 (1) 23\nTEL;TYPE=home:55-5\n"
     "END:VCARD\n"
     "BEGIN:VCARD\nVERSION:4.0\nFN:Bob\nEND:VCARD\n"
     "BEGIN:VCARD\nVERSION:4.0\nFN:Team\nKIND:group\nMEMBER:x\nEND:VCARD\n";
-
-workbench::SessionOptions OptionsFor(int version) {
-  workbench::SessionOptions options;
-  options.version = version;
-  return options;
-}
 
 // Every window with command bars of its own, whose controls share the process's tags.
 class CBarsFace final : public workbench::IOutlookFace {
@@ -62,30 +55,24 @@ class CNotedContactActions final : public IContactWindowActions {
  public:
   void DialNumber(std::wstring_view number) override { Note("dial " + AnsiFromWide(number)); }
   void ClickLine(uint8_t lineType) override { Note("line " + std::to_string(lineType)); }
-  void ClickContactLine(uint8_t lineType, std::wstring_view firstNumber) override {
-    Note("line " + std::to_string(lineType) + " or " + AnsiFromWide(firstNumber));
-  }
+  void ClickContactLine(uint8_t, std::wstring_view) override {}
   std::vector<std::string> Take() { return std::exchange(m_noted, {}); }
-  std::function<void()> then = [] {};  // what else happens in a click
 
  private:
-  void Note(std::string line) {
-    m_noted.push_back(std::move(line));
-    then();
-  }
+  void Note(std::string line) { m_noted.push_back(std::move(line)); }
   std::vector<std::string> m_noted;
 };
 
 class ContactWindows : public testing::Test, protected IFaceSource, protected ILogWriter {
  protected:
-  explicit ContactWindows(int version = 11) : m_version(version) {
+  ContactWindows() {
     m_log.SetEnabled(true);
     m_state.record = {1, 1, 1, 1, 0, 1, 1};
     m_face.model = &m_outlook.Model();
     m_outlook.LoadCards(kCards);
     m_newInspector.Advise(m_application.Inspectors().Get(), kInspectorsEvents,
                           [this](DISPID, const CEventArguments& arguments) {
-                            m_windows.Open(QueryObject<CInspector>(arguments.Object(0)), m_version);
+                            m_windows.Open(QueryObject<CInspector>(arguments.Object(0)), kVersion);
                           });
     m_heldBefore = m_outlook.Held();
   }
@@ -117,7 +104,6 @@ class ContactWindows : public testing::Test, protected IFaceSource, protected IL
            m_outlook.Sinks().size() == 1;
   }
 
-  const int m_version;
   TelephoneState m_state{};
   Configuration m_configuration;
   CResourceLoader m_resources{GetModuleHandleW(nullptr)};
@@ -125,29 +111,12 @@ class ContactWindows : public testing::Test, protected IFaceSource, protected IL
   CDiagnosticLog m_log{*this};
   CNotedContactActions m_actions;
   CBarsFace m_face;
-  workbench::COutlook m_outlook{OptionsFor(m_version), m_face};
+  workbench::COutlook m_outlook{{.version = kVersion, .mailbox = {}}, m_face};
   COutlookApplication m_application{IDispatchPtr(m_outlook.Application())};
   CContactWindows m_windows{*this, m_actions, m_resources, m_configuration.contactToolBar, m_log};
   CEventConnection m_newInspector{m_log, "new inspector"};
   std::vector<std::string> m_heldBefore;
 };
-
-class ContactRibbons : public ContactWindows {
- protected:
-  ContactRibbons() : ContactWindows(12) {}
-};
-
-TEST_F(ContactWindows, ShowTheContactsOwnNumbersAndTheLines) {
-  const Inspector anna = Open("Anna Lee");
-  EXPECT_THAT(Numbers(anna), ElementsAre(L"Business: +33 (1) 23", L"Home: 55-5"));
-  EXPECT_TRUE(Face(anna, {kMenu}).enabled);
-  const auto line = Face(anna, {L"Call from line2"});
-  EXPECT_TRUE(line.enabled && line.hasPicture && line.hasMask && line.showsCaption);
-  Click(anna, {kMenu, L"Home: 55-5"});
-  Click(anna, {L"Call from line2"});
-  EXPECT_THAT(m_actions.Take(), ElementsAre("dial 55-5", "line 2"));
-  EXPECT_EQ(m_lines, "");
-}
 
 TEST_F(ContactWindows, FollowTheTelephone) {
   const Inspector anna = Open("Anna Lee");
@@ -216,18 +185,6 @@ TEST_F(ContactWindows, FiftyAreKeptApartAndLeaveNothing) {
   for (const Inspector& window : open)
     m_outlook.CloseInspector(*window);
   EXPECT_TRUE(NothingHeld());
-}
-
-TEST_F(ContactWindows, MayCloseInTheMiddleOfAClick) {
-  for (const wchar_t* control : {L"Call from line1", L"Home: 55-5"}) {
-    const Inspector anna = Open("Anna Lee");
-    m_actions.then = [&] { m_outlook.CloseInspector(*anna); };
-    const bool isNumber = std::wstring_view(control).starts_with(L"Home");
-    if (isNumber) Click(anna, {kMenu, control});
-    if (!isNumber) Click(anna, {control});
-    EXPECT_EQ(m_actions.Take().size(), 1u);
-    EXPECT_TRUE(NothingHeld());
-  }
 }
 
 TEST_F(ContactWindows, ComeBackWhereTheLastOneWas) {
@@ -303,45 +260,6 @@ TEST_F(ContactWindows, MayCloseInTheMiddleOfAnyCall) {
       ASSERT_LT(call, 2000u);
     }
   }
-}
-
-TEST_F(ContactRibbons, AskForTheContactAndKeepNothing) {
-  const Inspector anna = Open("Anna Lee");
-  const Inspector bob = Open("Bob");
-  EXPECT_TRUE(NothingHeld());
-  EXPECT_EQ(m_windows.ContactNumber(anna.get(), 7), L"55-5");
-  EXPECT_EQ(m_windows.ContactNumber(bob.get(), 7), L"");
-  EXPECT_EQ(m_windows.ContactNumber(nullptr, 7), L"");
-  m_windows.DialContact(anna.get(), 7);
-  m_windows.DialContact(bob.get(), 7);
-  m_windows.ClickContactLine(anna.get(), 1);
-  m_windows.ClickContactLine(bob.get(), 2);
-  m_outlook.Model().AddFault({"Inspector.CurrentItem", 1, 1, E_FAIL});
-  m_windows.ClickContactLine(anna.get(), 1);
-  EXPECT_THAT(m_actions.Take(),
-              ElementsAre("dial 55-5", "line 1 or +33 (1) 23", "line 2 or ", "line 1 or "));
-  EXPECT_TRUE(NothingHeld());
-}
-
-TEST_F(ContactWindows, TheSelectedContactIsWhomToDial) {
-  const auto explorer = m_outlook.OpenExplorer("Contacts");
-  const CExplorer shown = QueryObject<CExplorer>(explorer.get());
-  const auto heldBefore = m_outlook.Held();
-  m_outlook.Select({"Anna Lee"});
-  const SelectedContact anna = ReadSelectedContact(shown, m_log);
-  EXPECT_EQ(anna.fileAs, L"Anna Lee");
-  ASSERT_EQ(anna.numbers.size(), 2u);
-  EXPECT_EQ(anna.numbers[1].telNumberType, 7);
-  EXPECT_EQ(anna.numbers[1].number, L"55-5");
-  m_outlook.Select({"Team"});
-  EXPECT_EQ(ReadSelectedContact(shown, m_log).fileAs, L"");
-  m_outlook.Select({});
-  EXPECT_EQ(ReadSelectedContact(shown, m_log).fileAs, L"");
-  EXPECT_EQ(m_lines, "");
-  m_outlook.Model().AddFault({"Explorer.Selection", 1, 1, E_FAIL});
-  EXPECT_THAT(ReadSelectedContact(shown, m_log).numbers, IsEmpty());
-  EXPECT_THAT(m_lines, HasSubstr("** Error : the selected contact failed."));
-  EXPECT_EQ(m_outlook.Held(), heldBefore);
 }
 
 }  // namespace

@@ -29,17 +29,6 @@ static_assert(kTextDeviceNotConnected == IDS_DEVICE_NOT_CONNECTED &&
               kTextInvalidNumber == IDS_INVALID_NUMBER && kTextCellBusy == IDS_CELL_BUSY);
 static_assert(kTextLongDistance == IDS_LONG_DISTANCE && kTextUnknown == IDS_UNKNOWN);
 
-TEST_F(ControlFaces, EveryControlHasACaption) {
-  Lines(1, 1, 1);
-  const int ids[] = {IDS_DIAL_NUMBER,    IDS_CALL_FROM_LINE1, IDS_CALL_FROM_LINE2, IDS_CALLER_LIST,
-                     IDS_CALL_FROM_CELL, IDS_SPEED_DIAL,      IDS_OPTIONS};
-  for (int control = 0; control < kControlCount; ++control) {
-    EXPECT_EQ(Faces().Caption(control, false), L"#" + std::to_wstring(ids[control]));
-  }
-  EXPECT_EQ(Faces().Caption(kControlCount, false), L"");
-  EXPECT_EQ(Faces().Caption(-1, true), L"");
-}
-
 TEST_F(ControlFaces, AreDrawnWithAnswerOnlyWhileAButtonCanAnswer) {
   Lines(2, 2, 2, 17);
   EXPECT_TRUE(Faces().IsRinging());
@@ -48,12 +37,6 @@ TEST_F(ControlFaces, AreDrawnWithAnswerOnlyWhileAButtonCanAnswer) {
   EXPECT_FALSE(Faces().IsRinging());
   Lines(3, 2, 2, 1);
   EXPECT_FALSE(Faces().IsRinging());
-}
-
-TEST(MenuCaption, IsFiftyCharactersWithAmpersandsDoubled) {
-  EXPECT_EQ(MenuCaption(L"Smith & Sons <a> \"b\""), L"Smith && Sons <a> \"b\"");
-  EXPECT_EQ(MenuCaption(std::wstring(50, L'x')), std::wstring(50, L'x'));
-  EXPECT_EQ(MenuCaption(std::wstring(500, L'&')), std::wstring(100, L'&'));
 }
 
 TEST_F(ControlFaces, CellsAreEnabledByRegistrationAndAvailability) {
@@ -66,16 +49,6 @@ TEST_F(ControlFaces, CellsAreEnabledByRegistrationAndAvailability) {
   EXPECT_FALSE(Faces().Cell(3).enabled);  // available, not registered
   EXPECT_EQ(Faces().Cell(3).caption, L"#1147");
   EXPECT_EQ(Faces().Cell(4).caption, L"");
-}
-
-TEST_F(ControlFaces, CallersShowTheirNames) {
-  configuration.callerLists = {{L"A & B 1", L"A & B", L"1"}};
-  EXPECT_EQ(Faces().Caller(0).caption, L"A && B 1");
-  EXPECT_TRUE(Faces().Caller(0).visible);
-  EXPECT_FALSE(Faces().Caller(1).visible);
-  EXPECT_EQ(Faces().Caller(1).caption, L"");
-  configuration.callerLists.resize(11);  // a file may hold more
-  EXPECT_FALSE(Faces().Caller(10).visible);
 }
 
 TEST_F(ControlFaces, SpeedDialOffersWhatCanBeDone) {
@@ -92,15 +65,6 @@ TEST_F(ControlFaces, SpeedDialOffersWhatCanBeDone) {
   EXPECT_FALSE(Faces().SpeedDial(0, SpeedDialAction::Add).visible);
   EXPECT_TRUE(Faces().SpeedDial(1, SpeedDialAction::Add).enabled);
   EXPECT_EQ(Faces().SpeedDial(1, SpeedDialAction::Add).caption, L"#1171");
-}
-
-TEST_F(ControlFaces, ContactNumbersAreLabelledByKind) {
-  EXPECT_EQ(Faces().ContactNumber(3, L"+1 (23) 4").caption, L"#1603: +1 (23) 4");
-  EXPECT_TRUE(Faces().ContactNumber(3, L"1").enabled);
-  EXPECT_FALSE(Faces().ContactNumber(3, L"").enabled);
-  EXPECT_EQ(Faces().ContactNumber(3, L"").caption, L"#1603");
-  EXPECT_EQ(Faces().ContactNumber(0, L"1").caption, L"");
-  EXPECT_EQ(Faces().ContactNumber(13, L"1").caption, L"");
 }
 
 TEST(ToolbarLayout, EveryTagIsUnique) {

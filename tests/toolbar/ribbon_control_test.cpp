@@ -127,23 +127,6 @@ TEST(RibbonControl, TakesNothingElseForItsOwn) {
   }
 }
 
-TEST(RibbonFace, ShowsWhatTheCommandBarShows) {
-  FacesFixture telephone;
-  telephone.Lines(2, 2, 2, 2);
-  telephone.state.record.dialState = 1;
-  const auto face = [&](const char* id) { return RibbonFace(telephone.Faces(), Parsed(id), L"7"); };
-  EXPECT_EQ(face("NotesCustomButtonLine2").caption, L"#1115");
-  EXPECT_TRUE(face("CustomButtonLine2C").enabled);
-  EXPECT_FALSE(face("MailCustomButtonLine1").enabled);
-  EXPECT_TRUE(face("CustomMenuDialNum").enabled);
-  EXPECT_EQ(face("MenuBusiness").caption, L"#1602: 7");
-  EXPECT_EQ(face("ContactGroup").caption, L"#1054");
-  EXPECT_EQ(face("MailCell2").caption, L"#1146");
-  EXPECT_FALSE(face("MailCallerList0").enabled);
-  EXPECT_EQ(face("Stranger").caption, L"");
-  EXPECT_FALSE(face("Stranger").visible);
-}
-
 TEST(RibbonPicture, IsNeverScaledUpWhileALargerOneExists) {
   EXPECT_EQ(PictureForScreen(IDP_LINE1, 96), 540);
   EXPECT_EQ(PictureForScreen(IDP_LINE1, 120), 640);
