@@ -7,58 +7,6 @@ namespace {
 
 class CConnectionTest : public CDeviceLinkTest {};
 
-TEST_F(CConnectionTest, StartWithBaseProbesThenOpensOnTheFirstTick) {
-  m_base.Plug();
-  m_link.Probe();
-  EXPECT_EQ(Log(), kStartupSent + kConnected + "Device setup complete.\nSI_Close() complete.\n");
-  EXPECT_EQ(Events(), "5000");
-  EXPECT_FALSE(m_link.IsOpen());
-  EXPECT_TRUE(m_link.IsConnected());
-
-  EXPECT_FALSE(Tick());
-  EXPECT_EQ(Log(), kRecovered);
-  EXPECT_EQ(Events(), "5000 5000");
-  EXPECT_EQ(Wire(), "2B 31 0D | 2B 31 0D");
-  EXPECT_TRUE(m_link.IsOpen());
-  EXPECT_EQ(m_base.OpenHandles(), 1U);
-}
-
-TEST_F(CConnectionTest, StartWithoutBase) {
-  m_link.Probe();
-  EXPECT_EQ(Log(), kErrorConnected + "** Error : Device undefined.\n");
-  EXPECT_EQ(Events(), "5010");
-  Tick();
-  EXPECT_EQ(Log(), "");
-  m_base.Plug();
-  Tick();
-  EXPECT_EQ(Log(), kRecovered);
-}
-
-TEST_F(CConnectionTest, SetsTheLineUpInOrder) {
-  struct CCalls final : workbench::ICallObserver {
-    void OnCall(const workbench::UsbCall& call) noexcept override { (text += call.text) += '\n'; }
-    std::string text;
-  } calls;
-  m_base.Plug({"0001", "Base", "link", "10C4", "EA61"});
-  m_base.Observe(&calls);
-  Tick();
-  EXPECT_EQ(calls.text,
-            "SI_GetNumDevices() = 0, 1\n"
-            "SI_GetProductString(0, 0) = 0, 0001\n"
-            "SI_GetProductString(0, 1) = 0, Base\n"
-            "SI_GetProductString(0, 2) = 0, link\n"
-            "SI_GetProductString(0, 3) = 0, 10C4\n"
-            "SI_GetProductString(0, 4) = 0, EA61\n"
-            "SI_Open(0) = 0, #1\n"
-            "SI_FlushBuffers(#1, 1, 1) = 0\n"
-            "SI_SetBaudRate(#1, 19200) = 0\n"
-            "SI_SetTimeouts(3000, 3000) = 0\n"
-            "SI_SetLineControl(#1, 2048) = 0\n"
-            "SI_SetFlowControl(#1, 0, 1, 0, 0, 0, 0) = 0\n"
-            "SI_Write(#1, 2B 31 0D) = 0, 3\n"
-            "SI_CheckRXQueue(#1) = 0, 0, 0\n");
-}
-
 TEST_F(CConnectionTest, UnplugAndReplug) {
   Open();
   m_records.lastStatus = {1, 1, 1, 1, 1, 1};
@@ -80,65 +28,6 @@ TEST_F(CConnectionTest, UnplugAndReplug) {
   EXPECT_EQ(Log(), kRecovered);
   EXPECT_EQ(Events(), "5000 5000");
   EXPECT_EQ(m_records.lastStatus, kNothingReported);
-}
-
-TEST_F(CConnectionTest, CloseThatFailsStillGivesTheHandleUp) {
-  Open();
-  m_base.Unplug();
-  m_base.Fail(UsbFunction::Close, 12);
-  Tick();
-  EXPECT_EQ(Log(),
-            "** Error : Error closing device. (12)\n** Error : USB device close error.\n"
-            "** Down : USB device down...\n" +
-                kDisconnected);
-  EXPECT_FALSE(m_link.IsOpen());
-}
-
-TEST_F(CConnectionTest, BaudRateIsTheOnlyRefusalTolerated) {
-  m_base.Plug();
-  m_base.Fail(UsbFunction::SetBaudRate, 9);
-  Tick();
-  EXPECT_EQ(Log(), "** Error : Failed to set baud rate 19200 for device. (9)\n" + kRecovered);
-  EXPECT_TRUE(m_link.IsOpen());
-}
-
-// What each failing step of the set-up logs, in the probe and in a tick.
-struct SetUpFailure {
-  UsbFunction function;
-  std::string lines;
-  std::string events;
-};
-
-TEST_F(CConnectionTest, EachOtherSetUpFailure) {
-  const std::string kWriteFailed =
-      "< Start up request >\n[S] (3) 2B 31 0D\n** Error : SI_Write error. (5)\n" + kLost +
-      "** Error : Failed to send start up request.\n"
-      "** Error : Error closing device. (1)\n" +
-      kDisconnected + "** Error : Failed to send start up request.\n";
-  const std::vector<SetUpFailure> kFailures = {
-      {UsbFunction::Open, "** Error : Failed open device. (5)\n", ""},
-      {UsbFunction::FlushBuffers, kLost + "** Error : Failed to purge device. (5)\n", "5001"},
-      {UsbFunction::SetTimeouts, kLost + "** Error : Failed to set timeouts. (5)\n", "5001"},
-      {UsbFunction::SetLineControl, kLost + "** Error : Failed to set line control. (5)\n", "5001"},
-      {UsbFunction::SetFlowControl, kLost + "** Error : Failed to set flow control. (5)\n", "5001"},
-      {UsbFunction::Write, kWriteFailed, "5001 5001"},
-  };
-  m_base.Plug();
-  for (const SetUpFailure& failure : kFailures) {
-    SCOPED_TRACE(workbench::kUsbFunctionNames[static_cast<size_t>(failure.function)]);
-    m_base.Fail(failure.function, 5, {1, 2});
-
-    m_link.Probe();
-    EXPECT_EQ(Log(), failure.lines + kErrorConnected + "** Error : Failed setup device.\n");
-    EXPECT_EQ(Events(), failure.events + (failure.events.empty() ? "5010" : " 5010"));
-
-    EXPECT_FALSE(Tick());
-    EXPECT_EQ(Log(), failure.lines + "** Error : Device set up error.\n");
-    EXPECT_EQ(Events(), failure.events);
-    EXPECT_EQ(m_base.OpenHandles(), 0U);
-  }
-  Tick();
-  EXPECT_EQ(Log(), kRecovered);
 }
 
 TEST_F(CConnectionTest, TakesTheFirstDeviceWhoseStringsAllRead) {

@@ -1,5 +1,5 @@
-// A COM server of two classes under the product's identifiers. Its add-in answers every callback
-// with something the tests can recognise; its options page cannot be made.
+// A COM server of two classes under the product's identifiers. Its add-in can be connected to by
+// hand and no more; its options page cannot be made.
 #include <new>
 
 #include "module/class_table.h"
@@ -52,57 +52,30 @@ class CTestAddin final : public CDispatchPart<ITelephoneAddin>,
   STDMETHODIMP OnStartupComplete(SAFEARRAY**) override { return S_OK; }
   STDMETHODIMP OnBeginShutdown(SAFEARRAY**) override { return S_OK; }
 
-  STDMETHODIMP GetCustomUI(BSTR id, BSTR* document) override { return Copy(id, document); }
+  STDMETHODIMP GetCustomUI(BSTR, BSTR*) override { return E_NOTIMPL; }
 
-  STDMETHODIMP RibbonLoadMain(IDispatch* ribbon) override { return IsSelf(ribbon); }
-  STDMETHODIMP RibbonLoadContact(IDispatch* ribbon) override { return IsSelf(ribbon); }
-  STDMETHODIMP GetLabel(IDispatch*, BSTR* label) override { return Copy(L"label", label); }
-  STDMETHODIMP GetEnabled(IDispatch*, VARIANT_BOOL* enabled) override {
-    *enabled = VARIANT_TRUE;
-    return S_OK;
-  }
-  STDMETHODIMP GetVisible(IDispatch*, VARIANT_BOOL*) override { return E_ACCESSDENIED; }
-  STDMETHODIMP GetImage(IDispatch* control, IDispatch** picture) override {
-    *picture = control;
-    control->AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP GetItemCount(IDispatch*, long* count) override {
-    *count = 20;
-    return S_OK;
-  }
-  STDMETHODIMP GetItemLabel(IDispatch* control, long index, BSTR* label) override {
-    if (IsSelf(control) != S_OK) return E_INVALIDARG;
-    const wchar_t text[] = {static_cast<wchar_t>(L'0' + index), L'\0'};
-    return Copy(text, label);
-  }
-  STDMETHODIMP GetTextComboBox(IDispatch*, BSTR* text) override { return Copy(m_text, text); }
-  STDMETHODIMP ChangeComboBox(IDispatch* control, BSTR text) override {
-    lstrcpynW(m_text, text, ARRAYSIZE(m_text));
-    return IsSelf(control);
-  }
-  STDMETHODIMP Line1Clicked(IDispatch* control) override { return IsSelf(control); }
-  STDMETHODIMP Line2Clicked(IDispatch* control) override { return IsSelf(control); }
-  STDMETHODIMP CellClicked(IDispatch* control) override { return IsSelf(control); }
-  STDMETHODIMP CallerListClicked(IDispatch* control) override { return IsSelf(control); }
-  STDMETHODIMP SpeedDialClicked(IDispatch* control) override { return IsSelf(control); }
-  STDMETHODIMP OptionsClicked(IDispatch* control) override { return IsSelf(control); }
-  STDMETHODIMP ContactDialNClicked(IDispatch* control) override { return IsSelf(control); }
-  STDMETHODIMP ContactLine1Clicked(IDispatch* control) override { return IsSelf(control); }
-  STDMETHODIMP ContactLine2Clicked(IDispatch* control) override { return IsSelf(control); }
+  STDMETHODIMP RibbonLoadMain(IDispatch*) override { return E_NOTIMPL; }
+  STDMETHODIMP RibbonLoadContact(IDispatch*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetLabel(IDispatch*, BSTR*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetEnabled(IDispatch*, VARIANT_BOOL*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetVisible(IDispatch*, VARIANT_BOOL*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetImage(IDispatch*, IDispatch**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetItemCount(IDispatch*, long*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetItemLabel(IDispatch*, long, BSTR*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetTextComboBox(IDispatch*, BSTR*) override { return E_NOTIMPL; }
+  STDMETHODIMP ChangeComboBox(IDispatch*, BSTR) override { return E_NOTIMPL; }
+  STDMETHODIMP Line1Clicked(IDispatch*) override { return S_OK; }
+  STDMETHODIMP Line2Clicked(IDispatch*) override { return E_NOTIMPL; }
+  STDMETHODIMP CellClicked(IDispatch*) override { return E_NOTIMPL; }
+  STDMETHODIMP CallerListClicked(IDispatch*) override { return E_NOTIMPL; }
+  STDMETHODIMP SpeedDialClicked(IDispatch*) override { return E_NOTIMPL; }
+  STDMETHODIMP OptionsClicked(IDispatch*) override { return E_NOTIMPL; }
+  STDMETHODIMP ContactDialNClicked(IDispatch*) override { return E_NOTIMPL; }
+  STDMETHODIMP ContactLine1Clicked(IDispatch*) override { return E_NOTIMPL; }
+  STDMETHODIMP ContactLine2Clicked(IDispatch*) override { return E_NOTIMPL; }
 
  private:
-  static HRESULT Copy(const wchar_t* text, BSTR* copy) {
-    *copy = SysAllocString(text);
-    return S_OK;
-  }
-  // The tests pass the object itself wherever Office passes one of its own.
-  HRESULT IsSelf(IDispatch* object) {
-    return object == static_cast<ITelephoneAddin*>(this) ? S_OK : E_INVALIDARG;
-  }
-
   ULONG m_references = 1;
-  wchar_t m_text[32] = L"";
   CModuleLock m_lock;
 };
 

@@ -12,7 +12,6 @@ namespace {
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::IsSupersetOf;
 using testing::Not;
 
 TEST(Events, ConnectAndDisconnect) {
@@ -31,14 +30,6 @@ TEST(Events, ConnectAndDisconnect) {
   for (int control = 0; control < 6; ++control) {
     EXPECT_FALSE(IsControlEnabled(desk.state, control, true)) << "pulled out while it rang";
   }
-}
-
-TEST(Events, RibbonLogsBothNamesOfTheReport) {
-  CTelephoneDesk desk(kRibbonVersion);
-  desk.phone.Events().OnEventGet(5000, 0);
-  EXPECT_EQ(desk.state.record, (TelephoneRecord{1, 1, 1, 1, 21, 1, 1}));
-  EXPECT_THAT(desk.Journal(),
-              IsSupersetOf({"log: CAddin::SetUSBState", "log: CAddin::SetUSBStateV14"}));
 }
 
 TEST(Events, StatusReport) {
@@ -118,23 +109,6 @@ TEST(Events, WithoutASlotOrWithoutANameDoNothing) {
   }
   EXPECT_EQ(std::memcmp(&before, &desk.state, sizeof before), 0);
   EXPECT_THAT(desk.Deeds(), ElementsAre());
-}
-
-TEST(Events, AnswerFromRingToHangUp) {
-  CTelephoneDesk desk;
-  desk.phone.Events().OnEventGet(5000, 0);
-  desk.Ring(2);
-  EXPECT_EQ(GetLineCaption(desk.state, 1, true), 1110);
-  desk.CallerId(2, "7");
-  EXPECT_EQ(GetLineCaption(desk.state, 1, true), 1115);
-  EXPECT_TRUE(desk.phone.Lines().Click(2));
-  desk.Status(2, 3, 2);
-  EXPECT_EQ(GetLineCaption(desk.state, 1, true), 1112);
-  EXPECT_TRUE(desk.phone.Lines().Click(2));
-  desk.Journal();
-  desk.Status(1, 1, 1);
-  EXPECT_THAT(desk.Deeds(), AllOf(Contains("post 1 0"), Contains("hide")));
-  EXPECT_EQ(GetLineCaption(desk.state, 1, true), 1110);
 }
 
 // Whatever a base can send, in any order, mixed with clicks: nothing breaks, and 100,000 calls

@@ -11,36 +11,7 @@ namespace {
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::IsSupersetOf;
 using testing::Not;
-
-TEST(IncomingCall, OfAContactOpensItsForm) {
-  CTelephoneDesk desk;
-  desk.searched["0301234567"] = {L"Doe, John", L"+49 (30) 1234567"};
-  desk.Ring(1);
-  desk.Journal();
-  desk.CallerId(1, "0301234567", "DOE J");
-  EXPECT_THAT(
-      desk.Journal(),
-      ElementsAre("log: CAddin::OnEventGet", "log: OnEventGet::classReceiveCIDIndication",
-                  "log: CAddin::SetUSBRecvCIDInfo", "find checked 0301234567",
-                  "search checked 0301234567", "save", "log: CAddin::PutCallerList", "caller list",
-                  "line buttons", "log: CAddin::DisplayContactItem", "form 0301234567"));
-  EXPECT_THAT(
-      desk.configuration.callerLists,
-      ElementsAre(CallEntry{L"Doe, John +49 (30) 1234567", L"Doe, John", L"+49 (30) 1234567"}));
-  EXPECT_EQ(desk.phone.IncomingCalls().LastCallerNumber(), "0301234567");
-}
-
-TEST(IncomingCall, OfAStrangerOpensANewForm) {
-  CTelephoneDesk desk;
-  desk.CallerId(2, "5551234", "ACME");
-  EXPECT_THAT(desk.Journal(),
-              IsSupersetOf({"log: FindPhoneNumber not found", "log: CAddin::DisplayNewContactItem",
-                            "new form '5551234'"}));
-  EXPECT_THAT(desk.configuration.callerLists,
-              ElementsAre(CallEntry{L"ACME 5551234", L"ACME", L"5551234"}));
-}
 
 TEST(IncomingCall, UnreadableContactKeepsWhatTheBaseSent) {
   CTelephoneDesk desk;
@@ -51,16 +22,6 @@ TEST(IncomingCall, UnreadableContactKeepsWhatTheBaseSent) {
   desk.found["5551234"] = {L"Doe", L""};
   desk.CallerId(1, "5551234", "DOE J");
   EXPECT_EQ(desk.configuration.callerLists.front().name, L"Doe 5551234");
-}
-
-TEST(IncomingCall, WithoutANumberIsNobodysAndNotListed) {
-  CTelephoneDesk desk;
-  desk.found[""] = {L"Private, P", L"privat"};
-  desk.CallerId(1, "");
-  EXPECT_THAT(desk.Journal(),
-              AllOf(Contains("log: FindPhoneNumber not found"), Contains("new form ''"),
-                    Not(Contains("find checked ")), Not(Contains("save"))));
-  EXPECT_TRUE(desk.configuration.callerLists.empty());
 }
 
 TEST(IncomingCall, FormsThatFailAreLoggedAfterTheCallIsRecorded) {
