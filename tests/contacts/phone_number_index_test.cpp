@@ -107,24 +107,6 @@ TEST_F(PhoneNumberIndex, OldNumbersStayUntilTheirContactIsGone) {
   EXPECT_EQ(Search("1212121"), "");
 }
 
-TEST_F(PhoneNumberIndex, LogsEveryStepOfALookUp) {
-  Store("A", "55501");
-  Store("B", "55501");
-  m_book["A"].opens = false;
-  m_log.SetEnabled(true);
-  EXPECT_EQ(Find("055501"), "B");
-  EXPECT_THAT(Logged(), ElementsAre("CAddin::FindPhoneNumber\n", "CAddin::FindContactSearchData\n",
-                                    "open A\n",
-                                    "Contact Data Not Found digit = 1 number = 55501 entryID = A "
-                                    "telNumberType = 2\n",
-                                    "open B\n", "CAddin::FindContactSearchData OK\n"));
-  CBookItem item("B", m_book["B"]);
-  m_index.OnContactItemDelete(item);
-  EXPECT_EQ(Logged()[1],
-            "CAddin::DeleteContactSearchData digit = 1 number = 55501 entryID = B telNumberType = "
-            "1\n");
-}
-
 TEST_F(PhoneNumberIndex, TakesNumbersOfAnyLength) {
   for (const size_t length : {65'535U, 65'536U, 65'537U, 200'000U}) {
     Store("A", std::string(length, '5') + "123456789012");

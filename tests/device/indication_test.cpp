@@ -44,38 +44,6 @@ class CIndicationTest : public CDeviceLinkTest {
   }
 };
 
-TEST_F(CIndicationTest, StatusIsAnnouncedOnlyWhenItChanged) {
-  const std::string kLines =
-      "< Inform set status >\n"
-      "Result: 0x00, L1: 0x01, L2: 0x02, CELL: 0x01, LOG: 0x00, CELLSUB: 0x0F\n";
-  Receive(kStatusFrame);
-  EXPECT_EQ(LogAfterDump(), kLines);
-  EXPECT_EQ(Events(), "5100");
-  EXPECT_EQ(m_records.status, (StatusRecord{0x00, 0x01, 0x02, 0x01, 0x00, 0x0F}));
-  EXPECT_EQ(m_records.lastStatus, m_records.status);
-
-  Receive(kStatusFrame);
-  EXPECT_EQ(LogAfterDump(), kLines + "** SET_STATUS_INDICATION does not include a change.\n");
-  EXPECT_EQ(Events(), "");
-}
-
-// Which frames between two equal status reports make the second one count as news.
-TEST_F(CIndicationTest, ForgettingTheLastStatus) {
-  const std::vector<std::pair<std::string, bool>> kBetween = {
-      {"26 02 01 02 02 02 00 0D 0A", true},
-      {CallerIdFrame(), true},
-      {"26 04 01 0D 0A", true},
-      {CellFrame("41", "41", "41", "41"), false},
-  };
-  for (const auto& [frame, isNews] : kBetween) {
-    Receive(kStatusFrame);
-    Receive(frame);
-    Events();
-    Receive(kStatusFrame);
-    EXPECT_EQ(Events(), isNews ? "5100" : "") << frame;
-  }
-}
-
 TEST_F(CIndicationTest, ReceiveCall) {
   Receive("26 02 12 02 03 04 05 0D 0A");
   EXPECT_EQ(LogAfterDump(),
@@ -141,18 +109,6 @@ TEST_F(CIndicationTest, NamesLoseTheirPadding) {
   EXPECT_NE(Log().find("Name[0]: 0xE9,"), std::string::npos);
 }
 
-TEST_F(CIndicationTest, ClosePopUpIsOnlyStored) {
-  Receive(CallerIdFrame());
-  Log();
-  Events();
-  Receive("26 04 02 0D 0A");
-  EXPECT_EQ(LogAfterDump(),
-            "< Inform pop-up close >\nLineType: 0x02\n** CLOSE_POP_UP_INDICATION ignored.\n");
-  EXPECT_EQ(Events(), "");
-  EXPECT_EQ(m_records.callerId[1].lineType, 0);
-  EXPECT_EQ(m_records.lastCaller[1].lineType, kLine2);
-}
-
 TEST_F(CIndicationTest, CellRegistrationWithNamesThatFillTheirFields) {
   Receive(CellFrame("41", "42", "43", "00"));
   EXPECT_EQ(LogAfterDump(),
@@ -205,14 +161,6 @@ TEST_F(CIndicationTest, PostThatFailsKeepsTheRecord) {
   EXPECT_EQ(m_records.status.line2, 2);
   EXPECT_EQ(m_records.incomingCall[0].lineType, kLine1);
   EXPECT_STREQ(m_records.callerId[1].number, "123");
-}
-
-TEST_F(CIndicationTest, EventsOfTwoLinesKeepTheirOwnRecords) {
-  Receive(CallerIdFrame({.numberLength = "02", .lineType = "01"}));
-  Receive(CallerIdFrame({.numberLength = "04", .lineType = "14"}));
-  EXPECT_EQ(Events(), "5102:1 5102:20");
-  EXPECT_STREQ(m_records.callerId[0].number, "12");
-  EXPECT_STREQ(m_records.callerId[5].number, "1234");
 }
 
 TEST_F(CIndicationTest, TypeThatNoReaderLetsThrough) {

@@ -44,52 +44,6 @@ TEST_F(CSimulatedBaseTest, PiecesArriveWhileAReadWaits) {
   EXPECT_EQ(Queued(), 1U);
 }
 
-TEST_F(CSimulatedBaseTest, ReadsTimeOut) {
-  m_base.Queue(Bytes("01"));
-  m_base.Queue(Bytes("02"), 3001);
-  EXPECT_EQ(Read(2), "0: 01");
-  EXPECT_EQ(m_base.Now(), 3000U);
-  EXPECT_EQ(Read(2), "0: 02");
-  EXPECT_EQ(Read(2), "13: ");
-  m_base.SetTimeouts(UINT32_MAX, 0);
-  EXPECT_EQ(Read(1), "13: ");
-  EXPECT_EQ(m_base.Now(), 9000U);
-}
-
-TEST_F(CSimulatedBaseTest, FlushTakesWhatHasArrived) {
-  m_base.Queue(Bytes("01 02"));
-  m_base.Queue(Bytes("03"), 10);
-  EXPECT_EQ(m_base.FlushBuffers(m_handle, 1, 0), kSiSuccess);
-  EXPECT_EQ(Queued(), 2U);
-  EXPECT_EQ(m_base.FlushBuffers(m_handle, 0, 1), kSiSuccess);
-  EXPECT_EQ(Read(1), "0: 03");
-}
-
-TEST_F(CSimulatedBaseTest, HandlesOfAnUnpluggedDeviceFailUntilClosed) {
-  m_base.Queue(Bytes("01"));
-  m_base.Unplug();
-  m_base.Plug();
-  EXPECT_EQ(Read(1), "8: ");
-  EXPECT_EQ(m_base.OpenHandles(), 1U);
-  EXPECT_EQ(m_base.Close(m_handle), kSiSuccess);
-  EXPECT_EQ(m_base.Close(m_handle), kSiInvalidHandle);
-  EXPECT_EQ(Read(1), "1: ");
-  EXPECT_EQ(m_base.OpenHandles(), 0U);
-}
-
-TEST_F(CSimulatedBaseTest, FaultsHitTheirCallsAndHeal) {
-  m_base.Fail(UsbFunction::SetBaudRate, 9, {2, 3});
-  std::string statuses;
-  for (int i = 0; i < 4; ++i)
-    statuses += std::to_string(m_base.SetBaudRate(m_handle, 19200));
-  EXPECT_EQ(statuses, "0990");
-  m_base.Fail(UsbFunction::SetBaudRate, 9, {1, kForEver});
-  EXPECT_EQ(m_base.SetBaudRate(m_handle, 19200), 9);
-  m_base.Heal();
-  EXPECT_EQ(m_base.SetBaudRate(m_handle, 19200), 0);
-  EXPECT_EQ(m_base.CallCount(UsbFunction::SetBaudRate), 6U);
-}
-
 TEST_F(CSimulatedBaseTest, RefusesRequestsTheLibraryRefuses) {
   uint8_t buffer[1] = {};
   uint32_t count = 0;
