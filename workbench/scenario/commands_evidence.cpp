@@ -54,8 +54,9 @@ void ExpectLogHas(CRun& run, const CCommandArguments& arguments) {
 void ExpectLogWith(CRun& run, const CCommandArguments& arguments) {
   std::vector<std::string> lines = run.NewLogLines();
   std::erase_if(lines, [&](const std::string& line) {
-    return std::ranges::none_of(arguments.Words(),
-                                [&](const std::string& text) { return line.find(text) != std::string::npos; });
+    return std::ranges::none_of(arguments.Words(), [&](const std::string& text) {
+      return line.find(text) != std::string::npos;
+    });
   });
   CompareLog(arguments.Block(), lines);
 }

@@ -131,7 +131,7 @@ void NewExplorer(CRun& run, const CCommandArguments&) {
 }
 
 void Unload(CRun& run, const CCommandArguments&) {
-  run.stage.host.Unload();
+  run.Unload();
 }
 
 void ExpectResult(CRun& run, const CCommandArguments& arguments) {
@@ -214,8 +214,10 @@ constexpr Command kCommands[] = {
     {"begin shutdown", "", "OnBeginShutdown.", 0, 0, Block::None, BeginShutdown},
     {"disconnect", "MODE", "OnDisconnection: 0 Outlook ends, 1 the user removes the add-in.", 1, 1,
      Block::None, Disconnect},
-    {"unload", "", "Lets the add-in go; its object must die and its DLL leave the process.", 0, 0,
-     Block::None, Unload},
+    {"unload", "",
+     "Lets the add-in go; its object must die, its DLL leave the process and nothing of Outlook's "
+     "stay held.",
+     0, 0, Block::None, Unload},
     {"quit", "",
      "Ends Outlook in the order of its version. Below 14: Close, OnBeginShutdown, Quit, "
      "OnDisconnection 0. From 14: Close and Quit, nothing more. Then as \"unload\". A scenario "

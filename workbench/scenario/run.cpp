@@ -179,7 +179,12 @@ void CRun::QuitOutlook() {
     // From 14 on nothing more is called: what ends the add-in is the end of the process.
     if (!fast) host.Disconnect(0);
   }
-  host.Unload();
+  Unload();
+}
+
+void CRun::Unload() {
+  stage.host.Unload();
+  CheckNothingHeld();
 }
 
 void CRun::ReopenOutlook() {

@@ -175,6 +175,7 @@ TEST(Run, TheEndChecksWhatIsHeld) {
   EXPECT_TRUE(run.Finish());
   stage.held = {"Explorer"};
   EXPECT_FALSE(run.Finish());
+  EXPECT_THAT(stage.Play("unload"), HasSubstr("the add-in still holds\n  Explorer"));
 }
 
 }  // namespace
