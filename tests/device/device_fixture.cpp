@@ -10,8 +10,6 @@ const std::string kStartupSent =
 const std::string kConnected = "< USB device connect >\nUSB device connect post complete.\n";
 const std::string kDisconnected =
     "< USB device disconnect >\nUSB device disconnect post complete.\n";
-const std::string kErrorConnected =
-    "< USB device error connect >\nUSB device error connect post complete.\n";
 const std::string kLost = "SI_Close() complete.\n" + kDisconnected;
 const std::string kRecovered = kStartupSent + kConnected + "Device setup complete.\n" + kConnected +
                                "** Recovery : USB device recovery.\n";

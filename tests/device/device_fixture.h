@@ -86,7 +86,6 @@ class CRecordedQueue final : public IMessageQueue {
 extern const std::string kStartupSent;
 extern const std::string kConnected;
 extern const std::string kDisconnected;
-extern const std::string kErrorConnected;
 extern const std::string kLost;       // closed, then disconnected
 extern const std::string kRecovered;  // one tick from plugged in to open
 

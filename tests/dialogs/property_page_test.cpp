@@ -178,6 +178,7 @@ TEST_F(OptionsPage, StaysDirtyWhenNothingCouldBeKept) {
   Activate();
   m_desk.refuses = true;
   Choose(Control(IDC_OPTIONS_POP_UP + 1), 1);
+  EXPECT_EQ(m_container.statusChanges, 1);
   _variant_t nothing;
   EXPECT_TRUE(FAILED(Ask(0x2102, DISPATCH_METHOD, nothing)));
   EXPECT_TRUE(IsDirty());

@@ -21,14 +21,12 @@ inline constexpr wchar_t kBarName[] = L"Telephone Plug-in";
 // What the toolbar told, as one line each.
 struct CNotedActions final : IToolbarActions {
   void ClickLine(uint8_t lineType) override { Note("line " + std::to_string(lineType)); }
-  void ClickCell(int cell) override { Note("cell " + std::to_string(cell)); }
-  void ClickCaller(size_t entry) override { Note("caller " + std::to_string(entry)); }
-  void ClickSpeedDial(SpeedDialAction action, size_t entry) override {
-    Note("speed dial " + std::to_string(static_cast<int>(action)) + ' ' + std::to_string(entry));
-  }
-  void ClickOptions() override { Note("options"); }
+  void ClickCell(int) override {}
+  void ClickCaller(size_t) override {}
+  void ClickSpeedDial(SpeedDialAction, size_t) override {}
+  void ClickOptions() override {}
   void ChangeDialBox(std::wstring_view text, int listIndex) override;
-  void StoreDialText(std::wstring_view) override { Note("stored"); }
+  void StoreDialText(std::wstring_view) override {}
 
   void Note(const std::string& line) { noted.push_back(line); }
   std::vector<std::string> Take() { return std::exchange(noted, {}); }
@@ -48,7 +46,6 @@ class CBarStage : protected IFaceSource {
 
   workbench::BarFace Bar() const;
   workbench::ControlFace Face(std::vector<std::wstring> path) const;
-  void Click(std::vector<std::wstring> path) { bars->Click(path); }
 
   TelephoneState state{};
   Configuration configuration;

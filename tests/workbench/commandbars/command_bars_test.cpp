@@ -1,9 +1,9 @@
 #include "workbench/commandbars/command_bars.h"
 
 #include <gtest/gtest.h>
+#include <olectl.h>
 
 #include "tests/workbench/office/late_bound.h"
-#include "tests/workbench/ui/test_picture.h"
 
 namespace quor::workbench {
 namespace {
@@ -15,6 +15,19 @@ const CValue kMissing = [] {
   V_ERROR(&missing) = DISP_E_PARAMNOTFOUND;
   return CValue::Copy(missing);
 }();
+
+CValue OnePixel() {
+  PICTDESC description = {};
+  description.cbSizeofstruct = sizeof description;
+  description.picType = PICTYPE_BITMAP;
+  description.bmp.hbitmap = CreateBitmap(1, 1, 1, 32, nullptr);
+  IPictureDisp* picture = nullptr;
+  OleCreatePictureIndirect(&description, IID_IPictureDisp, TRUE,
+                           reinterpret_cast<void**>(&picture));
+  CValue value(static_cast<IDispatch*>(picture));
+  picture->Release();
+  return value;
+}
 
 // An explorer's command bars, seen from the add-in (m_remote) and from the user (m_bars).
 class CommandBars : public testing::Test {
@@ -132,7 +145,7 @@ TEST_F(CommandBars, UsersCannotClickWhatTheyCannotReach) {
 TEST_F(CommandBars, AutomaticStyleHidesTheCaptionBehindThePicture) {
   const CRemote button = AddControl(ShownBar(), 1, L"One", L"One");
   EXPECT_TRUE(m_bars->ControlFaces().front().showsCaption);
-  button.Put(L"Picture", TestPicture(0, 0));
+  button.Put(L"Picture", OnePixel());
   EXPECT_FALSE(m_bars->ControlFaces().front().showsCaption);
   button.Put(L"Style", mso::kIconAndCaption);
   EXPECT_TRUE(m_bars->ControlFaces().front().showsCaption);
