@@ -240,6 +240,7 @@ double MedianOf(std::vector<double> values) {
 
 double MedianOf(const std::vector<Figures::Caller>& callers, double Figures::Caller::*share) {
   std::vector<double> values;
+  values.reserve(callers.size());
   for (const Figures::Caller& caller : callers)
     values.push_back(caller.*share);
   return MedianOf(std::move(values));
