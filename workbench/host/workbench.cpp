@@ -1,10 +1,13 @@
 #include "workbench/host/workbench.h"
 
+#include <cmath>
+
 // clang-format off
 #include <windows.h>
 #include <objbase.h>
 // clang-format on
 
+#include "workbench/host/console.h"
 #include "workbench/ribbon/ribbon_objects.h"
 #include "workbench/scenario/results.h"
 
@@ -34,6 +37,19 @@ std::wstring ClassIdText(const CLSID& classId) {
   return text;
 }
 
+// "call  Items.Item of Contacts (3): ContactItem", with the code of a failure; of an event the time
+// that the add-in took.
+std::string LineOf(const CallRecord& record) {
+  const bool event = record.kind == CallRecord::Kind::Event;
+  std::string line = (event ? "    event " : "    call  ") + record.member;
+  if (!record.object.empty()) line += " of " + record.object;
+  if (!record.arguments.empty()) line += " (" + record.arguments + ")";
+  if (!record.result.empty()) line += ": " + record.result;
+  if (FAILED(record.code)) line += " = " + ResultName(static_cast<uint32_t>(record.code));
+  if (event) line += ", " + std::to_string(std::lround(record.microseconds)) + " us";
+  return line;
+}
+
 }  // namespace
 
 CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
@@ -57,6 +73,9 @@ CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
       m_screenStage(m_outlook, m_face, m_host, m_options, options.pictureFolder),
       m_evidenceStage(m_data, m_host) {
   m_face.Attach(m_outlook.Session(), &m_basePanel);
+  if (options.calls) {
+    m_outlook.Model().SetObserver([](const CallRecord& record) { PrintLine(LineOf(record)); });
+  }
   m_outlook.OpenExplorer();
 }
 

@@ -72,7 +72,6 @@ void CFieldSet::Set(int32_t id, std::wstring text) {
 
 CMailbox::CMailbox(const MailboxOptions& options, int version) : m_options(options) {
   AddStore(L"Personal Folders", '1', version);
-  if (options.secondStore) AddStore(L"Archive Folders", '2', version);
 }
 
 Store& CMailbox::AddStore(std::wstring name, char tag, int version) {

@@ -87,7 +87,6 @@ struct Store {
 };
 
 struct MailboxOptions {
-  bool secondStore = false;       // "Archive Folders", with contacts and deleted items of its own
   bool newEntryIdOnMove = false;  // also within a store, as some store providers do
   bool lowerCaseEntryIds = false;
   size_t entryIdDigits = 48;  // at least 48; 140 looks like Exchange

@@ -105,7 +105,6 @@ void CModel::WithdrawAll() {
 
 std::optional<HRESULT> CModel::Enter(const CallSite& site) {
   ++m_totalCalls;
-  ++m_calls[&site];
   if (m_triggers.empty()) return std::nullopt;
 
   std::optional<HRESULT> answer;
@@ -146,17 +145,9 @@ void CModel::Observe(const CallRecord& record) const {
   observer(record);
 }
 
-std::map<std::string, uint64_t> CModel::CallsByMember() const {
-  std::map<std::string, uint64_t> calls;
-  for (const auto& [site, count] : m_calls)
-    calls[site->key] += count;
-  return calls;
-}
-
 CModel::Side CModel::SwitchSide(Side side) noexcept {
   const int64_t now = Ticks();
   if (m_side == Side::Inside) m_ticksInside += now - m_sideSince;
-  if (m_side == Side::Sink) m_ticksInSinks += now - m_sideSince;
   m_sideSince = now;
   return std::exchange(m_side, side);
 }
@@ -165,15 +156,9 @@ double CModel::MicrosecondsInModel() const noexcept {
   return Microseconds(m_ticksInside);
 }
 
-double CModel::MicrosecondsInSinks() const noexcept {
-  return Microseconds(m_ticksInSinks);
-}
-
 void CModel::ResetFigures() {
   m_totalCalls = 0;
-  m_calls.clear();
   m_ticksInside = 0;
-  m_ticksInSinks = 0;
 }
 
 std::vector<HeldObject> CModel::HeldFromOutside() const {

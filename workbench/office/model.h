@@ -9,7 +9,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "workbench/office/value.h"
@@ -95,9 +94,7 @@ class CModel {
 
   // Figures since the start or the last reset.
   uint64_t TotalCalls() const noexcept { return m_totalCalls; }
-  std::map<std::string, uint64_t> CallsByMember() const;
   double MicrosecondsInModel() const noexcept;  // without the time spent in sinks and hooks
-  double MicrosecondsInSinks() const noexcept;
   void ResetFigures();
 
   // Accounting. Order of creation, so that a report is the same each time.
@@ -159,11 +156,9 @@ class CModel {
   std::exception_ptr m_hookFailure;
   Observer m_observer;
   uint64_t m_totalCalls = 0;
-  std::unordered_map<const CallSite*, uint64_t> m_calls;
   Side m_side = Side::Outside;
   int64_t m_sideSince = 0;
   int64_t m_ticksInside = 0;
-  int64_t m_ticksInSinks = 0;
   std::vector<std::string> m_misuses;
 };
 

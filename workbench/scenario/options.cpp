@@ -22,6 +22,7 @@ const char kUsage[] =
     "logs\n"
     "  --story           tells only what the scenario says and shows\n"
     "  --quiet           tells only failures\n"
+    "  --calls           tells what the add-in calls of Outlook and what Outlook tells it\n"
     "  --addin PROGID    which add-in, if several are registered\n"
     "  --contacts FILE   vCard file with the contacts, without a scenario\n"
     "  --data FOLDER     application-data folder, kept; else a fresh one, removed afterwards\n"
@@ -96,6 +97,8 @@ class COptionReader {
       m_options.telling = Options::Telling::Story;
     } else if (option == "--quiet") {
       m_options.telling = Options::Telling::FailuresOnly;
+    } else if (option == "--calls") {
+      m_options.calls = true;
     } else if (option == "--addin") {
       m_options.addIn = Value(option);
     } else if (option == "--contacts") {

@@ -13,6 +13,7 @@ struct Options {
 
   Task task = Task::Interactive;
   Telling telling = Telling::Everything;
+  bool calls = false;        // tells every call of the object model and every event, too
   int outlookVersion = 0;    // 0: the one that suits the bitness
   std::string file;          // of a scenario or a diagnostic log
   std::string addIn;         // ProgID; empty: the only one registered
