@@ -33,8 +33,9 @@ const wchar_t* TabOf(ItemType type, bool calendarAsTable) {
 
 }  // namespace
 
-COfficeFace::COfficeFace(int version, std::function<void(const std::string&)> askRibbon)
-    : m_version(version), m_askRibbon(std::move(askRibbon)) {}
+COfficeFace::COfficeFace(int version, bool painted,
+                         std::function<void(const std::string&)> askRibbon)
+    : m_version(version), m_painted(painted), m_askRibbon(std::move(askRibbon)) {}
 
 COfficeFace::~COfficeFace() = default;
 
@@ -93,6 +94,7 @@ COfficeFace::PartsPtr COfficeFace::PartsOf(CExplorer& explorer) {
   if (PartsPtr known = FindKnown(explorer)) return known;
   PartsPtr parts = Add(explorer, true);
   OutlookWindowOptions options;
+  options.window.painted = m_painted;
   options.skin = m_version < kFirstExplorerRibbon ? Skin::Toolbars : Skin::Ribbon;
   parts->window = std::make_unique<COutlookWindow>(*m_session, explorer, *parts->bars, options);
   parts->window->SetPanel(m_panel);
@@ -103,6 +105,7 @@ COfficeFace::PartsPtr COfficeFace::PartsOf(CInspector& inspector) {
   if (PartsPtr known = FindKnown(inspector)) return known;
   PartsPtr parts = Add(inspector, false);
   OutlookWindowOptions options;
+  options.window.painted = m_painted;
   options.skin = m_version < kFirstInspectorRibbon ? Skin::Toolbars : Skin::Ribbon;
   parts->window = std::make_unique<COutlookWindow>(*m_session, inspector, *parts->bars, options);
   return parts;

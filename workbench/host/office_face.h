@@ -18,8 +18,9 @@ namespace quor::workbench {
 class COfficeFace final : public IOutlookFace {
  public:
   // `askRibbon` is called when a window is about to show a ribbon that the add-in was not asked
-  // for.
-  COfficeFace(int version, std::function<void(const std::string& ribbonId)> askRibbon);
+  // for. Windows that are not `painted` cost nothing to change and stay blank on the screen.
+  COfficeFace(int version, bool painted,
+              std::function<void(const std::string& ribbonId)> askRibbon);
   ~COfficeFace();
   COfficeFace(const COfficeFace&) = delete;
   COfficeFace& operator=(const COfficeFace&) = delete;
@@ -92,6 +93,7 @@ class COfficeFace final : public IOutlookFace {
   void Close(CWindowObject& window);
 
   int m_version;
+  bool m_painted;
   CSession* m_session = nullptr;
   IBasePanel* m_panel = nullptr;
   std::function<void(const std::string&)> m_askRibbon;

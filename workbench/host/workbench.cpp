@@ -55,7 +55,7 @@ std::string LineOf(const CallRecord& record) {
 CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
     : m_addIn(FindRegisteredAddIn(WideFromUtf8(options.addIn))),
       m_data(WideFromUtf8(options.dataFolder)),
-      m_face(options.outlookVersion,
+      m_face(options.outlookVersion, options.painted,
              [this](const std::string& ribbonId) {
                std::optional<std::string> document;
                if (m_host.IsLoaded()) m_host.CustomUi(ribbonId, document);

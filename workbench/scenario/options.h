@@ -20,6 +20,7 @@ struct Options {
   std::string dataFolder;    // empty: a fresh one, removed afterwards
   std::string contactsFile;  // of an interactive session
   std::string pictureFolder = ".";
+  bool painted = true;       // Outlook's own windows, on the screen
   unsigned stuckAfter = 60;  // seconds
   unsigned sweepFrom = 1;    // the first call that a sweep makes fail
 };

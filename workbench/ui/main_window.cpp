@@ -112,7 +112,7 @@ void CMainWindow::Paint() {
   try {
     const SceneOptions scene = Scene(false);
     const WindowFace face = m_content.Face();
-    if (!life.expired() && scene.width > 0 && scene.height > 0) {
+    if (m_options.painted && !life.expired() && scene.width > 0 && scene.height > 0) {
       CCanvas canvas(scene.width, scene.height, m_options.scale);
       m_hits = PaintWindow(canvas, face, scene);
       BitBlt(context, 0, 0, canvas.PixelWidth(), canvas.PixelHeight(), canvas.Context(), 0, 0,

@@ -18,6 +18,7 @@ struct WindowOptions {
   int scale = 100;   // per cent: 100, 150, 200
   int width = 1180;  // of the client area, pixels at 100 %
   int height = 700;
+  bool painted = true;  // false: the screen shows nothing, pictures are drawn all the same
 };
 
 // A window of the stand-in Outlook, of class rctrl_renwnd32, explorer or inspector. Draws what its
