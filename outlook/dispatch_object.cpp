@@ -31,21 +31,25 @@ DISPID CMemberId::Resolve(IDispatch& object, REFIID iid) {
   return m_id;
 }
 
-CText::CText(_variant_t value) {
-  VARIANT taken = value.Detach();
-  m_value.Attach(taken);
-  const VARTYPE type = V_VT(&m_value);
-  if (type == VT_NULL) m_value.Clear();
-  if (type != VT_BSTR && type != VT_EMPTY && type != VT_NULL) m_value.ChangeType(VT_BSTR);
+CText::CText(VARIANT& value) {
+  if (V_VT(&value) == VT_EMPTY || V_VT(&value) == VT_NULL) return;
+  if (V_VT(&value) != VT_BSTR) {
+    const HRESULT result = VariantChangeType(&value, &value, 0, VT_BSTR);
+    if (FAILED(result)) {
+      VariantClear(&value);
+      _com_issue_error(result);
+    }
+  }
+  m_text = V_BSTR(&value);
 }
 
 std::wstring_view CText::View() const noexcept {
-  if (V_VT(&m_value) != VT_BSTR || V_BSTR(&m_value) == nullptr) return {};
-  return {V_BSTR(&m_value), SysStringLen(V_BSTR(&m_value))};
+  if (m_text == nullptr) return {};
+  return {m_text, SysStringLen(m_text)};
 }
 
-_variant_t CDispatchObject::Invoke(CMemberId& member, WORD flags,
-                                   std::span<const VARIANT> arguments) const {
+void CDispatchObject::InvokeInto(VARIANT* value, CMemberId& member, WORD flags,
+                                 std::span<const VARIANT> arguments) const {
   if (m_object == nullptr) _com_issue_error(E_POINTER);
   // Our own reference: the owner of this wrapper may let go of it while the call pumps messages.
   const IDispatchPtr object = m_object;
@@ -57,16 +61,22 @@ _variant_t CDispatchObject::Invoke(CMemberId& member, WORD flags,
   std::reverse_copy(arguments.begin(), arguments.end(), reversed);
   DISPPARAMS parameters = {reversed, nullptr, static_cast<UINT>(arguments.size()), 0};
   DISPID putId = DISPID_PROPERTYPUT;
-  const bool put = (flags & DISPATCH_PROPERTYPUT) != 0;
-  if (put) {
+  if ((flags & DISPATCH_PROPERTYPUT) != 0) {
     parameters.rgdispidNamedArgs = &putId;
     parameters.cNamedArgs = 1;
   }
-  _variant_t value;
   EXCEPINFO exception = {};
   const HRESULT result = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                                        put ? nullptr : &value, &exception, nullptr);
-  if (FAILED(result)) _com_issue_errorex(FailureFrom(result, exception), object, *m_iid);
+                                        value, &exception, nullptr);
+  if (SUCCEEDED(result)) return;
+  if (value != nullptr) VariantClear(value);
+  _com_issue_errorex(FailureFrom(result, exception), object, *m_iid);
+}
+
+_variant_t CDispatchObject::Invoke(CMemberId& member, WORD flags,
+                                   std::span<const VARIANT> arguments) const {
+  _variant_t value;
+  InvokeInto(&value, member, flags, arguments);
   return value;
 }
 
@@ -80,8 +90,14 @@ _variant_t CDispatchObject::GetIndexed(CMemberId& member, const _variant_t& inde
 }
 
 void CDispatchObject::PutProperty(CMemberId& member, const _variant_t& value) const {
-  Invoke(member, DISPATCH_PROPERTYPUT,
-         std::span<const VARIANT>(static_cast<const VARIANT*>(&value), 1));
+  InvokeInto(nullptr, member, DISPATCH_PROPERTYPUT,
+             std::span<const VARIANT>(static_cast<const VARIANT*>(&value), 1));
+}
+
+CText CDispatchObject::GetText(CMemberId& member) const {
+  VARIANT value = {};
+  InvokeInto(&value, member, DISPATCH_PROPERTYGET, std::span<const VARIANT>());
+  return CText(value);
 }
 
 int32_t CDispatchObject::GetLong(CMemberId& member) const {

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "outlook/com_pointers.h"
 
@@ -36,15 +37,17 @@ class CMemberId {
 // A text in Outlook's own string, for those who read many: no copy is made unless one is asked for.
 class CText {
  public:
-  CText() = default;
-  // Takes the string over; throws _com_error if the value is none and cannot be made one.
-  explicit CText(_variant_t value);
+  // Takes the value over; throws _com_error if it is no string and cannot be made one.
+  explicit CText(VARIANT& value);
+  CText(CText&& other) noexcept : m_text(std::exchange(other.m_text, nullptr)) {}
+  CText& operator=(CText&&) = delete;
+  ~CText() { SysFreeString(m_text); }
 
   std::wstring_view View() const noexcept;  // valid as long as the text
   operator std::wstring() const { return std::wstring(View()); }
 
  private:
-  _variant_t m_value;
+  BSTR m_text = nullptr;
 };
 
 // A counted reference to an object of Outlook's or Office's, called late-bound. The typed wrappers
@@ -79,7 +82,7 @@ class CDispatchObject {
   // A property that takes arguments, such as an index.
   _variant_t GetIndexed(CMemberId& member, const _variant_t& index) const;
 
-  CText GetText(CMemberId& member) const { return CText(GetProperty(member)); }
+  CText GetText(CMemberId& member) const;
   int32_t GetLong(CMemberId& member) const;
   bool GetBool(CMemberId& member) const;
   void PutText(CMemberId& member, std::wstring_view value) const;
@@ -91,6 +94,9 @@ class CDispatchObject {
 
  private:
   _variant_t Invoke(CMemberId& member, WORD flags, std::span<const VARIANT> arguments) const;
+  // Into an empty value; null for a call that has no result.
+  void InvokeInto(VARIANT* value, CMemberId& member, WORD flags,
+                  std::span<const VARIANT> arguments) const;
 
   IDispatchPtr m_object;
   const IID* m_iid = &IID_IDispatch;

@@ -1,5 +1,7 @@
 #include <windows.h>
 
+#include <algorithm>
+
 #include "text/ansi.h"
 
 namespace quor {
@@ -7,6 +9,15 @@ namespace {
 
 // Names and numbers are nearly always shorter: they are converted in one go.
 constexpr size_t kShortLength = 64;
+
+// ASCII is the same in every ANSI code page.
+bool IsAscii(std::wstring_view text) noexcept {
+  unsigned bits = 0;
+  for (const wchar_t character : text) {
+    bits |= character;
+  }
+  return bits < 0x80;
+}
 
 }  // namespace
 
@@ -17,6 +28,12 @@ std::string AnsiFromWide(std::wstring_view text) {
 }
 
 void AnsiFromWide(std::wstring_view text, std::string& result) {
+  if (IsAscii(text)) {
+    result.resize(text.size());
+    std::transform(text.begin(), text.end(), result.begin(),
+                   [](wchar_t character) { return static_cast<char>(character); });
+    return;
+  }
   const int length = static_cast<int>(text.size());
   // No code page takes more than four bytes for a UTF-16 unit.
   char shortText[4 * kShortLength];

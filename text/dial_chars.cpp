@@ -1,23 +1,41 @@
 #include "text/dial_chars.h"
 
 #include <algorithm>
-#include <iterator>
+#include <array>
 #include <utility>
 
 namespace quor {
+namespace {
+
+constexpr std::array<bool, 256> MakeDialCharTable() {
+  std::array<bool, 256> table{};
+  for (const char character : std::string_view("0123456789#*FfPp")) {
+    table[static_cast<unsigned char>(character)] = true;
+  }
+  return table;
+}
+
+constexpr std::array<bool, 256> kDialChars = MakeDialCharTable();
+
+}  // namespace
 
 bool IsPauseChar(char character) noexcept {
   return character == 'F' || character == 'f' || character == 'P' || character == 'p';
 }
 
 bool IsDialChar(char character) noexcept {
-  return (character >= '0' && character <= '9') || character == '#' || character == '*' ||
-         IsPauseChar(character);
+  return kDialChars[static_cast<unsigned char>(character)];
 }
 
 std::string FilterDialChars(std::string& source) {
   std::string result = std::exchange(source, std::string());
-  std::erase_if(result, [](char character) { return !IsDialChar(character); });
+  // Without a branch that nobody could foresee: written numbers have their gaps anywhere.
+  size_t kept = 0;
+  for (const char character : result) {
+    result[kept] = character;
+    kept += IsDialChar(character) ? 1U : 0U;
+  }
+  result.resize(kept);
   return result;
 }
 
