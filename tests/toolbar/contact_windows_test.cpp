@@ -111,7 +111,7 @@ class ContactWindows : public testing::Test, protected IFaceSource, protected IL
   CDiagnosticLog m_log{*this};
   CNotedContactActions m_actions;
   CBarsFace m_face;
-  workbench::COutlook m_outlook{{.version = kVersion, .mailbox = {}}, m_face};
+  workbench::COutlook m_outlook{{.version = kVersion}, m_face};
   COutlookApplication m_application{IDispatchPtr(m_outlook.Application())};
   CContactWindows m_windows{*this, m_actions, m_resources, m_configuration.contactToolBar, m_log};
   CEventConnection m_newInspector{m_log, "new inspector"};

@@ -26,19 +26,22 @@ void CFigureStage::Time(TimeOf figure, const std::function<void()>& action) {
 void CFigureStage::Measure(WorkOf figure, const std::function<void()>& action) {
   const uint64_t calls = m_model.TotalCalls();
   const double inModel = m_model.MicrosecondsInModel();
+  const double inWindows = CModuleMeter::SoFar().windows;
   const double whole = MillisecondsOf(action) * 1000;
   const double inside = m_model.MicrosecondsInModel() - inModel;
+  const double windows = (CModuleMeter::SoFar().windows - inWindows) * 1000;
   Figures::Work& work = (m_figures.*figure).emplace((m_figures.*figure).value_or(Figures::Work()));
   work.calls += m_model.TotalCalls() - calls;
   work.microsecondsInModel += inside;
-  work.microsecondsInAddIn += whole - inside;
+  work.microsecondsInWindows += windows;
+  work.microsecondsInAddIn += whole - inside - windows;
 }
 
 void CFigureStage::TimeCaller(const std::function<void()>& tick,
                               const std::function<bool()>& handleMessage,
                               const std::function<bool()>& appears) {
   Figures::Caller caller;
-  CModuleMeter::TakeTimes();
+  const CModuleMeter::Times before = CModuleMeter::SoFar();
   const double inModel = m_model.MicrosecondsInModel();
   caller.milliseconds = MillisecondsOf(tick);
   bool more = true;
@@ -48,9 +51,9 @@ void CFigureStage::TimeCaller(const std::function<void()>& tick,
     if (more) ++caller.messages;
     shown = appears();
   }
-  const CModuleMeter::Times times = CModuleMeter::TakeTimes();
-  caller.savingMilliseconds = times.saving;
-  caller.windowMilliseconds = times.windows;
+  const CModuleMeter::Times after = CModuleMeter::SoFar();
+  caller.savingMilliseconds = after.saving - before.saving;
+  caller.windowMilliseconds = after.windows - before.windows;
   caller.outlookMilliseconds = (m_model.MicrosecondsInModel() - inModel) / 1000;
   if (shown) m_figures.callers.push_back(caller);
   while (handleMessage()) {

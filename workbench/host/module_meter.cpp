@@ -28,9 +28,14 @@ enum Index {
   kStrdup,
   kClsidFromProgId,
   kMoveFileExA,
+  kMonitorFromWindow,
+  kGetMonitorInfo,
+  kSetWindowPos,
   kShowWindow,
   kRedrawWindow,
   kSetForegroundWindow,
+  kPeekMessage,
+  kDispatchMessage,
   kCount
 };
 
@@ -92,10 +97,10 @@ BOOL WINAPI MoveFileReplacement(LPCSTR from, LPCSTR to, DWORD flags) {
   return moved;
 }
 
-template <Index index, typename... Arguments>
-BOOL WINAPI WindowReplacement(Arguments... arguments) {
+template <Index index, typename Result, typename... Arguments>
+Result WINAPI WindowReplacement(Arguments... arguments) {
   const Clock::time_point since = Clock::now();
-  const BOOL result = Original<BOOL WINAPI(Arguments...)>(index)(arguments...);
+  const Result result = Original<Result WINAPI(Arguments...)>(index)(arguments...);
   g_times.windows += MillisecondsSince(since);
   return result;
 }
@@ -108,9 +113,15 @@ std::array<Import, kCount> g_imports = {{
     {"_strdup", AsProc(Strdup)},
     {"CLSIDFromProgID", AsProc(ClassFromProgId)},
     {"MoveFileExA", AsProc(MoveFileReplacement)},
-    {"ShowWindow", AsProc(WindowReplacement<kShowWindow, HWND, int>)},
-    {"RedrawWindow", AsProc(WindowReplacement<kRedrawWindow, HWND, const RECT*, HRGN, UINT>)},
-    {"SetForegroundWindow", AsProc(WindowReplacement<kSetForegroundWindow, HWND>)},
+    {"MonitorFromWindow", AsProc(WindowReplacement<kMonitorFromWindow, HMONITOR, HWND, DWORD>)},
+    {"GetMonitorInfoW", AsProc(WindowReplacement<kGetMonitorInfo, BOOL, HMONITOR, LPMONITORINFO>)},
+    {"SetWindowPos",
+     AsProc(WindowReplacement<kSetWindowPos, BOOL, HWND, HWND, int, int, int, int, UINT>)},
+    {"ShowWindow", AsProc(WindowReplacement<kShowWindow, BOOL, HWND, int>)},
+    {"RedrawWindow", AsProc(WindowReplacement<kRedrawWindow, BOOL, HWND, const RECT*, HRGN, UINT>)},
+    {"SetForegroundWindow", AsProc(WindowReplacement<kSetForegroundWindow, BOOL, HWND>)},
+    {"PeekMessageW", AsProc(WindowReplacement<kPeekMessage, BOOL, LPMSG, HWND, UINT, UINT, UINT>)},
+    {"DispatchMessageW", AsProc(WindowReplacement<kDispatchMessage, LRESULT, const MSG*>)},
 }};
 
 }  // namespace
@@ -137,8 +148,8 @@ int64_t CModuleMeter::Blocks() {
   return g_blocks;
 }
 
-CModuleMeter::Times CModuleMeter::TakeTimes() {
-  return std::exchange(g_times, {});
+CModuleMeter::Times CModuleMeter::SoFar() {
+  return g_times;
 }
 
 }  // namespace quor::workbench

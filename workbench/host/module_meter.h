@@ -21,13 +21,14 @@ class CModuleMeter {
 
   // Memory blocks that the module has allocated since Watch and not freed.
   static int64_t Blocks();
-  // Milliseconds since the last call. Saving: from asking for a document to write to the new file
-  // in the place of the old one. Windows: in showing, drawing and activating its own.
+  // Milliseconds since Watch. Saving: from asking for a document to write to the new file in the
+  // place of the old one. Windows: in placing, showing, drawing and activating its own, and in
+  // letting those of the thread paint while it is busy.
   struct Times {
     double saving = 0;
     double windows = 0;
   };
-  static Times TakeTimes();
+  static Times SoFar();
 };
 
 }  // namespace quor::workbench

@@ -27,6 +27,18 @@ void CheckCards(const std::vector<CardError>& errors) {
 
 }  // namespace
 
+void COutlookStage::AddStore(const std::string& name) {
+  m_outlook.Session().Mailbox().AddSecondaryStore(WideFromUtf8(name));
+}
+
+void COutlookStage::SetEntryIds(const EntryIds& style) {
+  constexpr size_t kShort = 48;
+  constexpr size_t kLong = 140;
+  m_outlook.Session().Mailbox().SetEntryIdStyle({.newOnMove = style.isChanging,
+                                                 .lowerCase = style.isLower,
+                                                 .digits = style.isLong ? kLong : kShort});
+}
+
 void COutlookStage::LoadContacts(const std::string& vcardFile) {
   const std::optional<std::string> text = ReadWholeFile(WideFromUtf8(vcardFile));
   if (!text) throw CScenarioError("no such file: " + vcardFile);

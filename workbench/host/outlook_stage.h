@@ -14,6 +14,8 @@ class COutlookStage final : public IOutlookStage {
       : m_outlook(outlook), m_figures(figures) {}
 
   int Version() override { return m_outlook.Version(); }
+  void AddStore(const std::string& name) override;
+  void SetEntryIds(const EntryIds& style) override;
   void LoadContacts(const std::string& vcardFile) override;
   void ChangeContact(const std::string& contact, const std::string& property,
                      const std::string& value) override;
@@ -29,6 +31,7 @@ class COutlookStage final : public IOutlookStage {
   void NewExplorer() override;
   void CloseExplorer() override;
   void FireQuit() override;
+  void SetPace(unsigned microseconds) override { m_outlook.Model().SetPace(microseconds); }
   void FailMember(const std::string& member, const FailingCalls& calls) override;
   void HealMembers() override;
   void DuringMember(const std::string& member, unsigned nth, std::function<void()> action) override;

@@ -70,26 +70,8 @@ void CFieldSet::Set(int32_t id, std::wstring text) {
   m_fields.emplace_back(id, std::move(text));
 }
 
-CMailbox::CMailbox(const MailboxOptions& options, int version) : m_options(options) {
-  AddStore(L"Personal Folders", '1', version);
-}
-
-Store& CMailbox::AddStore(std::wstring name, char tag, int version) {
-  const bool first = m_stores.empty();
-  m_stores.push_back(std::make_unique<Store>());
-  Store& store = *m_stores.back();
-  store.uid = L"5A3C9E10D27B4F68A1B0C4D5E6F7080" + std::wstring(1, static_cast<wchar_t>(tag));
-  store.storeId = L"0000000038A1BB1005E5101AA1BB08002B2A56C2" + store.uid;
-  store.top = std::make_unique<FolderNode>();
-  store.top->name = std::move(name);
-  store.top->store = &store;
-  store.top->entryId = NewEntryId(store);
-  m_foldersById[Key(store.top->entryId)] = store.top.get();
-  store.deletedItems = &AddDefault(store, 3, L"Deleted Items", ItemType::Mail);
-  if (!first) {
-    store.contacts = &AddDefault(store, 10, L"Contacts", ItemType::Contact);
-    return store;
-  }
+CMailbox::CMailbox(int version) {
+  Store& store = AddStore(L"Personal Folders");
   AddDefault(store, 6, L"Inbox", ItemType::Mail);
   AddDefault(store, 4, L"Outbox", ItemType::Mail);
   AddDefault(store, 5, L"Sent Items", ItemType::Mail);
@@ -101,6 +83,24 @@ Store& CMailbox::AddStore(std::wstring name, char tag, int version) {
   AddDefault(store, 16, L"Drafts", ItemType::Mail);
   AddDefault(store, 23, L"Junk E-mail", ItemType::Mail);
   if (version >= 12) AddDefault(store, 25, L"RSS Feeds", ItemType::Mail);
+}
+
+void CMailbox::AddSecondaryStore(std::wstring name) {
+  Store& store = AddStore(std::move(name));
+  store.contacts = &AddDefault(store, 10, L"Contacts", ItemType::Contact);
+}
+
+Store& CMailbox::AddStore(std::wstring name) {
+  m_stores.push_back(std::make_unique<Store>());
+  Store& store = *m_stores.back();
+  store.uid = L"5A3C9E10D27B4F68A1B0C4D5E6F708" + Hex(static_cast<uint32_t>(m_stores.size()), 2);
+  store.storeId = L"0000000038A1BB1005E5101AA1BB08002B2A56C2" + store.uid;
+  store.top = std::make_unique<FolderNode>();
+  store.top->name = std::move(name);
+  store.top->store = &store;
+  store.top->entryId = NewEntryId(store);
+  m_foldersById[Key(store.top->entryId)] = store.top.get();
+  store.deletedItems = &AddDefault(store, 3, L"Deleted Items", ItemType::Mail);
   return store;
 }
 
@@ -121,10 +121,10 @@ std::wstring CMailbox::Key(std::wstring_view entryId) {
 // Flags, the store's unique id, the number of the node: the layout of a personal folders file.
 std::wstring CMailbox::NewEntryId(Store& store) {
   std::wstring id = L"00000000" + store.uid + Hex(store.lastNode += 0x20, 8);
-  while (id.size() < m_options.entryIdDigits) {
-    id.insert(40, std::min<size_t>(m_options.entryIdDigits - id.size(), 2), L'0');
+  while (id.size() < m_entryIdStyle.digits) {
+    id.insert(40, std::min<size_t>(m_entryIdStyle.digits - id.size(), 2), L'0');
   }
-  if (m_options.lowerCaseEntryIds) {
+  if (m_entryIdStyle.lowerCase) {
     for (wchar_t& digit : id) {
       if (digit >= L'A' && digit <= L'F') digit = static_cast<wchar_t>(digit - L'A' + L'a');
     }
@@ -217,7 +217,7 @@ void CMailbox::MoveFolder(FolderNode& folder, FolderNode& parent) {
   siblings.erase(place);
   folder.parent = &parent;
   parent.folders.push_back(std::move(moved));
-  if (folder.store != parent.store || m_options.newEntryIdOnMove) {
+  if (folder.store != parent.store || m_entryIdStyle.newOnMove) {
     ForgetIds(folder);
     EnterIds(folder, *parent.store);
   }
@@ -277,7 +277,7 @@ void CMailbox::Detach(StoredItem& item) {
 void CMailbox::MoveItem(const StoredItemPtr& item, FolderNode& folder) {
   const Store* before = item->folder != nullptr ? item->folder->store : nullptr;
   Detach(*item);
-  if (before != folder.store || m_options.newEntryIdOnMove) item->entryId.clear();
+  if (before != folder.store || m_entryIdStyle.newOnMove) item->entryId.clear();
   InsertItem(folder, item);
 }
 

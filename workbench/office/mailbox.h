@@ -86,17 +86,22 @@ struct Store {
   uint32_t lastNode = 0x20;
 };
 
-struct MailboxOptions {
-  bool newEntryIdOnMove = false;  // also within a store, as some store providers do
-  bool lowerCaseEntryIds = false;
-  size_t entryIdDigits = 48;  // at least 48; 140 looks like Exchange
+struct EntryIdStyle {
+  bool newOnMove = false;  // also within a store, as some store providers do
+  bool lowerCase = false;
+  size_t digits = 48;  // at least 48; 140 looks like Exchange
 };
 
 // The stores with their folders and items: plain data, no events. Every id is a matter of counting,
 // so the same book loaded twice has the same ids.
 class CMailbox {
  public:
-  explicit CMailbox(const MailboxOptions& options, int version);
+  explicit CMailbox(int version);
+
+  // Of those that are given from now on.
+  void SetEntryIdStyle(const EntryIdStyle& style) noexcept { m_entryIdStyle = style; }
+  // Has a Contacts and a Deleted Items folder of its own.
+  void AddSecondaryStore(std::wstring name);
 
   std::vector<std::unique_ptr<Store>>& Stores() noexcept { return m_stores; }
   const std::vector<std::unique_ptr<Store>>& Stores() const noexcept { return m_stores; }
@@ -126,7 +131,7 @@ class CMailbox {
   static bool IsBelow(const FolderNode& folder, const FolderNode& ancestor) noexcept;
 
  private:
-  Store& AddStore(std::wstring name, char tag, int version);
+  Store& AddStore(std::wstring name);
   FolderNode& AddDefault(Store& store, long id, const wchar_t* name, ItemType type);
   std::wstring NewEntryId(Store& store);
   void Detach(StoredItem& item);
@@ -134,7 +139,7 @@ class CMailbox {
   void EnterIds(FolderNode& folder, Store& store);
   static std::wstring Key(std::wstring_view entryId);
 
-  const MailboxOptions m_options;
+  EntryIdStyle m_entryIdStyle;
   std::vector<std::unique_ptr<Store>> m_stores;
   std::vector<std::pair<long, FolderNode*>> m_defaults;
   std::unordered_map<std::wstring, FolderNode*> m_foldersById;

@@ -29,12 +29,12 @@ struct Moment {
 
 const Moment g_start;
 
-double Microseconds(int64_t ticks) noexcept {
+double MicrosecondsPerTick() noexcept {
   LARGE_INTEGER frequency;
   QueryPerformanceFrequency(&frequency);
   const Moment now;
   const auto elapsed = static_cast<double>(now.counter - g_start.counter);
-  return static_cast<double>(ticks) * elapsed * 1e6 /
+  return elapsed * 1e6 /
          (static_cast<double>(now.ticks - g_start.ticks) * static_cast<double>(frequency.QuadPart));
 }
 
@@ -103,8 +103,16 @@ void CModel::WithdrawAll() {
   m_triggers.clear();
 }
 
+void CModel::SetPace(unsigned microseconds) noexcept {
+  m_dwellTicks = static_cast<int64_t>(microseconds / MicrosecondsPerTick());
+}
+
 std::optional<HRESULT> CModel::Enter(const CallSite& site) {
   ++m_totalCalls;
+  if (m_dwellTicks != 0) {
+    for (const int64_t since = Ticks(); Ticks() - since < m_dwellTicks;) {
+    }
+  }
   if (m_triggers.empty()) return std::nullopt;
 
   std::optional<HRESULT> answer;
@@ -153,7 +161,7 @@ CModel::Side CModel::SwitchSide(Side side) noexcept {
 }
 
 double CModel::MicrosecondsInModel() const noexcept {
-  return Microseconds(m_ticksInside);
+  return static_cast<double>(m_ticksInside) * MicrosecondsPerTick();
 }
 
 void CModel::ResetFigures() {

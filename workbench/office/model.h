@@ -92,6 +92,9 @@ class CModel {
   using Observer = std::function<void(const CallRecord&)>;
   void SetObserver(Observer observer) { m_observer = std::move(observer); }  // empty: none
 
+  // Each call takes so many microseconds more from now on.
+  void SetPace(unsigned microseconds) noexcept;
+
   // Figures since the start or the last reset.
   uint64_t TotalCalls() const noexcept { return m_totalCalls; }
   double MicrosecondsInModel() const noexcept;  // without the time spent in sinks and hooks
@@ -158,6 +161,7 @@ class CModel {
   uint64_t m_totalCalls = 0;
   Side m_side = Side::Outside;
   int64_t m_sideSince = 0;
+  int64_t m_dwellTicks = 0;  // in each call, for the pace
   int64_t m_ticksInside = 0;
   std::vector<std::string> m_misuses;
 };

@@ -33,7 +33,7 @@ CSession::CSession(CModel& model, const SessionOptions& options, IOutlookFace& f
     : m_model(model),
       m_face(face),
       m_options(options),
-      m_mailbox(options.mailbox, options.version),
+      m_mailbox(options.version),
       m_application(MakeObject<CApplication>(*this)),
       m_nameSpace(MakeObject<CNameSpace>(*this)),
       m_explorers(MakeObject<CExplorers>(*this)),

@@ -46,7 +46,6 @@ class CNoFace final : public IOutlookFace {};
 
 struct SessionOptions {
   int version = 16;  // 9 to 16
-  MailboxOptions mailbox;
   int itemChangeRepeats = 1;        // ItemChange so many times for one edit
   bool itemChangeAfterAdd = false;  // ItemChange after ItemAdd for a new item
 };

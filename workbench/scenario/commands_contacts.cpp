@@ -8,6 +8,24 @@ namespace quor::workbench {
 
 namespace {
 
+void AddStore(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.AddStore(arguments.Text(0));
+}
+
+void SetEntryIds(CRun& run, const CCommandArguments& arguments) {
+  EntryIds style;
+  for (size_t i = 0; i < arguments.Count(); ++i) {
+    const std::string& word = arguments.Text(i);
+    if (word != "lower" && word != "long" && word != "changing") {
+      throw CScenarioError("entry ids are lower, long or changing, not " + word);
+    }
+    style.isLower |= word == "lower";
+    style.isLong |= word == "long";
+    style.isChanging |= word == "changing";
+  }
+  run.stage.outlook.SetEntryIds(style);
+}
+
 void Add(CRun& run, const CCommandArguments& arguments) {
   run.stage.outlook.AddContact(arguments.Count() ? arguments.Text(0) : std::string(),
                                arguments.BlockText());
@@ -78,6 +96,14 @@ constexpr Command kCommands[] = {
     {"delete contact", "NAME", "Moves the contact to Deleted Items.", 1, 1, Block::None, Delete},
     {"move contact", "NAME FOLDER", "Moves the contact to another folder.", 2, 2, Block::None,
      Move},
+    {"add store", "NAME",
+     "Another message store, with a Contacts and a Deleted Items folder of its own: NAME/Contacts. "
+     "Before Outlook starts.",
+     1, 1, Block::None, AddStore},
+    {"entry ids", "[lower] [long] [changing]",
+     "Those that are given from now on have lower-case digits, or 140 of them, or are given anew "
+     "when an item is moved, as some stores have it.",
+     0, 3, Block::None, SetEntryIds},
     {"add folder", "PATH", "Makes a contacts folder, by path from the top: Contacts/Customers.", 1,
      1, Block::None, AddFolder},
     {"delete folder", "PATH", "Moves a folder to Deleted Items.", 1, 1, Block::None, DeleteFolder},

@@ -229,6 +229,7 @@ std::string WorkLine(const char* name, const std::optional<Figures::Work>& work)
   if (!work) return {};
   return std::string(name) + ": " + std::to_string(work->calls) + " calls of the object model, " +
          OneDecimal(work->microsecondsInModel) + " us inside it, " +
+         OneDecimal(work->microsecondsInWindows) + " us in the system's windows, " +
          OneDecimal(work->microsecondsInAddIn) + " us in the add-in\n";
 }
 

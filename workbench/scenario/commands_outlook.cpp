@@ -157,6 +157,11 @@ FailingCalls FailingCallsFromWords(const CCommandArguments& arguments, size_t fr
   return fault;
 }
 
+void SetPace(CRun& run, const CCommandArguments& arguments) {
+  constexpr int kSlowest = 1'000'000;
+  run.stage.outlook.SetPace(static_cast<unsigned>(arguments.Number(0, 0, kSlowest)));
+}
+
 void FailMember(CRun& run, const CCommandArguments& arguments) {
   const std::string& member = arguments.Text(0);
   run.stage.outlook.FailMember(member == "any" ? std::string() : member,
@@ -227,6 +232,10 @@ constexpr Command kCommands[] = {
     {"expect result", "RESULT",
      "What the last call on the add-in returned: S_OK, S_FALSE, 0x80040202.", 1, 1, Block::None,
      ExpectResult},
+    {"pace", "MICROSECONDS",
+     "From now on each call of the object model takes so much longer, as one does that asks a "
+     "message store.",
+     1, 1, Block::None, SetPace},
     {"fail member", "NAME|any [call N|N-M|N-] [status HRESULT]",
      "Makes calls of one member of the object model fail, Folders.Count say, or of any; calls "
      "count "

@@ -131,9 +131,18 @@ class IScreenStage {
   ~IScreenStage() = default;
 };
 
+// What the entry IDs look like that are given from now on, and whether a move changes them.
+struct EntryIds {
+  bool isLower = false;
+  bool isLong = false;
+  bool isChanging = false;
+};
+
 class IOutlookStage {
  public:
   virtual int Version() = 0;
+  virtual void AddStore(const std::string& name) = 0;
+  virtual void SetEntryIds(const EntryIds& style) = 0;
   virtual void LoadContacts(const std::string& vcardFile) = 0;
   virtual void ChangeContact(const std::string& contact, const std::string& property,
                              const std::string& value) = 0;
@@ -149,6 +158,7 @@ class IOutlookStage {
   virtual void NewExplorer() = 0;
   virtual void CloseExplorer() = 0;
   virtual void FireQuit() = 0;
+  virtual void SetPace(unsigned microseconds) = 0;  // what each call of a member takes more
   // Calls of one member, "Folders.Count" say; of every one if the name is empty.
   virtual void FailMember(const std::string& member, const FailingCalls& fault) = 0;
   virtual void HealMembers() = 0;
@@ -253,6 +263,7 @@ struct Figures {
   struct Work {
     uint64_t calls = 0;
     double microsecondsInModel = 0;
+    double microsecondsInWindows = 0;  // the system's, in showing and painting them
     double microsecondsInAddIn = 0;
   };
   // One call: from the tick that reads its caller ID to the window that shows it.

@@ -101,19 +101,5 @@ TEST_F(CObjectModelTest, AnInspectorComesUpInOutlooksOrder) {
   EXPECT_EQ(CRemote::lastCode, DISP_E_EXCEPTION);
 }
 
-TEST_F(CObjectModelTest, EntryIdsFollowTheChosenStyle) {
-  SessionOptions options;
-  options.mailbox.entryIdDigits = 140;
-  options.mailbox.lowerCaseEntryIds = true;
-  options.mailbox.newEntryIdOnMove = true;
-  Start(options);
-  const CRemote contact = Contacts().Object(L"Items").Object(L"Item", {CValue(1)});
-  const std::wstring id = contact.Text(L"EntryID");
-  EXPECT_EQ(id.size(), 140u);
-  EXPECT_EQ(id.find_first_of(L"ABCDEF"), std::wstring::npos);
-  Outlook().MoveContact("Lee, Anna", "Contacts/Friends");
-  EXPECT_NE(contact.Text(L"EntryID"), id);
-}
-
 }  // namespace
 }  // namespace quor::workbench

@@ -79,6 +79,8 @@ class CNotedStage final : public IHostStage,
   unsigned OpenHandles() override { return 1; }
 
   int Version() override { return version; }
+  void AddStore(const std::string&) override {}
+  void SetEntryIds(const EntryIds&) override {}
   void LoadContacts(const std::string&) override {}
   void ChangeContact(const std::string&, const std::string&, const std::string&) override {}
   void AddContact(const std::string&, const std::string&) override {}
@@ -93,6 +95,7 @@ class CNotedStage final : public IHostStage,
   void NewExplorer() override {}
   void CloseExplorer() override {}
   void FireQuit() override {}
+  void SetPace(unsigned) override {}
   void FailMember(const std::string&, const FailingCalls&) override {}
   void HealMembers() override {}
   void DuringMember(const std::string&, unsigned, std::function<void()> action) override {
