@@ -1,6 +1,5 @@
 #include "dialogs/modeless_dialog.h"
 
-#include "outlook/com_boundary.h"
 #include "text/ansi.h"
 
 namespace quor {
@@ -30,53 +29,30 @@ Surroundings SurroundingsOf(HWND outlook) noexcept {
 
 }  // namespace
 
-HRESULT CModelessDialog::CreateHidden(HWND owner) noexcept {
-  if (IsWindow()) return S_OK;
-  const DLGTEMPLATE* dialog = m_resources.DialogTemplate(m_templateId);
-  // Not every failure leaves an error code.
-  SetLastError(ERROR_SUCCESS);
-  if (dialog == nullptr ||
-      CreateDialogIndirectParamW(m_resources.Module(), dialog, owner, DialogProcedure,
-                                 reinterpret_cast<LPARAM>(this)) == nullptr) {
-    const DWORD error = GetLastError();
-    return error == ERROR_SUCCESS ? E_FAIL : HRESULT_FROM_WIN32(error);
-  }
-  return S_OK;
-}
-
-void CModelessDialog::RequireWindow(HWND owner) {
-  const HRESULT created = CreateHidden(owner);
-  if (FAILED(created)) _com_issue_error(created);
-}
-
 void CModelessDialog::ShowInFront(HWND outlook, Placement place) noexcept {
   if (!IsWindow()) return;
   // Twice: on another monitor the window may take another size.
   for (int pass = 0; pass < 2; ++pass) {
     RECT own = {};
-    GetWindowRect(m_window, &own);
+    GetWindowRect(Window(), &own);
     const Surroundings around = SurroundingsOf(outlook);
     const ScreenPoint corner =
         place(around.anchor, own.right - own.left, own.bottom - own.top, around.workArea);
-    SetWindowPos(m_window, nullptr, corner.x, corner.y, 0, 0,
+    SetWindowPos(Window(), nullptr, corner.x, corner.y, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   }
-  ShowWindow(m_window, SW_SHOW);
-  RedrawWindow(m_window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-  SetForegroundWindow(m_window);
-  if (GetActiveWindow() == m_window) FocusControl(IDOK);
+  ShowWindow(Window(), SW_SHOW);
+  RedrawWindow(Window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  SetForegroundWindow(Window());
+  if (GetActiveWindow() == Window()) FocusControl(IDOK);
 }
 
 void CModelessDialog::FocusControl(int id) noexcept {
-  SendMessageW(m_window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(id)), TRUE);
+  SendMessageW(Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(id)), TRUE);
 }
 
 void CModelessDialog::Hide() noexcept {
-  if (IsWindow()) ShowWindow(m_window, SW_HIDE);
-}
-
-void CModelessDialog::Destroy() noexcept {
-  if (IsWindow()) DestroyWindow(m_window);
+  if (IsWindow()) ShowWindow(Window(), SW_HIDE);
 }
 
 bool CModelessDialog::SetText(HWND window, std::wstring_view text) {
@@ -95,19 +71,6 @@ void CModelessDialog::OnButton(int) {
   Hide();
 }
 
-INT_PTR CALLBACK CModelessDialog::DialogProcedure(HWND window, UINT message, WPARAM wparam,
-                                                  LPARAM lparam) {
-  if (message == WM_INITDIALOG) {
-    reinterpret_cast<CModelessDialog*>(lparam)->m_window = window;
-    SetWindowLongPtrW(window, DWLP_USER, lparam);
-  }
-  auto* self = reinterpret_cast<CModelessDialog*>(GetWindowLongPtrW(window, DWLP_USER));
-  if (self == nullptr) return FALSE;
-  INT_PTR result = TRUE;  // a handler that failed has had its message
-  GuardCall(self->m_log, "dialog message", [&] { result = self->Handle(message, wparam); });
-  return result;
-}
-
 INT_PTR CModelessDialog::Handle(UINT message, WPARAM wparam) {
   switch (message) {
     case WM_INITDIALOG:
@@ -115,7 +78,7 @@ INT_PTR CModelessDialog::Handle(UINT message, WPARAM wparam) {
       return FALSE;  // TRUE would give the hidden window the focus
     case WM_SHOWWINDOW:
       if (wparam != FALSE) {
-        m_keyboard.Attach(m_window);
+        m_keyboard.Attach(Window());
       } else {
         m_keyboard.Detach();
       }
@@ -129,8 +92,6 @@ INT_PTR CModelessDialog::Handle(UINT message, WPARAM wparam) {
       return TRUE;
     case WM_DESTROY:
       m_keyboard.Detach();
-      SetWindowLongPtrW(m_window, DWLP_USER, 0);
-      m_window = nullptr;
       return FALSE;
     default:
       return FALSE;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "outlook/com_boundary.h"
 #include "resources/resource_ids.h"
 
 namespace quor {
@@ -41,25 +40,13 @@ wchar_t AccessKeyOf(HWND control) noexcept {
 }  // namespace
 
 void COptionsPanel::Create(HWND parent) {
-  if (m_window != nullptr) return;
-  const DLGTEMPLATE* dialog = m_resources.DialogTemplate(IDD_OPTIONS_PANEL);
-  // Not every failure leaves an error code.
-  SetLastError(ERROR_SUCCESS);
-  if (dialog == nullptr ||
-      CreateDialogIndirectParamW(m_resources.Module(), dialog, parent, DialogProcedure,
-                                 reinterpret_cast<LPARAM>(this)) == nullptr) {
-    const DWORD error = GetLastError();
-    _com_issue_error(error == ERROR_SUCCESS ? E_FAIL : HRESULT_FROM_WIN32(error));
-  }
-  SetWindowPos(m_window, HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
-}
-
-void COptionsPanel::Destroy() noexcept {
-  if (m_window != nullptr) DestroyWindow(m_window);
+  if (IsWindow()) return;
+  RequireWindow(parent);
+  SetWindowPos(Window(), HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 void COptionsPanel::FocusFirst() noexcept {
-  SetFocus(GetDlgItem(m_window, IDC_OPTIONS_LANGUAGE));
+  SetFocus(Control(IDC_OPTIONS_LANGUAGE));
 }
 
 void COptionsPanel::Load(const OptionValues& values) {
@@ -69,7 +56,7 @@ void COptionsPanel::Load(const OptionValues& values) {
 }
 
 OptionValues COptionsPanel::Values() const noexcept {
-  if (m_window == nullptr) return m_withoutWindow;
+  if (Window() == nullptr) return m_withoutWindow;
   OptionValues values = m_loaded;
   const LRESULT language = SelectedRow(IDC_OPTIONS_LANGUAGE);
   if (language != RowOfLanguage(m_loaded.languageNo)) {
@@ -95,7 +82,7 @@ OptionValues COptionsPanel::ValuesOver(OptionValues current) const noexcept {
 }
 
 void COptionsPanel::FillList(int id, int firstText) {
-  const HWND list = GetDlgItem(m_window, id);
+  const HWND list = Control(id);
   for (int row = 0; row < 3; ++row) {
     const std::wstring text = m_resources.Text(firstText + row);
     SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
@@ -104,20 +91,20 @@ void COptionsPanel::FillList(int id, int firstText) {
 
 void COptionsPanel::ShowValues() noexcept {
   const OptionValues& values = m_withoutWindow;
-  SendDlgItemMessageW(m_window, IDC_OPTIONS_LANGUAGE, CB_SETCURSEL,
+  SendDlgItemMessageW(Window(), IDC_OPTIONS_LANGUAGE, CB_SETCURSEL,
                       static_cast<WPARAM>(RowOfLanguage(values.languageNo)), 0);
   for (size_t slot = 0; slot < kPopUpSlots; ++slot) {
-    SendDlgItemMessageW(m_window, IDC_OPTIONS_POP_UP + static_cast<int>(slot), CB_SETCURSEL,
+    SendDlgItemMessageW(Window(), IDC_OPTIONS_POP_UP + static_cast<int>(slot), CB_SETCURSEL,
                         static_cast<WPARAM>(RowOfMode(values.popUpModes[slot])), 0);
   }
 }
 
 LRESULT COptionsPanel::SelectedRow(int id) const noexcept {
-  return SendDlgItemMessageW(m_window, id, CB_GETCURSEL, 0, 0);
+  return SendDlgItemMessageW(Window(), id, CB_GETCURSEL, 0, 0);
 }
 
 bool COptionsPanel::TranslateKey(MSG& message) noexcept {
-  if (m_window == nullptr || (message.hwnd != m_window && !IsChild(m_window, message.hwnd))) {
+  if (Window() == nullptr || (message.hwnd != Window() && !IsChild(Window(), message.hwnd))) {
     return false;
   }
   const LRESULT code =
@@ -134,36 +121,23 @@ bool COptionsPanel::TranslateKey(MSG& message) noexcept {
   if (message.message == WM_SYSCHAR && !HasAccessKey(static_cast<wchar_t>(message.wParam))) {
     return false;
   }
-  return IsDialogMessageW(m_window, &message) != FALSE;
+  return IsDialogMessageW(Window(), &message) != FALSE;
 }
 
 // Whether the next stop lies, around the end, where the tab order began.
 bool COptionsPanel::LeavesPanel(bool backwards) const noexcept {
-  const HWND first = GetDlgItem(m_window, IDC_OPTIONS_LANGUAGE);
-  const HWND last = GetDlgItem(m_window, IDC_OPTIONS_ABOUT);
+  const HWND first = Control(IDC_OPTIONS_LANGUAGE);
+  const HWND last = Control(IDC_OPTIONS_ABOUT);
   return GetFocus() == (backwards ? first : last);
 }
 
 bool COptionsPanel::HasAccessKey(wchar_t letter) const noexcept {
   CharUpperBuffW(&letter, 1);
-  for (HWND child = GetWindow(m_window, GW_CHILD); child != nullptr;
+  for (HWND child = GetWindow(Window(), GW_CHILD); child != nullptr;
        child = GetWindow(child, GW_HWNDNEXT)) {
     if (AccessKeyOf(child) == letter) return true;
   }
   return false;
-}
-
-INT_PTR CALLBACK COptionsPanel::DialogProcedure(HWND window, UINT message, WPARAM wparam,
-                                                LPARAM lparam) {
-  if (message == WM_INITDIALOG) {
-    reinterpret_cast<COptionsPanel*>(lparam)->m_window = window;
-    SetWindowLongPtrW(window, DWLP_USER, lparam);
-  }
-  auto* self = reinterpret_cast<COptionsPanel*>(GetWindowLongPtrW(window, DWLP_USER));
-  if (self == nullptr) return FALSE;
-  INT_PTR result = TRUE;  // a handler that failed has had its message
-  GuardCall(self->m_log, "options message", [&] { result = self->Handle(message, wparam); });
-  return result;
 }
 
 bool COptionsPanel::OnNotice(int control, int notice) {
@@ -193,8 +167,6 @@ INT_PTR COptionsPanel::Handle(UINT message, WPARAM wparam) {
       return OnNotice(LOWORD(wparam), HIWORD(wparam));
     case WM_DESTROY:
       m_withoutWindow = Values();
-      SetWindowLongPtrW(m_window, DWLP_USER, 0);
-      m_window = nullptr;
       return FALSE;
     default:
       return FALSE;

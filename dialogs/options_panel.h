@@ -1,13 +1,9 @@
 #ifndef QUOR_DIALOGS_OPTIONS_PANEL_H
 #define QUOR_DIALOGS_OPTIONS_PANEL_H
 
-#include <windows.h>
-
-#include <string_view>
-
+#include "dialogs/dialog_window.h"
 #include "dialogs/options_store.h"
-#include "dialogs/resource_loader.h"
-#include "module/diagnostic_log.h"
+#include "resources/resource_ids.h"
 
 namespace quor {
 
@@ -25,23 +21,19 @@ class IOptionsPanelOwner {
 };
 
 // The options as a child window: interface language, pop-up mode per line and cell, "About...". It
-// stands in Outlook's options dialog and in our own alike. The object may outlive its window and
-// make it anew: what the user chose is kept.
-class COptionsPanel {
+// stands in Outlook's options dialog and in our own alike. Where the object outlives its window and
+// makes it anew, what the user chose is kept.
+class COptionsPanel final : public CDialogWindow {
  public:
   // All must outlive the panel.
   COptionsPanel(const CResourceLoader& resources, IOptionsPanelOwner& owner,
                 CDiagnosticLog& log) noexcept
-      : m_resources(resources), m_owner(owner), m_log(log) {}
+      : CDialogWindow(resources, log, IDD_OPTIONS_PANEL), m_owner(owner) {}
   ~COptionsPanel() { Destroy(); }
-  COptionsPanel(const COptionsPanel&) = delete;
-  COptionsPanel& operator=(const COptionsPanel&) = delete;
 
   // Creates the window, hidden, in the parent's upper left corner and in front of its other
   // children. Throws _com_error.
   void Create(HWND parent);
-  void Destroy() noexcept;
-  HWND Window() const noexcept { return m_window; }
   void FocusFirst() noexcept;
 
   // From here on the panel holds these values and is not dirty. A value that is none of the choices
@@ -60,8 +52,7 @@ class COptionsPanel {
   bool TranslateKey(MSG& message) noexcept;
 
  private:
-  static INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-  INT_PTR Handle(UINT message, WPARAM wparam);
+  INT_PTR Handle(UINT message, WPARAM wparam) override;
   bool OnNotice(int control, int notice);
 
   void FillList(int id, int firstText);
@@ -70,10 +61,7 @@ class COptionsPanel {
   bool LeavesPanel(bool backwards) const noexcept;
   bool HasAccessKey(wchar_t letter) const noexcept;
 
-  const CResourceLoader& m_resources;
   IOptionsPanelOwner& m_owner;
-  CDiagnosticLog& m_log;
-  HWND m_window = nullptr;
   OptionValues m_loaded;
   OptionValues m_withoutWindow;  // the values while there is no window
 };
