@@ -9,6 +9,9 @@ namespace quor::workbench {
 
 namespace {
 
+// As many as figures are made of: a session of a hundred thousand calls asks for none.
+constexpr size_t kMostCallers = 1000;
+
 double MillisecondsOf(const std::function<void()>& action) {
   using Clock = std::chrono::steady_clock;
   const Clock::time_point start = Clock::now();
@@ -55,7 +58,7 @@ void CFigureStage::TimeCaller(const std::function<void()>& tick,
   caller.savingMilliseconds = after.saving - before.saving;
   caller.windowMilliseconds = after.windows - before.windows;
   caller.outlookMilliseconds = (m_model.MicrosecondsInModel() - inModel) / 1000;
-  if (shown) m_figures.callers.push_back(caller);
+  if (shown && m_figures.callers.size() < kMostCallers) m_figures.callers.push_back(caller);
   while (handleMessage()) {
   }
 }
