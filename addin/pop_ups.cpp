@@ -58,8 +58,9 @@ void CPopUps::ShowMessage(int stringId) {
 void CPopUps::RepaintLoading() noexcept {
   // Often enough for the eye; looking at the queue after each of thousands of contacts is not.
   const DWORD now = GetTickCount();
-  if (now - m_lastRepaint < kRepaintInterval || !m_loading.IsVisible()) return;
+  if (now - m_lastRepaint < kRepaintInterval) return;
   m_lastRepaint = now;
+  if (!m_loading.IsVisible()) return;
   // Paint messages of any window of the thread, Outlook's included, and nothing else: input and
   // timers wait until the scan is over.
   MSG message;
