@@ -45,7 +45,7 @@ class IOutlookFace {
 class CNoFace final : public IOutlookFace {};
 
 struct SessionOptions {
-  int version = 16;  // 9 to 16
+  int version = 16;                 // 9 to 16
   int itemChangeRepeats = 1;        // ItemChange so many times for one edit
   bool itemChangeAfterAdd = false;  // ItemChange after ItemAdd for a new item
 };
