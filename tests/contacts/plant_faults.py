@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Plants faults, one at a time, in a copy of contacts/ and says which of them the random histories
+"""Plants faults, one at a time, in a copy of src/contacts/ and says which of them the random histories
 notice. Exit status 0 if they notice every one. Needs the native-release tests' prerequisites.
 
     tests/contacts/plant_faults.py [word of a fault's name]
@@ -13,7 +13,7 @@ import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 FLAGS = ["-std=c++20", "-O1"]
-OTHERS = ["text/dial_chars.cpp", "text/format.cpp", "module/diagnostic_log.cpp",
+OTHERS = ["src/text/dial_chars.cpp", "src/text/format.cpp", "src/module/diagnostic_log.cpp",
           "tests/contacts/naive_phone_index.cpp", "tests/contacts/index_history_test.cpp"]
 
 FAULTS = [
@@ -111,7 +111,7 @@ FAULTS = [
 
 
 def compile_file(source, target, copy):
-    subprocess.run(["c++", *FLAGS, f"-I{copy}", f"-I{ROOT}", "-c", source, "-o", target], check=True,
+    subprocess.run(["c++", *FLAGS, f"-I{copy}", f"-I{ROOT / 'src'}", f"-I{ROOT}", "-c", source, "-o", target], check=True,
                    stderr=subprocess.DEVNULL)
 
 
@@ -139,7 +139,7 @@ def main():
         copy = pathlib.Path(folder)
         objects = copy / "objects"
         objects.mkdir()
-        shutil.copytree(ROOT / "contacts", copy / "contacts")
+        shutil.copytree(ROOT / "src" / "contacts", copy / "contacts")
         sources = re.search(r"quor_logic\(quor_contacts\s+SOURCES(.*?)DEPENDS",
                             (copy / "contacts/CMakeLists.txt").read_text(), re.DOTALL)
         logic = [copy / "contacts" / name for name in sources.group(1).split()]

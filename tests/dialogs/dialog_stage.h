@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "dialogs/resource_loader.h"
 #include "module/diagnostic_log.h"
+#include "resources/resource_loader.h"
 
 namespace quor {
 

@@ -1,7 +1,7 @@
 #ifndef QUOR_TESTS_DIALOGS_PAGE_CONTAINER_H
 #define QUOR_TESTS_DIALOGS_PAGE_CONTAINER_H
 
-#include "outlook/com_pointers.h"
+#include "com/com_pointers.h"
 
 // ocidl.h needs windows.h before it.
 #include <ocidl.h>

@@ -1,4 +1,4 @@
-#include "addin/property_page.h"
+#include "dialogs/property_page.h"
 
 #include <gtest/gtest.h>
 

@@ -2,11 +2,11 @@
 // hand and no more; its options page cannot be made.
 #include <new>
 
+#include "com/type_info_dispatch.h"
 #include "module/class_table.h"
 #include "module/identifiers.h"
 #include "module/module.h"
 #include "module/quor_telephone_toolbar.h"
-#include "module/type_info_dispatch.h"
 
 namespace quor {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <cstdio>
 
-#include "outlook/com_pointers.h"
+#include "com/com_pointers.h"
 #include "settings/configuration_path.h"
 #include "settings/msxml_document.h"
 #include "settings/system_language.h"

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "dialogs/resource_loader.h"
 #include "module/diagnostic_log.h"
+#include "resources/resource_loader.h"
 #include "settings/configuration.h"
 #include "telephone/telephone_state.h"
 #include "toolbar/command_bar_toolbar.h"

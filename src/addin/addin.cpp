@@ -1,0 +1,160 @@
+#include "addin/addin.h"
+
+#include <new>
+#include <string_view>
+
+#include "addin/custom_ui.h"
+#include "com/com_boundary.h"
+#include "dialogs/property_page.h"
+#include "module/class_table.h"
+#include "module/identifiers.h"
+
+namespace quor {
+namespace {
+
+std::wstring ModuleFolder() {
+  const std::wstring path = ModulePath();
+  return path.substr(0, path.find_last_of(L'\\'));
+}
+
+}  // namespace
+
+CAddin* CAddin::s_addin = nullptr;
+
+CAddin::CAddin()
+    : m_telCtrl(m_eventObjects, m_log, m_clock.TickMilliseconds()),
+      m_settings(m_configurationFile, m_systemLanguage, m_log),
+      m_window(Identity(), *this, m_log),
+      m_usb(ModuleFolder(), m_log),
+      m_link(m_usb, m_window, m_records, m_log),
+      m_requests(m_link, m_records, m_ui, m_log),
+      m_session(*this, m_log),
+      m_contacts(m_session.Application(), m_folders, m_log),
+      m_index(m_contacts, m_log),
+      m_folders(m_session.Application(), m_index, *this, m_log),
+      m_callers(m_index, m_contacts),
+      m_popUps(m_resources, *this, m_log),
+      m_dialogs(m_resources, m_settings, m_ui, m_popUps, m_telCtrl, m_link, m_log),
+      m_ui(m_telephone, m_session, m_settings, m_dialogs, m_resources, m_log),
+      m_telephone({m_records, m_window, m_ui, m_popUps, m_popUps.Caller(), m_callers,
+                   m_settings.Values(), m_settings, m_clock, m_log}) {
+  s_addin = this;
+}
+
+CAddin::~CAddin() {
+  if (s_addin == this) s_addin = nullptr;
+  FinalRelease();
+}
+
+HRESULT CAddin::Create(IUnknown* outer, REFIID iid, void** object) {
+  if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+  CAddin* addin = new CAddin;
+  HRESULT result = addin->FinalConstruct();
+  if (SUCCEEDED(result)) result = addin->QueryInterface(iid, object);
+  addin->Release();
+  return result;
+}
+
+HRESULT CAddin::CreateOptionsPage(IUnknown* outer, REFIID iid, void** object) {
+  if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+  return s_addin != nullptr ? s_addin->CreateOptionsPage(iid, object) : E_FAIL;
+}
+
+HRESULT CAddin::CreateOptionsPage(REFIID iid, void** object) {
+  return CPropPage::Create({Identity(), m_dialogs, m_resources, m_log}, iid, object);
+}
+
+HRESULT CAddin::FinalConstruct() noexcept {
+  m_log.Write("Final Construct\n");
+  return m_window.Create();
+}
+
+void CAddin::FinalRelease() noexcept {
+  m_log.Write("Final Release\n");
+  m_window.Destroy();
+}
+
+STDMETHODIMP CAddin::QueryInterface(REFIID iid, void** object) {
+  if (object == nullptr) return E_POINTER;
+  *object = nullptr;
+  if (iid == IID_IUnknown) {
+    *object = &Identity();
+  } else if (iid == __uuidof(IDTExtensibility2)) {
+    *object = static_cast<IDTExtensibility2*>(this);
+  } else if (iid == __uuidof(IRibbonExtensibility)) {
+    *object = static_cast<IRibbonExtensibility*>(this);
+  } else if (iid == IID_IDispatch || iid == __uuidof(ITelephoneAddin)) {
+    // Office looks for the ribbon's callbacks on the object's IDispatch.
+    *object = static_cast<ITelephoneAddin*>(this);
+  } else {
+    return E_NOINTERFACE;
+  }
+  AddRef();
+  return S_OK;
+}
+
+STDMETHODIMP_(ULONG) CAddin::AddRef() {
+  return ++m_references;
+}
+
+STDMETHODIMP_(ULONG) CAddin::Release() {
+  const ULONG left = --m_references;
+  if (left == 0) {
+    // Tearing down calls out, and what comes back may take and drop a reference.
+    m_references = 1;
+    delete this;
+  }
+  return left;
+}
+
+STDMETHODIMP CAddin::OnConnection(IDispatch* application, ext_ConnectMode, IDispatch*,
+                                  SAFEARRAY**) {
+  const IUnknownPtr alive = &Identity();
+  m_log.Write("CAddin::OnConnection\n");
+  // A failed start leaves the add-in loaded and idle.
+  HRESULT result = S_FALSE;
+  GuardCall(m_log, "OnConnection", [&] { result = Start(application); });
+  if (!m_disconnected) return result;
+  // Outlook let go of the add-in inside one of those calls. What came up after that has to go, too.
+  LetGo(ext_dm_UserClosed);
+  return S_FALSE;
+}
+
+STDMETHODIMP CAddin::OnDisconnection(ext_DisconnectMode mode, SAFEARRAY**) {
+  const IUnknownPtr alive = &Identity();
+  m_log.Write("CAddin::OnDisconnection\n");
+  if (m_disconnected) {
+    m_log.Write("CAddin::OnDisconnection break\n");
+    return S_OK;
+  }
+  m_disconnected = true;
+  GuardCall(m_log, "OnDisconnection", [&] { Disconnect(mode); });
+  return S_OK;
+}
+
+STDMETHODIMP CAddin::OnAddInsUpdate(SAFEARRAY**) {
+  m_log.Write("CAddin::OnAddInsUpdate\n");
+  return S_OK;
+}
+
+STDMETHODIMP CAddin::OnStartupComplete(SAFEARRAY**) {
+  m_log.Write("CAddin::OnStartupComplete\n");
+  return S_OK;
+}
+
+STDMETHODIMP CAddin::OnBeginShutdown(SAFEARRAY**) {
+  m_log.Write("CAddin::OnBeginShutdown\n");
+  return S_OK;
+}
+
+STDMETHODIMP CAddin::GetCustomUI(BSTR ribbonId, BSTR* document) {
+  if (document == nullptr) return E_POINTER;
+  *document = nullptr;
+  return GuardComCall(m_log, "GetCustomUI", [&]() -> HRESULT {
+    const int resource = RibbonDocumentResource(TextFromBstr(ribbonId));
+    if (resource != 0) *document = RibbonDocument(m_resources, resource).Detach();
+    return S_OK;
+  });
+}
+
+}  // namespace quor

@@ -1,0 +1,187 @@
+#ifndef QUOR_ADDIN_ADDIN_H
+#define QUOR_ADDIN_ADDIN_H
+
+#include "addin/caller_directory.h"
+#include "addin/interface_language.h"
+#include "addin/message_window.h"
+#include "addin/outlook_session.h"
+#include "addin/tick_clock.h"
+#include "addin/user_interface.h"
+#include "com/type_info_dispatch.h"
+#include "contacts/contact_folders.h"
+#include "contacts/outlook_contact_directory.h"
+#include "contacts/phone_number_index.h"
+#include "device/device_link.h"
+#include "device/event_objects.h"
+#include "device/request_handlers.h"
+#include "device/tel_ctrl.h"
+#include "device/usbxpress_library.h"
+#include "dialogs/pop_ups.h"
+#include "dialogs/user_dialogs.h"
+#include "module/diagnostic_log.h"
+#include "module/log_file.h"
+#include "module/module.h"
+#include "module/quor_telephone_toolbar.h"
+#include "resources/resource_loader.h"
+#include "settings/configuration_file.h"
+#include "settings/settings.h"
+#include "settings/system_language.h"
+#include "telephone/telephone.h"
+
+namespace quor {
+
+// The one COM object that Outlook loads, and the composition root: it owns one of each collaborator
+// and hands on to them what Outlook, the hidden window and the timers bring. It knows the order in
+// which the add-in comes up and goes down, and nothing else.
+class CAddin final : public CDispatchPart<IDTExtensibility2>,
+                     public CDispatchPart<IRibbonExtensibility>,
+                     public CDispatchPart<ITelephoneAddin>,
+                     private IWindowHandler,
+                     private IOutlookEvents,
+                     private IContactScan,
+                     private IAnswerHandler {
+ public:
+  // For the class table: an object with its hidden window, or the failure to make that.
+  static HRESULT Create(IUnknown* outer, REFIID iid, void** object);
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
+  STDMETHODIMP_(ULONG) AddRef() override;
+  STDMETHODIMP_(ULONG) Release() override;
+
+  // IDTExtensibility2
+  STDMETHODIMP OnConnection(IDispatch* application, ext_ConnectMode mode, IDispatch* instance,
+                            SAFEARRAY** custom) override;
+  STDMETHODIMP OnDisconnection(ext_DisconnectMode mode, SAFEARRAY** custom) override;
+  STDMETHODIMP OnAddInsUpdate(SAFEARRAY** custom) override;
+  STDMETHODIMP OnStartupComplete(SAFEARRAY** custom) override;
+  STDMETHODIMP OnBeginShutdown(SAFEARRAY** custom) override;
+
+  // IRibbonExtensibility
+  STDMETHODIMP GetCustomUI(BSTR ribbonId, BSTR* document) override;
+
+  // ITelephoneAddin: the ribbon's callbacks (addin_ribbon.cpp). They work, with defaults, before
+  // OnConnection has finished and after it has failed.
+  STDMETHODIMP RibbonLoadMain(IDispatch* ribbon) override;
+  STDMETHODIMP RibbonLoadContact(IDispatch* ribbon) override;
+  STDMETHODIMP GetLabel(IDispatch* control, BSTR* label) override;
+  STDMETHODIMP GetEnabled(IDispatch* control, VARIANT_BOOL* enabled) override;
+  STDMETHODIMP GetVisible(IDispatch* control, VARIANT_BOOL* visible) override;
+  STDMETHODIMP GetImage(IDispatch* control, IDispatch** picture) override;
+  STDMETHODIMP GetItemCount(IDispatch* control, long* count) override;
+  STDMETHODIMP GetItemLabel(IDispatch* control, long index, BSTR* label) override;
+  STDMETHODIMP GetTextComboBox(IDispatch* control, BSTR* text) override;
+  STDMETHODIMP ChangeComboBox(IDispatch* control, BSTR text) override;
+  STDMETHODIMP Line1Clicked(IDispatch* control) override;
+  STDMETHODIMP Line2Clicked(IDispatch* control) override;
+  STDMETHODIMP CellClicked(IDispatch* control) override;
+  STDMETHODIMP CallerListClicked(IDispatch* control) override;
+  STDMETHODIMP SpeedDialClicked(IDispatch* control) override;
+  STDMETHODIMP OptionsClicked(IDispatch* control) override;
+  STDMETHODIMP ContactDialNClicked(IDispatch* control) override;
+  STDMETHODIMP ContactLine1Clicked(IDispatch* control) override;
+  STDMETHODIMP ContactLine2Clicked(IDispatch* control) override;
+
+  // For the class table: the options page of the running add-in, E_FAIL when there is none.
+  static HRESULT CreateOptionsPage(IUnknown* outer, REFIID iid, void** object);
+
+ private:
+  CAddin();
+  ~CAddin();
+  HRESULT FinalConstruct() noexcept;
+  void FinalRelease() noexcept;
+  IUnknown& Identity() noexcept { return static_cast<IDTExtensibility2&>(*this); }
+
+  HRESULT LoadRibbon(IDispatch* ribbon);
+  HRESULT RibbonClicked(IDispatch* control);
+  HRESULT CreateOptionsPage(REFIID iid, void** object);
+
+  // The start-up sequence (addin_startup.cpp). S_FALSE leaves the add-in loaded but idle.
+  HRESULT Start(IDispatch* application);
+  void LoadConfiguration();
+  HRESULT ConnectApplication();
+  bool ConnectDeletedItems();
+  bool StartController();
+  HRESULT OnNewMainExplorer();
+  bool CreateMainToolbar(const char* failure);
+  HRESULT FinishStart();
+  // Whether OnConnection ran to its end; says so if it did not.
+  bool HasFinished() noexcept;
+  void FindOutlookWindow();
+
+  // The shutdown sequences (addin_shutdown.cpp).
+  void Disconnect(ext_DisconnectMode mode);
+  void LetGo(ext_DisconnectMode mode) noexcept;
+  void DisconnectEvents() noexcept;
+
+  // IWindowHandler (addin_events.cpp)
+  void OnDeviceEvent(DeviceEvent event, uint8_t lineType) override;
+  void OnRequest(WindowRequest request, uint32_t parameter) override;
+  void OnTimer(UINT_PTR timer) override;
+  void BuildContacts();
+
+  // IOutlookEvents (addin_events.cpp)
+  void OnNewExplorer(IDispatch* explorer) override;
+  void OnNewInspector(IDispatch* inspector) override;
+  void OnQuit() override;
+  void OnOptionsPagesAdd(IDispatch* pages) override;
+  void OnSelectionChange() override;
+  void OnFolderSwitch() override;
+  void OnCloseExplorer() override;
+  void OnDeleteItemAdd(IDispatch* item) override;
+  void OnDeleteFolderAdd(IDispatch* folder) override;
+  void OnDeleteFolderRemove() override;
+
+  // IContactScan
+  bool MustStop() noexcept override { return m_quitting || m_stopRequested; }
+  void ShowLoading() override { m_popUps.ShowLoading(); }
+  void RepaintLoading() override { m_popUps.RepaintLoading(); }
+  bool PostCloseLoading() noexcept override;
+
+  // IAnswerHandler: the caller window's button
+  void OnAnswer(int slot) override { m_telephone.Lines().AnswerUSB(slot); }
+
+  CModuleLock m_moduleLock;
+  ULONG m_references = 1;
+
+  CLogFile m_logFile;
+  CDiagnosticLog m_log{m_logFile};
+  CTickClock m_clock;
+  CEventObjects m_eventObjects;
+  CTelCtrl m_telCtrl;
+  CConfigurationFile m_configurationFile{m_log};
+  CSystemLanguage m_systemLanguage;
+  CSettings m_settings;
+  CResourceLoader m_resources{ModuleInstance()};
+  CInterfaceLanguage m_language{m_resources, m_log};
+  CMessageWindow m_window;
+
+  DeviceRecords m_records;
+  CUsbXpressLibrary m_usb;
+  CDeviceLink m_link;
+  CRequestHandlers m_requests;
+
+  COutlookSession m_session;
+  COutlookContactDirectory m_contacts;
+  CPhoneNumberIndex m_index;
+  CContactFolders m_folders;
+  CCallerDirectory m_callers;
+
+  CPopUps m_popUps;
+  CUserDialogs m_dialogs;
+  CUserInterface m_ui;
+  CTelephone m_telephone;
+
+  // The one add-in of the process, for an options page that Outlook makes by itself.
+  static CAddin* s_addin;
+
+  bool m_explorerClosed = false;
+  bool m_finished = false;  // OnConnection ran to its end
+  bool m_disconnected = false;
+  bool m_quitting = false;
+  bool m_buildInProgress = false;
+  bool m_stopRequested = false;
+};
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,58 @@
+#include "addin/addin.h"
+#include "com/com_boundary.h"
+
+namespace quor {
+
+void CAddin::OnQuit() {
+  m_log.Write("CAddin::OnQuit\n");
+  m_quitting = true;
+  m_link.StopWatchThread();
+  m_ui.SavePlaces();
+  m_settings.Save();
+}
+
+void CAddin::OnCloseExplorer() {
+  m_log.Write("CAddin::OnCloseExplorer\n");
+  m_link.StopWatchThread();
+  m_popUps.Destroy();
+  m_dialogs.Destroy();
+  m_ui.ReleaseMainToolbar();
+  m_explorerClosed = true;
+  if (!HasFinished()) return;
+  m_session.DisconnectExplorer();
+  m_ui.CloseContactWindows();
+}
+
+void CAddin::Disconnect(ext_DisconnectMode mode) {
+  LetGo(mode);
+  m_settings.Save();
+  m_language.Leave();
+  m_log.Write("CAddin::OnDisconnection finish\n");
+}
+
+void CAddin::LetGo(ext_DisconnectMode mode) noexcept {
+  m_link.StopWatchThread();
+  // Only this thread could end a build that is under way, so nothing is waited for: a disconnection
+  // inside the build stops it, and it ends when this call has returned to it.
+  m_stopRequested = true;
+  DisconnectEvents();
+  m_ui.DisconnectMainToolbar();
+  if (mode == ext_dm_UserClosed) {
+    GuardCall(m_log, "deleting the command bar", [this] { m_ui.DeleteMainToolbar(); });
+  }
+  m_popUps.Destroy();
+  m_dialogs.Destroy();
+  m_ui.ReleaseMainToolbar();
+  m_ui.ReleaseRibbon();
+  m_session.DisconnectExplorer();
+  m_session.Release();
+  m_finished = false;
+}
+
+void CAddin::DisconnectEvents() noexcept {
+  m_session.Disconnect();
+  m_folders.UnregisterAll();
+  m_ui.CloseContactWindows();
+}
+
+}  // namespace quor

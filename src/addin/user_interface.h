@@ -1,0 +1,102 @@
+#ifndef QUOR_ADDIN_USER_INTERFACE_H
+#define QUOR_ADDIN_USER_INTERFACE_H
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "addin/outlook_session.h"
+#include "device/request_handlers.h"
+#include "dialogs/user_dialogs.h"
+#include "module/diagnostic_log.h"
+#include "resources/resource_loader.h"
+#include "settings/settings.h"
+#include "telephone/telephone.h"
+#include "toolbar/contact_windows.h"
+#include "toolbar/main_toolbar.h"
+
+namespace quor {
+
+// The telephone's controls in Outlook's windows: shows what the telephone says, and takes clicks
+// and numbers to it.
+class CUserInterface final : public ITelephoneControls,
+                             public ICallFromCellDisplay,
+                             public IToolbarActions,
+                             public IFaceSource,
+                             private IContactWindowActions {
+ public:
+  // All must outlive the user interface.
+  CUserInterface(CTelephone& telephone, COutlookSession& session, CSettings& settings,
+                 CUserDialogs& dialogs, const CResourceLoader& resources,
+                 CDiagnosticLog& log) noexcept;
+
+  HRESULT CreateMainToolbar();
+  // Throws _com_error when the dial box refuses.
+  void ClearDialList() { m_toolbar.ClearDialList(); }
+  // Fills the menus and the dial box from the kept lists.
+  void FillToolbar();
+  CRibbon& Ribbon() noexcept { return m_toolbar.Ribbon(); }
+
+  void OpenContactWindow(const CInspector& inspector) noexcept;
+  void OnFolderSwitch();
+  // Offers the numbers of the contact that is selected now in the dial box.
+  void FollowSelection();
+
+  // Shutdown, in this order; DeleteMainToolbar only when the user removed the add-in. The place of
+  // the bar is noted in the configuration.
+  void DisconnectMainToolbar() noexcept;
+  void DeleteMainToolbar() { m_toolbar.DeleteBar(); }
+  void ReleaseMainToolbar() noexcept;
+  void ReleaseRibbon() noexcept { m_toolbar.ReleaseRibbon(); }
+  void CloseContactWindows() noexcept { m_contactWindows.CloseAll(); }
+  // Notes where the bars stand, for a file that is written before they go.
+  void SavePlaces() noexcept;
+
+  // ITelephoneControls, and of it for the device's side RefreshCallFromCell
+  void SetToolBarState() override;
+  void DisableControls() override;
+  void RedrawLineButtons() override;
+  void RefreshCallFromCell() override { m_toolbar.PutCallFromCellButton(); }
+  void DisableOtherCellItems(int cell) override { m_toolbar.DisableOtherCellItems(cell); }
+  void RefreshSpeedDial() override { m_toolbar.PutSpeedDialButton(); }
+  void ShowCallerList(const CallerListItems&) override { m_toolbar.PutCallerList(); }
+  void PutHistory() override { m_toolbar.PutHistory(); }
+  void SetDialText(std::wstring_view text) override { m_toolbar.SetDialText(text); }
+
+  // IToolbarActions
+  void ClickLine(uint8_t lineType) override;
+  void ClickCell(int cell) override;
+  void ClickCaller(size_t entry) override;
+  void ClickSpeedDial(SpeedDialAction action, size_t entry) override;
+  void ClickOptions() override { m_dialogs.OpenOptions(); }
+  void ChangeDialBox(std::wstring_view text, int listIndex) override;
+  void StoreDialText(std::wstring_view text) override;
+
+  // IFaceSource
+  CControlFaces Faces() const override;
+  std::wstring DialText() const override { return m_telephone.Dialler().BoxText(); }
+
+ private:
+  // IContactWindowActions
+  void DialNumber(std::wstring_view number) override;
+  void ClickContactLine(uint8_t lineType, std::wstring_view firstNumber) override;
+
+  SpeedDialEntry OfferedEntry();
+  // What is dialled for a text of the dial box; nothing for one that is no candidate's label.
+  std::optional<std::wstring> CandidateNumber(std::wstring_view text) const;
+
+  CTelephone& m_telephone;
+  COutlookSession& m_session;
+  CSettings& m_settings;
+  CUserDialogs& m_dialogs;
+  const CResourceLoader& m_resources;
+  CDiagnosticLog& m_log;
+  std::vector<DialCandidate> m_candidates;
+  CContactWindows m_contactWindows;
+  CMainToolbar m_toolbar;
+};
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,65 @@
+#ifndef QUOR_COM_TYPE_INFO_DISPATCH_H
+#define QUOR_COM_TYPE_INFO_DISPATCH_H
+
+#include <windows.h>
+
+#include <oaidl.h>
+
+namespace quor {
+
+// Answers the four IDispatch methods of one dual interface from its description in the type library
+// embedded in this module; nothing needs to be registered for it. The description is loaded on
+// first use and kept. Nothing throws.
+class CTypeInfoDispatch {
+ public:
+  // The id must outlive the object.
+  explicit CTypeInfoDispatch(REFIID iid) noexcept : m_iid(iid) {}
+  ~CTypeInfoDispatch();
+  CTypeInfoDispatch(const CTypeInfoDispatch&) = delete;
+  CTypeInfoDispatch& operator=(const CTypeInfoDispatch&) = delete;
+
+  HRESULT GetTypeInfoCount(UINT* count) noexcept;
+  HRESULT GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) noexcept;
+  HRESULT GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) noexcept;
+  // `object` is the dual interface itself, whose vtable the description speaks of.
+  HRESULT Invoke(void* object, DISPID id, REFIID iid, LCID locale, WORD flags,
+                 DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
+                 UINT* badArgument) noexcept;
+
+ private:
+  HRESULT Load() noexcept;
+
+  const IID& m_iid;
+  ITypeInfo* m_info = nullptr;
+};
+
+// Base of an object that implements a dual interface of our type library: supplies its IDispatch
+// half. An object with several dual interfaces derives from several of these, and each half answers
+// for its own interface. QueryInterface decides which of them is the object's IDispatch.
+template <typename Interface>
+class CDispatchPart : public Interface {
+ public:
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override { return m_dispatch.GetTypeInfoCount(count); }
+  STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override {
+    return m_dispatch.GetTypeInfo(index, locale, info);
+  }
+  STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
+                             DISPID* ids) override {
+    return m_dispatch.GetIDsOfNames(iid, names, count, locale, ids);
+  }
+  STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* arguments,
+                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override {
+    return m_dispatch.Invoke(static_cast<Interface*>(this), id, iid, locale, flags, arguments,
+                             result, exception, badArgument);
+  }
+
+ protected:
+  ~CDispatchPart() = default;
+
+ private:
+  CTypeInfoDispatch m_dispatch{__uuidof(Interface)};
+};
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,49 @@
+#ifndef QUOR_CONTACTS_CONTACT_ITEMS_H
+#define QUOR_CONTACTS_CONTACT_ITEMS_H
+
+#include "com/event_connection.h"
+#include "module/diagnostic_log.h"
+#include "outlook/object_model.h"
+
+namespace quor {
+
+// Whom a folder's events concern.
+class IContactItemEvents {
+ public:
+  virtual void OnContactChanged(IDispatch* item) = 0;
+  virtual void OnSubfolderAdded(IDispatch* folder) = 0;
+
+ protected:
+  ~IContactItemEvents() = default;
+};
+
+// Listens to one contact folder: to its items and to its subfolders. Stops when destroyed.
+class CContactItems {
+ public:
+  // Both must outlive the object.
+  CContactItems(IContactItemEvents& events, CDiagnosticLog& log) noexcept;
+
+  // E_FAIL when already advised; otherwise what Outlook answers.
+  HRESULT AdviseItems(const CItems& items);
+  HRESULT AdviseFolders(const CFolders& folders);
+
+ private:
+  void OnItemEvent(DISPID event, const CEventArguments& arguments);
+  void OnFolderEvent(DISPID event, const CEventArguments& arguments);
+
+  void OnItemAdd(IDispatch* item);
+  void OnItemChange(IDispatch* item);
+  void OnItemRemove();
+  void OnFolderAdd(IDispatch* folder);
+  void OnFolderChange();
+  void OnFolderRemove();
+
+  IContactItemEvents& m_events;
+  CDiagnosticLog& m_log;
+  CEventConnection m_itemsEvents;
+  CEventConnection m_foldersEvents;
+};
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,69 @@
+#include "dialogs/options_dialog.h"
+
+#include "com/com_boundary.h"
+#include "resources/resource_ids.h"
+
+namespace quor {
+
+COptionsDialog::COptionsDialog(const CResourceLoader& resources, IOptionsStore& store,
+                               CDiagnosticLog& log) noexcept
+    : CModelessDialog(resources, log, IDD_OPTIONS),
+      m_store(store),
+      m_panel(resources, *this, log) {}
+
+void COptionsDialog::Open(HWND outlook) noexcept {
+  GuardCall(m_log, "options", [&] {
+    RequireWindow(outlook);
+    if (!IsVisible()) Load(m_store.Load());
+    ShowInFront(outlook, CentreOver);
+    if (GetActiveWindow() == Window()) m_panel.FocusFirst();
+  });
+}
+
+void COptionsDialog::OnCreated() {
+  m_panel.Create(Window());
+  ShowWindow(m_panel.Window(), SW_SHOW);
+}
+
+void COptionsDialog::OnButton(int id) {
+  switch (id) {
+    case IDOK:
+      Apply();
+      Hide();
+      break;
+    case IDC_OPTIONS_APPLY:
+      Apply();
+      break;
+    case IDC_OPTIONS_ABOUT:  // Enter on the panel's button is told to the window around it
+      OnAboutPressed();
+      break;
+    default:
+      Hide();
+      break;
+  }
+}
+
+void COptionsDialog::OnOptionsChanged() {
+  const HWND apply = Control(IDC_OPTIONS_APPLY);
+  // A disabled button must not keep the focus: the keyboard would be dead.
+  if (!m_panel.IsDirty() && GetFocus() == apply) FocusControl(IDOK);
+  EnableWindow(apply, m_panel.IsDirty());
+}
+
+void COptionsDialog::OnAboutPressed() {
+  m_store.ShowAbout(Window());
+}
+
+void COptionsDialog::Load(const OptionValues& values) {
+  m_panel.Load(values);
+  OnOptionsChanged();
+}
+
+void COptionsDialog::Apply() {
+  if (!m_panel.IsDirty()) return;
+  const OptionValues values = m_panel.ValuesOver(m_store.Load());
+  m_store.Apply(values);
+  Load(values);
+}
+
+}  // namespace quor

@@ -1,0 +1,122 @@
+#include "dialogs/property_page.h"
+
+#include "com/com_boundary.h"
+#include "com/dispatch_object.h"
+#include "module/identifiers.h"
+#include "resources/resource_ids.h"
+
+namespace quor {
+namespace {
+
+// Outlook's PropertyPageSite and its one method.
+constexpr IID kPropertyPageSite = OfficeId(0x0006307F);
+constexpr DISPID kOnStatusChange = 0x2100;
+
+// The panel's 240 x 172 dialog units at the usual size of the dialog font, in HIMETRIC.
+constexpr SIZEL kExtent = {9525, 7408};
+
+}  // namespace
+
+CPropPage::CPropPage(const OptionsPageParts& parts)
+    : CWindowedControl(kPropertyPageClsid, kExtent, parts.log),
+      m_addin(&parts.addin),
+      m_store(parts.store),
+      m_resources(parts.resources),
+      m_log(parts.log),
+      m_panel(parts.resources, *this, parts.log) {
+  m_panel.Load(m_store.Load());
+}
+
+HRESULT CPropPage::Create(const OptionsPageParts& parts, REFIID iid, void** object) {
+  *object = nullptr;
+  CPropPage* page = new CPropPage(parts);
+  const HRESULT result = page->QueryInterface(iid, object);
+  page->Release();
+  return result;
+}
+
+STDMETHODIMP CPropPage::QueryInterface(REFIID iid, void** object) {
+  if (object == nullptr) return E_POINTER;
+  *object = nullptr;
+  if (iid == IID_IUnknown) {
+    *object = &Identity();
+  } else if (iid == IID_IDispatch || iid == __uuidof(ITelephonePropertyPage)) {
+    *object = static_cast<ITelephonePropertyPage*>(this);
+  } else if (iid == __uuidof(PropertyPage)) {
+    *object = static_cast<PropertyPage*>(this);
+  } else {
+    *object = FindInterface(iid);
+  }
+  if (*object == nullptr) return E_NOINTERFACE;
+  AddRef();
+  return S_OK;
+}
+
+STDMETHODIMP_(ULONG) CPropPage::AddRef() {
+  return ++m_references;
+}
+
+STDMETHODIMP_(ULONG) CPropPage::Release() {
+  const ULONG left = --m_references;
+  if (left == 0) {
+    // Destroying the window calls out, and what comes back may take and drop a reference.
+    m_references = 1;
+    delete this;
+  }
+  return left;
+}
+
+STDMETHODIMP CPropPage::GetPageInfo(BSTR*, long*) {
+  return E_NOTIMPL;  // there is no help file
+}
+
+STDMETHODIMP CPropPage::get_Dirty(VARIANT_BOOL* dirty) {
+  if (dirty == nullptr) return E_POINTER;
+  *dirty = m_panel.IsDirty() ? VARIANT_TRUE : VARIANT_FALSE;
+  return S_OK;
+}
+
+STDMETHODIMP CPropPage::Apply() {
+  const IUnknownPtr alive = &Identity();
+  return GuardComCall(m_log, "options page", [&]() -> HRESULT {
+    if (!m_panel.IsDirty()) return S_OK;
+    const OptionValues values = m_panel.ValuesOver(m_store.Load());
+    m_store.Apply(values);
+    m_panel.Load(values);
+    return S_OK;
+  });
+}
+
+STDMETHODIMP CPropPage::get_Caption(BSTR* caption) {
+  if (caption == nullptr) return E_POINTER;
+  *caption = nullptr;
+  return GuardComCall(m_log, "options page", [&]() -> HRESULT {
+    *caption = BstrFromText(m_resources.Text(IDS_PRODUCT_NAME)).Detach();
+    return S_OK;
+  });
+}
+
+void CPropPage::OnClientSite(IOleClientSite* site) {
+  m_pageSite = nullptr;
+  IDispatch* found = nullptr;
+  if (site != nullptr &&
+      SUCCEEDED(site->QueryInterface(kPropertyPageSite, reinterpret_cast<void**>(&found)))) {
+    m_pageSite.Attach(found);
+  }
+}
+
+void CPropPage::OnOptionsChanged() {
+  const IUnknownPtr alive = &Identity();
+  const IDispatchPtr site = m_pageSite;
+  if (site == nullptr) return;
+  DISPPARAMS none = {};
+  const HRESULT result = site->Invoke(kOnStatusChange, IID_NULL, LOCALE_USER_DEFAULT,
+                                      DISPATCH_METHOD, &none, nullptr, nullptr, nullptr);
+  if (FAILED(result)) _com_issue_error(result);
+}
+
+void CPropPage::OnAboutPressed() {
+  m_store.ShowAbout(GetAncestor(m_panel.Window(), GA_ROOT));
+}
+
+}  // namespace quor

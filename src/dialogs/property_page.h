@@ -1,0 +1,73 @@
+#ifndef QUOR_DIALOGS_PROPERTY_PAGE_H
+#define QUOR_DIALOGS_PROPERTY_PAGE_H
+
+#include "com/type_info_dispatch.h"
+#include "dialogs/options_panel.h"
+#include "dialogs/windowed_control.h"
+#include "module/module.h"
+#include "module/quor_telephone_toolbar.h"
+
+namespace quor {
+
+// What an options page needs of the add-in it belongs to. The page keeps the add-in alive, so all
+// of it must live as long as `addin` does.
+struct OptionsPageParts {
+  IUnknown& addin;
+  IOptionsStore& store;
+  const CResourceLoader& resources;
+  CDiagnosticLog& log;
+};
+
+// The options as a page of Outlook's own options dialog: the panel as an ActiveX control.
+class CPropPage final : public CDispatchPart<ITelephonePropertyPage>,
+                        public CDispatchPart<PropertyPage>,
+                        public CWindowedControl,
+                        private IOptionsPanelOwner {
+ public:
+  // A page that shows the stored values: the interface asked for with one reference, or a failure
+  // and a null pointer. May throw.
+  static HRESULT Create(const OptionsPageParts& parts, REFIID iid, void** object);
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
+  STDMETHODIMP_(ULONG) AddRef() override;
+  STDMETHODIMP_(ULONG) Release() override;
+
+  // PropertyPage; Outlook asks Dirty after OnStatusChange and calls Apply on OK and Apply.
+  STDMETHODIMP GetPageInfo(BSTR* helpFile, long* helpContext) override;
+  STDMETHODIMP get_Dirty(VARIANT_BOOL* dirty) override;
+  STDMETHODIMP Apply() override;
+
+  // ITelephonePropertyPage adds the tab's title.
+  STDMETHODIMP get_Caption(BSTR* caption) override;
+
+ private:
+  explicit CPropPage(const OptionsPageParts& parts);
+  ~CPropPage() = default;
+  IUnknown& Identity() noexcept { return static_cast<IOleObject&>(*this); }
+
+  // CWindowedControl
+  void OpenWindow(HWND parent) override { m_panel.Create(parent); }
+  void CloseWindow() noexcept override { m_panel.Destroy(); }
+  HWND ControlWindow() const noexcept override { return m_panel.Window(); }
+  void TakeFocus() noexcept override { m_panel.FocusFirst(); }
+  bool TranslateKey(MSG& message) noexcept override { return m_panel.TranslateKey(message); }
+  void OnClientSite(IOleClientSite* site) override;
+
+  // IOptionsPanelOwner
+  void OnOptionsChanged() override;
+  void OnAboutPressed() override;
+  void OnPanelFocus() override { UiActivate(); }
+
+  CModuleLock m_moduleLock;
+  ULONG m_references = 1;
+  IUnknownPtr m_addin;
+  IOptionsStore& m_store;
+  const CResourceLoader& m_resources;
+  CDiagnosticLog& m_log;
+  COptionsPanel m_panel;
+  IDispatchPtr m_pageSite;  // Outlook's PropertyPageSite, while there is a client site
+};
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,80 @@
+#include "dialogs/simple_window.h"
+
+#include "com/com_boundary.h"
+#include "resources/resource_ids.h"
+#include "telephone/telephone_state.h"
+
+namespace quor {
+namespace {
+
+// The values are shown as they are; a text written for a label spells one "&" as two.
+std::wstring WithoutDoubledAmpersands(const std::wstring& label) {
+  std::wstring text;
+  for (size_t i = 0; i < label.size(); ++i) {
+    text += label[i];
+    if (label[i] == L'&' && i + 1 < label.size() && label[i + 1] == L'&') ++i;
+  }
+  return text;
+}
+
+uint8_t StateOfSlot(int slot, uint8_t line1, uint8_t line2, uint8_t cell) noexcept {
+  if (slot == 0) return line1;
+  return slot == 1 ? line2 : cell;
+}
+
+}  // namespace
+
+CSimpleWindow::CSimpleWindow(const CResourceLoader& resources, IAnswerHandler& answer,
+                             CDiagnosticLog& log) noexcept
+    : CModelessDialog(resources, log, IDD_CALLER), m_answer(answer) {}
+
+void CSimpleWindow::Fill(const CallerValue& name, const CallerValue& number, int slot) {
+  GuardCall(m_log, "caller window", [&] {
+    SetItemText(IDC_CALLER_NAME, Shown(name));
+    SetItemText(IDC_CALLER_NUMBER, Shown(number));
+    SetItemText(IDC_CALLER_LINE, m_resources.Text(IDS_SLOT_NAME + slot));
+    m_slot = slot;
+    EnableAnswer(true);
+  });
+}
+
+void CSimpleWindow::Show() {
+  ShowInFront(m_outlook, CentreBelowToolbar);
+}
+
+void CSimpleWindow::Follow(uint8_t line1, uint8_t line2, uint8_t cell) {
+  if (!IsVisible()) return;
+  const uint8_t state = StateOfSlot(m_slot, line1, line2, cell);
+  if (state == kStateIdle) Hide();
+  if (state == kStateInCall) EnableAnswer(false);
+}
+
+void CSimpleWindow::OnCreated() {
+  SetCaptionText(m_resources.Text(IDS_INCOMING_CALL));
+}
+
+void CSimpleWindow::OnButton(int id) {
+  Hide();
+  if (id == IDOK) m_answer.OnAnswer(m_slot);
+}
+
+std::wstring CSimpleWindow::Shown(const CallerValue& value) const {
+  if (value.withheldTextId == 0) return value.text;
+  return WithoutDoubledAmpersands(m_resources.Text(value.withheldTextId));
+}
+
+void CSimpleWindow::EnableAnswer(bool enabled) noexcept {
+  // A disabled button must not keep the focus: the keyboard would be dead.
+  if (!enabled && GetFocus() == Control(IDOK)) FocusControl(IDCANCEL);
+  EnableWindow(Control(IDOK), enabled);
+}
+
+void CSimpleWindow::SetCaptionText(std::wstring_view text) {
+  if (!SetText(Window(), text)) m_log.Write("** CSimpleWindow::SetDlgCaptionText error.\n");
+}
+
+void CSimpleWindow::SetItemText(int id, std::wstring_view text) {
+  if (!SetText(Control(id), text)) m_log.Write("** CSimpleWindow::SetDlgItemText error.\n");
+}
+
+}  // namespace quor

@@ -1,0 +1,71 @@
+#include "dialogs/speed_dial_regist.h"
+
+#include <string>
+
+#include "com/com_boundary.h"
+#include "resources/resource_ids.h"
+#include "telephone/number_check.h"
+#include "telephone/string_ids.h"
+#include "text/ansi.h"
+#include "text/dial_chars.h"
+
+namespace quor {
+namespace {
+
+SpeedDialEntry Dialable(const SpeedDialEntry& offered) {
+  std::string number = AnsiFromWide(offered.number);
+  return {offered.name, WideFromAnsi(FilterDialChars(number))};
+}
+
+// Unlike the dial box, an entry must have a number.
+int Refusal(const std::wstring& number) {
+  return number.empty() ? kTextInvalidNumber : NumberRefusal(AnsiFromWide(number));
+}
+
+}  // namespace
+
+CSpeedDialRegist::CSpeedDialRegist(const CResourceLoader& resources, ISpeedDialStore& store,
+                                   IMessagePopup& messages, CDiagnosticLog& log) noexcept
+    : CModelessDialog(resources, log, IDD_SPEED_DIAL_REGIST),
+      m_store(store),
+      m_messages(messages) {}
+
+void CSpeedDialRegist::Open(HWND outlook, size_t index, const SpeedDialEntry& entry,
+                            const SpeedDialEntry& offered) noexcept {
+  GuardCall(m_log, "speed dial entry", [&] {
+    RequireWindow(outlook);
+    m_index = index;
+    Fill(entry == SpeedDialEntry() ? Dialable(offered) : entry);
+    ShowInFront(outlook, CentreOver);
+    if (GetActiveWindow() == Window()) FocusControl(IDC_SPEED_DIAL_NAME);
+  });
+}
+
+// Not through the ANSI code page: what the user wrote must come back as he wrote it.
+void CSpeedDialRegist::Fill(const SpeedDialEntry& shown) noexcept {
+  SetWindowTextW(Control(IDC_SPEED_DIAL_NAME), shown.name.c_str());
+  SetWindowTextW(Control(IDC_SPEED_DIAL_NUMBER), shown.number.c_str());
+}
+
+void CSpeedDialRegist::OnButton(int id) {
+  if (id == IDOK) {
+    Save();
+  } else {
+    Hide();
+  }
+}
+
+void CSpeedDialRegist::Save() {
+  SpeedDialEntry entry = {TypedText(IDC_SPEED_DIAL_NAME), TypedText(IDC_SPEED_DIAL_NUMBER)};
+  if (const int refusal = Refusal(entry.number); refusal != kNoText) {
+    FocusControl(IDC_SPEED_DIAL_NUMBER);
+    m_messages.ShowMessage(refusal);
+    return;
+  }
+  // A menu item needs a text.
+  if (entry.name.find_first_not_of(L' ') == std::wstring::npos) entry.name = entry.number;
+  Hide();
+  m_store.SetEntry(m_index, entry);
+}
+
+}  // namespace quor

@@ -1,0 +1,123 @@
+#include "dialogs/user_dialogs.h"
+
+#include <shellapi.h>
+#include <shlwapi.h>
+
+#include "module/log_file.h"
+#include "module/module.h"
+#include "module/version.h"
+#include "text/ansi.h"
+#include "text/format.h"
+
+namespace quor {
+namespace {
+
+// The day the DLL was made, as its file tells; empty when it does not.
+std::wstring BuildDate() {
+  WIN32_FILE_ATTRIBUTE_DATA file;
+  SYSTEMTIME made;
+  if (!GetFileAttributesExW(ModulePath().c_str(), GetFileExInfoStandard, &file) ||
+      !FileTimeToSystemTime(&file.ftLastWriteTime, &made)) {
+    return {};
+  }
+  return WideFromAnsi(Format("%04d-%02d-%02d", made.wYear, made.wMonth, made.wDay));
+}
+
+}  // namespace
+
+CUserDialogs::CUserDialogs(const CResourceLoader& resources, CSettings& settings,
+                           ITelephoneControls& controls, IMessagePopup& messages, CTelCtrl& telCtrl,
+                           const CDeviceLink& link, CDiagnosticLog& log) noexcept
+    : m_settings(settings),
+      m_controls(controls),
+      m_telCtrl(telCtrl),
+      m_link(link),
+      m_regist(resources, *this, messages, log),
+      m_erase(resources, *this, log),
+      m_options(resources, *this, log),
+      m_about(resources, *this, log) {}
+
+void CUserDialogs::Destroy() noexcept {
+  m_regist.Destroy();
+  m_erase.Destroy();
+  m_options.Destroy();
+  m_about.Destroy();
+}
+
+void CUserDialogs::EditSpeedDial(size_t index, const SpeedDialEntry& entry,
+                                 const SpeedDialEntry& offered) {
+  m_regist.Open(m_outlook, index, entry, offered);
+}
+
+void CUserDialogs::EraseSpeedDial(size_t index, const SpeedDialEntry& entry) {
+  m_erase.Open(m_outlook, index, entry);
+}
+
+void CUserDialogs::OpenOptions() {
+  m_options.Open(m_outlook);
+}
+
+OptionValues CUserDialogs::Load() {
+  const Configuration& values = m_settings.Values();
+  return {values.languageNo, values.popUpModes};
+}
+
+void CUserDialogs::Apply(const OptionValues& values) {
+  m_settings.Values().languageNo = values.languageNo;
+  m_settings.Values().popUpModes = values.popUpModes;
+  m_settings.Save();
+}
+
+void CUserDialogs::ShowAbout(HWND owner) {
+  AboutFacts facts;
+  facts.version = WideFromAnsi(QUOR_VERSION_TEXT);
+  facts.build = BuildDate();
+  facts.baseIsConnected = m_link.IsOpen();
+  facts.configurationPath = WideFromAnsi(m_settings.Path());
+  facts.logPath = WideFromAnsi(CLogFile::TodaysPath());
+  facts.logIsOn = m_telCtrl.LogFlag();
+  m_about.Open(owner, facts);
+}
+
+// Entries keep their places: the user knows them by these. Empty ones at the end are not kept.
+void CUserDialogs::SetEntry(size_t index, const SpeedDialEntry& entry) {
+  if (index >= kSpeedDialCount) return;
+  std::vector<SpeedDialEntry>& entries = m_settings.Values().speedDials;
+  if (entries.size() <= index) entries.resize(index + 1);
+  entries[index] = entry;
+  KeepSpeedDial();
+}
+
+void CUserDialogs::EraseEntry(size_t index) {
+  std::vector<SpeedDialEntry>& entries = m_settings.Values().speedDials;
+  if (index >= entries.size()) return;
+  entries[index] = {};
+  while (!entries.empty() && entries.back() == SpeedDialEntry()) {
+    entries.pop_back();
+  }
+  KeepSpeedDial();
+}
+
+void CUserDialogs::KeepSpeedDial() {
+  m_settings.Save();
+  m_controls.RefreshSpeedDial();
+}
+
+void CUserDialogs::SwitchLog(bool on) {
+  m_telCtrl.SetLogFlag(on);
+  m_settings.Values().debugLog = on ? 1 : 0;
+  m_settings.Save();
+}
+
+void CUserDialogs::OpenLogFolder() {
+  // There is no folder before the first line is written: then the one around it.
+  std::string folder = CLogFile::TodaysPath();
+  do {
+    const size_t end = folder.find_last_of('\\');
+    if (end == std::string::npos) return;
+    folder.resize(end);
+  } while (!PathFileExistsA(folder.c_str()));
+  ShellExecuteA(nullptr, "open", folder.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+}
+
+}  // namespace quor

@@ -1,0 +1,60 @@
+#ifndef QUOR_DIALOGS_USER_DIALOGS_H
+#define QUOR_DIALOGS_USER_DIALOGS_H
+
+#include "device/device_link.h"
+#include "device/tel_ctrl.h"
+#include "dialogs/about_dlg.h"
+#include "dialogs/options_dialog.h"
+#include "dialogs/speed_dial_erase.h"
+#include "dialogs/speed_dial_regist.h"
+#include "settings/settings.h"
+
+namespace quor {
+
+// The windows that the user opens himself: speed dial, options, about. What he decides there goes
+// into the configuration and is saved at once.
+class CUserDialogs final : public IOptionsStore, private ISpeedDialStore, private IAboutActions {
+ public:
+  // All must outlive the dialogs.
+  CUserDialogs(const CResourceLoader& resources, CSettings& settings, ITelephoneControls& controls,
+               IMessagePopup& messages, CTelCtrl& telCtrl, const CDeviceLink& link,
+               CDiagnosticLog& log) noexcept;
+
+  // Outlook's main window, which owns the dialogs; null until it is known.
+  void SetOwner(HWND outlook) noexcept { m_outlook = outlook; }
+  void Destroy() noexcept;
+
+  void EditSpeedDial(size_t index, const SpeedDialEntry& entry, const SpeedDialEntry& offered);
+  void EraseSpeedDial(size_t index, const SpeedDialEntry& entry);
+  void OpenOptions();
+
+  // IOptionsStore
+  OptionValues Load() override;
+  void Apply(const OptionValues& values) override;
+  void ShowAbout(HWND owner) override;
+
+ private:
+  // ISpeedDialStore
+  void SetEntry(size_t index, const SpeedDialEntry& entry) override;
+  void EraseEntry(size_t index) override;
+
+  // IAboutActions
+  void SwitchLog(bool on) override;
+  void OpenLogFolder() override;
+
+  void KeepSpeedDial();
+
+  CSettings& m_settings;
+  ITelephoneControls& m_controls;
+  CTelCtrl& m_telCtrl;
+  const CDeviceLink& m_link;
+  HWND m_outlook = nullptr;
+  CSpeedDialRegist m_regist;
+  CSpeedDialErase m_erase;
+  COptionsDialog m_options;
+  CAboutDlg m_about;
+};
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,195 @@
+#ifndef QUOR_OUTLOOK_OBJECT_MODEL_H
+#define QUOR_OUTLOOK_OBJECT_MODEL_H
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "com/dispatch_object.h"
+
+namespace quor {
+
+// Outlook's object model, as much of it as the add-in uses: one small typed wrapper per object. A
+// wrapper that stands for "nothing" is empty and converts to false; calling it throws E_POINTER.
+
+inline constexpr long kFolderDeletedItems = 3;
+inline constexpr long kFolderContacts = 10;
+inline constexpr int32_t kItemTypeAppointment = 1;
+inline constexpr int32_t kItemTypeContact = 2;
+
+// Published event interfaces.
+extern const IID kApplicationEvents;
+extern const IID kExplorersEvents;
+extern const IID kExplorerEvents;
+extern const IID kInspectorsEvents;
+extern const IID kInspectorEvents;
+extern const IID kItemsEvents;
+extern const IID kFoldersEvents;
+
+// Their dispatch ids: event interfaces have no names to ask for. The same number means different
+// events on different sources.
+inline constexpr DISPID kEventOptionsPagesAdd = 0xF005;
+inline constexpr DISPID kEventQuit = 0xF007;
+inline constexpr DISPID kEventNewExplorer = 0xF001;
+inline constexpr DISPID kEventNewInspector = 0xF001;
+inline constexpr DISPID kEventActivate = 0xF001;
+inline constexpr DISPID kEventFolderSwitch = 0xF002;
+inline constexpr DISPID kEventSelectionChange = 0xF007;
+inline constexpr DISPID kEventClose = 0xF008;
+inline constexpr DISPID kEventItemAdd = 0xF001;
+inline constexpr DISPID kEventItemChange = 0xF002;
+inline constexpr DISPID kEventItemRemove = 0xF003;
+inline constexpr DISPID kEventFolderAdd = 0xF001;
+inline constexpr DISPID kEventFolderChange = 0xF002;
+inline constexpr DISPID kEventFolderRemove = 0xF003;
+
+// A contact's number fields that the add-in knows, in the order of telNumberType 1 to 12.
+inline constexpr int kTelNumberTypeCount = 12;
+
+class CContactItem : public CDispatchObject {
+ public:
+  CContactItem() = default;
+  explicit CContactItem(IDispatchPtr object);
+  static REFIID InterfaceId() noexcept;
+
+  CText EntryId() const;  // empty until the contact is saved
+  CText FileAs() const;
+  // The number as the user wrote it. `telNumberType` is 1 to 12; anything else is E_INVALIDARG.
+  CText TelephoneNumber(int telNumberType) const;
+  void SetTelephoneNumber(int telNumberType, std::wstring_view number) const;
+  void SetFullName(std::wstring_view name) const;
+  IDispatchPtr Parent() const;
+  void Save() const;
+  void Display() const;
+};
+
+class CItems : public CDispatchObject {
+ public:
+  CItems() = default;
+  explicit CItems(IDispatchPtr object);
+  static REFIID InterfaceId() noexcept;
+
+  int32_t Count() const;
+  IDispatchPtr Item(int32_t index) const;  // from 1
+};
+
+class CFolder;
+
+// The cursor of GetLast and GetPrevious lives in the collection object: hold one for a whole walk.
+class CFolders : public CDispatchObject {
+ public:
+  CFolders() = default;
+  explicit CFolders(IDispatchPtr object);
+  static REFIID InterfaceId() noexcept;
+
+  int32_t Count() const;
+  CFolder Item(int32_t index) const;  // from 1
+  CFolder GetLast() const;
+  CFolder GetPrevious() const;  // empty before the first
+};
+
+class CFolder : public CDispatchObject {
+ public:
+  CFolder() = default;
+  explicit CFolder(IDispatchPtr object);
+  static REFIID InterfaceId() noexcept;
+
+  std::wstring EntryId() const;
+  std::wstring Name() const;
+  std::wstring StoreId() const;
+  int32_t DefaultItemType() const;
+  IDispatchPtr Parent() const;  // the namespace for a top folder
+  // A new collection at every read.
+  CItems Items() const;
+  CFolders Folders() const;
+};
+
+class CNameSpace : public CDispatchObject {
+ public:
+  CNameSpace() = default;
+  explicit CNameSpace(IDispatchPtr object);
+  static REFIID InterfaceId() noexcept;
+
+  CFolders Folders() const;  // one per store
+  CFolder GetDefaultFolder(long folder) const;
+  CFolder GetFolderFromId(std::wstring_view entryId, std::wstring_view storeId) const;
+  // An empty store id leaves the store to Outlook.
+  IDispatchPtr GetItemFromId(std::wstring_view entryId, std::wstring_view storeId) const;
+};
+
+class CSelection : public CDispatchObject {
+ public:
+  CSelection() = default;
+  explicit CSelection(IDispatchPtr object);
+  static REFIID InterfaceId() noexcept;
+
+  int32_t Count() const;
+  IDispatchPtr Item(int32_t index) const;  // from 1
+};
+
+class CExplorer : public CDispatchObject {
+ public:
+  CExplorer() = default;
+  explicit CExplorer(IDispatchPtr object);
+  static REFIID InterfaceId() noexcept;
+
+  IDispatchPtr CommandBars() const;
+  CFolder CurrentFolder() const;
+  CSelection Selection() const;
+};
+
+class CInspector : public CDispatchObject {
+ public:
+  CInspector() = default;
+  explicit CInspector(IDispatchPtr object);
+  static REFIID InterfaceId() noexcept;
+
+  IDispatchPtr CommandBars() const;
+  IDispatchPtr CurrentItem() const;
+};
+
+class CExplorers : public CDispatchObject {
+ public:
+  CExplorers() = default;
+  explicit CExplorers(IDispatchPtr object);
+  static REFIID InterfaceId() noexcept;
+
+  int32_t Count() const;
+  CExplorer Item(int32_t index) const;  // from 1; may be nothing
+};
+
+class CInspectors : public CDispatchObject {
+ public:
+  CInspectors() = default;
+  explicit CInspectors(IDispatchPtr object);
+  static REFIID InterfaceId() noexcept;
+
+  int32_t Count() const;
+};
+
+class COutlookApplication : public CDispatchObject {
+ public:
+  COutlookApplication() = default;
+  explicit COutlookApplication(IDispatchPtr object);
+  static REFIID InterfaceId() noexcept;
+
+  std::wstring Version() const;
+  CNameSpace GetNamespace() const;  // "MAPI", the only one
+  CExplorers Explorers() const;
+  CInspectors Inspectors() const;
+  IDispatchPtr CreateItem(int32_t itemType) const;
+};
+
+// The pages of Outlook's options dialog.
+class CPropertyPages : public CDispatchObject {
+ public:
+  CPropertyPages() = default;
+  explicit CPropertyPages(IDispatchPtr object);
+  static REFIID InterfaceId() noexcept;
+
+  void Add(IDispatch* page, std::wstring_view title) const;
+};
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,91 @@
+#include "resources/resource_loader.h"
+
+#include <cstring>
+#include <utility>
+
+namespace quor {
+namespace {
+
+constexpr LANGID kEnglishLanguage = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
+constexpr LANGID kNeutralLanguage = MAKELANGID(LANG_NEUTRAL, SUBLANG_NEUTRAL);
+constexpr int kStringsPerBlock = 16;
+
+// A block of a string table is sixteen strings one after the other, each a length and so many
+// UTF-16 units; length 0 is a string that is not there.
+std::wstring StringInBlock(std::span<const std::byte> block, int position) {
+  for (;; --position) {
+    WORD length = 0;
+    if (block.size() < sizeof length) return {};
+    std::memcpy(&length, block.data(), sizeof length);
+    block = block.subspan(sizeof length);
+    const size_t bytes = length * sizeof(wchar_t);
+    if (block.size() < bytes) return {};
+    if (position == 0) {
+      std::wstring text(length, L'\0');
+      std::memcpy(text.data(), block.data(), bytes);
+      return text;
+    }
+    block = block.subspan(bytes);
+  }
+}
+
+BOOL CALLBACK CollectLanguage(HMODULE, LPCWSTR, LPCWSTR, WORD language, LONG_PTR found) noexcept {
+  try {
+    reinterpret_cast<std::vector<LANGID>*>(found)->push_back(language);
+    return TRUE;
+  } catch (...) {
+    return FALSE;
+  }
+}
+
+}  // namespace
+
+void CResourceLoader::SetLanguage(uint16_t primary, uint16_t sub) noexcept {
+  m_language = static_cast<LANGID>(MAKELANGID(primary, sub));
+}
+
+std::wstring CResourceLoader::Text(int id) const {
+  const int block = id / kStringsPerBlock + 1;
+  for (const LANGID language : {m_language, kEnglishLanguage}) {
+    std::wstring text = StringInBlock(Find(RT_STRING, block, language), id % kStringsPerBlock);
+    if (!text.empty()) return text;
+  }
+  return {};
+}
+
+std::vector<std::wstring> CResourceLoader::TextInEveryLanguage(int id) const {
+  const int block = id / kStringsPerBlock + 1;
+  std::vector<LANGID> languages;
+  EnumResourceLanguagesW(m_module, RT_STRING, MAKEINTRESOURCEW(block), CollectLanguage,
+                         reinterpret_cast<LONG_PTR>(&languages));
+  std::vector<std::wstring> texts;
+  for (const LANGID language : languages) {
+    std::wstring text = StringInBlock(Find(RT_STRING, block, language), id % kStringsPerBlock);
+    if (!text.empty()) texts.push_back(std::move(text));
+  }
+  return texts;
+}
+
+const DLGTEMPLATE* CResourceLoader::DialogTemplate(int id) const noexcept {
+  for (const LANGID language : {m_language, kEnglishLanguage}) {
+    const std::span<const std::byte> found = Find(RT_DIALOG, id, language);
+    if (!found.empty()) return reinterpret_cast<const DLGTEMPLATE*>(found.data());
+  }
+  return nullptr;
+}
+
+std::span<const std::byte> CResourceLoader::Data(const wchar_t* type, int id) const noexcept {
+  return Find(type, id, kNeutralLanguage);
+}
+
+std::span<const std::byte> CResourceLoader::Find(const wchar_t* type, int id,
+                                                 LANGID language) const noexcept {
+  HRSRC found = FindResourceExW(m_module, type, MAKEINTRESOURCEW(id), language);
+  if (found == nullptr) return {};
+  HGLOBAL loaded = LoadResource(m_module, found);
+  const void* bytes = loaded != nullptr ? LockResource(loaded) : nullptr;
+  if (bytes == nullptr) return {};
+  return {static_cast<const std::byte*>(bytes), SizeofResource(m_module, found)};
+}
+
+}  // namespace quor

@@ -1,0 +1,48 @@
+#ifndef QUOR_RESOURCES_RESOURCE_LOADER_H
+#define QUOR_RESOURCES_RESOURCE_LOADER_H
+
+#include <windows.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "resources/string_table.h"
+
+namespace quor {
+
+// The module's resources. Strings and dialogs are chosen by explicit language: since Windows Vista
+// neither the thread's nor the process's locale decides, and Outlook's own must not be disturbed.
+class CResourceLoader final : public IStringTable {
+ public:
+  // English until SetLanguage.
+  explicit CResourceLoader(HINSTANCE module) noexcept : m_module(module) {}
+  CResourceLoader(const CResourceLoader&) = delete;
+  CResourceLoader& operator=(const CResourceLoader&) = delete;
+
+  // What the language lacks is taken from English.
+  void SetLanguage(uint16_t primary, uint16_t sub) noexcept;
+
+  std::wstring Text(int id) const override;
+  // The text in each of the languages that have it.
+  std::vector<std::wstring> TextInEveryLanguage(int id) const;
+  // Null when there is none. Valid as long as the module is loaded.
+  const DLGTEMPLATE* DialogTemplate(int id) const noexcept;
+  // The bytes of a language-neutral resource of a type of ours; empty when there is none. Valid as
+  // long as the module is loaded.
+  std::span<const std::byte> Data(const wchar_t* type, int id) const noexcept;
+
+  HINSTANCE Module() const noexcept { return m_module; }
+
+ private:
+  std::span<const std::byte> Find(const wchar_t* type, int id, LANGID language) const noexcept;
+
+  HINSTANCE m_module;
+  LANGID m_language = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
+};
+
+}  // namespace quor
+
+#endif

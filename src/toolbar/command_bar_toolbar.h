@@ -1,0 +1,108 @@
+#ifndef QUOR_TOOLBAR_COMMAND_BAR_TOOLBAR_H
+#define QUOR_TOOLBAR_COMMAND_BAR_TOOLBAR_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "com/event_connection.h"
+#include "module/diagnostic_log.h"
+#include "outlook/command_bars.h"
+#include "settings/configuration.h"
+#include "toolbar/bar_menu.h"
+#include "toolbar/control_faces.h"
+#include "toolbar/picture_loader.h"
+#include "toolbar/redraw.h"
+#include "toolbar/toolbar_actions.h"
+#include "toolbar/toolbar_layout.h"
+
+namespace quor {
+
+// The telephone's command bar in Outlook's main window. Without a bar every operation does nothing.
+// The bar's own controls are found again by type and tag for every redraw, so that one which the
+// user deleted is merely left out.
+class CCommandBarToolbar {
+ public:
+  // All must outlive the toolbar.
+  CCommandBarToolbar(const IFaceSource& source, IToolbarActions& actions, CPictureLoader& pictures,
+                     CDiagnosticLog& log) noexcept;
+  ~CCommandBarToolbar() { Release(); }
+  CCommandBarToolbar(const CCommandBarToolbar&) = delete;
+  CCommandBarToolbar& operator=(const CCommandBarToolbar&) = delete;
+
+  // Makes the temporary bar with its seven controls and puts it where `place` says, or shows it at
+  // the top when that tells nothing. A bar of the same name, left by a crash, is deleted first. A
+  // failing call throws _com_error and leaves no bar.
+  void Create(const CCommandBars& bars, const std::wstring& name, const ToolBarRecord& place);
+
+  // Captions and enabled flags of the seven controls.
+  void Redraw();
+  // There is no base: everything but the options is disabled.
+  void Disable();
+
+  void ShowCells();
+  // Disables every cell's item but one, until the cells are shown again.
+  void DisableOtherCells(int cell);
+  void ShowCallers();
+  void ShowSpeedDial();
+
+  // Throws _com_error when the dial box refuses.
+  void ClearDialList();
+  // The text in the box stays.
+  void ShowDialList();
+  // Not a change made by the user.
+  void SetDialText(std::wstring_view text);
+
+  // Where the bar stands now; the record stays as it is when there is no bar or it does not tell.
+  void SavePlace(ToolBarRecord& place) noexcept;
+
+  // Disconnects the sinks. The bar itself stays, to be deleted or released.
+  void Unadvise() noexcept;
+  // Throws _com_error when Outlook refuses.
+  void Delete();
+  void Release() noexcept;
+
+ private:
+  void AddControls();
+  void AddControl(const CCommandBarControls& controls, const ControlLayout& layout);
+  void SetUp(const CCommandBarControl& control, const ControlLayout& layout);
+  void SetUpDialBox(IDispatchPtr control, const ControlLayout& layout);
+  void SetUpMenu(IDispatchPtr control, const ControlLayout& layout);
+  void SetUpButton(IDispatchPtr control, const ControlLayout& layout);
+  void Connect(CEventConnection& connection, IDispatch* control, REFIID events,
+               EventHandler handler);
+
+  void DrawControls();
+  void DrawControl(const ControlLayout& layout);
+  std::vector<ItemFace> CellFaces() const;
+  CCommandBarControl Find(const ControlLayout& layout) const;
+  CCommandBarComboBox FindDialBox() const;
+  void OnDialBoxChanged(IDispatch* box);
+  void OnButtonClicked(int control);
+  CEventConnection& ConnectionOf(int control) noexcept;
+
+  const IFaceSource& m_source;
+  IToolbarActions& m_actions;
+  CPictureLoader& m_pictures;
+  CDiagnosticLog& m_log;
+
+  CCommandBars m_bars;
+  CCommandBar m_bar;
+  CEventConnection m_dialBoxEvents;
+  CEventConnection m_line1Events;
+  CEventConnection m_line2Events;
+  CEventConnection m_optionsEvents;
+  CBarMenu<CCallFromCellCommandBarButton> m_cells;
+  CBarMenu<CCallerCommandBarButton> m_callers;
+  CBarMenu<CSpeedDialEntryMenu> m_speedDial;
+  bool m_settingDialBox = false;
+  bool m_connected = true;
+  std::wstring m_dialText;
+  CRedraw m_controlsRedraw;
+  CRedraw m_dialListRedraw;
+  CRedraw m_dialTextRedraw;
+};
+
+}  // namespace quor
+
+#endif

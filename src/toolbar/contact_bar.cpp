@@ -1,0 +1,148 @@
+#include "toolbar/contact_bar.h"
+
+#include <utility>
+
+#include "com/com_boundary.h"
+#include "device/line_type.h"
+#include "resources/resource_ids.h"
+#include "text/format.h"
+#include "toolbar/telephone_bar.h"
+
+namespace quor {
+namespace {
+
+constexpr wchar_t kMenuTag[] = L"Telephone Contact Dial Tag ";
+constexpr wchar_t kLine1Tag[] = L"Telephone Contact Line1 Tag ";
+constexpr wchar_t kLine2Tag[] = L"Telephone Contact Line2 Tag ";
+
+std::wstring Tag(const wchar_t* control, unsigned window) {
+  return control + DecimalText(window);
+}
+
+}  // namespace
+
+// The window may close while its click is handled: what outlives it is fetched first, and nothing
+// of the control is touched afterwards.
+
+class CContactBar::CNumberItem final : public CMenuItem {
+ public:
+  CNumberItem(const CCommandBarControls& menu, unsigned window, int telNumberType,
+              std::weak_ptr<IContactBarActions> actions, CDiagnosticLog& log)
+      : CMenuItem(menu, Tag(kMenuTag, window) + L' ' + DecimalText(telNumberType),
+                  "contact's number", log),
+        m_telNumberType(telNumberType),
+        m_actions(std::move(actions)) {}
+
+ private:
+  void OnClick() override {
+    if (const auto actions = m_actions.lock()) actions->DialContact(m_telNumberType);
+  }
+
+  int m_telNumberType;
+  std::weak_ptr<IContactBarActions> m_actions;
+};
+
+class CContactBar::CLineButton final : public CMenuItem {
+ public:
+  CLineButton(const CCommandBarControls& bar, const std::wstring& tag, uint8_t lineType,
+              std::weak_ptr<IContactBarActions> actions, CDiagnosticLog& log)
+      : CMenuItem(bar, tag, "contact's line button", log),
+        m_lineType(lineType),
+        m_actions(std::move(actions)) {
+    Button().SetStyle(kButtonIconAndCaption);
+  }
+
+  // Outlook 2000 has no pictures on buttons of others.
+  void SetPicture(CPictureLoader& pictures, int picture, int mask) const {
+    Button().SetPicture(pictures.ButtonPicture(picture));
+    Button().SetMask(pictures.Mask(mask));
+  }
+
+ private:
+  void OnClick() override {
+    if (const auto actions = m_actions.lock()) actions->ClickLine(m_lineType);
+  }
+
+  uint8_t m_lineType;
+  std::weak_ptr<IContactBarActions> m_actions;
+};
+
+CContactBar::CContactBar(const CCommandBars& bars, const std::wstring& name, unsigned number,
+                         CPictureLoader& pictures, const std::weak_ptr<IContactBarActions>& actions,
+                         CDiagnosticLog& log)
+    : m_log(log), m_bar(MakeBar(bars, name)) {
+  try {
+    const CCommandBarControls controls = m_bar.Controls();
+    AddMenu(controls, number, actions);
+    AddLine(controls, Tag(kLine1Tag, number), {kLine1, IDP_LINE1, IDB_LINE1_MASK}, actions,
+            pictures);
+    AddLine(controls, Tag(kLine2Tag, number), {kLine2, IDP_LINE2, IDB_LINE2_MASK}, actions,
+            pictures);
+  } catch (...) {
+    Remove();
+    throw;
+  }
+}
+
+void CContactBar::AddMenu(const CCommandBarControls& controls, unsigned number,
+                          const std::weak_ptr<IContactBarActions>& actions) {
+  m_menu = CCommandBarPopup(controls.Add(kControlPopup));
+  m_menu.SetTag(Tag(kMenuTag, number));
+  const CCommandBarControls items = m_menu.Controls();
+  for (int type = 1; type <= kTelNumberTypeCount; ++type) {
+    m_numbers.push_back(std::make_shared<CNumberItem>(items, number, type, actions, m_log));
+  }
+}
+
+void CContactBar::AddLine(const CCommandBarControls& controls, const std::wstring& tag,
+                          const LineLayout& layout,
+                          const std::weak_ptr<IContactBarActions>& actions,
+                          CPictureLoader& pictures) {
+  const auto button = std::make_shared<CLineButton>(controls, tag, layout.lineType, actions, m_log);
+  GuardCall(m_log, "picture of the contact's line button",
+            [&] { button->SetPicture(pictures, layout.picture, layout.mask); });
+  m_lines.push_back(button);
+}
+
+void CContactBar::Place(const ToolBarRecord& place) {
+  const CCommandBar bar = m_bar;
+  if (bar) PlaceBar(bar, place, m_log);
+}
+
+// Any call may handle messages, and with them the end of the window.
+template <typename Item>
+void CContactBar::ShowItems(const Items<Item>& items, const ItemFace* faces) {
+  const Items<Item> shown = items;
+  for (const auto& item : shown) {
+    if (!m_bar) return;
+    GuardCall(m_log, "contact's control", [&] { item->Show(*faces); });
+    ++faces;
+  }
+}
+
+void CContactBar::Show(const ContactBarFaces& faces) {
+  if (!m_bar) return;
+  GuardCall(m_log, "contact's dial menu", [&] { m_menuFace.Show(m_menu, faces.menu); });
+  ShowItems(m_lines, faces.lines.data());
+  ShowItems(m_numbers, faces.numbers.data());
+}
+
+void CContactBar::SavePlace(ToolBarRecord& place) noexcept {
+  const CCommandBar bar = m_bar;
+  if (bar) ReadPlace(bar, place, m_log);
+}
+
+void CContactBar::Remove() noexcept {
+  // Everything is forgotten before anything is let go of: that calls out.
+  const CCommandBar bar = std::exchange(m_bar, {});
+  const CCommandBarPopup menu = std::exchange(m_menu, {});
+  const auto numbers = std::exchange(m_numbers, {});
+  const auto lines = std::exchange(m_lines, {});
+  for (const auto& item : numbers)
+    item->Unadvise();
+  for (const auto& button : lines)
+    button->Unadvise();
+  if (bar) GuardCall(m_log, "deleting the contact's command bar", [&] { bar.Delete(); });
+}
+
+}  // namespace quor

@@ -1,0 +1,71 @@
+#ifndef QUOR_TOOLBAR_CONTACT_WINDOWS_H
+#define QUOR_TOOLBAR_CONTACT_WINDOWS_H
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "module/diagnostic_log.h"
+#include "outlook/object_model.h"
+#include "resources/resource_loader.h"
+#include "settings/configuration.h"
+#include "toolbar/contact_window.h"
+#include "toolbar/control_faces.h"
+#include "toolbar/picture_loader.h"
+#include "toolbar/ribbon.h"
+
+namespace quor {
+
+// The telephone in the windows of open contacts, any number at once. Before version 12 of Outlook
+// each has a command bar of its own, kept until the window closes. From then on contact windows
+// have a ribbon, which asks whenever it is drawn: for them nothing is kept.
+class CContactWindows final : public IContactRibbon, private IContactWindowHost {
+ public:
+  // All must outlive the windows. `place` is the record of the contact windows' command bar: read
+  // for each new one, and written when one closes.
+  CContactWindows(const IFaceSource& source, IContactWindowActions& actions,
+                  const CResourceLoader& resources, ToolBarRecord& place,
+                  CDiagnosticLog& log) noexcept;
+  ~CContactWindows() { CloseAll(); }
+  CContactWindows(const CContactWindows&) = delete;
+  CContactWindows& operator=(const CContactWindows&) = delete;
+
+  // For every inspector that Outlook opens; those of other items are ignored. Failures are logged.
+  void Open(const CInspector& inspector, int32_t appVersion) noexcept;
+
+  // Captions, enabled flags and numbers of every window's command bar.
+  void Redraw() noexcept;
+  // There is no base.
+  void Disable() noexcept;
+  // Where the bar stands that was opened last, for a file that is written before the windows close.
+  void SavePlace() noexcept;
+  // Takes the command bars away and lets go of everything.
+  void CloseAll() noexcept;
+
+  // IContactRibbon: read from the contact at each call, since the user may be changing it.
+  std::wstring ContactNumber(IDispatch* inspector, int telNumberType) override;
+  void DialContact(IDispatch* inspector, int telNumberType) override;
+  void ClickContactLine(IDispatch* inspector, uint8_t lineType) override;
+
+ private:
+  // IContactWindowHost
+  CControlFaces Faces() const override { return m_source.Faces(); }
+  void OnClosed(const CContactWindow& window) noexcept override;
+
+  void OpenWindow(const CInspector& inspector);
+  template <typename Act>
+  void ForEach(Act act) noexcept;
+
+  const IFaceSource& m_source;
+  IContactWindowActions& m_actions;
+  ToolBarRecord& m_place;
+  CDiagnosticLog& m_log;
+  CPictureLoader m_pictures;
+  std::vector<std::shared_ptr<CContactWindow>> m_windows;
+  unsigned m_lastNumber = 0;
+};
+
+}  // namespace quor
+
+#endif
