@@ -54,8 +54,10 @@ void CSimpleWindow::OnCreated() {
 }
 
 void CSimpleWindow::OnButton(int id) {
+  // A press that was under way when the call went.
+  const bool answers = id == IDOK && IsVisible() && IsWindowEnabled(Control(IDOK));
   Hide();
-  if (id == IDOK) m_answer.OnAnswer(m_slot);
+  if (answers) m_answer.OnAnswer(m_slot);
 }
 
 std::wstring CSimpleWindow::Shown(const CallerValue& value) const {

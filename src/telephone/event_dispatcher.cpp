@@ -68,6 +68,7 @@ void CEventDispatcher::OnDisconnected() {
   // No base, no call to answer.
   m_state.caller.popupLine = m_state.caller.cidLine = kNoLine;
   m_lines.SetUSBState(kStateNoBase, kStateNoBase, 0, kStateNoBase, 0);
+  m_with.callerWindow.Hide();
   m_bar.SetBarState(0);
 }
 

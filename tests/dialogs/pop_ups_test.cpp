@@ -115,6 +115,17 @@ TEST_F(CallerWindow, LeavesOtherWindowsTheirKeys) {
   EXPECT_EQ(message.message, static_cast<UINT>(WM_KEYDOWN));
 }
 
+TEST_F(CallerWindow, AnswersNoCallThatIsGone) {
+  Ring(0);
+  const HWND answer = GetDlgItem(VisibleDialog(), IDOK);
+  m_window.Hide();
+  SendMessageW(GetParent(answer), WM_COMMAND, IDOK, 0);
+  Ring(1);
+  m_window.Follow(2, kStateInCall, 2);
+  SendMessageW(GetParent(answer), WM_COMMAND, IDOK, 0);
+  EXPECT_TRUE(m_answers.slots.empty());
+}
+
 TEST_F(CallerWindow, LetsNothingEscapeFromAnAnswer) {
   m_answers.refuses = true;
   Ring(0);

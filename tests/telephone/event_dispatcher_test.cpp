@@ -26,7 +26,7 @@ TEST(Events, ConnectAndDisconnect) {
   EXPECT_EQ(desk.state.record, TelephoneRecord{});
   EXPECT_THAT(desk.Journal(),
               ElementsAre("log: CAddin::OnEventGet", "log: OnEventGet::classUsbDisconnected",
-                          "log: CAddin::SetUSBState", "log: CAddin::SetBarState", "disable"));
+                          "log: CAddin::SetUSBState", "hide", "log: CAddin::SetBarState", "disable"));
   for (int control = 0; control < 6; ++control) {
     EXPECT_FALSE(IsControlEnabled(desk.state, control, true)) << "pulled out while it rang";
   }
