@@ -5,8 +5,8 @@
 namespace quor {
 namespace {
 
-// Marks a dialog for the hook, which Windows calls without any context.
-constexpr wchar_t kMark[] = L"QuorTelephoneToolbarDialog";
+// The filter of a dialog, for the hook, which Windows calls without any context.
+constexpr wchar_t kFilter[] = L"QuorTelephoneToolbarDialog";
 
 bool IsKeyboardMessage(UINT message) noexcept {
   return message >= WM_KEYFIRST && message <= WM_KEYLAST;
@@ -41,30 +41,37 @@ bool PressByFirstLetter(HWND dialog, const MSG& message) noexcept {
   return false;
 }
 
+// Whether the key has done what it does in a dialog of ours, if only nothing.
+bool IsHandled(MSG& message) noexcept {
+  const HWND dialog = GetAncestor(message.hwnd, GA_ROOT);
+  if (dialog == nullptr) return false;
+  auto* filter = static_cast<IKeyFilter*>(GetPropW(dialog, kFilter));
+  if (filter == nullptr) return false;
+  return !filter->AdmitsKey(message) || PressByFirstLetter(dialog, message) ||
+         IsDialogMessageW(dialog, &message) != FALSE;
+}
+
 LRESULT CALLBACK GetMessageHook(int code, WPARAM removed, LPARAM parameter) {
   auto& message = *reinterpret_cast<MSG*>(parameter);
-  if (code == HC_ACTION && removed == PM_REMOVE && IsKeyboardMessage(message.message)) {
-    HWND dialog = GetAncestor(message.hwnd, GA_ROOT);
-    if (dialog != nullptr && GetPropW(dialog, kMark) != nullptr &&
-        (PressByFirstLetter(dialog, message) || IsDialogMessageW(dialog, &message))) {
-      message.message = WM_NULL;
-    }
+  if (code == HC_ACTION && removed == PM_REMOVE && IsKeyboardMessage(message.message) &&
+      IsHandled(message)) {
+    message.message = WM_NULL;
   }
   return CallNextHookEx(nullptr, code, removed, parameter);
 }
 
 }  // namespace
 
-void CDialogKeyboard::Attach(HWND dialog) noexcept {
+void CDialogKeyboard::Attach(HWND dialog, IKeyFilter& filter) noexcept {
   if (m_hook != nullptr) return;
   m_dialog = dialog;
   m_hook = SetWindowsHookExW(WH_GETMESSAGE, GetMessageHook, nullptr, GetCurrentThreadId());
-  SetPropW(dialog, kMark, reinterpret_cast<HANDLE>(1));
+  SetPropW(dialog, kFilter, &filter);
 }
 
 void CDialogKeyboard::Detach() noexcept {
   if (m_hook == nullptr) return;
-  RemovePropW(m_dialog, kMark);
+  RemovePropW(m_dialog, kFilter);
   UnhookWindowsHookEx(m_hook);
   m_hook = nullptr;
 }

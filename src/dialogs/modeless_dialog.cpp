@@ -78,10 +78,13 @@ INT_PTR CModelessDialog::Handle(UINT message, WPARAM wparam) {
       return FALSE;  // TRUE would give the hidden window the focus
     case WM_SHOWWINDOW:
       if (wparam != FALSE) {
-        m_keyboard.Attach(Window());
+        m_keyboard.Attach(Window(), *this);
       } else {
         m_keyboard.Detach();
       }
+      return FALSE;
+    case WM_ACTIVATE:
+      OnActivation(LOWORD(wparam) != WA_INACTIVE);
       return FALSE;
     case WM_COMMAND:
       if (HIWORD(wparam) != BN_CLICKED) return FALSE;

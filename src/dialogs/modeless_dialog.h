@@ -12,7 +12,7 @@ namespace quor {
 
 // A window that is created hidden, then only filled, shown and hidden until it is destroyed.
 // Nothing waits for it.
-class CModelessDialog : public CDialogWindow {
+class CModelessDialog : public CDialogWindow, private IKeyFilter {
  public:
   bool IsVisible() const noexcept { return IsWindow() && IsWindowVisible(Window()) != FALSE; }
 
@@ -38,11 +38,13 @@ class CModelessDialog : public CDialogWindow {
 
   // Called inside a boundary: throwing is allowed.
   virtual void OnCreated() {}
+  virtual void OnActivation(bool) {}
   // A button was pressed; closing the window by other means presses IDCANCEL. Hides it.
   virtual void OnButton(int id);
 
  private:
   INT_PTR Handle(UINT message, WPARAM wparam) override;
+  bool AdmitsKey(const MSG&) noexcept override { return true; }
 
   CDialogKeyboard m_keyboard;
 };

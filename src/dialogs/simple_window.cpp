@@ -39,7 +39,20 @@ void CSimpleWindow::Fill(const CallerValue& name, const CallerValue& number, int
 }
 
 void CSimpleWindow::Show() {
+  ++m_shown;
+  const bool inFront = IsVisible() && GetActiveWindow() == Window();
+  if (!inFront) m_focus.Note();
   ShowInFront(m_outlook, CentreBelowToolbar);
+  // Another call in a window that is in front already.
+  if (inFront) m_keys.Begin();
+}
+
+void CSimpleWindow::Hide() {
+  if (!IsVisible()) return;
+  const unsigned shown = m_shown;
+  m_focus.Return(Window());
+  // Unless the next call has come in while others took the keyboard.
+  if (shown == m_shown) CModelessDialog::Hide();
 }
 
 void CSimpleWindow::Follow(uint8_t line1, uint8_t line2, uint8_t cell) {
@@ -51,6 +64,20 @@ void CSimpleWindow::Follow(uint8_t line1, uint8_t line2, uint8_t cell) {
 
 void CSimpleWindow::OnCreated() {
   SetCaptionText(m_resources.Text(IDS_INCOMING_CALL));
+  m_keys.Attach(Window());
+}
+
+void CSimpleWindow::OnActivation(bool active) {
+  if (active) {
+    m_keys.Begin();
+  } else {
+    m_keys.End();
+    m_focus.Forget();
+  }
+}
+
+bool CSimpleWindow::AdmitsKey(const MSG& message) noexcept {
+  return m_keys.Admits(message.message, message.wParam, message.lParam, message.time);
 }
 
 void CSimpleWindow::OnButton(int id) {

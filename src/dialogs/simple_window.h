@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "dialogs/focus_return.h"
+#include "dialogs/key_guard.h"
 #include "dialogs/modeless_dialog.h"
 #include "telephone/collaborators.h"
 
@@ -22,11 +24,16 @@ class IAnswerHandler {
 
 // The simple caller window: who is calling, on which line, with "Answer" and "Close". Either button
 // hides it. It follows the line until the call is over.
+//
+// The window comes to the front by itself, so a key that was meant for the window before it must
+// not answer the call: keys do nothing until they have been quiet for half a second (key_quiet.h).
+// When it goes, the keyboard goes back to where it was.
 class CSimpleWindow final : public CModelessDialog, public ICallerWindow {
  public:
   // All must outlive the window.
   CSimpleWindow(const CResourceLoader& resources, IAnswerHandler& answer,
                 CDiagnosticLog& log) noexcept;
+  ~CSimpleWindow() { Destroy(); }
 
   // Creates the window, hidden and without an owner: a call is seen while Outlook is minimised.
   HRESULT Create() noexcept { return CreateHidden(nullptr); }
@@ -35,12 +42,14 @@ class CSimpleWindow final : public CModelessDialog, public ICallerWindow {
 
   void Fill(const CallerValue& name, const CallerValue& number, int slot) override;
   void Show() override;
-  void Hide() override { CModelessDialog::Hide(); }
+  void Hide() override;
   void Follow(uint8_t line1, uint8_t line2, uint8_t cell) override;
 
  private:
   void OnCreated() override;
+  void OnActivation(bool active) override;
   void OnButton(int id) override;
+  bool AdmitsKey(const MSG& message) noexcept override;
 
   std::wstring Shown(const CallerValue& value) const;
   void EnableAnswer(bool enabled) noexcept;
@@ -50,6 +59,9 @@ class CSimpleWindow final : public CModelessDialog, public ICallerWindow {
   IAnswerHandler& m_answer;
   HWND m_outlook = nullptr;
   int m_slot = 0;
+  unsigned m_shown = 0;  // how often it has been shown
+  CKeyGuard m_keys;
+  CFocusReturn m_focus;
 };
 
 }  // namespace quor

@@ -19,6 +19,8 @@ struct CAnswers final : IAnswerHandler {
   bool refuses = false;
 };
 
+constexpr DWORD kQuiet = 600;  // milliseconds, the half second and the clock's steps
+
 class CallerWindow : public testing::Test {
  protected:
   CallerWindow() { m_window.SetOutlookWindow(m_stage.outlook); }
@@ -29,6 +31,12 @@ class CallerWindow : public testing::Test {
     m_window.Show();
     RunLoop();
   }
+  // Rings, and lets the keys be quiet for as long as it takes.
+  void RingAndWait(int slot) {
+    Ring(slot);
+    Sleep(kQuiet);
+  }
+  HWND Button(int id) { return GetDlgItem(VisibleDialog(), id); }
   bool CanAnswer() { return IsWindowEnabled(GetDlgItem(VisibleDialog(), IDOK)) != FALSE; }
 
   CDialogStage m_stage;
@@ -85,26 +93,97 @@ TEST_F(CallerWindow, IgnoresReportsWhileHidden) {
 }
 
 TEST_F(CallerWindow, IsUsedWithTheKeyboardAlone) {
-  Ring(3);
+  RingAndWait(3);
   PressKey(VK_RETURN);
   EXPECT_EQ(m_answers.slots, std::vector<int>{3});
   EXPECT_FALSE(m_window.IsVisible());
 
-  Ring(0);
+  RingAndWait(0);
   PressKey(VK_TAB);
   EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDCANCEL);
   PressKey(VK_RETURN);
   EXPECT_FALSE(m_window.IsVisible());
-  Ring(0);
+  RingAndWait(0);
   PressKey(VK_ESCAPE);
   EXPECT_FALSE(m_window.IsVisible());
-  Ring(0);
+  RingAndWait(0);
   PressAlt(L'c');
   EXPECT_FALSE(m_window.IsVisible());
   EXPECT_EQ(m_answers.slots, std::vector<int>{3});
-  Ring(4);
+  RingAndWait(4);
   PressAlt(L'a');
   EXPECT_EQ(m_answers.slots, (std::vector<int>{3, 4}));
+}
+
+// Through the queue, past a loop that makes characters of keys, or straight to a control: what is
+// typed while the window comes up does nothing.
+TEST_F(CallerWindow, AKeyMeantForAnotherWindowDoesNothing) {
+  Ring(0);
+  const auto dialog = VisibleDialog();
+  const auto expectNothing = [&](const char* what) {
+    EXPECT_TRUE(m_window.IsVisible()) << what;
+    EXPECT_EQ(GetFocus(), Button(IDOK)) << what;
+  };
+  for (const WPARAM key : {VK_SPACE, VK_RETURN, VK_ESCAPE, VK_TAB, VK_RIGHT}) {
+    PressKey(key);
+    expectNothing("posted");
+    for (const HWND target : {Button(IDOK), Button(IDCANCEL), dialog}) {
+      SendMessageW(target, WM_KEYDOWN, key, 1);
+      SendMessageW(target, WM_CHAR, key, 1);
+      SendMessageW(target, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+      expectNothing("sent");
+    }
+  }
+  for (const wchar_t letter : {L'a', L'c', L'C'}) {
+    PressAlt(letter);
+    SendMessageW(dialog, WM_SYSCHAR, letter, 0x20000001);
+    expectNothing("access key");
+  }
+  SendMessageW(dialog, WM_SYSKEYDOWN, VK_F4, 0x20000001);
+  expectNothing("Alt+F4");
+
+  // A key that was down before the window came, and is let go or repeated in it.
+  Sleep(kQuiet);
+  PostMessageW(GetFocus(), WM_KEYDOWN, VK_SPACE, 0x40000001);
+  RunLoop();
+  SendMessageW(Button(IDOK), WM_KEYUP, VK_SPACE, static_cast<LPARAM>(0xC0000001));
+  expectNothing("held");
+  Sleep(kQuiet);
+  Ring(0);  // the next call in the same window
+  PressKey(VK_SPACE);
+  expectNothing("next call");
+
+  SendMessageW(Button(IDOK), BM_CLICK, 0, 0);
+  EXPECT_EQ(m_answers.slots, std::vector<int>{0}) << "the mouse works at once";
+}
+
+TEST_F(CallerWindow, GivesTheKeyboardBackWhereItWas) {
+  const HWND mail = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20,
+                                    m_stage.outlook, nullptr, nullptr, nullptr);
+  const HWND other = CreateWindowExW(0, L"STATIC", L"Other", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9,
+                                     nullptr, nullptr, nullptr, nullptr);
+  SetActiveWindow(m_stage.outlook);
+  SetFocus(mail);
+  Ring(0);
+  Ring(1);
+  EXPECT_NE(GetFocus(), mail);
+  m_window.Follow(2, kStateIdle, 2);
+  EXPECT_EQ(GetFocus(), mail);
+  Ring(0);
+  SendMessageW(Button(IDCANCEL), BM_CLICK, 0, 0);
+  EXPECT_EQ(GetFocus(), mail);
+
+  Ring(0);
+  SetActiveWindow(other);
+  m_window.Hide();
+  EXPECT_EQ(GetActiveWindow(), other) << "the user is elsewhere";
+  SetActiveWindow(m_stage.outlook);
+  SetFocus(mail);
+  Ring(0);
+  DestroyWindow(mail);
+  m_window.Hide();
+  EXPECT_FALSE(m_window.IsVisible());
+  DestroyWindow(other);
 }
 
 TEST_F(CallerWindow, LeavesOtherWindowsTheirKeys) {
