@@ -37,6 +37,30 @@ uint32_t RemoveKey(const RegistryKey& key, IRegistry& registry) {
   return first != 0 ? first : error;
 }
 
+// Removes the keys that both bitnesses have in common, or those that they do not.
+uint32_t RemoveKeys(std::span<const RegistrationScript> scripts, IRegistry& registry,
+                    bool inCommon) {
+  uint32_t first = 0;
+  for (const RegistrationScript& script : scripts) {
+    // Children before their parents.
+    std::for_each(script.rbegin(), script.rend(), [&](const RegistryKey& key) {
+      if (registry.IsInCommon(key) != inCommon) return;
+      const uint32_t error = RemoveKey(key, registry);
+      if (first == 0) first = error;
+    });
+  }
+  return first;
+}
+
+bool OtherBitnessIsRegistered(std::span<const RegistrationScript> scripts,
+                              const IRegistry& registry) {
+  return std::ranges::any_of(scripts, [&](const RegistrationScript& script) {
+    return std::ranges::any_of(script, [&](const RegistryKey& key) {
+      return key.removal == KeyRemoval::WithContents && registry.IsInOtherBitness(key);
+    });
+  });
+}
+
 }  // namespace
 
 uint32_t ApplyScripts(std::span<const RegistrationScript> scripts, IRegistry& registry) {
@@ -46,15 +70,12 @@ uint32_t ApplyScripts(std::span<const RegistrationScript> scripts, IRegistry& re
 }
 
 uint32_t RevokeScripts(std::span<const RegistrationScript> scripts, IRegistry& registry) {
-  uint32_t first = 0;
-  for (const RegistrationScript& script : scripts) {
-    // Children before their parents.
-    std::for_each(script.rbegin(), script.rend(), [&](const RegistryKey& key) {
-      const uint32_t error = RemoveKey(key, registry);
-      if (first == 0) first = error;
-    });
-  }
-  return first;
+  const uint32_t first = RemoveKeys(scripts, registry, false);
+  // Asked only now: where a registry keeps one copy for both bitnesses, the question would
+  // otherwise find our own keys.
+  if (OtherBitnessIsRegistered(scripts, registry)) return first;
+  const uint32_t error = RemoveKeys(scripts, registry, true);
+  return first != 0 ? first : error;
 }
 
 }  // namespace quor

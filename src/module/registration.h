@@ -20,6 +20,13 @@ class IRegistry {
   virtual uint32_t RemoveKeyWhenEmpty(const RegistryKey& key) = 0;
   virtual uint32_t RemoveKeyWithContents(const RegistryKey& key) = 0;
 
+  // 32-bit and 64-bit programs see some keys in common and others in a copy of their own. Whether
+  // this one is in common.
+  virtual bool IsInCommon(const RegistryKey& key) const = 0;
+  // Whether the other bitness's copy of a key is there. No for a key in common, and on a Windows
+  // that has one bitness only.
+  virtual bool IsInOtherBitness(const RegistryKey& key) const = 0;
+
  protected:
   ~IRegistry() = default;
 };
@@ -28,7 +35,9 @@ class IRegistry {
 // written is taken away again.
 uint32_t ApplyScripts(std::span<const RegistrationScript> scripts, IRegistry& registry);
 
-// Takes away what the scripts say. Goes on past failures and returns the first one.
+// Takes away what the scripts say. Goes on past failures and returns the first one. The keys in
+// common stay while one of the scripts' ForceRemove keys is there in the other bitness: it is
+// registered, and the names that lead to its classes are among them.
 uint32_t RevokeScripts(std::span<const RegistrationScript> scripts, IRegistry& registry);
 
 }  // namespace quor

@@ -1,5 +1,7 @@
 #include "module/windows_registry.h"
 
+#include <optional>
+
 namespace quor {
 namespace {
 
@@ -40,43 +42,52 @@ LSTATUS Write(HKEY key, const std::wstring& name, uint32_t number) noexcept {
                         sizeof number);
 }
 
+// How to ask for the registry that programs of the other bitness see. None on a 32-bit Windows,
+// which ignores the flag and would show our own keys.
+std::optional<REGSAM> OtherView() noexcept {
+  if constexpr (sizeof(void*) == 8) return KEY_WOW64_32KEY;
+  BOOL onWindows64 = FALSE;
+  if (!IsWow64Process(GetCurrentProcess(), &onWindows64) || !onWindows64) return std::nullopt;
+  return KEY_WOW64_64KEY;
+}
+
 }  // namespace
 
-HKEY CWindowsRegistry::Root(const RegistryKey& key) const noexcept {
-  if (m_scope == RegistrationScope::User) return HKEY_CURRENT_USER;
-  return key.root == RegistryRoot::Classes ? HKEY_CLASSES_ROOT : HKEY_LOCAL_MACHINE;
+// HKEY_CLASSES_ROOT itself is not written to: where the user has a key of that name, Windows would
+// change the user's, and what is meant for everybody would be the user's alone.
+HKEY CWindowsRegistry::Root() const noexcept {
+  return m_scope == RegistrationScope::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
 }
 
 std::wstring CWindowsRegistry::Path(const RegistryKey& key) const {
-  const bool userClass = m_scope == RegistrationScope::User && key.root == RegistryRoot::Classes;
-  return userClass ? L"Software\\Classes\\" + key.path : key.path;
+  return key.root == RegistryRoot::Classes ? L"Software\\Classes\\" + key.path : key.path;
 }
 
 uint32_t CWindowsRegistry::CreateKey(const RegistryKey& key) {
   HKEY created = nullptr;
   const LSTATUS status =
-      RegCreateKeyExW(Root(key), Path(key).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                      KEY_SET_VALUE, nullptr, &created, nullptr);
+      RegCreateKeyExW(Root(), Path(key).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_SET_VALUE,
+                      nullptr, &created, nullptr);
   if (status == ERROR_SUCCESS) RegCloseKey(created);
   return Code(status);
 }
 
 uint32_t CWindowsRegistry::SetValue(const RegistryKey& key, const RegistryValue& value) {
-  const COpenKey open(Root(key), Path(key), KEY_SET_VALUE);
+  const COpenKey open(Root(), Path(key), KEY_SET_VALUE);
   if (open.Status() != ERROR_SUCCESS) return Code(open.Status());
   return Code(std::visit([&](const auto& data) { return Write(open.Get(), value.name, data); },
                          value.data));
 }
 
 uint32_t CWindowsRegistry::RemoveValue(const RegistryKey& key, const RegistryValue& value) {
-  const COpenKey open(Root(key), Path(key), KEY_SET_VALUE);
+  const COpenKey open(Root(), Path(key), KEY_SET_VALUE);
   if (open.Status() != ERROR_SUCCESS) return Removed(open.Status());
   return Removed(RegDeleteValueW(open.Get(), value.name.c_str()));
 }
 
 uint32_t CWindowsRegistry::RemoveKeyWhenEmpty(const RegistryKey& key) {
   {
-    const COpenKey open(Root(key), Path(key), KEY_QUERY_VALUE);
+    const COpenKey open(Root(), Path(key), KEY_QUERY_VALUE);
     if (open.Status() != ERROR_SUCCESS) return Removed(open.Status());
     DWORD keys = 0;
     DWORD values = 0;
@@ -84,11 +95,24 @@ uint32_t CWindowsRegistry::RemoveKeyWhenEmpty(const RegistryKey& key) {
                                             nullptr, &values, nullptr, nullptr, nullptr, nullptr);
     if (status != ERROR_SUCCESS || keys != 0 || values != 0) return Code(status);
   }
-  return Removed(RegDeleteKeyW(Root(key), Path(key).c_str()));
+  return Removed(RegDeleteKeyW(Root(), Path(key).c_str()));
 }
 
 uint32_t CWindowsRegistry::RemoveKeyWithContents(const RegistryKey& key) {
-  return Removed(RegDeleteTreeW(Root(key), Path(key).c_str()));
+  return Removed(RegDeleteTreeW(Root(), Path(key).c_str()));
+}
+
+// Of the classes only CLSID is doubled, of the user's part nothing else.
+bool CWindowsRegistry::IsInCommon(const RegistryKey& key) const {
+  if (key.root != RegistryRoot::Classes) return m_scope == RegistrationScope::User;
+  return !key.path.starts_with(L"CLSID\\");
+}
+
+bool CWindowsRegistry::IsInOtherBitness(const RegistryKey& key) const {
+  if (IsInCommon(key)) return false;
+  const std::optional<REGSAM> view = OtherView();
+  if (!view) return false;
+  return COpenKey(Root(), Path(key), KEY_QUERY_VALUE | *view).Status() == ERROR_SUCCESS;
 }
 
 }  // namespace quor

@@ -9,7 +9,8 @@ namespace quor {
 
 // For whom a registration counts.
 enum class RegistrationScope {
-  Machine,  // HKEY_CLASSES_ROOT and HKEY_LOCAL_MACHINE; needs an administrator
+  Machine,  // HKEY_LOCAL_MACHINE, the classes in Software\Classes: what HKEY_CLASSES_ROOT shows to
+            // everybody; needs an administrator
   User,     // the same keys below HKEY_CURRENT_USER, the classes in Software\Classes
 };
 
@@ -23,9 +24,11 @@ class CWindowsRegistry final : public IRegistry {
   uint32_t RemoveValue(const RegistryKey& key, const RegistryValue& value) override;
   uint32_t RemoveKeyWhenEmpty(const RegistryKey& key) override;
   uint32_t RemoveKeyWithContents(const RegistryKey& key) override;
+  bool IsInCommon(const RegistryKey& key) const override;
+  bool IsInOtherBitness(const RegistryKey& key) const override;
 
  private:
-  HKEY Root(const RegistryKey& key) const noexcept;
+  HKEY Root() const noexcept;
   std::wstring Path(const RegistryKey& key) const;
 
   RegistrationScope m_scope;

@@ -1,27 +1,37 @@
 #!/usr/bin/env bash
 # Registers a COM server DLL with regsvr32, for everybody and for the user alone, and compares what
-# then stands in the registry with what should; unregisters it and looks for remains. Needs a Wine
-# prefix in the environment (scripts/lib/wine.sh).
+# then stands in the registry with what should; unregisters it and looks for remains. Then registers
+# it along with the DLL of the other bitness. Needs a Wine prefix in the environment
+# (scripts/lib/wine.sh).
 #
-#   registration_check.sh <a DLL made by quor_com_server>
+#   registration_check.sh <a DLL made by quor_com_server> <the same of the other bitness>
 set -euo pipefail
 
 dll=$1
-case $(file -b "$dll") in
-  *x86-64*) view=/reg:64 system='C:\windows\system32' ;;
-  *80386*) view=/reg:32 system='C:\windows\syswow64' ;;
-  *) echo "$dll: not a DLL of ours" >&2; exit 2 ;;
-esac
+dlls=("$@")
 # A path that a careless script would stumble over.
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-copy="$folder/René's 100% {add-in} %MODULE%.dll"
-cp "$dll" "$copy"
-path=$(wine winepath -w "$copy" 2>/dev/null | tr -d '\r')
 
+use() {  # which DLL: it and its regsvr32 and view of the registry are meant from now on
+  local copy="$folder/$1 René's 100% {add-in} %MODULE%.dll"
+  case $(file -b "${dlls[$1]}") in
+    *x86-64*) view=/reg:64 system='C:\windows\system32' ;;
+    *80386*) view=/reg:32 system='C:\windows\syswow64' ;;
+    *) echo "${dlls[$1]}: not a DLL of ours" >&2; exit 2 ;;
+  esac
+  [[ -e $copy ]] || cp "${dlls[$1]}" "$copy"
+  path=$(wine winepath -w "$copy" 2>/dev/null | tr -d '\r')
+}
+
+use 0
 failed=0
 
-regsvr32() { wine "$system\\regsvr32.exe" /s "$@" "$path" </dev/null >/dev/null 2>&1; }
+regsvr32() {
+  wine "$system\\regsvr32.exe" /s "$@" "$path" </dev/null >/dev/null 2>&1 && return
+  echo "regsvr32 $* $path failed ($?)" >&2
+  failed=1
+}
 
 value() {  # key, name ("" for the default): the type and data, or nothing
   local which=(/ve)
@@ -34,7 +44,7 @@ exists() { wine reg query "$1" "$view" </dev/null >/dev/null 2>&1; }
 
 expect() {  # key, name, type and data
   local found
-  found=$(value "$1" "$2")
+  found=$(value "$1" "$2") || true
   [[ $found == "$3" ]] && return
   echo "$1 [$2]: expected '$3', found '$found'" >&2
   failed=1
@@ -81,17 +91,42 @@ expect_gone() {
 everybody=(HKCR HKLM)
 user=('HKCU\Software\Classes' HKCU)
 
-regsvr32 || { echo "registration failed" >&2; failed=1; }
+regsvr32
 expect_registered "${everybody[@]}"
 gone 'HKCU\Software\Microsoft\Office\Outlook\Addins\QuorTelephoneToolbar.Addin'
-regsvr32 /u || { echo "unregistration failed" >&2; failed=1; }
+regsvr32 /u
 expect_gone "${everybody[@]}"
 
-regsvr32 /n /i:user || { echo "registration for the user failed" >&2; failed=1; }
+regsvr32 /n /i:user
 expect_registered "${user[@]}"
 gone 'HKLM\Software\Microsoft\Office\Outlook\Addins\QuorTelephoneToolbar.Addin'
-regsvr32 /u /n /i:user || { echo "unregistration for the user failed" >&2; failed=1; }
+regsvr32 /u /n /i:user
 expect_gone "${user[@]}"
+
+# One registration does not touch the other.
+regsvr32 /n /i:user
+regsvr32
+regsvr32 /u /n /i:user
+expect_gone "${user[@]}"
+expect_registered "${everybody[@]}"
+regsvr32 /u
+expect_gone "${everybody[@]}"
+
+# The bitnesses have the names that lead to the classes in common: they go with the last one. Not
+# looked at for the user alone: Wine has one copy of a user's classes, where Windows has two.
+for first in 0 1; do
+  for earlier in 0 1; do
+    for each in "$first" $((1 - first)); do use "$each"; regsvr32; done
+    use "$earlier"
+    regsvr32 /u
+    gone "HKCR\\CLSID\\$addin"
+    gone "HKLM\\Software\\Microsoft\\Office\\Outlook\\Addins\\QuorTelephoneToolbar.Addin"
+    use $((1 - earlier))
+    expect_registered "${everybody[@]}"
+    regsvr32 /u
+    expect_gone "${everybody[@]}"
+  done
+done
 
 # The entry points undecorated, only system libraries, and the protections of a modern DLL.
 headers=$(objdump -p "$dll")

@@ -17,6 +17,7 @@ class CMemoryRegistry final : public IRegistry {
   using Values = std::map<std::wstring, std::variant<std::wstring, uint32_t>>;
 
   void FailAt(int call) { m_callsUntilFailure = call; }
+  void RegisterOtherBitness(const std::wstring& classKey) { m_otherBitness = classKey; }
 
   // Every key, in order, with its values.
   std::string Dump() const {
@@ -73,6 +74,14 @@ class CMemoryRegistry final : public IRegistry {
     return 0;
   }
 
+  // As in a registration for everybody.
+  bool IsInCommon(const RegistryKey& key) const override {
+    return key.root == RegistryRoot::Classes && !key.path.starts_with(L"CLSID\\");
+  }
+  bool IsInOtherBitness(const RegistryKey& key) const override {
+    return Path(key) == m_otherBitness;
+  }
+
   static constexpr uint32_t kDenied = 5;
 
  private:
@@ -82,6 +91,7 @@ class CMemoryRegistry final : public IRegistry {
   bool Fails() { return m_callsUntilFailure-- == 0; }
 
   std::map<std::wstring, Values> m_keys;
+  std::wstring m_otherBitness;
   int m_callsUntilFailure = -1;
 };
 
@@ -191,6 +201,41 @@ TEST_F(CRegistrationTest, TakesAwayWhatItWroteAndNothingShared) {
   expected.insert(expected.find("HKLM"),
                   "HKCR\\QuorTelephoneToolbar.Addin\nHKCR\\QuorTelephoneToolbar.Addin\\Foreign\n");
   EXPECT_EQ(m_registry.Dump(), expected);
+}
+
+TEST_F(CRegistrationTest, TheNamesStayWhileTheOtherBitnessIsRegistered) {
+  m_registry.RegisterOtherBitness(L"HKCR\\CLSID\\{619B3283-8326-4895-A4F2-E3881DC00D2D}");
+  ApplyScripts(m_scripts, m_registry);
+  EXPECT_EQ(RevokeScripts(m_scripts, m_registry), 0u);
+  EXPECT_EQ(m_registry.Dump(), R"(HKCR
+HKCR\CLSID
+HKCR\QuorTelephoneToolbar.Addin
+  @ = Addin Class
+HKCR\QuorTelephoneToolbar.Addin.1
+  @ = Addin Class
+HKCR\QuorTelephoneToolbar.Addin.1\CLSID
+  @ = {DA593EC2-67C4-4602-B30E-3FEC47C1C55A}
+HKCR\QuorTelephoneToolbar.Addin\CLSID
+  @ = {DA593EC2-67C4-4602-B30E-3FEC47C1C55A}
+HKCR\QuorTelephoneToolbar.Addin\CurVer
+  @ = QuorTelephoneToolbar.Addin.1
+HKCR\QuorTelephoneToolbar.PropPage
+  @ = PropPage Class
+HKCR\QuorTelephoneToolbar.PropPage.1
+  @ = PropPage Class
+HKCR\QuorTelephoneToolbar.PropPage.1\CLSID
+  @ = 619B3283-8326-4895-A4F2-E3881DC00D2D}
+HKCR\QuorTelephoneToolbar.PropPage\CLSID
+  @ = 619B3283-8326-4895-A4F2-E3881DC00D2D}
+HKCR\QuorTelephoneToolbar.PropPage\CurVer
+  @ = QuorTelephoneToolbar.PropPage.1
+HKLM
+HKLM\Software
+HKLM\Software\Microsoft
+HKLM\Software\Microsoft\Office
+HKLM\Software\Microsoft\Office\Outlook
+HKLM\Software\Microsoft\Office\Outlook\Addins
+)");
 }
 
 TEST_F(CRegistrationTest, AFailureAnywhereLeavesNothing) {
