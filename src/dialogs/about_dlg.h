@@ -10,7 +10,7 @@ namespace quor {
 // What the about box tells.
 struct AboutFacts {
   std::wstring version;
-  std::wstring build;
+  std::wstring build;  // the revision of the sources
   bool baseIsConnected = false;
   std::wstring configurationPath;  // empty when this session has no file
   std::wstring logPath;            // today's file, whether it exists or not

@@ -4,27 +4,11 @@
 #include <shlwapi.h>
 
 #include "module/log_file.h"
-#include "module/module.h"
+#include "module/revision.h"
 #include "module/version.h"
 #include "text/ansi.h"
-#include "text/format.h"
 
 namespace quor {
-namespace {
-
-// The day the DLL was made, as its file tells; empty when it does not.
-std::wstring BuildDate() {
-  WIN32_FILE_ATTRIBUTE_DATA file;
-  SYSTEMTIME made;
-  if (!GetFileAttributesExW(ModulePath().c_str(), GetFileExInfoStandard, &file) ||
-      !FileTimeToSystemTime(&file.ftLastWriteTime, &made)) {
-    return {};
-  }
-  return WideFromAnsi(Format("%04d-%02d-%02d", made.wYear, made.wMonth, made.wDay));
-}
-
-}  // namespace
-
 CUserDialogs::CUserDialogs(const CResourceLoader& resources, CSettings& settings,
                            ITelephoneControls& controls, IMessagePopup& messages, CTelCtrl& telCtrl,
                            const CDeviceLink& link, CDiagnosticLog& log) noexcept
@@ -71,7 +55,7 @@ void CUserDialogs::Apply(const OptionValues& values) {
 void CUserDialogs::ShowAbout(HWND owner) {
   AboutFacts facts;
   facts.version = WideFromAnsi(QUOR_VERSION_TEXT);
-  facts.build = BuildDate();
+  facts.build = WideFromAnsi(BuildRevision());
   facts.baseIsConnected = m_link.IsOpen();
   facts.configurationPath = WideFromAnsi(m_settings.Path());
   facts.logPath = WideFromAnsi(CLogFile::TodaysPath());
