@@ -1,6 +1,7 @@
-# The -posix compilers: the default thread model of g++ 12 has no std::mutex, which googletest needs.
-set(CMAKE_C_COMPILER ${QUOR_TRIPLE}-gcc-posix)
-set(CMAKE_CXX_COMPILER ${QUOR_TRIPLE}-g++-posix)
+# The -win32 compilers: the runtime of the -posix ones brings a thread library into Outlook's process
+# that installs a first exception handler. The price: there is no std::thread and no std::mutex.
+set(CMAKE_C_COMPILER ${QUOR_TRIPLE}-gcc-win32)
+set(CMAKE_CXX_COMPILER ${QUOR_TRIPLE}-g++-win32)
 set(CMAKE_RC_COMPILER ${QUOR_TRIPLE}-windres)
 set(QUOR_WIDL ${QUOR_TRIPLE}-widl)
 set(CMAKE_FIND_ROOT_PATH /usr/${QUOR_TRIPLE})

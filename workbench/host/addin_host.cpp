@@ -69,6 +69,7 @@ HRESULT CAddInHost::LoadClass() {
                                           IID_IClassFactory, reinterpret_cast<void**>(&m_factory));
   if (FAILED(result)) return result;
   m_module = GetModuleHandleW(m_registered.modulePath.c_str());
+  if (m_keepModule) LoadLibraryW(m_registered.modulePath.c_str());
   CModuleMeter::Watch(m_module);
   m_loop.WatchPosted(m_module, [this](const std::function<void()>& handle) {
     m_figures.Measure(&Figures::messages, handle);
@@ -186,7 +187,7 @@ void CAddInHost::CheckModuleGone() {
     throw CExpectationFailure(std::to_string(windows.size()) + " windows of the add-in stay");
   }
   CoFreeUnusedLibrariesEx(0, 0);
-  if (GetModuleHandleW(m_registered.modulePath.c_str())) {
+  if (!m_keepModule && GetModuleHandleW(m_registered.modulePath.c_str())) {
     throw CExpectationFailure("its DLL stays in the process");
   }
 }

@@ -65,6 +65,9 @@ class CAddInHost final : public IHostStage {
   void ShowScale(int scale);
   // The add-in's timers run as fast as they can, from the next time it is made.
   void HastenTimers() { m_hasten = true; }
+  // The DLL stays in the process for good, from the next time the add-in is made: each load of a
+  // module leaves a thread-local slot of its runtime behind, and a process has about a thousand.
+  void KeepModule() { m_keepModule = true; }
 
   // What the add-in has Windows open for the user is only noted, from the next time it is made.
   void CatchOpening() { m_catchOpening = true; }
@@ -92,6 +95,7 @@ class CAddInHost final : public IHostStage {
   IClassFactory* m_factory = nullptr;  // between loading the DLL and making the object
   IExtensibility* m_addIn = nullptr;
   IRibbonDocumentSource* m_ribbonSource = nullptr;
+  bool m_keepModule = false;
   HMODULE m_module = nullptr;
   bool m_connected = false;
   bool m_hasten = false;

@@ -1,6 +1,5 @@
 #include "workbench/host/file_watch.h"
 
-#include <chrono>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -12,7 +11,7 @@ namespace quor::workbench {
 namespace {
 
 // The add-in, too, must get at its file.
-constexpr std::chrono::milliseconds kPause(1);
+constexpr DWORD kPause = 1;  // milliseconds
 
 // Every element that begins ends, in its turn, and one holds all others.
 bool IsWhole(std::string_view text) {
@@ -42,7 +41,7 @@ CFileWatch::CFileWatch(std::wstring path)
 
 void CFileWatch::End() {
   m_stop = true;
-  if (m_thread.joinable()) m_thread.join();
+  m_thread.Join();
 }
 
 void CFileWatch::Watch() {
@@ -54,7 +53,7 @@ void CFileWatch::Watch() {
     } else if (!IsWhole(*content)) {
       m_fault = "it held\n" + *content;
     }
-    std::this_thread::sleep_for(kPause);
+    Sleep(kPause);
   }
 }
 

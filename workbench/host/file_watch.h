@@ -4,7 +4,8 @@
 #include <atomic>
 #include <cstdint>
 #include <string>
-#include <thread>
+
+#include "workbench/host/worker_thread.h"
 
 namespace quor::workbench {
 
@@ -30,7 +31,7 @@ class CFileWatch {
   std::atomic<bool> m_stop = false;
   uint64_t m_readings = 0;
   std::string m_fault;
-  std::thread m_thread;
+  CWorkerThread m_thread;
 };
 
 }  // namespace quor::workbench

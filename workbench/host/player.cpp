@@ -82,6 +82,7 @@ bool CPlayer::SweepRound(const std::vector<Statement>& statements, uint64_t call
     fault.first = fault.last = call;
     model.AddFault(fault);
     m_workbench->Host().HastenTimers();
+    m_workbench->Host().KeepModule();
   });
   CConsole quiet(Options::Telling::FailuresOnly);
   CRun run = NewRun(quiet);

@@ -1,7 +1,8 @@
 #include "workbench/host/thread_executor.h"
 
 #include <stdexcept>
-#include <thread>
+
+#include "workbench/host/worker_thread.h"
 
 namespace quor::workbench {
 
@@ -93,7 +94,7 @@ void CThreadExecutor::Do(const std::function<void()>& action) {
 
 void CThreadExecutor::Serve(const std::function<void()>& script) {
   const HANDLE finished = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-  std::thread reader([&] {
+  CWorkerThread reader([&] {
     script();
     SetEvent(finished);
   });
@@ -101,7 +102,7 @@ void CThreadExecutor::Serve(const std::function<void()>& script) {
          WAIT_OBJECT_0) {
     m_loop.Pump();
   }
-  reader.join();
+  reader.Join();
   CloseHandle(finished);
 }
 

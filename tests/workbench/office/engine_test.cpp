@@ -1,10 +1,10 @@
 // Accounting, faults, hooks, the observer and the rules of connection points.
 
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "tests/workbench/office/office_fixture.h"
+#include "workbench/host/worker_thread.h"
 
 namespace quor::workbench {
 namespace {
@@ -37,10 +37,10 @@ TEST_F(CEngineTest, NoticesUseAfterReleaseAndAnotherThread) {
     const CRemote held = Contacts().Object(L"Items");
     items = held.Raw();
     HRESULT code = S_OK;
-    std::thread([&held, &code] {
+    CWorkerThread([&held, &code] {
       held.Number(L"Count");
       code = CRemote::lastCode;
-    }).join();
+    }).Join();
     EXPECT_EQ(code, RPC_E_WRONG_THREAD);
   }
   items->Release();
