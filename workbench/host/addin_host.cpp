@@ -101,7 +101,8 @@ uint32_t CAddInHost::Connect(int mode) {
                                 &custom);
   });
   SafeArrayDestroy(custom);
-  m_connected = SUCCEEDED(result);
+  // Outlook may have released the object inside the call.
+  m_connected = SUCCEEDED(result) && m_addIn != nullptr;
   if (result == S_OK) m_loop.ExpectTimerFirst(kBuildTimer, kPollTimer);
   return Result(result);
 }

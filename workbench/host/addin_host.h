@@ -55,6 +55,7 @@ class CAddInHost final : public IHostStage {
   bool IsConnected() override { return m_connected; }
   bool IsLoaded() override { return m_addIn != nullptr; }
   void Unload() override;
+  void ReleaseObject() override;
   void Poll() override;
   ResourceUse Use() override;
   void Pump() override { m_loop.Pump(); }
@@ -83,7 +84,6 @@ class CAddInHost final : public IHostStage {
   IExtensibility& Loaded() const;
   // Loads the DLL and asks it for its class, without making an object yet.
   HRESULT LoadClass();
-  void ReleaseObject();
   void CheckModuleGone();
 
   RegisteredAddIn m_registered;

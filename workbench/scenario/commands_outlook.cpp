@@ -134,6 +134,10 @@ void Unload(CRun& run, const CCommandArguments&) {
   run.Unload();
 }
 
+void Release(CRun& run, const CCommandArguments&) {
+  run.stage.host.ReleaseObject();
+}
+
 void ExpectResult(CRun& run, const CCommandArguments& arguments) {
   const uint32_t expected = ResultFromName(arguments.Text(0));
   if (run.lastResult != expected) {
@@ -219,6 +223,10 @@ constexpr Command kCommands[] = {
     {"begin shutdown", "", "OnBeginShutdown.", 0, 0, Block::None, BeginShutdown},
     {"disconnect", "MODE", "OnDisconnection: 0 Outlook ends, 1 the user removes the add-in.", 1, 1,
      Block::None, Disconnect},
+    {"release", "",
+     "Outlook releases the add-in's object and nothing else; \"unload\" later checks that it is "
+     "gone.",
+     0, 0, Block::None, Release},
     {"unload", "",
      "Lets the add-in go; its object must die, its DLL leave the process and nothing of Outlook's "
      "stay held.",

@@ -210,6 +210,8 @@ class IHostStage {
   virtual bool IsLoaded() = 0;
   // Lets the add-in go. Throws CExpectationFailure when its object or its module stays.
   virtual void Unload() = 0;
+  // Only releases its object.
+  virtual void ReleaseObject() = 0;
 
   // The add-in's poll timer ticks once, now, and what is posted by that is handled.
   virtual void Poll() = 0;

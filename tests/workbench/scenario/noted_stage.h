@@ -54,6 +54,7 @@ class CNotedStage final : public IHostStage,
   bool IsConnected() override { return true; }
   bool IsLoaded() override { return false; }
   void Unload() override {}
+  void ReleaseObject() override {}
   void Pump() override {}
   void Poll() override;
   ResourceUse Use() override { return use; }
