@@ -28,14 +28,14 @@ CAddin::CAddin()
       m_usb(ModuleFolder(), m_log),
       m_link(m_usb, m_window, m_records, m_log),
       m_requests(m_link, m_records, m_ui, m_log),
-      m_session(*this, m_log),
+      m_session(*this, *this, m_log),
       m_contacts(m_session.Application(), m_folders, m_log),
       m_index(m_contacts, m_log),
-      m_folders(m_session.Application(), m_index, *this, m_log),
+      m_folders(m_session.Application(), m_index, *this, *this, m_log),
       m_callers(m_index, m_contacts),
       m_popUps(m_resources, *this, m_log),
       m_dialogs(m_resources, m_settings, m_ui, m_popUps, m_telCtrl, m_link, m_log),
-      m_ui(m_telephone, m_session, m_settings, m_dialogs, m_resources, m_log),
+      m_ui(m_telephone, m_session, m_settings, m_dialogs, m_resources, *this, m_log),
       m_telephone({m_records, m_window, m_ui, m_popUps, m_popUps.Caller(), m_callers,
                    m_settings.Values(), m_settings, m_clock, m_log}) {
   s_addin = this;

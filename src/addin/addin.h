@@ -36,6 +36,7 @@ namespace quor {
 class CAddin final : public CDispatchPart<IDTExtensibility2>,
                      public CDispatchPart<IRibbonExtensibility>,
                      public CDispatchPart<ITelephoneAddin>,
+                     private IEventOwner,
                      private IWindowHandler,
                      private IOutlookEvents,
                      private IContactScan,
@@ -89,7 +90,10 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   ~CAddin();
   HRESULT FinalConstruct() noexcept;
   void FinalRelease() noexcept;
-  IUnknown& Identity() noexcept { return static_cast<IDTExtensibility2&>(*this); }
+
+  // IEventOwner
+  IUnknown& Identity() noexcept override { return static_cast<IDTExtensibility2&>(*this); }
+  bool IsShuttingDown() const noexcept override { return m_disconnected || m_quitting; }
 
   HRESULT LoadRibbon(IDispatch* ribbon);
   HRESULT RibbonClicked(IDispatch* control);
@@ -132,7 +136,7 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   void OnDeleteFolderRemove() override;
 
   // IContactScan
-  bool MustStop() noexcept override { return m_quitting || m_stopRequested; }
+  bool MustStop() noexcept override { return IsShuttingDown() || m_stopRequested; }
   void ShowLoading() override { m_popUps.ShowLoading(); }
   void RepaintLoading() override { m_popUps.RepaintLoading(); }
   bool PostCloseLoading() noexcept override;

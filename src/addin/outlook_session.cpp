@@ -19,15 +19,16 @@ int32_t MajorVersion(const std::wstring& version) {
 
 }  // namespace
 
-COutlookSession::COutlookSession(IOutlookEvents& events, CDiagnosticLog& log) noexcept
+COutlookSession::COutlookSession(IOutlookEvents& events, IEventOwner& owner,
+                                 CDiagnosticLog& log) noexcept
     : m_events(events),
       m_log(log),
-      m_inspectorsEvents(log, "InspectorsEvents"),
-      m_explorersEvents(log, "ExplorersEvents"),
-      m_applicationEvents(log, "ApplicationEvents"),
-      m_explorerEvents(log, "ExplorerEvents"),
-      m_deletedItemsEvents(log, "DeleteItemsEvents"),
-      m_deletedFoldersEvents(log, "DeleteFoldersEvents") {}
+      m_inspectorsEvents(owner, log, "InspectorsEvents"),
+      m_explorersEvents(owner, log, "ExplorersEvents"),
+      m_applicationEvents(owner, log, "ApplicationEvents"),
+      m_explorerEvents(owner, log, "ExplorerEvents"),
+      m_deletedItemsEvents(owner, log, "DeleteItemsEvents"),
+      m_deletedFoldersEvents(owner, log, "DeleteFoldersEvents") {}
 
 void COutlookSession::Attach(IDispatch* application) {
   m_application = QueryObject<COutlookApplication>(application);

@@ -34,8 +34,8 @@ class IOutlookEvents {
 // failure. A failed object-model call throws _com_error.
 class COutlookSession {
  public:
-  // Both must outlive the session.
-  COutlookSession(IOutlookEvents& events, CDiagnosticLog& log) noexcept;
+  // All must outlive the session; `owner` is held while an event is handled.
+  COutlookSession(IOutlookEvents& events, IEventOwner& owner, CDiagnosticLog& log) noexcept;
   COutlookSession(const COutlookSession&) = delete;
   COutlookSession& operator=(const COutlookSession&) = delete;
 

@@ -24,15 +24,15 @@ std::wstring DialChars(std::wstring_view number) {
 
 CUserInterface::CUserInterface(CTelephone& telephone, COutlookSession& session, CSettings& settings,
                                CUserDialogs& dialogs, const CResourceLoader& resources,
-                               CDiagnosticLog& log) noexcept
+                               IEventOwner& owner, CDiagnosticLog& log) noexcept
     : m_telephone(telephone),
       m_session(session),
       m_settings(settings),
       m_dialogs(dialogs),
       m_resources(resources),
       m_log(log),
-      m_contactWindows(*this, *this, resources, settings.Values().contactToolBar, log),
-      m_toolbar(*this, *this, m_contactWindows, resources, log) {}
+      m_contactWindows(*this, *this, resources, settings.Values().contactToolBar, owner, log),
+      m_toolbar(*this, *this, m_contactWindows, resources, owner, log) {}
 
 HRESULT CUserInterface::CreateMainToolbar() {
   return m_toolbar.Create(m_session.MainExplorer(), m_session.AppVersion(),

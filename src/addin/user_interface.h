@@ -28,7 +28,7 @@ class CUserInterface final : public ITelephoneControls,
  public:
   // All must outlive the user interface.
   CUserInterface(CTelephone& telephone, COutlookSession& session, CSettings& settings,
-                 CUserDialogs& dialogs, const CResourceLoader& resources,
+                 CUserDialogs& dialogs, const CResourceLoader& resources, IEventOwner& owner,
                  CDiagnosticLog& log) noexcept;
 
   HRESULT CreateMainToolbar();

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "com/com_boundary.h"
+#include "module/module.h"
 
 namespace quor {
 
@@ -29,8 +30,10 @@ IDispatch* CEventArguments::Object(UINT position) const noexcept {
 // The COM object that Outlook holds. Outlook may keep it longer than the connection lives.
 class CEventSink final : public IDispatch {
  public:
-  CEventSink(CDiagnosticLog& log, const char* name, REFIID events, EventHandler handler)
-      : m_log(log),
+  CEventSink(IEventOwner& owner, CDiagnosticLog& log, const char* name, REFIID events,
+             EventHandler handler)
+      : m_owner(owner),
+        m_log(log),
         m_name(name),
         m_events(events),
         m_handler(std::make_shared<EventHandler>(std::move(handler))) {}
@@ -67,6 +70,7 @@ class CEventSink final : public IDispatch {
     const std::shared_ptr<EventHandler> handler = m_handler;
     if (handler == nullptr || parameters == nullptr) return S_OK;
     const IDispatchPtr self = this;
+    const IUnknownPtr owner = &m_owner.Identity();
     GuardCall(m_log, m_name, [&] { (*handler)(event, CEventArguments(*parameters)); });
     return S_OK;
   }
@@ -74,8 +78,12 @@ class CEventSink final : public IDispatch {
  private:
   ~CEventSink() = default;
 
+  // Of these nothing may be used once the sink is detached: it may outlive them.
+  IEventOwner& m_owner;
   CDiagnosticLog& m_log;
   const char* m_name;
+
+  const CModuleLock m_lock;
   const IID m_events;
   std::shared_ptr<EventHandler> m_handler;
   ULONG m_references = 1;
@@ -84,6 +92,7 @@ class CEventSink final : public IDispatch {
 HRESULT CEventConnection::Advise(IUnknown* source, REFIID events, EventHandler handler) noexcept {
   if (IsAdvised()) return E_FAIL;
   if (source == nullptr) return E_POINTER;
+  if (m_owner.IsShuttingDown()) return E_ABORT;
   try {
     return Connect(source, events, std::move(handler));
   } catch (...) {
@@ -93,6 +102,7 @@ HRESULT CEventConnection::Advise(IUnknown* source, REFIID events, EventHandler h
 
 HRESULT CEventConnection::Connect(IUnknown* source, REFIID events, EventHandler handler) {
   const IUnknownPtr kept = source;
+  const unsigned attempt = ++m_attempt;
   IConnectionPointContainer* container = nullptr;
   HRESULT result =
       source->QueryInterface(IID_IConnectionPointContainer, reinterpret_cast<void**>(&container));
@@ -105,13 +115,18 @@ HRESULT CEventConnection::Connect(IUnknown* source, REFIID events, EventHandler 
 
   CEventSink* sink = nullptr;
   try {
-    sink = new CEventSink(m_log, m_name, events, std::move(handler));
+    sink = new CEventSink(m_owner, m_log, m_name, events, std::move(handler));
   } catch (...) {
     point->Release();
     throw;
   }
   DWORD cookie = 0;
   result = point->Advise(sink, &cookie);
+  if (SUCCEEDED(result) && (attempt != m_attempt || m_owner.IsShuttingDown())) {
+    sink->Detach();
+    point->Unadvise(cookie);
+    result = E_ABORT;
+  }
   if (FAILED(result)) {
     sink->Detach();
     sink->Release();
@@ -126,6 +141,7 @@ HRESULT CEventConnection::Connect(IUnknown* source, REFIID events, EventHandler 
 }
 
 void CEventConnection::Unadvise() noexcept {
+  ++m_attempt;
   if (!IsAdvised()) return;
   // Forget first: unadvising calls out, and a second shutdown may run inside that call.
   IConnectionPoint* point = std::exchange(m_point, nullptr);

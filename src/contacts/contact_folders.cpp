@@ -73,14 +73,16 @@ HRESULT CContactFolders::RegisterContactFolder(const CFolder& folder) {
 HRESULT CContactFolders::Register(const CFolder& folder, const WalkLines& lines) {
   CFolders folders;
   const HRESULT listening = ListenTo(folder, lines, folders);
-  if (listening != S_OK) return listening == kScanEnded ? S_OK : listening;
+  if (listening != S_OK || !folders) return listening;
   return WalkSubfolders(folders, lines,
                         [&](const CFolder& subfolder) { return Register(subfolder, lines); });
 }
 
-// kScanEnded when the folder is listened to already: its subfolders are not walked again.
+// Leaves `folders` empty when the folder is listened to already: its subfolders are not walked
+// again. kScanEnded when the add-in was shut down, which may happen inside each of the calls.
 HRESULT CContactFolders::ListenTo(const CFolder& folder, const WalkLines& lines,
                                   CFolders& folders) {
+  if (m_owner.IsShuttingDown()) return kScanEnded;
   std::wstring entryId;
   CItems items;
   HRESULT result = Attempt(nullptr, [&] {
@@ -90,21 +92,26 @@ HRESULT CContactFolders::ListenTo(const CFolder& folder, const WalkLines& lines,
   if (FAILED(result)) return result;
   if (m_inspContItems.contains(entryId)) {
     m_log.Write("m_inspContItems is already exist!\n");
-    return kScanEnded;
+    return S_OK;
   }
   result = Attempt(nullptr, [&] { items = folder.Items(); });
   if (FAILED(result)) return result;
 
   // Shared: the folder may be unregistered inside one of the calls below.
-  const auto sink = std::make_shared<CContactItems>(*this, m_log);
+  const auto sink = std::make_shared<CContactItems>(*this, m_owner, m_log);
   result = sink->AdviseItems(items);
+  if (m_owner.IsShuttingDown()) return kScanEnded;
   if (FAILED(result)) return result;
   m_inspContItems[entryId] = sink;
   m_deletedFolders.erase(entryId);
 
-  result = Attempt(lines.folders, [&] { folders = folder.Folders(); });
+  CFolders subfolders;
+  result = Attempt(lines.folders, [&] { subfolders = folder.Folders(); });
   if (FAILED(result)) return result;
-  return sink->AdviseFolders(folders);
+  result = sink->AdviseFolders(subfolders);
+  if (m_owner.IsShuttingDown()) return kScanEnded;
+  if (SUCCEEDED(result)) folders = subfolders;
+  return result;
 }
 
 HRESULT CContactFolders::WalkSubfolders(const CFolder& folder, const WalkLines& lines,

@@ -43,8 +43,8 @@ class CContactFolders final : public IContactItemEvents, public ITrackedFolders 
 
   // All must outlive the folders; the application may still be empty at construction.
   CContactFolders(const COutlookApplication& application, CPhoneNumberIndex& index,
-                  IContactScan& scan, CDiagnosticLog& log) noexcept
-      : m_application(application), m_index(index), m_scan(scan), m_log(log) {}
+                  IContactScan& scan, IEventOwner& owner, CDiagnosticLog& log) noexcept
+      : m_application(application), m_index(index), m_scan(scan), m_owner(owner), m_log(log) {}
 
   // Start-up: listens to the folder tree. Throws _com_error when the default folder cannot be had.
   void CreateRetrieve();
@@ -89,6 +89,7 @@ class CContactFolders final : public IContactItemEvents, public ITrackedFolders 
   const COutlookApplication& m_application;
   CPhoneNumberIndex& m_index;
   IContactScan& m_scan;
+  IEventOwner& m_owner;
   CDiagnosticLog& m_log;
 
   std::wstring m_contactsId;

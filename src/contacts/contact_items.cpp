@@ -4,22 +4,27 @@
 
 namespace quor {
 
-CContactItems::CContactItems(IContactItemEvents& events, CDiagnosticLog& log) noexcept
+CContactItems::CContactItems(IContactItemEvents& events, IEventOwner& owner,
+                             CDiagnosticLog& log) noexcept
     : m_events(events),
       m_log(log),
-      m_itemsEvents(log, "CContactItems ItemsEvents"),
-      m_foldersEvents(log, "CContactItems FoldersEvents") {}
+      m_itemsEvents(owner, log, "CContactItems ItemsEvents"),
+      m_foldersEvents(owner, log, "CContactItems FoldersEvents") {}
 
 HRESULT CContactItems::AdviseItems(const CItems& items) {
   return m_itemsEvents.Advise(
       items.Get(), kItemsEvents,
-      [this](DISPID event, const CEventArguments& arguments) { OnItemEvent(event, arguments); });
+      [weak = weak_from_this()](DISPID event, const CEventArguments& arguments) {
+        if (const auto folder = weak.lock()) folder->OnItemEvent(event, arguments);
+      });
 }
 
 HRESULT CContactItems::AdviseFolders(const CFolders& folders) {
   return m_foldersEvents.Advise(
       folders.Get(), kFoldersEvents,
-      [this](DISPID event, const CEventArguments& arguments) { OnFolderEvent(event, arguments); });
+      [weak = weak_from_this()](DISPID event, const CEventArguments& arguments) {
+        if (const auto folder = weak.lock()) folder->OnFolderEvent(event, arguments);
+      });
 }
 
 void CContactItems::OnItemEvent(DISPID event, const CEventArguments& arguments) {

@@ -1,6 +1,8 @@
 #ifndef QUOR_CONTACTS_CONTACT_ITEMS_H
 #define QUOR_CONTACTS_CONTACT_ITEMS_H
 
+#include <memory>
+
 #include "com/event_connection.h"
 #include "module/diagnostic_log.h"
 #include "outlook/object_model.h"
@@ -17,13 +19,14 @@ class IContactItemEvents {
   ~IContactItemEvents() = default;
 };
 
-// Listens to one contact folder: to its items and to its subfolders. Stops when destroyed.
-class CContactItems {
+// Listens to one contact folder: to its items and to its subfolders. Stops when destroyed. Always
+// made shared: the folder may be unregistered while one of its events is handled.
+class CContactItems : public std::enable_shared_from_this<CContactItems> {
  public:
-  // Both must outlive the object.
-  CContactItems(IContactItemEvents& events, CDiagnosticLog& log) noexcept;
+  // All must outlive the object; `owner` is held while an event is handled.
+  CContactItems(IContactItemEvents& events, IEventOwner& owner, CDiagnosticLog& log) noexcept;
 
-  // E_FAIL when already advised; otherwise what Outlook answers.
+  // As CEventConnection::Advise.
   HRESULT AdviseItems(const CItems& items);
   HRESULT AdviseFolders(const CFolders& folders);
 

@@ -18,9 +18,9 @@ namespace quor {
 template <typename Item>
 class CBarMenu {
  public:
-  // Both must outlive the menu.
-  CBarMenu(IToolbarActions& actions, CDiagnosticLog& log) noexcept
-      : m_actions(actions), m_log(log) {}
+  // All must outlive the menu.
+  CBarMenu(IToolbarActions& actions, IEventOwner& owner, CDiagnosticLog& log) noexcept
+      : m_actions(actions), m_owner(owner), m_log(log) {}
 
   void Attach(CCommandBarPopup popup) { m_popup = std::move(popup); }
 
@@ -30,7 +30,7 @@ class CBarMenu {
       if (!m_popup || m_items.size() >= count) return;
       const CCommandBarControls controls = m_popup.Controls();
       while (m_popup && m_items.size() < count) {
-        auto item = std::make_shared<Item>(controls, m_items.size(), m_actions, m_log);
+        auto item = std::make_shared<Item>(controls, m_items.size(), m_actions, m_owner, m_log);
         if (m_popup) m_items.push_back(std::move(item));
       }
     });
@@ -59,6 +59,7 @@ class CBarMenu {
 
  private:
   IToolbarActions& m_actions;
+  IEventOwner& m_owner;
   CDiagnosticLog& m_log;
   CCommandBarPopup m_popup;
   std::vector<std::shared_ptr<Item>> m_items;

@@ -37,18 +37,19 @@ class CFlagScope {
 }  // namespace
 
 CCommandBarToolbar::CCommandBarToolbar(const IFaceSource& source, IToolbarActions& actions,
-                                       CPictureLoader& pictures, CDiagnosticLog& log) noexcept
+                                       CPictureLoader& pictures, IEventOwner& owner,
+                                       CDiagnosticLog& log) noexcept
     : m_source(source),
       m_actions(actions),
       m_pictures(pictures),
       m_log(log),
-      m_dialBoxEvents(log, "dial box event"),
-      m_line1Events(log, "line 1 button event"),
-      m_line2Events(log, "line 2 button event"),
-      m_optionsEvents(log, "options button event"),
-      m_cells(actions, log),
-      m_callers(actions, log),
-      m_speedDial(actions, log) {}
+      m_dialBoxEvents(owner, log, "dial box event"),
+      m_line1Events(owner, log, "line 1 button event"),
+      m_line2Events(owner, log, "line 2 button event"),
+      m_optionsEvents(owner, log, "options button event"),
+      m_cells(actions, owner, log),
+      m_callers(actions, owner, log),
+      m_speedDial(actions, owner, log) {}
 
 void CCommandBarToolbar::Create(const CCommandBars& bars, const std::wstring& name,
                                 const ToolBarRecord& place) {

@@ -25,7 +25,7 @@ class CCommandBarToolbar {
  public:
   // All must outlive the toolbar.
   CCommandBarToolbar(const IFaceSource& source, IToolbarActions& actions, CPictureLoader& pictures,
-                     CDiagnosticLog& log) noexcept;
+                     IEventOwner& owner, CDiagnosticLog& log) noexcept;
   ~CCommandBarToolbar() { Release(); }
   CCommandBarToolbar(const CCommandBarToolbar&) = delete;
   CCommandBarToolbar& operator=(const CCommandBarToolbar&) = delete;

@@ -27,9 +27,9 @@ std::wstring Tag(const wchar_t* control, unsigned window) {
 class CContactBar::CNumberItem final : public CMenuItem {
  public:
   CNumberItem(const CCommandBarControls& menu, unsigned window, int telNumberType,
-              std::weak_ptr<IContactBarActions> actions, CDiagnosticLog& log)
+              std::weak_ptr<IContactBarActions> actions, IEventOwner& owner, CDiagnosticLog& log)
       : CMenuItem(menu, Tag(kMenuTag, window) + L' ' + DecimalText(telNumberType),
-                  "contact's number", log),
+                  "contact's number", owner, log),
         m_telNumberType(telNumberType),
         m_actions(std::move(actions)) {}
 
@@ -45,8 +45,8 @@ class CContactBar::CNumberItem final : public CMenuItem {
 class CContactBar::CLineButton final : public CMenuItem {
  public:
   CLineButton(const CCommandBarControls& bar, const std::wstring& tag, uint8_t lineType,
-              std::weak_ptr<IContactBarActions> actions, CDiagnosticLog& log)
-      : CMenuItem(bar, tag, "contact's line button", log),
+              std::weak_ptr<IContactBarActions> actions, IEventOwner& owner, CDiagnosticLog& log)
+      : CMenuItem(bar, tag, "contact's line button", owner, log),
         m_lineType(lineType),
         m_actions(std::move(actions)) {
     Button().SetStyle(kButtonIconAndCaption);
@@ -69,8 +69,8 @@ class CContactBar::CLineButton final : public CMenuItem {
 
 CContactBar::CContactBar(const CCommandBars& bars, const std::wstring& name, unsigned number,
                          CPictureLoader& pictures, const std::weak_ptr<IContactBarActions>& actions,
-                         CDiagnosticLog& log)
-    : m_log(log), m_bar(MakeBar(bars, name)) {
+                         IEventOwner& owner, CDiagnosticLog& log)
+    : m_owner(owner), m_log(log), m_bar(MakeBar(bars, name)) {
   try {
     const CCommandBarControls controls = m_bar.Controls();
     AddMenu(controls, number, actions);
@@ -90,7 +90,8 @@ void CContactBar::AddMenu(const CCommandBarControls& controls, unsigned number,
   m_menu.SetTag(Tag(kMenuTag, number));
   const CCommandBarControls items = m_menu.Controls();
   for (int type = 1; type <= kTelNumberTypeCount; ++type) {
-    m_numbers.push_back(std::make_shared<CNumberItem>(items, number, type, actions, m_log));
+    m_numbers.push_back(
+        std::make_shared<CNumberItem>(items, number, type, actions, m_owner, m_log));
   }
 }
 
@@ -98,7 +99,8 @@ void CContactBar::AddLine(const CCommandBarControls& controls, const std::wstrin
                           const LineLayout& layout,
                           const std::weak_ptr<IContactBarActions>& actions,
                           CPictureLoader& pictures) {
-  const auto button = std::make_shared<CLineButton>(controls, tag, layout.lineType, actions, m_log);
+  const auto button =
+      std::make_shared<CLineButton>(controls, tag, layout.lineType, actions, m_owner, m_log);
   GuardCall(m_log, "picture of the contact's line button",
             [&] { button->SetPicture(pictures, layout.picture, layout.mask); });
   m_lines.push_back(button);

@@ -45,7 +45,7 @@ class CContactBar {
   // window. A failing call throws _com_error and leaves no bar.
   CContactBar(const CCommandBars& bars, const std::wstring& name, unsigned number,
               CPictureLoader& pictures, const std::weak_ptr<IContactBarActions>& actions,
-              CDiagnosticLog& log);
+              IEventOwner& owner, CDiagnosticLog& log);
   ~CContactBar() { Remove(); }
   CContactBar(const CContactBar&) = delete;
   CContactBar& operator=(const CContactBar&) = delete;
@@ -82,6 +82,7 @@ class CContactBar {
   template <typename Item>
   void ShowItems(const Items<Item>& items, const ItemFace* faces);
 
+  IEventOwner& m_owner;
   CDiagnosticLog& m_log;
   CCommandBar m_bar;
   CCommandBarPopup m_menu;

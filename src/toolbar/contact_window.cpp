@@ -9,15 +9,16 @@
 namespace quor {
 
 CContactWindow::CContactWindow(IContactWindowHost& host, IContactWindowActions& actions,
-                               CPictureLoader& pictures, ToolBarRecord& place, CDiagnosticLog& log,
-                               unsigned number) noexcept
+                               CPictureLoader& pictures, ToolBarRecord& place, IEventOwner& owner,
+                               CDiagnosticLog& log, unsigned number) noexcept
     : m_host(host),
       m_actions(actions),
       m_pictures(pictures),
       m_place(place),
+      m_owner(owner),
       m_log(log),
       m_number(number),
-      m_events(log, "contact window event") {}
+      m_events(owner, log, "contact window event") {}
 
 bool CContactWindow::Follow(const CInspector& inspector) {
   m_inspector = inspector;
@@ -44,7 +45,7 @@ void CContactWindow::MakeBar() noexcept {
     const CCommandBars bars(inspector.CommandBars());
     const std::shared_ptr<IContactBarActions> self(shared_from_this(), this);
     const auto bar = std::make_shared<CContactBar>(bars, m_host.Faces().Text(IDS_PRODUCT_NAME),
-                                                   m_number, m_pictures, self, m_log);
+                                                   m_number, m_pictures, self, m_owner, m_log);
     bar->Place(m_place);
     // Otherwise the window closed meanwhile, and the bar goes again.
     if (m_inspector) m_bar = bar;

@@ -52,7 +52,8 @@ class CContactWindow final : public std::enable_shared_from_this<CContactWindow>
  public:
   // All must outlive the window. `number` tells this window's controls from those of every other.
   CContactWindow(IContactWindowHost& host, IContactWindowActions& actions, CPictureLoader& pictures,
-                 ToolBarRecord& place, CDiagnosticLog& log, unsigned number) noexcept;
+                 ToolBarRecord& place, IEventOwner& owner, CDiagnosticLog& log,
+                 unsigned number) noexcept;
   ~CContactWindow() { Close(); }
   CContactWindow(const CContactWindow&) = delete;
   CContactWindow& operator=(const CContactWindow&) = delete;
@@ -84,6 +85,7 @@ class CContactWindow final : public std::enable_shared_from_this<CContactWindow>
   IContactWindowActions& m_actions;
   CPictureLoader& m_pictures;
   ToolBarRecord& m_place;
+  IEventOwner& m_owner;
   CDiagnosticLog& m_log;
   const unsigned m_number;
 

@@ -14,20 +14,26 @@ constexpr int32_t kFirstInspectorRibbonVersion = 12;
 
 CContactWindows::CContactWindows(const IFaceSource& source, IContactWindowActions& actions,
                                  const CResourceLoader& resources, ToolBarRecord& place,
-                                 CDiagnosticLog& log) noexcept
-    : m_source(source), m_actions(actions), m_place(place), m_log(log), m_pictures(resources) {}
+                                 IEventOwner& owner, CDiagnosticLog& log) noexcept
+    : m_source(source),
+      m_actions(actions),
+      m_place(place),
+      m_owner(owner),
+      m_log(log),
+      m_pictures(resources) {}
 
 void CContactWindows::Open(const CInspector& inspector, int32_t appVersion) noexcept {
   if (appVersion >= kFirstInspectorRibbonVersion) return;
   GuardCall(m_log, "contact window", [&] {
-    if (ContactOf(inspector)) OpenWindow(inspector);
+    const bool shown = static_cast<bool>(ContactOf(inspector));
+    if (shown && !m_owner.IsShuttingDown()) OpenWindow(inspector);
   });
 }
 
 void CContactWindows::OpenWindow(const CInspector& inspector) {
   IContactWindowHost& host = *this;
-  const auto window =
-      std::make_shared<CContactWindow>(host, m_actions, m_pictures, m_place, m_log, ++m_lastNumber);
+  const auto window = std::make_shared<CContactWindow>(host, m_actions, m_pictures, m_place,
+                                                       m_owner, m_log, ++m_lastNumber);
   m_windows.push_back(window);
   if (window->Follow(inspector)) {
     window->MakeBar();

@@ -25,7 +25,7 @@ class CContactWindows final : public IContactRibbon, private IContactWindowHost 
   // All must outlive the windows. `place` is the record of the contact windows' command bar: read
   // for each new one, and written when one closes.
   CContactWindows(const IFaceSource& source, IContactWindowActions& actions,
-                  const CResourceLoader& resources, ToolBarRecord& place,
+                  const CResourceLoader& resources, ToolBarRecord& place, IEventOwner& owner,
                   CDiagnosticLog& log) noexcept;
   ~CContactWindows() { CloseAll(); }
   CContactWindows(const CContactWindows&) = delete;
@@ -60,6 +60,7 @@ class CContactWindows final : public IContactRibbon, private IContactWindowHost 
   const IFaceSource& m_source;
   IContactWindowActions& m_actions;
   ToolBarRecord& m_place;
+  IEventOwner& m_owner;
   CDiagnosticLog& m_log;
   CPictureLoader m_pictures;
   std::vector<std::shared_ptr<CContactWindow>> m_windows;

@@ -9,11 +9,11 @@ namespace quor {
 
 CMainToolbar::CMainToolbar(const IFaceSource& source, IToolbarActions& actions,
                            IContactRibbon& contacts, const CResourceLoader& resources,
-                           CDiagnosticLog& log) noexcept
+                           IEventOwner& owner, CDiagnosticLog& log) noexcept
     : m_log(log),
       m_resources(resources),
       m_pictures(resources),
-      m_bar(source, actions, m_pictures, log),
+      m_bar(source, actions, m_pictures, owner, log),
       m_ribbon(source, actions, contacts, m_pictures, log) {}
 
 HRESULT CMainToolbar::Create(const CExplorer& explorer, int32_t appVersion,

@@ -18,7 +18,7 @@ class CMainToolbar {
  public:
   // All must outlive the toolbar.
   CMainToolbar(const IFaceSource& source, IToolbarActions& actions, IContactRibbon& contacts,
-               const CResourceLoader& resources, CDiagnosticLog& log) noexcept;
+               const CResourceLoader& resources, IEventOwner& owner, CDiagnosticLog& log) noexcept;
   CMainToolbar(const CMainToolbar&) = delete;
   CMainToolbar& operator=(const CMainToolbar&) = delete;
 

@@ -16,8 +16,8 @@ void CShownFace::Show(CCommandBarControl control, const ItemFace& face) {
 }
 
 CMenuItem::CMenuItem(const CCommandBarControls& menu, const std::wstring& tag, const char* name,
-                     CDiagnosticLog& log)
-    : m_button(menu.Add(kControlButton)), m_events(log, name) {
+                     IEventOwner& owner, CDiagnosticLog& log)
+    : m_button(menu.Add(kControlButton)), m_events(owner, log, name) {
   try {
     m_button.SetTag(tag);
     const HRESULT advised = m_events.Advise(m_button.Get(), kCommandBarButtonEvents,
@@ -34,36 +34,40 @@ CMenuItem::CMenuItem(const CCommandBarControls& menu, const std::wstring& tag, c
 
 CCallFromCellCommandBarButton::CCallFromCellCommandBarButton(const CCommandBarControls& menu,
                                                              size_t cell, IToolbarActions& actions,
+                                                             IEventOwner& owner,
                                                              CDiagnosticLog& log)
     : CMenuItem(menu, ItemTag(LayoutOf(kCallFromCellControl), cell),
-                "CCallFromCellCommandBarButton", log),
+                "CCallFromCellCommandBarButton", owner, log),
       m_cell(cell),
       m_actions(actions) {}
 
 CCallerCommandBarButton::CCallerCommandBarButton(const CCommandBarControls& menu, size_t entry,
-                                                 IToolbarActions& actions, CDiagnosticLog& log)
-    : CMenuItem(menu, ItemTag(LayoutOf(kCallerListControl), entry), "CCallerCommandBarButton", log),
+                                                 IToolbarActions& actions, IEventOwner& owner,
+                                                 CDiagnosticLog& log)
+    : CMenuItem(menu, ItemTag(LayoutOf(kCallerListControl), entry), "CCallerCommandBarButton",
+                owner, log),
       m_entry(entry),
       m_actions(actions) {}
 
 CSpeedDialCommandBarButton::CSpeedDialCommandBarButton(const CCommandBarControls& menu,
                                                        size_t entry, SpeedDialAction action,
-                                                       IToolbarActions& actions,
+                                                       IToolbarActions& actions, IEventOwner& owner,
                                                        CDiagnosticLog& log)
-    : CMenuItem(menu, SpeedDialItemTag(entry, action), "CSpeedDialCommandBarButton", log),
+    : CMenuItem(menu, SpeedDialItemTag(entry, action), "CSpeedDialCommandBarButton", owner, log),
       m_entry(entry),
       m_action(action),
       m_actions(actions) {}
 
 CSpeedDialEntryMenu::CSpeedDialEntryMenu(const CCommandBarControls& menu, size_t entry,
-                                         IToolbarActions& actions, CDiagnosticLog& log)
+                                         IToolbarActions& actions, IEventOwner& owner,
+                                         CDiagnosticLog& log)
     : m_popup(menu.Add(kControlPopup)) {
   try {
     m_popup.SetTag(ItemTag(LayoutOf(kSpeedDialControl), entry));
     const CCommandBarControls items = m_popup.Controls();
     for (size_t action = 0; action < kSpeedDialActionCount; ++action) {
       m_actions.push_back(std::make_unique<CSpeedDialCommandBarButton>(
-          items, entry, static_cast<SpeedDialAction>(action), actions, log));
+          items, entry, static_cast<SpeedDialAction>(action), actions, owner, log));
     }
   } catch (...) {
     GuardCall(log, "speed dial menu", [this] { m_popup.Delete(); });

@@ -42,9 +42,9 @@ class CMenuItem {
   void Unadvise() noexcept { m_events.Unadvise(); }
 
  protected:
-  // `name` is a literal for the log's error lines.
+  // `name` is a literal for the log's error lines; `owner` is held while a click is handled.
   CMenuItem(const CCommandBarControls& menu, const std::wstring& tag, const char* name,
-            CDiagnosticLog& log);
+            IEventOwner& owner, CDiagnosticLog& log);
   ~CMenuItem() = default;
 
   const CCommandBarButton& Button() const noexcept { return m_button; }
@@ -61,7 +61,7 @@ class CMenuItem {
 class CCallFromCellCommandBarButton final : public CMenuItem {
  public:
   CCallFromCellCommandBarButton(const CCommandBarControls& menu, size_t cell,
-                                IToolbarActions& actions, CDiagnosticLog& log);
+                                IToolbarActions& actions, IEventOwner& owner, CDiagnosticLog& log);
 
  private:
   void OnClick() override { m_actions.ClickCell(static_cast<int>(m_cell)); }
@@ -74,7 +74,7 @@ class CCallFromCellCommandBarButton final : public CMenuItem {
 class CCallerCommandBarButton final : public CMenuItem {
  public:
   CCallerCommandBarButton(const CCommandBarControls& menu, size_t entry, IToolbarActions& actions,
-                          CDiagnosticLog& log);
+                          IEventOwner& owner, CDiagnosticLog& log);
 
  private:
   void OnClick() override { m_actions.ClickCaller(m_entry); }
@@ -87,7 +87,7 @@ class CCallerCommandBarButton final : public CMenuItem {
 class CSpeedDialCommandBarButton final : public CMenuItem {
  public:
   CSpeedDialCommandBarButton(const CCommandBarControls& menu, size_t entry, SpeedDialAction action,
-                             IToolbarActions& actions, CDiagnosticLog& log);
+                             IToolbarActions& actions, IEventOwner& owner, CDiagnosticLog& log);
 
  private:
   void OnClick() override { m_actions.ClickSpeedDial(m_action, m_entry); }
@@ -106,7 +106,7 @@ class CSpeedDialEntryMenu {
   };
 
   CSpeedDialEntryMenu(const CCommandBarControls& menu, size_t entry, IToolbarActions& actions,
-                      CDiagnosticLog& log);
+                      IEventOwner& owner, CDiagnosticLog& log);
   CSpeedDialEntryMenu(const CSpeedDialEntryMenu&) = delete;
   CSpeedDialEntryMenu& operator=(const CSpeedDialEntryMenu&) = delete;
 

@@ -63,6 +63,19 @@ class CNotedContactActions final : public IContactWindowActions {
   std::vector<std::string> m_noted;
 };
 
+// Outlives every connection of the test.
+class CTestOwner final : public IEventOwner, private IUnknown {
+ public:
+  IUnknown& Identity() noexcept override { return *this; }
+  bool IsShuttingDown() const noexcept override { return shuttingDown; }
+  bool shuttingDown = false;
+
+ private:
+  STDMETHODIMP QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
+  STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+  STDMETHODIMP_(ULONG) Release() override { return 1; }
+};
+
 class ContactWindows : public testing::Test, protected IFaceSource, protected ILogWriter {
  protected:
   ContactWindows() {
@@ -113,8 +126,10 @@ class ContactWindows : public testing::Test, protected IFaceSource, protected IL
   CBarsFace m_face;
   workbench::COutlook m_outlook{{.version = kVersion}, m_face};
   COutlookApplication m_application{IDispatchPtr(m_outlook.Application())};
-  CContactWindows m_windows{*this, m_actions, m_resources, m_configuration.contactToolBar, m_log};
-  CEventConnection m_newInspector{m_log, "new inspector"};
+  CTestOwner m_owner;
+  CContactWindows m_windows{*this,   m_actions, m_resources, m_configuration.contactToolBar,
+                            m_owner, m_log};
+  CEventConnection m_newInspector{m_owner, m_log, "new inspector"};
   std::vector<std::string> m_heldBefore;
 };
 
