@@ -23,7 +23,7 @@ CAddin* CAddin::s_addin = nullptr;
 
 CAddin::CAddin()
     : m_telCtrl(m_eventObjects, m_log, m_clock.TickMilliseconds()),
-      m_settings(m_configurationFile, m_systemLanguage, m_log),
+      m_settings(m_configurationFile, m_systemLanguage, m_ui, m_log),
       m_window(Identity(), *this, m_log),
       m_usb(ModuleFolder(), m_log),
       m_link(m_usb, m_window, m_records, m_log),

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "com/com_boundary.h"
 #include "device/line_type.h"
 #include "resources/resource_ids.h"
 #include "text/ansi.h"
@@ -44,6 +45,14 @@ void CUserInterface::FillToolbar() {
   RefreshCallFromCell();
   m_telephone.CallerList().PutCallerList();
   RefreshSpeedDial();
+}
+
+void CUserInterface::OnListsChanged() noexcept {
+  GuardCall(m_log, "lists", [this] {
+    PutHistory();
+    m_telephone.CallerList().PutCallerList();
+    RefreshSpeedDial();
+  });
 }
 
 void CUserInterface::OpenContactWindow(const CInspector& inspector) noexcept {

@@ -24,6 +24,7 @@ class CUserInterface final : public ITelephoneControls,
                              public ICallFromCellDisplay,
                              public IToolbarActions,
                              public IFaceSource,
+                             public IListObserver,
                              private IContactWindowActions {
  public:
   // All must outlive the user interface.
@@ -72,6 +73,9 @@ class CUserInterface final : public ITelephoneControls,
   void ClickOptions() override { m_dialogs.OpenOptions(); }
   void ChangeDialBox(std::wstring_view text, int listIndex) override;
   void StoreDialText(std::wstring_view text) override;
+
+  // IListObserver
+  void OnListsChanged() noexcept override;
 
   // IFaceSource
   CControlFaces Faces() const override;

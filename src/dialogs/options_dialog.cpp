@@ -14,7 +14,7 @@ COptionsDialog::COptionsDialog(const CResourceLoader& resources, IOptionsStore& 
 void COptionsDialog::Open(HWND outlook) noexcept {
   GuardCall(m_log, "options", [&] {
     RequireWindow(outlook);
-    if (!IsVisible()) Load(m_store.Load());
+    if (!IsVisible()) Load(m_store.Reload());
     ShowInFront(outlook, CentreOver);
     if (GetActiveWindow() == Window()) m_panel.FocusFirst();
   });

@@ -23,6 +23,8 @@ struct OptionValues {
 class IOptionsStore {
  public:
   virtual OptionValues Load() = 0;
+  // The same for a page that opens: the file is read again first.
+  virtual OptionValues Reload() = 0;
   // Keeps the values at once.
   virtual void Apply(const OptionValues& values) = 0;
   // Opens the about box in front of `owner`, a top-level window.

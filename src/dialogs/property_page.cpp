@@ -24,7 +24,7 @@ CPropPage::CPropPage(const OptionsPageParts& parts)
       m_resources(parts.resources),
       m_log(parts.log),
       m_panel(parts.resources, *this, parts.log) {
-  m_panel.Load(m_store.Load());
+  m_panel.Load(m_store.Reload());
 }
 
 HRESULT CPropPage::Create(const OptionsPageParts& parts, REFIID iid, void** object) {

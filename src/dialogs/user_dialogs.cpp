@@ -46,6 +46,12 @@ OptionValues CUserDialogs::Load() {
   return {values.languageNo, values.popUpModes};
 }
 
+// A file that cannot be read changes nothing.
+OptionValues CUserDialogs::Reload() {
+  m_settings.Load();
+  return Load();
+}
+
 void CUserDialogs::Apply(const OptionValues& values) {
   m_settings.Values().languageNo = values.languageNo;
   m_settings.Values().popUpModes = values.popUpModes;

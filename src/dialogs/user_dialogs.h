@@ -30,6 +30,7 @@ class CUserDialogs final : public IOptionsStore, private ISpeedDialStore, privat
 
   // IOptionsStore
   OptionValues Load() override;
+  OptionValues Reload() override;
   void Apply(const OptionValues& values) override;
   void ShowAbout(HWND owner) override;
 

@@ -60,13 +60,6 @@ std::optional<std::vector<std::byte>> ReadWhole(HANDLE file) {
   return bytes;
 }
 
-bool Holds(const std::string& path, std::span<const std::byte> bytes) {
-  const CFileHandle file(OpenForReading(path));
-  if (!file.IsOpen()) return false;
-  const auto content = ReadWhole(file.Get());
-  return content && std::ranges::equal(*content, bytes);
-}
-
 // The new content, written and flushed beside the file it is to replace. Gone again with its scope
 // unless it has replaced it.
 class CNewFile {
@@ -146,33 +139,48 @@ class CSetAside {
 
 }  // namespace
 
-std::optional<XmlElement> CConfigurationFile::Load(const std::string& path) {
-  m_unreadable = false;
+CConfigurationFile::Content CConfigurationFile::ReadContent(const std::string& path) {
   const CFileHandle file(OpenForReading(path));
-  if (!file.IsOpen() && IsMissing(GetLastError())) return std::nullopt;
-  m_unreadable = true;
-  if (!file.IsOpen()) return std::nullopt;
-  const auto bytes = ReadWhole(file.Get());
-  if (!bytes) return std::nullopt;
-  std::optional<XmlElement> root = ParseXmlDocument(*bytes);
-  m_unreadable = !root;
+  if (!file.IsOpen()) return {!IsMissing(GetLastError()), std::nullopt};
+  return {true, ReadWhole(file.Get())};
+}
+
+std::optional<XmlElement> CConfigurationFile::Parse(Content content) {
+  m_seen = std::move(content.bytes);
+  std::optional<XmlElement> root;
+  if (m_seen) root = ParseXmlDocument(*m_seen);
+  m_unreadable = content.isThere && !root;
   return root;
 }
 
-void CConfigurationFile::Save(const std::string& path, const XmlElement& root) noexcept {
-  GuardCall(m_log, "Save Data", [&] {
-    const std::vector<std::byte> bytes = m_writer.Format(root);
-    if (Holds(path, bytes)) return;
-    CNewFile newFile(path, bytes);
-    if (!m_unreadable) {
-      newFile.ReplaceTarget();
-      return;
-    }
-    CSetAside old(path);
-    newFile.ReplaceTarget();
-    old.Keep();
-    m_unreadable = false;
+std::optional<XmlElement> CConfigurationFile::Load(const std::string& path) {
+  return Parse(ReadContent(path));
+}
+
+std::optional<XmlElement> CConfigurationFile::LoadIfChanged(const std::string& path) {
+  Content content = ReadContent(path);
+  if (!content.isThere || content.bytes == m_seen) return std::nullopt;
+  return Parse(std::move(content));
+}
+
+bool CConfigurationFile::Save(const std::string& path, const XmlElement& root) noexcept {
+  return GuardCall(m_log, "Save Data", [&] {
+    std::vector<std::byte> bytes = m_writer.Format(root);
+    if (ReadContent(path).bytes != bytes) Replace(path, bytes);
+    m_seen = std::move(bytes);
   });
+}
+
+void CConfigurationFile::Replace(const std::string& path, std::span<const std::byte> bytes) {
+  CNewFile newFile(path, bytes);
+  if (!m_unreadable) {
+    newFile.ReplaceTarget();
+    return;
+  }
+  CSetAside old(path);
+  newFile.ReplaceTarget();
+  old.Keep();
+  m_unreadable = false;
 }
 
 }  // namespace quor

@@ -1,6 +1,12 @@
 #ifndef QUOR_SETTINGS_CONFIGURATION_FILE_H
 #define QUOR_SETTINGS_CONFIGURATION_FILE_H
 
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
 #include "settings/msxml_document.h"
 #include "settings/settings.h"
 
@@ -19,12 +25,22 @@ class CConfigurationFile final : public IConfigurationFile {
   explicit CConfigurationFile(CDiagnosticLog& log) noexcept : m_log(log) {}
 
   std::optional<XmlElement> Load(const std::string& path) override;
-  void Save(const std::string& path, const XmlElement& root) noexcept override;
+  std::optional<XmlElement> LoadIfChanged(const std::string& path) override;
+  bool Save(const std::string& path, const XmlElement& root) noexcept override;
 
  private:
+  struct Content {
+    bool isThere = false;
+    std::optional<std::vector<std::byte>> bytes;  // nothing: it cannot be read
+  };
+  static Content ReadContent(const std::string& path);
+  std::optional<XmlElement> Parse(Content content);
+  void Replace(const std::string& path, std::span<const std::byte> bytes);
+
   CDiagnosticLog& m_log;
   CXmlWriter m_writer;
-  bool m_unreadable = false;  // the file is there, but its last load failed
+  std::optional<std::vector<std::byte>> m_seen;  // the content as last read or written
+  bool m_unreadable = false;                     // the file is there, but its last load failed
 };
 
 }  // namespace quor

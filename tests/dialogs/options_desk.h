@@ -15,6 +15,7 @@ struct COptionsDesk final : IOptionsStore {
     if (refuses && !loads) throw 1;
     return stored;
   }
+  OptionValues Reload() override { return Load(); }
   void Apply(const OptionValues& values) override {
     if (refuses) throw 1;
     stored = values;

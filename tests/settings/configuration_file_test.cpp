@@ -80,7 +80,7 @@ class CConfigurationFileTest : public testing::Test, protected ILogWriter {
     return configuration.languageNo;
   }
 
-  void Save() { m_file.Save(m_path, WriteConfiguration(FullConfiguration())); }
+  bool Save() { return m_file.Save(m_path, WriteConfiguration(FullConfiguration())); }
 
   std::string m_folder;
   std::string m_path;
@@ -186,6 +186,16 @@ TEST_F(CConfigurationFileTest, SetsAsideUnderTheFirstFreeNameAndOnlyOnce) {
   EXPECT_THAT(FolderContent(), UnorderedElementsAre("vex_cfg.xml", "vex_cfg.bad.xml",
                                                     "vex_cfg.bad2.xml", "vex_cfg.bad3.xml"));
   EXPECT_EQ(Content("vex_cfg.bad2.xml"), "second");
+
+  // Broken while Outlook runs, and mended again.
+  WriteContent("fourth");
+  EXPECT_FALSE(m_file.LoadIfChanged(m_path));
+  WriteContent("<Root/>");
+  EXPECT_TRUE(m_file.LoadIfChanged(m_path));
+  WriteContent("fifth");
+  EXPECT_FALSE(m_file.LoadIfChanged(m_path));
+  Save();
+  EXPECT_EQ(Content("vex_cfg.bad4.xml"), "fifth");
 }
 
 TEST_F(CConfigurationFileTest, AFailedSaveLeavesTheOldFile) {
@@ -196,7 +206,7 @@ TEST_F(CConfigurationFileTest, AFailedSaveLeavesTheOldFile) {
     const HANDLE holder = CreateFileA(m_path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                       OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(holder, INVALID_HANDLE_VALUE);
-    Save();
+    EXPECT_FALSE(Save());
     CloseHandle(holder);
     EXPECT_THAT(FolderContent(), ElementsAre("vex_cfg.xml"));
     EXPECT_EQ(Content("vex_cfg.xml"), old);
@@ -215,9 +225,13 @@ TEST_F(CConfigurationFileTest, WhatTheFileHoldsAlreadyIsNotWrittenAgain) {
   Save();
   EXPECT_THAT(m_lines, IsEmpty());
   CloseHandle(holder);
-  // Somebody else's change is undone all the same.
+  // Somebody else's change is seen once, and what is written then replaces it.
+  EXPECT_FALSE(m_file.LoadIfChanged(m_path));
   WriteContent("<Root/>");
-  Save();
+  EXPECT_TRUE(m_file.LoadIfChanged(m_path));
+  EXPECT_FALSE(m_file.LoadIfChanged(m_path));
+  EXPECT_TRUE(Save());
+  EXPECT_FALSE(m_file.LoadIfChanged(m_path));
   EXPECT_NE(Content("vex_cfg.xml"), "<Root/>");
   DeleteFileA(m_path.c_str());
   Save();

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/settings/configuration_samples.h"
+
 namespace quor {
 namespace {
 
@@ -12,22 +14,51 @@ using testing::IsEmpty;
 class CSettingsTest : public testing::Test,
                       private ILogWriter,
                       private IConfigurationFile,
+                      private IListObserver,
                       private ISystemLanguage {
  protected:
   void FileHolds(const Configuration& configuration) { m_file = WriteConfiguration(configuration); }
 
+  // The user edits the file: it holds what it did, changed.
+  template <typename Change>
+  void EditByHand(Change change) {
+    Configuration edited;
+    ReadConfiguration(*m_file, *this, edited);
+    change(edited);
+    FileHolds(edited);
+    m_edited = true;
+  }
+  Configuration InFile() {
+    Configuration read;
+    ReadConfiguration(*m_file, *this, read);
+    return read;
+  }
+
   std::optional<XmlElement> m_file;
+  bool m_edited = false;  // since the last load or save
+  bool m_savesFail = false;
+  int m_listChanges = 0;
   std::vector<std::string> m_saved;
   std::vector<std::string> m_lines;
   CDiagnosticLog m_log{*this};
-  CSettings m_settings{*this, *this, m_log};
+  CSettings m_settings{*this, *this, *this, m_log};
 
  private:
   void WriteLine(std::string_view text) noexcept override { m_lines.emplace_back(text); }
-  std::optional<XmlElement> Load(const std::string&) override { return m_file; }
-  void Save(const std::string& path, const XmlElement& root) noexcept override {
+  void OnListsChanged() noexcept override { ++m_listChanges; }
+  std::optional<XmlElement> Load(const std::string&) override {
+    m_edited = false;
+    return m_file;
+  }
+  std::optional<XmlElement> LoadIfChanged(const std::string& path) override {
+    return m_edited ? Load(path) : std::nullopt;
+  }
+  bool Save(const std::string& path, const XmlElement& root) noexcept override {
+    if (m_savesFail) return false;
     m_saved.push_back(path);
     m_file = root;
+    m_edited = false;
+    return true;
   }
   int32_t LanguageNumber() override { return kFrench; }
 };
@@ -68,6 +99,74 @@ TEST_F(CSettingsTest, ALaterFailedLoadChangesNothing) {
   m_settings.Values().languageNo = kSpanish;
   EXPECT_EQ(m_settings.Load(), -1);
   EXPECT_EQ(m_settings.Values().languageNo, kSpanish);
+}
+
+TEST_F(CSettingsTest, ADialogSeesWhatWasEditedByHand) {
+  FileHolds(FullConfiguration());
+  m_settings.Start("vex_cfg.xml");
+  Configuration& values = m_settings.Values();
+  values.histories.insert(values.histories.begin(), SampleCall(50));
+  values.popUpModes[0] = 2;
+  m_savesFail = true;
+  m_settings.Save();
+
+  EditByHand([](Configuration& file) {
+    file.popUpModes[1] = 2;
+    file.languageNo = kFrench;
+    file.debugLog = 0;
+    file.histories.clear();
+    file.speedDials[0].number = L"112";
+    file.mainToolBar.left = 77;
+  });
+  EXPECT_EQ(m_settings.Load(), 0);
+  EXPECT_EQ(values.popUpModes, (std::array<int32_t, kPopUpSlots>{2, 2, 2, 2, 1, 0}));
+  EXPECT_EQ(values.languageNo, kFrench);
+  EXPECT_FALSE(m_log.IsEnabled());
+  EXPECT_EQ(values.histories.front(), SampleCall(50)) << "not saved yet";
+  EXPECT_EQ(values.histories.size(), 21u);
+  EXPECT_EQ(values.speedDials[0].number, L"112");
+  EXPECT_EQ(values.mainToolBar.left, 77);
+  EXPECT_EQ(m_listChanges, 1);
+
+  // The same value changed in both: what the user wrote last, he sees.
+  values.delayBtnEvent = 100;
+  EditByHand([](Configuration& file) { file.delayBtnEvent = 200; });
+  m_settings.Load();
+  EXPECT_EQ(values.delayBtnEvent, 200);
+  EXPECT_EQ(values.popUpModes[0], 2) << "still not saved";
+  EXPECT_EQ(m_listChanges, 1);
+
+  // What the file no longer mentions is no change.
+  m_file = XmlElement{L"Root", {}, {}};
+  m_settings.Load();
+  EXPECT_EQ(values.delayBtnEvent, 200);
+  EXPECT_EQ(values.speedDials.size(), 10u);
+}
+
+TEST_F(CSettingsTest, ASaveKeepsWhatWasEditedByHand) {
+  FileHolds(FullConfiguration());
+  m_settings.Start("vex_cfg.xml");
+  Configuration& values = m_settings.Values();
+  EditByHand([](Configuration& file) {
+    file.popUpModes[1] = 2;
+    file.popUpModes[2] = 0;
+    file.speedDials[0].number = L"112";
+    file.callerLists.clear();
+  });
+  values.callerLists.front() = SampleCall(60);
+  values.popUpModes[2] = 1;
+  m_settings.Save();
+  EXPECT_EQ(InFile().popUpModes, (std::array<int32_t, kPopUpSlots>{0, 2, 1, 2, 1, 0}));
+  EXPECT_EQ(InFile().speedDials[0].number, L"112");
+  EXPECT_EQ(InFile().callerLists.front(), SampleCall(60));
+  EXPECT_EQ(values.speedDials, InFile().speedDials);
+  EXPECT_EQ(m_listChanges, 1);
+
+  // Known from here on: memory's later changes are written.
+  values.speedDials[0].number = L"110";
+  m_settings.Save();
+  EXPECT_EQ(InFile().speedDials[0].number, L"110");
+  EXPECT_EQ(m_listChanges, 1);
 }
 
 TEST_F(CSettingsTest, SavesOnlyAfterTheLoadStepAndWithAPath) {
