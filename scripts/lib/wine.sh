@@ -5,6 +5,9 @@
 #                                        prefixes of one kind go by name
 #   wine_stop                            ends everything that still runs in it
 
+# Without a UTF-8 locale Wine cannot make files whose names are not ASCII.
+export LC_ALL=C.UTF-8
+
 wine_prefix() {
   local kind=$1 name=${2:-$1}
   export WINEPREFIX="$PWD/build/wine/$name" HOME="$PWD/build/wine/home"
