@@ -18,6 +18,11 @@ class CBasePort {
  public:
   CBasePort(IUsbXpress& usb, CConnectionEvents& events, CDiagnosticLog& log) noexcept
       : m_usb(usb), m_events(events), m_log(log) {}
+  // Closes a device that is still open: the library's thread for it must end before the library is
+  // freed. Not logged, since the log's session has ended with the add-in.
+  ~CBasePort() {
+    if (m_handle != nullptr) m_usb.Close(m_handle);
+  }
   CBasePort(const CBasePort&) = delete;
   CBasePort& operator=(const CBasePort&) = delete;
 
