@@ -10,7 +10,7 @@
 #include "device/device_link.h"
 #include "device/event_objects.h"
 #include "text/ansi.h"
-#include "workbench/siusbxp/simulated_base.h"
+#include "workbench/siusbxp/program_base.h"
 
 namespace quor {
 namespace {
@@ -52,10 +52,7 @@ struct CCalls final : workbench::ICallObserver {
 
 TEST(UsbXpressLibraryTest, PassesEveryArgumentAndGivesTheLibraryBack) {
   const std::wstring folder = WideFromAnsi(QUOR_LIBRARY_FOLDER);
-  HMODULE module = LoadLibraryW((folder + L"\\SiUSBXp.dll").c_str());
-  ASSERT_NE(module, nullptr);
-  auto& base = reinterpret_cast<workbench::GetSimulatedBase>(
-      GetProcAddress(module, MAKEINTRESOURCEA(workbench::kGetSimulatedBaseOrdinal)))();
+  workbench::ISimulatedBase& base = workbench::ProgramBase();
   CCalls calls;
   CLines lines;
   CNoQueue queue;
@@ -91,9 +88,10 @@ TEST(UsbXpressLibraryTest, PassesEveryArgumentAndGivesTheLibraryBack) {
                             "SI_CheckRXQueue(#2) = 0, 0, 0\n" + found +  //
                             "SI_CheckRXQueue(#2) = 0, 10, 2\n"
                             "SI_Read(#2, 2) = 0, 26 01\n"
-                            "SI_Read(#2, 8) = 0, 00 01 02 03 04 05 0D 0A\n");
+                            "SI_Read(#2, 8) = 0, 00 01 02 03 04 05 0D 0A\n"
+                            "SI_Close(#2) = 0\n");
   EXPECT_EQ(records.status, (StatusRecord{0, 1, 2, 3, 4, 5}));
-  FreeLibrary(module);
+  EXPECT_EQ(base.FreedWhileOpen(), 0U);
   EXPECT_EQ(GetModuleHandleW(L"SiUSBXp.dll"), nullptr);
 }
 

@@ -191,6 +191,7 @@ void CAddInHost::CheckModuleGone() {
   if (!m_keepModule && GetModuleHandleW(m_registered.modulePath.c_str())) {
     throw CExpectationFailure("its DLL stays in the process");
   }
+  if (GetModuleHandleW(L"SiUSBXp.dll")) throw CExpectationFailure("SiUSBXp.dll stays loaded");
 }
 
 // As the timer's message would, at a moment of the scenario's choice.

@@ -4,6 +4,7 @@
 
 #include "workbench/office/value.h"
 #include "workbench/scenario/scenario_error.h"
+#include "workbench/siusbxp/program_base.h"
 
 namespace quor::workbench {
 
@@ -12,18 +13,12 @@ namespace {
 constexpr wchar_t kLibraryName[] = L"\\SiUSBXp.dll";
 constexpr wchar_t kOldLibraryFolder[] = L"\\old_library";
 
-GetSimulatedBase FindBase(HMODULE library) {
-  return reinterpret_cast<GetSimulatedBase>(
-      reinterpret_cast<void*>(GetProcAddress(library, MAKEINTRESOURCEA(kGetSimulatedBaseOrdinal))));
-}
-
 bool IsSimulated(const std::wstring& path) {
-  const HMODULE library = LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  // Nothing in it runs: a strange library must not.
+  const HMODULE library = LoadLibraryExW(path.c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
   if (!library) return true;  // not there, or no library: nothing to spoil
+  const bool simulated = GetProcAddress(library, MAKEINTRESOURCEA(kSimulatedLibraryOrdinal));
   FreeLibrary(library);
-  const HMODULE loaded = LoadLibraryW(path.c_str());
-  const bool simulated = loaded && FindBase(loaded) != nullptr;
-  if (loaded) FreeLibrary(loaded);
   return simulated;
 }
 
@@ -50,22 +45,15 @@ CBaseStage::CBaseStage(std::wstring addInFolder, std::wstring workbenchFolder)
 }
 
 CBaseStage::~CBaseStage() {
-  LetGo();
+  ProgramBase().Observe(nullptr);
 }
 
 std::wstring CBaseStage::LibraryPath() const {
   return m_addInFolder + kLibraryName;
 }
 
-void CBaseStage::LetGo() {
-  if (m_base) m_base->Observe(nullptr);
-  if (m_library) FreeLibrary(m_library);
-  m_library = nullptr;
-  m_base = nullptr;
-}
-
 void CBaseStage::InstallLibrary(Library library) {
-  LetGo();
+  m_base = nullptr;
   const std::wstring path = LibraryPath();
   if (library == Library::Missing) {
     DeleteFileW(path.c_str());
@@ -76,10 +64,7 @@ void CBaseStage::InstallLibrary(Library library) {
   if (!CopyFileW(source.c_str(), path.c_str(), FALSE)) {
     throw std::runtime_error("the simulated library cannot be put at " + Utf8FromWide(path));
   }
-  m_library = LoadLibraryW(path.c_str());
-  const GetSimulatedBase getBase = m_library ? FindBase(m_library) : nullptr;
-  if (!getBase) throw std::runtime_error("not a simulated library: " + Utf8FromWide(path));
-  m_base = &getBase();
+  m_base = &ProgramBase();
   m_base->Reset();
   m_base->Observe(this);
 }
@@ -164,6 +149,14 @@ void CBaseStage::OnCall(const UsbCall& call) noexcept {
 
 unsigned CBaseStage::OpenHandles() {
   return m_base ? m_base->OpenHandles() : 0;
+}
+
+unsigned CBaseStage::FreedWhileOpen() {
+  return m_base ? m_base->FreedWhileOpen() : 0;
+}
+
+void CBaseStage::SetManners(const DriverManners& manners) {
+  Base().SetManners(manners);
 }
 
 }  // namespace quor::workbench

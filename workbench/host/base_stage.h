@@ -42,17 +42,17 @@ class CBaseStage final : public IBaseStage, ICallObserver, IIndicationLine {
   const std::vector<std::string>& CallTexts() override { return m_callTexts; }
   void ForgetCallTexts() override { m_callTexts.clear(); }
   unsigned OpenHandles() override;
+  unsigned FreedWhileOpen() override;
+  void SetManners(const DriverManners& manners) override;
 
   void OnCall(const UsbCall& call) noexcept override;
   void Send(const Bytes& indication) override;
 
  private:
   std::wstring LibraryPath() const;
-  void LetGo();
 
   std::wstring m_addInFolder;
   std::wstring m_workbenchFolder;
-  HMODULE m_library = nullptr;
   ISimulatedBase* m_base = nullptr;
   std::vector<std::string> m_callTexts;
   CBelievableBase m_believable{*this};

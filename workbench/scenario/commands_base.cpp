@@ -23,6 +23,23 @@ void Library(CRun& run, const CCommandArguments& arguments) {
   throw CScenarioError("usage: library none|old");
 }
 
+void Driver(CRun& run, const CCommandArguments& arguments) {
+  constexpr int kSlowest = 10'000;  // milliseconds
+  DriverManners manners;
+  if (const auto status = arguments.After("empty")) {
+    manners.withoutDevice = static_cast<int>(ResultFromName(*status));
+  }
+  if (const auto status = arguments.After("busy")) {
+    manners.secondOpen = static_cast<int>(ResultFromName(*status));
+  }
+  const auto time = [&](const char* word) {
+    return static_cast<uint32_t>(arguments.NumberAfter(word, 0, kSlowest).value_or(0));
+  };
+  manners.stringTime = time("string");
+  manners.openTime = time("open");
+  run.stage.base.SetManners(manners);
+}
+
 void Plug(CRun& run, const CCommandArguments& arguments) {
   constexpr std::array<const char*, 5> kNames = {"serial", "description", "link", "vendor",
                                                  "product"};
@@ -205,6 +222,13 @@ constexpr Command kCommands[] = {
     {"library", "none|old",
      "There is no SiUSBXp.dll, or one that lacks SI_SetFlowControl; before the add-in is loaded.",
      1, 1, Block::None, Library},
+    {"driver", "[empty STATUS] [busy STATUS] [string MS] [open MS]",
+     "How the USB library behaves from now on: what SI_GetNumDevices answers without a device, "
+     "0xFF "
+     "or 0; what a second SI_Open of a device answers, 8 or 0xFF; and how long a product string "
+     "and "
+     "an SI_Open really take.",
+     0, 8, Block::None, Driver},
     {"plug", "[serial|description|link|vendor|product=TEXT|unreadable]...",
      "Plugs a base in; its product strings may be chosen or made unreadable.", 0, 5, Block::None,
      Plug},

@@ -109,6 +109,10 @@ bool CRun::Finish() {
 }
 
 void CRun::CheckNothingHeld() {
+  if (const unsigned open = stage.base.FreedWhileOpen(); open != 0) {
+    throw CExpectationFailure("SiUSBXp.dll was freed with " + std::to_string(open) +
+                              " open: a thread of its own ran in freed code");
+  }
   const std::vector<std::string> held = stage.outlook.Held();
   if (held.empty()) return;
   std::string text = "the add-in still holds";

@@ -10,6 +10,7 @@
 
 #include "workbench/base/base_frames.h"
 #include "workbench/base/believable_base.h"
+#include "workbench/siusbxp/simulated_base.h"
 
 namespace quor::workbench {
 
@@ -66,6 +67,9 @@ class IBaseStage {
   virtual const std::vector<std::string>& CallTexts() = 0;
   virtual void ForgetCallTexts() = 0;
   virtual unsigned OpenHandles() = 0;
+  // Devices that were open when the library was freed, over all of the run.
+  virtual unsigned FreedWhileOpen() = 0;
+  virtual void SetManners(const DriverManners& manners) = 0;
 
  protected:
   ~IBaseStage() = default;

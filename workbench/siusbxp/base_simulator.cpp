@@ -36,6 +36,10 @@ std::string Hex(std::span<const uint8_t> bytes) {
   return text;
 }
 
+void Sleep(uint64_t milliseconds) {
+  if (milliseconds != 0) std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
+
 std::string NoArguments() {
   return {};
 }
@@ -52,6 +56,8 @@ void CBaseSimulator::Reset() {
   m_written.clear();
   m_functions = {};
   m_queueReport = {};
+  m_manners = {};
+  m_freedWhileOpen = 0;
   m_sequence = 0;
   m_now = 0;
   m_readTimeout = kEndless;
@@ -146,6 +152,11 @@ bool CBaseSimulator::IsPlugged(uint64_t device) const {
                      [device](const Device& plugged) { return plugged.number == device; });
 }
 
+bool CBaseSimulator::IsOpen(uint64_t device) const {
+  return std::any_of(m_handles.begin(), m_handles.end(),
+                     [device](const OpenHandle& open) { return open.device == device; });
+}
+
 int CBaseSimulator::StatusOf(Handle handle) const {
   const auto open =
       std::find_if(m_handles.begin(), m_handles.end(),
@@ -154,21 +165,22 @@ int CBaseSimulator::StatusOf(Handle handle) const {
   return IsPlugged(open->device) ? kSiSuccess : kSiDeviceIoFailed;
 }
 
-int CBaseSimulator::GetNumDevices(uint32_t* count) {
+int CBaseSimulator::GetNumDevices(uint32_t* count) noexcept {
   return Call(
       UsbFunction::GetNumDevices,
       [&](uint32_t) -> int {
         if (count == nullptr) return kSiInvalidParameter;
         *count = DeviceCount();
-        return *count == 0 ? kSiDeviceNotFound : kSiSuccess;
+        return *count == 0 ? m_manners.withoutDevice : kSiSuccess;
       },
       NoArguments, [&] { return Number(*count); });
 }
 
-int CBaseSimulator::GetProductString(uint32_t device, char* text, uint32_t option) {
+int CBaseSimulator::GetProductString(uint32_t device, char* text, uint32_t option) noexcept {
   return Call(
       UsbFunction::GetProductString,
       [&](uint32_t) -> int {
+        Sleep(m_manners.stringTime);
         if (device >= m_devices.size()) return kSiDeviceNotFound;
         const auto& strings = m_devices[device].strings;
         if (text == nullptr || option >= strings.size()) return kSiInvalidParameter;
@@ -179,14 +191,16 @@ int CBaseSimulator::GetProductString(uint32_t device, char* text, uint32_t optio
       [&] { return Number(device) + ", " + Number(option); }, [&] { return std::string(text); });
 }
 
-int CBaseSimulator::Open(uint32_t device, Handle* handle) {
+int CBaseSimulator::Open(uint32_t device, Handle* handle) noexcept {
   // A library that fails may well have written something; no caller may take it for a handle.
   if (handle != nullptr) *handle = HandleFromNumber(UINTPTR_MAX);
   return Call(
       UsbFunction::Open,
       [&](uint32_t) -> int {
         if (handle == nullptr) return kSiInvalidParameter;
+        Sleep(m_manners.openTime);
         if (device >= m_devices.size()) return kSiDeviceNotFound;
+        if (IsOpen(m_devices[device].number)) return m_manners.secondOpen;
         *handle = HandleFromNumber(++m_lastHandle);
         m_handles.push_back({*handle, m_devices[device].number});
         return kSiSuccess;
@@ -194,7 +208,7 @@ int CBaseSimulator::Open(uint32_t device, Handle* handle) {
       [&] { return Number(device); }, [&] { return HandleName(*handle); });
 }
 
-int CBaseSimulator::Close(Handle handle) {
+int CBaseSimulator::Close(Handle handle) noexcept {
   const size_t closed =
       std::erase_if(m_handles, [handle](const OpenHandle& open) { return open.handle == handle; });
   return Call(
@@ -213,7 +227,7 @@ uint32_t CBaseSimulator::Available() const {
 }
 
 void CBaseSimulator::PassTime(uint64_t until) {
-  if (m_realWaiting) std::this_thread::sleep_for(std::chrono::milliseconds(until - m_now));
+  if (m_realWaiting) Sleep(until - m_now);
   m_now = until;
 }
 
@@ -244,7 +258,7 @@ uint32_t CBaseSimulator::Take(uint8_t* buffer, uint32_t wanted) {
   return taken;
 }
 
-int CBaseSimulator::Read(Handle handle, uint8_t* buffer, uint32_t wanted, uint32_t* read) {
+int CBaseSimulator::Read(Handle handle, uint8_t* buffer, uint32_t wanted, uint32_t* read) noexcept {
   return Call(
       UsbFunction::Read,
       [&](uint32_t limit) -> int {
@@ -262,7 +276,8 @@ int CBaseSimulator::Read(Handle handle, uint8_t* buffer, uint32_t wanted, uint32
       });
 }
 
-int CBaseSimulator::Write(Handle handle, const uint8_t* bytes, uint32_t count, uint32_t* written) {
+int CBaseSimulator::Write(Handle handle, const uint8_t* bytes, uint32_t count,
+                          uint32_t* written) noexcept {
   return Call(
       UsbFunction::Write,
       [&](uint32_t limit) -> int {
@@ -279,7 +294,7 @@ int CBaseSimulator::Write(Handle handle, const uint8_t* bytes, uint32_t count, u
       [&] { return Number(*written); });
 }
 
-int CBaseSimulator::FlushBuffers(Handle handle, uint8_t transmit, uint8_t receive) {
+int CBaseSimulator::FlushBuffers(Handle handle, uint8_t transmit, uint8_t receive) noexcept {
   return Call(
       UsbFunction::FlushBuffers,
       [&](uint32_t) -> int {
@@ -293,7 +308,7 @@ int CBaseSimulator::FlushBuffers(Handle handle, uint8_t transmit, uint8_t receiv
       NoResults);
 }
 
-int CBaseSimulator::SetTimeouts(uint32_t readTimeout, uint32_t writeTimeout) {
+int CBaseSimulator::SetTimeouts(uint32_t readTimeout, uint32_t writeTimeout) noexcept {
   return Call(
       UsbFunction::SetTimeouts,
       [&](uint32_t) -> int {
@@ -303,7 +318,7 @@ int CBaseSimulator::SetTimeouts(uint32_t readTimeout, uint32_t writeTimeout) {
       [&] { return Number(readTimeout) + ", " + Number(writeTimeout); }, NoResults);
 }
 
-int CBaseSimulator::CheckRxQueue(Handle handle, uint32_t* queued, uint32_t* status) {
+int CBaseSimulator::CheckRxQueue(Handle handle, uint32_t* queued, uint32_t* status) noexcept {
   return Call(
       UsbFunction::CheckRxQueue,
       [&](uint32_t) -> int {
@@ -321,19 +336,19 @@ int CBaseSimulator::CheckRxQueue(Handle handle, uint32_t* queued, uint32_t* stat
       [&] { return HandleName(handle); }, [&] { return Number(*queued) + ", " + Number(*status); });
 }
 
-int CBaseSimulator::SetBaudRate(Handle handle, uint32_t baudRate) {
+int CBaseSimulator::SetBaudRate(Handle handle, uint32_t baudRate) noexcept {
   return Call(
       UsbFunction::SetBaudRate, [&](uint32_t) { return StatusOf(handle); },
       [&] { return HandleName(handle) + ", " + Number(baudRate); }, NoResults);
 }
 
-int CBaseSimulator::SetLineControl(Handle handle, uint16_t lineControl) {
+int CBaseSimulator::SetLineControl(Handle handle, uint16_t lineControl) noexcept {
   return Call(
       UsbFunction::SetLineControl, [&](uint32_t) { return StatusOf(handle); },
       [&] { return HandleName(handle) + ", " + Number(lineControl); }, NoResults);
 }
 
-int CBaseSimulator::SetFlowControl(Handle handle, std::span<const int, 6> controls) {
+int CBaseSimulator::SetFlowControl(Handle handle, std::span<const int, 6> controls) noexcept {
   return Call(
       UsbFunction::SetFlowControl, [&](uint32_t) { return StatusOf(handle); },
       [&] {

@@ -6,11 +6,12 @@
 #include <vector>
 
 #include "workbench/siusbxp/simulated_base.h"
+#include "workbench/siusbxp/usb_host.h"
 
 namespace quor::workbench {
 
-// The simulated base itself: the library's functions in portable types, moved by ISimulatedBase.
-class CBaseSimulator final : public ISimulatedBase {
+// The simulated base itself.
+class CBaseSimulator final : public ISimulatedBase, public IUsbHost {
  public:
   CBaseSimulator() { Reset(); }
 
@@ -31,23 +32,25 @@ class CBaseSimulator final : public ISimulatedBase {
   void ForgetWritten() override { m_written.clear(); }
   uint32_t CallCount(UsbFunction function) const override;
   uint32_t OpenHandles() const override { return static_cast<uint32_t>(m_handles.size()); }
+  uint32_t FreedWhileOpen() const override { return m_freedWhileOpen; }
+  void SetManners(const DriverManners& manners) override { m_manners = manners; }
   void Observe(ICallObserver* observer) override { m_observer = observer; }
 
   // The library. A missing out parameter is a kSiInvalidParameter.
-  using Handle = void*;
-  int GetNumDevices(uint32_t* count);
-  int GetProductString(uint32_t device, char* text, uint32_t option);
-  int Open(uint32_t device, Handle* handle);
-  int Close(Handle handle);
-  int Read(Handle handle, uint8_t* buffer, uint32_t wanted, uint32_t* read);
-  int Write(Handle handle, const uint8_t* bytes, uint32_t count, uint32_t* written);
-  int FlushBuffers(Handle handle, uint8_t transmit, uint8_t receive);
-  int SetTimeouts(uint32_t readTimeout, uint32_t writeTimeout);
-  int CheckRxQueue(Handle handle, uint32_t* queued, uint32_t* status);
-  int SetBaudRate(Handle handle, uint32_t baudRate);
-  int SetLineControl(Handle handle, uint16_t lineControl);
-  // CTS, RTS, DTR, DSR, DCD, XON/XOFF.
-  int SetFlowControl(Handle handle, std::span<const int, 6> controls);
+  int GetNumDevices(uint32_t* count) noexcept override;
+  int GetProductString(uint32_t device, char* text, uint32_t option) noexcept override;
+  int Open(uint32_t device, Handle* handle) noexcept override;
+  int Close(Handle handle) noexcept override;
+  int Read(Handle handle, uint8_t* buffer, uint32_t wanted, uint32_t* read) noexcept override;
+  int Write(Handle handle, const uint8_t* bytes, uint32_t count,
+            uint32_t* written) noexcept override;
+  int FlushBuffers(Handle handle, uint8_t transmit, uint8_t receive) noexcept override;
+  int SetTimeouts(uint32_t readTimeout, uint32_t writeTimeout) noexcept override;
+  int CheckRxQueue(Handle handle, uint32_t* queued, uint32_t* status) noexcept override;
+  int SetBaudRate(Handle handle, uint32_t baudRate) noexcept override;
+  int SetLineControl(Handle handle, uint16_t lineControl) noexcept override;
+  int SetFlowControl(Handle handle, std::span<const int, 6> controls) noexcept override;
+  void OnFreedWhileOpen(uint32_t devices) noexcept override { m_freedWhileOpen += devices; }
 
  private:
   struct Device {
@@ -95,6 +98,7 @@ class CBaseSimulator final : public ISimulatedBase {
   FunctionState& State(UsbFunction function) { return m_functions[static_cast<size_t>(function)]; }
   int StatusOf(Handle handle) const;
   bool IsPlugged(uint64_t device) const;
+  bool IsOpen(uint64_t device) const;
   uint32_t Available() const;
   void WaitFor(uint32_t wanted);
   void PassTime(uint64_t until);
@@ -106,6 +110,8 @@ class CBaseSimulator final : public ISimulatedBase {
   std::vector<SentFrame> m_written;
   std::array<FunctionState, kUsbFunctionNames.size()> m_functions;
   QueueReport m_queueReport;
+  DriverManners m_manners;
+  uint32_t m_freedWhileOpen;
   ICallObserver* m_observer = nullptr;
   uint64_t m_sequence;
   uint64_t m_lastDevice = 0;  // numbers are never used twice, so that old handles stay strangers

@@ -10,16 +10,10 @@
 
 namespace quor::workbench {
 
-// The hand that moves the simulated base. The add-in sees a SiUSBXp.dll like any other; the
-// workbench, in the same process, gets this interface from the same module:
-//
-//   auto getBase = reinterpret_cast<GetSimulatedBase>(
-//       GetProcAddress(module, MAKEINTRESOURCEA(kGetSimulatedBaseOrdinal)));
-//   getBase().Plug();
-//
-// `module` must be the one the add-in loads, found by the same full path: another copy of the file
-// is another base. The base lives as long as the module; nothing is plugged in at first. Everything
-// is meant for one thread, the one the add-in calls the library on.
+// The simulated base lives in the workbench's own program, which moves it by ISimulatedBase. The
+// SiUSBXp.dll that the add-in loads only forwards to it (see usb_host.h), so the workbench holds no
+// reference to the DLL and the add-in alone decides how long it stays loaded. Nothing is plugged in
+// at first. Everything is meant for one thread, the one the add-in calls the library on.
 
 enum class UsbFunction : size_t {
   GetNumDevices,
@@ -108,6 +102,14 @@ struct WrittenFrame {
   std::span<const uint8_t> bytes;  // valid until the next SI_Write or Reset
 };
 
+// What differs from one version of the library, or one machine, to the next.
+struct DriverManners {
+  int withoutDevice = kSiDeviceNotFound;  // SI_GetNumDevices; kSiSuccess comes with a count of 0
+  int secondOpen = kSiDeviceIoFailed;     // SI_Open of a device that is open
+  uint32_t stringTime = 0;                // milliseconds that SI_GetProductString takes, for real
+  uint32_t openTime = 0;                  // the same for SI_Open
+};
+
 class ISimulatedBase {
  public:
   // Back to nothing plugged in, nothing queued, nothing counted; open handles become unknown ones.
@@ -149,6 +151,10 @@ class ISimulatedBase {
 
   virtual uint32_t CallCount(UsbFunction function) const = 0;
   virtual uint32_t OpenHandles() const = 0;
+  // Devices that were open when the DLL was freed: its threads ran in freed code.
+  virtual uint32_t FreedWhileOpen() const = 0;
+
+  virtual void SetManners(const DriverManners& manners) = 0;
 
   // Tells one observer of every call; null for none. Texts are made only for an observer.
   virtual void Observe(ICallObserver* observer) = 0;
@@ -156,9 +162,6 @@ class ISimulatedBase {
  protected:
   ~ISimulatedBase() = default;
 };
-
-inline constexpr uint16_t kGetSimulatedBaseOrdinal = 100;  // "WB_GetBase"
-using GetSimulatedBase = ISimulatedBase& (*)();
 
 }  // namespace quor::workbench
 

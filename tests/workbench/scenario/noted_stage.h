@@ -78,6 +78,8 @@ class CNotedStage final : public IHostStage,
   const std::vector<std::string>& CallTexts() override { return usbCalls; }
   void ForgetCallTexts() override { usbCalls.clear(); }
   unsigned OpenHandles() override { return 1; }
+  unsigned FreedWhileOpen() override { return 0; }
+  void SetManners(const DriverManners&) override {}
 
   int Version() override { return version; }
   void AddStore(const std::string&) override {}
