@@ -6,6 +6,7 @@
 #include "module/log_file.h"
 #include "module/revision.h"
 #include "module/version.h"
+#include "settings/entry_text.h"
 #include "text/ansi.h"
 
 namespace quor {
@@ -74,7 +75,7 @@ void CUserDialogs::SetEntry(size_t index, const SpeedDialEntry& entry) {
   if (index >= kSpeedDialCount) return;
   std::vector<SpeedDialEntry>& entries = m_settings.Values().speedDials;
   if (entries.size() <= index) entries.resize(index + 1);
-  entries[index] = entry;
+  entries[index] = StorableEntry(entry);
   KeepSpeedDial();
 }
 

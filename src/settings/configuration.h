@@ -75,6 +75,7 @@ struct Configuration {
   ToolBarRecord mainToolBar;
   ToolBarRecord contactToolBar;
 
+  // Entries pass StorableEntry (entry_text.h) on their way in.
   std::vector<CallEntry> histories;        // newest first, at most kHistoryLimit
   std::vector<CallEntry> callerLists;      // newest first, at most kCallerListLimit
   std::vector<SpeedDialEntry> speedDials;  // at most kSpeedDialCount; empty entries count

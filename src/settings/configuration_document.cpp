@@ -1,4 +1,5 @@
 #include "settings/configuration_document.h"
+#include "settings/entry_text.h"
 #include "text/format.h"
 
 #include <algorithm>
@@ -91,7 +92,7 @@ Entry ReadEntry(const XmlElement& element, std::span<const TextField<Entry>> fie
   Entry entry;
   for (const XmlElement& child : element.children) {
     for (const TextField<Entry>& field : fields) {
-      if (child.name == field.element) entry.*field.member = child.text;
+      if (child.name == field.element) entry.*field.member = StorableText(child.text);
     }
   }
   return entry;
@@ -223,7 +224,7 @@ XmlElement WriteList(const wchar_t* section, const wchar_t* entryName,
   for (const Entry& entry : list) {
     XmlElement& child = element.children.emplace_back(XmlElement{entryName, {}, {}});
     for (const TextField<Entry>& field : fields) {
-      child.children.push_back({field.element, TextSafeForXml(entry.*field.member), {}});
+      child.children.push_back({field.element, StorableText(entry.*field.member), {}});
     }
   }
   return element;
@@ -315,30 +316,6 @@ int32_t NumberFromText(std::wstring_view text) noexcept {
   }
   if (negative) return static_cast<int32_t>(-value);
   return static_cast<int32_t>(std::min(value, kPastLimit - 1));
-}
-
-std::wstring TextSafeForXml(std::wstring_view text) {
-  const auto unit = [&text](size_t at) {
-    return at < text.size() ? static_cast<uint32_t>(text[at]) : 0u;
-  };
-  const auto isHigh = [](uint32_t code) { return code >= 0xD800 && code <= 0xDBFF; };
-  const auto isLow = [](uint32_t code) { return code >= 0xDC00 && code <= 0xDFFF; };
-
-  std::wstring safe;
-  safe.reserve(text.size());
-  for (size_t at = 0; at < text.size(); ++at) {
-    const uint32_t code = unit(at);
-    if (isHigh(code) && isLow(unit(at + 1))) {
-      safe.append(text, at, 2);
-      ++at;
-      continue;
-    }
-    const bool allowed = code == L'\t' || code == L'\n' || code == L'\r' ||
-                         (code >= 0x20 && code < 0xD800) || (code >= 0xE000 && code < 0xFFFE) ||
-                         (code >= 0x10000 && code <= 0x10FFFF);
-    if (allowed) safe.push_back(text[at]);
-  }
-  return safe;
 }
 
 }  // namespace quor

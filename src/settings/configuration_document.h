@@ -32,23 +32,19 @@ struct DocumentFindings {
 
 // Takes over what the document below `root` holds. What the document does not mention stays as it
 // is: a missing section, a missing element. The sections of a list replace it together, and entries
-// past the limit are dropped; a toolbar element without any field leaves its record alone.
+// past the limit are dropped, as is what a text has past its own (entry_text.h); a toolbar element
+// without any field leaves its record alone.
 //
 // An element without text, or with blanks only where a number belongs, takes its default.
 DocumentFindings ReadConfiguration(const XmlElement& root, ISystemLanguage& systemLanguage,
                                    Configuration& configuration);
 
-// The whole document, "Root" with its five sections. Its texts are safe for XML.
+// The whole document, "Root" with its five sections. Its texts are storable ones (entry_text.h).
 XmlElement WriteConfiguration(const Configuration& configuration);
 
 // A number as C's atoi reads it: blanks, a sign, digits; what follows is ignored and no digits give
 // 0. Beyond int32_t it stays at the limit.
 int32_t NumberFromText(std::wstring_view text) noexcept;
-
-// The text without the characters XML 1.0 has no way to write: control characters other than tab,
-// line feed and carriage return, halves of surrogate pairs, U+FFFE and U+FFFF. A parser would
-// refuse the whole file for one of them. (A carriage return comes back from a file as a line feed.)
-std::wstring TextSafeForXml(std::wstring_view text);
 
 }  // namespace quor
 

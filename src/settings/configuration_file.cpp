@@ -5,13 +5,17 @@
 #include <vector>
 
 #include "com/com_boundary.h"
+#include "settings/entry_text.h"
 #include "text/format.h"
 
 namespace quor {
 namespace {
 
-// A full configuration takes some 20 KB.
-constexpr LONGLONG kLargestFile = 4 * 1024 * 1024;
+// A usual configuration takes some 20 KB; one with every text at its limit, and of characters that
+// take five bytes each ("&amp;"), still is read again.
+constexpr LONGLONG kLargestFile = 16 * 1024 * 1024;
+constexpr size_t kMostTexts = (kHistoryLimit + kCallerListLimit) * 3 + kSpeedDialCount * 2;
+static_assert(kMostTexts * kEntryTextLimit * 5 < kLargestFile / 2);
 
 [[noreturn]] void ThrowWin32Error(DWORD error) {
   throw _com_error(error == ERROR_SUCCESS ? E_FAIL : HRESULT_FROM_WIN32(error));

@@ -6,7 +6,11 @@
 // clang-format on
 
 #include <cstring>
+#include <map>
 #include <string>
+#include <utility>
+
+#include "settings/configuration.h"
 
 // In mingw's headers, but in none of its libraries: {2933BF95-7B36-11D2-B20E-00C04F983E60}.
 static constexpr IID kXmlDomDocument2Iid = {
@@ -26,9 +30,11 @@ _COM_SMARTPTR_TYPEDEF(IStream, IID_IStream);
 namespace quor {
 namespace {
 
-// A configuration has four levels and some 600 nodes, white space included.
+// A configuration has four levels, and lists of no more entries than this.
 constexpr int kDeepestElement = 8;
-constexpr size_t kMostNodes = 20000;
+constexpr size_t kMostOfOneName = kHistoryLimit;
+constexpr size_t kMostNames = 64;  // different ones in one element
+static_assert(kMostOfOneName >= kCallerListLimit && kMostOfOneName >= kSpeedDialCount);
 
 [[noreturn]] void ThrowDocumentError(HRESULT result) {
   ICreateErrorInfoPtr details;
@@ -91,23 +97,26 @@ IXMLDOMElementPtr LoadRoot(std::span<const std::byte> bytes) {
   return root;
 }
 
+std::wstring NameOf(const IXMLDOMNodePtr& node) {
+  _bstr_t name;
+  Check(node->get_nodeName(name.GetAddress()));
+  return TextFromBstr(name);
+}
+
+// Reads what a configuration can hold of a tree and passes over the rest, however long or deep.
 class CTreeReader {
  public:
-  XmlElement Read(const IXMLDOMNodePtr& node, int depth) {
-    XmlElement element;
-    _bstr_t name;
-    Check(node->get_nodeName(name.GetAddress()));
-    element.name = TextFromBstr(name);
-
+  static XmlElement Read(const IXMLDOMNodePtr& node, std::wstring name, int depth) {
+    XmlElement element{std::move(name), {}, {}};
+    std::map<std::wstring, size_t> counts;
     bool hasText = false;
     IXMLDOMNodePtr child;
     Check(node->get_firstChild(&child));
     while (child != nullptr) {
-      CountNode();
       DOMNodeType type = NODE_INVALID;
       Check(child->get_nodeType(&type));
-      if (type == NODE_ELEMENT && depth < kDeepestElement) {
-        element.children.push_back(Read(child, depth + 1));
+      if (type == NODE_ELEMENT) {
+        if (depth < kDeepestElement) ReadChild(child, depth + 1, counts, element);
       } else if ((type == NODE_TEXT || type == NODE_CDATA_SECTION) && !hasText) {
         hasText = true;
         _variant_t value;
@@ -122,11 +131,13 @@ class CTreeReader {
   }
 
  private:
-  void CountNode() {
-    if (++m_nodes > kMostNodes) ThrowDocumentError(E_ABORT);
+  static void ReadChild(const IXMLDOMNodePtr& child, int depth,
+                        std::map<std::wstring, size_t>& counts, XmlElement& element) {
+    std::wstring name = NameOf(child);
+    if (counts.size() == kMostNames && !counts.contains(name)) return;
+    if (++counts[name] > kMostOfOneName) return;
+    element.children.push_back(Read(child, std::move(name), depth));
   }
-
-  size_t m_nodes = 0;
 };
 
 void AppendChild(const IXMLDOMNodePtr& parent, IXMLDOMNode* child) {
@@ -181,7 +192,7 @@ std::optional<XmlElement> ParseXmlDocument(std::span<const std::byte> bytes) {
   try {
     const IXMLDOMElementPtr root = LoadRoot(bytes);
     if (root == nullptr) return std::nullopt;
-    return CTreeReader().Read(root, 1);
+    return CTreeReader::Read(root, NameOf(root), 1);
   } catch (const _com_error&) {
     return std::nullopt;
   }

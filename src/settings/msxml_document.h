@@ -12,9 +12,9 @@
 namespace quor {
 
 // The document element of the XML text in `bytes`, parsed by MSXML in the encoding the text
-// declares. Nothing when there is no parser, when the text is not well-formed, when it declares a
-// document type (no entity of it is trusted), or when it has more elements than any configuration.
-// Elements nested deeper than any reader looks are left out.
+// declares. Nothing when there is no parser, when the text is not well-formed, or when it declares
+// a document type (no entity of it is trusted). Left out are elements nested deeper than any reader
+// looks, and of those of one name in one element all after as many as the longest list may have.
 std::optional<XmlElement> ParseXmlDocument(std::span<const std::byte> bytes);
 
 // Writes documents, each made anew. To be destroyed before COM leaves the thread.

@@ -2,26 +2,18 @@
 
 #include <algorithm>
 
+#include "settings/entry_text.h"
+
 namespace quor {
 
-namespace {
-
-bool IsHighSurrogate(wchar_t unit) noexcept {
-  return (unit & 0xFC00) == 0xD800;
-}
-
-}  // namespace
-
 std::wstring_view CallerCaption(std::wstring_view label) noexcept {
-  if (label.size() <= kCallerCaptionLimit) return label;
-  const bool halved = IsHighSurrogate(label[kCallerCaptionLimit - 1]);
-  return label.substr(0, kCallerCaptionLimit - (halved ? 1 : 0));
+  return CutText(label, kCallerCaptionLimit);
 }
 
 void CCallerList::Add(const std::wstring& name, const std::wstring& number) {
   std::vector<CallEntry>& list = m_with.configuration.callerLists;
   if (list.size() >= kCallerListLimit) list.resize(kCallerListLimit - 1);
-  list.insert(list.begin(), {name + L" " + number, name, number});
+  list.insert(list.begin(), StorableEntry({name + L" " + number, name, number}));
   m_with.settings.Save();
   PutCallerList();
 }

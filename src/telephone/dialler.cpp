@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "settings/entry_text.h"
 #include "telephone/string_ids.h"
 #include "text/ansi.h"
 #include "text/dial_chars.h"
@@ -61,7 +62,8 @@ bool CDialler::CheckNumber(std::string_view number) {
   return refusal == kNoText;
 }
 
-void CDialler::Remember(CallEntry entry) {
+void CDialler::Remember(const CallEntry& call) {
+  CallEntry entry = StorableEntry(call);
   std::vector<CallEntry>& list = m_with.configuration.histories;
   const auto same = std::ranges::find(list, entry.number, &CallEntry::number);
   if (same != list.end()) list.erase(same);

@@ -47,7 +47,7 @@ class CDialler {
  private:
   uint32_t ChooseLine() const noexcept;
   bool CheckNumber(std::string_view number);
-  void Remember(CallEntry entry);
+  void Remember(const CallEntry& call);
   void SetDialText(std::wstring_view text);
 
   TelephoneState& m_state;

@@ -1,4 +1,5 @@
 #include "settings/configuration_document.h"
+#include "settings/entry_text.h"
 
 #include <gtest/gtest.h>
 
@@ -95,21 +96,26 @@ TEST(NumberFromText, ReadsAsMuchAsIsANumber) {
   }
 }
 
-TEST(TextSafeForXml, DropsWhatAFileCannotCarry) {
+TEST(StorableText, DropsWhatAFileCannotCarry) {
   using namespace std::string_literals;
   for (const wchar_t* text : kAwkwardTexts)
-    EXPECT_EQ(TextSafeForXml(text), text);
+    EXPECT_EQ(StorableText(text), text);
   const struct {
     std::wstring text;
     const wchar_t* safe;
   } cases[] = {
-      {L"a\0b"s, L"ab"},        {L"\x01\x08\x0b\x0c\x0e\x1f", L""},
-      {L"a\xd83d", L"a"},       {L"\xde00z", L"z"},
-      {L"\xde00\xd83d", L""},   {L"\xd83d\xd83d\xde00", L"\xd83d\xde00"},
-      {L"\xfffe\xffffx", L"x"}, {L"\xfffd\x7f", L"\xfffd\x7f"},
+      {L"a\0b"s, L"ab"},
+      {L"\x01\x08\x0b\x0c\x0e\x1f", L""},
+      {L"a\xd83d", L"a"},
+      {L"\xde00z", L"z"},
+      {L"\xde00\xd83d", L""},
+      {L"\xd83d\xd83d\xde00", L"\xd83d\xde00"},
+      {L"\xfffe\xffffx", L"x"},
+      {L"\xfffd\x7f", L"\xfffd\x7f"},
+      {L"a\r\nb\rc\r\r\n", L"a\nb\nc\n\n"},
   };
   for (const auto& c : cases)
-    EXPECT_EQ(TextSafeForXml(c.text), c.safe);
+    EXPECT_EQ(StorableText(c.text), c.safe);
 }
 
 TEST(ReadConfiguration, GivesElementsWithoutTextTheirDefault) {
@@ -188,6 +194,26 @@ TEST(ReadConfiguration, KeepsTheNewestUpToEachLimit) {
   CFrenchSystem system;
   ReadConfiguration(WriteConfiguration(longer), system, read);
   EXPECT_EQ(Everything(read), Everything(FullConfiguration()));
+}
+
+TEST(WriteConfiguration, WritesWhatReadsBackAlike) {
+  for (unsigned seed = 0; seed < 100; ++seed) {
+    const Configuration saved = RandomConfiguration(seed);
+    Configuration read;
+    CFrenchSystem system;
+    ReadConfiguration(WriteConfiguration(saved), system, read);
+    ASSERT_EQ(Everything(read), Everything(saved)) << seed;
+  }
+}
+
+TEST(StorableText, EndsAtItsLimitAndNeverInsideAPair) {
+  const std::wstring longer(kEntryTextLimit + 1, L'x');
+  EXPECT_EQ(StorableText(longer).size(), kEntryTextLimit);
+  for (size_t before : {kEntryTextLimit - 2, kEntryTextLimit - 1, kEntryTextLimit}) {
+    const std::wstring kept = StorableText(std::wstring(before, L'x') + L"\xd83d\xde00 and more");
+    EXPECT_EQ(kept.size(), before == kEntryTextLimit - 1 ? before : kEntryTextLimit);
+    EXPECT_EQ(StorableText(kept), kept);
+  }
 }
 
 TEST(WriteConfiguration, GivesTheDocumentItsOrder) {

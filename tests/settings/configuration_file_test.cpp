@@ -60,7 +60,7 @@ class CConfigurationFileTest : public testing::Test, protected ILogWriter {
   }
 
   std::string Content(const std::string& name) const {
-    std::string content(8 << 20, '\0');
+    std::string content(20 << 20, '\0');
     std::FILE* file = std::fopen((m_folder + name).c_str(), "rb");
     if (file == nullptr) return "no file";
     content.resize(std::fread(content.data(), 1, content.size(), file));
@@ -125,6 +125,50 @@ TEST_F(CConfigurationFileTest, KeepsEveryValue) {
 
 constexpr char kFrenchSystem[] = "<System><LanguageNo>1</LanguageNo></System>";
 
+TEST_F(CConfigurationFileTest, ReadsBackWhateverItSaves) {
+  for (unsigned seed = 0; seed < 40; ++seed) {
+    const Configuration saved = RandomConfiguration(seed);
+    ASSERT_TRUE(m_file.Save(m_path, WriteConfiguration(saved)));
+    const auto root = m_file.Load(m_path);
+    ASSERT_TRUE(root) << seed;
+    CSystemLanguage system;
+    Configuration read;
+    ReadConfiguration(*root, system, read);
+    EXPECT_EQ(read.histories, saved.histories) << seed;
+    EXPECT_EQ(read.callerLists, saved.callerLists) << seed;
+    EXPECT_EQ(read.speedDials, saved.speedDials) << seed;
+    EXPECT_EQ(read.mainToolBar, saved.mainToolBar) << seed;
+  }
+}
+
+// As files were written before texts had a limit, and as somebody may make them.
+TEST_F(CConfigurationFileTest, ReadsOverlongListsUpToTheirLimit) {
+  const std::string name = std::string(250000, 'n');
+  const auto list = [](const char* section, const std::string& entry, int count) {
+    const std::string tag = section;
+    return "<" + tag + ">" + Repeat(entry, count) + "</" + tag + ">";
+  };
+  WriteContent(
+      "<Root>" +
+      list("Histories", "<History><Name>5</Name><FileAs/><Number>5</Number></History>", 30000) +
+      list("SpeedDials", "<SpeedDial><Name>a</Name><Number>1</Number></SpeedDial>", 100) +
+      list("CallerLists",
+           "<CallerList><Name>" + name + " 5</Name><FileAs>" + name +
+               "</FileAs><Number>5</Number></CallerList>",
+           11) +
+      kFrenchSystem + "</Root>");
+  const auto root = m_file.Load(m_path);
+  ASSERT_TRUE(root);
+  CSystemLanguage system;
+  Configuration read;
+  ReadConfiguration(*root, system, read);
+  EXPECT_EQ(read.histories.size(), kHistoryLimit);
+  EXPECT_EQ(read.speedDials.size(), kSpeedDialCount);
+  ASSERT_EQ(read.callerLists.size(), kCallerListLimit);
+  EXPECT_EQ(read.callerLists[9].fileAs, std::wstring(kEntryTextLimit, L'n'));
+  EXPECT_EQ(read.languageNo, kFrench);
+}
+
 TEST_F(CConfigurationFileTest, ReadsForeignButSoundFiles) {
   const std::string french = kFrenchSystem;
   const std::string sound[] = {
@@ -134,6 +178,7 @@ TEST_F(CConfigurationFileTest, ReadsForeignButSoundFiles) {
       "<Root><!-- c --><?pi?><System a='b'><LanguageNo><!-- 2 --><![CDATA[1]]>2</LanguageNo>"
       "</System></Root>",
       "<Root>" + Repeat("<a>", 100) + Repeat("</a>", 100) + french + "</Root>",
+      "<Root>" + Repeat("<a/>", 30000) + french + "</Root>",
   };
   for (const std::string& content : sound)
     EXPECT_EQ(LanguageIn(content), kFrench) << content;
@@ -158,9 +203,8 @@ TEST_F(CConfigurationFileTest, RefusesAndKeepsWhatIsNoConfiguration) {
       "<!DOCTYPE Root><Root>" + french + "</Root>",
       "<!DOCTYPE Root [<!ENTITY e '1'>]><Root><System><LanguageNo>&e;</LanguageNo></System></Root>",
       "<!DOCTYPE Root SYSTEM 'file:///c:/windows/win.ini'><Root>" + french + "</Root>",
-      "<Root>" + Repeat("<a/>", 30000) + french + "</Root>",
       Repeat("<Root>", 20000) + Repeat("</Root>", 20000),
-      "<Root>" + french + std::string(5 << 20, ' ') + "</Root>",
+      "<Root>" + french + std::string(17 << 20, ' ') + "</Root>",
   };
   for (const std::string& content : hostile) {
     SCOPED_TRACE(content.substr(0, 80));
