@@ -32,7 +32,7 @@ CAddin::CAddin()
       m_contacts(m_session.Application(), m_folders, m_log),
       m_index(m_contacts, m_log),
       m_folders(m_session.Application(), m_index, *this, *this, m_log),
-      m_callers(m_index, m_contacts),
+      m_callers(m_index, m_contacts, m_folders),
       m_popUps(m_resources, *this, m_log),
       m_dialogs(m_resources, m_settings, m_ui, m_popUps, m_telCtrl, m_link, m_log),
       m_ui(m_telephone, m_session, m_settings, m_dialogs, m_resources, *this, m_log),

@@ -5,6 +5,7 @@
 #include "addin/interface_language.h"
 #include "addin/message_window.h"
 #include "addin/outlook_session.h"
+#include "addin/slice_clock.h"
 #include "addin/tick_clock.h"
 #include "addin/user_interface.h"
 #include "com/type_info_dispatch.h"
@@ -39,7 +40,7 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
                      private IEventOwner,
                      private IWindowHandler,
                      private IOutlookEvents,
-                     private IContactScan,
+                     private IContactScanHost,
                      private IAnswerHandler {
  public:
   // For the class table: an object with its hidden window, or the failure to make that.
@@ -135,10 +136,12 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   void OnDeleteFolderAdd(IDispatch* folder) override;
   void OnDeleteFolderRemove() override;
 
-  // IContactScan
-  bool MustStop() noexcept override { return IsShuttingDown() || m_stopRequested; }
-  void ShowLoading() override { m_popUps.ShowLoading(); }
-  void RepaintLoading() override { m_popUps.RepaintLoading(); }
+  // IContactScanHost
+  bool MustStop() noexcept override {
+    return IsShuttingDown() || m_stopRequested || m_explorerClosed;
+  }
+  bool IsSliceOver() noexcept override { return m_sliceClock.IsOver(); }
+  void ShowLoading() noexcept override { m_popUps.ShowLoading(); }
   bool PostCloseLoading() noexcept override;
 
   // IAnswerHandler: the caller window's button
@@ -150,6 +153,7 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   CLogFile m_logFile;
   CDiagnosticLog m_log{m_logFile};
   CTickClock m_clock;
+  CSliceClock m_sliceClock;
   CEventObjects m_eventObjects;
   CTelCtrl m_telCtrl;
   CConfigurationFile m_configurationFile{m_log};
@@ -182,7 +186,7 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   bool m_finished = false;  // OnConnection ran to its end
   bool m_disconnected = false;
   bool m_quitting = false;
-  bool m_buildInProgress = false;
+  bool m_buildDue = false;  // the contacts are to be read at the next tick of the deferred timer
   bool m_stopRequested = false;
 };
 

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "addin/addin.h"
 #include "resources/resource_ids.h"
 
@@ -45,18 +47,19 @@ void CAddin::OnTimer(UINT_PTR timer) {
   }
 }
 
+// The first tick begins to read the contacts, further ones go on with it. Timers come after
+// everything else that is in the queue: input, painting and what the base reports.
 void CAddin::BuildContacts() {
   m_window.StopTimer(kDeferredTimer);
   // A tick that was already under way when the add-in was disconnected.
-  if (m_stopRequested || m_buildInProgress) return;
-  m_buildInProgress = true;
-  try {
+  if (m_stopRequested) return;
+  m_sliceClock.Start();
+  if (std::exchange(m_buildDue, false)) {
     m_folders.CreateContact();
-  } catch (...) {
-    m_buildInProgress = false;
-    throw;
+  } else {
+    m_folders.ContinueScan();
   }
-  m_buildInProgress = false;
+  if (m_folders.IsScanning() && !m_window.StartTimer(kDeferredTimer, 0)) m_folders.FinishScan();
 }
 
 bool CAddin::PostCloseLoading() noexcept {

@@ -9,6 +9,7 @@ void CAddin::OnQuit() {
   m_link.StopWatchThread();
   m_ui.SavePlaces();
   m_settings.Save();
+  m_folders.StopScan();
 }
 
 void CAddin::OnCloseExplorer() {
@@ -18,6 +19,7 @@ void CAddin::OnCloseExplorer() {
   m_dialogs.Destroy();
   m_ui.ReleaseMainToolbar();
   m_explorerClosed = true;
+  m_folders.StopScan();
   if (!HasFinished()) return;
   m_session.DisconnectExplorer();
   m_ui.CloseContactWindows();
@@ -33,8 +35,9 @@ void CAddin::Disconnect(ext_DisconnectMode mode) {
 void CAddin::LetGo(ext_DisconnectMode mode) noexcept {
   m_link.StopWatchThread();
   // Only this thread could end a build that is under way, so nothing is waited for: a disconnection
-  // inside the build stops it, and it ends when this call has returned to it.
+  // inside a slice of it stops it, and it ends when this call has returned to it.
   m_stopRequested = true;
+  m_folders.StopScan();
   DisconnectEvents();
   m_ui.DisconnectMainToolbar();
   if (mode == ext_dm_UserClosed) {

@@ -98,7 +98,7 @@ HRESULT CAddin::FinishStart() {
   m_folders.CreateRetrieve();
   m_popUps.CreateOthers();
 
-  m_buildInProgress = false;
+  m_buildDue = true;
   m_stopRequested = false;
   m_window.StartTimer(kDeferredTimer, 0);
   m_finished = true;

@@ -21,12 +21,14 @@ FormResult Display(const CContactItem& contact) {
 }  // namespace
 
 std::optional<CallerMatch> CCallerDirectory::FindPhoneNumber(std::string_view number, bool check) {
+  m_folders.FinishScan();
   ContactMatch match;
   return Answer(m_index.FindPhoneNumber(number, check, match), match);
 }
 
 std::optional<CallerMatch> CCallerDirectory::SearchPhoneNumber(std::string_view number,
                                                                bool check) {
+  m_folders.FinishScan();
   ContactMatch match;
   return Answer(m_index.SearchPhoneNumber(number, check, match), match);
 }

@@ -1,18 +1,21 @@
 #ifndef QUOR_ADDIN_CALLER_DIRECTORY_H
 #define QUOR_ADDIN_CALLER_DIRECTORY_H
 
+#include "contacts/contact_folders.h"
 #include "contacts/outlook_contact_directory.h"
 #include "contacts/phone_number_index.h"
 #include "telephone/collaborators.h"
 
 namespace quor {
 
-// Answers the telephone's questions about callers from the index and from Outlook.
+// Answers the telephone's questions about callers from the index and from Outlook. Who calls while
+// the contacts are still being read is found as afterwards: a look-up has the rest read first.
 class CCallerDirectory final : public ICallerDirectory {
  public:
-  // Both must outlive the directory.
-  CCallerDirectory(CPhoneNumberIndex& index, COutlookContactDirectory& contacts) noexcept
-      : m_index(index), m_contacts(contacts) {}
+  // All must outlive the directory.
+  CCallerDirectory(CPhoneNumberIndex& index, COutlookContactDirectory& contacts,
+                   CContactFolders& folders) noexcept
+      : m_index(index), m_contacts(contacts), m_folders(folders) {}
 
   std::optional<CallerMatch> FindPhoneNumber(std::string_view number, bool check) override;
   std::optional<CallerMatch> SearchPhoneNumber(std::string_view number, bool check) override;
@@ -25,6 +28,7 @@ class CCallerDirectory final : public ICallerDirectory {
  private:
   CPhoneNumberIndex& m_index;
   COutlookContactDirectory& m_contacts;
+  CContactFolders& m_folders;
 };
 
 }  // namespace quor

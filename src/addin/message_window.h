@@ -11,8 +11,8 @@
 
 namespace quor {
 
-// The one-shot timer of the deferred contacts build. Unsigned, like every timer id, so that a
-// 64-bit build does not sign-extend it.
+// The deferred contacts build: its first slice, then one tick for each further slice. Unsigned,
+// like every timer id, so that a 64-bit build does not sign-extend it.
 inline constexpr UINT_PTR kDeferredTimer = 0x80000001u;
 // One-shot: the selection in the main window has come to rest.
 inline constexpr UINT_PTR kSelectionTimer = 0x80000003u;

@@ -3,14 +3,16 @@
 #include <utility>
 #include <vector>
 
+#include "com/com_boundary.h"
 #include "contacts/outlook_contact.h"
+#include "contacts/outlook_contact_folder.h"
 #include "text/ansi.h"
 
 namespace quor {
 namespace {
 
-// A walk that must not go on, though nothing failed: the limit is reached or Outlook is leaving.
-constexpr HRESULT kScanEnded = S_FALSE;
+// A walk that must not go on, though nothing failed: the add-in is shutting down.
+constexpr HRESULT kWalkEnded = S_FALSE;
 
 // A folder tree is no deeper than this; a longer chain of parents is a loop in a broken store.
 constexpr int kDeepestFolder = 256;
@@ -18,24 +20,6 @@ constexpr int kDeepestFolder = 256;
 bool SameEntryId(const std::wstring& left, std::wstring_view right) {
   return VarBstrCmp(BstrFromText(left), BstrFromText(right), LOCALE_USER_DEFAULT, 0) == VARCMP_EQ;
 }
-
-}  // namespace
-
-struct CContactFolders::WalkLines {
-  const char* folders;
-  const char* count;
-  const char* last;
-  const char* visitLast;
-  const char* previous;
-  const char* visitPrevious;
-};
-
-namespace {
-
-constexpr char kNoFolders[] = "Failed Get Contact Folders\n";
-constexpr char kNoCount[] = "Failed Get Contact Folders Count\n";
-constexpr char kNoLast[] = "Failed Get Contact SubFolder\n";
-constexpr char kNoPrevious[] = "Failed Get Contact SubFolder2\n";
 
 }  // namespace
 
@@ -64,13 +48,10 @@ void CContactFolders::CreateRetrieve() {
 }
 
 HRESULT CContactFolders::RegisterContactFolder(const CFolder& folder) {
-  static constexpr WalkLines kLines = {kNoFolders,  kNoCount,
-                                       kNoLast,     "Failed Collect Contact SubFolder\n",
-                                       kNoPrevious, "Failed Collect Contact SubFolder2\n"};
-  return Register(folder, kLines);
+  return Register(folder, kCollectLines);
 }
 
-HRESULT CContactFolders::Register(const CFolder& folder, const WalkLines& lines) {
+HRESULT CContactFolders::Register(const CFolder& folder, const FolderWalkLines& lines) {
   CFolders folders;
   const HRESULT listening = ListenTo(folder, lines, folders);
   if (listening != S_OK || !folders) return listening;
@@ -79,10 +60,10 @@ HRESULT CContactFolders::Register(const CFolder& folder, const WalkLines& lines)
 }
 
 // Leaves `folders` empty when the folder is listened to already: its subfolders are not walked
-// again. kScanEnded when the add-in was shut down, which may happen inside each of the calls.
-HRESULT CContactFolders::ListenTo(const CFolder& folder, const WalkLines& lines,
+// again. kWalkEnded when the add-in was shut down, which may happen inside each of the calls.
+HRESULT CContactFolders::ListenTo(const CFolder& folder, const FolderWalkLines& lines,
                                   CFolders& folders) {
-  if (m_owner.IsShuttingDown()) return kScanEnded;
+  if (m_owner.IsShuttingDown()) return kWalkEnded;
   std::wstring entryId;
   CItems items;
   HRESULT result = Attempt(nullptr, [&] {
@@ -100,7 +81,7 @@ HRESULT CContactFolders::ListenTo(const CFolder& folder, const WalkLines& lines,
   // Shared: the folder may be unregistered inside one of the calls below.
   const auto sink = std::make_shared<CContactItems>(*this, m_owner, m_log);
   result = sink->AdviseItems(items);
-  if (m_owner.IsShuttingDown()) return kScanEnded;
+  if (m_owner.IsShuttingDown()) return kWalkEnded;
   if (FAILED(result)) return result;
   m_inspContItems[entryId] = sink;
   m_deletedFolders.erase(entryId);
@@ -109,12 +90,12 @@ HRESULT CContactFolders::ListenTo(const CFolder& folder, const WalkLines& lines,
   result = Attempt(lines.folders, [&] { subfolders = folder.Folders(); });
   if (FAILED(result)) return result;
   result = sink->AdviseFolders(subfolders);
-  if (m_owner.IsShuttingDown()) return kScanEnded;
+  if (m_owner.IsShuttingDown()) return kWalkEnded;
   if (SUCCEEDED(result)) folders = subfolders;
   return result;
 }
 
-HRESULT CContactFolders::WalkSubfolders(const CFolder& folder, const WalkLines& lines,
+HRESULT CContactFolders::WalkSubfolders(const CFolder& folder, const FolderWalkLines& lines,
                                         const VisitFolder& visit) {
   CFolders folders;
   const HRESULT result = Attempt(lines.folders, [&] { folders = folder.Folders(); });
@@ -122,7 +103,7 @@ HRESULT CContactFolders::WalkSubfolders(const CFolder& folder, const WalkLines& 
 }
 
 // From the last to the first; anything but S_OK from a visit ends the walk.
-HRESULT CContactFolders::WalkSubfolders(const CFolders& folders, const WalkLines& lines,
+HRESULT CContactFolders::WalkSubfolders(const CFolders& folders, const FolderWalkLines& lines,
                                         const VisitFolder& visit) {
   int32_t count = 0;
   HRESULT result = Attempt(lines.count, [&] { count = folders.Count(); });
@@ -142,14 +123,11 @@ HRESULT CContactFolders::WalkSubfolders(const CFolders& folders, const WalkLines
 }
 
 HRESULT CContactFolders::UnregisterContactFolder(const CFolder& folder) {
-  static constexpr WalkLines kLines = {
-      nullptr, "Failed Get Contact Folders Count 2\n", "Failed Get Contact SubFolder 2-1\n",
-      nullptr, "Failed Get Contact SubFolder 2-2\n",   nullptr};
   std::wstring entryId;
   const HRESULT result = Attempt(nullptr, [&] { entryId = folder.EntryId(); });
   if (FAILED(result)) return result;
   if (m_inspContItems.erase(entryId) == 0) m_log.Write("m_inspContItems is not found!\n");
-  return WalkSubfolders(folder, kLines, [this](const CFolder& subfolder) {
+  return WalkSubfolders(folder, kUnregisterLines, [this](const CFolder& subfolder) {
     return UnregisterContactFolder(subfolder);
   });
 }
@@ -159,74 +137,17 @@ void CContactFolders::UnregisterAll() noexcept {
   const auto sinks = std::exchange(m_inspContItems, {});
 }
 
-HRESULT CContactFolders::CountItems(const CFolder& folder, int64_t& count) {
-  static constexpr WalkLines kLines = {kNoFolders, kNoCount,    kNoLast,
-                                       nullptr,    kNoPrevious, nullptr};
-  const HRESULT result = Attempt(nullptr, [&] { count += folder.Items().Count(); });
-  if (FAILED(result)) return result;
-  return WalkSubfolders(folder, kLines,
-                        [&](const CFolder& subfolder) { return CountItems(subfolder, count); });
-}
-
 void CContactFolders::CreateContact() {
-  const CFolder contacts = DefaultFolder();
-  int64_t count = 0;
-  CountItems(contacts, count);
-  if (count >= kLoadingThreshold) m_scan.ShowLoading();
-  m_log.Write("Create Contact Start\n");
-  CollectContactItems(contacts);
-  m_log.Write("Create Contact End\n");
-  if (!m_scan.PostCloseLoading()) m_log.Write("ClosePost post failed\n");
+  const auto readsSubfolders = [this] { return !m_inspContItems.empty(); };
+  m_scan.Begin(std::make_shared<COutlookContactFolder>(DefaultFolder(), readsSubfolders));
 }
 
-HRESULT CContactFolders::CollectContactItems(const CFolder& folder) {
-  static constexpr WalkLines kLines = {kNoFolders,  kNoCount,
-                                       kNoLast,     "Failed Collect Contact SubFolder\n",
-                                       kNoPrevious, "Failed Collect Contact SubFolder2\n"};
-  const HRESULT result = CollectItems(folder);
-  if (result != S_OK || m_inspContItems.empty()) return result;
-  return WalkSubfolders(
-      folder, kLines, [this](const CFolder& subfolder) { return CollectContactItems(subfolder); });
+void CContactFolders::FinishScan() noexcept {
+  GuardCall(m_log, "finishing the scan", [this] { m_scan.FinishNow(); });
 }
 
-HRESULT CContactFolders::CollectItems(const CFolder& folder) {
-  CItems items;
-  int32_t count = 0;
-  const HRESULT result = Attempt(nullptr, [&] {
-    folder.EntryId();
-    folder.Name();
-    items = folder.Items();
-    count = items.Count();
-  });
-  if (FAILED(result)) return result;
-  for (int32_t i = 1; i <= count; ++i) {
-    if (m_scan.MustStop()) return kScanEnded;
-    CContactItem contact;
-    // An item that went during the scan is no more to be had than one that is no contact.
-    Attempt(nullptr, [&] { contact = QueryObject<CContactItem>(items.Item(i)); });
-    if (!contact) continue;
-    if (m_scanned >= kScanLimit) return kScanEnded;
-    ++m_scanned;
-    if (!CollectContact(contact)) return kScanEnded;
-    m_scan.RepaintLoading();
-  }
-  return S_OK;
-}
-
-// False when the scan must end.
-bool CContactFolders::CollectContact(const CContactItem& item) {
-  COutlookContact contact(item);
-  std::string entryId;
-  std::string fileAs;
-  if (!contact.ReadEntryId(entryId) || !contact.ReadFileAs(fileAs)) return true;
-  std::string number;
-  for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
-    GetContactTelNumber(contact, type, number);
-    if (number.empty()) continue;
-    m_index.AddContactSearchData(number, entryId, type, fileAs);
-    if (m_scan.MustStop()) return false;
-  }
-  return true;
+void CContactFolders::StopScan() noexcept {
+  GuardCall(m_log, "stopping the scan", [this] { m_scan.Stop(); });
 }
 
 bool CContactFolders::CheckContactsFolder(IDispatch* folder,
@@ -250,13 +171,15 @@ void CContactFolders::OnContactChanged(IDispatch* item) {
   const CContactItem contact = QueryObject<CContactItem>(item);
   if (!contact) return;
   COutlookContact open(contact);
-  m_index.TelNoCheckAndUpdate(open);
+  if (m_scan.IsRunning()) {
+    m_scan.TelNoCheckAndUpdate(open);
+  } else {
+    m_index.TelNoCheckAndUpdate(open);
+  }
 }
 
 void CContactFolders::OnSubfolderAdded(IDispatch* folder) {
-  static constexpr WalkLines kLines = {kNoFolders, kNoCount,    kNoLast,
-                                       nullptr,    kNoPrevious, nullptr};
-  if (const CFolder added = QueryObject<CFolder>(folder)) Register(added, kLines);
+  if (const CFolder added = QueryObject<CFolder>(folder)) Register(added, kCountLines);
 }
 
 void CContactFolders::OnDeleteItemAdd(IDispatch* item) {
@@ -264,6 +187,7 @@ void CContactFolders::OnDeleteItemAdd(IDispatch* item) {
   const CContactItem contact = QueryObject<CContactItem>(item);
   if (!contact) return;
   COutlookContact open(contact);
+  if (m_scan.IsRunning()) m_scan.OnContactItemDelete(open);
   m_index.OnContactItemDelete(open);
 }
 

@@ -61,21 +61,25 @@ void CContactItems::OnFolderEvent(DISPID event, const CEventArguments& arguments
 
 void CContactItems::OnItemAdd(IDispatch* item) {
   m_log.Write("CContactItems::OnItemAdd\n");
+  m_events.OnPositionsChanged();
   m_events.OnContactChanged(item);
 }
 
 void CContactItems::OnItemChange(IDispatch* item) {
   m_log.Write("CContactItems::OnItemChange\n");
+  m_events.OnPositionsChanged();
   m_events.OnContactChanged(item);
 }
 
 // Outlook does not say which item went; a deleted contact is met again in Deleted Items.
 void CContactItems::OnItemRemove() {
   m_log.Write("CContactItems::OnItemRemove\n");
+  m_events.OnPositionsChanged();
 }
 
 void CContactItems::OnFolderAdd(IDispatch* folder) {
   m_log.Write("CContactItems::OnFolderAdd\n");
+  m_events.OnPositionsChanged();
   if (const CFolder added = QueryObject<CFolder>(folder); added && m_log.IsEnabled()) {
     m_log.Print("FolderName=%s\n", AnsiFromWide(added.Name()).c_str());
   }
@@ -84,10 +88,12 @@ void CContactItems::OnFolderAdd(IDispatch* folder) {
 
 void CContactItems::OnFolderChange() {
   m_log.Write("CContactItems::OnFolderChange\n");
+  m_events.OnPositionsChanged();
 }
 
 void CContactItems::OnFolderRemove() {
   m_log.Write("CContactItems::OnFolderRemove\n");
+  m_events.OnPositionsChanged();
 }
 
 }  // namespace quor

@@ -14,6 +14,9 @@ class IContactItemEvents {
  public:
   virtual void OnContactChanged(IDispatch* item) = 0;
   virtual void OnSubfolderAdded(IDispatch* folder) = 0;
+  // An item or subfolder came, went or changed: others may have other positions now. Before the
+  // two above.
+  virtual void OnPositionsChanged() = 0;
 
  protected:
   ~IContactItemEvents() = default;

@@ -1,0 +1,435 @@
+#include "contacts/contact_scan.h"
+
+#include <utility>
+
+namespace quor {
+void CContactScan::Begin(std::shared_ptr<IScanFolder> root) {
+  m_root = std::move(root);
+  m_read = {};
+  m_pass = 0;
+  m_scannedBefore = m_scanned;
+  BeginSlice();
+  BeginCount();
+  Run(true);
+}
+
+void CContactScan::Continue() {
+  if (!IsRunning() || m_runsUnderWay > 0) return;
+  BeginSlice();
+  Run(true);
+}
+
+void CContactScan::BeginSlice() noexcept {
+  ++m_slice;
+  m_recountDue = true;
+  m_pauseDue = false;
+}
+
+void CContactScan::FinishNow() {
+  if (!IsRunning()) return;
+  m_log.Write("Create Contact Finish Now\n");
+  if (m_runsUnderWay == 0) {
+    BeginSlice();
+  } else if (m_stage == Stage::Counting) {
+    // Inside a call of the walk nobody knows what the call has done already.
+    BeginCount();
+  } else {
+    BeginPass();
+  }
+  Run(false);
+}
+
+void CContactScan::Stop() {
+  if (IsRunning() && m_runsUnderWay == 0) End(true);
+}
+
+void CContactScan::Run(bool inSlices) {
+  const uint32_t run = ++m_run;
+  ++m_runsUnderWay;
+  try {
+    while (m_run == run && IsRunning()) {
+      if (m_host.MustStop()) {
+        End(true);
+        break;
+      }
+      Step();
+      const bool mayPause = inSlices && !IsLastPass() && !m_host.MustStop();
+      if (mayPause && (std::exchange(m_pauseDue, false) || m_host.IsSliceOver())) break;
+    }
+  } catch (...) {
+    --m_runsUnderWay;
+    if (m_run == run) Abandon();
+    throw;
+  }
+  --m_runsUnderWay;
+}
+
+// One call into Outlook; nothing when the scan was taken over inside it.
+template <typename Operation>
+std::optional<bool> CContactScan::Call(Operation operation) {
+  const uint32_t run = m_run;
+  const bool succeeded = operation();
+  return m_run == run ? std::optional(succeeded) : std::nullopt;
+}
+
+void CContactScan::Step() {
+  if (m_stage == Stage::Entering) return m_disturbed && !IsLastPass() ? BeginPass() : End(false);
+  if (std::exchange(m_recountDue, false) && IsAmongItems()) return Recount();
+  if (m_contact) return StepInContact();
+  switch (m_levels.back().next) {
+    case Next::Items:
+      return StepInto();
+    case Next::Item:
+      return StepToItem();
+    case Next::Folders:
+      return StepToFolders();
+    case Next::FolderCount:
+      return StepToFolderCount();
+    case Next::LastFolder:
+      return StepToSubfolder(true);
+    case Next::PreviousFolder:
+      return StepToSubfolder(false);
+  }
+}
+
+void CContactScan::StepInto() {
+  const std::shared_ptr<IScanFolder> folder = m_levels.back().folder;
+  const bool reading = m_stage == Stage::Reading;
+  int32_t count = 0;
+  const std::optional<bool> counted =
+      Call([&] { return reading ? folder->OpenItems(count) : folder->CountItems(count); });
+  if (!counted) return;
+  if (!*counted) return FailWalk(nullptr);
+  m_levels.back().next = reading ? Next::Item : Next::Folders;
+  TakeItemCount(count);
+}
+
+void CContactScan::TakeItemCount(int32_t count) {
+  switch (m_stage) {
+    case Stage::Counting:
+      m_itemCount += count;
+      break;
+    case Stage::Reading:
+      m_levels.back().items = count;
+      m_itemCounts.push_back(count);
+      break;
+    default:
+      if (m_compared == m_itemCounts.size() || m_itemCounts[m_compared] != count) {
+        return EndComparison(false);
+      }
+      ++m_compared;
+      // A pass that was cut short knows no more.
+      if (m_cutShort && m_compared == m_itemCounts.size()) EndComparison(true);
+  }
+}
+
+void CContactScan::StepToItem() {
+  const std::shared_ptr<IScanFolder> folder = m_levels.back().folder;
+  if (m_levels.back().position >= m_levels.back().items) {
+    // Asked as late as this: all folders may have been unregistered meanwhile.
+    if (!folder->ReadsSubfolders()) return LeaveFolder();
+    m_levels.back().next = Next::Folders;
+    return;
+  }
+  std::shared_ptr<IContactItem> contact;
+  const int32_t position = m_levels.back().position + 1;
+  const std::optional<bool> opened = Call([&] { return folder->Item(position, contact); });
+  if (!opened) return;
+  Level& level = m_levels.back();
+  level.position = position;
+  if (!*opened) {
+    m_hasGaps = true;
+    if (++level.failures == kMostFailures) level.position = level.items;
+    return;
+  }
+  level.failures = 0;
+  if (!contact) return;
+  if (m_scanned >= kScanLimit) {
+    m_cutShort = true;
+    return EndWalk();
+  }
+  ++m_scanned;
+  m_contact = std::move(contact);
+  m_part = Part::Id;
+}
+
+void CContactScan::StepInContact() {
+  const std::shared_ptr<IContactItem> item = m_contact;
+  std::string text;
+  switch (m_part) {
+    case Part::Id: {
+      const std::optional<bool> read = Call([&] { return item->ReadEntryId(text); });
+      if (!read) return;
+      if (!*read) return SkipContact();
+      m_reading = {std::move(text), {}};
+      if (m_read.Find(m_reading.entryId) != nullptr) return TakeContact();
+      m_part = Part::Name;
+      return;
+    }
+    case Part::Name: {
+      const std::optional<bool> read = Call([&] { return item->ReadFileAs(text); });
+      if (!read) return;
+      if (!*read) return SkipContact();
+      m_part = Part::Number;
+      m_nextType = kFirstTelNumberType;
+      return;
+    }
+    case Part::Number:
+      return StepInNumbers(*item);
+  }
+}
+
+void CContactScan::StepInNumbers(IContactItem& item) {
+  std::string number;
+  const std::optional<bool> read = Call([&] {
+    GetContactTelNumber(item, m_nextType, number);
+    return !number.empty();
+  });
+  if (!read) return;
+  if (*read) m_reading.numbers.emplace_back(m_nextType, std::move(number));
+  if (++m_nextType > kLastTelNumberType) TakeContact();
+}
+
+void CContactScan::StepToFolders() {
+  const std::shared_ptr<IScanFolder> folder = m_levels.back().folder;
+  const std::optional<bool> opened = Call([&] { return folder->OpenFolders(); });
+  if (!opened) return;
+  if (!*opened) return FailWalk(Lines().folders);
+  m_levels.back().next = Next::FolderCount;
+}
+
+void CContactScan::StepToFolderCount() {
+  const std::shared_ptr<IScanFolder> folder = m_levels.back().folder;
+  int32_t count = 0;
+  const std::optional<bool> counted = Call([&] { return folder->CountFolders(count); });
+  if (!counted) return;
+  if (!*counted) return FailWalk(Lines().count);
+  if (count == 0) return LeaveFolder();
+  m_levels.back().next = Next::LastFolder;
+}
+
+void CContactScan::StepToSubfolder(bool last) {
+  const std::shared_ptr<IScanFolder> folder = m_levels.back().folder;
+  std::shared_ptr<IScanFolder> subfolder;
+  const std::optional<bool> found = Call(
+      [&] { return last ? folder->LastFolder(subfolder) : folder->PreviousFolder(subfolder); });
+  if (!found) return;
+  if (!*found) return FailWalk(last ? Lines().last : Lines().previous);
+  if (!subfolder) return LeaveFolder();
+  m_levels.back().inLastFolder = last;
+  m_levels.back().next = Next::PreviousFolder;
+  m_levels.push_back({.folder = std::move(subfolder)});
+}
+
+bool CContactScan::IsAmongItems() const noexcept {
+  return m_stage == Stage::Reading && m_levels.back().next == Next::Item;
+}
+
+// Outlook reports neither the removal of many items at once nor many additions.
+void CContactScan::Recount() {
+  const std::shared_ptr<IScanFolder> folder = m_levels.back().folder;
+  int32_t count = 0;
+  const std::optional<bool> counted = Call([&] { return folder->RecountItems(count); });
+  if (!counted || !*counted || count == m_levels.back().items) return;
+  m_disturbed = true;
+  m_levels.back().items = count;
+}
+
+void CContactScan::BeginWalk(Stage stage) {
+  m_stage = stage;
+  // Releasing them calls out: afterwards.
+  const std::shared_ptr<IContactItem> contact = std::exchange(m_contact, nullptr);
+  const std::vector<Level> levels = std::exchange(m_levels, {Level{.folder = m_root}});
+}
+
+void CContactScan::BeginCount() {
+  m_itemCount = 0;
+  BeginWalk(Stage::Counting);
+}
+
+void CContactScan::BeginPass() {
+  ++m_pass;
+  m_firstSlice = m_slice;
+  m_scanned = m_scannedBefore;
+  m_disturbed = false;
+  m_cutShort = false;
+  m_hasGaps = false;
+  m_visited.clear();
+  m_itemCounts.clear();
+  m_failures.clear();
+  BeginWalk(Stage::Reading);
+}
+
+// The failure of a folder is one of all folders above it, too.
+void CContactScan::FailWalk(const char* line) {
+  NoteFailure(line);
+  for (auto level = m_levels.rbegin() + 1; level < m_levels.rend(); ++level) {
+    NoteFailure(level->inLastFolder ? Lines().visitLast : Lines().visitPrevious);
+  }
+  if (m_stage == Stage::Reading) m_cutShort = true;
+  EndWalk();
+}
+
+void CContactScan::LeaveFolder() {
+  const Level left = std::move(m_levels.back());
+  m_levels.pop_back();
+  if (m_levels.empty()) EndWalk();
+}
+
+void CContactScan::EndWalk() {
+  switch (m_stage) {
+    case Stage::Counting:
+      BeginPass();
+      if (m_itemCount >= kLoadingThreshold) m_host.ShowLoading();
+      m_log.Write("Create Contact Start\n");
+      break;
+    case Stage::Reading:
+      EndPass();
+      break;
+    default:
+      EndComparison(m_compared == m_itemCounts.size());
+  }
+}
+
+void CContactScan::EndPass() {
+  if (m_disturbed || m_firstSlice == m_slice || IsLastPass()) {
+    m_stage = Stage::Entering;
+    return;
+  }
+  // In a slice of its own, so that seldom anything happens between its beginning and its end.
+  m_pauseDue = true;
+  m_compared = 0;
+  BeginWalk(Stage::Comparing);
+}
+
+void CContactScan::EndComparison(bool same) {
+  if (!same) m_disturbed = true;
+  m_stage = Stage::Entering;
+}
+
+// What was reported while the walk read the contact is newer than what it read.
+void CContactScan::TakeContact() {
+  ReadContact* contact = m_read.Find(m_reading.entryId);
+  if (contact == nullptr) contact = &m_read.Add(std::move(m_reading));
+  Visit(*contact);
+  const std::shared_ptr<IContactItem> done = std::exchange(m_contact, nullptr);
+}
+
+void CContactScan::Visit(ReadContact& contact) {
+  if (std::exchange(contact.pass, m_pass) != m_pass) m_visited.push_back(&contact);
+}
+
+void CContactScan::SkipContact() {
+  m_hasGaps = true;
+  const std::shared_ptr<IContactItem> skipped = std::exchange(m_contact, nullptr);
+}
+
+void CContactScan::TelNoCheckAndUpdate(IContactItem& item) {
+  m_disturbed = true;
+  const uint32_t serial = ++m_reports;
+  m_log.Write("CAddin::TelNoCheckAndUpdate\n");
+  ReadContact contact;
+  if (!item.ReadEntryId(contact.entryId)) return;
+  if (contact.entryId.empty() && (!item.Save() || !item.ReadEntryId(contact.entryId))) return;
+  if (contact.entryId.empty()) return;
+  std::string text;
+  if (!item.ReadFileAs(text)) {
+    m_log.Write("get_FileAs is failed\n");
+    return;
+  }
+  for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
+    GetContactTelNumber(item, type, text);
+    if (!text.empty()) contact.numbers.emplace_back(type, text);
+  }
+  Report(serial, std::move(contact));
+  m_log.Write("CContactItem::TelNoCheckAndUpdate OK\n");
+}
+
+// The scan may have ended while the contact was read.
+void CContactScan::Report(uint32_t serial, ReadContact contact) {
+  if (!IsRunning()) {
+    for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
+      m_index.DeleteContactSearchDataByEntryID(contact.entryId, type);
+    }
+    return Enter(contact);
+  }
+  ReadContact* known = m_read.Find(contact.entryId);
+  if (known == nullptr) known = &m_read.Add({contact.entryId, {}});
+  if (known->reported > serial) return;
+  known->numbers = std::move(contact.numbers);
+  known->reported = serial;
+}
+
+void CContactScan::OnContactItemDelete(IContactItem& item) {
+  m_disturbed = true;
+  std::string entryId;
+  if (!item.ReadEntryId(entryId)) return;
+  if (ReadContact* contact = m_read.Find(entryId)) contact->reported = 0;
+}
+
+const FolderWalkLines& CContactScan::Lines() const noexcept {
+  switch (m_stage) {
+    case Stage::Counting:
+      return kCountLines;
+    case Stage::Reading:
+      return kCollectLines;
+    default:
+      return kNoLines;
+  }
+}
+
+// Of all passes only the last one is logged.
+void CContactScan::NoteFailure(const char* line) {
+  if (line == nullptr) return;
+  if (m_stage == Stage::Counting) {
+    m_log.Write(line);
+  } else {
+    m_failures.push_back(line);
+  }
+}
+
+void CContactScan::End(bool stopped) {
+  const Stage stage = std::exchange(m_stage, Stage::Idle);
+  if (stage == Stage::Counting) m_log.Write("Create Contact Start\n");
+  for (const char* line : m_failures)
+    m_log.Write(line);
+  // Stopped within a contact, the numbers that were read of it count.
+  if (m_contact && m_part == Part::Number) TakeContact();
+  EnterAll(stopped);
+  Forget();
+  m_log.Write("Create Contact End\n");
+  if (!m_host.PostCloseLoading()) m_log.Write("ClosePost post failed\n");
+}
+
+void CContactScan::EnterAll(bool stopped) {
+  for (const ReadContact* contact : m_visited)
+    Enter(*contact);
+  // After a whole pass a contact that it did not meet is gone.
+  if (!stopped && !m_cutShort && !m_hasGaps) return;
+  for (const ReadContact& contact : m_read.InOrder()) {
+    if (contact.pass != m_pass && (stopped || contact.reported != 0)) Enter(contact);
+  }
+}
+
+void CContactScan::Enter(const ReadContact& contact) {
+  for (const auto& [type, number] : contact.numbers) {
+    m_index.AddContactSearchData(number, contact.entryId, type, {});
+  }
+}
+
+void CContactScan::Abandon() noexcept {
+  m_stage = Stage::Idle;
+  Forget();
+  m_host.PostCloseLoading();
+}
+
+void CContactScan::Forget() noexcept {
+  m_visited = {};
+  m_read = {};
+  // Releasing what is Outlook's calls out: after everything else.
+  const std::shared_ptr<IContactItem> contact = std::exchange(m_contact, nullptr);
+  const std::vector<Level> levels = std::exchange(m_levels, {});
+  const std::shared_ptr<IScanFolder> root = std::exchange(m_root, nullptr);
+}
+
+}  // namespace quor

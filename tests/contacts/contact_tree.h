@@ -1,0 +1,134 @@
+#ifndef QUOR_TESTS_CONTACTS_CONTACT_TREE_H
+#define QUOR_TESTS_CONTACTS_CONTACT_TREE_H
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "contacts/scan_folder.h"
+
+namespace quor {
+
+// An item of a contacts folder; what it lacks cannot be read.
+struct TreeItem {
+  std::string entryId;
+  std::array<std::string, 13> numbers;  // by type
+  bool opens = true;
+  bool isContact = true;
+  bool hasName = true;
+};
+using TreeItemPtr = std::shared_ptr<TreeItem>;
+
+struct TreeFolder {
+  std::vector<TreeItemPtr> items;
+  std::vector<std::shared_ptr<TreeFolder>> folders;
+  bool isThere = true;
+};
+using TreeFolderPtr = std::shared_ptr<TreeFolder>;
+
+// What every call into the tree goes through.
+struct TreeAccess {
+  std::function<void()> inside;  // what happens while the call pumps messages
+  int calls = 0;
+  int held = 0;  // folders and contacts that somebody holds
+
+  void Call() {
+    ++calls;
+    if (inside) inside();
+  }
+};
+
+class CHeld {
+ public:
+  explicit CHeld(TreeAccess& access) : m_access(access) { ++m_access.held; }
+  CHeld(const CHeld&) = delete;
+  CHeld& operator=(const CHeld&) = delete;
+  ~CHeld() { --m_access.held; }
+
+ protected:
+  TreeAccess& m_access;
+};
+
+// An open contact: reads the item as it is at the call, like a fresh one of Outlook's.
+class CTreeContact final : public CHeld, public IContactItem {
+ public:
+  CTreeContact(TreeAccess& access, TreeItemPtr item) : CHeld(access), m_item(std::move(item)) {}
+
+  bool ReadEntryId(std::string& entryId) override {
+    m_access.Call();
+    entryId = m_item->entryId;
+    return true;
+  }
+  bool Save() override { return true; }
+  bool ReadFileAs(std::string& fileAs) override {
+    m_access.Call();
+    if (m_item->hasName) fileAs = "Name";
+    return m_item->hasName;
+  }
+  bool ReadTelNumber(int telNumberType, std::string& number) override {
+    const std::string before = m_item->numbers.at(static_cast<size_t>(telNumberType));
+    m_access.Call();
+    number = before;
+    return true;
+  }
+
+ private:
+  TreeItemPtr m_item;
+};
+
+// An open folder. Collections are live, as Outlook's are.
+class COpenFolder final : public CHeld, public IScanFolder {
+ public:
+  COpenFolder(TreeAccess& access, TreeFolderPtr folder)
+      : CHeld(access), m_folder(std::move(folder)) {}
+
+  bool CountItems(int32_t& count) override {
+    m_access.Call();
+    count = static_cast<int32_t>(m_folder->items.size());
+    return m_folder->isThere;
+  }
+  bool OpenItems(int32_t& count) override { return CountItems(count); }
+  bool RecountItems(int32_t& count) override { return CountItems(count); }
+  bool Item(int32_t position, std::shared_ptr<IContactItem>& contact) override {
+    m_access.Call();
+    const auto index = static_cast<size_t>(position - 1);
+    if (!m_folder->isThere || index >= m_folder->items.size()) return false;
+    const TreeItemPtr& item = m_folder->items[index];
+    if (item->opens && item->isContact) contact = std::make_shared<CTreeContact>(m_access, item);
+    return item->opens;
+  }
+
+  bool ReadsSubfolders() override { return true; }
+  bool OpenFolders() override {
+    m_access.Call();
+    return m_folder->isThere;
+  }
+  bool CountFolders(int32_t& count) override {
+    m_access.Call();
+    count = static_cast<int32_t>(m_folder->folders.size());
+    return m_folder->isThere;
+  }
+  bool LastFolder(std::shared_ptr<IScanFolder>& folder) override {
+    m_cursor = m_folder->folders.size();
+    return PreviousFolder(folder);
+  }
+  bool PreviousFolder(std::shared_ptr<IScanFolder>& folder) override {
+    m_access.Call();
+    m_cursor = std::min(m_cursor, m_folder->folders.size());
+    folder = nullptr;
+    if (m_cursor == 0) return true;
+    folder = std::make_shared<COpenFolder>(m_access, m_folder->folders[--m_cursor]);
+    return true;
+  }
+
+ private:
+  TreeFolderPtr m_folder;
+  size_t m_cursor = 0;
+};
+
+}  // namespace quor
+
+#endif
