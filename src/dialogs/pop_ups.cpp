@@ -8,7 +8,6 @@ namespace {
 
 constexpr std::wstring_view kOutlookClass = L"rctrl_renwnd32";
 constexpr int kLongestClassName = 260;
-constexpr DWORD kRepaintInterval = 30;  // milliseconds
 
 BOOL CALLBACK KeepOutlookWindow(HWND window, LPARAM found) {
   wchar_t name[kLongestClassName] = {};
@@ -53,20 +52,6 @@ void CPopUps::Destroy() noexcept {
 
 void CPopUps::ShowMessage(int stringId) {
   if (m_open) m_messages.ShowMessage(stringId);
-}
-
-void CPopUps::RepaintLoading() noexcept {
-  // Often enough for the eye; looking at the queue after each of thousands of contacts is not.
-  const DWORD now = GetTickCount();
-  if (now - m_lastRepaint < kRepaintInterval) return;
-  m_lastRepaint = now;
-  if (!m_loading.IsVisible()) return;
-  // Paint messages of any window of the thread, Outlook's included, and nothing else: input and
-  // timers wait until the scan is over.
-  MSG message;
-  while (PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE | PM_QS_PAINT)) {
-    DispatchMessageW(&message);
-  }
 }
 
 }  // namespace quor

@@ -30,8 +30,6 @@ class CPopUps final : public IMessagePopup {
   ICallerWindow& Caller() noexcept { return m_caller; }
 
   void ShowLoading() noexcept { m_loading.Show(); }
-  // Lets the loading window paint itself while the scan keeps the thread busy.
-  void RepaintLoading() noexcept;
   void HideLoading() noexcept { m_loading.Hide(); }
 
   HWND OutlookWindow() const noexcept { return m_outlook; }
@@ -44,7 +42,6 @@ class CPopUps final : public IMessagePopup {
   CSimpleWindow m_caller;
   CDataPopDlg m_loading;
   HWND m_outlook = nullptr;
-  DWORD m_lastRepaint = 0;  // milliseconds tick
   bool m_open = false;
 };
 
