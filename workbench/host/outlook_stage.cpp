@@ -78,6 +78,14 @@ void COutlookStage::CloseInspector(const std::string& contact) {
   AsUser([&] { m_outlook.CloseInspector(contact); });
 }
 
+void COutlookStage::ActivateInspector(const std::string& contact) {
+  AsUser([&] { m_outlook.ActivateInspector(contact); });
+}
+
+void COutlookStage::MoveInspector(const std::string& contact, const std::string& next) {
+  AsUser([&] { m_outlook.MoveInspector(contact, next); });
+}
+
 void COutlookStage::Select(const std::string& contact) {
   AsUser([&] { m_outlook.Select({contact}); });
 }

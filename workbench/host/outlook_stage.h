@@ -26,6 +26,8 @@ class COutlookStage final : public IOutlookStage {
   void DeleteFolder(const std::string& path) override;
   void OpenInspector(const std::string& contact) override;
   void CloseInspector(const std::string& contact) override;
+  void ActivateInspector(const std::string& contact) override;
+  void MoveInspector(const std::string& contact, const std::string& next) override;
   void Select(const std::string& contact) override;
   void SwitchFolder(const std::string& path) override;
   void NewExplorer() override;

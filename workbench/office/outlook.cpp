@@ -220,14 +220,27 @@ CModelPtr<CInspector> COutlook::OpenNewContact() {
   return m_session->ShowInspector(*inspector) ? inspector : CModelPtr<CInspector>();
 }
 
-bool COutlook::CloseInspector(const std::string& item) {
+CModelPtr<CInspector> COutlook::FindInspector(const std::string& item) {
   for (const auto& inspector : OpenInspectors()) {
     if (inspector->ObjectName() == item ||
         IsCalled(*inspector->Item()->Stored(), WideFromUtf8(item))) {
-      return CloseInspector(*inspector);
+      return inspector;
     }
   }
   throw CMailboxError("no window shows " + item);
+}
+
+bool COutlook::CloseInspector(const std::string& item) {
+  return CloseInspector(*FindInspector(item));
+}
+
+void COutlook::ActivateInspector(const std::string& item) {
+  m_session->ActivateWindow(*FindInspector(item));
+}
+
+void COutlook::MoveInspector(const std::string& item, const std::string& next) {
+  const CModelPtr<CInspector> inspector = FindInspector(item);
+  m_session->MoveInspector(*inspector, *m_session->ItemObject(FindItem(next)));
 }
 
 bool COutlook::CloseInspector(CInspector& inspector) {

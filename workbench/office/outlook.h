@@ -74,6 +74,10 @@ class COutlook {
   CModelPtr<CInspector> OpenNewContact();
   bool CloseInspector(const std::string& item);
   bool CloseInspector(CInspector& inspector);
+  // The window of one item is brought to the front.
+  void ActivateInspector(const std::string& item);
+  // The window of one item moves on to another, as with its Next button.
+  void MoveInspector(const std::string& item, const std::string& next);
   std::vector<CModelPtr<CInspector>> OpenInspectors();
 
   void RaiseStartup();
@@ -89,6 +93,7 @@ class COutlook {
  private:
   std::vector<CardError> ReadInto(const std::string* folder, std::string_view vcards, bool events);
   CExplorer& ActiveExplorer();
+  CModelPtr<CInspector> FindInspector(const std::string& item);
 
   CNoFace m_noFace;
   CModel m_model;

@@ -290,6 +290,17 @@ bool CSession::CloseInspector(CInspector& inspector) {
   return true;
 }
 
+bool CSession::MoveInspector(CInspector& inspector, CItem& next) {
+  const CModelPtr<CInspector> kept(&inspector);
+  const CModelPtr<CItem> shown(inspector.Item());
+  const CModelPtr<CItem> keptNext(&next);
+  if (!shown->RaiseClose() || !next.RaiseOpen() || !inspector.IsOpen()) return false;
+  inspector.SetItem(next);
+  m_face.OnChanged();
+  ActivateWindow(inspector);
+  return true;
+}
+
 void CSession::ActivateWindow(CExplorer& explorer) {
   const CModelPtr<CExplorer> kept(&explorer);
   const CModelPtr<CExplorer> before = ActiveExplorer();

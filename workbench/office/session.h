@@ -102,6 +102,9 @@ class CSession {
   // Open on the item, NewInspector, window, Activate. False if a sink cancelled.
   bool ShowInspector(CInspector& inspector);
   bool CloseInspector(CInspector& inspector);  // false if a sink cancelled
+  // The window moves on to another item: Close of the one, Open of the other, Activate. False if a
+  // sink cancelled.
+  bool MoveInspector(CInspector& inspector, CItem& next);
   void ActivateWindow(CExplorer& explorer);
   void ActivateWindow(CInspector& inspector);
   CModelPtr<CExplorer> ActiveExplorer() const;

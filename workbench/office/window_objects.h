@@ -99,6 +99,7 @@ class CInspector final : public CWindowObject {
   CItem* Item() const noexcept { return m_item.get(); }  // null once closed
   bool IsShown() const noexcept { return m_shown; }
   void SetShown() noexcept { m_shown = true; }
+  void SetItem(CItem& item) { m_item = CModelPtr<CItem>(&item); }
   void RaiseActivate(bool active);
   void RaiseClose();
 

@@ -84,6 +84,16 @@ void CloseInspector(CRun& run, const CCommandArguments& arguments) {
   run.stage.host.Pump();
 }
 
+void ActivateInspector(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.ActivateInspector(arguments.Text(0));
+  run.stage.host.Pump();
+}
+
+void MoveInspector(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.MoveInspector(arguments.Text(0), arguments.Text(1));
+  run.stage.host.Pump();
+}
+
 using Block = Command::Block;
 
 constexpr Command kCommands[] = {
@@ -116,6 +126,12 @@ constexpr Command kCommands[] = {
      Block::None, SwitchCalendar},
     {"open contact", "NAME", "Opens the contact's own window.", 1, 1, Block::None, OpenInspector},
     {"close contact", "NAME", "Closes it.", 1, 1, Block::None, CloseInspector},
+    {"activate contact", "NAME", "Brings the contact's window to the front.", 1, 1, Block::None,
+     ActivateInspector},
+    {"next contact", "NAME NEXT",
+     "The window of one contact moves on to another, as with its Next button: closes the one item, "
+     "opens the other, raises the window's Activate.",
+     2, 2, Block::None, MoveInspector},
 };
 
 }  // namespace

@@ -157,6 +157,9 @@ class IOutlookStage {
   virtual void DeleteFolder(const std::string& path) = 0;
   virtual void OpenInspector(const std::string& contact) = 0;
   virtual void CloseInspector(const std::string& contact) = 0;
+  virtual void ActivateInspector(const std::string& contact) = 0;
+  // The window of one contact moves on to another.
+  virtual void MoveInspector(const std::string& contact, const std::string& next) = 0;
   virtual void Select(const std::string& contact) = 0;
   virtual void SwitchFolder(const std::string& path) = 0;
   virtual void NewExplorer() = 0;

@@ -93,6 +93,8 @@ class CNotedStage final : public IHostStage,
   void DeleteFolder(const std::string&) override {}
   void OpenInspector(const std::string&) override {}
   void CloseInspector(const std::string&) override {}
+  void ActivateInspector(const std::string&) override {}
+  void MoveInspector(const std::string&, const std::string&) override {}
   void Select(const std::string&) override {}
   void SwitchFolder(const std::string&) override {}
   void NewExplorer() override {}
