@@ -125,8 +125,7 @@ bool CLineControl::ClickLineButtonV14(uint32_t lineType) {
       done = DropUSB(lineType);
       break;
     case kStateIdle:
-      m_state.pendingClearLine = lineType;
-      if (IsCell(lineType)) m_state.cellDialLine = lineType;
+      ChooseLine(lineType);
       done = m_dialler.DialBoxText();
       break;
     default:
@@ -134,6 +133,26 @@ bool CLineControl::ClickLineButtonV14(uint32_t lineType) {
   }
   if (!done) m_state.cellDialLine = kNoLine;
   return done;
+}
+
+void CLineControl::ChooseLine(uint32_t lineType) noexcept {
+  m_state.pendingClearLine = lineType;
+  if (IsCell(lineType)) m_state.cellDialLine = lineType;
+}
+
+bool CLineControl::DialsAtOnce(uint32_t lineType) const noexcept {
+  return m_state.HasRibbon() && GetLineState(lineType) == kStateIdle;
+}
+
+bool CLineControl::DialOnLine(uint32_t lineType, std::wstring_view number) {
+  m_with.log.Write("CAddin::ClickLineButtonV14\n");
+  if (!DialsAtOnce(lineType)) return false;
+  const uint32_t clearedBefore = m_state.pendingClearLine;
+  ChooseLine(lineType);
+  if (m_dialler.DialCall(0, number)) return true;
+  m_state.cellDialLine = kNoLine;
+  m_state.pendingClearLine = clearedBefore;
+  return false;
 }
 
 void CLineControl::AnswerUSB(int slot) noexcept {

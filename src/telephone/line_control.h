@@ -2,6 +2,7 @@
 #define QUOR_TELEPHONE_LINE_CONTROL_H
 
 #include <cstdint>
+#include <string_view>
 
 #include "telephone/bar_state.h"
 #include "telephone/collaborators.h"
@@ -34,6 +35,13 @@ class CLineControl {
   bool ClickLineButton(uint32_t lineType);
   bool ClickLineButtonV14(uint32_t lineType);
 
+  // Whether a click would dial at once: on the ribbon that is what an idle line does.
+  bool DialsAtOnce(uint32_t lineType) const noexcept;
+  // ClickLineButtonV14 for such a line, with a number other than the dial box's. A line that has
+  // become busy since is left alone. When nothing is dialled, nothing has changed: the box and the
+  // call that will clear it stay as they were.
+  bool DialOnLine(uint32_t lineType, std::wstring_view number);
+
   // The "Answer" button of the caller window. Sends what an answering line button sends, also for
   // the cells whose calls no line button answers.
   void AnswerUSB(int slot) noexcept;
@@ -42,6 +50,7 @@ class CLineControl {
 
  private:
   bool AnswerRinging(uint32_t lineType) noexcept;
+  void ChooseLine(uint32_t lineType) noexcept;
   bool Take(uint32_t lineType);
   bool Release(uint32_t lineType);
   bool TakeOrRelease(uint32_t lineType, uint8_t newState, uint32_t cellDialLine);

@@ -169,6 +169,28 @@ TEST(Ribbon, NumberFirstThenTheLine) {
   EXPECT_EQ(desk.phone.Dialler().BoxText(), L"Office");
 }
 
+TEST(Ribbon, ALineDialsAnotherNumberThanTheBoxHolds) {
+  CTelephoneDesk desk(kRibbonVersion);
+  desk.SetStates(3, 1, 1);
+  desk.state.pendingClearLine = 1;
+  desk.phone.Dialler().StoreBoxText(L"42");
+  CLineControl& lines = desk.phone.Lines();
+  EXPECT_FALSE(lines.DialsAtOnce(1));
+  EXPECT_FALSE(lines.DialOnLine(1, L"7")) << "in a call since it was clicked";
+  EXPECT_FALSE(lines.DialOnLine(18, L"ask Mary"));
+  EXPECT_THAT(desk.Deeds(), ElementsAre("message 1303"));
+  EXPECT_EQ(desk.state.pendingClearLine, 1u);
+  EXPECT_EQ(desk.state.cellDialLine, 0u);
+  EXPECT_EQ(desk.phone.Dialler().BoxText(), L"42");
+
+  EXPECT_TRUE(lines.DialOnLine(18, L"7"));
+  EXPECT_EQ(Sent(desk, 3), "7");
+  EXPECT_EQ(desk.state.cellDialLine, 18u);
+  EXPECT_EQ(desk.phone.Dialler().BoxText(), L"7");
+  desk.phone.SetAppVersion(kToolbarVersion);
+  EXPECT_FALSE(lines.DialsAtOnce(2)) << "a line is taken first";
+}
+
 TEST(ClearingTheBox, IsAskedForOnceAndDoneAsConfigured) {
   CTelephoneDesk desk;
   Hold(desk);
