@@ -26,6 +26,7 @@ class CMemberId {
   CMemberId(const CMemberId&) = delete;
   CMemberId& operator=(const CMemberId&) = delete;
 
+  const wchar_t* Name() const noexcept { return m_name; }
   // Throws _com_error when the object knows no member of this name.
   DISPID Resolve(IDispatch& object, REFIID iid);
 

@@ -27,6 +27,19 @@ IDispatch* CEventArguments::Object(UINT position) const noexcept {
   }
 }
 
+std::wstring CEventArguments::Text(UINT position) const {
+  const VARIANT* argument = Argument(position);
+  if (argument == nullptr) return {};
+  switch (V_VT(argument)) {
+    case VT_BSTR:
+      return TextFromBstr(V_BSTR(argument));
+    case VT_BYREF | VT_BSTR:
+      return TextFromBstr(*V_BSTRREF(argument));
+    default:
+      return {};
+  }
+}
+
 // The COM object that Outlook holds. Outlook may keep it longer than the connection lives.
 class CEventSink final : public IDispatch {
  public:

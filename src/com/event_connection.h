@@ -2,6 +2,7 @@
 #define QUOR_COM_EVENT_CONNECTION_H
 
 #include <functional>
+#include <string>
 
 #include "com/com_pointers.h"
 #include "module/diagnostic_log.h"
@@ -16,6 +17,8 @@ class CEventArguments {
   // The object at a position; null when it is missing or no object. Not counted: valid during the
   // event.
   IDispatch* Object(UINT position) const noexcept;
+  // The text at a position; empty when it is missing or no text.
+  std::wstring Text(UINT position) const;
 
  private:
   const VARIANT* Argument(UINT position) const noexcept;

@@ -24,6 +24,7 @@ _variant_t Index(int32_t index) {
 
 const IID kApplicationEvents = OfficeId(0x0006304E);
 const IID kExplorerEvents = OfficeId(0x0006304F);
+const IID kItemEvents = OfficeId(0x0006303A);
 const IID kFoldersEvents = OfficeId(0x00063076);
 const IID kItemsEvents = OfficeId(0x00063077);
 const IID kExplorersEvents = OfficeId(0x00063078);
@@ -56,6 +57,13 @@ CMemberId& TelephoneMember(int telNumberType) {
 }
 
 }  // namespace
+
+int TelNumberTypeOf(std::wstring_view property) {
+  for (int type = 1; type <= kTelNumberTypeCount; ++type) {
+    if (property == TelephoneMember(type).Name()) return type;
+  }
+  return 0;
+}
 
 CText CContactItem::EntryId() const {
   static CMemberId member(L"EntryID");

@@ -23,6 +23,7 @@ extern const IID kExplorersEvents;
 extern const IID kExplorerEvents;
 extern const IID kInspectorsEvents;
 extern const IID kInspectorEvents;
+extern const IID kItemEvents;
 extern const IID kItemsEvents;
 extern const IID kFoldersEvents;
 
@@ -36,6 +37,8 @@ inline constexpr DISPID kEventActivate = 0xF001;
 inline constexpr DISPID kEventFolderSwitch = 0xF002;
 inline constexpr DISPID kEventSelectionChange = 0xF007;
 inline constexpr DISPID kEventClose = 0xF008;
+inline constexpr DISPID kEventItemClose = 0xF004;
+inline constexpr DISPID kEventPropertyChange = 0xF009;  // PropertyChange(Name)
 inline constexpr DISPID kEventItemAdd = 0xF001;
 inline constexpr DISPID kEventItemChange = 0xF002;
 inline constexpr DISPID kEventItemRemove = 0xF003;
@@ -62,6 +65,9 @@ class CContactItem : public CDispatchObject {
   void Save() const;
   void Display() const;
 };
+
+// The telNumberType whose property has this name, "HomeTelephoneNumber" say; 0 for any other.
+int TelNumberTypeOf(std::wstring_view property);
 
 class CItems : public CDispatchObject {
  public:
