@@ -96,7 +96,7 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   IUnknown& Identity() noexcept override { return static_cast<IDTExtensibility2&>(*this); }
   bool IsShuttingDown() const noexcept override { return m_disconnected || m_quitting; }
 
-  HRESULT LoadRibbon(IDispatch* ribbon);
+  HRESULT LoadRibbon(IDispatch* ribbon, RibbonWindow window);
   HRESULT RibbonClicked(IDispatch* control);
   HRESULT CreateOptionsPage(REFIID iid, void** object);
 

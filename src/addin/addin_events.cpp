@@ -23,6 +23,9 @@ void CAddin::OnRequest(WindowRequest request, uint32_t parameter) {
     case WindowRequest::ClearDial:
       m_telephone.Dialler().OnClearDial();
       break;
+    case WindowRequest::Refresh:
+      m_ui.Refresh();
+      break;
     case WindowRequest::CloseLoading:
       m_popUps.HideLoading();
       break;

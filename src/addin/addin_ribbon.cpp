@@ -4,16 +4,16 @@
 namespace quor {
 
 STDMETHODIMP CAddin::RibbonLoadMain(IDispatch* ribbon) {
-  return LoadRibbon(ribbon);
+  return LoadRibbon(ribbon, RibbonWindow::Explorer);
 }
 
 STDMETHODIMP CAddin::RibbonLoadContact(IDispatch* ribbon) {
-  return LoadRibbon(ribbon);
+  return LoadRibbon(ribbon, RibbonWindow::Contact);
 }
 
-HRESULT CAddin::LoadRibbon(IDispatch* ribbon) {
+HRESULT CAddin::LoadRibbon(IDispatch* ribbon, RibbonWindow window) {
   // Nobody would let go of one that comes after the disconnection.
-  return m_disconnected ? S_OK : m_ui.Ribbon().Load(ribbon);
+  return m_disconnected ? S_OK : m_ui.Ribbon().Load(ribbon, window);
 }
 
 STDMETHODIMP CAddin::GetLabel(IDispatch* control, BSTR* label) {

@@ -93,6 +93,7 @@ bool CMessageWindow::Dispatch(UINT message, WPARAM wparam, LPARAM lparam) {
   switch (static_cast<WindowRequest>(request)) {
     case WindowRequest::SetBarState:
     case WindowRequest::ClearDial:
+    case WindowRequest::Refresh:
     case WindowRequest::CloseLoading:
     case WindowRequest::StartupRequest:
     case WindowRequest::CallRequest:

@@ -6,6 +6,7 @@
 #include "com/com_boundary.h"
 #include "device/line_type.h"
 #include "resources/resource_ids.h"
+#include "telephone/string_ids.h"
 #include "text/ansi.h"
 #include "text/dial_chars.h"
 #include "toolbar/selected_contact.h"
@@ -24,16 +25,19 @@ std::wstring DialChars(std::wstring_view number) {
 }  // namespace
 
 CUserInterface::CUserInterface(CTelephone& telephone, COutlookSession& session, CSettings& settings,
-                               CUserDialogs& dialogs, const CResourceLoader& resources,
-                               IEventOwner& owner, CDiagnosticLog& log) noexcept
+                               CUserDialogs& dialogs, IMessageQueue& queue,
+                               const CResourceLoader& resources, IEventOwner& owner,
+                               CDiagnosticLog& log) noexcept
     : m_telephone(telephone),
       m_session(session),
       m_settings(settings),
       m_dialogs(dialogs),
+      m_queue(queue),
       m_resources(resources),
       m_log(log),
-      m_contactWindows(*this, *this, resources, settings.Values().contactToolBar, owner, log),
-      m_toolbar(*this, *this, m_contactWindows, resources, owner, log) {}
+      m_contactWindows(*this, *this, *this, resources, settings.Values().contactToolBar, owner,
+                       log),
+      m_toolbar(*this, *this, m_contactWindows, queue, resources, owner, log) {}
 
 HRESULT CUserInterface::CreateMainToolbar() {
   return m_toolbar.Create(m_session.MainExplorer(), m_session.AppVersion(),
@@ -57,6 +61,15 @@ void CUserInterface::OnListsChanged() noexcept {
 
 void CUserInterface::OpenContactWindow(const CInspector& inspector) noexcept {
   m_contactWindows.Open(inspector, m_session.AppVersion());
+}
+
+bool CUserInterface::PostRefresh() noexcept {
+  return m_queue.PostRequest(WindowRequest::Refresh, 0);
+}
+
+void CUserInterface::Refresh() noexcept {
+  m_contactWindows.Refresh();
+  m_toolbar.Ribbon().InvalidateDeferred();
 }
 
 void CUserInterface::SavePlaces() noexcept {
@@ -165,22 +178,27 @@ std::optional<std::wstring> CUserInterface::CandidateNumber(std::wstring_view te
 }
 
 // A number from a list or a contact is kept as its owner wrote it, and dialled without blanks and
-// the like. On the ribbon a line is chosen by a click that follows: the number waits in the dial
-// box.
-void CUserInterface::DialNumber(std::wstring_view number) {
+// the like. On the ribbon a line is chosen by a click that follows: true when the number must wait
+// for that.
+bool CUserInterface::PickNumber(std::wstring_view number) {
   const std::wstring dialled = DialChars(number);
-  if (m_telephone.Dialler().DialCall(0, dialled) || !m_telephone.State().HasRibbon()) return;
-  StoreDialText(dialled);
+  if (m_telephone.Dialler().DialCall(0, dialled) || !m_telephone.State().HasRibbon()) return false;
+  return NumberRefusal(AnsiFromWide(dialled)) == kNoText;
+}
+
+// In the main window the number waits in the dial box.
+void CUserInterface::DialNumber(std::wstring_view number) {
+  if (!PickNumber(number)) return;
+  StoreDialText(DialChars(number));
   m_toolbar.Ribbon().InvalidateOnce();
 }
 
-// A line button of a contact's ribbon. That window has no dial box of its own, so an idle line
-// dials the contact's first number unless a number waits in the box of the main window.
-void CUserInterface::ClickContactLine(uint8_t lineType, std::wstring_view firstNumber) {
-  const bool dials =
-      m_telephone.State().HasRibbon() && m_telephone.Lines().GetLineState(lineType) == kStateIdle;
-  if (dials && m_telephone.Dialler().BoxText().empty()) StoreDialText(DialChars(firstNumber));
-  ClickLine(lineType);
+bool CUserInterface::DialsAtOnce(uint8_t lineType) const {
+  return m_telephone.Lines().DialsAtOnce(lineType);
+}
+
+bool CUserInterface::DialOnLine(uint8_t lineType, std::wstring_view number) {
+  return m_telephone.Lines().DialOnLine(lineType, DialChars(number));
 }
 
 // What somebody who adds a speed dial entry most likely wants to keep: the contact he has selected,

@@ -25,12 +25,13 @@ class CUserInterface final : public ITelephoneControls,
                              public IToolbarActions,
                              public IFaceSource,
                              public IListObserver,
-                             private IContactWindowActions {
+                             private IContactWindowActions,
+                             private IContactRibbonDisplay {
  public:
   // All must outlive the user interface.
   CUserInterface(CTelephone& telephone, COutlookSession& session, CSettings& settings,
-                 CUserDialogs& dialogs, const CResourceLoader& resources, IEventOwner& owner,
-                 CDiagnosticLog& log) noexcept;
+                 CUserDialogs& dialogs, IMessageQueue& queue, const CResourceLoader& resources,
+                 IEventOwner& owner, CDiagnosticLog& log) noexcept;
 
   HRESULT CreateMainToolbar();
   // Throws _com_error when the dial box refuses.
@@ -38,6 +39,9 @@ class CUserInterface final : public ITelephoneControls,
   // Fills the menus and the dial box from the kept lists.
   void FillToolbar();
   CRibbon& Ribbon() noexcept { return m_toolbar.Ribbon(); }
+
+  // The handler of WindowRequest::Refresh.
+  void Refresh() noexcept;
 
   void OpenContactWindow(const CInspector& inspector) noexcept;
   void OnFolderSwitch();
@@ -83,8 +87,15 @@ class CUserInterface final : public ITelephoneControls,
 
  private:
   // IContactWindowActions
-  void DialNumber(std::wstring_view number) override;
-  void ClickContactLine(uint8_t lineType, std::wstring_view firstNumber) override;
+  bool PickNumber(std::wstring_view number) override;
+  bool DialsAtOnce(uint8_t lineType) const override;
+  bool DialOnLine(uint8_t lineType, std::wstring_view number) override;
+
+  // IContactRibbonDisplay
+  void InvalidateContactRibbons() noexcept override { m_toolbar.Ribbon().InvalidateContactsOnce(); }
+  bool PostRefresh() noexcept override;
+
+  void DialNumber(std::wstring_view number);
 
   SpeedDialEntry OfferedEntry();
   // What is dialled for a text of the dial box; nothing for one that is no candidate's label.
@@ -94,6 +105,7 @@ class CUserInterface final : public ITelephoneControls,
   COutlookSession& m_session;
   CSettings& m_settings;
   CUserDialogs& m_dialogs;
+  IMessageQueue& m_queue;
   const CResourceLoader& m_resources;
   CDiagnosticLog& m_log;
   std::vector<DialCandidate> m_candidates;

@@ -21,6 +21,7 @@ enum class DeviceEvent : uint32_t {
 enum class WindowRequest : uint32_t {
   SetBarState = 0,      // parameter: 1 connected, 0 not
   ClearDial = 1,        // no parameter
+  Refresh = 2,          // no parameter: what went stale inside a callback or in a burst of events
   CloseLoading = 7,     // no parameter
   StartupRequest = 10,  // no parameter
   CallRequest = 11,     // parameter: line type

@@ -18,14 +18,15 @@ CContactWindow::CContactWindow(IContactWindowHost& host, IContactWindowActions& 
       m_owner(owner),
       m_log(log),
       m_number(number),
-      m_events(owner, log, "contact window event") {}
+      m_events(owner, log, "contact window event"),
+      m_contactEvents(owner, log, "contact event") {}
 
 bool CContactWindow::Follow(const CInspector& inspector) {
   m_inspector = inspector;
   const HRESULT advised = m_events.Advise(inspector.Get(), kInspectorEvents,
                                           [weak = weak_from_this()](DISPID event, const auto&) {
                                             if (const auto window = weak.lock())
-                                              window->OnEvent(event);
+                                              window->OnWindowEvent(event);
                                           });
   if (FAILED(advised)) {
     m_log.Write("Failed advising to InspectorEvents\n");
@@ -33,11 +34,38 @@ bool CContactWindow::Follow(const CInspector& inspector) {
   }
   // Closed while it was being advised.
   if (!m_inspector) m_events.Unadvise();
+  FollowContact();
+  NumbersChanged();
   return m_events.IsAdvised();
 }
 
+void CContactWindow::FollowContact() noexcept {
+  m_following.Run([this] {
+    GuardCall(m_log, "following the contact", [this] {
+      const CInspector inspector = m_inspector;
+      const CContactItem contact = ContactOf(inspector);
+      if (!IsSameContact(contact, m_contact)) SwitchContact(contact);
+    });
+  });
+}
+
+void CContactWindow::SwitchContact(const CContactItem& contact) {
+  Pick(0);
+  m_contactEvents.Unadvise();
+  if (!m_inspector) return;
+  m_contact = contact;
+  if (!contact) return;
+  const HRESULT advised = m_contactEvents.Advise(
+      contact.Get(), kItemEvents,
+      [weak = weak_from_this()](DISPID event, const CEventArguments& arguments) {
+        if (const auto window = weak.lock()) window->OnContactEvent(event, arguments);
+      });
+  // Not when the window closed while it was being advised.
+  if (FAILED(advised) && m_inspector) m_log.Write("Failed advising to ItemEvents\n");
+}
+
 void CContactWindow::MakeBar() noexcept {
-  if (m_bar || m_makingBar) return;
+  if (!HasBar() || m_bar || m_makingBar) return;
   m_makingBar = true;
   GuardCall(m_log, "command bar of the contact", [this] {
     const CInspector inspector = m_inspector;
@@ -54,17 +82,53 @@ void CContactWindow::MakeBar() noexcept {
   Draw();
 }
 
-void CContactWindow::OnEvent(DISPID event) {
+void CContactWindow::OnWindowEvent(DISPID event) {
   switch (event) {
     case kEventActivate:
-      return m_bar ? Draw() : MakeBar();
+      return OnActivate();
     case kEventClose:
-      m_log.Write("CAddin::OnCloseInspector\n");
+      if (HasBar()) m_log.Write("CAddin::OnCloseInspector\n");
       Close();
       return m_host.OnClosed(*this);
     default:
       return;
   }
+}
+
+// The user may have moved on to another contact, or changed this one elsewhere.
+void CContactWindow::OnActivate() {
+  FollowContact();
+  if (!m_inspector) return;
+  if (HasBar()) return m_bar ? Draw() : MakeBar();
+  if (NumbersChanged()) m_host.InvalidateRibbon();
+}
+
+bool CContactWindow::NumbersChanged() noexcept {
+  if (HasBar() || !m_inspector) return false;
+  bool changed = false;
+  GuardCall(m_log, "numbers of the contact", [&] {
+    const CContactItem contact = m_contact;
+    std::vector<ContactNumber> numbers = NumbersOf(contact, m_log);
+    changed = m_inspector && numbers != m_numbers;
+    m_numbers = std::move(numbers);
+  });
+  return changed;
+}
+
+void CContactWindow::OnContactEvent(DISPID event, const CEventArguments& arguments) {
+  // An item closes with its window, or when the window moves on to another.
+  const bool changed = event == kEventItemClose ||
+                       (event == kEventPropertyChange && TelNumberTypeOf(arguments.Text(0)) != 0);
+  if (!changed || m_stale) return;
+  m_stale = true;
+  m_host.RequestRefresh();
+}
+
+bool CContactWindow::Refresh() noexcept {
+  if (!std::exchange(m_stale, false)) return false;
+  FollowContact();
+  Draw();
+  return NumbersChanged();
 }
 
 ContactBarFaces CContactWindow::Faces() const {
@@ -118,18 +182,48 @@ void CContactWindow::SavePlace() noexcept {
 void CContactWindow::Close() noexcept {
   // Forget first: every call out may come back here.
   const CInspector inspector = std::exchange(m_inspector, {});
+  const CContactItem contact = std::exchange(m_contact, {});
   const auto bar = std::exchange(m_bar, nullptr);
+  m_pick = 0;
+  m_stale = false;
   m_events.Unadvise();
+  m_contactEvents.Unadvise();
   if (!bar) return;
   bar->SavePlace(m_place);
   bar->Remove();
 }
 
-void CContactWindow::DialContact(int telNumberType) {
+// A pick counts for the contact that it was made for, whatever the window has moved on to since.
+ContactNumber CContactWindow::Picked() {
+  const int pick = m_pick;
+  if (pick == 0) return {};
   const CContactItem contact = ContactOf(m_inspector);
+  if (!contact || !IsSameContact(contact, m_contact)) return {};
+  return {pick, contact.TelephoneNumber(pick)};
+}
+
+void CContactWindow::Pick(int telNumberType) {
+  if (std::exchange(m_pick, telNumberType) != telNumberType) m_host.InvalidateRibbon();
+}
+
+void CContactWindow::DialContact(int telNumberType) {
+  FollowContact();
+  const CContactItem contact = m_contact;
   if (!contact) return;
   const std::wstring number = contact.TelephoneNumber(telNumberType);
-  if (!number.empty()) m_actions.DialNumber(number);
+  if (!m_inspector || number.empty()) return;
+  if (m_actions.PickNumber(number)) Pick(telNumberType);
+}
+
+void CContactWindow::CallContact(uint8_t lineType) {
+  ContactNumber number;
+  GuardCall(m_log, "numbers of the contact", [&] {
+    number = Picked();
+    if (number.number.empty()) number = FirstNumberOf(ContactOf(m_inspector), m_log);
+  });
+  // Closed meanwhile.
+  if (!m_inspector) return;
+  if (m_actions.DialOnLine(lineType, number.number)) Pick(0);
 }
 
 }  // namespace quor

@@ -1,5 +1,6 @@
 #include "toolbar/contact_windows.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "com/com_boundary.h"
@@ -13,33 +14,47 @@ constexpr int32_t kFirstInspectorRibbonVersion = 12;
 }  // namespace
 
 CContactWindows::CContactWindows(const IFaceSource& source, IContactWindowActions& actions,
-                                 const CResourceLoader& resources, ToolBarRecord& place,
-                                 IEventOwner& owner, CDiagnosticLog& log) noexcept
+                                 IContactRibbonDisplay& display, const CResourceLoader& resources,
+                                 ToolBarRecord& place, IEventOwner& owner,
+                                 CDiagnosticLog& log) noexcept
     : m_source(source),
       m_actions(actions),
+      m_display(display),
       m_place(place),
       m_owner(owner),
       m_log(log),
       m_pictures(resources) {}
 
 void CContactWindows::Open(const CInspector& inspector, int32_t appVersion) noexcept {
-  if (appVersion >= kFirstInspectorRibbonVersion) return;
   GuardCall(m_log, "contact window", [&] {
-    const bool shown = static_cast<bool>(ContactOf(inspector));
-    if (shown && !m_owner.IsShuttingDown()) OpenWindow(inspector);
+    if (!ContactOf(inspector) || m_owner.IsShuttingDown()) return;
+    const unsigned number = appVersion < kFirstInspectorRibbonVersion ? ++m_lastNumber : 0;
+    if (const WindowPtr window = OpenWindow(inspector, number)) window->MakeBar();
   });
 }
 
-void CContactWindows::OpenWindow(const CInspector& inspector) {
+CContactWindows::WindowPtr CContactWindows::OpenWindow(const CInspector& inspector,
+                                                       unsigned number) {
   IContactWindowHost& host = *this;
   const auto window = std::make_shared<CContactWindow>(host, m_actions, m_pictures, m_place,
-                                                       m_owner, m_log, ++m_lastNumber);
+                                                       m_owner, m_log, number);
   m_windows.push_back(window);
-  if (window->Follow(inspector)) {
-    window->MakeBar();
-  } else {
-    OnClosed(*window);
-  }
+  if (window->Follow(inspector)) return window;
+  OnClosed(*window);
+  return nullptr;
+}
+
+CContactWindows::WindowPtr CContactWindows::FindWindow(IDispatch* inspector) const {
+  const auto windows = m_windows;
+  const auto found = std::ranges::find_if(
+      windows, [inspector](const WindowPtr& window) { return window->IsOf(inspector); });
+  return found == windows.end() ? nullptr : *found;
+}
+
+CContactWindows::WindowPtr CContactWindows::WindowOf(IDispatch* inspector) {
+  if (const WindowPtr window = FindWindow(inspector)) return window;
+  const CInspector opened = QueryObject<CInspector>(inspector);
+  return ContactOf(opened) ? OpenWindow(opened, 0) : nullptr;
 }
 
 void CContactWindows::OnClosed(const CContactWindow& window) noexcept {
@@ -77,26 +92,44 @@ void CContactWindows::ForEach(Act act) noexcept {
   });
 }
 
-std::wstring CContactWindows::ContactNumber(IDispatch* inspector, int telNumberType) {
+void CContactWindows::RequestRefresh() noexcept {
+  if (m_refreshPosted) return;
+  m_refreshPosted = m_display.PostRefresh();
+  if (!m_refreshPosted) m_log.Write("CAddin::RequestRefresh post failed\n");
+}
+
+void CContactWindows::Refresh() noexcept {
+  m_refreshPosted = false;
+  bool ribbons = false;
+  ForEach([&ribbons](CContactWindow& window) { ribbons |= window.Refresh(); });
+  if (ribbons) m_display.InvalidateContactRibbons();
+}
+
+std::wstring CContactWindows::NumberOf(IDispatch* inspector, int telNumberType) {
   const CContactItem contact = ContactOf(QueryObject<CInspector>(inspector));
   return contact ? contact.TelephoneNumber(telNumberType) : std::wstring();
 }
 
-void CContactWindows::DialContact(IDispatch* inspector, int telNumberType) {
-  const std::wstring number = ContactNumber(inspector, telNumberType);
-  if (!number.empty()) m_actions.DialNumber(number);
+ContactNumber CContactWindows::PickedNumber(IDispatch* inspector) {
+  const WindowPtr window = FindWindow(inspector);
+  return window ? window->Picked() : ContactNumber();
 }
 
-void CContactWindows::ClickContactLine(IDispatch* inspector, uint8_t lineType) {
-  std::wstring firstNumber;
-  // The button must work without the contact too: a call is answered and ended with it.
-  GuardCall(m_log, "numbers of the contact", [&] {
-    const CContactItem contact = ContactOf(QueryObject<CInspector>(inspector));
-    if (!contact) return;
-    const auto numbers = NumbersOf(contact, m_log);
-    if (!numbers.empty()) firstNumber = numbers.front().number;
-  });
-  m_actions.ClickContactLine(lineType, firstNumber);
+void CContactWindows::DialContact(IDispatch* inspector, int telNumberType) {
+  if (const WindowPtr window = WindowOf(inspector)) window->DialContact(telNumberType);
+}
+
+bool CContactWindows::IsContactWindow(IDispatch* window) {
+  return static_cast<bool>(QueryObject<CInspector>(window));
+}
+
+void CContactWindows::ClickLine(IDispatch* inspector, uint8_t lineType) {
+  // A call is answered and ended whatever the contact has.
+  if (!m_actions.DialsAtOnce(lineType)) return m_actions.ClickLine(lineType);
+  WindowPtr window;
+  GuardCall(m_log, "contact window", [&] { window = WindowOf(inspector); });
+  if (window) return window->CallContact(lineType);
+  m_actions.DialOnLine(lineType, {});
 }
 
 }  // namespace quor

@@ -17,16 +17,28 @@
 
 namespace quor {
 
-// The telephone in the windows of open contacts, any number at once. Before version 12 of Outlook
-// each has a command bar of its own, kept until the window closes. From then on contact windows
-// have a ribbon, which asks whenever it is drawn: for them nothing is kept.
+// What the contact windows need of the rest of the interface.
+class IContactRibbonDisplay {
+ public:
+  // Contact ribbons ask again; once, however often it is said until they have asked.
+  virtual void InvalidateContactRibbons() noexcept = 0;
+  // Has CContactWindows::Refresh called from the message loop; false when that cannot be had.
+  virtual bool PostRefresh() noexcept = 0;
+
+ protected:
+  ~IContactRibbonDisplay() = default;
+};
+
+// The telephone in the windows of open contacts, any number at once, each followed until it closes.
+// Before version 12 of Outlook each has a command bar of its own. From then on contact windows have
+// a ribbon, which asks for what it shows.
 class CContactWindows final : public IContactRibbon, private IContactWindowHost {
  public:
   // All must outlive the windows. `place` is the record of the contact windows' command bar: read
   // for each new one, and written when one closes.
   CContactWindows(const IFaceSource& source, IContactWindowActions& actions,
-                  const CResourceLoader& resources, ToolBarRecord& place, IEventOwner& owner,
-                  CDiagnosticLog& log) noexcept;
+                  IContactRibbonDisplay& display, const CResourceLoader& resources,
+                  ToolBarRecord& place, IEventOwner& owner, CDiagnosticLog& log) noexcept;
   ~CContactWindows() { CloseAll(); }
   CContactWindows(const CContactWindows&) = delete;
   CContactWindows& operator=(const CContactWindows&) = delete;
@@ -34,6 +46,8 @@ class CContactWindows final : public IContactRibbon, private IContactWindowHost 
   // For every inspector that Outlook opens; those of other items are ignored. Failures are logged.
   void Open(const CInspector& inspector, int32_t appVersion) noexcept;
 
+  // Windows whose contact has changed show it again.
+  void Refresh() noexcept;
   // Captions, enabled flags and numbers of every window's command bar.
   void Redraw() noexcept;
   // There is no base.
@@ -44,27 +58,38 @@ class CContactWindows final : public IContactRibbon, private IContactWindowHost 
   void CloseAll() noexcept;
 
   // IContactRibbon: read from the contact at each call, since the user may be changing it.
-  std::wstring ContactNumber(IDispatch* inspector, int telNumberType) override;
+  std::wstring NumberOf(IDispatch* inspector, int telNumberType) override;
+  ContactNumber PickedNumber(IDispatch* inspector) override;
   void DialContact(IDispatch* inspector, int telNumberType) override;
-  void ClickContactLine(IDispatch* inspector, uint8_t lineType) override;
+  bool IsContactWindow(IDispatch* window) override;
+  void ClickLine(IDispatch* inspector, uint8_t lineType) override;
 
  private:
   // IContactWindowHost
   CControlFaces Faces() const override { return m_source.Faces(); }
+  void InvalidateRibbon() noexcept override { m_display.InvalidateContactRibbons(); }
+  void RequestRefresh() noexcept override;
   void OnClosed(const CContactWindow& window) noexcept override;
 
-  void OpenWindow(const CInspector& inspector);
+  using WindowPtr = std::shared_ptr<CContactWindow>;
+  // Null when the inspector cannot be followed.
+  WindowPtr OpenWindow(const CInspector& inspector, unsigned number);
+  WindowPtr FindWindow(IDispatch* inspector) const;
+  // Follows a window that was open before the add-in came.
+  WindowPtr WindowOf(IDispatch* inspector);
   template <typename Act>
   void ForEach(Act act) noexcept;
 
   const IFaceSource& m_source;
   IContactWindowActions& m_actions;
+  IContactRibbonDisplay& m_display;
   ToolBarRecord& m_place;
   IEventOwner& m_owner;
   CDiagnosticLog& m_log;
   CPictureLoader m_pictures;
-  std::vector<std::shared_ptr<CContactWindow>> m_windows;
+  std::vector<WindowPtr> m_windows;
   unsigned m_lastNumber = 0;
+  bool m_refreshPosted = false;
 };
 
 }  // namespace quor

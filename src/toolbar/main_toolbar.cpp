@@ -8,13 +8,14 @@
 namespace quor {
 
 CMainToolbar::CMainToolbar(const IFaceSource& source, IToolbarActions& actions,
-                           IContactRibbon& contacts, const CResourceLoader& resources,
-                           IEventOwner& owner, CDiagnosticLog& log) noexcept
+                           IContactRibbon& contacts, IMessageQueue& queue,
+                           const CResourceLoader& resources, IEventOwner& owner,
+                           CDiagnosticLog& log) noexcept
     : m_log(log),
       m_resources(resources),
       m_pictures(resources),
       m_bar(source, actions, m_pictures, owner, log),
-      m_ribbon(source, actions, contacts, m_pictures, log) {}
+      m_ribbon(source, actions, contacts, queue, m_pictures, log) {}
 
 HRESULT CMainToolbar::Create(const CExplorer& explorer, int32_t appVersion,
                              const ToolBarRecord& place) noexcept {

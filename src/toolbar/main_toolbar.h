@@ -18,7 +18,8 @@ class CMainToolbar {
  public:
   // All must outlive the toolbar.
   CMainToolbar(const IFaceSource& source, IToolbarActions& actions, IContactRibbon& contacts,
-               const CResourceLoader& resources, IEventOwner& owner, CDiagnosticLog& log) noexcept;
+               IMessageQueue& queue, const CResourceLoader& resources, IEventOwner& owner,
+               CDiagnosticLog& log) noexcept;
   CMainToolbar(const CMainToolbar&) = delete;
   CMainToolbar& operator=(const CMainToolbar&) = delete;
 

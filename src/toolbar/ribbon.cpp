@@ -14,45 +14,88 @@ VARIANT_BOOL BoolFrom(bool value) noexcept {
   return value ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
-// Fills in the default answer, then what the body has to say instead.
+}  // namespace
+
+// While Office's question is answered. A call out of the answer may handle messages that change
+// what the ribbon shows.
+class CRibbon::CAnswering {
+ public:
+  explicit CAnswering(CRibbon& ribbon) noexcept : m_ribbon(ribbon) { ++m_ribbon.m_answering; }
+  ~CAnswering() {
+    if (--m_ribbon.m_answering != 0) return;
+    const bool deferred = std::ranges::any_of(m_ribbon.m_documents, &Document::deferred);
+    if (deferred) m_ribbon.m_queue.PostRequest(WindowRequest::Refresh, 0);
+  }
+  CAnswering(const CAnswering&) = delete;
+  CAnswering& operator=(const CAnswering&) = delete;
+
+ private:
+  CRibbon& m_ribbon;
+};
+
+// Fills in the default answer, then the body's.
 template <typename Result, typename Body>
-HRESULT Answer(CDiagnosticLog& log, const char* where, Result* result, Result standard,
-               Body&& body) noexcept {
+HRESULT CRibbon::Answer(const char* where, Result* result, Result standard, Body&& body) noexcept {
   if (result == nullptr) return E_POINTER;
   *result = standard;
-  GuardCall(log, where, [&] { *result = body(); });
+  const CAnswering answering(*this);
+  GuardCall(m_log, where, [&] { *result = body(); });
   return S_OK;
 }
 
-}  // namespace
-
-HRESULT CRibbon::Load(IDispatch* ribbon) noexcept {
+HRESULT CRibbon::Load(IDispatch* ribbon, RibbonWindow window) noexcept {
   GuardCall(m_log, "ribbon onLoad", [&] {
+    std::vector<CRibbonUi>& ribbons = m_documents[static_cast<size_t>(window)].ribbons;
     const bool known = std::ranges::any_of(
-        m_ribbons, [ribbon](const CRibbonUi& kept) { return kept.Get() == ribbon; });
-    if (ribbon != nullptr && !known) m_ribbons.emplace_back(ribbon);
+        ribbons, [ribbon](const CRibbonUi& kept) { return kept.Get() == ribbon; });
+    if (ribbon != nullptr && !known) ribbons.emplace_back(ribbon);
   });
   return S_OK;
 }
 
 void CRibbon::Release() noexcept {
-  // Letting go of an object of Office's may call back.
-  const std::vector<CRibbonUi> released = std::exchange(m_ribbons, {});
+  // Releasing an object of Office's may call back.
+  const std::array<Document, 2> released = std::exchange(m_documents, {});
 }
 
 void CRibbon::Invalidate() noexcept {
-  m_asked = false;
-  GuardCall(m_log, "ribbon", [this] {
+  for (Document& document : m_documents)
+    Invalidate(document);
+}
+
+void CRibbon::InvalidateOnce() noexcept {
+  for (Document& document : m_documents) {
+    if (document.asked) Invalidate(document);
+  }
+}
+
+void CRibbon::InvalidateContactsOnce() noexcept {
+  Document& contacts = m_documents[static_cast<size_t>(RibbonWindow::Contact)];
+  if (contacts.asked) Invalidate(contacts);
+}
+
+void CRibbon::InvalidateDeferred() noexcept {
+  for (Document& document : m_documents) {
+    if (document.deferred) Invalidate(document);
+  }
+}
+
+void CRibbon::Invalidate(Document& document) noexcept {
+  document.deferred = m_answering != 0;
+  if (document.deferred) return;
+  document.asked = false;
+  GuardCall(m_log, "ribbon", [&] {
     // A copy: Office may ask, load or unload inside the call.
-    const std::vector<CRibbonUi> ribbons = m_ribbons;
+    const std::vector<CRibbonUi> ribbons = document.ribbons;
     for (const CRibbonUi& ribbon : ribbons) {
       GuardCall(m_log, "IRibbonUI::Invalidate", [&ribbon] { ribbon.Invalidate(); });
     }
   });
 }
 
-void CRibbon::InvalidateOnce() noexcept {
-  if (m_asked) Invalidate();
+void CRibbon::SetAsked() noexcept {
+  for (Document& document : m_documents)
+    document.asked = true;
 }
 
 RibbonControl CRibbon::ControlFrom(IDispatch* control) {
@@ -60,50 +103,58 @@ RibbonControl CRibbon::ControlFrom(IDispatch* control) {
   return RibbonControlFromId(CRibbonControl(control).Id());
 }
 
-std::wstring CRibbon::Number(IDispatch* control, const RibbonControl& parsed) {
-  if (parsed.function != RibbonFunction::ContactNumber) return {};
-  return m_contacts.ContactNumber(CRibbonControl(control).Context(),
-                                  static_cast<int>(parsed.index));
+ContactNumber CRibbon::NumberFor(IDispatch* control, const RibbonControl& parsed) {
+  switch (parsed.function) {
+    case RibbonFunction::ContactNumber: {
+      const int type = static_cast<int>(parsed.index);
+      return {type, m_contacts.NumberOf(CRibbonControl(control).Context(), type)};
+    }
+    case RibbonFunction::ContactMenu:
+      return m_contacts.PickedNumber(CRibbonControl(control).Context());
+    default:
+      return {};
+  }
 }
 
 ItemFace CRibbon::FaceOf(IDispatch* control) {
-  m_asked = true;
+  SetAsked();
   const RibbonControl parsed = ControlFrom(control);
-  return RibbonFace(m_source.Faces(), parsed, Number(control, parsed));
+  const ContactNumber number = NumberFor(control, parsed);
+  return RibbonFace(m_source.Faces(), parsed, number.telNumberType, number.number);
 }
 
 HRESULT CRibbon::GetLabel(IDispatch* control, BSTR* label) noexcept {
-  return Answer<BSTR>(m_log, "GetLabel", label, nullptr,
+  return Answer<BSTR>("GetLabel", label, nullptr,
                       [&] { return BstrFromText(FaceOf(control).caption).Detach(); });
 }
 
 HRESULT CRibbon::GetEnabled(IDispatch* control, VARIANT_BOOL* enabled) noexcept {
-  return Answer(m_log, "GetEnabled", enabled, VARIANT_FALSE,
+  return Answer("GetEnabled", enabled, VARIANT_FALSE,
                 [&] { return BoolFrom(FaceOf(control).enabled); });
 }
 
 HRESULT CRibbon::GetVisible(IDispatch* control, VARIANT_BOOL* visible) noexcept {
-  return Answer(m_log, "GetVisible", visible, VARIANT_FALSE,
+  return Answer("GetVisible", visible, VARIANT_FALSE,
                 [&] { return BoolFrom(FaceOf(control).visible); });
 }
 
 HRESULT CRibbon::GetImage(IDispatch* control, IDispatch** picture) noexcept {
-  return Answer<IDispatch*>(m_log, "GetImage", picture, nullptr, [&]() -> IDispatch* {
+  return Answer<IDispatch*>("GetImage", picture, nullptr, [&]() -> IDispatch* {
     const int number = RibbonPicture(ControlFrom(control).function);
     return number == 0 ? nullptr : m_pictures.RibbonPicture(number).Detach();
   });
 }
 
 HRESULT CRibbon::GetItemCount(IDispatch* control, long* count) noexcept {
-  return Answer(m_log, "GetItemCount", count, 0L, [&] {
-    m_asked = true;
+  return Answer("GetItemCount", count, 0L, [&] {
+    SetAsked();
     if (ControlFrom(control).function != RibbonFunction::DialBox) return 0L;
     return static_cast<long>(m_source.Faces().DialListCount());
   });
 }
 
 HRESULT CRibbon::GetItemLabel(IDispatch* control, long index, BSTR* label) noexcept {
-  return Answer<BSTR>(m_log, "GetItemLabel", label, nullptr, [&] {
+  return Answer<BSTR>("GetItemLabel", label, nullptr, [&] {
     const bool asks = index >= 0 && ControlFrom(control).function == RibbonFunction::DialBox;
     const size_t entry = static_cast<size_t>(index);
     return BstrFromText(asks ? m_source.Faces().DialListItem(entry) : std::wstring()).Detach();
@@ -111,8 +162,8 @@ HRESULT CRibbon::GetItemLabel(IDispatch* control, long index, BSTR* label) noexc
 }
 
 HRESULT CRibbon::GetTextComboBox(IDispatch* control, BSTR* text) noexcept {
-  return Answer<BSTR>(m_log, "GetTextComboBox", text, nullptr, [&] {
-    m_asked = true;
+  return Answer<BSTR>("GetTextComboBox", text, nullptr, [&] {
+    SetAsked();
     const bool asks = ControlFrom(control).function == RibbonFunction::DialBox;
     return BstrFromText(asks ? m_source.DialText() : std::wstring()).Detach();
   });
@@ -141,7 +192,7 @@ void CRibbon::Act(IDispatch* control) {
     case RibbonFunction::Line2:
       return m_actions.ClickLine(kLine2);
     case RibbonFunction::Cell:
-      return m_actions.ClickCell(static_cast<int>(clicked.index));
+      return ClickCell(control, clicked.index);
     case RibbonFunction::Caller:
       return m_actions.ClickCaller(clicked.index);
     case RibbonFunction::SpeedDialItem:
@@ -152,12 +203,19 @@ void CRibbon::Act(IDispatch* control) {
       return m_contacts.DialContact(CRibbonControl(control).Context(),
                                     static_cast<int>(clicked.index));
     case RibbonFunction::ContactLine1:
-      return m_contacts.ClickContactLine(CRibbonControl(control).Context(), kLine1);
+      return m_contacts.ClickLine(CRibbonControl(control).Context(), kLine1);
     case RibbonFunction::ContactLine2:
-      return m_contacts.ClickContactLine(CRibbonControl(control).Context(), kLine2);
+      return m_contacts.ClickLine(CRibbonControl(control).Context(), kLine2);
     default:
       return;
   }
+}
+
+// A contact's window has the main window's ids for the cells, and calls its contact from them.
+void CRibbon::ClickCell(IDispatch* control, size_t cell) {
+  const IDispatchPtr window = CRibbonControl(control).Context();
+  if (!m_contacts.IsContactWindow(window)) return m_actions.ClickCell(static_cast<int>(cell));
+  m_contacts.ClickLine(window, static_cast<uint8_t>(kCell1 + cell));
 }
 
 }  // namespace quor

@@ -15,15 +15,17 @@ ItemFace ControlFace(const CControlFaces& faces, int control) {
   return {faces.Caption(control, kWithAnswer), faces.IsEnabled(control, kWithAnswer), true};
 }
 
-// As the dial box: whoever may dial may dial a contact.
-ItemFace ContactMenuFace(const CControlFaces& faces) {
-  return ControlFace(faces, kDialBoxControl);
+// As the dial box: whoever may dial may dial a contact. What is picked shows in place of the name.
+ItemFace ContactMenuFace(const CControlFaces& faces, int telNumberType, std::wstring_view picked) {
+  ItemFace face = ControlFace(faces, kDialBoxControl);
+  if (!picked.empty()) face.caption = faces.ContactNumber(telNumberType, picked).caption;
+  return face;
 }
 
 }  // namespace
 
-ItemFace RibbonFace(const CControlFaces& faces, const RibbonControl& control,
-                    std::wstring_view contactNumber) {
+ItemFace RibbonFace(const CControlFaces& faces, const RibbonControl& control, int telNumberType,
+                    std::wstring_view number) {
   switch (control.function) {
     case RibbonFunction::None:
       return {};
@@ -54,9 +56,9 @@ ItemFace RibbonFace(const CControlFaces& faces, const RibbonControl& control,
     case RibbonFunction::ContactGroup:
       return {faces.Text(IDS_PRODUCT_NAME), true, true};
     case RibbonFunction::ContactMenu:
-      return ContactMenuFace(faces);
+      return ContactMenuFace(faces, telNumberType, number);
     case RibbonFunction::ContactNumber:
-      return faces.ContactNumber(static_cast<int>(control.index), contactNumber);
+      return faces.ContactNumber(telNumberType, number);
   }
   return {};
 }

@@ -9,10 +9,11 @@
 namespace quor {
 
 // What a control of the ribbon shows: enabled and answering as a ringing line would have it, since
-// there every line button may answer. `contactNumber` is the number behind a contact's menu item.
-// A control that is not ours shows nothing.
-ItemFace RibbonFace(const CControlFaces& faces, const RibbonControl& control,
-                    std::wstring_view contactNumber);
+// there every line button may answer. `number`, of this telNumberType, is the one behind an item of
+// a contact's number menu, or the one picked in that menu; empty when there is none. A control that
+// is not ours shows nothing.
+ItemFace RibbonFace(const CControlFaces& faces, const RibbonControl& control, int telNumberType = 0,
+                    std::wstring_view number = {});
 
 // The number of its 16-pixel picture; 0 when it has none.
 int RibbonPicture(RibbonFunction function) noexcept;

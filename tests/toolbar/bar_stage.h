@@ -11,6 +11,7 @@
 #include "resources/resource_loader.h"
 #include "settings/configuration.h"
 #include "telephone/telephone_state.h"
+#include "tests/toolbar/test_owner.h"
 #include "toolbar/command_bar_toolbar.h"
 #include "workbench/commandbars/command_bars.h"
 
@@ -60,7 +61,8 @@ class CBarStage : protected IFaceSource {
 
   workbench::CModel model;
   workbench::CModelPtr<workbench::CCommandBars> bars;
-  CCommandBarToolbar toolbar{*this, actions, pictures, log};
+  CTestOwner owner;
+  CCommandBarToolbar toolbar{*this, actions, pictures, owner, log};
 
  private:
   CControlFaces Faces() const override { return {state, configuration, resources}; }

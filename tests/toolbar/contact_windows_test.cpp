@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 
+#include "tests/toolbar/test_owner.h"
 #include "text/ansi.h"
 #include "workbench/commandbars/command_bars.h"
 #include "workbench/office/outlook.h"
@@ -53,9 +54,13 @@ class CBarsFace final : public workbench::IOutlookFace {
 
 class CNotedContactActions final : public IContactWindowActions {
  public:
-  void DialNumber(std::wstring_view number) override { Note("dial " + AnsiFromWide(number)); }
+  bool PickNumber(std::wstring_view number) override {
+    Note("dial " + AnsiFromWide(number));
+    return false;
+  }
   void ClickLine(uint8_t lineType) override { Note("line " + std::to_string(lineType)); }
-  void ClickContactLine(uint8_t, std::wstring_view) override {}
+  bool DialsAtOnce(uint8_t) const override { return false; }
+  bool DialOnLine(uint8_t, std::wstring_view) override { return false; }
   std::vector<std::string> Take() { return std::exchange(m_noted, {}); }
 
  private:
@@ -63,20 +68,10 @@ class CNotedContactActions final : public IContactWindowActions {
   std::vector<std::string> m_noted;
 };
 
-// Outlives every connection of the test.
-class CTestOwner final : public IEventOwner, private IUnknown {
- public:
-  IUnknown& Identity() noexcept override { return *this; }
-  bool IsShuttingDown() const noexcept override { return shuttingDown; }
-  bool shuttingDown = false;
-
- private:
-  STDMETHODIMP QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
-  STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-  STDMETHODIMP_(ULONG) Release() override { return 1; }
-};
-
-class ContactWindows : public testing::Test, protected IFaceSource, protected ILogWriter {
+class ContactWindows : public testing::Test,
+                       protected IFaceSource,
+                       protected IContactRibbonDisplay,
+                       protected ILogWriter {
  protected:
   ContactWindows() {
     m_log.SetEnabled(true);
@@ -85,13 +80,18 @@ class ContactWindows : public testing::Test, protected IFaceSource, protected IL
     m_outlook.LoadCards(kCards);
     m_newInspector.Advise(m_application.Inspectors().Get(), kInspectorsEvents,
                           [this](DISPID, const CEventArguments& arguments) {
-                            m_windows.Open(QueryObject<CInspector>(arguments.Object(0)), kVersion);
+                            m_windows.Open(QueryObject<CInspector>(arguments.Object(0)), m_version);
                           });
     m_heldBefore = m_outlook.Held();
   }
 
   CControlFaces Faces() const override { return {m_state, m_configuration, m_resources}; }
   std::wstring DialText() const override { return {}; }
+  void InvalidateContactRibbons() noexcept override { ++m_invalidations; }
+  bool PostRefresh() noexcept override {
+    ++m_refreshes;
+    return true;
+  }
   void WriteLine(std::string_view line) noexcept override { m_lines += line; }
 
   Inspector Open(const char* contact) { return m_outlook.OpenInspector(contact); }
@@ -127,7 +127,10 @@ class ContactWindows : public testing::Test, protected IFaceSource, protected IL
   workbench::COutlook m_outlook{{.version = kVersion}, m_face};
   COutlookApplication m_application{IDispatchPtr(m_outlook.Application())};
   CTestOwner m_owner;
-  CContactWindows m_windows{*this,   m_actions, m_resources, m_configuration.contactToolBar,
+  int m_invalidations = 0;
+  int m_refreshes = 0;
+  int m_version = kVersion;
+  CContactWindows m_windows{*this,   m_actions, *this, m_resources, m_configuration.contactToolBar,
                             m_owner, m_log};
   CEventConnection m_newInspector{m_owner, m_log, "new inspector"};
   std::vector<std::string> m_heldBefore;
@@ -160,6 +163,26 @@ TEST_F(ContactWindows, ReadANumberThatTheUserChanges) {
   m_outlook.ChangeContact("Anna Lee", "HomeTelephoneNumber", "");
   Click(anna, {kMenu, L"Home: 777"});
   EXPECT_THAT(m_actions.Take(), IsEmpty());
+}
+
+TEST_F(ContactWindows, WithARibbonAreFollowedSilently) {
+  m_version = 12;
+  const Inspector anna = Open("Anna Lee");
+  EXPECT_THAT(Bars(anna).ControlFaces(), IsEmpty());
+  const int opened = m_invalidations;
+  for (const char* number : {"1", "2", "3"})
+    m_outlook.ChangeContact("Anna Lee", "HomeTelephoneNumber", number);
+  EXPECT_EQ(m_refreshes, 1);
+  EXPECT_EQ(m_invalidations, opened);
+  m_windows.Refresh();
+  EXPECT_EQ(m_invalidations, opened + 1);
+  // A change that comes just before the end asks for nothing any more.
+  m_outlook.ChangeContact("Anna Lee", "HomeTelephoneNumber", "4");
+  m_outlook.CloseInspector(*anna);
+  m_windows.Refresh();
+  EXPECT_EQ(m_invalidations, opened + 1);
+  EXPECT_EQ(m_lines, "");
+  EXPECT_TRUE(NothingHeld());
 }
 
 TEST_F(ContactWindows, LeaveOtherItemsAlone) {
@@ -255,18 +278,23 @@ TEST_F(ContactWindows, SurviveEveryFailure) {
 }
 
 TEST_F(ContactWindows, MayCloseInTheMiddleOfAnyCall) {
-  for (const bool all : {true, false}) {
+  for (const auto& [version, all] :
+       {std::pair(11, true), std::pair(11, false), std::pair(12, true), std::pair(12, false)}) {
+    m_version = version;
     for (uint64_t call = 1;; ++call) {
       bool closed = false;
-      m_outlook.Model().AddHook({"*", call, [&] {
+      m_outlook.Model().AddHook({"*", call, [&, all = all] {
                                    closed = true;
                                    if (all) return m_windows.CloseAll();
                                    for (const auto& window : m_outlook.OpenInspectors())
                                      m_outlook.CloseInspector(*window);
                                  }});
       const Inspector anna = Open("Anna Lee");
+      m_outlook.ChangeContact("Anna Lee", "HomeTelephoneNumber", std::to_string(call));
+      m_windows.Refresh();
       m_windows.Redraw();
       m_windows.Disable();
+      if (anna && anna->IsOpen()) m_outlook.Session().ActivateWindow(*anna);
       m_outlook.Model().WithdrawAll();
       if (anna && anna->IsOpen()) m_outlook.CloseInspector(*anna);
       m_windows.CloseAll();

@@ -1,7 +1,9 @@
 #include "toolbar/ribbon.h"
 
 #include <gtest/gtest.h>
+
 #include <olectl.h>
+#include <functional>
 
 #include "tests/toolbar/bar_stage.h"
 #include "workbench/ribbon/ribbon_objects.h"
@@ -10,9 +12,25 @@ namespace quor {
 namespace {
 
 struct CNoContacts final : IContactRibbon {
-  std::wstring ContactNumber(IDispatch*, int) override { return {}; }
+  std::wstring NumberOf(IDispatch*, int) override {
+    if (whileAsked) whileAsked();
+    return {};
+  }
+  ContactNumber PickedNumber(IDispatch*) override { return {}; }
   void DialContact(IDispatch*, int) override {}
-  void ClickContactLine(IDispatch*, uint8_t) override {}
+  bool IsContactWindow(IDispatch*) override { return false; }
+  void ClickLine(IDispatch*, uint8_t) override {}
+
+  std::function<void()> whileAsked;  // what a pumping answer lets in
+};
+
+struct CCountedPosts final : IMessageQueue {
+  bool PostDeviceEvent(DeviceEvent, uint8_t) noexcept override { return false; }
+  bool PostRequest(WindowRequest request, uint32_t) noexcept override {
+    refreshes += request == WindowRequest::Refresh;
+    return true;
+  }
+  int refreshes = 0;
 };
 
 // Office's ribbon object, as much of it as is called.
@@ -65,7 +83,8 @@ class Ribbon : public testing::Test, public CBarStage {
   }
 
   CNoContacts m_contacts;
-  CRibbon m_ribbon{*this, actions, m_contacts, pictures, log};
+  CCountedPosts m_queue;
+  CRibbon m_ribbon{*this, actions, m_contacts, m_queue, pictures, log};
 };
 
 TEST_F(Ribbon, NeedsAPlaceForItsAnswer) {
@@ -115,10 +134,11 @@ TEST_F(Ribbon, InvalidatesEveryRibbonOnceUntilOfficeHasAsked) {
   CRibbonCounter explorer;
   CRibbonCounter contact;
   explorer.fails = true;  // and the other is still told
-  for (IDispatch* ribbon : {static_cast<IDispatch*>(&explorer), static_cast<IDispatch*>(&contact),
-                            static_cast<IDispatch*>(&explorer), static_cast<IDispatch*>(nullptr)}) {
-    EXPECT_EQ(m_ribbon.Load(ribbon), S_OK);
+  for (IDispatch* ribbon : {static_cast<IDispatch*>(&explorer), static_cast<IDispatch*>(&explorer),
+                            static_cast<IDispatch*>(nullptr)}) {
+    EXPECT_EQ(m_ribbon.Load(ribbon, RibbonWindow::Explorer), S_OK);
   }
+  EXPECT_EQ(m_ribbon.Load(&contact, RibbonWindow::Contact), S_OK);
   m_ribbon.Invalidate();
   m_ribbon.InvalidateOnce();
   m_ribbon.InvalidateOnce();
@@ -129,12 +149,31 @@ TEST_F(Ribbon, InvalidatesEveryRibbonOnceUntilOfficeHasAsked) {
   EXPECT_EQ(contact.invalidations, 2);
   m_ribbon.Invalidate();
   EXPECT_EQ(contact.invalidations, 3);
+  Label(L"MailCell0");
+  m_ribbon.InvalidateContactsOnce();
+  m_ribbon.InvalidateContactsOnce();
+  EXPECT_EQ(contact.invalidations, 4);
+  EXPECT_EQ(explorer.invalidations, 3);
+
+  // What changes inside a question waits for its end, however deep the questions are nested.
+  m_contacts.whileAsked = [&] {
+    m_contacts.whileAsked = [&] { m_ribbon.Invalidate(); };
+    Label(L"MenuHome");
+    m_ribbon.InvalidateDeferred();
+  };
+  Label(L"MenuHome");
+  EXPECT_EQ(m_queue.refreshes, 1);
+  EXPECT_EQ(explorer.invalidations, 3);
+  m_ribbon.InvalidateDeferred();
+  m_ribbon.InvalidateDeferred();
+  EXPECT_EQ(explorer.invalidations, 4);
+  EXPECT_EQ(contact.invalidations, 5);
 
   m_ribbon.Release();
   EXPECT_EQ(explorer.references, 1u);
   EXPECT_EQ(contact.references, 1u);
   m_ribbon.Invalidate();
-  EXPECT_EQ(contact.invalidations, 3);
+  EXPECT_EQ(contact.invalidations, 5);
 }
 
 }  // namespace
