@@ -1,6 +1,7 @@
 #ifndef QUOR_DEVICE_USBXPRESS_H
 #define QUOR_DEVICE_USBXPRESS_H
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
@@ -38,6 +39,10 @@ struct FlowControl {
   uint8_t dcd;
   bool xonXoff;
 };
+
+// The ordinals of the functions used, in the order of IUsbXpress's operations.
+inline constexpr std::array<uint16_t, 12> kUsbXpressOrdinals = {1, 2,  3,  4,  6,  7,
+                                                                9, 10, 12, 13, 15, 16};
 
 class IUsbXpress {
  public:

@@ -11,9 +11,6 @@ namespace {
 
 constexpr wchar_t kLibraryName[] = L"\\SiUSBXp.dll";
 
-// In the order of Import.
-constexpr std::array<WORD, 12> kOrdinals = {1, 2, 3, 4, 6, 7, 9, 10, 12, 13, 15, 16};
-
 // The arguments are named by type at each call: they have to match the library's prototype exactly,
 // which on 32 bits takes them off the stack itself.
 template <typename... Arguments>
@@ -61,12 +58,12 @@ void CUsbXpressLibrary::Load() {
 }
 
 bool CUsbXpressLibrary::Bind() noexcept {
-  static_assert(kOrdinals.size() == kImportCount);
-  for (size_t i = 0; i < kOrdinals.size(); ++i) {
+  static_assert(kUsbXpressOrdinals.size() == kImportCount);
+  for (size_t i = 0; i < kUsbXpressOrdinals.size(); ++i) {
     m_functions[i] = reinterpret_cast<void*>(
-        GetProcAddress(static_cast<HMODULE>(m_module), MAKEINTRESOURCEA(kOrdinals[i])));
+        GetProcAddress(static_cast<HMODULE>(m_module), MAKEINTRESOURCEA(kUsbXpressOrdinals[i])));
     if (m_functions[i] == nullptr) {
-      m_missingOrdinal = kOrdinals[i];
+      m_missingOrdinal = kUsbXpressOrdinals[i];
       return false;
     }
   }
