@@ -1,0 +1,134 @@
+#include "doctor/doctor_window.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "doctor/file_facts.h"
+#include "doctor/gather.h"
+#include "doctor/mend.h"
+#include "doctor/report.h"
+#include "doctor/resource_ids.h"
+
+namespace quor::doctor {
+namespace {
+
+struct WindowTexts {
+  const wchar_t* mend;
+  const wchar_t* again;
+  const wchar_t* close;
+  const wchar_t* ask;
+  const wchar_t* mended;
+  const wchar_t* notMended;
+};
+
+constexpr std::array<WindowTexts, 3> kTexts = {{
+    {L"&Mend", L"&Look again", L"Close",
+     L"This switches the plug-in on again in Outlook and takes it off Outlook's lists of disabled "
+     L"add-ins. Nothing else is changed. Close Outlook first. Go on?",
+     L"Done. Start Outlook again. What stood there before is kept in:\n",
+     L"Nothing was changed: the copy of what stands there could not be written."},
+    {L"&Réparer", L"&Examiner de nouveau", L"Fermer",
+     L"Le complément sera réactivé dans Outlook et retiré des listes de compléments désactivés. "
+     L"Rien "
+     L"d'autre ne change. Fermez d'abord Outlook. Continuer ?",
+     L"C'est fait. Redémarrez Outlook. L'état précédent est conservé dans :\n",
+     L"Rien n'a été changé : la copie de l'état actuel n'a pas pu être écrite."},
+    {L"&Reparar", L"&Mirar de nuevo", L"Cerrar",
+     L"El complemento se activará de nuevo en Outlook y saldrá de las listas de complementos "
+     L"deshabilitados. Nada más cambia. Cierre antes Outlook. ¿Continuar?",
+     L"Hecho. Inicie Outlook de nuevo. Lo que había antes queda en:\n",
+     L"No se ha cambiado nada: no se pudo escribir la copia de lo que hay."},
+}};
+
+constexpr wchar_t kTitle[] = L"Telephone Plug-in Doctor";
+
+class CDoctorWindow {
+ public:
+  explicit CDoctorWindow(Language language) : m_language(language) {}
+
+  int Show() {
+    const INT_PTR result = DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_DOCTOR),
+                                           nullptr, Procedure, reinterpret_cast<LPARAM>(this));
+    return result < 0 ? 2 : static_cast<int>(result);
+  }
+
+ private:
+  const WindowTexts& Texts() const { return kTexts[static_cast<size_t>(m_language)]; }
+
+  void Prepare(HWND window) {
+    m_window = window;
+    SetWindowTextW(window, kTitle);
+    SetDlgItemTextW(window, IDC_MEND, Texts().mend);
+    SetDlgItemTextW(window, IDC_AGAIN, Texts().again);
+    SetDlgItemTextW(window, IDCANCEL, Texts().close);
+    Look();
+  }
+
+  void Look() {
+    m_facts = Gather();
+    m_findings = Examine(m_facts);
+    std::string text;
+    for (const char c : TextReport(m_facts, m_findings, m_language)) {
+      if (c == '\n') text += '\r';
+      text += c;
+    }
+    SetDlgItemTextW(m_window, IDC_FINDINGS, Wide(text).c_str());
+    const bool mendable = std::ranges::any_of(
+        m_findings, [](const Finding& finding) { return IsMendable(finding.kind); });
+    EnableWindow(GetDlgItem(m_window, IDC_MEND), mendable);
+  }
+
+  void MendAll() {
+    if (MessageBoxW(m_window, Texts().ask, kTitle, MB_OKCANCEL | MB_ICONQUESTION) != IDOK) return;
+    const std::optional<std::wstring> backup = Mend(m_facts);
+    MessageBoxW(m_window, backup ? (Texts().mended + *backup).c_str() : Texts().notMended, kTitle,
+                MB_OK | (backup ? MB_ICONINFORMATION : MB_ICONWARNING));
+    Look();
+  }
+
+  int ExitCode() const {
+    const bool well =
+        std::ranges::all_of(m_findings, [](const Finding& found) { return IsNote(found.kind); });
+    return well ? 0 : 1;
+  }
+
+  void OnCommand(int id) {
+    if (id == IDC_MEND) MendAll();
+    if (id == IDC_AGAIN) Look();
+    if (id == IDCANCEL) EndDialog(m_window, ExitCode());
+  }
+
+  static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+    try {
+      if (message == WM_INITDIALOG) {
+        SetWindowLongPtrW(window, DWLP_USER, second);
+        reinterpret_cast<CDoctorWindow*>(second)->Prepare(window);
+        return TRUE;
+      }
+      if (message == WM_COMMAND) {
+        reinterpret_cast<CDoctorWindow*>(GetWindowLongPtrW(window, DWLP_USER))
+            ->OnCommand(LOWORD(first));
+        return TRUE;
+      }
+    } catch (const std::exception&) {
+      EndDialog(window, 2);  // out of memory
+    }
+    return FALSE;
+  }
+
+  Language m_language;
+  HWND m_window = nullptr;
+  Facts m_facts;
+  std::vector<Finding> m_findings;
+};
+
+}  // namespace
+
+int ShowDoctorWindow(Language language) {
+  return CDoctorWindow(language).Show();
+}
+
+}  // namespace quor::doctor

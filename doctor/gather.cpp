@@ -1,0 +1,218 @@
+#include "doctor/gather.h"
+
+// clang-format off
+#include <windows.h>
+#include <oleauto.h>
+// clang-format on
+
+#include <shlobj.h>
+
+#include <algorithm>
+#include <cwctype>
+
+#include "device/usbxpress.h"
+#include "doctor/file_facts.h"
+#include "doctor/pe_image.h"
+#include "doctor/registry_key.h"
+#include "doctor/running_outlook.h"
+
+namespace quor::doctor {
+namespace {
+
+constexpr wchar_t kClassKey[] = L"Software\\Classes\\CLSID\\{DA593EC2-67C4-4602-B30E-3FEC47C1C55A}";
+constexpr wchar_t kLibraryName[] = L"\\SiUSBXp.dll";
+
+std::wstring OfficePath(int version) {
+  return L"Software\\Microsoft\\Office\\" + std::to_wstring(version) + L".0\\Outlook";
+}
+
+std::wstring PolicyPath(int version) {
+  return L"Software\\Policies\\Microsoft\\Office\\" + std::to_wstring(version) + L".0\\Outlook";
+}
+
+std::string WindowsVersion() {
+  const CRegistryKey key(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\Windows NT\\CurrentVersion",
+                         RegistryViews().front());
+  return Utf8(key.Text(L"ProductName").value_or(L"Windows") + L", " +
+              key.Text(L"CurrentBuild").value_or(L"?") + L", " +
+              std::to_wstring(RegistryViews().front()) + L"-bit");
+}
+
+int BitnessOf(const std::wstring& path) {
+  const auto bytes = ReadFileBytes(path);
+  const auto image = bytes ? ReadPeImage(*bytes) : std::nullopt;
+  return image ? image->bitness : 0;
+}
+
+std::vector<OutlookInstall> GatherOutlooks() {
+  std::vector<OutlookInstall> outlooks;
+  for (const int version : kOutlookVersions) {
+    for (const int view : RegistryViews()) {
+      const CRegistryKey key(HKEY_LOCAL_MACHINE, OfficePath(version) + L"\\InstallRoot", view);
+      std::wstring path = key.Text(L"Path").value_or(L"");
+      if (path.empty()) continue;
+      if (path.back() != L'\\') path += L'\\';
+      path += L"OUTLOOK.EXE";
+      if (!FileExists(path)) continue;
+      OutlookInstall outlook{version, BitnessOf(path), Utf8(path), FileVersion(path)};
+      // A 64-bit Office tells the 32-bit view of itself as well.
+      const bool known = std::ranges::any_of(
+          outlooks, [&](const OutlookInstall& other) { return other.path == outlook.path; });
+      if (!known) outlooks.push_back(std::move(outlook));
+    }
+  }
+  return outlooks;
+}
+
+bool AnyKeyStartsWith(HKEY root, const std::wstring& path, const std::wstring& start) {
+  const CRegistryKey key(root, path, 0);
+  return std::ranges::any_of(key.SubKeyNames(),
+                             [&](const std::wstring& name) { return name.starts_with(start); });
+}
+
+void GatherAppOutlooks(Facts& facts) {
+  const std::wstring packages =
+      L"Software\\Classes\\Local Settings\\Software\\Microsoft\\Windows\\CurrentVersion\\AppModel"
+      L"\\Repository\\Packages";
+  facts.newOutlookInstalled =
+      AnyKeyStartsWith(HKEY_CURRENT_USER, packages, L"Microsoft.OutlookForWindows_");
+  facts.storeOutlook =
+      AnyKeyStartsWith(HKEY_CURRENT_USER, packages, L"Microsoft.Office.Desktop.Outlook_");
+  const CRegistryKey preferences(HKEY_CURRENT_USER, OfficePath(16) + L"\\Preferences", 0);
+  facts.newOutlookChosen = preferences.Number(L"UseNewOutlook").value_or(0) == 1;
+}
+
+void GatherRegistration(Facts& facts) {
+  for (const Scope scope : {Scope::User, Scope::Machine}) {
+    const HKEY root = scope == Scope::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
+    for (const int view : RegistryViews()) {
+      const CRegistryKey server(root, std::wstring(kClassKey) + L"\\InprocServer32", view);
+      if (const auto path = server.Text(L"")) {
+        facts.classes.push_back(
+            {scope, view, Utf8(*path), FileExists(*path), BitnessOf(*path), FileVersion(*path)});
+      }
+      // The user has one add-in key for both bitnesses.
+      if (scope == Scope::User && view != RegistryViews().front()) continue;
+      const CRegistryKey addIn(root, AddInKeyPath(), view);
+      if (addIn.IsThere()) {
+        facts.addInKeys.push_back(
+            {scope, scope == Scope::User ? 0 : view, addIn.Number(L"LoadBehavior")});
+      }
+    }
+  }
+}
+
+void GatherLists(Facts& facts) {
+  using List = OutlookListEntry::List;
+  for (const int version : kOutlookVersions) {
+    for (const auto& [list, name] : {std::pair(List::Disabled, L"DisabledItems"),
+                                     std::pair(List::Crashing, L"CrashingAddinList")}) {
+      const CRegistryKey key(HKEY_CURRENT_USER, ResiliencyPath(version, name), 0);
+      for (const std::wstring& value : key.ValueNames()) {
+        if (MeansAddIn(value, key.Bytes(value))) {
+          facts.listed.push_back({list, version, Utf8(value), key.Number(value).value_or(0)});
+        }
+      }
+    }
+    const CRegistryKey kept(HKEY_CURRENT_USER, ResiliencyPath(version, L"DoNotDisableAddinList"),
+                            0);
+    if (const auto reason = kept.Number(kProgId)) {
+      facts.listed.push_back({List::Kept, version, Utf8(kProgId), *reason});
+    }
+  }
+}
+
+void GatherPolicies(Facts& facts) {
+  for (const int version : kOutlookVersions) {
+    for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
+      Policy policy;
+      policy.version = version;
+      const CRegistryKey resiliency(root, PolicyPath(version) + L"\\Resiliency", 0);
+      const CRegistryKey list(root, PolicyPath(version) + L"\\Resiliency\\AddinList", 0);
+      const CRegistryKey security(root, PolicyPath(version) + L"\\Security", 0);
+      policy.addIn = Utf8(list.Text(kProgId).value_or(L""));
+      policy.onlyListed = resiliency.Number(L"RestrictToList").value_or(0) != 0;
+      policy.signedOnly = security.Number(L"RequireAddinSig").value_or(0) != 0;
+      policy.allAddInsDisabled = security.Number(L"DisableAllAddins").value_or(0) != 0;
+      if (resiliency.IsThere() || security.IsThere()) facts.policies.push_back(policy);
+    }
+  }
+}
+
+// The system folder that programs of that bitness see, as a 32-bit program names it.
+std::wstring SystemFolder(int bitness) {
+  wchar_t folder[MAX_PATH] = L"";
+  GetWindowsDirectoryW(folder, MAX_PATH);
+  if (sizeof(void*) == 8) {
+    return std::wstring(folder) + (bitness == 64 ? L"\\System32" : L"\\SysWOW64");
+  }
+  return std::wstring(folder) + (bitness == 64 ? L"\\Sysnative" : L"\\System32");
+}
+
+// Where the add-in of that bitness looks: in its own folder, then in the system's.
+void GatherLibrary(Facts& facts, int bitness) {
+  UsbLibrary library;
+  library.bitness = bitness;
+  std::vector<std::wstring> folders;
+  for (const ClassRegistration& registration : facts.classes) {
+    if (registration.bitness != bitness) continue;
+    const std::wstring path = Wide(registration.path);
+    folders.push_back(path.substr(0, path.find_last_of(L'\\')));
+    break;  // the user's comes first
+  }
+  folders.push_back(SystemFolder(bitness));
+  for (const std::wstring& folder : folders) {
+    const std::wstring path = folder + kLibraryName;
+    const auto bytes = ReadFileBytes(path);
+    if (!bytes) continue;
+    library.path = Utf8(path);
+    if (const auto image = ReadPeImage(*bytes)) {
+      library.fileBitness = image->bitness;
+      for (const uint16_t ordinal : kUsbXpressOrdinals) {
+        if (!image->Exports(ordinal)) library.missingOrdinals.push_back(ordinal);
+      }
+    }
+    break;
+  }
+  facts.libraries.push_back(std::move(library));
+}
+
+}  // namespace
+
+std::wstring AddInKeyPath() {
+  return std::wstring(L"Software\\Microsoft\\Office\\Outlook\\Addins\\") + kProgId;
+}
+
+std::wstring ResiliencyPath(int version, const std::wstring& list) {
+  return OfficePath(version) + L"\\Resiliency\\" + list;
+}
+
+bool MeansAddIn(const std::wstring& valueName, const std::vector<uint8_t>& data) {
+  // The lists hold paths and names in UTF-16 among other things, in lower case or as they came.
+  std::wstring text = valueName + L'\n';
+  for (const size_t start : {0, 1}) {
+    for (size_t i = start; i + 1 < data.size(); i += 2) {
+      text += static_cast<wchar_t>(data[i] | data[i + 1] << 8);
+    }
+  }
+  std::ranges::transform(text, text.begin(), [](wchar_t c) { return std::towlower(c); });
+  return text.find(L"quortelephonetoolbar") != std::wstring::npos;
+}
+
+Facts Gather() {
+  Facts facts;
+  facts.windows = WindowsVersion();
+  facts.outlooks = GatherOutlooks();
+  GatherAppOutlooks(facts);
+  GatherRegistration(facts);
+  GatherLists(facts);
+  GatherPolicies(facts);
+  for (const int bitness : RegistryViews()) {
+    GatherLibrary(facts, bitness);
+  }
+  facts.settings = GatherSettings();
+  facts.running = LookAtRunningOutlook();
+  return facts;
+}
+
+}  // namespace quor::doctor

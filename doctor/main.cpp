@@ -1,0 +1,183 @@
+// What doctor.exe is asked on its command line; without a word it shows its window.
+#include <windows.h>
+
+#include <objbase.h>
+#include <shellapi.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cwchar>
+#include <string>
+#include <vector>
+
+#include "device/usbxpress.h"
+#include "doctor/doctor_window.h"
+#include "doctor/file_facts.h"
+#include "doctor/gather.h"
+#include "doctor/mend.h"
+#include "doctor/pe_image.h"
+#include "doctor/report.h"
+
+namespace quor::doctor {
+namespace {
+
+constexpr int kWell = 0;
+constexpr int kFindings = 1;
+constexpr int kCouldNotLook = 2;
+
+constexpr char kUsage[] =
+    "doctor                 shows why the telephone is not in Outlook, and mends it\n"
+    "doctor --text          tells it on the console\n"
+    "doctor --json          tells it to programs\n"
+    "doctor --fix           mends what can be mended; asks first, --yes agrees\n"
+    "  --language en|fr|es  otherwise the language of Windows\n"
+    "Exit code: 0 nothing found, 1 something found, 2 could not look.\n";
+
+enum class Wish { Window, Text, Json, Fix, Library, Usage };
+
+struct CommandLine {
+  Wish wish = Wish::Window;
+  Language language = Language::English;
+  bool agreed = false;
+  std::wstring library;
+};
+
+Language SystemLanguage() {
+  switch (PRIMARYLANGID(GetUserDefaultUILanguage())) {
+    case LANG_FRENCH:
+      return Language::French;
+    case LANG_SPANISH:
+      return Language::Spanish;
+    default:
+      return Language::English;
+  }
+}
+
+// False for words that are not understood.
+bool Read(const std::vector<std::wstring>& words, CommandLine& line) {
+  line.language = SystemLanguage();
+  for (size_t i = 0; i < words.size(); ++i) {
+    const std::wstring& word = words[i];
+    const bool hasNext = i + 1 < words.size();
+    if (word == L"--text") {
+      line.wish = Wish::Text;
+    } else if (word == L"--json") {
+      line.wish = Wish::Json;
+    } else if (word == L"--fix") {
+      line.wish = Wish::Fix;
+    } else if (word == L"--yes") {
+      line.agreed = true;
+    } else if (word == L"--help") {
+      line.wish = Wish::Usage;
+    } else if (word == L"--library" && hasNext) {
+      line.wish = Wish::Library;
+      line.library = words[++i];
+    } else if (word == L"--language" && hasNext) {
+      const std::wstring& language = words[++i];
+      if (language != L"en" && language != L"fr" && language != L"es") return false;
+      line.language = language == L"fr"   ? Language::French
+                      : language == L"es" ? Language::Spanish
+                                          : Language::English;
+    } else {
+      return false;
+    }
+  }
+  return true;
+}
+
+// A program with a window has no console of its own: it writes to what it was given, and else to
+// the console that it was started from.
+void Print(const std::string& utf8) {
+  HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+  if (output == nullptr || output == INVALID_HANDLE_VALUE) {
+    if (!AttachConsole(ATTACH_PARENT_PROCESS)) return;
+    output = CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE,
+                         FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
+  }
+  DWORD written = 0;
+  DWORD mode = 0;
+  if (GetConsoleMode(output, &mode)) {
+    const std::wstring text = Wide(utf8);
+    WriteConsoleW(output, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+  } else {
+    WriteFile(output, utf8.data(), static_cast<DWORD>(utf8.size()), &written, nullptr);
+  }
+}
+
+// What the set-up program asks: 32 or 64 for a USB library of that bitness with all that the add-in
+// calls.
+int CheckLibrary(const std::wstring& path) {
+  const std::optional<std::vector<uint8_t>> file = ReadFileBytes(path);
+  if (!file) return kCouldNotLook;
+  const std::optional<PeImage> image = ReadPeImage(*file);
+  if (!image) return kFindings;
+  const bool complete = std::ranges::all_of(
+      kUsbXpressOrdinals, [&](uint16_t ordinal) { return image->Exports(ordinal); });
+  return complete && image->bitness != 0 ? image->bitness : kFindings;
+}
+
+int Code(const std::vector<Finding>& findings) {
+  const bool well =
+      std::ranges::all_of(findings, [](const Finding& finding) { return IsNote(finding.kind); });
+  return well ? kWell : kFindings;
+}
+
+bool UserAgrees() {
+  Print("Mend what can be mended? [y/N] ");
+  const int answer = std::getwchar();
+  return answer == L'y' || answer == L'Y';
+}
+
+int MendOnConsole(const CommandLine& line, const Facts& facts,
+                  const std::vector<Finding>& findings) {
+  Print(TextReport(facts, findings, line.language));
+  const bool mendable = std::ranges::any_of(
+      findings, [](const Finding& finding) { return IsMendable(finding.kind); });
+  if (!mendable) return Code(findings);
+  if (!line.agreed && !UserAgrees()) return kFindings;
+  const std::optional<std::wstring> backup = Mend(facts);
+  if (!backup) return kCouldNotLook;
+  Print("-> " + Utf8(*backup) + "\n\n");
+  const Facts now = Gather();
+  const std::vector<Finding> left = Examine(now);
+  Print(TextReport(now, left, line.language));
+  return Code(left);
+}
+
+int Run(const std::vector<std::wstring>& words) {
+  CommandLine line;
+  if (!Read(words, line)) {
+    Print(kUsage);
+    return kCouldNotLook;
+  }
+  if (line.wish == Wish::Library) return CheckLibrary(line.library);
+  if (line.wish == Wish::Usage) {
+    Print(kUsage);
+    return kWell;
+  }
+  if (line.wish == Wish::Window) return ShowDoctorWindow(line.language);
+  const Facts facts = Gather();
+  const std::vector<Finding> findings = Examine(facts);
+  if (line.wish == Wish::Fix) return MendOnConsole(line, facts, findings);
+  Print(line.wish == Wish::Json ? JsonReport(facts, findings, line.language)
+                                : TextReport(facts, findings, line.language));
+  return Code(findings);
+}
+
+}  // namespace
+}  // namespace quor::doctor
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+  int count = 0;
+  PWSTR* words = CommandLineToArgvW(GetCommandLineW(), &count);
+  if (words == nullptr || FAILED(CoInitialize(nullptr))) return 2;
+  int code = 2;
+  try {
+    code = quor::doctor::Run({words + 1, words + count});
+  } catch (const std::exception&) {
+    // Out of memory.
+  }
+  CoUninitialize();
+  LocalFree(words);
+  return code;
+}

@@ -1,0 +1,258 @@
+#include "doctor/report.h"
+
+#include <array>
+#include <cstdio>
+
+namespace quor::doctor {
+namespace {
+
+using Words = std::array<const char*, 3>;
+
+constexpr Words kWell = {"Nothing stands in the telephone's way.", "Rien ne s'oppose au téléphone.",
+                         "Nada impide el funcionamiento."};
+constexpr Words kLookedAt = {"What was looked at", "Ce qui a été examiné", "Lo que se ha mirado"};
+constexpr Words kYes = {"yes", "oui", "sí"};
+constexpr Words kNo = {"no", "non", "no"};
+constexpr Words kOn = {"on", "activé", "activado"};
+constexpr Words kOff = {"off", "désactivé", "desactivado"};
+constexpr Words kNone = {"none", "aucun", "ninguno"};
+constexpr Words kUser = {"this user", "cet utilisateur", "este usuario"};
+constexpr Words kEverybody = {"everybody", "tous", "todos"};
+constexpr Words kPlugIn = {"Plug-in", "Complément", "Complemento"};
+constexpr Words kSettings = {"Settings", "Paramètres", "Ajustes"};
+constexpr Words kLog = {"Diagnostic log", "Journal de diagnostic", "Registro de diagnóstico"};
+constexpr Words kRuns = {"Outlook is running", "Outlook est ouvert", "Outlook está abierto"};
+constexpr Words kLoaded = {"plug-in loaded", "complément chargé", "complemento cargado"};
+
+class CTextReport {
+ public:
+  explicit CTextReport(Language language) : m_language(static_cast<size_t>(language)) {}
+
+  const char* Word(const Words& words) const { return words[m_language]; }
+  const char* YesNo(bool yes) const { return Word(yes ? kYes : kNo); }
+  const char* ForWhom(Scope scope) const { return Word(scope == Scope::User ? kUser : kEverybody); }
+
+  void Line(const std::string& line) { m_text += line + "\n"; }
+  std::string Take() { return std::move(m_text); }
+
+ private:
+  size_t m_language;
+  std::string m_text;
+};
+
+std::string Bits(int bitness) {
+  return bitness == 0 ? "?-bit" : std::to_string(bitness) + "-bit";
+}
+
+void AddFindings(CTextReport& report, const std::vector<Finding>& findings, Language language) {
+  if (findings.empty()) report.Line(report.Word(kWell));
+  for (const Finding& finding : findings) {
+    const Sentences sentences = InWords(finding, language);
+    report.Line((IsNote(finding.kind) ? "(i) " : "(!) ") + sentences.what);
+    report.Line("    " + sentences.cure);
+  }
+}
+
+void AddFacts(CTextReport& report, const Facts& facts, Language language) {
+  report.Line("");
+  report.Line(std::string(report.Word(kLookedAt)) + ":");
+  report.Line("  " + facts.windows);
+  for (const OutlookInstall& outlook : facts.outlooks) {
+    report.Line("  Outlook " + std::to_string(outlook.version) + ".0, " + Bits(outlook.bitness) +
+                ", " + outlook.fileVersion + ", " + outlook.path);
+  }
+  for (const ClassRegistration& registration : facts.classes) {
+    report.Line(std::string("  ") + report.Word(kPlugIn) + ", " + Bits(registration.bitness) +
+                ", " + report.ForWhom(registration.scope) + ": " + registration.path + " " +
+                registration.fileVersion);
+  }
+  for (const AddInKey& key : facts.addInKeys) {
+    report.Line(std::string("  LoadBehavior, ") + report.ForWhom(key.scope) + ": " +
+                (key.loadBehavior ? std::to_string(*key.loadBehavior) + " (" +
+                                        LoadBehaviorInWords(*key.loadBehavior, language) + ")"
+                                  : report.Word(kNone)));
+  }
+  for (const UsbLibrary& library : facts.libraries) {
+    report.Line("  SiUSBXp.dll, " + Bits(library.bitness) + ": " +
+                (library.path.empty() ? report.Word(kNone) : library.path));
+  }
+  report.Line(std::string("  ") + report.Word(kSettings) + ": " + facts.settings.path + " (" +
+              report.YesNo(facts.settings.exists) + ")");
+  report.Line(std::string("  ") + report.Word(kLog) + ": " +
+              report.Word(facts.settings.logIsOn ? kOn : kOff) + " " + facts.settings.newestLog);
+  report.Line(std::string("  ") + report.Word(kRuns) + ": " + report.YesNo(facts.running.runs));
+  if (facts.running.answers) {
+    report.Line(std::string("  ") + report.Word(kLoaded) + ": " +
+                report.YesNo(facts.running.connected.value_or(false)));
+  }
+}
+
+// A JSON document in the making; the caller sees to the order of keys and values.
+class CJson {
+ public:
+  void Open(char bracket) {
+    Separate();
+    m_text += bracket;
+    m_first = true;
+  }
+  void Close(char bracket) {
+    m_text += bracket;
+    m_first = false;
+  }
+  void Key(const char* key) {
+    Text(key);
+    m_text += ':';
+    m_first = true;
+  }
+  void Text(const std::string& text) {
+    Separate();
+    m_text += '"';
+    for (const char c : text) {
+      Character(c);
+    }
+    m_text += '"';
+  }
+  void Raw(const std::string& value) {
+    Separate();
+    m_text += value;
+  }
+  void Flag(bool value) { Raw(value ? "true" : "false"); }
+
+  void TextAt(const char* key, const std::string& text) {
+    Key(key);
+    Text(text);
+  }
+  void NumberAt(const char* key, int64_t number) {
+    Key(key);
+    Raw(std::to_string(number));
+  }
+  void FlagAt(const char* key, bool value) {
+    Key(key);
+    Flag(value);
+  }
+
+  std::string Take() { return std::move(m_text); }
+
+ private:
+  void Separate() {
+    if (!m_first) m_text += ',';
+    m_first = false;
+  }
+  void Character(char c) {
+    if (c == '"' || c == '\\') {
+      m_text += '\\';
+      m_text += c;
+    } else if (static_cast<unsigned char>(c) < 0x20) {
+      char escape[8];
+      std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(c));
+      m_text += escape;
+    } else {
+      m_text += c;
+    }
+  }
+
+  std::string m_text;
+  bool m_first = true;
+};
+
+const char* ScopeName(Scope scope) {
+  return scope == Scope::User ? "user" : "machine";
+}
+
+void AddFindings(CJson& json, const std::vector<Finding>& findings, Language language) {
+  json.Key("findings");
+  json.Open('[');
+  for (const Finding& finding : findings) {
+    const Sentences sentences = InWords(finding, language);
+    json.Open('{');
+    json.TextAt("name", Name(finding.kind));
+    json.TextAt("what", sentences.what);
+    json.TextAt("cure", sentences.cure);
+    json.FlagAt("note", IsNote(finding.kind));
+    json.FlagAt("mendable", IsMendable(finding.kind));
+    json.Close('}');
+  }
+  json.Close(']');
+}
+
+void AddRegistration(CJson& json, const Facts& facts) {
+  json.Key("classes");
+  json.Open('[');
+  for (const ClassRegistration& registration : facts.classes) {
+    json.Open('{');
+    json.TextAt("scope", ScopeName(registration.scope));
+    json.NumberAt("bitness", registration.bitness);
+    json.TextAt("path", registration.path);
+    json.FlagAt("exists", registration.fileExists);
+    json.NumberAt("fileBitness", registration.fileBitness);
+    json.TextAt("version", registration.fileVersion);
+    json.Close('}');
+  }
+  json.Close(']');
+  json.Key("addInKeys");
+  json.Open('[');
+  for (const AddInKey& key : facts.addInKeys) {
+    json.Open('{');
+    json.TextAt("scope", ScopeName(key.scope));
+    json.NumberAt("bitness", key.bitness);
+    json.NumberAt("loadBehavior", key.loadBehavior ? int64_t{*key.loadBehavior} : -1);
+    json.Close('}');
+  }
+  json.Close(']');
+}
+
+void AddOutlooks(CJson& json, const Facts& facts) {
+  json.Key("outlooks");
+  json.Open('[');
+  for (const OutlookInstall& outlook : facts.outlooks) {
+    json.Open('{');
+    json.NumberAt("version", outlook.version);
+    json.NumberAt("bitness", outlook.bitness);
+    json.TextAt("path", outlook.path);
+    json.TextAt("fileVersion", outlook.fileVersion);
+    json.Close('}');
+  }
+  json.Close(']');
+}
+
+void AddLibraries(CJson& json, const Facts& facts) {
+  json.Key("libraries");
+  json.Open('[');
+  for (const UsbLibrary& library : facts.libraries) {
+    json.Open('{');
+    json.NumberAt("bitness", library.bitness);
+    json.TextAt("path", library.path);
+    json.NumberAt("fileBitness", library.fileBitness);
+    json.NumberAt("missingOrdinals", static_cast<int64_t>(library.missingOrdinals.size()));
+    json.Close('}');
+  }
+  json.Close(']');
+}
+
+}  // namespace
+
+std::string TextReport(const Facts& facts, const std::vector<Finding>& findings,
+                       Language language) {
+  CTextReport report(language);
+  AddFindings(report, findings, language);
+  AddFacts(report, facts, language);
+  return report.Take();
+}
+
+std::string JsonReport(const Facts& facts, const std::vector<Finding>& findings,
+                       Language language) {
+  CJson json;
+  json.Open('{');
+  AddFindings(json, findings, language);
+  json.TextAt("windows", facts.windows);
+  AddOutlooks(json, facts);
+  AddRegistration(json, facts);
+  AddLibraries(json, facts);
+  json.TextAt("settings", facts.settings.path);
+  json.FlagAt("logIsOn", facts.settings.logIsOn);
+  json.FlagAt("outlookRuns", facts.running.runs);
+  json.Close('}');
+  return json.Take() + "\n";
+}
+
+}  // namespace quor::doctor

@@ -1,0 +1,115 @@
+#!/usr/bin/env bash
+# Plants one fault after the other in the registry and the files of a Wine prefix, and looks for what
+# doctor.exe finds, in three languages; then has it mended. Needs a Wine prefix in the environment
+# (scripts/lib/wine.sh).
+#
+#   doctor_check.sh DOCTOR WIN32_DLL WIN64_DLL WIN64_SIUSBXP
+set -uo pipefail
+doctor=$1 dll32=$2 dll64=$3 library=$4
+failed=0
+drive=$WINEPREFIX/drive_c
+addin='Software\Microsoft\Office\Outlook\Addins\QuorTelephoneToolbar.Addin'
+office='Software\Microsoft\Office\16.0\Outlook'
+policies='Software\Policies\Microsoft\Office\16.0\Outlook'
+class='Software\Classes\CLSID\{DA593EC2-67C4-4602-B30E-3FEC47C1C55A}\InprocServer32'
+
+reg() { wine reg "$@" </dev/null >/dev/null 2>&1; }
+findings() { wine "$doctor" --json </dev/null 2>/dev/null |
+  python3 -c 'import json, sys; print(*[finding["name"] for finding in json.load(sys.stdin)["findings"]])'; }
+expect() {  # findings, what was planted
+  local found
+  found=$(findings)
+  [[ $found == "$1" ]] && return
+  echo "$2: expected '$1', found '$found'" >&2
+  failed=1
+}
+expect_code() {  # code, arguments
+  wine "$doctor" "${@:2}" </dev/null >/dev/null 2>&1
+  local code=$?
+  [[ $code == "$1" ]] || { echo "doctor ${*:2}: exit code $code, not $1" >&2; failed=1; }
+}
+
+# A 64-bit Outlook: any 64-bit program of that name.
+mkdir -p "$drive/Office" "$drive/Plug-in/x86" "$drive/Plug-in/x64"
+cp "$drive/windows/system32/notepad.exe" "$drive/Office/OUTLOOK.EXE"
+cp "$dll32" "$drive/Plug-in/x86/QuorTelephoneToolbar.dll"
+cp "$dll64" "$drive/Plug-in/x64/QuorTelephoneToolbar.dll"
+reg add "HKLM\\$office\\InstallRoot" /v Path /d 'C:\Office\' /f /reg:64
+expect "not-registered" "nothing installed"
+expect_code 1 --text
+for each in 'syswow64 x86' 'system32 x64'; do
+  wine "C:\\windows\\${each% *}\\regsvr32.exe" /s "C:\\Plug-in\\${each#* }\\QuorTelephoneToolbar.dll" </dev/null >/dev/null 2>&1
+done
+expect "library-missing" "registered"
+cp "$library" "$drive/Plug-in/x64/SiUSBXp.dll"
+expect "" "all well"
+expect_code 0 --text
+expect_code 0 --json
+expect_code 2 --nonsense
+expect_code 64 --library 'C:\Plug-in\x64\SiUSBXp.dll'
+expect_code 1 --library 'C:\Office\OUTLOOK.EXE'
+expect_code 2 --library 'C:\nowhere.dll'
+
+planted() {  # finding, key, value, type, data, view: plants one value, looks, takes it away
+  reg add "$2" /v "$3" /t "$4" /d "$5" /f "${6:-/reg:64}"
+  expect "$1" "$2 $3"
+  reg delete "$2" /v "$3" /f "${6:-/reg:64}"
+}
+planted new-outlook "HKCU\\$office\\Preferences" UseNewOutlook REG_DWORD 1
+planted switched-off "HKCU\\$addin" LoadBehavior REG_DWORD 2
+reg delete "HKCU\\$addin" /f
+planted policy-off "HKCU\\$policies\\Resiliency\\AddinList" QuorTelephoneToolbar.Addin REG_SZ 0
+planted policy-unlisted "HKCU\\$policies\\Resiliency" RestrictToList REG_DWORD 1
+planted policy-signed-only "HKLM\\$policies\\Security" RequireAddinSig REG_DWORD 1
+planted policy-all-off "HKCU\\$policies\\Security" DisableAllAddins REG_DWORD 1
+planted kept "HKCU\\$office\\Resiliency\\DoNotDisableAddinList" QuorTelephoneToolbar.Addin REG_DWORD 8
+expect_code 0 --text
+
+# "quortelephonetoolbar.dll" in UTF-16, among other bytes.
+path=$(printf 'c:\\plug-in\\x64\\quortelephonetoolbar.dll' | iconv -t UTF-16LE | od -An -v -tx1 | tr -d ' \n')
+reg add "HKCU\\$office\\Resiliency\\DisabledItems" /v 1A2B /t REG_BINARY /d "01000000${path}0000" /f
+reg add "HKCU\\$office\\Resiliency\\DisabledItems" /v Other /t REG_BINARY /d 0100000061006200 /f
+reg add "HKCU\\$office\\Resiliency\\CrashingAddinList" /v QuorTelephoneToolbar.Addin /t REG_DWORD /d 3 /f
+reg add "HKCU\\$addin" /v LoadBehavior /t REG_DWORD /d 2 /f
+expect "switched-off disabled crashed" "disabled by Outlook"
+for language in "en:Outlook (16.0) has disabled the plug-in" "fr:Outlook (16.0) a désactivé le complément" \
+  "es:Outlook (16.0) ha deshabilitado el complemento"; do
+  [[ $(wine "$doctor" --text --language "${language%%:*}" </dev/null 2>/dev/null) == *"${language#*:}"* ]] ||
+    { echo "no '${language#*:}'" >&2; failed=1; }
+done
+expect_code 1 --fix  # nobody agrees
+expect "switched-off disabled crashed" "not agreed"
+expect_code 0 --fix --yes
+expect "kept" "mended"
+wine reg query "HKCU\\$office\\Resiliency\\DisabledItems" </dev/null 2>/dev/null | grep -q Other ||
+  { echo "mending took somebody else's entry" >&2; failed=1; }
+# What stood there comes back from the copy.
+backup=$(find "$drive/users" -name 'telephone-before-*.reg')
+wine regedit /S "$(wine winepath -w "$backup" </dev/null 2>/dev/null | tr -d '\r')" </dev/null >/dev/null 2>&1
+expect "switched-off disabled crashed" "put back"
+wine "$doctor" --fix --yes </dev/null >/dev/null 2>&1
+reg delete "HKCU\\$office\\Resiliency" /f
+
+cp "$dll32" "$drive/Plug-in/x64/QuorTelephoneToolbar.dll"
+expect file-of-other-bitness "a 32-bit DLL for the 64-bit Outlook"
+rm "$drive/Plug-in/x64/QuorTelephoneToolbar.dll"
+expect file-missing "the DLL is gone"
+cp "$dll64" "$drive/Plug-in/x64/QuorTelephoneToolbar.dll"
+cp "$dll64" "$drive/Plug-in/x64/SiUSBXp.dll"
+expect library-incomplete "some other library"
+cp "$dll32" "$drive/Plug-in/x64/SiUSBXp.dll"
+expect library-of-other-bitness "a 32-bit library"
+cp "$library" "$drive/Plug-in/x64/SiUSBXp.dll"
+settings=$(find "$drive/users" -type d -path "*$(id -un)/AppData/Roaming")/Microsoft/AddIns
+mkdir -p "$settings"
+echo '<Root><System>' >"$settings/vex_cfg.xml"
+expect settings-unreadable "a settings file that is cut off"
+mv "$settings/vex_cfg.xml" "$settings/vex_cfg.bad.xml"
+expect settings-aside "a settings file set aside"
+rm "$settings/vex_cfg.bad.xml"
+reg delete "HKLM\\$class" /f /reg:64
+expect class-missing "no class"
+expect_code 1 --json
+
+((failed == 0)) && echo "doctor: good"
+exit $failed

@@ -1,0 +1,194 @@
+#include "doctor/findings.h"
+
+#include <gmock/gmock.h>
+
+#include "doctor/finding_texts.h"
+#include "doctor/report.h"
+
+namespace quor::doctor {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+// A computer on which all is well: a 64-bit Outlook, the plug-in for everybody in both bitnesses.
+Facts WellFacts() {
+  Facts facts;
+  facts.windows = "Windows 10";
+  facts.outlooks = {{16, 64, "C:\\Office\\OUTLOOK.EXE", "16.0.1.0"}};
+  for (const int bitness : {64, 32}) {
+    facts.classes.push_back(
+        {Scope::Machine, bitness, "C:\\q\\" + std::to_string(bitness), true, bitness, "1.0.0.0"});
+    facts.addInKeys.push_back({Scope::Machine, bitness, 3});
+    facts.libraries.push_back({bitness, "C:\\q\\SiUSBXp.dll", bitness, {}});
+  }
+  return facts;
+}
+
+std::vector<std::string> NamesOf(const Facts& facts) {
+  std::vector<std::string> names;
+  for (const Finding& finding : Examine(facts)) {
+    names.emplace_back(Name(finding.kind));
+  }
+  return names;
+}
+
+TEST(FindingsTest, AWellComputerHasNone) {
+  EXPECT_THAT(NamesOf(WellFacts()), IsEmpty());
+  Facts running = WellFacts();
+  running.running = {true, true, true, true};
+  EXPECT_THAT(NamesOf(running), IsEmpty());
+}
+
+// What is spoilt on a well computer, and what is found then.
+struct Case {
+  const char* expected;
+  void (*spoil)(Facts& facts);
+};
+
+TEST(FindingsTest, EachFaultIsFoundAlone) {
+  const Case cases[] = {
+      {"no-outlook", [](Facts& f) { f.outlooks.clear(); }},
+      {"new-outlook", [](Facts& f) { f.newOutlookChosen = true; }},
+      {"store-outlook", [](Facts& f) { f.storeOutlook = true; }},
+      {"not-registered",
+       [](Facts& f) {
+         f.classes.erase(f.classes.begin());
+         f.addInKeys.erase(f.addInKeys.begin());
+       }},
+      {"class-missing", [](Facts& f) { f.classes.erase(f.classes.begin()); }},
+      {"key-missing", [](Facts& f) { f.addInKeys.erase(f.addInKeys.begin()); }},
+      {"file-missing", [](Facts& f) { f.classes[0].fileExists = false; }},
+      {"file-of-other-bitness", [](Facts& f) { f.classes[0].fileBitness = 32; }},
+      {"versions-differ", [](Facts& f) { f.classes[1].fileVersion = "0.9.0.0"; }},
+      {"elevated-outlook",
+       [](Facts& f) {
+         for (ClassRegistration& each : f.classes)
+           each.scope = Scope::User;
+         f.running.elevated = true;
+       }},
+      {"switched-off", [](Facts& f) { f.addInKeys[0].loadBehavior = 2; }},
+      // What the user chose counts before what is set for everybody.
+      {"switched-off",
+       [](Facts& f) {
+         f.addInKeys.push_back({Scope::User, 0, 2});
+       }},
+      {"not-at-start", [](Facts& f) { f.addInKeys[0].loadBehavior = 9; }},
+      {"not-at-start", [](Facts& f) { f.addInKeys[0].loadBehavior.reset(); }},
+      {"disabled",
+       [](Facts& f) {
+         f.listed = {{OutlookListEntry::List::Disabled, 16, "x", 0}};
+       }},
+      {"crashed",
+       [](Facts& f) {
+         f.listed = {{OutlookListEntry::List::Crashing, 16, "x", 0}};
+       }},
+      {"kept",
+       [](Facts& f) {
+         f.listed = {{OutlookListEntry::List::Kept, 16, "x", 8}};
+       }},
+      {"policy-off",
+       [](Facts& f) {
+         f.policies = {{16, "0", false, false, false}};
+       }},
+      {"policy-unlisted",
+       [](Facts& f) {
+         f.policies = {{16, "", true, false, false}};
+       }},
+      {"policy-signed-only",
+       [](Facts& f) {
+         f.policies = {{16, "1", true, true, false}};
+       }},
+      {"policy-all-off",
+       [](Facts& f) {
+         f.policies = {{16, "2", false, false, true}};
+       }},
+      {"library-missing", [](Facts& f) { f.libraries[0].path.clear(); }},
+      {"library-of-other-bitness", [](Facts& f) { f.libraries[0].fileBitness = 32; }},
+      {"library-incomplete", [](Facts& f) { f.libraries[0].missingOrdinals = {15}; }},
+      {"settings-unreadable",
+       [](Facts& f) {
+         f.settings.exists = true;
+         f.settings.readable = false;
+       }},
+      {"settings-read-only", [](Facts& f) { f.settings.writable = false; }},
+      {"settings-aside", [](Facts& f) { f.settings.asideCopies = 2; }},
+      {"not-connected",
+       [](Facts& f) {
+         f.running = {true, false, true, false};
+       }},
+      {"not-among-add-ins",
+       [](Facts& f) {
+         f.running = {true, false, true, std::nullopt};
+       }},
+  };
+  std::set<std::string> found;
+  for (const Case& each : cases) {
+    Facts facts = WellFacts();
+    each.spoil(facts);
+    EXPECT_THAT(NamesOf(facts), ElementsAre(each.expected));
+    found.insert(each.expected);
+  }
+  EXPECT_EQ(found.size(), static_cast<size_t>(FindingKind::Count)) << "a finding without its case";
+}
+
+TEST(FindingsTest, OnlyTheBitnessOfAnOutlookCounts) {
+  // The 32-bit half may be gone, or be without its library, where Outlook has 64 bits.
+  Facts facts = WellFacts();
+  facts.classes.pop_back();
+  facts.addInKeys.pop_back();
+  facts.libraries.back().path.clear();
+  EXPECT_THAT(NamesOf(facts), IsEmpty());
+  facts.outlooks.push_back({15, 32, "C:\\Old\\OUTLOOK.EXE", "15.0.1.0"});
+  EXPECT_THAT(NamesOf(facts), ElementsAre("not-registered"));
+}
+
+TEST(FindingsTest, AMissingNewOutlookIsNoFault) {
+  // Windows brings it along; it matters only when it is what the user has.
+  Facts facts = WellFacts();
+  facts.newOutlookInstalled = true;
+  EXPECT_THAT(NamesOf(facts), IsEmpty());
+  facts.outlooks.clear();
+  EXPECT_THAT(NamesOf(facts), ElementsAre("no-outlook", "new-outlook"));
+}
+
+TEST(FindingTextsTest, EachFindingHasItsSentencesInEachLanguage) {
+  for (size_t kind = 0; kind < static_cast<size_t>(FindingKind::Count); ++kind) {
+    std::set<std::string> sentences;
+    for (const Language language : {Language::English, Language::French, Language::Spanish}) {
+      const Finding finding{static_cast<FindingKind>(kind), {"{A}", "8"}};
+      const Sentences words = InWords(finding, language);
+      sentences.insert(words.what);
+      for (const std::string& text : {words.what, words.cure}) {
+        EXPECT_FALSE(text.empty()) << Name(finding.kind);
+        EXPECT_EQ(text.find("{0}"), std::string::npos) << text;
+        EXPECT_EQ(text.find("{1}"), std::string::npos) << text;
+      }
+    }
+    EXPECT_EQ(sentences.size(), 3u) << Name(static_cast<FindingKind>(kind));
+  }
+  EXPECT_EQ(InWords({FindingKind::Kept, {"16", "8"}}, Language::French).what,
+            "Outlook (16.0) garde le complément activé malgré un reproche passé (raison fermeture "
+            "lente).");
+}
+
+TEST(ReportTest, TellsFindingsThenFacts) {
+  Facts facts = WellFacts();
+  facts.addInKeys[0].loadBehavior = 2;
+  EXPECT_THAT(TextReport(facts, Examine(facts), Language::English),
+              testing::StartsWith("(!) The plug-in is switched off in Outlook (LoadBehavior 2).\n"
+                                  "    Mend it here, or tick \"Telephone Plug-in\" in Outlook's "
+                                  "list of COM add-ins.\n"
+                                  "\n"
+                                  "What was looked at:\n"
+                                  "  Windows 10\n"
+                                  "  Outlook 16.0, 64-bit, 16.0.1.0, C:\\Office\\OUTLOOK.EXE\n"));
+  const std::string json = JsonReport(facts, Examine(facts), Language::English);
+  EXPECT_THAT(json, testing::StartsWith(R"({"findings":[{"name":"switched-off",)"));
+  EXPECT_THAT(json, HasSubstr(R"("path":"C:\\Office\\OUTLOOK.EXE")"));
+  EXPECT_THAT(json, HasSubstr(R"(tick \"Telephone Plug-in\" in)"));
+}
+
+}  // namespace
+}  // namespace quor::doctor
