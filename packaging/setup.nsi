@@ -1,0 +1,409 @@
+; The set-up program: both DLLs, each registered for its bitness.
+;
+;   makensis -DVERSION=1.0.0 -DSTAGE=<folder with x86, x64 and doctor.exe> -DOUTPUT=<file>
+;            [-DSIGN=<command that signs the file it is given>] setup.nsi
+;
+; Switches of the program that this makes:
+;   /S                    silent: asks nothing and shows nothing
+;   /AllUsers             for everybody; what an elevated start does by itself
+;   /CurrentUser          for this user only, even when elevated
+;   /LibraryFrom=FOLDER   where SiUSBXp.dll is taken from; otherwise from beside the set-up program
+;   /D=FOLDER             where to install to; must be the last one
+; Exit codes: 0 installed; 1 cancelled by the user; 2 failed; 5 needs an administrator; 3010 installed,
+; but a running Outlook works with the former version until it is started again.
+; The uninstaller knows /S and /RemoveSettings; its exit codes are the same.
+
+Unicode true
+SetCompressor /SOLID lzma
+RequestExecutionLevel user
+ManifestDPIAware true
+ManifestSupportedOS all
+
+!include "MUI2.nsh"
+!include "FileFunc.nsh"
+!include "LogicLib.nsh"
+!include "x64.nsh"
+
+!define DLL "QuorTelephoneToolbar.dll"
+!define LIBRARY "SiUSBXp.dll"
+!define APPS_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\QuorTelephoneToolbar"
+!define RUN_ONCE_KEY "Software\Microsoft\Windows\CurrentVersion\RunOnce"
+!define FOLDER_NAME "Telephone Plug-in"
+!define EXIT_FAILED 2
+!define EXIT_NOT_ADMINISTRATOR 5
+!define EXIT_OUTLOOK_RUNS 3010
+
+Name "Telephone Plug-in"
+OutFile "${OUTPUT}"
+BrandingText "Telephone Plug-in ${VERSION}"
+!ifdef SIGN
+  !finalize `${SIGN} "%1"`
+  !uninstfinalize `${SIGN} "%1"`
+!endif
+
+VIProductVersion "${VERSION}.0"
+VIAddVersionKey "ProductName" "Telephone Plug-in"
+VIAddVersionKey "ProductVersion" "${VERSION}"
+VIAddVersionKey "FileVersion" "${VERSION}"
+VIAddVersionKey "FileDescription" "Telephone Plug-in for Microsoft Outlook, set-up"
+VIAddVersionKey "CompanyName" "${PUBLISHER}"
+VIAddVersionKey "LegalCopyright" ""
+
+Var Everybody      ; 1: for everybody, 0: for this user
+Var Switches       ; of regsvr32
+Var InUse          ; 1: Outlook holds a DLL that was to go
+Var LibraryFolder  ; where SiUSBXp.dll is looked for
+Var LibraryNote    ; what to tell of SiUSBXp.dll, empty when all is well
+
+!define MUI_ABORTWARNING
+!define MUI_WELCOMEPAGE_TEXT "$(WelcomeText)"
+!insertmacro MUI_PAGE_WELCOME
+!insertmacro MUI_PAGE_INSTFILES
+!define MUI_FINISHPAGE_TEXT "$(FinishText)"
+!insertmacro MUI_PAGE_FINISH
+!insertmacro MUI_UNPAGE_CONFIRM
+!insertmacro MUI_UNPAGE_INSTFILES
+!insertmacro MUI_LANGUAGE "English"
+!insertmacro MUI_LANGUAGE "French"
+!insertmacro MUI_LANGUAGE "Spanish"
+!insertmacro MUI_RESERVEFILE_LANGDLL
+!include "setup_texts.nsh"
+
+; What set-up and removal have in common: NSIS wants functions of the uninstaller under names of their
+; own.
+!macro COMMON_FUNCTIONS UN PROGRAM PARAMETERS
+
+; Everything below is for everybody or for this user.
+Function ${UN}UseScope
+  ${If} $Everybody == 1
+    SetShellVarContext all
+    StrCpy $Switches ""
+  ${Else}
+    SetShellVarContext current
+    StrCpy $Switches "/n /i:user"
+  ${EndIf}
+  ${If} ${RunningX64}
+    SetRegView 64
+  ${EndIf}
+FunctionEnd
+
+; Says it and ends with the exit code on the stack below the text.
+Function ${UN}GiveUp
+  Pop $0
+  MessageBox MB_OK|MB_ICONSTOP "$0" /SD IDOK
+  Pop $0
+  SetErrorLevel $0
+  Quit
+FunctionEnd
+
+; An elevated start of the same program, when one is needed and a user is there to agree.
+Function ${UN}RequireAdministrator
+  UserInfo::GetAccountType
+  Pop $0
+  ${If} $0 == "Admin"
+    Return
+  ${EndIf}
+  ${IfNot} ${Silent}
+    ${GetParameters} $1
+    ClearErrors
+    ExecShell "runas" "${PROGRAM}" "${PARAMETERS}"
+    ${IfNot} ${Errors}
+      Quit
+    ${EndIf}
+  ${EndIf}
+  Push ${EXIT_NOT_ADMINISTRATOR}
+  Push "$(NeedsAdministrator)"
+  Call ${UN}GiveUp
+FunctionEnd
+
+; regsvr32 of one bitness on the DLL in that folder of ours: stack: folder, further switches; gives the
+; exit code.
+Function ${UN}RegisterDll
+  Exch $1
+  Exch
+  Exch $0
+  ${If} $0 == "x64"
+    ; From Vista on a 32-bit program finds the 64-bit system folder under this name.
+    ExecWait '"$WINDIR\Sysnative\regsvr32.exe" /s $1 $Switches "$INSTDIR\x64\${DLL}"' $0
+  ${Else}
+    ExecWait '"$SYSDIR\regsvr32.exe" /s $1 $Switches "$INSTDIR\x86\${DLL}"' $0
+  ${EndIf}
+  Pop $1
+  Exch $0
+FunctionEnd
+
+; Removes the file on the stack, also when Outlook has it loaded: Windows does not delete such a file,
+; but renames it, so that the name is free at once. What was moved aside is deleted when Windows starts
+; next. Outlook is not asked to close: it may hold mails that are not yet written.
+Function ${UN}RemoveFile
+  Exch $0
+  Push $1
+  ClearErrors
+  Delete "$0"
+  ${If} ${Errors}
+    StrCpy $1 1
+    ${While} ${FileExists} "$0.$1.old"
+      IntOp $1 $1 + 1
+    ${EndWhile}
+    ClearErrors
+    Rename "$0" "$0.$1.old"
+    ${If} ${Errors}
+      Push ${EXIT_FAILED}
+      Push "$(CannotReplace)$\r$\n$0"
+      Call ${UN}GiveUp
+    ${EndIf}
+    StrCpy $InUse 1
+    Delete /REBOOTOK "$0.$1.old"
+  ${EndIf}
+  Pop $1
+  Pop $0
+FunctionEnd
+
+; Windows deletes files at its start only for an administrator; for a user it runs a command.
+Function ${UN}TidyLater
+  ${If} $InUse == 1
+  ${AndIf} $Everybody == 0
+    WriteRegStr HKCU "${RUN_ONCE_KEY}" "QuorTelephoneToolbar" \
+      'cmd.exe /c del /q "$INSTDIR\x86\*.old" "$INSTDIR\x64\*.old" & rmdir "$INSTDIR\x86" "$INSTDIR\x64" "$INSTDIR"'
+  ${EndIf}
+FunctionEnd
+
+!macroend
+!insertmacro COMMON_FUNCTIONS "" "$EXEPATH" "$1"
+; What runs then is a copy elsewhere, and knows it by a parameter.
+!insertmacro COMMON_FUNCTIONS "un." "$INSTDIR\uninstall.exe" ""
+
+Function .onInit
+  ${GetParameters} $0
+  StrCpy $Everybody ""
+  ClearErrors
+  ${GetOptions} $0 "/AllUsers" $1
+  ${IfNot} ${Errors}
+    StrCpy $Everybody 1
+  ${EndIf}
+  ClearErrors
+  ${GetOptions} $0 "/CurrentUser" $1
+  ${IfNot} ${Errors}
+    StrCpy $Everybody 0
+  ${EndIf}
+  ${If} $Everybody == ""
+    UserInfo::GetAccountType
+    Pop $1
+    StrCpy $Everybody 0
+    ${If} $1 == "Admin"
+      StrCpy $Everybody 1
+    ${EndIf}
+  ${EndIf}
+  ClearErrors
+  ${GetOptions} $0 "/LibraryFrom=" $LibraryFolder
+  ${If} ${Errors}
+    StrCpy $LibraryFolder $EXEDIR
+  ${EndIf}
+
+  !insertmacro MUI_LANGDLL_DISPLAY
+  ${If} $Everybody == 1
+    Call RequireAdministrator
+  ${EndIf}
+  Call UseScope
+  ${If} $INSTDIR == ""
+    ; An upgrade goes where the former version is.
+    ReadRegStr $INSTDIR SHCTX "${APPS_KEY}" "InstallLocation"
+  ${EndIf}
+  ${If} $INSTDIR == ""
+    ${If} $Everybody == 0
+      StrCpy $INSTDIR "$LOCALAPPDATA\Programs\${FOLDER_NAME}"
+    ${ElseIf} ${RunningX64}
+      StrCpy $INSTDIR "$PROGRAMFILES64\${FOLDER_NAME}"
+    ${Else}
+      StrCpy $INSTDIR "$PROGRAMFILES\${FOLDER_NAME}"
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+; Takes over the library for one bitness: stack: our folder (x86, x64), bitness. What lies there
+; already stays when there is no other.
+Function TakeLibrary
+  Exch $1  ; bitness
+  Exch
+  Exch $0  ; folder
+  Push $2
+  Push $3
+  ; The vendor keeps the two bitnesses in folders of these names.
+  StrCpy $2 "$LibraryFolder\$0\${LIBRARY}"
+  ${IfNot} ${FileExists} "$2"
+    StrCpy $2 "$LibraryFolder\${LIBRARY}"
+  ${EndIf}
+  ${If} ${FileExists} "$2"
+    ExecWait '"$INSTDIR\doctor.exe" --library "$2"' $3
+    ${If} $3 == $1
+      ClearErrors
+      CopyFiles /SILENT "$2" "$INSTDIR\$0\${LIBRARY}"
+      ${IfNot} ${Errors}
+        WriteRegDWORD SHCTX "${APPS_KEY}" "Library$1" 1
+        Goto done
+      ${EndIf}
+    ${ElseIf} $3 != 32
+    ${AndIf} $3 != 64
+      StrCpy $LibraryNote "$(LibraryUnfit)"
+      Goto done
+    ${EndIf}
+  ${EndIf}
+  ${If} ${FileExists} "$INSTDIR\$0\${LIBRARY}"
+    Goto done
+  ${EndIf}
+  StrCpy $2 "$SYSDIR\${LIBRARY}"
+  ${If} $1 == 64
+    StrCpy $2 "$WINDIR\Sysnative\${LIBRARY}"
+  ${EndIf}
+  ${IfNot} ${FileExists} "$2"
+  ${AndIf} $LibraryNote == ""
+    StrCpy $LibraryNote "$(LibraryMissing)"
+  ${EndIf}
+done:
+  Pop $3
+  Pop $2
+  Pop $0
+  Pop $1
+FunctionEnd
+
+!macro INSTALL_DLL FOLDER BITNESS
+  SetOutPath "$INSTDIR\${FOLDER}"
+  Delete "$INSTDIR\${FOLDER}\*.old"
+  Push "$INSTDIR\${FOLDER}\${DLL}"
+  Call RemoveFile
+  File "${STAGE}/${FOLDER}/${DLL}"
+  Push "${FOLDER}"
+  Push ""
+  Call RegisterDll
+  Pop $0
+  ${If} $0 != 0
+    Push ${EXIT_FAILED}
+    Push "$(CannotRegister) ($0)$\r$\n$INSTDIR\${FOLDER}\${DLL}"
+    Call GiveUp
+  ${EndIf}
+  Push "${FOLDER}"
+  Push "${BITNESS}"
+  Call TakeLibrary
+!macroend
+
+Section
+  ClearErrors
+  SetOutPath "$INSTDIR"
+  Push "$INSTDIR\doctor.exe"
+  Call RemoveFile
+  StrCpy $InUse 0  ; only Outlook's use counts
+  File "${STAGE}/doctor.exe"
+  ${If} ${Errors}
+    Push ${EXIT_FAILED}
+    Push "$(CannotReplace)$\r$\n$INSTDIR"
+    Call GiveUp
+  ${EndIf}
+  DeleteRegValue HKCU "${RUN_ONCE_KEY}" "QuorTelephoneToolbar"
+  !insertmacro INSTALL_DLL x86 32
+  ${If} ${RunningX64}
+    !insertmacro INSTALL_DLL x64 64
+  ${EndIf}
+  SetOutPath "$INSTDIR"
+  Call TidyLater
+
+  WriteUninstaller "$INSTDIR\uninstall.exe"
+  CreateShortcut "$SMPROGRAMS\Telephone Plug-in Doctor.lnk" "$INSTDIR\doctor.exe"
+  WriteRegStr SHCTX "${APPS_KEY}" "DisplayName" "Telephone Plug-in"
+  WriteRegStr SHCTX "${APPS_KEY}" "DisplayVersion" "${VERSION}"
+  WriteRegStr SHCTX "${APPS_KEY}" "DisplayIcon" "$INSTDIR\doctor.exe"
+  WriteRegStr SHCTX "${APPS_KEY}" "Publisher" "${PUBLISHER}"
+  WriteRegStr SHCTX "${APPS_KEY}" "InstallLocation" "$INSTDIR"
+  WriteRegStr SHCTX "${APPS_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
+  WriteRegStr SHCTX "${APPS_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
+  WriteRegDWORD SHCTX "${APPS_KEY}" "NoModify" 1
+  WriteRegDWORD SHCTX "${APPS_KEY}" "NoRepair" 1
+  ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
+  WriteRegDWORD SHCTX "${APPS_KEY}" "EstimatedSize" $0
+
+  ${If} $LibraryNote != ""
+    DetailPrint "$LibraryNote"
+    MessageBox MB_OK|MB_ICONINFORMATION "$LibraryNote" /SD IDOK
+  ${EndIf}
+  ${If} $InUse == 1
+    MessageBox MB_OK|MB_ICONINFORMATION "$(OutlookRuns)" /SD IDOK
+    SetErrorLevel ${EXIT_OUTLOOK_RUNS}
+  ${Else}
+    SetErrorLevel 0
+  ${EndIf}
+SectionEnd
+
+Function un.onInit
+  !insertmacro MUI_UNGETLANGUAGE
+  ; The folder tells for whom this copy was installed.
+  ${If} ${RunningX64}
+    SetRegView 64
+  ${EndIf}
+  StrCpy $Everybody 0
+  ReadRegStr $0 HKLM "${APPS_KEY}" "InstallLocation"
+  ${If} $0 == $INSTDIR
+    StrCpy $Everybody 1
+    Call un.RequireAdministrator
+  ${EndIf}
+  Call un.UseScope
+FunctionEnd
+
+!macro UNINSTALL_DLL FOLDER BITNESS
+  ${If} ${FileExists} "$INSTDIR\${FOLDER}\${DLL}"
+    Push "${FOLDER}"
+    Push "/u"
+    Call un.RegisterDll
+    Pop $0
+    Push "$INSTDIR\${FOLDER}\${DLL}"
+    Call un.RemoveFile
+  ${EndIf}
+  ReadRegDWORD $0 SHCTX "${APPS_KEY}" "Library${BITNESS}"
+  ${If} $0 == 1
+  ${AndIf} ${FileExists} "$INSTDIR\${FOLDER}\${LIBRARY}"
+    Push "$INSTDIR\${FOLDER}\${LIBRARY}"
+    Call un.RemoveFile
+  ${EndIf}
+  Delete "$INSTDIR\${FOLDER}\*.old"
+  RMDir "$INSTDIR\${FOLDER}"
+!macroend
+
+Section "Uninstall"
+  StrCpy $InUse 0
+  ${un.GetParameters} $0
+  ClearErrors
+  ${un.GetOptions} $0 "/RemoveSettings" $1
+  ${If} ${Errors}
+    MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "$(RemoveSettings)" /SD IDNO IDNO keep
+  ${EndIf}
+  SetShellVarContext current
+  Delete "$APPDATA\Microsoft\AddIns\vex_cfg.xml*"
+  Delete "$APPDATA\Microsoft\AddIns\vex_cfg.bad*.xml"
+  Delete "$APPDATA\Temp\catlog????????.txt"
+  RMDir "$APPDATA\Temp"
+keep:
+  Call un.UseScope
+  !insertmacro UNINSTALL_DLL x86 32
+  ${If} ${RunningX64}
+    !insertmacro UNINSTALL_DLL x64 64
+  ${EndIf}
+  Delete "$INSTDIR\doctor.exe"
+  Delete "$INSTDIR\uninstall.exe"
+  Delete "$SMPROGRAMS\Telephone Plug-in Doctor.lnk"
+  DeleteRegKey SHCTX "${APPS_KEY}"
+  DeleteRegValue HKCU "${RUN_ONCE_KEY}" "QuorTelephoneToolbar"
+  Call un.TidyLater
+  SetOutPath "$TEMP"
+  ${If} $InUse == 1
+    RMDir /REBOOTOK "$INSTDIR\x86"
+    RMDir /REBOOTOK "$INSTDIR\x64"
+    RMDir /REBOOTOK "$INSTDIR"
+  ${Else}
+    RMDir "$INSTDIR"
+  ${EndIf}
+
+  ${If} $InUse == 1
+    MessageBox MB_OK|MB_ICONINFORMATION "$(OutlookRunsRemoved)" /SD IDOK
+    SetErrorLevel ${EXIT_OUTLOOK_RUNS}
+  ${Else}
+    SetErrorLevel 0
+  ${EndIf}
+SectionEnd

@@ -1,0 +1,256 @@
+#!/usr/bin/env bash
+# Installs, upgrades, repairs and removes the packages in fresh Wine prefixes, and compares registry and
+# files before and after as a whole.
+#
+#   packages_check.sh PACKAGES NEXT     folders that scripts/package filled: the version under test, and
+#                                       the same as a later version
+set -uo pipefail
+cd "$(dirname "$0")/../.."
+source scripts/lib/wine.sh
+export LC_ALL=C.UTF-8
+
+packages=$1
+next=$2
+failed=0
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+fail() { echo "FAILED: $*" >&2; failed=1; }
+expect_code() {  # expected, found, what
+  [[ $1 == "$2" ]] || fail "$3: exit code $2, not $1"
+}
+windows_path() { wine winepath -w "$1" 2>/dev/null </dev/null | tr -d '\r'; }
+
+fresh_prefix() {  # name, win64|win32
+  rm -rf "build/wine/$1"
+  export WINEARCH=$2
+  wine_prefix headless "$1"
+  drive=$WINEPREFIX/drive_c
+  # Otherwise Wine enters each shortcut in the menus of this machine.
+  WINEDLLOVERRIDES+=';winemenubuilder.exe='
+  # As Office leaves them; registration makes them where they are missing, and does not remove them.
+  local root
+  for root in HKLM HKCU; do
+    wine reg add "$root\\Software\\Microsoft\\Office\\Outlook\\Addins" /f /reg:32 </dev/null >/dev/null 2>&1
+    wine reg add "$root\\Software\\Microsoft\\Office\\Outlook\\Addins" /f /reg:64 </dev/null >/dev/null 2>&1
+  done
+}
+
+snapshot() {  # name
+  wine regedit /E 'C:\windows\temp\snapshot.reg' </dev/null >/dev/null 2>&1
+  python3 tests/packaging/snapshot.py "$drive/windows/temp/snapshot.reg" "$drive" >"$work/$1.txt"
+}
+
+# What of a snapshot is registration.
+registration_of() { grep -iE 'QuorTelephoneToolbar\.|DA593EC2-67C4-4602-B30E-3FEC47C1C55A|619B3283-8326-4895-A4F2-E3881DC00D2D' \
+  "$work/$1.txt" | grep -viE '^file|\\Installer\\|\\Uninstall\\'; }
+
+expect_same() {  # snapshot, snapshot, what
+  diff "$work/$1.txt" "$work/$2.txt" >"$work/difference.txt" && return
+  fail "$3 leaves a difference:"
+  head -n 30 "$work/difference.txt" >&2
+}
+expect_same_registration() {  # snapshot, snapshot, what
+  diff <(registration_of "$1") <(registration_of "$2") >"$work/difference.txt" && return
+  fail "$3:"
+  head -n 30 "$work/difference.txt" >&2
+}
+
+regsvr32() {  # x86|x64, arguments
+  local system='C:\windows\system32'
+  [[ $1 == x86 && $WINEARCH == win64 ]] && system='C:\windows\syswow64'
+  wine "$system\\regsvr32.exe" /s "${@:2}" </dev/null >/dev/null 2>&1
+}
+
+# The stand-in Outlook of that bitness finds the installed add-in by its registration alone.
+expect_loads() {  # win32|win64, Outlook version, what
+  timeout 120 wine "build/$1/workbench/workbench.exe" --outlook "$2" --quiet \
+    "$(windows_path tests/scenarios/start_with_base.scn)" </dev/null >"$work/workbench.txt" 2>&1
+  local code=$?
+  # The workbench leaves its library beside the add-in.
+  find "$drive/Program Files" -name SiUSBXp.dll -delete
+  [[ $code == 0 ]] && return
+  fail "$3: the workbench ($1, Outlook $2) ends with $code"
+  tail -n 5 "$work/workbench.txt" >&2
+}
+expect_loads_not() {  # win32|win64, Outlook version, what
+  timeout 120 wine "build/$1/workbench/workbench.exe" --outlook "$2" --quiet \
+    "$(windows_path tests/scenarios/start_with_base.scn)" </dev/null >/dev/null 2>&1
+  expect_code 2 $? "$3: the workbench without an add-in"
+}
+
+settings() { echo "$drive/users/$(id -un)/AppData/Roaming/Microsoft/AddIns/vex_cfg.xml"; }
+plant_settings() {
+  mkdir -p "$(dirname "$(settings)")"
+  echo '<Root><System><LanguageNo>2</LanguageNo></System></Root>' >"$(settings)"
+}
+expect_settings() {  # what
+  grep -q '<LanguageNo>2<' "$(settings)" 2>/dev/null || fail "$1: the settings are not as they were"
+}
+
+wait_gone() {  # path, what
+  local second
+  for ((second = 0; second < 60; second++)); do
+    [[ -e $1 ]] || return 0
+    sleep 1
+  done
+  fail "$2: $1 is still there"
+}
+uninstall() {  # folder, switches...
+  wine "$1/uninstall.exe" /S "${@:2}" </dev/null >/dev/null 2>&1
+  wait_gone "$1" "uninstallation"
+}
+
+apps_value() {  # root, name
+  wine reg query "$1\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\QuorTelephoneToolbar" /v "$2" /reg:64 \
+    </dev/null 2>/dev/null | tr -d '\r' | sed -n 's/^    .*    REG_[A-Z]*    //p'
+}
+
+check_setup() {
+  local setup next_setup folder code
+  setup=$(ls "$packages"/*-setup.exe) next_setup=$(ls "$next"/*-setup.exe)
+  fresh_prefix packages win64
+  plant_settings
+  snapshot before
+
+  echo "set-up program, for everybody"
+  wine "$setup" /S </dev/null >/dev/null 2>&1
+  expect_code 0 $? "installation"
+  folder="$drive/Program Files/Telephone Plug-in"
+  [[ $(apps_value HKLM DisplayName) == "Telephone Plug-in" ]] || fail "Apps entry: no name"
+  [[ $setup == *"-$(apps_value HKLM DisplayVersion)-"* ]] || fail "Apps entry: version"
+  snapshot installed
+  expect_loads win64 16 "installed"
+  expect_loads win32 11 "installed"
+
+  # Registration is regsvr32's, whole.
+  for each in x86 x64; do regsvr32 $each /u "C:\\Program Files\\Telephone Plug-in\\$each\\QuorTelephoneToolbar.dll"; done
+  for each in x86 x64; do regsvr32 $each "C:\\Program Files\\Telephone Plug-in\\$each\\QuorTelephoneToolbar.dll"; done
+  snapshot registered
+  expect_same installed registered "registering once more with regsvr32"
+
+  echo "repair"
+  rm "$folder/x64/QuorTelephoneToolbar.dll"
+  regsvr32 x86 /u 'C:\Program Files\Telephone Plug-in\x86\QuorTelephoneToolbar.dll'
+  wine "$setup" /S </dev/null >/dev/null 2>&1
+  expect_code 0 $? "repair"
+  snapshot repaired
+  expect_same installed repaired "repair"
+
+  echo "upgrade while Outlook runs"
+  wine "build/win32/workbench/workbench.exe" --outlook 11 </dev/null >/dev/null 2>&1 &
+  local outlook=$!
+  sleep 8
+  wine "$next_setup" /S </dev/null >/dev/null 2>&1
+  expect_code $((3010 % 256)) $? "upgrade while Outlook runs"  # of an exit code Linux keeps 8 bits
+  [[ -n $(find "$folder/x86" -name '*.old') ]] || fail "the loaded DLL was not moved aside"
+  kill "$outlook"
+  wait "$outlook" 2>/dev/null
+  # Ended like that, the workbench does not put the application-data folder back.
+  wine reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer\User Shell Folders' /v AppData \
+    /t REG_EXPAND_SZ /d '%USERPROFILE%\AppData\Roaming' /f </dev/null >/dev/null 2>&1
+  find "$folder" -name SiUSBXp.dll -delete
+  expect_settings "upgrade"
+  [[ $next_setup == *"-$(apps_value HKLM DisplayVersion)-"* ]] || fail "upgrade: the Apps entry has the former version"
+  wine "$next_setup" /S </dev/null >/dev/null 2>&1
+  expect_code 0 $? "upgrade"
+  [[ -z $(find "$folder" -name '*.old') ]] || fail "what was moved aside stays"
+
+  echo "removal"
+  uninstall "$folder"
+  snapshot after
+  expect_same before after "removal"
+  expect_settings "removal"
+  expect_loads_not win64 16 "removed"
+
+  echo "the USB library is taken over"
+  mkdir -p "$work/library/x86" "$work/library/x64" "$work/wrong/x86" "$work/wrong/x64"
+  cp build/win32/workbench/SiUSBXp.dll "$work/library/x86/"
+  cp build/win64/workbench/SiUSBXp.dll "$work/library/x64/"
+  cp build/win64/workbench/SiUSBXp.dll "$work/wrong/x86/"
+  cp build/win64/workbench/old_library/SiUSBXp.dll "$work/wrong/x64/"
+  wine "$setup" /S "/LibraryFrom=$(windows_path "$work/wrong")" </dev/null >/dev/null 2>&1
+  expect_code 0 $? "installation with libraries that do not fit"
+  [[ -z $(find "$folder" -name SiUSBXp.dll) ]] || fail "a library that does not fit was taken over"
+  wine "$setup" /S "/LibraryFrom=$(windows_path "$work/library")" </dev/null >/dev/null 2>&1
+  cmp -s "$folder/x86/SiUSBXp.dll" "$work/library/x86/SiUSBXp.dll" || fail "the 32-bit library was not taken over"
+  cmp -s "$folder/x64/SiUSBXp.dll" "$work/library/x64/SiUSBXp.dll" || fail "the 64-bit library was not taken over"
+  # Settings go too when that is said.
+  uninstall "$folder" /RemoveSettings
+  [[ ! -e $(settings) ]] || fail "the settings stay although they were to go"
+
+  echo "set-up program, for this user"
+  plant_settings
+  snapshot before
+  wine "$setup" /S /CurrentUser </dev/null >/dev/null 2>&1
+  expect_code 0 $? "installation for the user"
+  snapshot installed
+  folder="$drive/users/$(id -un)/AppData/Local/Programs/Telephone Plug-in"
+  [[ -e $folder/x64/QuorTelephoneToolbar.dll ]] || fail "for the user: no DLL"
+  diff "$work/before.txt" "$work/installed.txt" | grep -E '^[<>] HKEY_LOCAL_MACHINE' >"$work/difference.txt" &&
+    { fail "installation for the user writes for everybody"; head "$work/difference.txt" >&2; }
+  uninstall "$folder"
+  snapshot after
+  expect_same before after "removal for the user"
+}
+
+msi() {  # arguments: msiexec, silent
+  wine msiexec "$@" /qn </dev/null >/dev/null 2>&1
+}
+
+check_msi() {  # x64|x86
+  local architecture=$1 package later folder each code parts=(x86)
+  package=$(windows_path "$(ls "$packages"/*-"$1".msi)")
+  later=$(windows_path "$(ls "$next"/*-"$1".msi)")
+  [[ $1 == x64 ]] && parts=(x86 x64)
+  if [[ $1 == x64 ]]; then fresh_prefix packages-x64 win64; else fresh_prefix packages-x86 win32; fi
+  folder="$drive/Program Files/Telephone Plug-in"
+  plant_settings
+  # Windows Installer keeps keys of its own from its first use on.
+  msi /i "$package"; msi /x "$package"
+  snapshot before
+
+  echo "Windows Installer package, $1"
+  msi /i "$package"
+  expect_code 0 $? "msiexec /i"
+  snapshot installed
+  expect_loads win32 11 "installed by Windows Installer"
+  [[ $1 == x64 ]] && expect_loads win64 16 "installed by Windows Installer"
+
+  for each in "${parts[@]}"; do regsvr32 "$each" /u "C:\\Program Files\\Telephone Plug-in\\$each\\QuorTelephoneToolbar.dll"; done
+  for each in "${parts[@]}"; do regsvr32 "$each" "C:\\Program Files\\Telephone Plug-in\\$each\\QuorTelephoneToolbar.dll"; done
+  snapshot registered
+  [[ $(registration_of registered | wc -l) -gt 30 ]] || fail "nothing to compare with"
+  expect_same_registration registered installed "the package writes something else than regsvr32"
+
+  rm "$folder/x86/QuorTelephoneToolbar.dll"
+  regsvr32 x86 /u "C:\\Program Files\\Telephone Plug-in\\x86\\QuorTelephoneToolbar.dll"
+  # What "msiexec /fa" stands for; Wine knows no /f for a package.
+  msi /i "$package" REINSTALL=ALL REINSTALLMODE=amus
+  expect_code 0 $? "repair by msiexec"
+  [[ -e $folder/x86/QuorTelephoneToolbar.dll ]] || fail "repair does not bring the DLL back"
+  snapshot repaired
+  expect_same_registration installed repaired "repair by Windows Installer"
+
+  msi /i "$later"
+  expect_code 0 $? "msiexec /i of the later version"
+  snapshot upgraded
+  expect_same_registration installed upgraded "upgrade by Windows Installer"
+  expect_settings "upgrade by Windows Installer"
+
+  msi /x "$later"
+  expect_code 0 $? "msiexec /x"
+  snapshot after
+  expect_same before after "removal by Windows Installer"
+  expect_settings "removal by Windows Installer"
+}
+
+for part in ${PARTS:-setup x64 x86}; do
+  case $part in
+    setup) check_setup ;;
+    *) check_msi "$part" ;;
+  esac
+  wine_stop
+done
+((failed == 0)) && echo "packages: good"
+exit $failed

@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Makes packages signed with a throw-away certificate, and looks for the signature in each.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+work=build/signing-check
+rm -rf "$work"
+mkdir -p "$work"
+openssl req -x509 -newkey rsa:2048 -nodes -days 1 -subj "/CN=Throw-away" -addext extendedKeyUsage=codeSigning \
+  -keyout "$work/key.pem" -out "$work/certificate.pem" 2>/dev/null
+scripts/package --sign "$work/certificate.pem" "$work/key.pem" --out "$work/dist"
+unzip -q "$work"/dist/*-support.zip -d "$work"
+while IFS= read -r file; do
+  osslsigncode verify -CAfile "$work/certificate.pem" "$file" >"$work/verify.txt" 2>&1 ||
+    { echo "$file is not signed"; tail -n 20 "$work/verify.txt"; exit 1; }
+done < <(find "$work" -name '*.msi' -o -name '*setup.exe' -o -name doctor.exe -o -name QuorTelephoneToolbar.dll)

@@ -1,0 +1,55 @@
+#!/usr/bin/env python3
+"""Prints the whole registry and all files of a Wine prefix, one value or file a line, for comparing.
+
+  snapshot.py REGISTRY_EXPORT DRIVE
+
+REGISTRY_EXPORT is what "regedit /E" wrote, DRIVE the prefix's drive_c. Left out is what Wine itself
+changes from one moment to the next.
+"""
+import hashlib
+import pathlib
+import re
+import sys
+
+PASSING = re.compile(
+    r"\\Dynamic Data|\\Control\\Video\\|^HKEY_DYN_DATA|\\HARDWARE\\|\\Control\\Print|\\Explorer\\(RecentDocs|FileExts|StreamMRU|"
+    r"SessionInfo)|\\RNG\||\\Sessions\\|\\Volatile Environment|\\MountedDevices|^HKEY_USERS\\(?!S-1-5-21)|"
+    r"^HKEY_CURRENT_CONFIG|^HKEY_CLASSES_ROOT|^HKEY_CURRENT_USER", re.IGNORECASE)
+
+
+def registry_lines(path):
+    text = pathlib.Path(path).read_bytes().decode("utf-16")
+    text = re.sub(r"\\\r?\n\s*", "", text)
+    key = ""
+    for line in text.splitlines():
+        if line.startswith("["):
+            key = "" if PASSING.search(line[1:-1]) else line[1:-1]
+            entry = key
+        else:
+            entry = f"{key}|{line}" if line else ""
+            # The workbench gives its runs a folder of their own; and what waits for a start of Windows
+            # is gone after it, which Wine does not do.
+            if "Shell Folders|\"AppData\"=" in entry or "|\"PendingFileRenameOperations\"=" in entry:
+                entry = ""
+        if key and entry:
+            yield entry
+
+
+def file_lines(drive):
+    drive = pathlib.Path(drive)
+    for path in drive.rglob("*"):
+        name = path.relative_to(drive).as_posix()
+        if re.search(r"(^|/)(temp|inetcache|installer)(/|$)", name, re.IGNORECASE) or path.is_symlink():
+            continue
+        if path.is_dir():
+            content = "folder"
+        elif name.startswith("windows/") or name.endswith(".lnk"):
+            # Wine's own, a gigabyte; and shortcuts hold when their target was last read.
+            content = path.stat().st_size
+        else:
+            content = hashlib.sha256(path.read_bytes()).hexdigest()[:16]
+        yield f"file {name} {content}"
+
+
+for line in sorted([*registry_lines(sys.argv[1]), *file_lines(sys.argv[2])]):
+    print(line)
