@@ -24,6 +24,9 @@ TEST(Placement, CallerWindowLeavesTheToolbarFree) {
   EXPECT_EQ(CentreBelowToolbar({0, 0, 1000, 900}, 400, 200, kWork), (ScreenPoint{300, 350}));
   // A low Outlook window: below its toolbar, even beyond its lower edge.
   EXPECT_EQ(CentreBelowToolbar({0, 100, 1000, 400}, 400, 200, kWork), (ScreenPoint{300, 300}));
+  // Outlook on the second monitor, larger than that: wholly visible there.
+  EXPECT_EQ(CentreBelowToolbar({-1300, -20, 20, 1060}, 400, 200, {-1280, 0, 0, 984}),
+            (ScreenPoint{-840, 420}));
   // No room below: the screen's edge wins.
   EXPECT_EQ(CentreBelowToolbar({0, 800, 1000, 1040}, 400, 200, kWork), (ScreenPoint{300, 840}));
 }
