@@ -56,7 +56,9 @@ void CSpeedDialRegist::OnButton(int id) {
 }
 
 void CSpeedDialRegist::Save() {
-  SpeedDialEntry entry = {TypedText(IDC_SPEED_DIAL_NAME), TypedText(IDC_SPEED_DIAL_NUMBER)};
+  // A number that is pasted keeps what can be dialled of it.
+  SpeedDialEntry entry = {TypedText(IDC_SPEED_DIAL_NAME),
+                          WithoutNumberPunctuation(TypedText(IDC_SPEED_DIAL_NUMBER))};
   if (const int refusal = Refusal(entry.number); refusal != kNoText) {
     FocusControl(IDC_SPEED_DIAL_NUMBER);
     m_messages.ShowMessage(refusal);

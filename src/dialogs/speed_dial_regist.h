@@ -7,8 +7,9 @@
 
 namespace quor {
 
-// Adds or edits a speed dial entry: "Name:", "Number:", "Save". A number that could not be dialled
-// is refused with the dialler's own message, and the window stays open.
+// Adds or edits a speed dial entry: "Name:", "Number:", "Save". A number may be written or pasted
+// with blanks and the like, which are dropped. One that could not be dialled is refused with the
+// dialler's own message, and the window stays open.
 class CSpeedDialRegist final : public CModelessDialog {
  public:
   // All must outlive the window.

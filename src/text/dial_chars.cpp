@@ -17,6 +17,15 @@ constexpr std::array<bool, 256> MakeDialCharTable() {
 
 constexpr std::array<bool, 256> kDialChars = MakeDialCharTable();
 
+bool IsNumberPunctuation(wchar_t character) noexcept {
+  constexpr std::wstring_view kPunctuation = L" \t+-()[]/.\u00a0\u00ad\u202f\u2212\u2060\ufeff";
+  const bool isSpaceMarkOrHyphen = character >= 0x2000 && character <= 0x2015;
+  const bool isDirectionMark = character >= 0x202a && character <= 0x202e;
+  const bool isIsolateMark = character >= 0x2066 && character <= 0x2069;
+  return isSpaceMarkOrHyphen || isDirectionMark || isIsolateMark ||
+         kPunctuation.find(character) != std::wstring_view::npos;
+}
+
 }  // namespace
 
 bool IsPauseChar(char character) noexcept {
@@ -36,6 +45,12 @@ std::string FilterDialChars(std::string& source) {
     kept += IsDialChar(character) ? 1U : 0U;
   }
   result.resize(kept);
+  return result;
+}
+
+std::wstring WithoutNumberPunctuation(std::wstring_view written) {
+  std::wstring result(written);
+  std::erase_if(result, IsNumberPunctuation);
   return result;
 }
 

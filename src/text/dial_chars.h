@@ -14,6 +14,11 @@ bool IsPauseChar(char character) noexcept;  // F, f, P, p
 // string is consumed by the filter, as it is by the call request.
 std::string FilterDialChars(std::string& source);
 
+// Drops what numbers are written with besides their digits: blanks of any width, "+", hyphens,
+// brackets, dots, slashes, and the invisible marks that come along when a number is copied.
+// "+49 (30) 555-0199" gives "49305550199"; what is no part of a number stays.
+std::wstring WithoutNumberPunctuation(std::wstring_view written);
+
 // Drops the pause and flash characters.
 std::string RemovePauseChars(std::string_view number);
 

@@ -50,8 +50,9 @@ class SpeedDial : public testing::Test {
 TEST_F(SpeedDial, RefusesWhatTheDiallerWouldRefuse) {
   const std::pair<std::wstring, int> refused[] = {{L"", IDS_INVALID_NUMBER},
                                                   {std::wstring(25, L'1'), IDS_INVALID_NUMBER},
-                                                  {L"123-4567", IDS_INVALID_CHARACTERS},
-                                                  {L"555 1234", IDS_INVALID_CHARACTERS},
+                                                  {L"+ ()", IDS_INVALID_NUMBER},
+                                                  {L"ask Mary", IDS_INVALID_CHARACTERS},
+                                                  {L"555 x 34", IDS_INVALID_CHARACTERS},
                                                   {L"55\x0416", IDS_INVALID_CHARACTERS}};
   Open(0, {});
   for (const auto& [number, message] : refused) {
@@ -62,6 +63,19 @@ TEST_F(SpeedDial, RefusesWhatTheDiallerWouldRefuse) {
     EXPECT_TRUE(m_regist.IsVisible());
   }
   EXPECT_TRUE(m_store.saved.empty());
+}
+
+TEST_F(SpeedDial, KeepsOfAPastedNumberWhatCanBeDialled) {
+  const std::pair<std::wstring, std::wstring> pasted[] = {
+      {L"+49 (30) 555-0199", L"49305550199"},
+      {L"\x202a+1\x00a0\x2011 [800] 555.01/99\x202c", L"18005550199"},
+      {L" *21# p 5", L"*21#p5"}};
+  for (const auto& [written, kept] : pasted) {
+    Open(3, {});
+    Save(L"Smith", written);
+    EXPECT_FALSE(m_regist.IsVisible());
+    EXPECT_EQ(m_store.saved.back().second, (SpeedDialEntry{L"Smith", kept}));
+  }
 }
 
 TEST_F(SpeedDial, KeepsEntriesAsTheyWereWritten) {
