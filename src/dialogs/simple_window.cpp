@@ -45,6 +45,9 @@ void CSimpleWindow::Show() {
   ShowInFront(m_outlook, CentreBelowToolbar);
   // Another call in a window that is in front already.
   if (inFront) m_keys.Begin();
+  // Windows may have left the window behind another program's; a screen reader tells of it there
+  // too.
+  if (IsVisible()) NotifyWinEvent(EVENT_SYSTEM_ALERT, Window(), OBJID_CLIENT, CHILDID_SELF);
 }
 
 void CSimpleWindow::Hide() {

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <oleacc.h>
 
 #include "dialogs/data_pop_dlg.h"
 #include "dialogs/msg_pop_dlg.h"
@@ -221,6 +222,35 @@ TEST_F(CallerWindow, LogsWhatItCannotShow) {
   m_window.Follow(1, 1, 1);
   m_window.Destroy();
   EXPECT_FALSE(m_window.IsWindow());
+}
+
+std::vector<std::wstring> g_alerts;  // accessible names
+
+void CALLBACK OnAlert(HWINEVENTHOOK, DWORD, HWND window, LONG object, LONG child, DWORD, DWORD) {
+  IAccessible* accessible = nullptr;
+  VARIANT self;
+  BSTR name = nullptr;
+  ASSERT_EQ(AccessibleObjectFromEvent(window, static_cast<DWORD>(object), static_cast<DWORD>(child),
+                                      &accessible, &self),
+            S_OK);
+  ASSERT_EQ(accessible->get_accName(self, &name), S_OK);
+  g_alerts.emplace_back(name);
+  SysFreeString(name);
+  accessible->Release();
+}
+
+TEST_F(CallerWindow, IsAnnouncedToAScreenReader) {
+  ASSERT_EQ(CoInitialize(nullptr), S_OK);
+  const HWINEVENTHOOK hook =
+      SetWinEventHook(EVENT_SYSTEM_ALERT, EVENT_SYSTEM_ALERT, nullptr, OnAlert,
+                      GetCurrentProcessId(), GetCurrentThreadId(), WINEVENT_OUTOFCONTEXT);
+  g_alerts.clear();
+  Ring(0);
+  EXPECT_EQ(g_alerts, std::vector<std::wstring>{L"Incoming Call"});
+  Ring(1);  // another call in the same window
+  EXPECT_EQ(g_alerts.size(), 2u);
+  UnhookWinEvent(hook);
+  CoUninitialize();
 }
 
 TEST_F(CallerWindow, LeavesTheToolbarUncovered) {
