@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <commdlg.h>
+
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -10,6 +12,7 @@
 #include "doctor/gather.h"
 #include "doctor/mend.h"
 #include "doctor/report.h"
+#include "doctor/report_file.h"
 #include "doctor/resource_ids.h"
 
 namespace quor::doctor {
@@ -18,6 +21,7 @@ namespace {
 struct WindowTexts {
   const wchar_t* mend;
   const wchar_t* again;
+  const wchar_t* report;
   const wchar_t* close;
   const wchar_t* ask;
   const wchar_t* mended;
@@ -25,18 +29,18 @@ struct WindowTexts {
 };
 
 constexpr std::array<WindowTexts, 3> kTexts = {{
-    {L"&Mend", L"&Look again", L"Close",
+    {L"&Mend", L"&Look again", L"&Save report...", L"Close",
      L"This switches the plug-in on again in Outlook and takes it off Outlook's lists of disabled "
      L"add-ins. Nothing else is changed. Close Outlook first. Go on?",
      L"Done. Start Outlook again. What stood there before is kept in:\n",
      L"Nothing was changed: the copy of what stands there could not be written."},
-    {L"&Réparer", L"&Examiner de nouveau", L"Fermer",
+    {L"&Réparer", L"&Examiner de nouveau", L"Enre&gistrer un rapport...", L"Fermer",
      L"Le complément sera réactivé dans Outlook et retiré des listes de compléments désactivés. "
      L"Rien "
      L"d'autre ne change. Fermez d'abord Outlook. Continuer ?",
      L"C'est fait. Redémarrez Outlook. L'état précédent est conservé dans :\n",
      L"Rien n'a été changé : la copie de l'état actuel n'a pas pu être écrite."},
-    {L"&Reparar", L"&Mirar de nuevo", L"Cerrar",
+    {L"&Reparar", L"&Mirar de nuevo", L"&Guardar informe...", L"Cerrar",
      L"El complemento se activará de nuevo en Outlook y saldrá de las listas de complementos "
      L"deshabilitados. Nada más cambia. Cierre antes Outlook. ¿Continuar?",
      L"Hecho. Inicie Outlook de nuevo. Lo que había antes queda en:\n",
@@ -63,6 +67,7 @@ class CDoctorWindow {
     SetWindowTextW(window, kTitle);
     SetDlgItemTextW(window, IDC_MEND, Texts().mend);
     SetDlgItemTextW(window, IDC_AGAIN, Texts().again);
+    SetDlgItemTextW(window, IDC_REPORT, Texts().report);
     SetDlgItemTextW(window, IDCANCEL, Texts().close);
     Look();
   }
@@ -89,6 +94,19 @@ class CDoctorWindow {
     Look();
   }
 
+  void SaveReport() {
+    wchar_t path[MAX_PATH] = L"telephone-report.txt";
+    OPENFILENAMEW question = {};
+    question.lStructSize = sizeof question;
+    question.hwndOwner = m_window;
+    question.lpstrFile = path;
+    question.nMaxFile = MAX_PATH;
+    question.lpstrDefExt = L"txt";
+    question.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    if (!GetSaveFileNameW(&question)) return;
+    if (!WriteReportFile(path, m_facts, m_findings)) MessageBeep(MB_ICONWARNING);
+  }
+
   int ExitCode() const {
     const bool well =
         std::ranges::all_of(m_findings, [](const Finding& found) { return IsNote(found.kind); });
@@ -98,6 +116,7 @@ class CDoctorWindow {
   void OnCommand(int id) {
     if (id == IDC_MEND) MendAll();
     if (id == IDC_AGAIN) Look();
+    if (id == IDC_REPORT) SaveReport();
     if (id == IDCANCEL) EndDialog(m_window, ExitCode());
   }
 

@@ -17,6 +17,7 @@
 #include "doctor/mend.h"
 #include "doctor/pe_image.h"
 #include "doctor/report.h"
+#include "doctor/report_file.h"
 
 namespace quor::doctor {
 namespace {
@@ -30,16 +31,17 @@ constexpr char kUsage[] =
     "doctor --text          tells it on the console\n"
     "doctor --json          tells it to programs\n"
     "doctor --fix           mends what can be mended; asks first, --yes agrees\n"
+    "doctor --report FILE   writes it with the newest diagnostic log, without numbers and names\n"
     "  --language en|fr|es  otherwise the language of Windows\n"
     "Exit code: 0 nothing found, 1 something found, 2 could not look.\n";
 
-enum class Wish { Window, Text, Json, Fix, Library, Usage };
+enum class Wish { Window, Text, Json, Fix, Report, Library, Usage };
 
 struct CommandLine {
   Wish wish = Wish::Window;
   Language language = Language::English;
   bool agreed = false;
-  std::wstring library;
+  std::wstring file;  // of Report and Library
 };
 
 Language SystemLanguage() {
@@ -69,9 +71,12 @@ bool Read(const std::vector<std::wstring>& words, CommandLine& line) {
       line.agreed = true;
     } else if (word == L"--help") {
       line.wish = Wish::Usage;
+    } else if (word == L"--report" && hasNext) {
+      line.wish = Wish::Report;
+      line.file = words[++i];
     } else if (word == L"--library" && hasNext) {
       line.wish = Wish::Library;
-      line.library = words[++i];
+      line.file = words[++i];
     } else if (word == L"--language" && hasNext) {
       const std::wstring& language = words[++i];
       if (language != L"en" && language != L"fr" && language != L"es") return false;
@@ -150,7 +155,7 @@ int Run(const std::vector<std::wstring>& words) {
     Print(kUsage);
     return kCouldNotLook;
   }
-  if (line.wish == Wish::Library) return CheckLibrary(line.library);
+  if (line.wish == Wish::Library) return CheckLibrary(line.file);
   if (line.wish == Wish::Usage) {
     Print(kUsage);
     return kWell;
@@ -158,6 +163,9 @@ int Run(const std::vector<std::wstring>& words) {
   if (line.wish == Wish::Window) return ShowDoctorWindow(line.language);
   const Facts facts = Gather();
   const std::vector<Finding> findings = Examine(facts);
+  if (line.wish == Wish::Report) {
+    return WriteReportFile(line.file, facts, findings) ? Code(findings) : kCouldNotLook;
+  }
   if (line.wish == Wish::Fix) return MendOnConsole(line, facts, findings);
   Print(line.wish == Wish::Json ? JsonReport(facts, findings, line.language)
                                 : TextReport(facts, findings, line.language));

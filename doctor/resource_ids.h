@@ -6,5 +6,6 @@
 #define IDC_FINDINGS 101
 #define IDC_MEND 102
 #define IDC_AGAIN 103
+#define IDC_REPORT 104
 
 #endif

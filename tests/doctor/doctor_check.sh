@@ -107,6 +107,12 @@ expect settings-unreadable "a settings file that is cut off"
 mv "$settings/vex_cfg.xml" "$settings/vex_cfg.bad.xml"
 expect settings-aside "a settings file set aside"
 rm "$settings/vex_cfg.bad.xml"
+mkdir -p "$settings/../../Temp"
+printf '2026/01/02 03:04:05.678 Call request Line1 (#0551234567) complete.\r\n' >"$settings/../../Temp/catlog20260102.txt"
+expect_code 0 --report 'C:\report.txt'
+grep -q '(#0000000001) complete' "$drive/report.txt" || { echo "the report is without the masked log" >&2; failed=1; }
+grep -qiE '0551234567|\\users\\'"$(id -un)" "$drive/report.txt" && { echo "the report tells a number or a name" >&2; failed=1; }
+expect_code 2 --report 'Q:\nowhere\report.txt'
 reg delete "HKLM\\$class" /f /reg:64
 expect class-missing "no class"
 expect_code 1 --json

@@ -1,0 +1,67 @@
+#include "doctor/masking.h"
+
+#include <gmock/gmock.h>
+
+namespace quor::doctor {
+namespace {
+
+TEST(MaskingTest, OneCallerStaysOneCallerInFramesAndText) {
+  CMasking masking;
+  EXPECT_EQ(
+      masking.Line(
+          "2009/03/07 08:05:09.042 [R] (39) 26 03 21 04 41 4E 4E 41 20 20 4C 45 45 20 20 20 "
+          "20 20 20 20 0A A5 51 23 45 67 00 00 00 00 00 00 00 01 00 00 03 0D 0A\r\n"),
+      "2009/03/07 08:05:09.042 [R] (39) 26 03 21 04 4E 41 4D 45 31 20 20 20 20 20 20 20 20 20 "
+      "20 20 0A AA AA AA AA A1 00 00 00 00 00 00 00 01 00 00 03 0D 0A\r\n");
+  EXPECT_EQ(masking.Line(
+                "2009/03/07 08:05:09.043 NoNum: 0x01, NoName: 0x02, LongDistance: 0x01, Name[0]: "
+                "0x41, NumberLength: 0x0A, Number: 0551234567, LineTtype: 0x01"),
+            "2009/03/07 08:05:09.043 NoNum: 0x01, NoName: 0x02, LongDistance: 0x01, Name[0]: 0x4E, "
+            "NumberLength: 0x0A, Number: 0000000001, LineTtype: 0x01");
+  // Called back, and somebody else.
+  EXPECT_EQ(masking.Line("[S] (16) 2B 32 01 31 30 30 35 35 31 32 33 34 35 36 37 0D"),
+            "[S] (16) 2B 32 01 31 30 30 30 30 30 30 30 30 30 30 31 0D");
+  EXPECT_EQ(masking.Line("Call request Line1 (#0551234567) complete. ( request size: 13 )"),
+            "Call request Line1 (#0000000001) complete. ( request size: 13 )");
+  EXPECT_EQ(masking.Line("Call request Line1 (#110) complete."),
+            "Call request Line1 (#002) complete.");
+}
+
+TEST(MaskingTest, NamesOfMobilesAndFoldersGo) {
+  CMasking masking;
+  std::string frame = "[R] (61) 26 05 0F";
+  std::string expected = frame;
+  for (int i = 0; i < 4; ++i) {
+    frame += i == 1 ? " 50 61 75 6C 27 73 20 20 20 20 20 20 20 20"
+                    : " 00 00 00 00 00 00 00 00 00 00 00 00 00 00";
+    expected += i == 1 ? " 4E 41 4D 45 31 20 20 20 20 20 20 20 20 20"
+                       : " 00 00 00 00 00 00 00 00 00 00 00 00 00 00";
+  }
+  EXPECT_EQ(masking.Line(frame + " 0D 0A"), expected + " 0D 0A");
+  EXPECT_EQ(masking.Line("FolderName=Smith family\r\n"), "FolderName=FOLDER2\r\n");
+  EXPECT_EQ(CMasking::Paths("C:\\Users\\Mary Smith\\AppData"), "C:\\Users\\USER\\AppData");
+}
+
+TEST(MaskingTest, WhatIsNoNumberStays) {
+  CMasking masking;
+  for (const char* line :
+       {"2009/03/07 08:05:09.042 CAddin::OnConnection\r\n",
+        "** Error : options failed. (0x80070578)", "[R] (10) 26 01 00 03 01 01 01 0F 0D 0A",
+        "Result: 0x00, L1: 0x03, L2: 0x01, CELL: 0x01", "[S] (3) 2B 31 0D",
+        "[S] (6) 2B 32 01 30 30 0D", "", "\r\n", "[", "[R] (39)"}) {
+    EXPECT_EQ(masking.Line(line), line);
+  }
+}
+
+TEST(MaskingTest, ABrokenFrameShowsNothing) {
+  // A caller-ID frame whose end is missing: its name and number are somewhere in it.
+  CMasking masking;
+  EXPECT_EQ(masking.Line("[I] (12) 26 03 21 04 41 4E 4E 41 20 31 32 33"),
+            "[I] (12) 26 03 21 04 58 58 58 58 20 30 30 30");
+  EXPECT_EQ(
+      masking.Line("[I] (23) 26 03 21 04 41 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 0A A5 51"),
+      "[I] (23) 26 03 21 04 58 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 0A AA AA");
+}
+
+}  // namespace
+}  // namespace quor::doctor
