@@ -28,7 +28,10 @@ fresh_prefix() {  # name, win64|win32
   drive=$WINEPREFIX/drive_c
   # Otherwise Wine enters each shortcut in the menus of this machine.
   WINEDLLOVERRIDES+=';winemenubuilder.exe='
-  # As Office leaves them; registration makes them where they are missing, and does not remove them.
+  # As Windows and Office leave them; they are made where they are missing, and not removed.
+  wine reg add 'HKCU\Software\Classes\CLSID' /f </dev/null >/dev/null 2>&1
+  wine reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall' /f </dev/null >/dev/null 2>&1
+  mkdir -p "$drive/users/$(id -un)/AppData/Local/Programs"
   local root
   for root in HKLM HKCU; do
     wine reg add "$root\\Software\\Microsoft\\Office\\Outlook\\Addins" /f /reg:32 </dev/null >/dev/null 2>&1
