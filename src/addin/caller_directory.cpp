@@ -3,9 +3,8 @@
 namespace quor {
 namespace {
 
-std::optional<CallerMatch> Answer(bool found, const ContactMatch& match) {
-  if (!found) return std::nullopt;
-  return CallerMatch{match.entryId, match.telNumberType};
+const OpenContact* OpenedBy(const CallerMatch& match) {
+  return static_cast<const OpenContact*>(match.opened.get());
 }
 
 FormResult Display(const CContactItem& contact) {
@@ -20,6 +19,11 @@ FormResult Display(const CContactItem& contact) {
 
 }  // namespace
 
+std::optional<CallerMatch> CCallerDirectory::Answer(bool found, const ContactMatch& match) {
+  if (!found) return std::nullopt;
+  return CallerMatch{match.entryId, match.telNumberType, m_contacts.TakeOpened()};
+}
+
 std::optional<CallerMatch> CCallerDirectory::FindPhoneNumber(std::string_view number, bool check) {
   m_folders.FinishScan();
   ContactMatch match;
@@ -33,13 +37,12 @@ std::optional<CallerMatch> CCallerDirectory::SearchPhoneNumber(std::string_view 
   return Answer(m_index.SearchPhoneNumber(number, check, match), match);
 }
 
-std::optional<std::wstring> CCallerDirectory::FindContactFileAs(std::string_view entryId) {
-  return m_contacts.FileAs(entryId);
+std::optional<std::wstring> CCallerDirectory::FindContactFileAs(const CallerMatch& match) {
+  return m_contacts.FileAs(match.entryId, OpenedBy(match));
 }
 
-std::optional<std::wstring> CCallerDirectory::FindContactPhoneNumber(std::string_view entryId,
-                                                                     int telNumberType) {
-  return m_contacts.PhoneNumber(entryId, telNumberType);
+std::optional<std::wstring> CCallerDirectory::FindContactPhoneNumber(const CallerMatch& match) {
+  return m_contacts.PhoneNumber(match.entryId, match.telNumberType, OpenedBy(match));
 }
 
 FormResult CCallerDirectory::DisplayContact(std::string_view entryId) {

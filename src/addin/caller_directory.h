@@ -19,13 +19,14 @@ class CCallerDirectory final : public ICallerDirectory {
 
   std::optional<CallerMatch> FindPhoneNumber(std::string_view number, bool check) override;
   std::optional<CallerMatch> SearchPhoneNumber(std::string_view number, bool check) override;
-  std::optional<std::wstring> FindContactFileAs(std::string_view entryId) override;
-  std::optional<std::wstring> FindContactPhoneNumber(std::string_view entryId,
-                                                     int telNumberType) override;
+  std::optional<std::wstring> FindContactFileAs(const CallerMatch& match) override;
+  std::optional<std::wstring> FindContactPhoneNumber(const CallerMatch& match) override;
   FormResult DisplayContact(std::string_view entryId) override;
   FormResult DisplayNewContact(std::wstring_view number) override;
 
  private:
+  std::optional<CallerMatch> Answer(bool found, const ContactMatch& match);
+
   CPhoneNumberIndex& m_index;
   COutlookContactDirectory& m_contacts;
   CContactFolders& m_folders;

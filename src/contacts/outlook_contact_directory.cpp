@@ -7,56 +7,70 @@ namespace {
 
 constexpr int kBusinessNumber = 2;
 
+constexpr const char* kOpeningLine = "CAddin::FindContactFileAs\n";
+
 }  // namespace
 
 bool COutlookContactDirectory::FindContactFileAs(std::string_view entryId, std::string& fileAs) {
-  const std::optional<std::wstring> found = FileAs(entryId);
-  if (found) fileAs = AnsiFromWide(*found);
-  return found.has_value();
+  std::shared_ptr<const OpenContact> contact = OpenTracked(entryId);
+  if (!contact) return false;
+  fileAs = AnsiFromWide(contact->fileAs);
+  m_opened = std::move(contact);
+  return true;
 }
 
-std::optional<std::wstring> COutlookContactDirectory::FileAs(std::string_view entryId) {
-  m_log.Write("CAddin::FindContactFileAs\n");
+std::optional<std::wstring> COutlookContactDirectory::FileAs(std::string_view entryId,
+                                                             const OpenContact* opened) {
+  if (opened != nullptr) {
+    m_log.Write(kOpeningLine);
+    return opened->fileAs;
+  }
+  const std::shared_ptr<const OpenContact> contact = OpenTracked(entryId);
+  return contact ? std::optional(contact->fileAs) : std::nullopt;
+}
+
+std::shared_ptr<const OpenContact> COutlookContactDirectory::OpenTracked(std::string_view entryId) {
+  m_log.Write(kOpeningLine);
   try {
-    return ReadFileAs(entryId);
+    return ReadTracked(entryId);
   } catch (const _com_error&) {
-    return std::nullopt;
+    return nullptr;
   }
 }
 
-std::optional<std::wstring> COutlookContactDirectory::ReadFileAs(std::string_view entryId) {
+std::shared_ptr<const OpenContact> COutlookContactDirectory::ReadTracked(std::string_view entryId) {
   // A copy: a shutdown inside a call lets go of the application.
   const COutlookApplication application = m_application;
   const CNameSpace nameSpace = application.GetNamespace();
   const std::wstring store = nameSpace.GetDefaultFolder(kFolderContacts).StoreId();
   if (entryId.empty()) {
     m_log.Write("CAddin::entry ID is empty\n");
-    return std::nullopt;
+    return nullptr;
   }
   IDispatchPtr item;
   try {
     item = nameSpace.GetItemFromId(WideFromAnsi(entryId), store);
   } catch (const _com_error&) {
     m_log.Write("CAddin::GetItemFromID is failed\n");
-    return std::nullopt;
+    return nullptr;
   }
   const CContactItem contact = QueryObject<CContactItem>(item);
   if (!contact) {
     m_log.Write("CAddin::spContactItem is NULL\n");
-    return std::nullopt;
+    return nullptr;
   }
   std::wstring fileAs;
   try {
     fileAs = contact.FileAs();
   } catch (const _com_error&) {
     m_log.Write("CAddin::get_FileAs is failed\n");
-    return std::nullopt;
+    return nullptr;
   }
   if (!m_folders.IsTracked(contact.Parent())) {
     m_log.Write("CAddin::CheckContactsFolder check is failed\n");
-    return std::nullopt;
+    return nullptr;
   }
-  return fileAs;
+  return std::make_shared<OpenContact>(OpenContact{contact, std::move(fileAs)});
 }
 
 CContactItem COutlookContactDirectory::OpenInStore(const CNameSpace& nameSpace,
@@ -77,9 +91,10 @@ CContactItem COutlookContactDirectory::Open(std::string_view entryId) {
 }
 
 std::optional<std::wstring> COutlookContactDirectory::PhoneNumber(std::string_view entryId,
-                                                                  int telNumberType) {
+                                                                  int telNumberType,
+                                                                  const OpenContact* opened) {
   try {
-    const CContactItem contact = Open(entryId);
+    const CContactItem contact = opened != nullptr ? opened->item : Open(entryId);
     if (!contact) return std::nullopt;
     return contact.TelephoneNumber(telNumberType);
   } catch (const _com_error&) {

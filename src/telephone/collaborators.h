@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -92,6 +93,9 @@ class ICallerWindow {
 struct CallerMatch {
   std::string entryId;
   int telNumberType = 0;  // 1 to 12: which of the contact's indexed phone fields matched
+  // The directory's: set by a checked look-up, it keeps the contact open for the two questions
+  // below. Not to be held longer than that.
+  std::shared_ptr<const void> opened;
 };
 
 enum class FormResult {
@@ -108,10 +112,9 @@ class ICallerDirectory {
   virtual std::optional<CallerMatch> FindPhoneNumber(std::string_view number, bool check) = 0;
   virtual std::optional<CallerMatch> SearchPhoneNumber(std::string_view number, bool check) = 0;
 
-  virtual std::optional<std::wstring> FindContactFileAs(std::string_view entryId) = 0;
-  // The contact's own number of that type, as the user wrote it.
-  virtual std::optional<std::wstring> FindContactPhoneNumber(std::string_view entryId,
-                                                             int telNumberType) = 0;
+  virtual std::optional<std::wstring> FindContactFileAs(const CallerMatch& match) = 0;
+  // The contact's own number that matched, as the user wrote it.
+  virtual std::optional<std::wstring> FindContactPhoneNumber(const CallerMatch& match) = 0;
 
   virtual FormResult DisplayContact(std::string_view entryId) = 0;
   // A new contact form with the number filled in.

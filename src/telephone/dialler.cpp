@@ -47,7 +47,7 @@ bool CDialler::DialCall(int listIndex, std::wstring_view destination) {
   if (!posted) return false;
 
   std::optional<std::wstring> fileAs;
-  if (contact) fileAs = m_with.directory.FindContactFileAs(contact->entryId);
+  if (contact) fileAs = m_with.directory.FindContactFileAs(*contact);
   Remember({shown, std::move(fileAs).value_or(std::wstring()), WideFromAnsi(number)});
   if (!m_state.HasRibbon()) m_with.controls.PutHistory();
   SetDialText(shown);

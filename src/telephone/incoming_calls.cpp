@@ -49,8 +49,8 @@ void CIncomingCalls::OnCallerId(bool longDistance) {
   caller.name = WideFromAnsi(caller.information.name);
   caller.number = WideFromAnsi(number);
 
-  const std::optional<CallerMatch> match = FindPhoneNumber(true, number);
-  if (match) Identify(*match, caller);
+  std::optional<CallerMatch> match = FindPhoneNumber(true, number);
+  if (match) Identify(*std::move(match), caller);
   if (!caller.number.empty()) m_callerList.Add(caller.name, caller.number);
   // Before a contact form can cover or delay it.
   m_with.controls.RedrawLineButtons();
@@ -74,11 +74,11 @@ std::optional<CallerMatch> CIncomingCalls::FindPhoneNumber(bool check, std::stri
 }
 
 // Number and name as the contact has them; what cannot be read stays as the base sent it.
-void CIncomingCalls::Identify(const CallerMatch& match, Caller& caller) {
+void CIncomingCalls::Identify(CallerMatch match, Caller& caller) {
   caller.entryId = match.entryId;
-  auto number = m_with.directory.FindContactPhoneNumber(match.entryId, match.telNumberType);
+  auto number = m_with.directory.FindContactPhoneNumber(match);
   if (number && !number->empty()) caller.number = *std::move(number);
-  auto fileAs = m_with.directory.FindContactFileAs(match.entryId);
+  auto fileAs = m_with.directory.FindContactFileAs(match);
   if (fileAs) caller.name = *std::move(fileAs);
 }
 

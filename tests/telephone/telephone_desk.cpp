@@ -111,7 +111,7 @@ std::optional<CallerMatch> CTelephoneDesk::Look(const std::map<std::string, Cont
   if (whileLookingUp) std::exchange(whileLookingUp, nullptr)();
   const auto contact = where.find(std::string(number));
   if (contact == where.end()) return std::nullopt;
-  return CallerMatch{contact->first, 3};
+  return CallerMatch{contact->first, 3, nullptr};
 }
 
 std::optional<CallerMatch> CTelephoneDesk::FindPhoneNumber(std::string_view number, bool check) {
@@ -127,15 +127,15 @@ const CTelephoneDesk::Contact& CTelephoneDesk::Opened(std::string_view entryId) 
   return contact != found.end() ? contact->second : searched.at(std::string(entryId));
 }
 
-std::optional<std::wstring> CTelephoneDesk::FindContactFileAs(std::string_view entryId) {
-  const Contact& contact = Opened(entryId);
+std::optional<std::wstring> CTelephoneDesk::FindContactFileAs(const CallerMatch& match) {
+  const Contact& contact = Opened(match.entryId);
   return contact.readable ? std::optional(contact.fileAs) : std::nullopt;
 }
 
-std::optional<std::wstring> CTelephoneDesk::FindContactPhoneNumber(std::string_view entryId,
-                                                                   int telNumberType) {
-  const Contact& contact = Opened(entryId);
-  return contact.readable && telNumberType == 3 ? std::optional(contact.number) : std::nullopt;
+std::optional<std::wstring> CTelephoneDesk::FindContactPhoneNumber(const CallerMatch& match) {
+  const Contact& contact = Opened(match.entryId);
+  return contact.readable && match.telNumberType == 3 ? std::optional(contact.number)
+                                                      : std::nullopt;
 }
 
 FormResult CTelephoneDesk::DisplayContact(std::string_view entryId) {

@@ -97,9 +97,8 @@ class CTelephoneDesk final : private ILogWriter,
   void Follow(uint8_t line1, uint8_t line2, uint8_t cell) override;
   std::optional<CallerMatch> FindPhoneNumber(std::string_view number, bool check) override;
   std::optional<CallerMatch> SearchPhoneNumber(std::string_view number, bool check) override;
-  std::optional<std::wstring> FindContactFileAs(std::string_view entryId) override;
-  std::optional<std::wstring> FindContactPhoneNumber(std::string_view entryId,
-                                                     int telNumberType) override;
+  std::optional<std::wstring> FindContactFileAs(const CallerMatch& match) override;
+  std::optional<std::wstring> FindContactPhoneNumber(const CallerMatch& match) override;
   FormResult DisplayContact(std::string_view entryId) override;
   FormResult DisplayNewContact(std::wstring_view number) override;
   uint32_t TickMilliseconds() noexcept override { return tick; }
