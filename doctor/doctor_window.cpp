@@ -125,7 +125,9 @@ class CDoctorWindow {
       if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(window, DWLP_USER, second);
         reinterpret_cast<CDoctorWindow*>(second)->Prepare(window);
-        return TRUE;
+        // Not to the text: Windows would select it.
+        SetFocus(GetDlgItem(window, IDCANCEL));
+        return FALSE;
       }
       if (message == WM_COMMAND) {
         reinterpret_cast<CDoctorWindow*>(GetWindowLongPtrW(window, DWLP_USER))

@@ -15,7 +15,7 @@ constexpr Words kYes = {"yes", "oui", "sí"};
 constexpr Words kNo = {"no", "non", "no"};
 constexpr Words kOn = {"on", "activé", "activado"};
 constexpr Words kOff = {"off", "désactivé", "desactivado"};
-constexpr Words kNone = {"none", "aucun", "ninguno"};
+constexpr Words kNone = {"not there", "absent", "no está"};
 constexpr Words kUser = {"this user", "cet utilisateur", "este usuario"};
 constexpr Words kEverybody = {"everybody", "tous", "todos"};
 constexpr Words kPlugIn = {"Plug-in", "Complément", "Complemento"};
@@ -76,8 +76,8 @@ void AddFacts(CTextReport& report, const Facts& facts, Language language) {
     report.Line("  SiUSBXp.dll, " + Bits(library.bitness) + ": " +
                 (library.path.empty() ? report.Word(kNone) : library.path));
   }
-  report.Line(std::string("  ") + report.Word(kSettings) + ": " + facts.settings.path + " (" +
-              report.YesNo(facts.settings.exists) + ")");
+  report.Line(std::string("  ") + report.Word(kSettings) + ": " + facts.settings.path +
+              (facts.settings.exists ? "" : std::string(", ") + report.Word(kNone)));
   report.Line(std::string("  ") + report.Word(kLog) + ": " +
               report.Word(facts.settings.logIsOn ? kOn : kOff) + " " + facts.settings.newestLog);
   report.Line(std::string("  ") + report.Word(kRuns) + ": " + report.YesNo(facts.running.runs));
