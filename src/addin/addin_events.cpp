@@ -43,7 +43,11 @@ void CAddin::OnRequest(WindowRequest request, uint32_t parameter) {
 
 void CAddin::OnTimer(UINT_PTR timer) {
   if (timer == kDeferredTimer) BuildContacts();
-  if (timer == kDevicePollTimer) m_link.ReceiveFrame();
+  if (timer == kDevicePollTimer) {
+    const uint32_t began = m_clock.TickMilliseconds();
+    m_link.ReceiveFrame();
+    m_link.NotePoll(began, m_clock.TickMilliseconds());
+  }
   if (timer == kSelectionTimer) {
     m_window.StopTimer(kSelectionTimer);
     m_ui.FollowSelection();

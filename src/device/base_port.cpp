@@ -129,6 +129,7 @@ bool CBasePort::CheckReceiveQueue(uint32_t& queued) noexcept {
     case kRxEmpty:
       return false;
     case kRxOverrun:
+      ++m_health.overruns;
       m_log.Write("status not ready. SI_RX_OVERRUN\n");
       return false;
     default:

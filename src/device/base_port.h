@@ -6,6 +6,7 @@
 #include <span>
 
 #include "device/connection_events.h"
+#include "device/link_health.h"
 #include "device/usbxpress.h"
 #include "module/diagnostic_log.h"
 
@@ -16,8 +17,9 @@ namespace quor {
 // that a later tick opens it again.
 class CBasePort {
  public:
-  CBasePort(IUsbXpress& usb, CConnectionEvents& events, CDiagnosticLog& log) noexcept
-      : m_usb(usb), m_events(events), m_log(log) {}
+  CBasePort(IUsbXpress& usb, CConnectionEvents& events, LinkHealth& health,
+            CDiagnosticLog& log) noexcept
+      : m_usb(usb), m_events(events), m_health(health), m_log(log) {}
   // Closes a device that is still open: the library's thread for it must end before the library is
   // freed. Not logged, since the log's session has ended with the add-in.
   ~CBasePort() {
@@ -64,6 +66,7 @@ class CBasePort {
 
   IUsbXpress& m_usb;
   CConnectionEvents& m_events;
+  LinkHealth& m_health;
   CDiagnosticLog& m_log;
   UsbHandle m_handle = nullptr;
 };

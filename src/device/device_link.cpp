@@ -1,5 +1,6 @@
 #include "device/device_link.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -13,9 +14,9 @@ CDeviceLink::CDeviceLink(IUsbXpress& usb, IMessageQueue& queue, DeviceRecords& r
     : m_records(records),
       m_log(log),
       m_events(queue, log),
-      m_port(usb, m_events, log),
+      m_port(usb, m_events, m_health, log),
       m_dispatcher(records, queue, log),
-      m_reader(m_port, m_dispatcher, log) {}
+      m_reader(m_port, m_dispatcher, m_health, log) {}
 
 void CDeviceLink::Probe() {
   // Open still from before a disconnection, while the base can be opened once only.
@@ -51,6 +52,12 @@ bool CDeviceLink::ReceiveFrame() {
   return CheckPresence() && m_port.CheckReceiveQueue(queued) && m_reader.ReadFrame();
 }
 
+void CDeviceLink::NotePoll(uint32_t began, uint32_t ended) noexcept {
+  m_health.longestPoll = std::max(m_health.longestPoll, ended - began);
+  if (IsOpen() && !m_wasOpen) m_health.connectedSince = ended;
+  m_wasOpen = IsOpen();
+}
+
 bool CDeviceLink::CheckPresence() {
   uint32_t index = 0;
   if (m_port.FindDevice(index)) return m_port.IsOpen() || Recover(index);
@@ -66,6 +73,7 @@ bool CDeviceLink::Recover(uint32_t index) {
   m_events.RaiseConnect();  // the second one, after the set-up's own: both are delivered
   m_records.lastStatus = kNothingReported;
   m_log.Write("** Recovery : USB device recovery.\n");
+  ++m_health.connections;
   return true;
 }
 

@@ -10,6 +10,7 @@
 #include "device/frame_format.h"
 #include "device/frame_reader.h"
 #include "device/indication_dispatcher.h"
+#include "device/link_health.h"
 #include "device/message_queue.h"
 #include "device/records.h"
 #include "device/usbxpress.h"
@@ -45,6 +46,10 @@ class CDeviceLink {
   // frame was read and dispatched.
   bool ReceiveFrame();
 
+  // To be called after each tick with the ticks (milliseconds) at which it began and ended.
+  void NotePoll(uint32_t began, uint32_t ended) noexcept;
+  const LinkHealth& Health() const noexcept { return m_health; }
+
   // Requests. False when the frame could not be sent whole; the device is then closed and the
   // disconnect event raised. The number must hold dial characters only; it is emptied after the
   // attempt, successful or not.
@@ -69,6 +74,8 @@ class CDeviceLink {
 
   DeviceRecords& m_records;
   CDiagnosticLog& m_log;
+  LinkHealth m_health;
+  bool m_wasOpen = false;  // after the last tick
   CConnectionEvents m_events;
   CBasePort m_port;
   CIndicationDispatcher m_dispatcher;

@@ -13,11 +13,13 @@ bool CFrameReader::ReadFrame() noexcept {
   if (!ReadExactly(std::span(buffer).first<kHeaderSize>())) return false;
 
   if (buffer[0] != kIndicationStart) {
+    ++m_health.badStartBytes;
     Resynchronise(buffer);
     return false;
   }
   const size_t bodySize = IndicationBodySize(buffer[1]);
   if (bodySize == 0) {
+    ++m_health.unknownTypes;
     m_log.Print("** Error : Read Message type error 0x%02X ---> SI_FlushBuffers()\n", buffer[1]);
     m_port.Purge();
     return false;
@@ -25,6 +27,7 @@ bool CFrameReader::ReadFrame() noexcept {
   if (!ReadExactly(std::span(buffer).subspan(kHeaderSize, bodySize))) return false;
 
   const auto frame = std::span<const uint8_t>(buffer).first(kHeaderSize + bodySize);
+  ++m_health.framesRead;
   DumpFrame(m_log, FrameDirection::Received, frame);
   CheckDelimiters(frame);
   m_dispatcher.Dispatch(frame);
@@ -66,6 +69,7 @@ void CFrameReader::CheckDelimiters(std::span<const uint8_t> frame) noexcept {
   const uint8_t beforeLast = frame[frame.size() - 2];
   const uint8_t last = frame.back();
   if (beforeLast != kCarriageReturn && last != kLineFeed) {
+    ++m_health.badDelimiters;
     m_log.Print("** Error : Delimit error.(0x%02X-0x%02X)\n", beforeLast, last);
   }
 }

@@ -7,6 +7,7 @@
 
 #include "device/base_port.h"
 #include "device/indication_dispatcher.h"
+#include "device/link_health.h"
 #include "module/diagnostic_log.h"
 
 namespace quor {
@@ -16,8 +17,9 @@ namespace quor {
 // call starts a fresh frame. Allocates nothing while the log is off.
 class CFrameReader {
  public:
-  CFrameReader(CBasePort& port, CIndicationDispatcher& dispatcher, CDiagnosticLog& log) noexcept
-      : m_port(port), m_dispatcher(dispatcher), m_log(log) {}
+  CFrameReader(CBasePort& port, CIndicationDispatcher& dispatcher, LinkHealth& health,
+               CDiagnosticLog& log) noexcept
+      : m_port(port), m_dispatcher(dispatcher), m_health(health), m_log(log) {}
 
   // To be called when bytes are queued. True when a frame was read and dispatched.
   bool ReadFrame() noexcept;
@@ -32,6 +34,7 @@ class CFrameReader {
 
   CBasePort& m_port;
   CIndicationDispatcher& m_dispatcher;
+  LinkHealth& m_health;
   CDiagnosticLog& m_log;
 };
 

@@ -1,9 +1,25 @@
 #include "dialogs/about_dlg.h"
 
+#include <initializer_list>
+
 #include "com/com_boundary.h"
 #include "resources/resource_ids.h"
+#include "text/format.h"
 
 namespace quor {
+namespace {
+
+// Replaces "%1" and so on by the texts.
+std::wstring Insert(std::wstring pattern, std::initializer_list<std::wstring> texts) {
+  wchar_t number = L'1';
+  for (const std::wstring& text : texts) {
+    const size_t at = pattern.find(std::wstring{L'%', number++});
+    if (at != std::wstring::npos) pattern.replace(at, 2, text);
+  }
+  return pattern;
+}
+
+}  // namespace
 
 CAboutDlg::CAboutDlg(const CResourceLoader& resources, IAboutActions& actions,
                      CDiagnosticLog& log) noexcept
@@ -31,10 +47,23 @@ void CAboutDlg::Fill(const AboutFacts& facts) {
   show(IDC_ABOUT_ARCHITECTURE, m_resources.Text(is64Bit ? IDS_64_BIT : IDS_32_BIT));
   show(IDC_ABOUT_BASE,
        m_resources.Text(facts.baseIsConnected ? IDS_BASE_CONNECTED : IDS_BASE_NOT_CONNECTED));
+  show(IDC_ABOUT_LINK, LinkText(facts));
   show(IDC_ABOUT_CONFIGURATION, facts.configurationPath);
   show(IDC_ABOUT_LOG, facts.logPath);
   EnableWindow(Control(IDC_ABOUT_OPEN_FOLDER), !facts.logPath.empty());
   CheckDlgButton(Window(), IDC_ABOUT_WRITE_LOG, facts.logIsOn ? BST_CHECKED : BST_UNCHECKED);
+}
+
+std::wstring CAboutDlg::LinkText(const AboutFacts& facts) const {
+  const LinkHealth& link = facts.link;
+  const uint32_t reconnections = link.connections > 0 ? link.connections - 1 : 0;
+  const std::wstring counts = Insert(
+      m_resources.Text(IDS_LINK_HEALTH),
+      {DecimalText(link.framesRead), DecimalText(link.badStartBytes),
+       DecimalText(link.unknownTypes), DecimalText(link.badDelimiters), DecimalText(link.overruns),
+       DecimalText(reconnections), DecimalText(link.longestPoll)});
+  if (facts.connectedSince.empty()) return counts;
+  return Insert(m_resources.Text(IDS_LINK_SINCE), {facts.connectedSince}) + counts;
 }
 
 void CAboutDlg::OnButton(int id) {

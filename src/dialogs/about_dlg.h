@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "device/link_health.h"
 #include "dialogs/modeless_dialog.h"
 
 namespace quor {
@@ -12,6 +13,8 @@ struct AboutFacts {
   std::wstring version;
   std::wstring build;  // the revision of the sources
   bool baseIsConnected = false;
+  LinkHealth link;
+  std::wstring connectedSince;     // date and time; empty without a base
   std::wstring configurationPath;  // empty when this session has no file
   std::wstring logPath;            // today's file, whether it exists or not
   bool logIsOn = false;
@@ -39,6 +42,7 @@ class CAboutDlg final : public CModelessDialog {
 
  private:
   void Fill(const AboutFacts& facts);
+  std::wstring LinkText(const AboutFacts& facts) const;
   void OnButton(int id) override;
 
   IAboutActions& m_actions;

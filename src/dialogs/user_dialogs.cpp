@@ -1,5 +1,6 @@
 #include "dialogs/user_dialogs.h"
 
+#include <mmsystem.h>
 #include <shellapi.h>
 #include <shlwapi.h>
 
@@ -8,8 +9,31 @@
 #include "module/version.h"
 #include "settings/entry_text.h"
 #include "text/ansi.h"
+#include "text/format.h"
 
 namespace quor {
+namespace {
+
+// The local date and time at which the milliseconds tick was that.
+std::wstring TimeAtTick(uint32_t tick) {
+  constexpr ULONGLONG kUnitsPerMillisecond = 10000;
+  SYSTEMTIME now;
+  FILETIME file;
+  GetLocalTime(&now);
+  if (!SystemTimeToFileTime(&now, &file)) return {};
+  ULARGE_INTEGER time;
+  time.LowPart = file.dwLowDateTime;
+  time.HighPart = file.dwHighDateTime;
+  time.QuadPart -= (timeGetTime() - tick) * kUnitsPerMillisecond;
+  file = {time.LowPart, time.HighPart};
+  SYSTEMTIME then;
+  if (!FileTimeToSystemTime(&file, &then)) return {};
+  return WideFromAnsi(Format("%04d-%02d-%02d %02d:%02d", then.wYear, then.wMonth, then.wDay,
+                             then.wHour, then.wMinute));
+}
+
+}  // namespace
+
 CUserDialogs::CUserDialogs(const CResourceLoader& resources, CSettings& settings,
                            ITelephoneControls& controls, IMessagePopup& messages, CTelCtrl& telCtrl,
                            const CDeviceLink& link, CDiagnosticLog& log) noexcept
@@ -64,6 +88,8 @@ void CUserDialogs::ShowAbout(HWND owner) {
   facts.version = WideFromAnsi(QUOR_VERSION_TEXT);
   facts.build = WideFromAnsi(BuildRevision());
   facts.baseIsConnected = m_link.IsOpen();
+  facts.link = m_link.Health();
+  if (facts.baseIsConnected) facts.connectedSince = TimeAtTick(facts.link.connectedSince);
   facts.configurationPath = WideFromAnsi(m_settings.Path());
   facts.logPath = WideFromAnsi(CLogFile::TodaysPath());
   facts.logIsOn = m_telCtrl.LogFlag();

@@ -59,6 +59,7 @@
 #define IDC_ABOUT_LOG 1066
 #define IDC_ABOUT_WRITE_LOG 1067
 #define IDC_ABOUT_OPEN_FOLDER 1068
+#define IDC_ABOUT_LINK 1069
 
 /* Strings. The tags identify controls and read the same in every language. */
 #define IDS_PRODUCT_NAME 1054
@@ -120,6 +121,8 @@
 #define IDS_BASE_NOT_CONNECTED 1541
 #define IDS_32_BIT 1542
 #define IDS_64_BIT 1543
+#define IDS_LINK_SINCE 1544  /* %1: date and time */
+#define IDS_LINK_HEALTH 1545 /* %1 to %7: counts and milliseconds */
 
 /* 1601 to 1612: the kinds of a contact's numbers, in the order of telNumberType 1 to 12. */
 #define IDS_NUMBER_KIND 1600

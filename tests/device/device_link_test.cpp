@@ -90,6 +90,31 @@ TEST_F(CConnectionTest, PostThatFailsLeavesTheConnectedFlagChanged) {
   EXPECT_FALSE(m_link.IsConnected());
 }
 
+TEST_F(CConnectionTest, CountsItsHealthWithTheLogOff) {
+  m_log.SetEnabled(false);
+  const auto poll = [this](uint32_t began, uint32_t ended) {
+    Tick();
+    m_link.NotePoll(began, ended);
+  };
+  m_base.Plug();
+  poll(100, 130);
+  for (const char* bytes : {"41 42", "26 7F", "26 04 0D 0A"}) {
+    m_base.Queue(Bytes(bytes));
+    poll(200, 210);
+  }
+  m_base.Unplug();
+  poll(300, 301);
+  m_base.Plug();
+  poll(0xFFFFFFF0, 0x00000020);
+  const LinkHealth& health = m_link.Health();
+  EXPECT_EQ(health.badStartBytes, 1u);
+  EXPECT_EQ(health.unknownTypes, 1u);
+  EXPECT_EQ(health.connections, 2u);
+  EXPECT_EQ(health.longestPoll, 48u);
+  EXPECT_EQ(health.connectedSince, 0x20u);
+  EXPECT_EQ(health.badDelimiters + health.overruns, 0u);
+}
+
 TEST_F(CConnectionTest, ShutdownEndsAWatchThreadOnce) {
   struct CThread final : IWatchThread {
     void StopAndWait() noexcept override { ++stops; }
