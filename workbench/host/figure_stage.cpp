@@ -1,5 +1,6 @@
 #include "workbench/host/figure_stage.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -12,8 +13,13 @@ namespace {
 // As many as figures are made of: a session of a hundred thousand calls asks for none.
 constexpr size_t kMostCallers = 1000;
 
+using Clock = std::chrono::steady_clock;
+
+double MillisecondsNow() {
+  return std::chrono::duration<double, std::milli>(Clock::now().time_since_epoch()).count();
+}
+
 double MillisecondsOf(const std::function<void()>& action) {
-  using Clock = std::chrono::steady_clock;
   const Clock::time_point start = Clock::now();
   action();
   return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
@@ -30,6 +36,7 @@ void CFigureStage::Measure(WorkOf figure, const std::function<void()>& action) {
   const uint64_t calls = m_model.TotalCalls();
   const double inModel = m_model.MicrosecondsInModel();
   const double inWindows = CModuleMeter::SoFar().windows;
+  const double begun = MillisecondsNow();
   const double whole = MillisecondsOf(action) * 1000;
   const double inside = m_model.MicrosecondsInModel() - inModel;
   const double windows = (CModuleMeter::SoFar().windows - inWindows) * 1000;
@@ -38,6 +45,9 @@ void CFigureStage::Measure(WorkOf figure, const std::function<void()>& action) {
   work.microsecondsInModel += inside;
   work.microsecondsInWindows += windows;
   work.microsecondsInAddIn += whole - inside - windows;
+  if (work.messages++ == 0) work.begun = begun;
+  work.longestMilliseconds = std::max(work.longestMilliseconds, whole / 1000);
+  work.ended = MillisecondsNow();
 }
 
 void CFigureStage::TimeCaller(const std::function<void()>& tick,

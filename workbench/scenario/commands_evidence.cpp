@@ -230,7 +230,10 @@ std::string WorkLine(const char* name, const std::optional<Figures::Work>& work)
   return std::string(name) + ": " + std::to_string(work->calls) + " calls of the object model, " +
          OneDecimal(work->microsecondsInModel) + " us inside it, " +
          OneDecimal(work->microsecondsInWindows) + " us in the system's windows, " +
-         OneDecimal(work->microsecondsInAddIn) + " us in the add-in\n";
+         OneDecimal(work->microsecondsInAddIn) + " us in the add-in; " +
+         std::to_string(work->messages) + " messages, the longest " +
+         OneDecimal(work->longestMilliseconds) + " ms, from first to last " +
+         OneDecimal(work->ended - work->begun) + " ms\n";
 }
 
 double MedianOf(std::vector<double> values) {

@@ -274,6 +274,9 @@ struct Figures {
     double microsecondsInModel = 0;
     double microsecondsInWindows = 0;  // the system's, in showing and painting them
     double microsecondsInAddIn = 0;
+    unsigned messages = 0;
+    double longestMilliseconds = 0;  // in one message
+    double begun = 0, ended = 0;     // the first and the last of them, by a clock of milliseconds
   };
   // One call: from the tick that reads its caller ID to the window that shows it.
   struct Caller {
