@@ -5,7 +5,7 @@ import re
 import statistics
 import sys
 
-NUMBER = re.compile(r"\d+(?:\.\d+)?(?= (?:ms,|% of|us |calls|invalidations|callbacks))")
+NUMBER = re.compile(r"\d+(?:\.\d+)?(?= (?:ms\b|% of|us |calls|invalidations|callbacks|messages,))")
 
 shown = {}  # moment and text without its figures -> the figures of each play
 moment = ""
