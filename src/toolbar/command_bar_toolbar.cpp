@@ -52,9 +52,10 @@ CCommandBarToolbar::CCommandBarToolbar(const IFaceSource& source, IToolbarAction
       m_speedDial(actions, owner, log) {}
 
 void CCommandBarToolbar::Create(const CCommandBars& bars, const std::wstring& name,
-                                const ToolBarRecord& place) {
+                                const ToolBarRecord& place, bool withPictures) {
   Release();
   m_bars = bars;
+  m_withPictures = withPictures;
   try {
     m_bar = MakeBar(bars, name);
     AddControls();
@@ -116,6 +117,7 @@ void CCommandBarToolbar::SetUpButton(IDispatchPtr control, const ControlLayout& 
             if (event == kEventClick) OnButtonClicked(number);
           });
   GuardCall(m_log, "looks of a button", [&button] { button.SetStyle(kButtonIconAndCaption); });
+  if (!m_withPictures) return;
   button.SetPicture(m_pictures.ButtonPicture(layout.picture));
   button.SetMask(m_pictures.Mask(layout.mask));
 }

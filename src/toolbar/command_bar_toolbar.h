@@ -33,7 +33,9 @@ class CCommandBarToolbar {
   // Makes the temporary bar with its seven controls and puts it where `place` says, or shows it at
   // the top when that tells nothing. A bar of the same name, left by a crash, is deleted first. A
   // failing call throws _com_error and leaves no bar.
-  void Create(const CCommandBars& bars, const std::wstring& name, const ToolBarRecord& place);
+  // `withPictures` is false where buttons have none.
+  void Create(const CCommandBars& bars, const std::wstring& name, const ToolBarRecord& place,
+              bool withPictures);
 
   // Captions and enabled flags of the seven controls.
   void Redraw();
@@ -95,6 +97,7 @@ class CCommandBarToolbar {
   CBarMenu<CCallFromCellCommandBarButton> m_cells;
   CBarMenu<CCallerCommandBarButton> m_callers;
   CBarMenu<CSpeedDialEntryMenu> m_speedDial;
+  bool m_withPictures = false;
   bool m_settingDialBox = false;
   bool m_connected = true;
   std::wstring m_dialText;

@@ -52,7 +52,6 @@ class CContactBar::CLineButton final : public CMenuItem {
     Button().SetStyle(kButtonIconAndCaption);
   }
 
-  // Outlook 2000 has no pictures on buttons of others.
   void SetPicture(CPictureLoader& pictures, int picture, int mask) const {
     Button().SetPicture(pictures.ButtonPicture(picture));
     Button().SetMask(pictures.Mask(mask));
@@ -68,7 +67,7 @@ class CContactBar::CLineButton final : public CMenuItem {
 };
 
 CContactBar::CContactBar(const CCommandBars& bars, const std::wstring& name, unsigned number,
-                         CPictureLoader& pictures, const std::weak_ptr<IContactBarActions>& actions,
+                         CPictureLoader* pictures, const std::weak_ptr<IContactBarActions>& actions,
                          IEventOwner& owner, CDiagnosticLog& log)
     : m_owner(owner), m_log(log), m_bar(MakeBar(bars, name)) {
   try {
@@ -98,11 +97,13 @@ void CContactBar::AddMenu(const CCommandBarControls& controls, unsigned number,
 void CContactBar::AddLine(const CCommandBarControls& controls, const std::wstring& tag,
                           const LineLayout& layout,
                           const std::weak_ptr<IContactBarActions>& actions,
-                          CPictureLoader& pictures) {
+                          CPictureLoader* pictures) {
   const auto button =
       std::make_shared<CLineButton>(controls, tag, layout.lineType, actions, m_owner, m_log);
-  GuardCall(m_log, "picture of the contact's line button",
-            [&] { button->SetPicture(pictures, layout.picture, layout.mask); });
+  if (pictures != nullptr) {
+    GuardCall(m_log, "picture of the contact's line button",
+              [&] { button->SetPicture(*pictures, layout.picture, layout.mask); });
+  }
   m_lines.push_back(button);
 }
 

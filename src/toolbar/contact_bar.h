@@ -40,11 +40,11 @@ struct ContactBarFaces {
 class CContactBar {
  public:
   // Makes the temporary bar with its controls, not shown yet. Pictures that are refused are left
-  // out. A bar of the same name is deleted first: Outlook may give a new window the bars of one
+  // out; none are tried where `pictures` is null. A bar of the same name is deleted first: Outlook may give a new window the bars of one
   // closed before. `number` makes the tags of its controls different from those of every other
   // window. A failing call throws _com_error and leaves no bar.
   CContactBar(const CCommandBars& bars, const std::wstring& name, unsigned number,
-              CPictureLoader& pictures, const std::weak_ptr<IContactBarActions>& actions,
+              CPictureLoader* pictures, const std::weak_ptr<IContactBarActions>& actions,
               IEventOwner& owner, CDiagnosticLog& log);
   ~CContactBar() { Remove(); }
   CContactBar(const CContactBar&) = delete;
@@ -78,7 +78,7 @@ class CContactBar {
                const std::weak_ptr<IContactBarActions>& actions);
   void AddLine(const CCommandBarControls& controls, const std::wstring& tag,
                const LineLayout& layout, const std::weak_ptr<IContactBarActions>& actions,
-               CPictureLoader& pictures);
+               CPictureLoader* pictures);
   template <typename Item>
   void ShowItems(const Items<Item>& items, const ItemFace* faces);
 

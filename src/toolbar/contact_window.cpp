@@ -9,7 +9,7 @@
 namespace quor {
 
 CContactWindow::CContactWindow(IContactWindowHost& host, IContactWindowActions& actions,
-                               CPictureLoader& pictures, ToolBarRecord& place, IEventOwner& owner,
+                               CPictureLoader* pictures, ToolBarRecord& place, IEventOwner& owner,
                                CDiagnosticLog& log, unsigned number) noexcept
     : m_host(host),
       m_actions(actions),

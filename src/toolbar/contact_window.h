@@ -60,9 +60,9 @@ class IContactWindowHost {
 class CContactWindow final : public std::enable_shared_from_this<CContactWindow>,
                              private IContactBarActions {
  public:
-  // All must outlive the window. `number` tells the controls of its bar from those of every other;
+  // All must outlive the window; `pictures` is null where a bar's buttons have none. `number` tells the controls of its bar from those of every other;
   // 0 for a window that has a ribbon.
-  CContactWindow(IContactWindowHost& host, IContactWindowActions& actions, CPictureLoader& pictures,
+  CContactWindow(IContactWindowHost& host, IContactWindowActions& actions, CPictureLoader* pictures,
                  ToolBarRecord& place, IEventOwner& owner, CDiagnosticLog& log,
                  unsigned number) noexcept;
   ~CContactWindow() { Close(); }
@@ -111,7 +111,7 @@ class CContactWindow final : public std::enable_shared_from_this<CContactWindow>
 
   IContactWindowHost& m_host;
   IContactWindowActions& m_actions;
-  CPictureLoader& m_pictures;
+  CPictureLoader* m_pictures;
   ToolBarRecord& m_place;
   IEventOwner& m_owner;
   CDiagnosticLog& m_log;

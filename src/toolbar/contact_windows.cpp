@@ -5,6 +5,7 @@
 
 #include "com/com_boundary.h"
 #include "toolbar/contact_numbers.h"
+#include "toolbar/telephone_bar.h"
 
 namespace quor {
 namespace {
@@ -29,6 +30,7 @@ void CContactWindows::Open(const CInspector& inspector, int32_t appVersion) noex
   GuardCall(m_log, "contact window", [&] {
     if (!ContactOf(inspector) || m_owner.IsShuttingDown()) return;
     const unsigned number = appVersion < kFirstInspectorRibbonVersion ? ++m_lastNumber : 0;
+    m_withPictures = appVersion >= kFirstPictureVersion;
     if (const WindowPtr window = OpenWindow(inspector, number)) window->MakeBar();
   });
 }
@@ -36,7 +38,7 @@ void CContactWindows::Open(const CInspector& inspector, int32_t appVersion) noex
 CContactWindows::WindowPtr CContactWindows::OpenWindow(const CInspector& inspector,
                                                        unsigned number) {
   IContactWindowHost& host = *this;
-  const auto window = std::make_shared<CContactWindow>(host, m_actions, m_pictures, m_place,
+  const auto window = std::make_shared<CContactWindow>(host, m_actions, m_withPictures ? &m_pictures : nullptr, m_place,
                                                        m_owner, m_log, number);
   m_windows.push_back(window);
   if (window->Follow(inspector)) return window;

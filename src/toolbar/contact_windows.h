@@ -89,6 +89,7 @@ class CContactWindows final : public IContactRibbon, private IContactWindowHost 
   CPictureLoader m_pictures;
   std::vector<WindowPtr> m_windows;
   unsigned m_lastNumber = 0;
+  bool m_withPictures = false;
   bool m_refreshPosted = false;
 };
 

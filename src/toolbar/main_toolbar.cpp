@@ -26,7 +26,8 @@ HRESULT CMainToolbar::Create(const CExplorer& explorer, int32_t appVersion,
     // they would be found in place of the new ones.
     for (const std::wstring& name : m_resources.TextInEveryLanguage(IDS_PRODUCT_NAME))
       DeleteStaleBar(bars, name);
-    m_bar.Create(bars, m_resources.Text(IDS_PRODUCT_NAME), place);
+    m_bar.Create(bars, m_resources.Text(IDS_PRODUCT_NAME), place,
+                 appVersion >= kFirstPictureVersion);
     return S_OK;
   } catch (const _com_error& error) {
     // The caller has a log line of its own for this.

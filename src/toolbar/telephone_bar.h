@@ -1,6 +1,7 @@
 #ifndef QUOR_TOOLBAR_TELEPHONE_BAR_H
 #define QUOR_TOOLBAR_TELEPHONE_BAR_H
 
+#include <cstdint>
 #include <string>
 
 #include "module/diagnostic_log.h"
@@ -8,6 +9,9 @@
 #include "settings/configuration.h"
 
 namespace quor {
+
+// Buttons of Outlook 2000 have neither picture nor mask.
+inline constexpr int32_t kFirstPictureVersion = 10;
 
 // What every command bar of ours has in common, in the main window and in those of contacts.
 

@@ -22,7 +22,7 @@ CBarStage::CBarStage()
 }
 
 void CBarStage::Create(const ToolBarRecord& place) {
-  toolbar.Create(CCommandBars(IDispatchPtr(bars.get())), kBarName, place);
+  toolbar.Create(CCommandBars(IDispatchPtr(bars.get())), kBarName, place, true);
 }
 
 void CBarStage::Fill() {
