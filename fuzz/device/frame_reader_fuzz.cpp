@@ -115,7 +115,7 @@ struct CWholeLines final : ILogWriter {
 };
 
 struct CNoDisplay final : ICallFromCellDisplay {
-  void RefreshCallFromCell() override {}
+  void PutCallFromCellButton() override {}
 };
 
 void CheckTexts(const DeviceRecords& records) {

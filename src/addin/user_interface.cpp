@@ -46,16 +46,16 @@ HRESULT CUserInterface::CreateMainToolbar() {
 
 void CUserInterface::FillToolbar() {
   PutHistory();
-  RefreshCallFromCell();
+  PutCallFromCellButton();
   m_telephone.CallerList().PutCallerList();
-  RefreshSpeedDial();
+  PutSpeedDialButton();
 }
 
 void CUserInterface::OnListsChanged() noexcept {
   GuardCall(m_log, "lists", [this] {
     PutHistory();
     m_telephone.CallerList().PutCallerList();
-    RefreshSpeedDial();
+    PutSpeedDialButton();
   });
 }
 

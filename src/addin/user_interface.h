@@ -58,14 +58,14 @@ class CUserInterface final : public ITelephoneControls,
   // Notes where the bars stand, for a file that is written before they go.
   void SavePlaces() noexcept;
 
-  // ITelephoneControls, and of it for the device's side RefreshCallFromCell
+  // ITelephoneControls, and of it for the device's side PutCallFromCellButton
   void SetToolBarState() override;
   void DisableControls() override;
   void RedrawLineButtons() override;
-  void RefreshCallFromCell() override { m_toolbar.PutCallFromCellButton(); }
+  void PutCallFromCellButton() override { m_toolbar.PutCallFromCellButton(); }
   void DisableOtherCellItems(int cell) override { m_toolbar.DisableOtherCellItems(cell); }
-  void RefreshSpeedDial() override { m_toolbar.PutSpeedDialButton(); }
-  void ShowCallerList(const CallerListItems&) override { m_toolbar.PutCallerList(); }
+  void PutSpeedDialButton() override { m_toolbar.PutSpeedDialButton(); }
+  void PutCallerList() override { m_toolbar.PutCallerList(); }
   void PutHistory() override { m_toolbar.PutHistory(); }
   void SetDialText(std::wstring_view text) override { m_toolbar.SetDialText(text); }
 

@@ -27,7 +27,7 @@ bool CRequestHandlers::SendCall(uint32_t lineType) {
 void CRequestHandlers::OnOnHookRequest(uint32_t lineType) {
   m_log.Write("CAddin::OnOnHookRequest\n");
   if (!SendOnHook(lineType)) m_log.Write("** CAddin::OnOnHookRequest error.\n");
-  m_display.RefreshCallFromCell();
+  m_display.PutCallFromCellButton();
 }
 
 bool CRequestHandlers::SendOnHook(uint32_t lineType) {

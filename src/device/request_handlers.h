@@ -12,7 +12,7 @@ namespace quor {
 // Where a sent on-hook request shows.
 class ICallFromCellDisplay {
  public:
-  virtual void RefreshCallFromCell() = 0;
+  virtual void PutCallFromCellButton() = 0;
 
  protected:
   ~ICallFromCellDisplay() = default;

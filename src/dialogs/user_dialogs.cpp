@@ -117,7 +117,7 @@ void CUserDialogs::EraseEntry(size_t index) {
 
 void CUserDialogs::KeepSpeedDial() {
   m_settings.Save();
-  m_controls.RefreshSpeedDial();
+  m_controls.PutSpeedDialButton();
 }
 
 void CUserDialogs::SwitchLog(bool on) {

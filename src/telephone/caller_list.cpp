@@ -10,6 +10,11 @@ std::wstring_view CallerCaption(std::wstring_view label) noexcept {
   return CutText(label, kCallerCaptionLimit);
 }
 
+CallerListItem CallerItem(const std::vector<CallEntry>& callers, size_t entry) {
+  if (entry >= std::min(callers.size(), kCallerListLimit)) return {};
+  return {std::wstring(CallerCaption(callers[entry].name)), true};
+}
+
 void CCallerList::Add(const std::wstring& name, const std::wstring& number) {
   std::vector<CallEntry>& list = m_with.configuration.callerLists;
   if (list.size() >= kCallerListLimit) list.resize(kCallerListLimit - 1);
@@ -20,13 +25,7 @@ void CCallerList::Add(const std::wstring& name, const std::wstring& number) {
 
 void CCallerList::PutCallerList() {
   m_with.log.Write("CAddin::PutCallerList\n");
-  const std::vector<CallEntry>& list = m_with.configuration.callerLists;
-  CallerListItems items;
-  const size_t count = std::min(list.size(), items.size());
-  for (size_t i = 0; i < count; ++i) {
-    items[i] = {std::wstring(CallerCaption(list[i].name)), true};
-  }
-  m_with.controls.ShowCallerList(items);
+  m_with.controls.PutCallerList();
 }
 
 }  // namespace quor

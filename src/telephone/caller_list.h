@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "telephone/collaborators.h"
 
@@ -14,6 +15,15 @@ inline constexpr size_t kCallerCaptionLimit = 50;
 // The first 50 UTF-16 units of a label, one fewer where the cut would halve a surrogate pair.
 std::wstring_view CallerCaption(std::wstring_view label) noexcept;
 
+// An item of the caller-list menu.
+struct CallerListItem {
+  std::wstring caption;  // empty when hidden; "&" is not escaped
+  bool visible = false;
+};
+
+// What the menu shows for an entry of the list, counted from 0, the newest.
+CallerListItem CallerItem(const std::vector<CallEntry>& callers, size_t entry);
+
 // The last ten callers (Configuration::callerLists), newest first.
 class CCallerList {
  public:
@@ -23,7 +33,7 @@ class CCallerList {
   // calling twice is two calls.
   void Add(const std::wstring& name, const std::wstring& number);
 
-  // Shows the list in the caller-list menu; also called once at start-up.
+  // Redraws the caller-list menu; also called once at start-up.
   void PutCallerList();
 
  private:

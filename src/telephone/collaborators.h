@@ -1,7 +1,6 @@
 #ifndef QUOR_TELEPHONE_COLLABORATORS_H
 #define QUOR_TELEPHONE_COLLABORATORS_H
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -22,12 +21,6 @@
 
 namespace quor {
 
-struct CallerListItem {
-  std::wstring caption;  // empty when hidden; "&" is not escaped
-  bool visible = false;
-};
-using CallerListItems = std::array<CallerListItem, kCallerListLimit>;
-
 // The telephone's controls wherever they are shown: command bar, ribbon, contact windows. Whoever
 // draws them asks back for captions and enabled flags (telephone.h).
 class ITelephoneControls {
@@ -43,12 +36,12 @@ class ITelephoneControls {
   virtual void RedrawLineButtons() = 0;
 
   // Redraws the call-from-cell menu: names, and enabled flags by IsCellItemEnabled.
-  virtual void RefreshCallFromCell() = 0;
+  virtual void PutCallFromCellButton() = 0;
   // Disables the items of the three cells other than `cell` (0 = Cell1 .. 3 = Cell4) until the menu
   // is redrawn.
   virtual void DisableOtherCellItems(int cell) = 0;
-  virtual void RefreshSpeedDial() = 0;
-  virtual void ShowCallerList(const CallerListItems& items) = 0;
+  virtual void PutSpeedDialButton() = 0;
+  virtual void PutCallerList() = 0;
 
   // Fills the toolbar dial box's drop-down list from Configuration::histories.
   virtual void PutHistory() = 0;

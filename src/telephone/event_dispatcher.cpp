@@ -83,8 +83,8 @@ void CEventDispatcher::OnStatus() {
   FollowCall(report);
 
   m_bar.SetBarState(1);
-  m_with.controls.RefreshCallFromCell();
-  m_with.controls.RefreshSpeedDial();
+  m_with.controls.PutCallFromCellButton();
+  m_with.controls.PutSpeedDialButton();
 }
 
 void CEventDispatcher::FollowCall(const StatusRecord& report) {
@@ -133,7 +133,7 @@ void CEventDispatcher::OnClosePopupEvent(uint32_t lineType) {
 
 void CEventDispatcher::OnCellRegistration() {
   SetUSBRecvCellRegistInfo(m_with.records.cells);
-  m_with.controls.RefreshCallFromCell();
+  m_with.controls.PutCallFromCellButton();
 }
 
 void CEventDispatcher::SetUSBRecvCIDInfo(const CallerIdRecord& record) noexcept {

@@ -60,7 +60,7 @@ bool CLineControl::SetLineState(uint32_t lineType, uint8_t newState) {
 
 bool CLineControl::Release(uint32_t lineType) {
   ReleaseLine(m_state);
-  if (IsCellSide(lineType)) m_with.controls.RefreshCallFromCell();
+  if (IsCellSide(lineType)) m_with.controls.PutCallFromCellButton();
   return true;
 }
 

@@ -40,9 +40,9 @@ struct ContactBarFaces {
 class CContactBar {
  public:
   // Makes the temporary bar with its controls, not shown yet. Pictures that are refused are left
-  // out; none are tried where `pictures` is null. A bar of the same name is deleted first: Outlook may give a new window the bars of one
-  // closed before. `number` makes the tags of its controls different from those of every other
-  // window. A failing call throws _com_error and leaves no bar.
+  // out; none are tried where `pictures` is null. A bar of the same name is deleted first: Outlook
+  // may give a new window the bars of one closed before. `number` makes the tags of its controls
+  // different from those of every other window. A failing call throws _com_error and leaves no bar.
   CContactBar(const CCommandBars& bars, const std::wstring& name, unsigned number,
               CPictureLoader* pictures, const std::weak_ptr<IContactBarActions>& actions,
               IEventOwner& owner, CDiagnosticLog& log);

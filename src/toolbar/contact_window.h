@@ -60,8 +60,8 @@ class IContactWindowHost {
 class CContactWindow final : public std::enable_shared_from_this<CContactWindow>,
                              private IContactBarActions {
  public:
-  // All must outlive the window; `pictures` is null where a bar's buttons have none. `number` tells the controls of its bar from those of every other;
-  // 0 for a window that has a ribbon.
+  // All must outlive the window; `pictures` is null where a bar's buttons have none. `number` tells
+  // the controls of its bar from those of every other; 0 for a window that has a ribbon.
   CContactWindow(IContactWindowHost& host, IContactWindowActions& actions, CPictureLoader* pictures,
                  ToolBarRecord& place, IEventOwner& owner, CDiagnosticLog& log,
                  unsigned number) noexcept;

@@ -64,9 +64,8 @@ ItemFace CControlFaces::Cell(size_t cell) const {
 }
 
 ItemFace CControlFaces::Caller(size_t entry) const {
-  const auto& list = m_configuration.callerLists;
-  if (entry >= list.size() || entry >= kCallerListLimit) return {};
-  return {MenuCaption(list[entry].name), true, true};
+  const CallerListItem item = CallerItem(m_configuration.callerLists, entry);
+  return {MenuCaption(item.caption), item.visible, item.visible};
 }
 
 bool CControlFaces::IsInUse(size_t speedDialEntry) const noexcept {

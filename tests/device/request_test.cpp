@@ -10,7 +10,7 @@ namespace {
 class CRequestTest : public CDeviceLinkTest {
  protected:
   struct CDisplay final : ICallFromCellDisplay {
-    void RefreshCallFromCell() override { ++refreshed; }
+    void PutCallFromCellButton() override { ++refreshed; }
     int refreshed = 0;
   };
 

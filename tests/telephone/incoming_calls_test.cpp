@@ -178,13 +178,13 @@ TEST(CallerList, MenuShowsFiftyUnitsAndHidesTheRest) {
       {label + L"yz", L"", L""},
       {label + std::wstring{wchar_t{0xD83D}, wchar_t{0xDE00}}, L"", L""},
       {label, L"", L""}};
-  desk.phone.CallerList().PutCallerList();
-  EXPECT_EQ(desk.menu[0].caption, label + L"y");
-  EXPECT_EQ(desk.menu[1].caption, label) << "no half character";
-  EXPECT_EQ(desk.menu[2].caption, label);
-  for (size_t i = 0; i < desk.menu.size(); ++i) {
-    EXPECT_EQ(desk.menu[i].visible, i < 3);
-    EXPECT_EQ(desk.menu[i].caption.empty(), i >= 3);
+  const auto item = [&](size_t entry) { return CallerItem(desk.configuration.callerLists, entry); };
+  EXPECT_EQ(item(0).caption, label + L"y");
+  EXPECT_EQ(item(1).caption, label) << "no half character";
+  EXPECT_EQ(item(2).caption, label);
+  for (size_t i = 0; i < 12; ++i) {
+    EXPECT_EQ(item(i).visible, i < 3);
+    EXPECT_EQ(item(i).caption.empty(), i >= 3);
   }
   EXPECT_EQ(desk.configuration.callerLists[0].name.size(), 51u);
 }

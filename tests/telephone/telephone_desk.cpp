@@ -86,11 +86,6 @@ bool CTelephoneDesk::PostRequest(WindowRequest request, uint32_t parameter) noex
   return !postsFail;
 }
 
-void CTelephoneDesk::ShowCallerList(const CallerListItems& items) {
-  menu = items;
-  Note("caller list");
-}
-
 void CTelephoneDesk::SetDialText(std::wstring_view text) {
   Note("box '" + AnsiFromWide(text) + "'");
 }

@@ -84,10 +84,10 @@ class CTelephoneDesk final : private ILogWriter,
   void SetToolBarState() override { Note("redraw"); }
   void DisableControls() override { Note("disable"); }
   void RedrawLineButtons() override { Note("line buttons"); }
-  void RefreshCallFromCell() override { Note("cell menu"); }
+  void PutCallFromCellButton() override { Note("cell menu"); }
   void DisableOtherCellItems(int cell) override { Note("only cell " + std::to_string(cell)); }
-  void RefreshSpeedDial() override { Note("speed dial menu"); }
-  void ShowCallerList(const CallerListItems& items) override;
+  void PutSpeedDialButton() override { Note("speed dial menu"); }
+  void PutCallerList() override { Note("caller list"); }
   void PutHistory() override { Note("history"); }
   void SetDialText(std::wstring_view text) override;
   void ShowMessage(int stringId) override { Note("message " + std::to_string(stringId)); }
@@ -103,9 +103,6 @@ class CTelephoneDesk final : private ILogWriter,
   FormResult DisplayNewContact(std::wstring_view number) override;
   uint32_t TickMilliseconds() noexcept override { return tick; }
   void Save() noexcept override { Note("save"); }
-
- public:
-  CallerListItems menu;  // as last shown
 };
 
 }  // namespace quor
