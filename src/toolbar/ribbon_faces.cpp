@@ -22,6 +22,13 @@ ItemFace ContactMenuFace(const CControlFaces& faces, int telNumberType, std::wst
   return face;
 }
 
+// The documents have no way to hide an entry.
+ItemFace CallerFace(const CControlFaces& faces, size_t entry) {
+  ItemFace face = faces.Caller(entry);
+  if (!face.visible) face = {faces.Text(IDS_NO_ENTRY), false, true};
+  return face;
+}
+
 }  // namespace
 
 ItemFace RibbonFace(const CControlFaces& faces, const RibbonControl& control, int telNumberType,
@@ -44,7 +51,7 @@ ItemFace RibbonFace(const CControlFaces& faces, const RibbonControl& control, in
     case RibbonFunction::CallerMenu:
       return ControlFace(faces, kCallerListControl);
     case RibbonFunction::Caller:
-      return faces.Caller(control.index);
+      return CallerFace(faces, control.index);
     case RibbonFunction::SpeedDialMenu:
       return ControlFace(faces, kSpeedDialControl);
     case RibbonFunction::SpeedDialEntry:
