@@ -1,10 +1,15 @@
 #include "device/base_port.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
 namespace quor {
 namespace {
+
+// So many devices in a row that cannot be read end the search. More than any user has, and few
+// enough that a library which counts 4,294,967,295 of them does not stall Outlook's thread.
+constexpr uint32_t kMostUnreadableDevices = 16;
 
 constexpr uint32_t kBaudRate = 19200;
 constexpr uint32_t kTimeoutMs = 3000;
@@ -44,7 +49,8 @@ bool CBasePort::FindDevice(uint32_t& index) noexcept {
     m_log.Print("** Error : SI_GetNumDevices error. %d\n", status);
     return false;
   }
-  for (; index < count; ++index) {
+  const uint32_t end = std::min(count, kMostUnreadableDevices);
+  for (; index < end; ++index) {
     if (ReadProductStrings(index)) return true;
   }
   return false;

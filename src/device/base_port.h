@@ -30,8 +30,9 @@ class CBasePort {
 
   bool IsOpen() const noexcept { return m_handle != nullptr; }
 
-  // The first bridge whose five product strings can all be read, whatever they say. No bridge at
-  // all is nothing to report; the library names that case with a status of its own.
+  // The first bridge whose five product strings can all be read, whatever they say; the search ends
+  // after sixteen that cannot. No bridge at all is nothing to report; the library names that case
+  // with a status of its own.
   bool FindDevice(uint32_t& index) noexcept;
 
   // Opens the device and sets the line up: 19200 baud, 8N1, RTS held, 3 s timeouts. A bridge that

@@ -20,7 +20,7 @@ CDeviceLink::CDeviceLink(IUsbXpress& usb, IMessageQueue& queue, DeviceRecords& r
 
 void CDeviceLink::Probe() {
   // Open still from before a disconnection, while the base can be opened once only.
-  if (m_port.IsOpen()) m_port.Close();
+  Close();
   uint32_t index = 0;
   if (!m_port.FindDevice(index)) {
     m_events.RaiseErrorConnect();
@@ -126,6 +126,10 @@ bool CDeviceLink::SendOnHookRequest(uint8_t lineType) {
   }
   m_log.Print("On hook complete. %d ( request size: %d )\n", lineType, 4);
   return true;
+}
+
+void CDeviceLink::Close() noexcept {
+  if (m_port.IsOpen()) m_port.Close();
 }
 
 void CDeviceLink::StopWatchThread() noexcept {

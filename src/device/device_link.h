@@ -61,6 +61,10 @@ class CDeviceLink {
   // What the last connection event said; an open device is another matter (IsOpen).
   bool IsConnected() const noexcept { return m_events.IsConnected(); }
 
+  // The end of the link, before the library is freed: closes the base if it is open, without an
+  // event.
+  void Close() noexcept;
+
   // Shutdown ends the watch thread if there is one. The device handle is not closed.
   void AttachWatchThread(IWatchThread& thread) noexcept { m_watchThread = &thread; }
   void StopWatchThread() noexcept;

@@ -72,7 +72,9 @@ bool CUsbXpressLibrary::Bind() noexcept {
 
 void CUsbXpressLibrary::Unload() noexcept {
   m_functions = {};
-  if (m_module != nullptr) FreeLibrary(static_cast<HMODULE>(std::exchange(m_module, nullptr)));
+  const auto module = static_cast<HMODULE>(std::exchange(m_module, nullptr));
+  // A thread of the library may still run in it for a device that it refused to close.
+  if (module != nullptr && m_open == 0) FreeLibrary(module);
 }
 
 void CUsbXpressLibrary::ReportMissing() noexcept {
@@ -111,11 +113,15 @@ int CUsbXpressLibrary::GetProductString(uint32_t device, char* buffer,
 }
 
 int CUsbXpressLibrary::Open(uint32_t device, UsbHandle& handle) noexcept {
-  return Call<DWORD, HANDLE*>(Function(Import::Open), device, &handle);
+  const int status = Call<DWORD, HANDLE*>(Function(Import::Open), device, &handle);
+  if (status == kUsbSuccess) ++m_open;
+  return status;
 }
 
 int CUsbXpressLibrary::Close(UsbHandle handle) noexcept {
-  return Call<HANDLE>(Function(Import::Close), handle);
+  const int status = Call<HANDLE>(Function(Import::Close), handle);
+  if (status == kUsbSuccess && m_open > 0) --m_open;
+  return status;
 }
 
 int CUsbXpressLibrary::Read(UsbHandle handle, uint8_t* buffer, uint32_t wanted,

@@ -65,6 +65,7 @@ class CUsbXpressLibrary final : public IUsbXpress {
   std::wstring m_folder;
   CDiagnosticLog& m_log;
   void* m_module = nullptr;
+  int m_open = 0;  // devices opened and not closed: the library runs a thread for each
   std::array<void*, kImportCount> m_functions{};
   bool m_tried = false;
   bool m_reported = false;

@@ -30,6 +30,13 @@ std::wstring ModulePath() {
   }
 }
 
+bool ProcessIsEnding() noexcept {
+  // Exported by every Windows since XP, but by no import library.
+  const auto shuttingDown = reinterpret_cast<BOOLEAN(NTAPI*)()>(
+      GetProcAddress(GetModuleHandleW(L"ntdll"), "RtlDllShutdownInProgress"));
+  return shuttingDown != nullptr && shuttingDown() != FALSE;
+}
+
 void LockModule() noexcept {
   ++g_locks;
 }

@@ -14,6 +14,11 @@ HINSTANCE ModuleInstance() noexcept;
 // The full path, of whatever length. Empty when Windows does not tell.
 std::wstring ModulePath();
 
+// Whether the process is in its last steps: its other threads are gone wherever they were, and
+// other modules may have been torn down already. Nothing may be closed or freed then; the system
+// does it.
+bool ProcessIsEnding() noexcept;
+
 // Every living COM object of ours and every IClassFactory::LockServer(TRUE) counts as one lock. The
 // DLL may be unloaded when there is none.
 void LockModule() noexcept;

@@ -52,6 +52,20 @@ TEST_F(CConnectionTest, TakesTheFirstDeviceWhoseStringsAllRead) {
   EXPECT_EQ(Log(), refused + kRecovered);
 }
 
+TEST_F(CConnectionTest, SixteenUnreadableDevicesEndTheSearch) {
+  std::string refused;
+  for (int i = 1; i <= 16; ++i) {
+    m_base.Plug({nullptr, "", "", "", ""});
+    refused += "** Error : [" + std::to_string(i) + "] SI_RETURN_SERIAL_NUMBER error. 255\n";
+  }
+  m_base.Plug();
+  Tick();
+  EXPECT_EQ(Log(), refused);
+  m_base.Unplug(0);
+  Tick();
+  EXPECT_EQ(Log(), refused.substr(0, refused.find("** Error : [16]")) + kRecovered);
+}
+
 TEST_F(CConnectionTest, EnumerationThatFailsTakesTheDeviceDown) {
   Open();
   m_base.Fail(UsbFunction::GetNumDevices, 11);
