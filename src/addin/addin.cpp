@@ -72,6 +72,12 @@ HRESULT CAddin::FinalConstruct() noexcept {
 void CAddin::FinalRelease() noexcept {
   m_log.Write("Final Release\n");
   m_window.Destroy();
+  // Still open as it may be, the base's library runs a thread for it.
+  m_link.Close();
+  // In order, while every member is alive: releasing Outlook's objects may raise events.
+  m_disconnected = true;
+  LetGo(ext_dm_HostShutdown);
+  m_language.Leave();
 }
 
 STDMETHODIMP CAddin::QueryInterface(REFIID iid, void** object) {
@@ -99,7 +105,7 @@ STDMETHODIMP_(ULONG) CAddin::AddRef() {
 
 STDMETHODIMP_(ULONG) CAddin::Release() {
   const ULONG left = --m_references;
-  if (left == 0) {
+  if (left == 0 && !ProcessIsEnding()) {
     // Tearing down calls out, and what comes back may take and drop a reference.
     m_references = 1;
     delete this;
@@ -111,13 +117,20 @@ STDMETHODIMP CAddin::OnConnection(IDispatch* application, ext_ConnectMode, IDisp
                                   SAFEARRAY**) {
   const IUnknownPtr alive = &Identity();
   m_log.Write("CAddin::OnConnection\n");
+  const unsigned connection = ++m_connection;
   // A failed start leaves the add-in loaded and idle.
   HRESULT result = S_FALSE;
-  GuardCall(m_log, "OnConnection", [&] { result = Start(application); });
-  if (!m_disconnected) return result;
-  // Outlook let go of the add-in inside one of those calls. What came up after that has to go, too.
-  LetGo(ext_dm_UserClosed);
-  return S_FALSE;
+  GuardCall(m_log, "OnConnection", [&] { result = Start(application, connection); });
+  // Disconnected and connected again inside one of those calls.
+  if (connection != m_connection) return S_FALSE;
+  m_starting = false;
+  if (m_disconnected) {
+    // Disconnected inside one of those calls: what it gave us has to go, too.
+    LetGo(ext_dm_UserClosed);
+    return S_FALSE;
+  }
+  if (!m_finished) GiveUpStart(result);
+  return result;
 }
 
 STDMETHODIMP CAddin::OnDisconnection(ext_DisconnectMode mode, SAFEARRAY**) {

@@ -101,14 +101,20 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   HRESULT CreateOptionsPage(REFIID iid, void** object);
 
   // The start-up sequence (addin_startup.cpp). S_FALSE leaves the add-in loaded but idle.
-  HRESULT Start(IDispatch* application);
+  // `connection` is the number of this connection.
+  HRESULT Start(IDispatch* application, unsigned connection);
+  bool IsStartStopped(unsigned connection) const noexcept;
   void LoadConfiguration();
   HRESULT ConnectApplication();
   bool ConnectDeletedItems();
   bool StartController();
   HRESULT OnNewMainExplorer();
   bool CreateMainToolbar(const char* failure);
-  HRESULT FinishStart();
+  HRESULT FinishStart(unsigned connection);
+  // Whether the main window has closed; logged if so.
+  bool IsExplorerClosed() noexcept;
+  // Releases what the steps of a failed start acquired.
+  void GiveUpStart(HRESULT result) noexcept;
   // Whether OnConnection ran to its end; says so if it did not.
   bool HasFinished() noexcept;
   void FindOutlookWindow();
@@ -116,6 +122,7 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   // The shutdown sequences (addin_shutdown.cpp).
   void Disconnect(ext_DisconnectMode mode);
   void LetGo(ext_DisconnectMode mode) noexcept;
+  void ReleaseExplorer() noexcept;
   void DisconnectEvents() noexcept;
 
   // IWindowHandler (addin_events.cpp)
@@ -182,6 +189,8 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   // The one add-in of the process, for an options page that Outlook makes by itself.
   static CAddin* s_addin;
 
+  unsigned m_connection = 0;  // changes with every OnConnection
+  bool m_starting = false;    // OnConnection is on the stack
   bool m_explorerClosed = false;
   bool m_finished = false;  // OnConnection ran to its end
   bool m_disconnected = false;

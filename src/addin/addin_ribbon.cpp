@@ -79,8 +79,6 @@ STDMETHODIMP CAddin::ContactLine2Clicked(IDispatch* control) {
 
 HRESULT CAddin::RibbonClicked(IDispatch* control) {
   if (m_disconnected) return S_OK;
-  // A click may end in the removal of the add-in.
-  const IUnknownPtr alive = &Identity();
   return m_ui.Ribbon().Clicked(control);
 }
 

@@ -14,15 +14,21 @@ void CAddin::OnQuit() {
 
 void CAddin::OnCloseExplorer() {
   m_log.Write("CAddin::OnCloseExplorer\n");
+  m_explorerClosed = true;
   m_link.StopWatchThread();
   m_popUps.Destroy();
   m_dialogs.Destroy();
   m_ui.ReleaseMainToolbar();
-  m_explorerClosed = true;
   m_folders.StopScan();
-  if (!HasFinished()) return;
-  m_session.DisconnectExplorer();
+  // A start that is under way sees that the explorer has closed, and then releases it.
+  if (!HasFinished() && m_starting) return;
+  ReleaseExplorer();
   m_ui.CloseContactWindows();
+}
+
+void CAddin::ReleaseExplorer() noexcept {
+  m_ui.ReleaseMainToolbar();
+  m_session.DisconnectExplorer();
 }
 
 void CAddin::Disconnect(ext_DisconnectMode mode) {
@@ -47,7 +53,6 @@ void CAddin::LetGo(ext_DisconnectMode mode) noexcept {
   m_dialogs.Destroy();
   m_ui.ReleaseMainToolbar();
   m_ui.ReleaseRibbon();
-  m_session.DisconnectExplorer();
   m_session.Release();
   m_finished = false;
 }

@@ -21,31 +21,49 @@ void InitialiseCommonControls() {
 
 }  // namespace
 
-HRESULT CAddin::Start(IDispatch* application) {
+// Any call into Outlook may handle messages, and with them a disconnection or the end of Outlook:
+// nothing is acquired after that.
+bool CAddin::IsStartStopped(unsigned connection) const noexcept {
+  return IsShuttingDown() || connection != m_connection;
+}
+
+HRESULT CAddin::Start(IDispatch* application, unsigned connection) {
   m_disconnected = false;
   m_quitting = false;
   m_explorerClosed = false;
+  m_stopRequested = false;
+  m_finished = false;
+  m_starting = true;
   LoadConfiguration();
   m_session.Release();
   InitialiseCommonControls();
 
+  if (IsStartStopped(connection)) return S_FALSE;
   m_session.Attach(application);
+  if (IsStartStopped(connection)) return S_FALSE;
   m_telephone.SetAppVersion(m_session.AppVersion());
-  if (!m_session.ConnectInspectors() || !m_session.ConnectExplorers()) return S_FALSE;
+  if (!m_session.ConnectInspectors() || IsStartStopped(connection)) return S_FALSE;
+  if (!m_session.ConnectExplorers() || IsStartStopped(connection)) return S_FALSE;
+  const HRESULT connected = m_session.ConnectApplication();
+  if (IsStartStopped(connection)) return S_FALSE;
   // The one failure that Outlook gets to see.
-  if (const HRESULT result = m_session.ConnectApplication(); FAILED(result)) return result;
+  if (FAILED(connected)) return connected;
 
   const bool languageChosen = m_settings.Values().languageNo >= 0;
   if (languageChosen && !CreateMainToolbar("Failed creating Main ToolBar(m_langno >= 0)\n")) {
     return S_FALSE;
   }
+  if (IsStartStopped(connection)) return S_FALSE;
   m_session.ReadStores();
-  if (!m_session.ConnectDeletedItems() || !StartController()) return S_FALSE;
-  if (m_explorerClosed) {
-    m_log.Write("Explorer is close\n");
-    return S_FALSE;
-  }
-  return m_disconnected ? S_FALSE : FinishStart();
+  if (IsStartStopped(connection)) return S_FALSE;
+  if (!m_session.ConnectDeletedItems() || IsStartStopped(connection)) return S_FALSE;
+  if (!StartController() || IsExplorerClosed()) return S_FALSE;
+  return FinishStart(connection);
+}
+
+bool CAddin::IsExplorerClosed() noexcept {
+  if (m_explorerClosed) m_log.Write("Explorer is close\n");
+  return m_explorerClosed;
 }
 
 void CAddin::LoadConfiguration() {
@@ -59,7 +77,7 @@ void CAddin::LoadConfiguration() {
 
 bool CAddin::CreateMainToolbar(const char* failure) {
   if (SUCCEEDED(OnNewMainExplorer())) return true;
-  m_log.Write(failure);
+  if (!IsShuttingDown()) m_log.Write(failure);
   return false;
 }
 
@@ -78,28 +96,45 @@ bool CAddin::StartController() {
   return true;
 }
 
+// The application with its events stays: it tells when Outlook ends. So does the explorer, whose
+// Close releases it, the toolbar and the timer.
+void CAddin::GiveUpStart(HRESULT result) noexcept {
+  m_session.DisconnectCollections();
+  m_folders.UnregisterAll();
+  if (m_explorerClosed) ReleaseExplorer();
+  if (SUCCEEDED(result)) return;
+  // Outlook calls nothing more but Release.
+  m_ui.ReleaseMainToolbar();
+  m_session.Release();
+  m_language.Leave();
+}
+
 void CAddin::FindOutlookWindow() {
   m_popUps.FindOutlook();
   m_dialogs.SetOwner(m_popUps.OutlookWindow());
 }
 
-HRESULT CAddin::FinishStart() {
+HRESULT CAddin::FinishStart(unsigned connection) {
+  const auto stopped = [&] { return IsStartStopped(connection) || IsExplorerClosed(); };
   m_popUps.CreateCaller();
   m_link.Probe();
   m_window.StartTimer(kDevicePollTimer, m_link.PollInterval());
   const bool languageChosen = m_settings.Values().languageNo >= 0;
   if (!languageChosen && !CreateMainToolbar("Failed creating Main ToolBar\n")) return S_FALSE;
+  if (stopped()) return S_FALSE;
 
   m_log.Write("point 1\n");
   m_ui.ClearDialList();
+  if (stopped()) return S_FALSE;
   m_telephone.ResetDial();
   m_ui.FillToolbar();
+  if (stopped()) return S_FALSE;
   FindOutlookWindow();
   m_folders.CreateRetrieve();
+  if (stopped()) return S_FALSE;
   m_popUps.CreateOthers();
 
   m_buildDue = true;
-  m_stopRequested = false;
   m_window.StartTimer(kDeferredTimer, 0);
   m_finished = true;
   m_log.Write("CAddin::OnConnection End\n");

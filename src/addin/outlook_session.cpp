@@ -2,10 +2,14 @@
 
 #include <utility>
 
+#include "com/com_boundary.h"
 #include "text/ansi.h"
 
 namespace quor {
 namespace {
+
+// So many stores in a row that cannot be read end the list: Outlook counts wrong.
+constexpr int kMostUnreadableStores = 100;
 
 // The integer before the first "."; 0 for an empty version.
 int32_t MajorVersion(const std::wstring& version) {
@@ -22,6 +26,7 @@ int32_t MajorVersion(const std::wstring& version) {
 COutlookSession::COutlookSession(IOutlookEvents& events, IEventOwner& owner,
                                  CDiagnosticLog& log) noexcept
     : m_events(events),
+      m_owner(owner),
       m_log(log),
       m_inspectorsEvents(owner, log, "InspectorsEvents"),
       m_explorersEvents(owner, log, "ExplorersEvents"),
@@ -31,21 +36,23 @@ COutlookSession::COutlookSession(IOutlookEvents& events, IEventOwner& owner,
       m_deletedFoldersEvents(owner, log, "DeleteFoldersEvents") {}
 
 void COutlookSession::Attach(IDispatch* application) {
-  m_application = QueryObject<COutlookApplication>(application);
-  if (!m_application) _com_issue_error(E_NOINTERFACE);
-  m_appVersion = MajorVersion(m_application.Version());
+  const auto attached = QueryObject<COutlookApplication>(application);
+  if (!attached) _com_issue_error(E_NOINTERFACE);
+  m_application = attached;
+  m_appVersion = MajorVersion(attached.Version());
   m_log.Print("m_appVersion = %d\n", static_cast<int>(m_appVersion));
 }
 
 bool COutlookSession::AdviseOrLog(CEventConnection& connection, const CDispatchObject& source,
                                   REFIID events, EventHandler handler, const char* failure) {
   if (SUCCEEDED(connection.Advise(source.Get(), events, std::move(handler)))) return true;
-  m_log.Print("Failed advising to %s\n", failure);
+  if (!m_owner.IsShuttingDown()) m_log.Print("Failed advising to %s\n", failure);
   return false;
 }
 
 bool COutlookSession::ConnectInspectors() {
-  const CInspectors inspectors = m_application.Inspectors();
+  const COutlookApplication application = m_application;
+  const CInspectors inspectors = application.Inspectors();
   if (!AdviseOrLog(
           m_inspectorsEvents, inspectors, kInspectorsEvents,
           [this](DISPID event, const CEventArguments& arguments) {
@@ -59,7 +66,8 @@ bool COutlookSession::ConnectInspectors() {
 }
 
 bool COutlookSession::ConnectExplorers() {
-  const CExplorers explorers = m_application.Explorers();
+  const COutlookApplication application = m_application;
+  const CExplorers explorers = application.Explorers();
   if (!AdviseOrLog(
           m_explorersEvents, explorers, kExplorersEvents,
           [this](DISPID event, const CEventArguments& arguments) {
@@ -69,10 +77,12 @@ bool COutlookSession::ConnectExplorers() {
     return false;
   }
   const int32_t count = explorers.Count();
-  for (int32_t i = 1; i <= count && !m_explorer; ++i) {
-    m_explorer = explorers.Item(i);
+  CExplorer explorer;
+  for (int32_t i = 1; i <= count && !explorer; ++i) {
+    explorer = explorers.Item(i);
   }
-  if (!m_explorer) m_log.Write("spExplorer is NULL\n");
+  if (!explorer) m_log.Write("spExplorer is NULL\n");
+  if (!m_owner.IsShuttingDown()) m_explorer = explorer;
   return static_cast<bool>(m_explorer);
 }
 
@@ -95,14 +105,26 @@ HRESULT COutlookSession::ConnectExplorer() {
 }
 
 void COutlookSession::ReadStores() {
-  const CNameSpace nameSpace = m_application.GetNamespace();
-  const CFolders stores = nameSpace.Folders();
-  const int32_t count = stores.Count();
-  for (int32_t i = 1; i <= count; ++i) {
-    const CFolder store = stores.Item(i);
-    m_storeNames[store.EntryId()] = store.Name();
-  }
-  m_deletedItems = nameSpace.GetDefaultFolder(kFolderDeletedItems);
+  const COutlookApplication application = m_application;
+  const CNameSpace nameSpace = application.GetNamespace();
+  GuardCall(m_log, "reading the stores", [&] {
+    const CFolders stores = nameSpace.Folders();
+    const int32_t count = stores.Count();
+    int unreadable = 0;
+    for (int32_t i = 1; i <= count && unreadable < kMostUnreadableStores; ++i) {
+      if (m_owner.IsShuttingDown()) return;
+      // One that is offline or damaged must not cost the user the telephone.
+      const bool read = GuardCall(m_log, "reading a store", [&] {
+        const CFolder store = stores.Item(i);
+        const std::wstring entryId = store.EntryId();
+        m_storeNames[entryId] = store.Name();
+      });
+      unreadable = read ? 0 : unreadable + 1;
+    }
+  });
+  if (m_owner.IsShuttingDown()) return;
+  const CFolder deletedItems = nameSpace.GetDefaultFolder(kFolderDeletedItems);
+  if (!m_owner.IsShuttingDown()) m_deletedItems = deletedItems;
 }
 
 bool COutlookSession::ConnectDeletedItems() {
@@ -147,19 +169,25 @@ void COutlookSession::DisconnectExplorer() noexcept {
   m_explorer.Release();
 }
 
+void COutlookSession::DisconnectCollections() noexcept {
+  m_inspectorsEvents.Unadvise();
+  m_explorersEvents.Unadvise();
+  m_deletedFoldersEvents.Unadvise();
+  m_deletedItemsEvents.Unadvise();
+  m_storeNames.clear();
+  m_deletedItems.Release();
+}
+
 void COutlookSession::Disconnect() noexcept {
   m_inspectorsEvents.Unadvise();
   m_explorersEvents.Unadvise();
   m_applicationEvents.Unadvise();
-  m_deletedFoldersEvents.Unadvise();
-  m_deletedItemsEvents.Unadvise();
+  DisconnectCollections();
 }
 
 void COutlookSession::Release() noexcept {
   Disconnect();
   DisconnectExplorer();
-  m_deletedItems.Release();
-  m_storeNames.clear();
   m_application.Release();
 }
 

@@ -48,16 +48,20 @@ class COutlookSession {
   // The failure is Outlook's own.
   HRESULT ConnectApplication();
   HRESULT ConnectExplorer();
-  // Reads the names of the stores, and where deleted items go.
+  // Reads the names of the stores, each one that cannot be read logged and skipped, and where
+  // deleted items go.
   void ReadStores();
   bool ConnectDeletedItems();
 
   // The main explorer's events and the explorer itself: Outlook up to 2007 does not end while an
   // explorer is held.
   void DisconnectExplorer() noexcept;
-  // All other connections.
+  // The collections and folders with their events: what is left after a failed start are the
+  // application and the explorer with theirs.
+  void DisconnectCollections() noexcept;
+  // All connections but the explorer's.
   void Disconnect() noexcept;
-  // Disconnect, and lets go of the application.
+  // All connections, the explorer and the application.
   void Release() noexcept;
 
   // Outlook's major version; 0 until known.
@@ -74,6 +78,7 @@ class COutlookSession {
                    EventHandler handler, const char* failure);
 
   IOutlookEvents& m_events;
+  IEventOwner& m_owner;
   CDiagnosticLog& m_log;
   COutlookApplication m_application;
   CExplorer m_explorer;

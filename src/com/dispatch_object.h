@@ -62,7 +62,8 @@ class CDispatchObject {
 
   explicit operator bool() const noexcept { return m_object != nullptr; }
   IDispatch* Get() const noexcept { return m_object; }
-  void Release() noexcept { m_object = nullptr; }
+  // Empty before the object is released: that calls out.
+  void Release() noexcept { const IDispatchPtr released(m_object.Detach(), false); }
 
  protected:
   CDispatchObject(IDispatchPtr object, REFIID iid) : m_object(std::move(object)), m_iid(&iid) {}

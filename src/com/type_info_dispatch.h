@@ -5,6 +5,8 @@
 
 #include <oaidl.h>
 
+#include "com/com_pointers.h"
+
 namespace quor {
 
 // Answers the four IDispatch methods of one dual interface from its description in the type library
@@ -49,6 +51,8 @@ class CDispatchPart : public Interface {
   }
   STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* arguments,
                       VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override {
+    // Whoever calls may release the object inside a call that the method makes.
+    const IUnknownPtr alive = static_cast<Interface*>(this);
     return m_dispatch.Invoke(static_cast<Interface*>(this), id, iid, locale, flags, arguments,
                              result, exception, badArgument);
   }
