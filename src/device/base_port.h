@@ -20,11 +20,6 @@ class CBasePort {
   CBasePort(IUsbXpress& usb, CConnectionEvents& events, LinkHealth& health,
             CDiagnosticLog& log) noexcept
       : m_usb(usb), m_events(events), m_health(health), m_log(log) {}
-  // Closes a device that is still open: the library's thread for it must end before the library is
-  // freed. Not logged, since the log's session has ended with the add-in.
-  ~CBasePort() {
-    if (m_handle != nullptr) m_usb.Close(m_handle);
-  }
   CBasePort(const CBasePort&) = delete;
   CBasePort& operator=(const CBasePort&) = delete;
 
