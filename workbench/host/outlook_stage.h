@@ -32,6 +32,7 @@ class COutlookStage final : public IOutlookStage {
   void SwitchFolder(const std::string& path) override;
   void NewExplorer() override;
   void CloseExplorer() override;
+  void CloseFirstExplorer() override { m_outlook.CloseFirstExplorer(); }
   void FireQuit() override;
   void SetPace(unsigned microseconds) override { m_outlook.Model().SetPace(microseconds); }
   void FailMember(const std::string& member, const FailingCalls& calls) override;

@@ -196,6 +196,12 @@ void COutlook::CloseExplorer() {
   if (explorer) m_session->CloseExplorer(*explorer);
 }
 
+void COutlook::CloseFirstExplorer() {
+  if (m_session->ExplorerWindows().empty()) return;
+  const CModelPtr<CExplorer> explorer = m_session->ExplorerWindows().front();
+  m_session->CloseExplorer(*explorer);
+}
+
 bool COutlook::SwitchFolder(const std::string& folder) {
   return ActiveExplorer().SwitchFolder(FindFolder(folder));
 }

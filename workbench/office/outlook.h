@@ -68,6 +68,7 @@ class COutlook {
   // Windows. Opening the first explorer shows the Inbox, as Outlook does.
   CModelPtr<CExplorer> OpenExplorer(const std::string& folder = "Inbox");  // with window, Activate
   void CloseExplorer();                                // the active one; nothing if none is open
+  void CloseFirstExplorer();                           // the one that was active longest ago
   bool SwitchFolder(const std::string& folder);        // false: a sink cancelled
   void Select(const std::vector<std::string>& items);  // in the folder shown; empty: none
   CModelPtr<CInspector> OpenInspector(const std::string& item);  // null: a sink cancelled

@@ -120,8 +120,14 @@ void QuitEvent(CRun& run, const CCommandArguments&) {
   run.stage.host.Pump();
 }
 
-void CloseExplorer(CRun& run, const CCommandArguments&) {
-  run.stage.outlook.CloseExplorer();
+void CloseExplorer(CRun& run, const CCommandArguments& arguments) {
+  if (arguments.Count() == 0) {
+    run.stage.outlook.CloseExplorer();
+  } else if (arguments.Is(0, "first")) {
+    run.stage.outlook.CloseFirstExplorer();
+  } else {
+    throw CScenarioError("usage: close explorer [first]");
+  }
   run.stage.host.Pump();
 }
 
@@ -216,8 +222,11 @@ constexpr Command kCommands[] = {
      "yes or no, object or nothing.",
      2, 9, Block::None, Callback},
     {"new explorer", "", "A second explorer: raises NewExplorer.", 0, 0, Block::None, NewExplorer},
-    {"close explorer", "", "The user closes the main window: raises the explorer's Close.", 0, 0,
-     Block::None, CloseExplorer},
+    {"close explorer", "[first]",
+     "The user closes the main window: raises the explorer's Close. Of several the active one, or "
+     "the "
+     "first.",
+     0, 1, Block::None, CloseExplorer},
     {"quit event", "", "Raises the application's Quit and nothing else.", 0, 0, Block::None,
      QuitEvent},
     {"begin shutdown", "", "OnBeginShutdown.", 0, 0, Block::None, BeginShutdown},

@@ -164,6 +164,7 @@ class IOutlookStage {
   virtual void SwitchFolder(const std::string& path) = 0;
   virtual void NewExplorer() = 0;
   virtual void CloseExplorer() = 0;
+  virtual void CloseFirstExplorer() = 0;
   virtual void FireQuit() = 0;
   virtual void SetPace(unsigned microseconds) = 0;  // what each call of a member takes more
   // Calls of one member, "Folders.Count" say; of every one if the name is empty.

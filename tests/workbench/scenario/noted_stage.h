@@ -99,6 +99,7 @@ class CNotedStage final : public IHostStage,
   void SwitchFolder(const std::string&) override {}
   void NewExplorer() override {}
   void CloseExplorer() override {}
+  void CloseFirstExplorer() override {}
   void FireQuit() override {}
   void SetPace(unsigned) override {}
   void FailMember(const std::string&, const FailingCalls&) override {}
