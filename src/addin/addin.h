@@ -117,7 +117,6 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   void GiveUpStart(HRESULT result) noexcept;
   // Whether OnConnection ran to its end; says so if it did not.
   bool HasFinished() noexcept;
-  void FindOutlookWindow();
 
   // The shutdown sequences (addin_shutdown.cpp).
   void Disconnect(ext_DisconnectMode mode);

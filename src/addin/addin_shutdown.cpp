@@ -10,13 +10,15 @@ void CAddin::OnQuit() {
   m_ui.SavePlaces();
   m_settings.Save();
   m_folders.StopScan();
+  // Those made again after the main window had closed.
+  m_popUps.Destroy();
 }
 
 void CAddin::OnCloseExplorer() {
   m_log.Write("CAddin::OnCloseExplorer\n");
   m_explorerClosed = true;
   m_link.StopWatchThread();
-  m_popUps.Destroy();
+  m_popUps.OnMainWindowClosed();
   m_dialogs.Destroy();
   m_ui.ReleaseMainToolbar();
   m_folders.StopScan();

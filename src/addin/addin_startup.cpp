@@ -109,11 +109,6 @@ void CAddin::GiveUpStart(HRESULT result) noexcept {
   m_language.Leave();
 }
 
-void CAddin::FindOutlookWindow() {
-  m_popUps.FindOutlook();
-  m_dialogs.SetOwner(m_popUps.OutlookWindow());
-}
-
 HRESULT CAddin::FinishStart(unsigned connection) {
   const auto stopped = [&] { return IsStartStopped(connection) || IsExplorerClosed(); };
   m_popUps.CreateCaller();
@@ -129,7 +124,6 @@ HRESULT CAddin::FinishStart(unsigned connection) {
   m_telephone.ResetDial();
   m_ui.FillToolbar();
   if (stopped()) return S_FALSE;
-  FindOutlookWindow();
   m_folders.CreateRetrieve();
   if (stopped()) return S_FALSE;
   m_popUps.CreateOthers();

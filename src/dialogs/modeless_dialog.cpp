@@ -29,6 +29,11 @@ Surroundings SurroundingsOf(HWND outlook) noexcept {
 
 }  // namespace
 
+void CModelessDialog::RequireWindow(HWND owner) {
+  if (IsWindow() && !IsVisible() && GetWindow(Window(), GW_OWNER) != owner) Destroy();
+  CDialogWindow::RequireWindow(owner);
+}
+
 void CModelessDialog::ShowInFront(HWND outlook, Placement place) noexcept {
   if (!IsWindow()) return;
   // Twice: on another monitor the window may take another size.

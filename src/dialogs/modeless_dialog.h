@@ -22,6 +22,9 @@ class CModelessDialog : public CDialogWindow, private IKeyFilter {
   using CDialogWindow::CDialogWindow;
   ~CModelessDialog() { Destroy(); }
 
+  // As the base's. A hidden window that another one owns is made again: it would open behind that.
+  void RequireWindow(HWND owner);
+
   using Placement = decltype(&CentreOver);
   // Places the window over Outlook's main window, or in the middle of the main screen when that is
   // null, gone or minimised; shows it (show command 5), draws it at once and brings it to the

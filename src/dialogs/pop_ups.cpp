@@ -1,25 +1,8 @@
 #include "dialogs/pop_ups.h"
 
-#include <iterator>
-#include <string_view>
+#include "dialogs/outlook_window.h"
 
 namespace quor {
-namespace {
-
-constexpr std::wstring_view kOutlookClass = L"rctrl_renwnd32";
-constexpr int kLongestClassName = 260;
-
-BOOL CALLBACK KeepOutlookWindow(HWND window, LPARAM found) {
-  wchar_t name[kLongestClassName] = {};
-  const int length = GetClassNameW(window, name, static_cast<int>(std::size(name)));
-  if (length <= 0 || std::wstring_view(name, static_cast<size_t>(length)) != kOutlookClass) {
-    return TRUE;
-  }
-  *reinterpret_cast<HWND*>(found) = window;
-  return FALSE;
-}
-
-}  // namespace
 
 void CPopUps::LogFailure(const char* window, HRESULT result) noexcept {
   if (FAILED(result)) {
@@ -28,30 +11,54 @@ void CPopUps::LogFailure(const char* window, HRESULT result) noexcept {
 }
 
 void CPopUps::CreateCaller() noexcept {
-  m_open = true;
+  m_allowed = true;
+  m_mainWindowClosed = false;
   LogFailure("CSimpleWindow", m_caller.Create());
 }
 
-void CPopUps::FindOutlook() noexcept {
-  m_outlook = nullptr;
-  EnumThreadWindows(GetCurrentThreadId(), KeepOutlookWindow, reinterpret_cast<LPARAM>(&m_outlook));
-  m_messages.SetOwner(m_outlook);
-  m_caller.SetOutlookWindow(m_outlook);
+void CPopUps::CreateOthers() noexcept {
+  LogFailure("CDataPopDlg", m_loading.Create(FindOutlookWindow()));
 }
 
-void CPopUps::CreateOthers() noexcept {
-  LogFailure("CDataPopDlg", m_loading.Create(m_outlook));
+void CPopUps::OnMainWindowClosed() noexcept {
+  m_mainWindowClosed = true;
+  DestroyWindows();
 }
 
 void CPopUps::Destroy() noexcept {
-  m_open = false;
+  m_allowed = false;
+  DestroyWindows();
+}
+
+void CPopUps::DestroyWindows() noexcept {
   m_loading.Destroy();
   m_messages.Destroy();
   m_caller.Destroy();
 }
 
+bool CPopUps::MayAppear() const noexcept {
+  return m_allowed && (!m_mainWindowClosed || FindOutlookWindow() != nullptr);
+}
+
 void CPopUps::ShowMessage(int stringId) {
-  if (m_open) m_messages.ShowMessage(stringId);
+  if (!MayAppear()) return;
+  m_messages.SetOwner(FindOutlookWindow());
+  m_messages.ShowMessage(stringId);
+}
+
+void CPopUps::Fill(const CallerValue& name, const CallerValue& number, int slot) {
+  if (MayAppear() && !m_caller.IsWindow()) LogFailure("CSimpleWindow", m_caller.Create());
+  m_caller.Fill(name, number, slot);
+}
+
+void CPopUps::Show() {
+  m_caller.SetOutlookWindow(FindOutlookWindow());
+  m_caller.Show();
+}
+
+void CPopUps::ShowLoading() noexcept {
+  if (MayAppear() && !m_loading.IsWindow()) CreateOthers();
+  m_loading.Show();
 }
 
 }  // namespace quor

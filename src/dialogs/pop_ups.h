@@ -7,9 +7,10 @@
 
 namespace quor {
 
-// The pop-up windows of a session, from the connection to the closing of Outlook's window. None
-// appears before or after: a message for nobody is not worth a window.
-class CPopUps final : public IMessagePopup {
+// The pop-up windows of a session, from the connection to the disconnection. They go with Outlook's
+// main window and are made again when they are needed while another window of Outlook lives. None
+// appears without: a message for nobody is not worth a window.
+class CPopUps final : public IMessagePopup, private ICallerWindow {
  public:
   // All must outlive the pop-ups.
   CPopUps(const CResourceLoader& resources, IAnswerHandler& answer, CDiagnosticLog& log) noexcept
@@ -18,31 +19,39 @@ class CPopUps final : public IMessagePopup {
         m_caller(resources, answer, log),
         m_loading(resources, log) {}
 
-  // The caller window, hidden.
+  // The caller window, hidden: from now on pop-ups may appear.
   void CreateCaller() noexcept;
-  // Finds Outlook's main window, on whose monitor the others appear; then the loading window,
-  // hidden, and the message pop-up, whose window waits for its first message.
-  void FindOutlook() noexcept;
+  // The loading window, hidden. The message pop-up's window waits for its first message.
   void CreateOthers() noexcept;
+  void OnMainWindowClosed() noexcept;
+  // The disconnection: none appears any more.
   void Destroy() noexcept;
 
   void ShowMessage(int stringId) override;
-  ICallerWindow& Caller() noexcept { return m_caller; }
+  ICallerWindow& Caller() noexcept { return *this; }
 
-  void ShowLoading() noexcept { m_loading.Show(); }
+  void ShowLoading() noexcept;
   void HideLoading() noexcept { m_loading.Hide(); }
 
-  HWND OutlookWindow() const noexcept { return m_outlook; }
-
  private:
+  // ICallerWindow
+  void Fill(const CallerValue& name, const CallerValue& number, int slot) override;
+  void Show() override;
+  void Hide() override { m_caller.Hide(); }
+  void Follow(uint8_t line1, uint8_t line2, uint8_t cell) override {
+    m_caller.Follow(line1, line2, cell);
+  }
+
+  void DestroyWindows() noexcept;
+  bool MayAppear() const noexcept;
   void LogFailure(const char* window, HRESULT result) noexcept;
 
   CDiagnosticLog& m_log;
   CMsgPopDlg m_messages;
   CSimpleWindow m_caller;
   CDataPopDlg m_loading;
-  HWND m_outlook = nullptr;
-  bool m_open = false;
+  bool m_allowed = false;
+  bool m_mainWindowClosed = false;
 };
 
 }  // namespace quor

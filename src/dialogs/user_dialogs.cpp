@@ -4,6 +4,7 @@
 #include <shellapi.h>
 #include <shlwapi.h>
 
+#include "dialogs/outlook_window.h"
 #include "module/log_file.h"
 #include "module/revision.h"
 #include "module/version.h"
@@ -55,15 +56,15 @@ void CUserDialogs::Destroy() noexcept {
 
 void CUserDialogs::EditSpeedDial(size_t index, const SpeedDialEntry& entry,
                                  const SpeedDialEntry& offered) {
-  m_regist.Open(m_outlook, index, entry, offered);
+  m_regist.Open(FindOutlookWindow(), index, entry, offered);
 }
 
 void CUserDialogs::EraseSpeedDial(size_t index, const SpeedDialEntry& entry) {
-  m_erase.Open(m_outlook, index, entry);
+  m_erase.Open(FindOutlookWindow(), index, entry);
 }
 
 void CUserDialogs::OpenOptions() {
-  m_options.Open(m_outlook);
+  m_options.Open(FindOutlookWindow());
 }
 
 OptionValues CUserDialogs::Load() {

@@ -20,8 +20,7 @@ class CUserDialogs final : public IOptionsStore, private ISpeedDialStore, privat
                IMessagePopup& messages, CTelCtrl& telCtrl, const CDeviceLink& link,
                CDiagnosticLog& log) noexcept;
 
-  // Outlook's main window, which owns the dialogs; null until it is known.
-  void SetOwner(HWND outlook) noexcept { m_outlook = outlook; }
+  // A window of Outlook's owns each; they may be opened again after this.
   void Destroy() noexcept;
 
   void EditSpeedDial(size_t index, const SpeedDialEntry& entry, const SpeedDialEntry& offered);
@@ -49,7 +48,6 @@ class CUserDialogs final : public IOptionsStore, private ISpeedDialStore, privat
   ITelephoneControls& m_controls;
   CTelCtrl& m_telCtrl;
   const CDeviceLink& m_link;
-  HWND m_outlook = nullptr;
   CSpeedDialRegist m_regist;
   CSpeedDialErase m_erase;
   COptionsDialog m_options;
