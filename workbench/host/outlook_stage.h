@@ -22,6 +22,7 @@ class COutlookStage final : public IOutlookStage {
   void AddContact(const std::string& folder, const std::string& vcard) override;
   void DeleteContact(const std::string& contact) override;
   void MoveContact(const std::string& contact, const std::string& folder) override;
+  std::vector<std::string> Journal() override { return m_outlook.Journal(); }
   void AddFolder(const std::string& path) override;
   void DeleteFolder(const std::string& path) override;
   void OpenInspector(const std::string& contact) override;

@@ -81,6 +81,8 @@ CModelPtr<CItem> CApplication::CreateItem(const CArguments& arguments) {
     case ItemType::Contact:
     case ItemType::DistributionList:
       return Session().NewItem(type, *Session().Mailbox().DefaultStore().contacts);
+    case ItemType::Journal:
+      return Session().NewItem(type, *Session().Mailbox().DefaultFolder(11));
     case ItemType::Mail:
       return Session().NewItem(type, *Session().Mailbox().DefaultFolder(16));
     default:

@@ -32,6 +32,8 @@ const wchar_t* DefaultMessageClass(ItemType type) {
       return L"IPM.Contact";
     case ItemType::DistributionList:
       return L"IPM.DistList";
+    case ItemType::Journal:
+      return L"IPM.Activity";
     default:
       return L"IPM.Note";
   }
@@ -265,6 +267,67 @@ void CDistListItem::SetListName(const CArguments& arguments) {
 
 long CDistListItem::MemberCount() {
   return static_cast<long>(Stored()->members.size());
+}
+
+CJournalItem::CJournalItem(CSession& session, StoredItemPtr item, FolderNode* home)
+    : CItem(session, std::move(item), home, Members(), ObjectClass::Journal) {}
+
+const CMemberTable& CJournalItem::Members() {
+  static const CMemberTable table(
+      "JournalItem", {kJournalItemId}, &ItemMembers(),
+      {Get<&CJournalItem::GetText>(L"Type", field::kJournalType),
+       Put<&CJournalItem::PutText>(L"Type", field::kJournalType),
+       Get<&CJournalItem::Start>(L"Start", field::kJournalStart),
+       Put<&CJournalItem::SetStart>(L"Start", field::kJournalStart),
+       Get<&CJournalItem::Duration>(L"Duration", field::kJournalDuration),
+       Put<&CJournalItem::SetDuration>(L"Duration", field::kJournalDuration),
+       Get<&CJournalItem::Links>(L"Links", 0xF405)});
+  return table;
+}
+
+CValue CJournalItem::Start() {
+  VARIANT date;
+  V_VT(&date) = VT_DATE;
+  V_DATE(&date) = _wtof(Text(field::kJournalStart).c_str());
+  return CValue::Copy(date);
+}
+
+void CJournalItem::SetStart(const CArguments& arguments) {
+  const VARIANT& date = arguments.Variant(0);
+  if (V_VT(&date) != VT_DATE) throw CArgumentError(DISP_E_TYPEMISMATCH, 0);
+  SetText(field::kJournalStart, std::to_wstring(V_DATE(&date)));
+}
+
+long CJournalItem::Duration() {
+  return _wtol(Text(field::kJournalDuration).c_str());
+}
+
+void CJournalItem::SetDuration(const CArguments& arguments) {
+  SetText(field::kJournalDuration, std::to_wstring(arguments.Long(0)));
+}
+
+CModelPtr<CLinks> CJournalItem::Links() {
+  return MakeObject<CLinks>(Session(), Stored());
+}
+
+CLinks::CLinks(CSession& session, StoredItemPtr item)
+    : COutlookObject(session, Members(), NoEvents(), ObjectClass::Links), m_item(std::move(item)) {}
+
+const CMemberTable& CLinks::Members() {
+  static const CMemberTable table(
+      "Links", {}, &CommonMembers(),
+      {Get<&CLinks::Count>(L"Count", 0x50), Method<&CLinks::Add>(L"Add", 0x5F, 1)});
+  return table;
+}
+
+long CLinks::Count() {
+  return static_cast<long>(m_item->links.size());
+}
+
+void CLinks::Add(const CArguments& arguments) {
+  const auto* contact = ObjectBehind<CContactItem>(arguments.Object(0));
+  if (contact == nullptr || contact->IsNew()) throw CModelError(E_INVALIDARG, "No such contact.");
+  m_item->links.push_back(contact->Text(field::kFileAs));
 }
 
 CMailItem::CMailItem(CSession& session, StoredItemPtr item, FolderNode* home)

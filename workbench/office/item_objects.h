@@ -15,6 +15,8 @@ DISPID TextPropertyByName(std::wstring_view name);
 // or the company, or the full name.
 std::wstring DefaultFileAs(const CFieldSet& fields);
 
+class CLinks;
+
 // What all kinds of item share. Changes wait in the object until Save; a new item gets its entry id
 // there and joins its folder. There is one live object for an item.
 class CItem : public COutlookObject {
@@ -82,6 +84,33 @@ class CDistListItem final : public CItem {
   CValue ListName();
   void SetListName(const CArguments& arguments);
   long MemberCount();
+};
+
+// The start is kept as the text of its DATE, the duration as that of its minutes.
+class CJournalItem final : public CItem {
+ public:
+  CJournalItem(CSession& session, StoredItemPtr item, FolderNode* home);
+
+ private:
+  static const CMemberTable& Members();
+  CValue Start();
+  void SetStart(const CArguments& arguments);
+  long Duration();
+  void SetDuration(const CArguments& arguments);
+  CModelPtr<CLinks> Links();
+};
+
+// The contacts that an item belongs to.
+class CLinks final : public COutlookObject {
+ public:
+  CLinks(CSession& session, StoredItemPtr item);
+
+ private:
+  static const CMemberTable& Members();
+  long Count();
+  void Add(const CArguments& arguments);
+
+  StoredItemPtr m_item;
 };
 
 class CMailItem final : public CItem {

@@ -56,6 +56,7 @@ struct StoredItem {
   std::wstring entryId;  // hexadecimal digits; empty until saved
   CFieldSet fields;
   std::vector<std::wstring> members;  // of a distribution list
+  std::vector<std::wstring> links;    // of a journal entry: the contacts' File As
   FolderNode* folder = nullptr;       // null once deleted for good, or not yet saved
   CItem* object = nullptr;            // the one live object, if any
 };

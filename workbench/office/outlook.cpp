@@ -145,6 +145,27 @@ void COutlook::ChangeContact(const std::string& item, const std::string& propert
   object->SaveChanges();
 }
 
+std::vector<std::string> COutlook::Journal() const {
+  SYSTEMTIME local;
+  GetLocalTime(&local);
+  double now = 0;
+  SystemTimeToVariantTime(&local, &now);
+  std::vector<std::string> entries;
+  for (const StoredItemPtr& item : m_session->Mailbox().DefaultFolder(11)->items) {
+    const CFieldSet& fields = item->fields;
+    std::wstring line = fields.Get(field::kSubject) + L"; " + fields.Get(field::kJournalType) +
+                        L"; " + fields.Get(field::kJournalDuration) + L" min; ";
+    for (const std::wstring& link : item->links)
+      line += link + L"; ";
+    std::wstring body = fields.Get(field::kBody);
+    for (size_t end = body.find(L"\r\n"); end != std::wstring::npos; end = body.find(L"\r\n"))
+      body.replace(end, 2, end + 2 == body.size() ? L"" : L" | ");
+    const double age = now - _wtof(fields.Get(field::kJournalStart).c_str());
+    entries.push_back(Utf8FromWide(line + body + (age > -0.01 && age < 1 ? L"" : L"; not today")));
+  }
+  return entries;
+}
+
 void COutlook::DeleteContact(const std::string& item) {
   DeleteContacts({item});
 }

@@ -87,6 +87,10 @@ class COutlook {
   // clear the vector before looking at what the add-in holds.
   std::vector<OptionsPage> RaiseOptionsPagesAdd();
 
+  // The entries of the default journal folder: "subject; type; minutes min; links; body", the lines
+  // of the body between bars. One that did not start within the last day says so.
+  std::vector<std::string> Journal() const;
+
   // What the add-in still holds: "Items Contacts 1", and sinks: "Explorer Inbox ExplorerEvents 1".
   std::vector<std::string> Held() const;
   std::vector<std::string> Sinks() const;

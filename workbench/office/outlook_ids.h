@@ -21,6 +21,7 @@ inline constexpr IID kInspectorsId = OfficeId(0x00063008);
 inline constexpr IID kExplorersId = OfficeId(0x0006300A);
 inline constexpr IID kContactItemId = OfficeId(0x00063021);
 inline constexpr IID kMailItemId = OfficeId(0x00063034);
+inline constexpr IID kJournalItemId = OfficeId(0x00063022);
 inline constexpr IID kFoldersId = OfficeId(0x00063040);
 inline constexpr IID kItemsId = OfficeId(0x00063041);
 inline constexpr IID kPropertyPageId = OfficeId(0x0006307E);
@@ -57,10 +58,12 @@ enum class ObjectClass : long {
   Mail = 43,
   Explorers = 60,
   Inspectors = 61,
+  Journal = 42,
   DistributionList = 69,
   PropertyPageSite = 70,
   PropertyPages = 71,
   Selection = 74,
+  Links = 75,
 };
 
 // Text properties of items; the dispatch ids are the MAPI property ids.
@@ -72,6 +75,9 @@ inline constexpr DISPID kFirstName = 0x3A06;
 inline constexpr DISPID kLastName = 0x3A11;
 inline constexpr DISPID kCompanyName = 0x3A16;
 inline constexpr DISPID kFileAs = 0x8005;
+inline constexpr DISPID kJournalType = 0x8700;
+inline constexpr DISPID kJournalStart = 0x8706;
+inline constexpr DISPID kJournalDuration = 0x8707;
 inline constexpr DISPID kBody = 0x9100;
 }  // namespace field
 

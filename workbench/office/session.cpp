@@ -63,6 +63,8 @@ CModelPtr<CItem> CSession::ItemObject(const StoredItemPtr& item) {
       return MakeObject<CContactItem>(*this, item, nullptr);
     case ItemType::DistributionList:
       return MakeObject<CDistListItem>(*this, item, nullptr);
+    case ItemType::Journal:
+      return MakeObject<CJournalItem>(*this, item, nullptr);
     default:
       return MakeObject<CMailItem>(*this, item, nullptr);
   }
@@ -76,6 +78,8 @@ CModelPtr<CItem> CSession::NewItem(ItemType type, FolderNode& folder) {
       return MakeObject<CContactItem>(*this, item, &folder);
     case ItemType::DistributionList:
       return MakeObject<CDistListItem>(*this, item, &folder);
+    case ItemType::Journal:
+      return MakeObject<CJournalItem>(*this, item, &folder);
     default:
       return MakeObject<CMailItem>(*this, item, &folder);
   }

@@ -142,6 +142,18 @@ void ExpectHeld(CRun& run, const CCommandArguments& arguments) {
   }
 }
 
+void ExpectJournal(CRun& run, const CCommandArguments& arguments) {
+  const std::vector<std::string> journal = run.stage.outlook.Journal();
+  const auto matches = [](const std::string& entry, std::string_view expected) {
+    if (!expected.ends_with("...")) return entry == expected;
+    expected.remove_suffix(3);
+    return entry.starts_with(expected);
+  };
+  if (!std::ranges::equal(journal, arguments.Block(), matches)) {
+    throw CExpectationFailure("the journal holds\n" + Joined(journal));
+  }
+}
+
 void ShowHeld(CRun& run, const CCommandArguments&) {
   const std::vector<std::string> held = run.stage.outlook.Held();
   run.transcript.Show(held.empty() ? "the add-in holds nothing of Outlook's"
@@ -333,6 +345,10 @@ constexpr Command kCommands[] = {
     {"expect held", "[nothing|noted]",
      "What of Outlook's objects the add-in holds: nothing, what was noted, or exactly the block.",
      0, 1, Block::Optional, ExpectHeld},
+    {"expect journal", "",
+     "The block is exactly the entries of Outlook's journal folder: subject; type; minutes; linked "
+     "contacts; text. Of a line that ends with \"...\" only the beginning counts.",
+     0, 0, Block::Optional, ExpectJournal},
     {"show held", "", "Shows what of Outlook's objects the add-in holds.", 0, 0, Block::None,
      ShowHeld},
     {"watch xml", "PATH",

@@ -153,6 +153,8 @@ class IOutlookStage {
   virtual void AddContact(const std::string& folder, const std::string& vcard) = 0;
   virtual void DeleteContact(const std::string& contact) = 0;
   virtual void MoveContact(const std::string& contact, const std::string& folder) = 0;
+  // The entries of the journal folder, a line each.
+  virtual std::vector<std::string> Journal() = 0;
   virtual void AddFolder(const std::string& path) = 0;
   virtual void DeleteFolder(const std::string& path) = 0;
   virtual void OpenInspector(const std::string& contact) = 0;

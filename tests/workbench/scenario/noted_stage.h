@@ -89,6 +89,7 @@ class CNotedStage final : public IHostStage,
   void AddContact(const std::string&, const std::string&) override {}
   void DeleteContact(const std::string& contact) override { Note("delete " + contact); }
   void MoveContact(const std::string&, const std::string&) override {}
+  std::vector<std::string> Journal() override { return {}; }
   void AddFolder(const std::string&) override {}
   void DeleteFolder(const std::string&) override {}
   void OpenInspector(const std::string&) override {}
