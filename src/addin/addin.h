@@ -19,6 +19,8 @@
 #include "device/usbxpress_library.h"
 #include "dialogs/pop_ups.h"
 #include "dialogs/user_dialogs.h"
+#include "journal/call_tracker.h"
+#include "journal/journal.h"
 #include "module/diagnostic_log.h"
 #include "module/log_file.h"
 #include "module/module.h"
@@ -129,6 +131,8 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   void OnRequest(WindowRequest request, uint32_t parameter) override;
   void OnTimer(UINT_PTR timer) override;
   void BuildContacts();
+  void WriteJournal();
+  void EndCalls();
 
   // IOutlookEvents (addin_events.cpp)
   void OnNewExplorer(IDispatch* explorer) override;
@@ -160,6 +164,7 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   CDiagnosticLog m_log{m_logFile};
   CTickClock m_clock;
   CSliceClock m_sliceClock;
+  CLocalClock m_localClock;
   CEventObjects m_eventObjects;
   CTelCtrl m_telCtrl;
   CConfigurationFile m_configurationFile{m_log};
@@ -179,6 +184,8 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   CPhoneNumberIndex m_index;
   CContactFolders m_folders;
   CCallerDirectory m_callers;
+  CJournal m_journal;
+  CCallTracker m_calls;
 
   CPopUps m_popUps;
   CUserDialogs m_dialogs;

@@ -8,11 +8,13 @@ namespace {
 
 // Milliseconds. Longer than the keyboard takes from one repetition of an arrow key to the next.
 constexpr UINT kSelectionRest = 200;
+constexpr UINT kJournalRest = 1000;
 
 }  // namespace
 
 void CAddin::OnDeviceEvent(DeviceEvent event, uint8_t lineType) {
   m_telephone.Events().OnEventGet(static_cast<uint32_t>(event), lineType);
+  if (m_journal.HasCalls()) m_window.StartTimer(kJournalTimer, kJournalRest);
 }
 
 void CAddin::OnRequest(WindowRequest request, uint32_t parameter) {
@@ -48,10 +50,25 @@ void CAddin::OnTimer(UINT_PTR timer) {
     m_link.ReceiveFrame();
     m_link.NotePoll(began, m_clock.TickMilliseconds());
   }
+  if (timer == kJournalTimer) WriteJournal();
   if (timer == kSelectionTimer) {
     m_window.StopTimer(kSelectionTimer);
     m_ui.FollowSelection();
   }
+}
+
+// One entry at a time, and none while a caller waits for an answer.
+void CAddin::WriteJournal() {
+  if (m_calls.IsRinging()) return;
+  m_window.StopTimer(kJournalTimer);
+  m_journal.WriteOne();
+  if (m_journal.HasCalls()) m_window.StartTimer(kJournalTimer, kJournalRest);
+}
+
+// Outlook closes: what still runs ends here, and there is no idle moment to wait for.
+void CAddin::EndCalls() {
+  m_calls.EndAll();
+  m_journal.WriteAll();
 }
 
 // The first tick begins to read the contacts, further ones go on with it. Timers come after

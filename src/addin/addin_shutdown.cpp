@@ -10,6 +10,7 @@ void CAddin::OnQuit() {
   m_ui.SavePlaces();
   m_settings.Save();
   m_folders.StopScan();
+  EndCalls();
   // Those made again after the main window had closed.
   m_popUps.Destroy();
 }
@@ -34,6 +35,7 @@ void CAddin::ReleaseExplorer() noexcept {
 }
 
 void CAddin::Disconnect(ext_DisconnectMode mode) {
+  EndCalls();
   LetGo(mode);
   m_settings.Save();
   m_language.Leave();

@@ -16,6 +16,8 @@ namespace quor {
 inline constexpr UINT_PTR kDeferredTimer = 0x80000001u;
 // One-shot: the selection in the main window has come to rest.
 inline constexpr UINT_PTR kSelectionTimer = 0x80000003u;
+// One-shot: calls that have ended wait to be written into the journal.
+inline constexpr UINT_PTR kJournalTimer = 0x80000005u;
 
 // What arrives at the hidden window. Called inside a boundary: throwing is allowed.
 class IWindowHandler {

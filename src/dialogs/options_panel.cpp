@@ -68,6 +68,7 @@ OptionValues COptionsPanel::Values() const noexcept {
       values.popUpModes[slot] = kModes[row];
     }
   }
+  values.recordCalls = IsDlgButtonChecked(Window(), IDC_OPTIONS_JOURNAL) == BST_CHECKED;
   return values;
 }
 
@@ -78,6 +79,7 @@ OptionValues COptionsPanel::ValuesOver(OptionValues current) const noexcept {
     const int32_t mode = chosen.popUpModes[slot];
     if (mode != m_loaded.popUpModes[slot]) current.popUpModes[slot] = mode;
   }
+  if (chosen.recordCalls != m_loaded.recordCalls) current.recordCalls = chosen.recordCalls;
   return current;
 }
 
@@ -97,6 +99,7 @@ void COptionsPanel::ShowValues() noexcept {
     SendDlgItemMessageW(Window(), IDC_OPTIONS_POP_UP + static_cast<int>(slot), CB_SETCURSEL,
                         static_cast<WPARAM>(RowOfMode(values.popUpModes[slot])), 0);
   }
+  CheckDlgButton(Window(), IDC_OPTIONS_JOURNAL, values.recordCalls ? BST_CHECKED : BST_UNCHECKED);
 }
 
 LRESULT COptionsPanel::SelectedRow(int id) const noexcept {
@@ -111,7 +114,8 @@ bool COptionsPanel::TranslateKey(MSG& message) noexcept {
       SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message));
   const bool wanted = (code & (DLGC_WANTMESSAGE | DLGC_WANTALLKEYS)) != 0;
   if (message.message == WM_KEYDOWN && !wanted) {
-    if (message.wParam == VK_RETURN && (code & DLGC_BUTTON) != 0) {
+    constexpr LRESULT kPushButton = DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON;
+    if (message.wParam == VK_RETURN && (code & kPushButton) != 0) {
       SendMessageW(message.hwnd, BM_CLICK, 0, 0);
       return true;
     }
@@ -141,12 +145,13 @@ bool COptionsPanel::HasAccessKey(wchar_t letter) const noexcept {
 }
 
 bool COptionsPanel::OnNotice(int control, int notice) {
-  const bool isButton = control == IDC_OPTIONS_ABOUT;
-  if (notice == (isButton ? BN_SETFOCUS : CBN_SETFOCUS)) {
+  const bool isAbout = control == IDC_OPTIONS_ABOUT;
+  const bool isList = !isAbout && control != IDC_OPTIONS_JOURNAL;
+  if (notice == (isList ? CBN_SETFOCUS : BN_SETFOCUS)) {
     m_owner.OnPanelFocus();
-  } else if (isButton && notice == BN_CLICKED) {
+  } else if (isAbout && notice == BN_CLICKED) {
     m_owner.OnAboutPressed();
-  } else if (!isButton && notice == CBN_SELCHANGE) {
+  } else if (notice == (isList ? CBN_SELCHANGE : BN_CLICKED)) {
     m_owner.OnOptionsChanged();
   } else {
     return false;

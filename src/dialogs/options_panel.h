@@ -20,7 +20,8 @@ class IOptionsPanelOwner {
   ~IOptionsPanelOwner() = default;
 };
 
-// The options as a child window: interface language, pop-up mode per line and cell, "About...". It
+// The options as a child window: interface language, pop-up mode per line and cell, whether
+// calls are recorded in the journal, "About...". It
 // stands in Outlook's options dialog and in our own alike. Where the object outlives its window and
 // makes it anew, what the user chose is kept.
 class COptionsPanel final : public CDialogWindow {

@@ -14,6 +14,7 @@ namespace quor {
 struct OptionValues {
   int32_t languageNo = kEnglish;
   std::array<int32_t, kPopUpSlots> popUpModes = {};  // Line1, Line2, Cell1 to Cell4
+  bool recordCalls = false;                          // in Outlook's journal
 
   bool operator==(const OptionValues&) const = default;
 };

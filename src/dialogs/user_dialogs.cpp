@@ -69,7 +69,7 @@ void CUserDialogs::OpenOptions() {
 
 OptionValues CUserDialogs::Load() {
   const Configuration& values = m_settings.Values();
-  return {values.languageNo, values.popUpModes};
+  return {values.languageNo, values.popUpModes, values.recordCalls != 0};
 }
 
 // A file that cannot be read changes nothing.
@@ -81,6 +81,7 @@ OptionValues CUserDialogs::Reload() {
 void CUserDialogs::Apply(const OptionValues& values) {
   m_settings.Values().languageNo = values.languageNo;
   m_settings.Values().popUpModes = values.popUpModes;
+  m_settings.Values().recordCalls = values.recordCalls ? 1 : 0;
   m_settings.Save();
 }
 

@@ -11,6 +11,7 @@ constexpr IID kFolderId = OfficeId(0x00063006);
 constexpr IID kInspectorsId = OfficeId(0x00063008);
 constexpr IID kExplorersId = OfficeId(0x0006300A);
 constexpr IID kContactItemId = OfficeId(0x00063021);
+constexpr IID kJournalItemId = OfficeId(0x00063022);
 constexpr IID kFoldersId = OfficeId(0x00063040);
 constexpr IID kItemsId = OfficeId(0x00063041);
 constexpr IID kPropertyPagesId = OfficeId(0x00063080);
@@ -100,6 +101,61 @@ void CContactItem::Save() const {
 
 void CContactItem::Display() const {
   static CMemberId member(L"Display");
+  CallMethod(member);
+}
+
+namespace {
+
+class CLinks : public CDispatchObject {
+ public:
+  explicit CLinks(IDispatchPtr object) : CDispatchObject(std::move(object), IID_IDispatch) {}
+
+  void Add(const CContactItem& contact) const {
+    static CMemberId member(L"Add");
+    CallMethod(member, _variant_t(contact.Get()));
+  }
+};
+
+}  // namespace
+
+CJournalItem::CJournalItem(IDispatchPtr object)
+    : CDispatchObject(std::move(object), kJournalItemId) {}
+REFIID CJournalItem::InterfaceId() noexcept {
+  return kJournalItemId;
+}
+
+void CJournalItem::SetSubject(std::wstring_view subject) const {
+  static CMemberId member(L"Subject");
+  PutText(member, subject);
+}
+
+void CJournalItem::SetType(std::wstring_view type) const {
+  static CMemberId member(L"Type");
+  PutText(member, type);
+}
+
+void CJournalItem::SetStart(double date) const {
+  static CMemberId member(L"Start");
+  PutProperty(member, _variant_t(date, VT_DATE));
+}
+
+void CJournalItem::SetDuration(int32_t minutes) const {
+  static CMemberId member(L"Duration");
+  PutLong(member, minutes);
+}
+
+void CJournalItem::SetBody(std::wstring_view body) const {
+  static CMemberId member(L"Body");
+  PutText(member, body);
+}
+
+void CJournalItem::AddLink(const CContactItem& contact) const {
+  static CMemberId member(L"Links");
+  CLinks(ObjectFrom(GetProperty(member))).Add(contact);
+}
+
+void CJournalItem::Save() const {
+  static CMemberId member(L"Save");
   CallMethod(member);
 }
 

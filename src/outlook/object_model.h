@@ -16,6 +16,7 @@ inline constexpr long kFolderDeletedItems = 3;
 inline constexpr long kFolderContacts = 10;
 inline constexpr int32_t kItemTypeAppointment = 1;
 inline constexpr int32_t kItemTypeContact = 2;
+inline constexpr int32_t kItemTypeJournal = 4;
 
 // Published event interfaces.
 extern const IID kApplicationEvents;
@@ -68,6 +69,22 @@ class CContactItem : public CDispatchObject {
 
 // The telNumberType whose property has this name, "HomeTelephoneNumber" say; 0 for any other.
 int TelNumberTypeOf(std::wstring_view property);
+
+class CJournalItem : public CDispatchObject {
+ public:
+  CJournalItem() = default;
+  explicit CJournalItem(IDispatchPtr object);
+  static REFIID InterfaceId() noexcept;
+
+  void SetSubject(std::wstring_view subject) const;
+  void SetType(std::wstring_view type) const;
+  void SetStart(double date) const;  // an automation DATE, local time
+  void SetDuration(int32_t minutes) const;
+  void SetBody(std::wstring_view body) const;
+  // The contact the entry belongs to; one that has been saved.
+  void AddLink(const CContactItem& contact) const;
+  void Save() const;
+};
 
 class CItems : public CDispatchObject {
  public:

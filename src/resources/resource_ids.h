@@ -51,6 +51,7 @@
 #define IDC_OPTIONS_POP_UP 1042 /* 1042 to 1047: Line1, Line2, Cell1 to Cell4 */
 #define IDC_OPTIONS_ABOUT 1048
 #define IDC_OPTIONS_APPLY 1049
+#define IDC_OPTIONS_JOURNAL 1050
 #define IDC_ABOUT_VERSION 1061
 #define IDC_ABOUT_BUILD 1062
 #define IDC_ABOUT_ARCHITECTURE 1063
@@ -123,6 +124,19 @@
 #define IDS_64_BIT 1543
 #define IDS_LINK_SINCE 1544  /* %1: date and time */
 #define IDS_LINK_HEALTH 1545 /* %1 to %7: counts and milliseconds */
+
+/* A call in Outlook's journal: what stands before the caller in its subject, and the labels of its
+   text. */
+#define IDS_JOURNAL_MISSED 1560
+#define IDS_JOURNAL_CALL_FROM 1561
+#define IDS_JOURNAL_CALL_TO 1562
+#define IDS_JOURNAL_LINE 1563
+#define IDS_JOURNAL_DIRECTION 1564
+#define IDS_JOURNAL_INCOMING 1565
+#define IDS_JOURNAL_OUTGOING 1566
+#define IDS_JOURNAL_NAME 1567
+#define IDS_JOURNAL_NUMBER 1568
+#define IDS_JOURNAL_LENGTH 1569
 
 /* 1601 to 1612: the kinds of a contact's numbers, in the order of telNumberType 1 to 12. */
 #define IDS_NUMBER_KIND 1600

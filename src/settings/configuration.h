@@ -72,6 +72,8 @@ struct Configuration {
   int32_t popUp = 1;
   std::array<int32_t, kPopUpSlots> popUpModes = {1, 1, 1, 1, 1, 1};  // by line slot, kPopUp...
 
+  int32_t recordCalls = 0;  // not 0: calls are written into Outlook's journal
+
   ToolBarRecord mainToolBar;
   ToolBarRecord contactToolBar;
 

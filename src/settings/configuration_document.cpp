@@ -80,6 +80,7 @@ constexpr const wchar_t* kMainToolBar = L"MainToolBar";
 constexpr const wchar_t* kContactToolBar = L"ContactToolBar";
 constexpr const wchar_t* kSystem = L"System";
 constexpr const wchar_t* kAliveCheck = L"AliveCheck";
+constexpr const wchar_t* kRecordCalls = L"RecordCalls";  // in the file only while it is on
 constexpr const wchar_t* kCallerLists = L"CallerLists";
 constexpr const wchar_t* kCallerList = L"CallerList";
 constexpr const wchar_t* kSpeedDials = L"SpeedDials";
@@ -142,12 +143,16 @@ class CSystemReader {
       : m_systemLanguage(systemLanguage), m_configuration(configuration), m_findings(findings) {}
 
   void Read(const XmlElement& section) {
+    m_configuration.recordCalls = 0;
     for (const XmlElement& child : section.children) {
       if (child.name == kAliveCheck) {
         for (const XmlElement& value : child.children)
           ReadField(value, kAliveCheckFields);
       } else {
         ReadField(child, kSystemFields);
+        if (child.name == kRecordCalls) {
+          ReadNumber(child, NoText::Zero, m_configuration.recordCalls);
+        }
         ReadPopUpMode(child);
       }
     }
@@ -243,6 +248,9 @@ XmlElement WriteSystem(const Configuration& configuration) {
   AppendNumbers<Configuration>(element, kSystemFields, configuration);
   for (size_t slot = 0; slot < kPopUpSlots; ++slot) {
     element.children.push_back(NumberElement(kPopUpElements[slot], configuration.popUpModes[slot]));
+  }
+  if (configuration.recordCalls != 0) {
+    element.children.push_back(NumberElement(kRecordCalls, configuration.recordCalls));
   }
   return element;
 }

@@ -117,6 +117,30 @@ class ICallerDirectory {
   ~ICallerDirectory() = default;
 };
 
+// Who is at the other end of a call. Empty texts are unknown.
+struct CallParty {
+  std::wstring name;
+  std::wstring number;
+  std::string entryId;  // of the contact, ANSI
+};
+
+// Follows the calls for the user's records: notes what it hears and calls nobody. Slots are 0 to 5;
+// kNoSlot is ignored.
+class ICallObserver {
+ public:
+  virtual void OnRing(int slot) = 0;
+  virtual void OnCaller(int slot, const CallParty& party) = 0;
+  virtual void OnDial(int slot, const CallParty& party) = 0;
+  // The base's busy reply to what was dialled last.
+  virtual void OnDialRefused() = 0;
+  // As reported.
+  virtual void OnStates(uint8_t line1, uint8_t line2, uint8_t cell) = 0;
+  virtual void EndAll() = 0;
+
+ protected:
+  ~ICallObserver() = default;
+};
+
 // timeGetTime: milliseconds, wraps after 49.7 days.
 class ITickClock {
  public:
@@ -134,6 +158,7 @@ struct TelephoneCollaborators {
   IMessagePopup& messages;
   ICallerWindow& callerWindow;
   ICallerDirectory& directory;
+  ICallObserver& calls;
   Configuration& configuration;
   ISettingsStore& settings;
   ITickClock& clock;

@@ -43,11 +43,15 @@ bool CDialler::DialCall(int listIndex, std::wstring_view destination) {
   if (!number.empty()) contact = m_with.directory.FindPhoneNumber(number, false);
 
   const bool posted = DialUSB(number);
+  const uint32_t lineType = m_state.pendingClearLine;
   m_state.lastDialTime = m_with.clock.TickMilliseconds();
   if (!posted) return false;
 
   std::optional<std::wstring> fileAs;
   if (contact) fileAs = m_with.directory.FindContactFileAs(*contact);
+  m_with.calls.OnDial(SlotFromLineType(lineType),
+                      {fileAs.value_or(std::wstring()), WideFromAnsi(number),
+                       contact ? contact->entryId : std::string()});
   Remember({shown, std::move(fileAs).value_or(std::wstring()), WideFromAnsi(number)});
   if (!m_state.HasRibbon()) m_with.controls.PutHistory();
   SetDialText(shown);

@@ -68,6 +68,7 @@ void CEventDispatcher::OnDisconnected() {
   // No base, no call to answer.
   m_state.caller.popupLine = m_state.caller.cidLine = kNoLine;
   m_lines.SetUSBState(kStateNoBase, kStateNoBase, 0, kStateNoBase, 0);
+  m_with.calls.EndAll();
   m_with.callerWindow.Hide();
   m_bar.SetBarState(0);
 }
@@ -79,6 +80,7 @@ void CEventDispatcher::OnStatus() {
   if (m_with.records.status.result == kBusyReply) ShowBusyReply();
 
   const StatusRecord report = m_with.records.status;
+  m_with.calls.OnStates(report.line1, report.line2, report.cell);
   m_lines.SetUSBState(report.line1, report.line2, report.log, report.cell, report.cellSub);
   FollowCall(report);
 
@@ -99,6 +101,7 @@ void CEventDispatcher::FollowCall(const StatusRecord& report) {
 }
 
 void CEventDispatcher::ShowBusyReply() {
+  m_with.calls.OnDialRefused();
   const bool cell = m_state.cellDialLine != kNoLine;
   m_state.cellDialLine = kNoLine;
   m_with.messages.ShowMessage(cell ? kTextCellBusy : kTextLineBusy);
@@ -109,6 +112,8 @@ void CEventDispatcher::OnReceiveCall(uint32_t lineType) {
   const int slot = SlotFromLineType(lineType);
   if (slot == kNoSlot) return;
   const IncomingCallRecord report = m_with.records.incomingCall[static_cast<size_t>(slot)];
+  m_with.calls.OnStates(report.line1, report.line2, report.cell);
+  m_with.calls.OnRing(slot);
   m_lines.SetUSBState(report.line1, report.line2, report.log, report.cell, report.cellSub);
   m_bar.SetBarState(1);
 }

@@ -51,6 +51,7 @@ void CIncomingCalls::OnCallerId(bool longDistance) {
 
   std::optional<CallerMatch> match = FindPhoneNumber(true, number);
   if (match) Identify(*std::move(match), caller);
+  m_with.calls.OnCaller(SlotOf(caller.information), {caller.name, caller.number, caller.entryId});
   if (!caller.number.empty()) m_callerList.Add(caller.name, caller.number);
   // Before a contact form can cover or delay it.
   m_with.controls.RedrawLineButtons();

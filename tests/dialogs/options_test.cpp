@@ -104,12 +104,16 @@ TEST_F(OptionsWindow, IsUsedWithTheKeyboardAlone) {
   EXPECT_EQ(m_desk.abouts, std::vector<HWND>{VisibleDialog()});
   SetFocus(Control(IDC_OPTIONS_POP_UP + 5));
   PressKey(VK_TAB);
+  EXPECT_EQ(GetFocus(), Control(IDC_OPTIONS_JOURNAL));
+  PressKey(VK_SPACE);
+  PressKey(VK_TAB);
   PressKey(VK_RETURN);
   EXPECT_EQ(m_desk.abouts.size(), 2u);
   PressKey(VK_TAB);
   EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDOK);
   PressAlt(L'a');
-  EXPECT_EQ(m_desk.applied.size(), 1u);
+  ASSERT_EQ(m_desk.applied.size(), 1u);
+  EXPECT_TRUE(m_desk.applied.front().recordCalls);
 }
 
 struct CNoActions final : IAboutActions {

@@ -26,6 +26,7 @@ class CTelephoneDesk final : private ILogWriter,
                              private IMessagePopup,
                              private ICallerWindow,
                              private ICallerDirectory,
+                             private ICallObserver,
                              private ITickClock,
                              private ISettingsStore {
  public:
@@ -101,6 +102,12 @@ class CTelephoneDesk final : private ILogWriter,
   std::optional<std::wstring> FindContactPhoneNumber(const CallerMatch& match) override;
   FormResult DisplayContact(std::string_view entryId) override;
   FormResult DisplayNewContact(std::wstring_view number) override;
+  void OnRing(int) override {}
+  void OnCaller(int, const CallParty&) override {}
+  void OnDial(int, const CallParty&) override {}
+  void OnDialRefused() override {}
+  void OnStates(uint8_t, uint8_t, uint8_t) override {}
+  void EndAll() override {}
   uint32_t TickMilliseconds() noexcept override { return tick; }
   void Save() noexcept override { Note("save"); }
 };
