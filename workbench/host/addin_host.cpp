@@ -2,7 +2,7 @@
 
 // clang-format off
 #include <windows.h>
-#include <objbase.h>
+#include <ole2.h>
 #include <oleauto.h>
 // clang-format on
 
@@ -166,19 +166,39 @@ void CAddInHost::ReleaseObject() {
   m_connected = false;
 }
 
+HRESULT CAddInHost::CanUnload() const {
+  const auto canUnload = reinterpret_cast<HRESULT(WINAPI*)()>(
+      reinterpret_cast<void*>(GetProcAddress(m_module, "DllCanUnloadNow")));
+  return canUnload ? canUnload() : E_NOTIMPL;
+}
+
+void CAddInHost::ReleaseInside() {
+  ReleaseObject();
+  if (m_module && CanUnload() == S_OK) {
+    throw CExpectationFailure("DllCanUnloadNow says yes while the add-in's own code runs");
+  }
+}
+
+void CAddInHost::EndProcess(bool uninitialized) {
+  CImportFaults::Forget();
+  CModuleMeter::Forget();
+  if (uninitialized) OleUninitialize();
+  ExitProcess(0);
+}
+
 void CAddInHost::Unload() {
   if (!m_module) throw CScenarioError("the add-in is not loaded");
   ReleaseObject();
+  const bool early = m_surroundings.HoldsOldSinks() && CanUnload() == S_OK;
   m_loop.Pump();
+  if (early) throw CExpectationFailure("DllCanUnloadNow says yes while a sink is still held");
   CModuleMeter::Forget();
   CheckModuleGone();
 }
 
 void CAddInHost::CheckModuleGone() {
   const std::vector<HWND> windows = Windows();
-  const auto canUnload = reinterpret_cast<HRESULT(WINAPI*)()>(
-      reinterpret_cast<void*>(GetProcAddress(m_module, "DllCanUnloadNow")));
-  const HRESULT answer = canUnload ? canUnload() : E_NOTIMPL;
+  const HRESULT answer = CanUnload();
   m_module = nullptr;
   if (answer != S_OK) {
     throw CExpectationFailure("its DLL still has objects: DllCanUnloadNow answers " +

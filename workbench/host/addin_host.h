@@ -10,6 +10,7 @@
 #include "workbench/host/import_faults.h"
 #include "workbench/host/message_loop.h"
 #include "workbench/host/module_meter.h"
+#include "workbench/host/neighbours.h"
 #include "workbench/host/registered_addin.h"
 #include "workbench/office/value.h"
 #include "workbench/scenario/stage.h"
@@ -29,6 +30,8 @@ class IAddInSurroundings {
   virtual CValue RibbonControl(const std::string& id) = 0;
   // The add-in goes: nothing of its may be kept.
   virtual void OnAddInGone() = 0;
+  // Whether event sources still hold sinks that are no longer advised.
+  virtual bool HoldsOldSinks() = 0;
 
  protected:
   ~IAddInSurroundings() = default;
@@ -54,6 +57,13 @@ class CAddInHost final : public IHostStage {
   uint32_t CallRibbon(const RibbonCall& call, std::string& answer) override;
   bool IsConnected() override { return m_connected; }
   bool IsLoaded() override { return m_addIn != nullptr; }
+  bool IsInProcess() override { return m_module != nullptr; }
+  void EndProcess(bool uninitialized) override;
+  void MoveIn(Neighbour neighbour) override { m_neighbours.MoveIn(neighbour); }
+  void NeighboursLeave() override { m_neighbours.Leave(); }
+  // Lets the add-in go in the middle of a call that it makes. Throws CExpectationFailure when its
+  // DLL would be unloaded under its own code.
+  void ReleaseInside();
   void Unload() override;
   void ReleaseObject() override;
   void Poll() override;
@@ -85,6 +95,7 @@ class CAddInHost final : public IHostStage {
   // Loads the DLL and asks it for its class, without making an object yet.
   HRESULT LoadClass();
   void CheckModuleGone();
+  HRESULT CanUnload() const;
 
   RegisteredAddIn m_registered;
   CMessageLoop& m_loop;
@@ -92,6 +103,7 @@ class CAddInHost final : public IHostStage {
   CFigureStage& m_figures;
   CModuleMeter m_meter;
   CImportFaults m_importFaults;
+  CNeighbours m_neighbours;
   IClassFactory* m_factory = nullptr;  // between loading the DLL and making the object
   IExtensibility* m_addIn = nullptr;
   IRibbonDocumentSource* m_ribbonSource = nullptr;

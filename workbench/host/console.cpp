@@ -9,6 +9,7 @@ namespace {
 
 // In plain memory, since a crash handler reads it.
 char g_currentCommand[256] = "before the first command";
+uint64_t g_round = 0;  // 0: no sweep
 
 std::string Indented(const std::string& text, const char* indentation) {
   std::string result = indentation;
@@ -31,9 +32,14 @@ const char* CConsole::CurrentCommand() {
   return g_currentCommand;
 }
 
+void CConsole::SetRound(uint64_t call) {
+  g_round = call;
+}
+
 void CConsole::Command(const Statement& statement) {
-  std::snprintf(g_currentCommand, std::size(g_currentCommand), "line %d: %s", statement.line,
-                statement.source.c_str());
+  const std::string round = g_round != 0 ? "call " + std::to_string(g_round) + ", " : "";
+  std::snprintf(g_currentCommand, std::size(g_currentCommand), "%sline %d: %s", round.c_str(),
+                statement.line, statement.source.c_str());
   if (m_telling != Options::Telling::Everything || statement.words.front() == "say") return;
   if (statement.round > 1) return;  // as in the first round
   char number[16];

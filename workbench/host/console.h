@@ -1,6 +1,7 @@
 #ifndef QUOR_WORKBENCH_HOST_CONSOLE_H
 #define QUOR_WORKBENCH_HOST_CONSOLE_H
 
+#include <cstdint>
 #include <string>
 
 #include "workbench/scenario/options.h"
@@ -20,6 +21,8 @@ class CConsole final : public ITranscript {
 
   // The command that runs now, for whoever reports that it crashed or got stuck.
   static const char* CurrentCommand();
+  // The call of the object model that a sweep's round is about; goes before the command.
+  static void SetRound(uint64_t call);
 
  private:
   Options::Telling m_telling;

@@ -9,6 +9,7 @@ namespace {
 
 // An add-in whose windows post to themselves without end must not hang the scenario here.
 constexpr int kMostMessages = 100'000;
+constexpr int kMostPaints = 50;
 constexpr ULONGLONG kLongestHold = 3'000;  // milliseconds
 constexpr DWORD kLongestSleep = 50;
 
@@ -77,11 +78,16 @@ void CMessageLoop::ExpectTimerFirst(UINT_PTR first, UINT_PTR second) {
 }
 
 bool CMessageLoop::PumpOne() {
-  return HandleOne(0, WM_TIMER - 1) || HandleOne(WM_TIMER + 1, 0xFFFFFFFF);
+  return HandleOne(0, WM_PAINT - 1) || HandleOne(WM_PAINT + 1, WM_TIMER - 1) ||
+         HandleOne(WM_TIMER + 1, 0xFFFFFFFF);
 }
 
 void CMessageLoop::Pump() {
-  for (int i = 0; i < kMostMessages && PumpOne(); ++i) {
+  int paints = 0;
+  for (int i = 0; i < kMostMessages; ++i) {
+    if (PumpOne()) continue;
+    // A window that is never done with painting must not stop the others.
+    if (++paints > kMostPaints || !HandleOne(WM_PAINT, WM_PAINT)) return;
   }
 }
 

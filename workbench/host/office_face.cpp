@@ -56,7 +56,8 @@ void COfficeFace::LoadRibbon(const std::string& ribbonId, const std::string& doc
 void COfficeFace::UnloadRibbons() {
   for (const auto& parts : m_windows) {
     parts->window->SetRibbon(nullptr);
-    parts->ribbon.reset();
+    // It may be calling the add-in just now.
+    m_session->Model().RunLater([view = std::shared_ptr<CRibbonView>(std::move(parts->ribbon))] {});
   }
   if (m_explorerRibbon) m_explorerRibbon->Unload();
   if (m_contactRibbon) m_contactRibbon->Unload();
@@ -77,7 +78,7 @@ COfficeFace::PartsPtr COfficeFace::FindKnown(const CWindowObject& window) {
   return nullptr;
 }
 
-COfficeFace::PartsPtr COfficeFace::Add(CWindowObject& window, bool isExplorer) {
+COfficeFace::PartsPtr COfficeFace::NewParts(CWindowObject& window, bool isExplorer) {
   auto parts = std::make_shared<WindowParts>();
   parts->object = &window;
   parts->isExplorer = isExplorer;
@@ -86,28 +87,29 @@ COfficeFace::PartsPtr COfficeFace::Add(CWindowObject& window, bool isExplorer) {
       m_session->Model(), m_registry,
       m_version < firstRibbon ? CCommandBars::Kind::Shown : CCommandBars::Kind::Hidden);
   parts->bars->SetApplication(&m_session->Application());
-  m_windows.push_back(parts);
   return parts;
 }
 
 COfficeFace::PartsPtr COfficeFace::PartsOf(CExplorer& explorer) {
   if (PartsPtr known = FindKnown(explorer)) return known;
-  PartsPtr parts = Add(explorer, true);
+  PartsPtr parts = NewParts(explorer, true);
   OutlookWindowOptions options;
   options.window.painted = m_painted;
   options.skin = m_version < kFirstExplorerRibbon ? Skin::Toolbars : Skin::Ribbon;
   parts->window = std::make_unique<COutlookWindow>(*m_session, explorer, *parts->bars, options);
   parts->window->SetPanel(m_panel);
+  m_windows.push_back(parts);
   return parts;
 }
 
 COfficeFace::PartsPtr COfficeFace::PartsOf(CInspector& inspector) {
   if (PartsPtr known = FindKnown(inspector)) return known;
-  PartsPtr parts = Add(inspector, false);
+  PartsPtr parts = NewParts(inspector, false);
   OutlookWindowOptions options;
   options.window.painted = m_painted;
   options.skin = m_version < kFirstInspectorRibbon ? Skin::Toolbars : Skin::Ribbon;
   parts->window = std::make_unique<COutlookWindow>(*m_session, inspector, *parts->bars, options);
+  m_windows.push_back(parts);
   return parts;
 }
 

@@ -86,7 +86,7 @@ class COfficeFace final : public IOutlookFace {
   PartsPtr PartsOf(CExplorer& explorer);
   PartsPtr PartsOf(CInspector& inspector);
   PartsPtr FindKnown(const CWindowObject& window);
-  PartsPtr Add(CWindowObject& window, bool isExplorer);
+  PartsPtr NewParts(CWindowObject& window, bool isExplorer);
   PartsPtr Find(CWindowObject* window);
   void Show(WindowParts& parts);
   void OpenRibbon(WindowParts& parts);

@@ -1,6 +1,7 @@
 #include "workbench/host/outlook_stage.h"
 
 #include "workbench/host/application_data.h"
+#include "workbench/office/window_objects.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -29,6 +30,23 @@ void CheckCards(const std::vector<CardError>& errors) {
 
 void COutlookStage::AddStore(const std::string& name) {
   m_outlook.Session().Mailbox().AddSecondaryStore(WideFromUtf8(name));
+}
+
+void COutlookStage::RefuseStore(const std::string& name, Refusal refusal, uint32_t status) {
+  for (const auto& store : m_outlook.Session().Mailbox().Stores()) {
+    if (store->top->name != WideFromUtf8(name)) continue;
+    store->refusal = static_cast<Store::Refusal>(refusal);
+    store->refusalCode = static_cast<HRESULT>(status);
+    return;
+  }
+  throw CScenarioError("no store is called " + name);
+}
+
+void COutlookStage::ShowMainWindow(bool shown) {
+  CSession& session = m_outlook.Session();
+  const CModelPtr<CExplorer> explorer = session.ActiveExplorer();
+  if (!explorer) throw CScenarioError("no main window is open");
+  ShowWindow(session.Face().WindowOf(*explorer), shown ? SW_SHOW : SW_HIDE);
 }
 
 void COutlookStage::SetEntryIds(const EntryIds& style) {

@@ -15,6 +15,11 @@ class COutlookStage final : public IOutlookStage {
 
   int Version() override { return m_outlook.Version(); }
   void AddStore(const std::string& name) override;
+  void RefuseStore(const std::string& name, Refusal refusal, uint32_t status) override;
+  void ShowMainWindow(bool shown) override;
+  void DelayItemEvents(bool on) override { m_outlook.Session().DelayItemEvents(on); }
+  void DelaySinkRelease(bool on) override { m_outlook.Model().DelaySinkRelease(on); }
+  void GiveSeveralObjects(bool on) override { m_outlook.Session().GiveSeveralObjects(on); }
   void SetEntryIds(const EntryIds& style) override;
   void LoadContacts(const std::string& vcardFile) override;
   void ChangeContact(const std::string& contact, const std::string& property,

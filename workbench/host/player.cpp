@@ -1,5 +1,7 @@
 #include "workbench/host/player.h"
 
+#include <algorithm>
+
 #include "workbench/scenario/log_lines.h"
 #include "workbench/scenario/replay.h"
 #include "workbench/scenario/scenario_error.h"
@@ -11,6 +13,23 @@ namespace {
 std::string FolderOf(const std::string& path) {
   const size_t end = path.find_last_of("/\\");
   return end == std::string::npos ? std::string() : path.substr(0, end + 1);
+}
+
+// Lines "11 14 Application.Explorers": the versions, then the member. '#' begins a comment.
+std::vector<std::string> ReadOutcomes(const std::string& text, int version) {
+  std::vector<std::string> members;
+  for (const Statement& line : ParseScript(text, version)) {
+    const auto end = line.words.end() - 1;
+    if (std::find(line.words.begin(), end, std::to_string(version)) != end) members.push_back(*end);
+  }
+  return members;
+}
+
+Bytes CallOnLine1() {
+  constexpr uint8_t kRinging = 2;
+  LineReport report;
+  report.line1 = kRinging;
+  return ReceiveCallFrame(*LineTypeFromName("line1"), report);
 }
 
 std::string ReadNamedFile(const std::string& path) {
@@ -62,43 +81,123 @@ int CPlayer::PlayScenario(const std::vector<Statement>& statements) {
   return played && finished ? kGood : kFailed;
 }
 
-// With each round one call later fails, until the fault lies behind the last call.
+// With each round it is one call later, until there is no such call any more.
 int CPlayer::Sweep(const std::vector<Statement>& statements) {
+  if (!m_options.outcomes.empty()) {
+    m_idleAfter = ReadOutcomes(ReadNamedFile(m_options.outcomes), m_options.outlookVersion);
+  }
   bool good = true;
   uint64_t call = m_options.sweepFrom;
   while (SweepRound(statements, call, good))
     ++call;
-  PrintLine("calls of the object model made to fail: " +
-            std::to_string(call - m_options.sweepFrom));
+  PrintLine("calls of the object model swept: " + std::to_string(call - m_options.sweepFrom));
   return good ? kGood : kFailed;
 }
 
 // False when the session has no such call any more.
 bool CPlayer::SweepRound(const std::vector<Statement>& statements, uint64_t call, bool& good) {
   Open();
-  CModel& model = m_workbench->Outlook().Model();
+  m_called.reset();
+  m_failedInside.clear();
+  CConsole quiet(Options::Telling::FailuresOnly);
+  CConsole::SetRound(call);
+  CRun run = NewRun(quiet);
   m_executor.Do([&] {
-    Fault fault;
-    fault.first = fault.last = call;
-    model.AddFault(fault);
+    Aim(run, call);
     m_workbench->Host().HastenTimers();
     m_workbench->Host().KeepModule();
   });
-  CConsole quiet(Options::Telling::FailuresOnly);
-  CRun run = NewRun(quiet);
   run.PlayUnderFaults(statements);
-  const bool finished = run.Finish();
-  const bool fired = model.FaultsFired() > 0;
-  const std::string member = model.LastFaulted();
+  bool right = true;
+  if (m_options.inside == Options::Inside::Fail && m_called && !m_options.outcomes.empty()) {
+    right = CheckOutcome(run, *m_called);
+  }
+  right = run.Finish() && right;
+  if (!m_failedInside.empty()) {
+    PrintLine("FAILED inside the call: " + m_failedInside);
+    right = false;
+  }
   Close();
-  if (fired && m_options.telling == Options::Telling::Everything) {
-    PrintLine("    " + std::to_string(call) + " " + member);
+  const std::string round = std::to_string(call) + (m_called ? " " + *m_called : "");
+  if (m_called && m_options.telling == Options::Telling::Everything) PrintLine("    " + round);
+  if (!right) PrintLine("  that was in call " + round);
+  good = good && right;
+  return m_called.has_value();
+}
+
+void CPlayer::Aim(CRun& run, uint64_t call) {
+  Hook hook;
+  hook.nth = call;
+  CModel& model = m_workbench->Outlook().Model();
+  hook.action = [this, &run, &model] {
+    m_called = model.LastEntered();
+    if (m_options.inside != Options::Inside::Fail) ActInside(run);
+  };
+  model.AddHook(std::move(hook));
+  if (m_options.inside != Options::Inside::Fail) return;
+  Fault fault;
+  fault.first = fault.last = call;
+  model.AddFault(fault);
+}
+
+void CPlayer::ActInside(CRun& run) {
+  constexpr int kUserClosed = 1;
+  using enum Options::Inside;
+  CAddInHost& host = m_workbench->Host();
+  ISimulatedBase& base = m_workbench->Base();
+  try {
+    switch (m_options.inside) {
+      case Fail:
+        return;
+      case Disconnect:
+        host.Disconnect(kUserClosed);
+        return;
+      case Release:
+        host.Disconnect(kUserClosed);
+        host.ReleaseInside();
+        return;
+      case Quit:
+        run.EndOutlook();
+        return;
+      case Poll:
+        base.Queue(CallOnLine1());
+        host.Poll();
+        return;
+      case Unplug:
+        if (base.DeviceCount() != 0) base.Unplug();
+        host.Poll();
+        return;
+    }
+  } catch (const CScenarioError&) {
+    // Too early or too late in the session for it.
+  } catch (const CExpectationFailure& failure) {
+    m_failedInside = failure.what();
   }
-  if (!finished) {
-    PrintLine("  that was with call " + std::to_string(call) + " failing, " + member);
-    good = false;
-  }
-  return fired;
+}
+
+// After the failure the telephone still works: a frame of the base is read and handled.
+bool CPlayer::CheckOutcome(CRun& run, const std::string& member) {
+  bool works = false;
+  m_executor.Do([&] {
+    try {
+      run.ForgetLog();
+      ISimulatedBase& base = m_workbench->Base();
+      if (base.DeviceCount() == 0) base.Plug();
+      m_workbench->Host().Poll();  // finds the base, if need be
+      base.Queue(CallOnLine1());
+      m_workbench->Host().Poll();
+      m_workbench->Host().Pump();
+      for (const std::string& line : run.NewLogLines())
+        works = works || line.find("OnEventGet") != std::string::npos;
+    } catch (const std::runtime_error&) {
+      // No window for the timers, or no log: no telephone.
+    }
+  });
+  const bool mayBeIdle =
+      std::find(m_idleAfter.begin(), m_idleAfter.end(), member) != m_idleAfter.end();
+  if (works || mayBeIdle) return true;
+  PrintLine("FAILED no telephone after the failure of " + member);
+  return false;
 }
 
 int CPlayer::PlayReplay() {

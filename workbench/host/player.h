@@ -36,6 +36,10 @@ class CPlayer {
   int PlayScenario(const std::vector<Statement>& statements);
   int Sweep(const std::vector<Statement>& statements);
   bool SweepRound(const std::vector<Statement>& statements, uint64_t call, bool& good);
+  // Has the round's call fail, or something else happen inside it.
+  void Aim(CRun& run, uint64_t call);
+  void ActInside(CRun& run);
+  bool CheckOutcome(CRun& run, const std::string& member);
   int PlayReplay();
 
   Options m_options;
@@ -43,6 +47,9 @@ class CPlayer {
   CThreadExecutor& m_executor;
   CConsole m_console;
   std::unique_ptr<CWorkbench> m_workbench;
+  std::optional<std::string> m_called;   // the member of the round's call, once it was made
+  std::string m_failedInside;            // what went wrong inside it
+  std::vector<std::string> m_idleAfter;  // members whose failure may leave no telephone
 };
 
 }  // namespace quor::workbench

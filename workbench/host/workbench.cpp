@@ -76,6 +76,12 @@ CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
   if (options.calls) {
     m_outlook.Model().SetObserver([](const CallRecord& record) { PrintLine(LineOf(record)); });
   }
+  if (options.neighbours) {
+    for (const Neighbour neighbour :
+         {Neighbour::NeverValidates, Neighbour::InvalidatesAgain, Neighbour::MessageHook}) {
+      m_host.MoveIn(neighbour);
+    }
+  }
   m_outlook.OpenExplorer();
 }
 

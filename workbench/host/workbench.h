@@ -44,6 +44,7 @@ class CWorkbench final : IAddInSurroundings {
                 IUnknown* callbacks) override;
   CValue RibbonControl(const std::string& id) override;
   void OnAddInGone() override;
+  bool HoldsOldSinks() override { return m_outlook.Model().HoldsOldSinks(); }
   void OnConnectSet(bool connect);
 
   RegisteredAddIn m_addIn;

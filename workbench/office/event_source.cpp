@@ -247,7 +247,7 @@ HRESULT CEventSource::Unadvise(size_t interfaceIndex, DWORD cookie) {
     if (connection == m_connections.end()) return Watched(events.unadvise, CONNECT_E_NOCONNECTION);
     IDispatch* sink = connection->sink;
     m_connections.erase(connection);
-    sink->Release();
+    Model().ReleaseSink(*sink);
     return Watched(events.unadvise, S_OK);
   } catch (...) {
     return E_OUTOFMEMORY;
@@ -337,7 +337,7 @@ void CEventSource::OnLetGo() noexcept {
 void CEventSource::DropSinks() noexcept {
   const std::vector<Connection> dropped = std::exchange(m_connections, {});
   for (const Connection& connection : dropped)
-    connection.sink->Release();
+    Model().ReleaseSink(*connection.sink);
 }
 
 void CEventSource::OnGone() noexcept {

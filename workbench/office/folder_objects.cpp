@@ -51,7 +51,7 @@ ItemType ItemTypeOfDefaultFolder(long olDefaultFolder, ItemType fallback) {
 
 CFolder::CFolder(CSession& session, FolderNode& node)
     : COutlookObject(session, Members(), NoEvents(), ObjectClass::Folder), m_node(&node) {
-  node.object = this;
+  node.objects.push_back(this);
 }
 
 const CMemberTable& CFolder::Members() {
@@ -80,7 +80,7 @@ FolderNode& CFolder::Node() const {
 }
 
 void CFolder::OnGone() noexcept {
-  if (m_node != nullptr) m_node->object = nullptr;
+  if (m_node != nullptr) std::erase(m_node->objects, this);
   COutlookObject::OnGone();
 }
 
@@ -98,7 +98,13 @@ CValue CFolder::DefaultMessageClass() {
   return CValue(MessageClassOf(Node().itemType));
 }
 
+void CFolder::CheckAnswers(Store::Refusal question) const {
+  const Store& store = *Node().store;
+  if (Node().parent == nullptr && store.refusal == question) throw CModelError(store.refusalCode);
+}
+
 CValue CFolder::EntryId() {
+  CheckAnswers(Store::Refusal::EntryId);
   return CValue(Node().entryId);
 }
 
@@ -111,6 +117,7 @@ CModelPtr<CItems> CFolder::Items() {
 }
 
 CValue CFolder::Name() {
+  CheckAnswers(Store::Refusal::Name);
   return CValue(Node().name);
 }
 
@@ -195,6 +202,10 @@ FolderNode& CFolders::NodeAt(size_t position) {
 
 CModelPtr<CFolder> CFolders::At(size_t position) {
   if (position == CCursor::kNone) return {};
+  const Store& store = *NodeAt(position).store;
+  if (m_node == nullptr && store.refusal == Store::Refusal::Item) {
+    throw CModelError(store.refusalCode);
+  }
   return Session().FolderObject(NodeAt(position));
 }
 

@@ -10,7 +10,7 @@
 
 namespace quor::workbench {
 
-// MAPIFolder. There is one live object for a folder; its members fail once the folder is gone.
+// MAPIFolder. Its members fail once the folder is gone.
 class CFolder final : public COutlookObject {
  public:
   CFolder(CSession& session, FolderNode& node);
@@ -39,6 +39,8 @@ class CFolder final : public COutlookObject {
   CModelPtr<CExplorer> GetExplorer();
   void Delete();
   void MoveTo(const CArguments& arguments);
+
+  void CheckAnswers(Store::Refusal question) const;
 
   FolderNode* m_node;
 };

@@ -145,7 +145,7 @@ bool CItem::RaiseClose() {
 }
 
 void CItem::OnGone() noexcept {
-  m_item->object = nullptr;
+  if (m_item->object == this) m_item->object = nullptr;
   COutlookObject::OnGone();
 }
 

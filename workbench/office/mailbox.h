@@ -58,7 +58,7 @@ struct StoredItem {
   std::vector<std::wstring> members;  // of a distribution list
   std::vector<std::wstring> links;    // of a journal entry: the contacts' File As
   FolderNode* folder = nullptr;       // null once deleted for good, or not yet saved
-  CItem* object = nullptr;            // the one live object, if any
+  CItem* object = nullptr;            // the last live object, if any
 };
 using StoredItemPtr = std::shared_ptr<StoredItem>;
 
@@ -73,7 +73,7 @@ struct FolderNode {
   uint64_t changes = 0;  // counts additions and removals of items
 
   // Live objects over this folder; the collections raise its events.
-  CFolder* object = nullptr;
+  std::vector<CFolder*> objects;
   std::vector<CItems*> itemCollections;
   std::vector<CFolders*> folderCollections;
 };
@@ -85,6 +85,10 @@ struct Store {
   FolderNode* contacts = nullptr;
   FolderNode* deletedItems = nullptr;
   uint32_t lastNode = 0x20;
+
+  // What its provider does not answer: the store among others, its entry id, its name.
+  enum class Refusal { None, Item, EntryId, Name } refusal = Refusal::None;
+  int32_t refusalCode = 0;  // an HRESULT
 };
 
 struct EntryIdStyle {

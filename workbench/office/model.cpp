@@ -9,6 +9,8 @@ namespace quor::workbench {
 namespace {
 
 constexpr size_t kGraves = 20000;
+constexpr UINT kRunLater = WM_APP;
+constexpr wchar_t kLaterClass[] = L"quor workbench later";
 
 // The processor's own counter: a start-up scan switches sides some 150,000 times, and the system's
 // clock would cost as much as what is measured.
@@ -65,6 +67,7 @@ CModel::CallSite::CallSite(std::string_view type, std::string_view member)
 CModel::CModel() : m_thread(GetCurrentThreadId()), m_sideSince(Ticks()) {}
 
 CModel::~CModel() {
+  if (m_laterWindow) DestroyWindow(m_laterWindow);
   while (!m_graves.empty()) {
     CCounted* body = m_graves.front();
     m_graves.pop_front();
@@ -72,6 +75,42 @@ CModel::~CModel() {
   }
   for (const auto& [serial, object] : m_live)
     object->Orphan();
+}
+
+LRESULT CALLBACK CModel::LaterProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  auto* const self = reinterpret_cast<CModel*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (message != kRunLater || !self) return DefWindowProcW(window, message, wParam, lParam);
+  const std::function<void()> action = std::move(self->m_later.front());
+  self->m_later.pop_front();
+  action();
+  return 0;
+}
+
+void CModel::RunLater(std::function<void()> action) {
+  if (!m_laterWindow) {
+    WNDCLASSW windowClass = {};
+    windowClass.lpfnWndProc = LaterProcedure;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.lpszClassName = kLaterClass;
+    RegisterClassW(&windowClass);
+    m_laterWindow = CreateWindowExW(0, kLaterClass, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                    windowClass.hInstance, nullptr);
+    SetWindowLongPtrW(m_laterWindow, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  }
+  m_later.push_back(std::move(action));
+  PostMessageW(m_laterWindow, kRunLater, 0, 0);
+}
+
+void CModel::ReleaseSink(IUnknown& sink) {
+  if (!m_delaysSinkRelease) {
+    sink.Release();
+    return;
+  }
+  ++m_oldSinks;
+  RunLater([this, &sink] {
+    --m_oldSinks;
+    sink.Release();
+  });
 }
 
 int CModel::AddTrigger(Trigger trigger) {
@@ -115,6 +154,7 @@ std::optional<HRESULT> CModel::Enter(const CallSite& site) {
   }
   if (m_triggers.empty()) return std::nullopt;
 
+  m_lastEntered = site.key;
   std::optional<HRESULT> answer;
   std::vector<std::function<void()>> actions;
   for (Trigger& trigger : m_triggers) {

@@ -84,9 +84,11 @@ class CModel {
   int AddHook(Hook hook);
   void Withdraw(int number);
   void WithdrawAll();
-  uint64_t FaultsFired() const noexcept { return m_faultsFired; }  // a sweep ends when none did
+  uint64_t FaultsFired() const noexcept { return m_faultsFired; }
   // The call that a fault made fail last: "Items.Item".
   const std::string& LastFaulted() const noexcept { return m_lastFaulted; }
+  // The call that faults and hooks were last looked up for.
+  const std::string& LastEntered() const noexcept { return m_lastEntered; }
   void RethrowHookFailure();  // the first since the last time; nothing if there was none
 
   using Observer = std::function<void(const CallRecord&)>;
@@ -94,6 +96,10 @@ class CModel {
 
   // Each call takes so many microseconds more from now on.
   void SetPace(unsigned microseconds) noexcept;
+
+  // Whether sources release their sinks on a later pump of messages only.
+  void DelaySinkRelease(bool on) noexcept { m_delaysSinkRelease = on; }
+  bool HoldsOldSinks() const noexcept { return m_oldSinks != 0; }
 
   // Figures since the start or the last reset.
   uint64_t TotalCalls() const noexcept { return m_totalCalls; }
@@ -129,6 +135,10 @@ class CModel {
   void Unregister(const CCounted& object) noexcept;
   void Bury(CCounted& object);  // dead, kept for a while so that a use after release is noticed
   void RecordMisuse(std::string text);
+  // Runs the action on a later pump of this thread's messages; not at all once the model has ended.
+  void RunLater(std::function<void()> action);
+  // Releases a sink that is no longer advised, now or on a later pump.
+  void ReleaseSink(IUnknown& sink);
   bool IsOwnThread() const noexcept { return GetCurrentThreadId() == m_thread; }
   DWORD NextCookie() noexcept { return ++m_lastCookie; }
 
@@ -145,6 +155,7 @@ class CModel {
   };
 
   int AddTrigger(Trigger trigger);
+  static LRESULT CALLBACK LaterProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   Side SwitchSide(Side side) noexcept;
 
   const DWORD m_thread;
@@ -156,6 +167,7 @@ class CModel {
   int m_lastTrigger = 0;
   uint64_t m_faultsFired = 0;
   std::string m_lastFaulted;
+  std::string m_lastEntered;
   std::exception_ptr m_hookFailure;
   Observer m_observer;
   uint64_t m_totalCalls = 0;
@@ -164,6 +176,10 @@ class CModel {
   int64_t m_dwellTicks = 0;  // in each call, for the pace
   int64_t m_ticksInside = 0;
   std::vector<std::string> m_misuses;
+  HWND m_laterWindow = nullptr;
+  std::deque<std::function<void()>> m_later;
+  bool m_delaysSinkRelease = false;
+  size_t m_oldSinks = 0;
 };
 
 class CModel::CTimeInside {

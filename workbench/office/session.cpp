@@ -52,12 +52,12 @@ std::wstring CSession::VersionText() const {
 }
 
 CModelPtr<CFolder> CSession::FolderObject(FolderNode& folder) {
-  if (folder.object != nullptr) return folder.object;
+  if (!folder.objects.empty() && !m_givesSeveralObjects) return folder.objects.back();
   return MakeObject<CFolder>(*this, folder);
 }
 
 CModelPtr<CItem> CSession::ItemObject(const StoredItemPtr& item) {
-  if (item->object != nullptr) return item->object;
+  if (item->object != nullptr && !m_givesSeveralObjects) return item->object;
   switch (item->type) {
     case ItemType::Contact:
       return MakeObject<CContactItem>(*this, item, nullptr);
@@ -86,10 +86,21 @@ CModelPtr<CItem> CSession::NewItem(ItemType type, FolderNode& folder) {
 }
 
 void CSession::RaiseItemAdd(FolderNode& folder, const StoredItemPtr& item) {
+  RaiseItemEvent(folder, kItemAdd, item);
+}
+
+void CSession::RaiseItemEvent(FolderNode& folder, DISPID event, const StoredItemPtr& item) {
+  if (!m_delaysItemEvents) return FireItemEvent(folder, event, item);
+  m_model.RunLater([this, id = folder.entryId, event, item] {
+    FolderNode* const then = m_mailbox.FolderById(id, {});
+    if (then != nullptr) FireItemEvent(*then, event, item);
+  });
+}
+
+void CSession::FireItemEvent(FolderNode& folder, DISPID event, const StoredItemPtr& item) {
   const CModelPtr<CItem> object = ItemObject(item);
-  for (const auto& items : Listeners(folder.itemCollections)) {
-    items->Fire(kItemAdd, {CValue(object.get())});
-  }
+  for (const auto& items : Listeners(folder.itemCollections))
+    items->Fire(event, {CValue(object.get())});
 }
 
 void CSession::RaiseItemRemove(FolderNode& folder) {
@@ -108,12 +119,9 @@ void CSession::SaveNewItem(const StoredItemPtr& item, FolderNode& folder) {
 
 void CSession::NoteItemChange(const StoredItemPtr& item) {
   m_face.OnChanged();
-  const CModelPtr<CItem> object = ItemObject(item);
   for (int repeat = 0; repeat < m_options.itemChangeRepeats; ++repeat) {
     if (item->folder == nullptr) return;
-    for (const auto& items : Listeners(item->folder->itemCollections)) {
-      items->Fire(kItemChange, {CValue(object.get())});
-    }
+    RaiseItemEvent(*item->folder, kItemChange, item);
   }
 }
 
@@ -222,7 +230,8 @@ void CSession::LeaveFolder(const FolderNode& folder) {
       explorer->LeaveFolder(*m_mailbox.DefaultFolder(6));
     }
   }
-  if (folder.object != nullptr) folder.object->Forget();
+  for (CFolder* object : folder.objects)
+    object->Forget();
   for (CItems* items : folder.itemCollections)
     items->Forget();
   for (CFolders* folders : folder.folderCollections)
@@ -255,7 +264,7 @@ void CSession::CloseExplorer(CExplorer& explorer) {
 
 CModelPtr<CInspector> CSession::InspectorFor(CItem& item) {
   for (const auto& inspector : m_inspectorWindows) {
-    if (inspector->Item() == &item) return inspector;
+    if (inspector->Item()->Stored() == item.Stored()) return inspector;
   }
   return MakeObject<CInspector>(*this, item);
 }

@@ -75,10 +75,13 @@ class CSession {
   CInspectors& Inspectors() const noexcept { return *m_inspectors; }
   CComAddIns& ComAddIns() const noexcept { return *m_comAddIns; }
 
-  // The one live object for a folder or an item, made on demand.
+  // The one live object for a folder or an item, made on demand; or another one each time.
   CModelPtr<CFolder> FolderObject(FolderNode& folder);
   CModelPtr<CItem> ItemObject(const StoredItemPtr& item);
   CModelPtr<CItem> NewItem(ItemType type, FolderNode& folder);  // not saved yet
+
+  void DelayItemEvents(bool on) noexcept { m_delaysItemEvents = on; }
+  void GiveSeveralObjects(bool on) noexcept { m_givesSeveralObjects = on; }
 
   // Changes, each with its events.
   void SaveNewItem(const StoredItemPtr& item, FolderNode& folder);
@@ -112,6 +115,8 @@ class CSession {
   bool IsInspectorActive() const noexcept { return m_inspectorActive; }
 
  private:
+  void RaiseItemEvent(FolderNode& folder, DISPID event, const StoredItemPtr& item);
+  void FireItemEvent(FolderNode& folder, DISPID event, const StoredItemPtr& item);
   void RaiseItemAdd(FolderNode& folder, const StoredItemPtr& item);
   void RaiseItemRemove(FolderNode& folder);
   void RaiseFolderEvent(FolderNode& parent, DISPID event, FolderNode* folder);
@@ -129,6 +134,8 @@ class CSession {
   std::vector<CModelPtr<CExplorer>> m_explorerWindows;
   std::vector<CModelPtr<CInspector>> m_inspectorWindows;
   bool m_inspectorActive = false;
+  bool m_delaysItemEvents = false;
+  bool m_givesSeveralObjects = false;
 };
 
 }  // namespace quor::workbench

@@ -1,6 +1,7 @@
 // What the user does with contacts, folders and windows of Outlook's own.
 
 #include "workbench/scenario/commands.h"
+#include "workbench/scenario/results.h"
 #include "workbench/scenario/run.h"
 #include "workbench/scenario/scenario_error.h"
 
@@ -10,6 +11,44 @@ namespace {
 
 void AddStore(CRun& run, const CCommandArguments& arguments) {
   run.stage.outlook.AddStore(arguments.Text(0));
+}
+
+void RefuseStore(CRun& run, const CCommandArguments& arguments) {
+  using Refusal = IOutlookStage::Refusal;
+  constexpr uint32_t kLogonFailed = 0x80040111;
+  const std::string& what = arguments.Text(1);
+  Refusal refusal = Refusal::None;
+  if (what == "Item") refusal = Refusal::Item;
+  if (what == "EntryID") refusal = Refusal::EntryId;
+  if (what == "Name") refusal = Refusal::Name;
+  if (refusal == Refusal::None) throw CScenarioError("a store refuses Item, EntryID or Name");
+  const std::optional<std::string> status = arguments.After("status");
+  run.stage.outlook.RefuseStore(arguments.Text(0), refusal,
+                                status ? ResultFromName(*status) : kLogonFailed);
+}
+
+bool OnOrOff(const CCommandArguments& arguments, const char* on, const char* off) {
+  if (!arguments.Is(0, on) && !arguments.Is(0, off)) {
+    throw CScenarioError(std::string("either ") + on + " or " + off);
+  }
+  return arguments.Is(0, on);
+}
+
+void ItemEvents(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.DelayItemEvents(OnOrOff(arguments, "later", "inside"));
+}
+
+void SinkRelease(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.DelaySinkRelease(OnOrOff(arguments, "later", "inside"));
+}
+
+void Objects(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.GiveSeveralObjects(OnOrOff(arguments, "several", "one"));
+}
+
+void MainWindow(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.ShowMainWindow(OnOrOff(arguments, "shown", "hidden"));
+  run.stage.host.Pump();
 }
 
 void SetEntryIds(CRun& run, const CCommandArguments& arguments) {
@@ -110,6 +149,21 @@ constexpr Command kCommands[] = {
      "Another message store, with a Contacts and a Deleted Items folder of its own: NAME/Contacts. "
      "Before Outlook starts.",
      1, 1, Block::None, AddStore},
+    {"refuse store", "NAME Item|EntryID|Name [status HRESULT]",
+     "The store cannot be opened: that member of its folder, or its place in the collection of "
+     "stores, fails from now on; with 0x80040111 unless a status is given.",
+     2, 4, Block::None, RefuseStore},
+    {"item events", "later|inside",
+     "Whether ItemAdd and ItemChange come on a later pump of messages or inside the change.", 1, 1,
+     Block::None, ItemEvents},
+    {"sinks released", "later|inside",
+     "Whether a source releases a sink on a later pump of messages or inside Unadvise.", 1, 1,
+     Block::None, SinkRelease},
+    {"objects", "several|one",
+     "Whether a folder or an item is another object each time somebody asks for it.", 1, 1,
+     Block::None, Objects},
+    {"main window", "shown|hidden", "Whether the main window is on the screen.", 1, 1, Block::None,
+     MainWindow},
     {"entry ids", "[lower] [long] [changing]",
      "Those that are given from now on have lower-case digits, or 140 of them, or are given anew "
      "when an item is moved, as some stores have it.",

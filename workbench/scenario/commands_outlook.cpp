@@ -1,6 +1,7 @@
 // Outlook's life and what it calls on the add-in.
 
 #include <climits>
+#include <utility>
 
 #include "workbench/scenario/commands.h"
 #include "workbench/scenario/results.h"
@@ -120,6 +121,14 @@ void QuitEvent(CRun& run, const CCommandArguments&) {
   run.stage.host.Pump();
 }
 
+void EndProcess(CRun& run, const CCommandArguments& arguments) {
+  if (arguments.Count() == 1 && !arguments.Is(0, "uninitialized")) {
+    throw CScenarioError("usage: end process [uninitialized]");
+  }
+  run.EndOutlook();
+  run.stage.host.EndProcess(arguments.Count() == 1);
+}
+
 void CloseExplorer(CRun& run, const CCommandArguments& arguments) {
   if (arguments.Count() == 0) {
     run.stage.outlook.CloseExplorer();
@@ -188,6 +197,19 @@ void FailSystem(CRun& run, const CCommandArguments& arguments) {
                                     FailingCallsFromWords(arguments, 1, kNotEnoughQuota));
 }
 
+void MoveIn(CRun& run, const CCommandArguments& arguments) {
+  if (arguments.Is(0, "leaves")) return run.stage.host.NeighboursLeave();
+  constexpr std::pair<const char*, Neighbour> kNeighbours[] = {
+      {"unpainted", Neighbour::NeverValidates},
+      {"repainting", Neighbour::InvalidatesAgain},
+      {"hook", Neighbour::MessageHook},
+      {"modal", Neighbour::ModalLoop}};
+  for (const auto& [name, neighbour] : kNeighbours) {
+    if (arguments.Is(0, name)) return run.stage.host.MoveIn(neighbour);
+  }
+  throw CScenarioError("no such neighbour: " + arguments.Text(0));
+}
+
 void During(CRun& run, const CCommandArguments& arguments) {
   constexpr int kMostCalls = 1'000'000;
   const int nth = arguments.Number(1, 1, kMostCalls);
@@ -246,6 +268,10 @@ constexpr Command kCommands[] = {
      "that "
      "ends with Outlook running quits it, too.",
      0, 0, Block::None, Quit},
+    {"end process", "[uninitialized]",
+     "Ends Outlook as \"quit\" does, but then the process ends with all that is alive, the add-in "
+     "included; after OleUninitialize if asked. The exit code is 0 when nothing crashes.",
+     0, 1, Block::None, EndProcess},
     {"expect result", "RESULT",
      "What the last call on the add-in returned: S_OK, S_FALSE, 0x80040202.", 1, 1, Block::None,
      ExpectResult},
@@ -263,6 +289,11 @@ constexpr Command kCommands[] = {
      "Runs the commands of the block in the middle of the Nth call of a member of the object model "
      "from now, as Outlook does when such a call handles messages.",
      2, 2, Block::Required, During},
+    {"neighbour", "unpainted|repainting|hook|modal|leaves",
+     "What another add-in does on Outlook's thread: a window that never validates its region, one "
+     "that invalidates itself while it paints, a message hook, a message loop of its own. All "
+     "leave together.",
+     1, 1, Block::None, MoveIn},
     {"fail system", "FUNCTION [call N|N-M|N-] [status ERROR]",
      "Makes calls of a Windows function fail for the add-in, PostMessageA say.", 1, 5, Block::None,
      FailSystem},

@@ -1,6 +1,7 @@
 #include "workbench/scenario/options.h"
 
 #include <charconv>
+#include <utility>
 
 #include "workbench/scenario/scenario_error.h"
 
@@ -17,6 +18,11 @@ const char kUsage[] =
     "  --sweep           plays the scenario again and again, each time with one more call of the "
     "object\n"
     "                    model failing, until none is left; nothing must crash, hang or stay held\n"
+    "  --inside WHAT     what a sweep does inside each call instead of failing it: disconnect, "
+    "release,\n"
+    "                    quit, poll or unplug\n"
+    "  --outcomes FILE   the calls whose failure may leave a sweep's session without telephone\n"
+    "  --neighbours      other add-ins' windows and message hook are there all the time\n"
     "  --from N          where a sweep begins, to look at one call again\n"
     "  --replay LOG      feeds the frames received in a diagnostic log to the add-in and compares "
     "logs\n"
@@ -79,6 +85,19 @@ class COptionReader {
     return value;
   }
 
+  static Options::Inside Inside(const std::string& word) {
+    using enum Options::Inside;
+    constexpr std::pair<const char*, Options::Inside> kWords[] = {{"disconnect", Disconnect},
+                                                                  {"release", Release},
+                                                                  {"quit", Quit},
+                                                                  {"poll", Poll},
+                                                                  {"unplug", Unplug}};
+    for (const auto& [name, inside] : kWords) {
+      if (word == name) return inside;
+    }
+    throw CScenarioError("--inside takes disconnect, release, quit, poll or unplug");
+  }
+
   void SetFile(const std::string& file) {
     if (!m_options.file.empty()) throw CScenarioError("one scenario at a time, not also " + file);
     m_options.file = file;
@@ -113,6 +132,12 @@ class COptionReader {
       m_options.painted = false;
     } else if (option == "--stuck") {
       m_options.stuckAfter = static_cast<unsigned>(Number(option, 1, 3600));
+    } else if (option == "--inside") {
+      m_options.inside = Inside(Value(option));
+    } else if (option == "--outcomes") {
+      m_options.outcomes = Value(option);
+    } else if (option == "--neighbours") {
+      m_options.neighbours = true;
     } else if (option == "--from") {
       m_options.sweepFrom = static_cast<unsigned>(Number(option, 1, 1'000'000));
     } else if (option == "--help") {

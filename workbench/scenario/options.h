@@ -22,7 +22,12 @@ struct Options {
   std::string pictureFolder = ".";
   bool painted = true;       // Outlook's own windows, on the screen
   unsigned stuckAfter = 60;  // seconds
-  unsigned sweepFrom = 1;    // the first call that a sweep makes fail
+  unsigned sweepFrom = 1;    // the first call of a sweep
+  // What a sweep does inside each call in turn.
+  enum class Inside { Fail, Disconnect, Release, Quit, Poll, Unplug };
+  Inside inside = Inside::Fail;
+  std::string outcomes;     // table of what is left after each failure; empty: not checked
+  bool neighbours = false;  // other add-ins' windows and hook are there all the time
 };
 
 // Throws CScenarioError for what makes no sense.

@@ -98,7 +98,12 @@ void CRun::PlayUnderFaults(const std::vector<Statement>& statements) {
 bool CRun::Finish() {
   try {
     m_executor.Do([this] {
-      if (stage.host.IsLoaded()) QuitOutlook();
+      stage.host.NeighboursLeave();
+      if (stage.host.IsLoaded()) {
+        QuitOutlook();
+      } else if (stage.host.IsInProcess()) {
+        Unload();
+      }
       CheckNothingHeld();
     });
     return true;
@@ -171,6 +176,11 @@ void CRun::WriteSettings() {
 }
 
 void CRun::QuitOutlook() {
+  if (!m_hasQuit) EndOutlook();
+  Unload();
+}
+
+void CRun::EndOutlook() {
   IHostStage& host = stage.host;
   if (host.IsConnected()) {
     const bool fast = stage.outlook.Version() >= kFirstRibbonVersion;
@@ -181,9 +191,8 @@ void CRun::QuitOutlook() {
     stage.outlook.FireQuit();
     host.Pump();
     // From 14 on nothing more is called: what ends the add-in is the end of the process.
-    if (!fast) host.Disconnect(0);
+    if (!fast && host.IsLoaded()) host.Disconnect(0);
   }
-  Unload();
 }
 
 void CRun::Unload() {

@@ -70,6 +70,8 @@ class CRun {
   void WriteSettings();
   // The order of calls and events with which this Outlook version ends, unloading included.
   void QuitOutlook();
+  // The same up to the moment where Outlook lets the add-in go.
+  void EndOutlook();
   // Lets the add-in go. Throws CExpectationFailure when it still holds anything of Outlook's.
   void Unload();
   // A main window for an Outlook that was quit and is to run again.

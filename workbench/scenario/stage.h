@@ -146,6 +146,16 @@ class IOutlookStage {
  public:
   virtual int Version() = 0;
   virtual void AddStore(const std::string& name) = 0;
+  // The store's Folders.Item, EntryID or Name fails from now on.
+  enum class Refusal { None, Item, EntryId, Name };
+  virtual void RefuseStore(const std::string& name, Refusal refusal, uint32_t status) = 0;
+  virtual void ShowMainWindow(bool shown) = 0;
+  // Item events come on a later pump of messages instead of inside the change.
+  virtual void DelayItemEvents(bool on) = 0;
+  // A source keeps its reference to a sink until a later pump of messages.
+  virtual void DelaySinkRelease(bool on) = 0;
+  // Each time a folder or an item is asked for there is another object for it.
+  virtual void GiveSeveralObjects(bool on) = 0;
   virtual void SetEntryIds(const EntryIds& style) = 0;
   virtual void LoadContacts(const std::string& vcardFile) = 0;
   virtual void ChangeContact(const std::string& contact, const std::string& property,
@@ -203,6 +213,14 @@ struct RibbonCall {
 };
 
 // Loading the add-in and calling it as Outlook does.
+// What another add-in does on Outlook's thread.
+enum class Neighbour {
+  NeverValidates,    // a window whose WM_PAINT comes for ever
+  InvalidatesAgain,  // one that invalidates itself while it paints
+  MessageHook,       // a WH_GETMESSAGE hook that looks at the queue itself
+  ModalLoop,         // a message loop of its own, until the neighbours leave
+};
+
 class IHostStage {
  public:
   // Results are the HRESULTs as the add-in returned them.
@@ -218,6 +236,7 @@ class IHostStage {
   virtual uint32_t CallRibbon(const RibbonCall& call, std::string& answer) = 0;
   virtual bool IsConnected() = 0;
   virtual bool IsLoaded() = 0;
+  virtual bool IsInProcess() = 0;  // its DLL; also after the last reference to the add-in
   // Lets the add-in go. Throws CExpectationFailure when its object or its module stays.
   virtual void Unload() = 0;
   // Only releases its object.
@@ -226,6 +245,11 @@ class IHostStage {
   // The add-in's poll timer ticks once, now, and what is posted by that is handled.
   virtual void Poll() = 0;
   virtual ResourceUse Use() = 0;
+
+  // The process ends, good, with all that is alive; after OleUninitialize if that is wanted.
+  virtual void EndProcess(bool uninitialized) = 0;
+  virtual void MoveIn(Neighbour neighbour) = 0;
+  virtual void NeighboursLeave() = 0;
 
   // Handles what is posted, timers excepted.
   virtual void Pump() = 0;

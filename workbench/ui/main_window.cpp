@@ -51,7 +51,7 @@ CMainWindow::CMainWindow(IWindowContent& content, const WindowOptions& options)
                              static_cast<int>(frame.right - frame.left),
                              static_cast<int>(frame.bottom - frame.top), nullptr, nullptr,
                              GetModuleHandleW(nullptr), this);
-  if (m_window == nullptr) throw std::runtime_error("the window cannot be made");
+  if (m_window == nullptr) throw std::runtime_error("no window can be made: is there a display?");
 }
 
 CMainWindow::~CMainWindow() {

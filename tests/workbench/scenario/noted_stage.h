@@ -53,6 +53,10 @@ class CNotedStage final : public IHostStage,
   uint32_t CallRibbon(const RibbonCall&, std::string&) override { return result; }
   bool IsConnected() override { return true; }
   bool IsLoaded() override { return false; }
+  bool IsInProcess() override { return false; }
+  void EndProcess(bool) override {}
+  void MoveIn(Neighbour) override {}
+  void NeighboursLeave() override {}
   void Unload() override {}
   void ReleaseObject() override {}
   void Pump() override {}
@@ -82,6 +86,11 @@ class CNotedStage final : public IHostStage,
   void SetManners(const DriverManners&) override {}
 
   int Version() override { return version; }
+  void RefuseStore(const std::string&, Refusal, uint32_t) override {}
+  void ShowMainWindow(bool) override {}
+  void DelayItemEvents(bool) override {}
+  void DelaySinkRelease(bool) override {}
+  void GiveSeveralObjects(bool) override {}
   void AddStore(const std::string&) override {}
   void SetEntryIds(const EntryIds&) override {}
   void LoadContacts(const std::string&) override {}

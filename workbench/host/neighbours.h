@@ -1,0 +1,35 @@
+#ifndef QUOR_WORKBENCH_HOST_NEIGHBOURS_H
+#define QUOR_WORKBENCH_HOST_NEIGHBOURS_H
+
+#include <windows.h>
+
+#include <vector>
+
+#include "workbench/scenario/stage.h"
+
+namespace quor::workbench {
+
+// What other add-ins do on Outlook's thread, right or wrong. They leave with this object.
+class CNeighbours {
+ public:
+  CNeighbours() = default;
+  ~CNeighbours() { Leave(); }
+  CNeighbours(const CNeighbours&) = delete;
+  CNeighbours& operator=(const CNeighbours&) = delete;
+
+  // Returns for Neighbour::ModalLoop only when the neighbours leave.
+  void MoveIn(Neighbour neighbour);
+  void Leave();
+
+ private:
+  void AddWindow(WNDPROC procedure, const wchar_t* className);
+  void RunModalLoop();
+
+  std::vector<HWND> m_windows;
+  HHOOK m_hook = nullptr;
+  bool m_modal = false;
+};
+
+}  // namespace quor::workbench
+
+#endif
