@@ -35,8 +35,8 @@ CAddin::CAddin()
       m_callers(m_index, m_contacts, m_folders),
       m_journal(m_session.Application(), m_contacts, m_resources, m_settings.Values(), m_log),
       m_calls(m_clock, m_localClock, m_journal),
-      m_popUps(m_resources, *this, m_log),
-      m_dialogs(m_resources, m_settings, m_ui, m_popUps, m_telCtrl, m_link, m_log),
+      m_popUps({Identity(), m_resources, m_log}, *this),
+      m_dialogs({Identity(), m_resources, m_log}, m_settings, m_ui, m_popUps, m_telCtrl, m_link),
       m_ui(m_telephone, m_session, m_settings, m_dialogs, m_window, m_resources, *this, m_log),
       m_telephone({m_records, m_window, m_ui, m_popUps, m_popUps.Caller(), m_callers, m_calls,
                    m_settings.Values(), m_settings, m_clock, m_log}) {

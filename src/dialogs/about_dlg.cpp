@@ -21,9 +21,8 @@ std::wstring Insert(std::wstring pattern, std::initializer_list<std::wstring> te
 
 }  // namespace
 
-CAboutDlg::CAboutDlg(const CResourceLoader& resources, IAboutActions& actions,
-                     CDiagnosticLog& log) noexcept
-    : CModelessDialog(resources, log, IDD_ABOUT), m_actions(actions) {}
+CAboutDlg::CAboutDlg(const DialogHost& host, IAboutActions& actions) noexcept
+    : CModelessDialog(host, IDD_ABOUT), m_actions(actions) {}
 
 void CAboutDlg::Open(HWND owner, const AboutFacts& facts) noexcept {
   GuardCall(m_log, "about box", [&] {

@@ -35,7 +35,7 @@ class IAboutActions {
 class CAboutDlg final : public CModelessDialog {
  public:
   // All must outlive the window.
-  CAboutDlg(const CResourceLoader& resources, IAboutActions& actions, CDiagnosticLog& log) noexcept;
+  CAboutDlg(const DialogHost& host, IAboutActions& actions) noexcept;
 
   // Shows the window in front of `owner`, a top-level window; null when there is none.
   void Open(HWND owner, const AboutFacts& facts) noexcept;

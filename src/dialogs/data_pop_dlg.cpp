@@ -4,8 +4,7 @@
 
 namespace quor {
 
-CDataPopDlg::CDataPopDlg(const CResourceLoader& resources, CDiagnosticLog& log) noexcept
-    : CModelessDialog(resources, log, IDD_LOADING) {}
+CDataPopDlg::CDataPopDlg(const DialogHost& host) noexcept : CModelessDialog(host, IDD_LOADING) {}
 
 HRESULT CDataPopDlg::Create(HWND outlook) noexcept {
   m_outlook = outlook;

@@ -8,7 +8,7 @@ namespace quor {
 // The contact-loading window: says that a long load is under way.
 class CDataPopDlg final : public CModelessDialog {
  public:
-  CDataPopDlg(const CResourceLoader& resources, CDiagnosticLog& log) noexcept;
+  explicit CDataPopDlg(const DialogHost& host) noexcept;
 
   // Creates the window, hidden. The owner is Outlook's main window; null when there is none.
   HRESULT Create(HWND outlook) noexcept;

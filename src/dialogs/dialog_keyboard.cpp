@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "module/module.h"
+
 namespace quor {
 namespace {
 
@@ -52,6 +54,9 @@ bool IsHandled(MSG& message) noexcept {
 }
 
 LRESULT CALLBACK GetMessageHook(int code, WPARAM removed, LPARAM parameter) {
+  // A key may close the dialog and end the add-in: nothing of either is used after that, but this
+  // code must still be there.
+  const CModuleLock loaded;
   auto& message = *reinterpret_cast<MSG*>(parameter);
   if (code == HC_ACTION && removed == PM_REMOVE && IsKeyboardMessage(message.message) &&
       IsHandled(message)) {

@@ -35,6 +35,7 @@ INT_PTR CALLBACK CDialogWindow::DialogProcedure(HWND window, UINT message, WPARA
   }
   auto* self = reinterpret_cast<CDialogWindow*>(GetWindowLongPtrW(window, DWLP_USER));
   if (self == nullptr) return FALSE;
+  const IUnknownPtr alive = &self->m_object;
   INT_PTR result = TRUE;  // a handler that failed has had its message
   GuardCall(self->m_log, "dialog message", [&] { result = self->Handle(message, wparam); });
   if (message == WM_DESTROY) {

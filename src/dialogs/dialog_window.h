@@ -1,12 +1,22 @@
 #ifndef QUOR_DIALOGS_DIALOG_WINDOW_H
 #define QUOR_DIALOGS_DIALOG_WINDOW_H
 
+#include <unknwn.h>
 #include <windows.h>
 
 #include "module/diagnostic_log.h"
 #include "resources/resource_loader.h"
 
 namespace quor {
+
+// What a dialog needs of the COM object that it is a part of; all of it must outlive the dialog.
+struct DialogHost {
+  // Kept alive while a message is handled: what a button does may end in Outlook, which may release
+  // the object there.
+  IUnknown& object;
+  const CResourceLoader& resources;
+  CDiagnosticLog& log;
+};
 
 // A window made from a dialog template in the interface language. It is made and destroyed on
 // Outlook's user-interface thread; the object may outlive it and make it anew.
@@ -23,9 +33,12 @@ class CDialogWindow {
   void Destroy() noexcept;
 
  protected:
-  // Both must outlive the object. Who derives destroys the window before the handler goes.
-  CDialogWindow(const CResourceLoader& resources, CDiagnosticLog& log, int templateId) noexcept
-      : m_resources(resources), m_log(log), m_templateId(templateId) {}
+  // Who derives destroys the window before the handler goes.
+  CDialogWindow(const DialogHost& host, int templateId) noexcept
+      : m_resources(host.resources),
+        m_log(host.log),
+        m_object(host.object),
+        m_templateId(templateId) {}
   ~CDialogWindow() = default;
 
   // S_OK when there is a window already. A failure without a last Win32 error is E_FAIL.
@@ -44,6 +57,7 @@ class CDialogWindow {
  private:
   static INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
+  IUnknown& m_object;
   int m_templateId;
   HWND m_window = nullptr;
 };

@@ -1,5 +1,7 @@
 #include "dialogs/key_guard.h"
 
+#include "module/module.h"
+
 namespace quor {
 namespace {
 
@@ -44,6 +46,8 @@ void CKeyGuard::Watch(HWND window) noexcept {
 
 LRESULT CALLBACK CKeyGuard::Procedure(HWND window, UINT message, WPARAM wparam,
                                       LPARAM lparam) noexcept {
+  // The add-in and with it the guard may go inside the call; this code must not.
+  const CModuleLock loaded;
   auto* guard = static_cast<CKeyGuard*>(GetPropW(window, kGuard));
   const auto procedure = reinterpret_cast<WNDPROC>(GetPropW(window, kProcedure));
   if (message == WM_NCDESTROY) {

@@ -5,8 +5,7 @@
 
 namespace quor {
 
-CMsgPopDlg::CMsgPopDlg(const CResourceLoader& resources, CDiagnosticLog& log) noexcept
-    : CModelessDialog(resources, log, IDD_MESSAGE) {}
+CMsgPopDlg::CMsgPopDlg(const DialogHost& host) noexcept : CModelessDialog(host, IDD_MESSAGE) {}
 
 void CMsgPopDlg::ShowMessage(int stringId) {
   GuardCall(m_log, "message pop-up", [&] {

@@ -10,7 +10,7 @@ namespace quor {
 // for every later one; a second message replaces the text of the first.
 class CMsgPopDlg final : public CModelessDialog, public IMessagePopup {
  public:
-  CMsgPopDlg(const CResourceLoader& resources, CDiagnosticLog& log) noexcept;
+  explicit CMsgPopDlg(const DialogHost& host) noexcept;
 
   // Outlook's main window, which owns the pop-up; null until it is known. Before the first message.
   void SetOwner(HWND outlook) noexcept { m_outlook = outlook; }

@@ -5,11 +5,8 @@
 
 namespace quor {
 
-COptionsDialog::COptionsDialog(const CResourceLoader& resources, IOptionsStore& store,
-                               CDiagnosticLog& log) noexcept
-    : CModelessDialog(resources, log, IDD_OPTIONS),
-      m_store(store),
-      m_panel(resources, *this, log) {}
+COptionsDialog::COptionsDialog(const DialogHost& host, IOptionsStore& store) noexcept
+    : CModelessDialog(host, IDD_OPTIONS), m_store(store), m_panel(host, *this) {}
 
 void COptionsDialog::Open(HWND outlook) noexcept {
   GuardCall(m_log, "options", [&] {

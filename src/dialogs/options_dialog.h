@@ -10,8 +10,7 @@ namespace quor {
 class COptionsDialog final : public CModelessDialog, private IOptionsPanelOwner {
  public:
   // All must outlive the window.
-  COptionsDialog(const CResourceLoader& resources, IOptionsStore& store,
-                 CDiagnosticLog& log) noexcept;
+  COptionsDialog(const DialogHost& host, IOptionsStore& store) noexcept;
 
   // Shows the window with the stored values; one that is open already only comes to the front, with
   // what the user has chosen so far. The owner is Outlook's main window; null when there is none.

@@ -27,9 +27,8 @@ class IOptionsPanelOwner {
 class COptionsPanel final : public CDialogWindow {
  public:
   // All must outlive the panel.
-  COptionsPanel(const CResourceLoader& resources, IOptionsPanelOwner& owner,
-                CDiagnosticLog& log) noexcept
-      : CDialogWindow(resources, log, IDD_OPTIONS_PANEL), m_owner(owner) {}
+  COptionsPanel(const DialogHost& host, IOptionsPanelOwner& owner) noexcept
+      : CDialogWindow(host, IDD_OPTIONS_PANEL), m_owner(owner) {}
   ~COptionsPanel() { Destroy(); }
 
   // Creates the window, hidden, in the parent's upper left corner and in front of its other

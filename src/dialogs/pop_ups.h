@@ -13,11 +13,8 @@ namespace quor {
 class CPopUps final : public IMessagePopup, private ICallerWindow {
  public:
   // All must outlive the pop-ups.
-  CPopUps(const CResourceLoader& resources, IAnswerHandler& answer, CDiagnosticLog& log) noexcept
-      : m_log(log),
-        m_messages(resources, log),
-        m_caller(resources, answer, log),
-        m_loading(resources, log) {}
+  CPopUps(const DialogHost& host, IAnswerHandler& answer) noexcept
+      : m_log(host.log), m_messages(host), m_caller(host, answer), m_loading(host) {}
 
   // The caller window, hidden: from now on pop-ups may appear.
   void CreateCaller() noexcept;

@@ -23,7 +23,7 @@ CPropPage::CPropPage(const OptionsPageParts& parts)
       m_store(parts.store),
       m_resources(parts.resources),
       m_log(parts.log),
-      m_panel(parts.resources, *this, parts.log) {
+      m_panel({Identity(), parts.resources, parts.log}, *this) {
   m_panel.Load(m_store.Reload());
 }
 

@@ -24,9 +24,8 @@ uint8_t StateOfSlot(int slot, uint8_t line1, uint8_t line2, uint8_t cell) noexce
 
 }  // namespace
 
-CSimpleWindow::CSimpleWindow(const CResourceLoader& resources, IAnswerHandler& answer,
-                             CDiagnosticLog& log) noexcept
-    : CModelessDialog(resources, log, IDD_CALLER), m_answer(answer) {}
+CSimpleWindow::CSimpleWindow(const DialogHost& host, IAnswerHandler& answer) noexcept
+    : CModelessDialog(host, IDD_CALLER), m_answer(answer) {}
 
 void CSimpleWindow::Fill(const CallerValue& name, const CallerValue& number, int slot) {
   GuardCall(m_log, "caller window", [&] {

@@ -31,8 +31,7 @@ class IAnswerHandler {
 class CSimpleWindow final : public CModelessDialog, public ICallerWindow {
  public:
   // All must outlive the window.
-  CSimpleWindow(const CResourceLoader& resources, IAnswerHandler& answer,
-                CDiagnosticLog& log) noexcept;
+  CSimpleWindow(const DialogHost& host, IAnswerHandler& answer) noexcept;
   ~CSimpleWindow() { Destroy(); }
 
   // Creates the window, hidden and without an owner: a call is seen while Outlook is minimised.

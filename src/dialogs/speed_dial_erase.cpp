@@ -5,9 +5,8 @@
 
 namespace quor {
 
-CSpeedDialErase::CSpeedDialErase(const CResourceLoader& resources, ISpeedDialStore& store,
-                                 CDiagnosticLog& log) noexcept
-    : CModelessDialog(resources, log, IDD_SPEED_DIAL_ERASE), m_store(store) {}
+CSpeedDialErase::CSpeedDialErase(const DialogHost& host, ISpeedDialStore& store) noexcept
+    : CModelessDialog(host, IDD_SPEED_DIAL_ERASE), m_store(store) {}
 
 void CSpeedDialErase::Open(HWND outlook, size_t index, const SpeedDialEntry& entry) noexcept {
   GuardCall(m_log, "speed dial erasure", [&] {

@@ -10,8 +10,7 @@ namespace quor {
 class CSpeedDialErase final : public CModelessDialog {
  public:
   // All must outlive the window.
-  CSpeedDialErase(const CResourceLoader& resources, ISpeedDialStore& store,
-                  CDiagnosticLog& log) noexcept;
+  CSpeedDialErase(const DialogHost& host, ISpeedDialStore& store) noexcept;
 
   // Shows the window for the entry at `index`; opened for another entry it asks about that one
   // instead. The owner is Outlook's main window; null when there is none.

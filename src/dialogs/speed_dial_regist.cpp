@@ -24,11 +24,9 @@ int Refusal(const std::wstring& number) {
 
 }  // namespace
 
-CSpeedDialRegist::CSpeedDialRegist(const CResourceLoader& resources, ISpeedDialStore& store,
-                                   IMessagePopup& messages, CDiagnosticLog& log) noexcept
-    : CModelessDialog(resources, log, IDD_SPEED_DIAL_REGIST),
-      m_store(store),
-      m_messages(messages) {}
+CSpeedDialRegist::CSpeedDialRegist(const DialogHost& host, ISpeedDialStore& store,
+                                   IMessagePopup& messages) noexcept
+    : CModelessDialog(host, IDD_SPEED_DIAL_REGIST), m_store(store), m_messages(messages) {}
 
 void CSpeedDialRegist::Open(HWND outlook, size_t index, const SpeedDialEntry& entry,
                             const SpeedDialEntry& offered) noexcept {

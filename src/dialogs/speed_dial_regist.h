@@ -13,8 +13,8 @@ namespace quor {
 class CSpeedDialRegist final : public CModelessDialog {
  public:
   // All must outlive the window.
-  CSpeedDialRegist(const CResourceLoader& resources, ISpeedDialStore& store,
-                   IMessagePopup& messages, CDiagnosticLog& log) noexcept;
+  CSpeedDialRegist(const DialogHost& host, ISpeedDialStore& store,
+                   IMessagePopup& messages) noexcept;
 
   // Shows the window for the entry at `index`, filled with what the entry holds or, when that is
   // nothing, with what is offered: a name, and a number as its contact or caller spells it, of

@@ -35,17 +35,17 @@ std::wstring TimeAtTick(uint32_t tick) {
 
 }  // namespace
 
-CUserDialogs::CUserDialogs(const CResourceLoader& resources, CSettings& settings,
+CUserDialogs::CUserDialogs(const DialogHost& host, CSettings& settings,
                            ITelephoneControls& controls, IMessagePopup& messages, CTelCtrl& telCtrl,
-                           const CDeviceLink& link, CDiagnosticLog& log) noexcept
+                           const CDeviceLink& link) noexcept
     : m_settings(settings),
       m_controls(controls),
       m_telCtrl(telCtrl),
       m_link(link),
-      m_regist(resources, *this, messages, log),
-      m_erase(resources, *this, log),
-      m_options(resources, *this, log),
-      m_about(resources, *this, log) {}
+      m_regist(host, *this, messages),
+      m_erase(host, *this),
+      m_options(host, *this),
+      m_about(host, *this) {}
 
 void CUserDialogs::Destroy() noexcept {
   m_regist.Destroy();

@@ -16,9 +16,8 @@ namespace quor {
 class CUserDialogs final : public IOptionsStore, private ISpeedDialStore, private IAboutActions {
  public:
   // All must outlive the dialogs.
-  CUserDialogs(const CResourceLoader& resources, CSettings& settings, ITelephoneControls& controls,
-               IMessagePopup& messages, CTelCtrl& telCtrl, const CDeviceLink& link,
-               CDiagnosticLog& log) noexcept;
+  CUserDialogs(const DialogHost& host, CSettings& settings, ITelephoneControls& controls,
+               IMessagePopup& messages, CTelCtrl& telCtrl, const CDeviceLink& link) noexcept;
 
   // A window of Outlook's owns each; they may be opened again after this.
   void Destroy() noexcept;

@@ -127,7 +127,8 @@ void CWindowedControl::Activate(HWND parent, const RECT* place) {
   OpenWindow(parent);
   SetWindowPos(ControlWindow(), nullptr, area.left, area.top, area.right - area.left,
                area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
-  if (m_clientSite != nullptr) m_clientSite->ShowObject();
+  const IOleClientSitePtr site = m_clientSite;
+  if (site != nullptr) site->ShowObject();
 }
 
 // Where the window goes: what the container's in-place site says, else what came with the verb.
@@ -156,11 +157,14 @@ RECT CWindowedControl::EnterSite(HWND& parent, const RECT* place) {
 
 void CWindowedControl::UiActivate() {
   if (!m_uiActive && m_inPlaceSite != nullptr) {
+    // Held: the container may deactivate the control inside either call.
+    const IOleInPlaceSitePtr site = m_inPlaceSite;
     m_uiActive = true;
-    m_inPlaceSite->OnUIActivate();
-    if (m_frame != nullptr) m_frame->SetActiveObject(this, nullptr);
+    site->OnUIActivate();
+    const IOleInPlaceFramePtr frame = m_frame;
+    if (frame != nullptr) frame->SetActiveObject(this, nullptr);
   }
-  if (!IsChild(ControlWindow(), GetFocus())) TakeFocus();
+  if (ControlWindow() != nullptr && !IsChild(ControlWindow(), GetFocus())) TakeFocus();
 }
 
 STDMETHODIMP CWindowedControl::EnumVerbs(IEnumOLEVERB** verbs) {
@@ -241,6 +245,7 @@ STDMETHODIMP CWindowedControl::ContextSensitiveHelp(BOOL) {
 }
 
 STDMETHODIMP CWindowedControl::InPlaceDeactivate() {
+  const IUnknownPtr alive = static_cast<IOleObject*>(this);
   UIDeactivate();
   CloseWindow();
   m_frame = nullptr;
@@ -251,9 +256,13 @@ STDMETHODIMP CWindowedControl::InPlaceDeactivate() {
 }
 
 STDMETHODIMP CWindowedControl::UIDeactivate() {
+  const IUnknownPtr alive = static_cast<IOleObject*>(this);
   if (!std::exchange(m_uiActive, false)) return S_OK;
-  if (m_frame != nullptr) m_frame->SetActiveObject(nullptr, nullptr);
-  if (m_inPlaceSite != nullptr) m_inPlaceSite->OnUIDeactivate(FALSE);
+  // Held: the container may deactivate the control inside either call.
+  const IOleInPlaceFramePtr frame = m_frame;
+  const IOleInPlaceSitePtr site = m_inPlaceSite;
+  if (frame != nullptr) frame->SetActiveObject(nullptr, nullptr);
+  if (site != nullptr) site->OnUIDeactivate(FALSE);
   return S_OK;
 }
 

@@ -7,7 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "dialogs/dialog_window.h"
 #include "module/diagnostic_log.h"
+#include "module/module.h"
 #include "resources/resource_loader.h"
 
 namespace quor {
@@ -24,7 +26,22 @@ struct CLogLines final : ILogWriter {
   std::string text;
 };
 
-// What every dialog of a test needs: resources of this program, a log, and Outlook's main window.
+// The add-in, as far as a dialog knows it.
+struct CCountedAddin final : IUnknown {
+  STDMETHODIMP QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
+  STDMETHODIMP_(ULONG) Release() override { return --references; }
+  ULONG references = 1;
+};
+
+// What the add-in and its module must be while a dialog calls back: neither may go.
+struct HeldDuringCall {
+  ULONG references = 0;
+  long moduleLocks = 0;
+};
+
+// What every dialog of a test needs: an add-in, resources of this program, a log, and Outlook's
+// main window.
 class CDialogStage {
  public:
   CDialogStage();
@@ -34,10 +51,13 @@ class CDialogStage {
 
   void Speak(const Language& language) { resources.SetLanguage(language.primary, language.sub); }
   void CloseOutlook();
+  HeldDuringCall Held() const { return {addin.references, ModuleLockCount()}; }
 
+  CCountedAddin addin;
   CResourceLoader resources;
   CLogLines lines;
   CDiagnosticLog log;
+  DialogHost host{addin, resources, log};
   HWND outlook;
 };
 

@@ -24,7 +24,7 @@ class OptionsWindow : public testing::Test {
 
   CDialogStage m_stage;
   COptionsDesk m_desk;
-  COptionsDialog m_dialog{m_stage.resources, m_desk, m_stage.log};
+  COptionsDialog m_dialog{m_stage.host, m_desk};
 };
 
 TEST_F(OptionsWindow, CanApplyOnlyWhatDiffers) {
@@ -124,7 +124,7 @@ struct CNoActions final : IAboutActions {
 TEST(AboutBox, OpensInFrontOfWhoeverAsks) {
   CDialogStage stage;
   CNoActions actions;
-  CAboutDlg about(stage.resources, actions, stage.log);
+  CAboutDlg about(stage.host, actions);
   about.Open(nullptr, {});
   EXPECT_EQ(TextOf(VisibleDialog(), IDC_ABOUT_BASE), L"Not connected");
   about.Open(stage.outlook, {});

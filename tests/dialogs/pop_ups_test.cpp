@@ -12,11 +12,15 @@ namespace quor {
 namespace {
 
 struct CAnswers final : IAnswerHandler {
+  explicit CAnswers(const CDialogStage& dialogStage) : stage(dialogStage) {}
   void OnAnswer(int slot) override {
     slots.push_back(slot);
+    held = stage.Held();
     if (refuses) throw 1;
   }
+  const CDialogStage& stage;
   std::vector<int> slots;
+  HeldDuringCall held;
   bool refuses = false;
 };
 
@@ -41,8 +45,8 @@ class CallerWindow : public testing::Test {
   bool CanAnswer() { return IsWindowEnabled(GetDlgItem(VisibleDialog(), IDOK)) != FALSE; }
 
   CDialogStage m_stage;
-  CAnswers m_answers;
-  CSimpleWindow m_window{m_stage.resources, m_answers, m_stage.log};
+  CAnswers m_answers{m_stage};
+  CSimpleWindow m_window{m_stage.host, m_answers};
 };
 
 TEST_F(CallerWindow, IsCreatedHiddenAndTakesNoFocus) {
@@ -91,6 +95,17 @@ TEST_F(CallerWindow, IgnoresReportsWhileHidden) {
   m_window.Follow(kStateInCall, 1, 1);
   m_window.Show();
   EXPECT_TRUE(CanAnswer());
+}
+
+// Outlook may release the add-in, and unload it, inside whatever an answer leads to.
+TEST_F(CallerWindow, HoldsTheAddInWhileItAnswers) {
+  Ring(0);
+  SendMessageW(Button(IDOK), BM_CLICK, 0, 0);
+  ASSERT_EQ(m_answers.slots.size(), 1u);
+  EXPECT_GT(m_answers.held.references, 1u);
+  EXPECT_GT(m_answers.held.moduleLocks, 0);  // the procedure that watches for keys
+  EXPECT_EQ(m_stage.addin.references, 1u);
+  EXPECT_EQ(ModuleLockCount(), 0);
 }
 
 TEST_F(CallerWindow, IsUsedWithTheKeyboardAlone) {
@@ -268,7 +283,7 @@ class MessagePopUp : public testing::Test {
   MessagePopUp() { m_popUp.SetOwner(m_stage.outlook); }
 
   CDialogStage m_stage;
-  CMsgPopDlg m_popUp{m_stage.resources, m_stage.log};
+  CMsgPopDlg m_popUp{m_stage.host};
 };
 
 TEST_F(MessagePopUp, ComesBackAfterItWasClosedOrItsOwnerWent) {
@@ -296,7 +311,7 @@ TEST_F(MessagePopUp, AnOwnerThatIsNoWindowIsLogged) {
 
 TEST(LoadingWindow, IsDrawnBeforeTheLoadBegins) {
   CDialogStage stage;
-  CDataPopDlg window(stage.resources, stage.log);
+  CDataPopDlg window(stage.host);
   ASSERT_EQ(window.Create(stage.outlook), S_OK);
   EXPECT_FALSE(window.IsVisible());
   window.Show();

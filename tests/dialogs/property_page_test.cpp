@@ -17,14 +17,6 @@ _COM_SMARTPTR_TYPEDEF(IProvideClassInfo, IID_IProvideClassInfo);
 namespace quor {
 namespace {
 
-// The add-in, as far as a page knows it.
-struct CCountedAddin final : IUnknown {
-  STDMETHODIMP QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
-  ULONG references = 1;
-};
-
 class OptionsPage : public testing::Test {
  protected:
   void SetUp() override {
@@ -39,13 +31,13 @@ class OptionsPage : public testing::Test {
   void TearDown() override {
     LetGo();
     EXPECT_EQ(m_container.references, 1u);
-    EXPECT_EQ(m_addin.references, 1u);
+    EXPECT_EQ(m_stage.addin.references, 1u);
     EXPECT_EQ(ModuleLockCount(), 0);
     OleUninitialize();
   }
 
   HRESULT Make(IDispatch** page) {
-    const OptionsPageParts parts = {m_addin, m_desk, m_stage.resources, m_stage.log};
+    const OptionsPageParts parts = {m_stage.addin, m_desk, m_stage.resources, m_stage.log};
     return CPropPage::Create(parts, IID_IDispatch, reinterpret_cast<void**>(page));
   }
   void Activate(LONG verb = OLEIVERB_INPLACEACTIVATE) {
@@ -83,7 +75,6 @@ class OptionsPage : public testing::Test {
 
   CDialogStage m_stage;
   COptionsDesk m_desk;
-  CCountedAddin m_addin;
   CPageContainer m_container{m_stage.outlook};
   IDispatchPtr m_page;
   IOleObjectPtr m_object;
@@ -242,7 +233,7 @@ TEST_F(OptionsPage, SurvivesAContainerThatIsGoneFirst) {
   m_page->AddRef();
   IDispatch* last = m_page;
   LetGo();
-  EXPECT_EQ(m_addin.references, 2u);  // the page keeps what it needs
+  EXPECT_EQ(m_stage.addin.references, 2u);  // the page keeps what it needs
   last->Release();
 }
 
@@ -271,7 +262,7 @@ TEST_F(OptionsPage, WithoutValuesThereIsNoPage) {
   IDispatch* page = nullptr;
   EXPECT_ANY_THROW(Make(&page));
   EXPECT_EQ(page, nullptr);
-  EXPECT_EQ(m_addin.references, 2u);  // the other page's
+  EXPECT_EQ(m_stage.addin.references, 2u);  // the other page's
 }
 
 }  // namespace

@@ -13,10 +13,14 @@ struct CStore final : ISpeedDialStore {
     if (refuses) throw 1;
     saved.push_back({index, entry});
   }
-  void EraseEntry(size_t index) override { erased.push_back(index); }
+  void EraseEntry(size_t index) override {
+    erased.push_back(index);
+    locksDuringErasure = ModuleLockCount();
+  }
 
   std::vector<std::pair<size_t, SpeedDialEntry>> saved;
   std::vector<size_t> erased;
+  long locksDuringErasure = 0;
   bool refuses = false;
 };
 
@@ -43,8 +47,8 @@ class SpeedDial : public testing::Test {
   CDialogStage m_stage;
   CStore m_store;
   CMessages m_messages;
-  CSpeedDialRegist m_regist{m_stage.resources, m_store, m_messages, m_stage.log};
-  CSpeedDialErase m_erase{m_stage.resources, m_store, m_stage.log};
+  CSpeedDialRegist m_regist{m_stage.host, m_store, m_messages};
+  CSpeedDialErase m_erase{m_stage.host, m_store};
 };
 
 TEST_F(SpeedDial, RefusesWhatTheDiallerWouldRefuse) {
@@ -142,6 +146,7 @@ TEST_F(SpeedDial, IsUsedWithTheKeyboardAlone) {
   RunLoop();
   PressKey(VK_RETURN);
   EXPECT_EQ(m_store.erased, std::vector<size_t>{4});
+  EXPECT_GT(m_store.locksDuringErasure, 0);  // the key's hook is on the stack
   EXPECT_FALSE(m_erase.IsVisible());
 }
 
