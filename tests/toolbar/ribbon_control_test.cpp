@@ -49,8 +49,8 @@ struct Document {
 class RibbonDocument : public testing::TestWithParam<Document> {};
 
 INSTANTIATE_TEST_SUITE_P(Both, RibbonDocument,
-                         testing::Values(Document{"resources/ribbon_explorer.xml", 7 * 71},
-                                         Document{"resources/ribbon_contact.xml", 84}));
+                         testing::Values(Document{"src/resources/ribbon_explorer.xml", 7 * 71},
+                                         Document{"src/resources/ribbon_contact.xml", 84}));
 
 // What each element says agrees with what the add-in makes of its id.
 TEST_P(RibbonDocument, EveryControlIsUnderstood) {
@@ -84,7 +84,7 @@ TEST_P(RibbonDocument, EveryControlIsUnderstood) {
 
 // Office asks for callbacks by these names.
 TEST_P(RibbonDocument, EveryCallbackIsInTheTypeLibrary) {
-  const std::string idl = ReadSource("module/quor_telephone_toolbar.idl");
+  const std::string idl = ReadSource("src/module/quor_telephone_toolbar.idl");
   for (const Attributes& element : Elements(GetParam().path)) {
     for (const auto& [name, value] : element) {
       if (!name.starts_with("get") && !name.starts_with("on")) continue;
