@@ -6,7 +6,6 @@
 #include "com/com_boundary.h"
 #include "device/line_type.h"
 #include "resources/resource_ids.h"
-#include "telephone/string_ids.h"
 #include "text/ansi.h"
 #include "text/dial_chars.h"
 #include "toolbar/selected_contact.h"
@@ -183,7 +182,7 @@ std::optional<std::wstring> CUserInterface::CandidateNumber(std::wstring_view te
 bool CUserInterface::PickNumber(std::wstring_view number) {
   const std::wstring dialled = DialChars(number);
   if (m_telephone.Dialler().DialCall(0, dialled) || !m_telephone.State().HasRibbon()) return false;
-  return NumberRefusal(AnsiFromWide(dialled)) == kNoText;
+  return NumberRefusal(AnsiFromWide(dialled)) == IDS_NONE;
 }
 
 // In the main window the number waits in the dial box.

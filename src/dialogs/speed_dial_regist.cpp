@@ -5,7 +5,6 @@
 #include "com/com_boundary.h"
 #include "resources/resource_ids.h"
 #include "telephone/number_check.h"
-#include "telephone/string_ids.h"
 #include "text/ansi.h"
 #include "text/dial_chars.h"
 
@@ -19,7 +18,7 @@ SpeedDialEntry Dialable(const SpeedDialEntry& offered) {
 
 // Unlike the dial box, an entry must have a number.
 int Refusal(const std::wstring& number) {
-  return number.empty() ? kTextInvalidNumber : NumberRefusal(AnsiFromWide(number));
+  return number.empty() ? IDS_INVALID_NUMBER : NumberRefusal(AnsiFromWide(number));
 }
 
 }  // namespace
@@ -57,7 +56,7 @@ void CSpeedDialRegist::Save() {
   // A number that is pasted keeps what can be dialled of it.
   SpeedDialEntry entry = {TypedText(IDC_SPEED_DIAL_NAME),
                           WithoutNumberPunctuation(TypedText(IDC_SPEED_DIAL_NUMBER))};
-  if (const int refusal = Refusal(entry.number); refusal != kNoText) {
+  if (const int refusal = Refusal(entry.number); refusal != IDS_NONE) {
     FocusControl(IDC_SPEED_DIAL_NUMBER);
     m_messages.ShowMessage(refusal);
     return;

@@ -63,6 +63,7 @@
 #define IDC_ABOUT_LINK 1069
 
 /* Strings. The tags identify controls and read the same in every language. */
+#define IDS_NONE 0 /* no string */
 #define IDS_PRODUCT_NAME 1054
 
 #define IDS_DIAL_NUMBER 1100

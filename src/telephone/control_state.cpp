@@ -3,8 +3,8 @@
 #include <array>
 #include <cstddef>
 
+#include "resources/resource_ids.h"
 #include "telephone/line_states.h"
-#include "telephone/string_ids.h"
 
 namespace quor {
 
@@ -18,9 +18,9 @@ struct ButtonTexts {
   int answer;
 };
 constexpr std::array<ButtonTexts, 3> kButtonTexts = {{
-    {kTextCallFromLine1, kTextDisconnectLine1, kTextCancelLine1, kTextAnswerLine1},
-    {kTextCallFromLine2, kTextDisconnectLine2, kTextCancelLine2, kTextAnswerLine2},
-    {kTextCallFromCell, kTextDisconnectCell, kTextCancelCell, kTextAnswerCell},
+    {IDS_CALL_FROM_LINE1, IDS_DISCONNECT_LINE1, IDS_CANCEL_LINE1, IDS_ANSWER_LINE1},
+    {IDS_CALL_FROM_LINE2, IDS_DISCONNECT_LINE2, IDS_CANCEL_LINE2, IDS_ANSWER_LINE2},
+    {IDS_CALL_FROM_CELL, IDS_DISCONNECT_CELL, IDS_CANCEL_CELL, IDS_ANSWER_CELL},
 }};
 
 bool InCall(uint8_t state) noexcept {
@@ -72,7 +72,7 @@ bool IsControlEnabled(const TelephoneState& state, int controlIndex, bool withAn
 }
 
 int GetLineCaption(const TelephoneState& state, int lineIndex, bool withAnswer) noexcept {
-  if (lineIndex < kLine1Button || lineIndex > kCellButton) return kNoText;
+  if (lineIndex < kLine1Button || lineIndex > kCellButton) return IDS_NONE;
   const Channel& channel = kChannels[static_cast<size_t>(lineIndex)];
   const ButtonTexts& texts = kButtonTexts[static_cast<size_t>(lineIndex)];
 

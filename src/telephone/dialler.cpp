@@ -4,8 +4,8 @@
 #include <optional>
 #include <utility>
 
+#include "resources/resource_ids.h"
 #include "settings/entry_text.h"
-#include "telephone/string_ids.h"
 #include "text/ansi.h"
 #include "text/dial_chars.h"
 
@@ -27,7 +27,7 @@ bool CDialler::DialCall(int listIndex, std::wstring_view destination) {
   m_with.log.Write("CAddin::DialCall\n");
   if (destination.empty()) {
     m_with.log.Write("CAddin::bstrDest is empty\n");
-    if (m_state.HasRibbon()) m_with.messages.ShowMessage(kTextInvalidNumber);
+    if (m_state.HasRibbon()) m_with.messages.ShowMessage(IDS_INVALID_NUMBER);
     return false;
   }
   // A copy: it may be the box's own text, and that may change during the calls below.
@@ -62,8 +62,8 @@ bool CDialler::DialCall(int listIndex, std::wstring_view destination) {
 
 bool CDialler::CheckNumber(std::string_view number) {
   const int refusal = NumberRefusal(number);
-  if (refusal != kNoText) m_with.messages.ShowMessage(refusal);
-  return refusal == kNoText;
+  if (refusal != IDS_NONE) m_with.messages.ShowMessage(refusal);
+  return refusal == IDS_NONE;
 }
 
 void CDialler::Remember(const CallEntry& call) {

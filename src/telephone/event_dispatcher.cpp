@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "telephone/string_ids.h"
+#include "resources/resource_ids.h"
 
 namespace quor {
 
@@ -36,7 +36,7 @@ int CEventDispatcher::OnEventGet(uint32_t event, uint32_t lineType) {
       OnDisconnected();
       break;
     case DeviceEvent::ErrorConnect:
-      m_with.messages.ShowMessage(kTextDeviceNotConnected);
+      m_with.messages.ShowMessage(IDS_DEVICE_NOT_CONNECTED);
       break;
     case DeviceEvent::Status:
       OnStatus();
@@ -104,7 +104,7 @@ void CEventDispatcher::ShowBusyReply() {
   m_with.calls.OnDialRefused();
   const bool cell = m_state.cellDialLine != kNoLine;
   m_state.cellDialLine = kNoLine;
-  m_with.messages.ShowMessage(cell ? kTextCellBusy : kTextLineBusy);
+  m_with.messages.ShowMessage(cell ? IDS_CELL_BUSY : IDS_LINE_BUSY);
 }
 
 void CEventDispatcher::OnReceiveCall(uint32_t lineType) {

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "telephone/line_states.h"
-#include "telephone/string_ids.h"
 #include "telephone/withheld_caller.h"
 #include "text/ansi.h"
 

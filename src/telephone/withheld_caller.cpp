@@ -1,6 +1,6 @@
 #include "telephone/withheld_caller.h"
 
-#include "telephone/string_ids.h"
+#include "resources/resource_ids.h"
 
 namespace quor {
 
@@ -9,35 +9,35 @@ namespace {
 int WithheldText(uint8_t code, bool longDistance, int unavailable) noexcept {
   switch (code) {
     case 0:
-      return longDistance ? kTextLongDistance : unavailable;
+      return longDistance ? IDS_LONG_DISTANCE : unavailable;
     case 1:
-      return kTextPrivateCaller;
+      return IDS_PRIVATE_CALLER;
     case 2:
-      return kTextOutOfArea;
+      return IDS_OUT_OF_AREA;
     case 3:
-      return kTextPayPhone;
+      return IDS_PAY_PHONE;
     case 4:
-      return kTextInternational;
+      return IDS_INTERNATIONAL;
     case 5:
     case 6:
       return unavailable;
     case 7:
-      return kTextUnavailableNameAndNumber;
+      return IDS_UNAVAILABLE_NAME_AND_NUMBER;
     case 8:
-      return kTextCoinPhone;
+      return IDS_COIN_PHONE;
     default:
-      return kTextUnknown;
+      return IDS_UNKNOWN;
   }
 }
 
 }  // namespace
 
 int WithheldNumberText(uint8_t noNum, bool longDistance) noexcept {
-  return WithheldText(noNum, longDistance, kTextUnavailableNumber);
+  return WithheldText(noNum, longDistance, IDS_UNAVAILABLE_NUMBER);
 }
 
 int WithheldNameText(uint8_t noName, bool longDistance) noexcept {
-  return WithheldText(noName, longDistance, kTextUnavailableName);
+  return WithheldText(noName, longDistance, IDS_UNAVAILABLE_NAME);
 }
 
 }  // namespace quor

@@ -4,7 +4,6 @@
 #include "telephone/caller_list.h"
 #include "telephone/control_state.h"
 #include "telephone/line_states.h"
-#include "telephone/string_ids.h"
 
 namespace quor {
 
@@ -29,7 +28,7 @@ int CaptionText(const TelephoneState& state, int control, bool withAnswer) noexc
     case kOptionsControl:
       return IDS_OPTIONS;
     default:
-      return kNoText;
+      return IDS_NONE;
   }
 }
 
@@ -46,7 +45,7 @@ std::wstring MenuCaption(std::wstring_view name) {
 
 std::wstring CControlFaces::Caption(int control, bool withAnswer) const {
   const int text = CaptionText(m_state, control, withAnswer);
-  return text == kNoText ? std::wstring() : m_texts.Text(text);
+  return text == IDS_NONE ? std::wstring() : m_texts.Text(text);
 }
 
 bool CControlFaces::IsEnabled(int control, bool withAnswer) const noexcept {

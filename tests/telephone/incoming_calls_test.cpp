@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "telephone/string_ids.h"
+#include "resources/resource_ids.h"
 #include "telephone/withheld_caller.h"
 #include "telephone_desk.h"
 
@@ -143,8 +143,8 @@ TEST(CallerWindow, SaysWhyAValueIsMissing) {
       texts.insert(WithheldNumberText(code, far));
       texts.insert(WithheldNameText(code, far));
     }
-    EXPECT_NE(WithheldNumberText(code, false), kTextUnavailableName);
-    EXPECT_NE(WithheldNameText(code, false), kTextUnavailableNumber);
+    EXPECT_NE(WithheldNumberText(code, false), IDS_UNAVAILABLE_NAME);
+    EXPECT_NE(WithheldNameText(code, false), IDS_UNAVAILABLE_NUMBER);
   }
   EXPECT_THAT(texts, ElementsAre(1400, 1401, 1402, 1403, 1404, 1405, 1406, 1407, 1408, 1409));
 }

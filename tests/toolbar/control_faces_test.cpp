@@ -5,7 +5,6 @@
 #include <set>
 
 #include "resources/resource_ids.h"
-#include "telephone/string_ids.h"
 #include "tests/toolbar/faces_fixture.h"
 #include "toolbar/toolbar_layout.h"
 
@@ -13,21 +12,6 @@ namespace quor {
 namespace {
 
 class ControlFaces : public testing::Test, protected FacesFixture {};
-
-// The telephone names texts by numbers of its own; they are the string table's.
-static_assert(kTextCallFromLine1 == IDS_CALL_FROM_LINE1 &&
-              kTextDisconnectLine1 == IDS_DISCONNECT_LINE1 &&
-              kTextCancelLine1 == IDS_CANCEL_LINE1 && kTextAnswerLine1 == IDS_ANSWER_LINE1);
-static_assert(kTextCallFromLine2 == IDS_CALL_FROM_LINE2 &&
-              kTextDisconnectLine2 == IDS_DISCONNECT_LINE2 &&
-              kTextCancelLine2 == IDS_CANCEL_LINE2 && kTextAnswerLine2 == IDS_ANSWER_LINE2);
-static_assert(kTextCallFromCell == IDS_CALL_FROM_CELL &&
-              kTextDisconnectCell == IDS_DISCONNECT_CELL && kTextCancelCell == IDS_CANCEL_CELL &&
-              kTextAnswerCell == IDS_ANSWER_CELL);
-static_assert(kTextDeviceNotConnected == IDS_DEVICE_NOT_CONNECTED &&
-              kTextLineBusy == IDS_LINE_BUSY && kTextInvalidCharacters == IDS_INVALID_CHARACTERS &&
-              kTextInvalidNumber == IDS_INVALID_NUMBER && kTextCellBusy == IDS_CELL_BUSY);
-static_assert(kTextLongDistance == IDS_LONG_DISTANCE && kTextUnknown == IDS_UNKNOWN);
 
 TEST_F(ControlFaces, AreDrawnWithAnswerOnlyWhileAButtonCanAnswer) {
   Lines(2, 2, 2, 17);
