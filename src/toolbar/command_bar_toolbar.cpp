@@ -195,7 +195,7 @@ void CCommandBarToolbar::DrawControl(const ControlLayout& layout) {
   control.SetEnabled(faces.IsEnabled(layout.control, ringing));
 }
 
-void CCommandBarToolbar::ShowCells() {
+void CCommandBarToolbar::PutCallFromCellButton() {
   m_cells.Complete(kCellCount);
   m_cells.Show(CellFaces());
 }
@@ -216,7 +216,7 @@ std::vector<ItemFace> CCommandBarToolbar::CellFaces() const {
   return cells;
 }
 
-void CCommandBarToolbar::ShowCallers() {
+void CCommandBarToolbar::PutCallerList() {
   m_callers.Complete(kCallerListLimit);
   std::vector<ItemFace> callers;
   for (size_t entry = 0; entry < kCallerListLimit; ++entry) {
@@ -225,7 +225,7 @@ void CCommandBarToolbar::ShowCallers() {
   m_callers.Show(callers);
 }
 
-void CCommandBarToolbar::ShowSpeedDial() {
+void CCommandBarToolbar::PutSpeedDialButton() {
   m_speedDial.Complete(kSpeedDialCount);
   std::vector<CSpeedDialEntryMenu::Face> entries;
   for (size_t entry = 0; entry < kSpeedDialCount; ++entry) {

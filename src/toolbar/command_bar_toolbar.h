@@ -42,11 +42,11 @@ class CCommandBarToolbar {
   // There is no base: everything but the options is disabled.
   void Disable();
 
-  void ShowCells();
+  void PutCallFromCellButton();
   // Disables every cell's item but one, until the cells are shown again.
   void DisableOtherCells(int cell);
-  void ShowCallers();
-  void ShowSpeedDial();
+  void PutCallerList();
+  void PutSpeedDialButton();
 
   // Throws _com_error when the dial box refuses.
   void ClearDialList();

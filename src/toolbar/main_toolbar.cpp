@@ -65,18 +65,18 @@ void CMainToolbar::RefreshDialList() noexcept {
 
 void CMainToolbar::PutCallFromCellButton() noexcept {
   m_log.Write("CAddin::PutCallFromCellButton\n");
-  GuardCall(m_log, "PutCallFromCellButton", [this] { m_bar.ShowCells(); });
+  GuardCall(m_log, "PutCallFromCellButton", [this] { m_bar.PutCallFromCellButton(); });
   m_ribbon.InvalidateOnce();
 }
 
 void CMainToolbar::PutCallerList() noexcept {
-  GuardCall(m_log, "PutCallerList", [this] { m_bar.ShowCallers(); });
+  GuardCall(m_log, "PutCallerList", [this] { m_bar.PutCallerList(); });
   m_ribbon.InvalidateOnce();
 }
 
 void CMainToolbar::PutSpeedDialButton() noexcept {
   m_log.Write("CAddin::PutSpeedDialButton\n");
-  GuardCall(m_log, "PutSpeedDialButton", [this] { m_bar.ShowSpeedDial(); });
+  GuardCall(m_log, "PutSpeedDialButton", [this] { m_bar.PutSpeedDialButton(); });
   m_ribbon.InvalidateOnce();
 }
 

@@ -98,12 +98,12 @@ void CRibbon::SetAsked() noexcept {
     document.asked = true;
 }
 
-RibbonControl CRibbon::ControlFrom(IDispatch* control) {
+RibbonControlId CRibbon::ControlFrom(IDispatch* control) {
   if (control == nullptr) return {};
-  return RibbonControlFromId(CRibbonControl(control).Id());
+  return RibbonControlIdFrom(CRibbonControl(control).Id());
 }
 
-ContactNumber CRibbon::NumberFor(IDispatch* control, const RibbonControl& parsed) {
+ContactNumber CRibbon::NumberFor(IDispatch* control, const RibbonControlId& parsed) {
   switch (parsed.function) {
     case RibbonFunction::ContactNumber: {
       const int type = static_cast<int>(parsed.index);
@@ -118,7 +118,7 @@ ContactNumber CRibbon::NumberFor(IDispatch* control, const RibbonControl& parsed
 
 ItemFace CRibbon::FaceOf(IDispatch* control) {
   SetAsked();
-  const RibbonControl parsed = ControlFrom(control);
+  const RibbonControlId parsed = ControlFrom(control);
   const ContactNumber number = NumberFor(control, parsed);
   return RibbonFace(m_source.Faces(), parsed, number.telNumberType, number.number);
 }
@@ -185,7 +185,7 @@ HRESULT CRibbon::Clicked(IDispatch* control) noexcept {
 }
 
 void CRibbon::Act(IDispatch* control) {
-  const RibbonControl clicked = ControlFrom(control);
+  const RibbonControlId clicked = ControlFrom(control);
   switch (clicked.function) {
     case RibbonFunction::Line1:
       return m_actions.ClickLine(kLine1);

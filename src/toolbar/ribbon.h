@@ -12,7 +12,7 @@
 #include "toolbar/contact_numbers.h"
 #include "toolbar/control_faces.h"
 #include "toolbar/picture_loader.h"
-#include "toolbar/ribbon_control.h"
+#include "toolbar/ribbon_control_id.h"
 #include "toolbar/ribbon_objects.h"
 #include "toolbar/toolbar_actions.h"
 
@@ -91,11 +91,11 @@ class CRibbon {
   HRESULT Answer(const char* where, Result* result, Result standard, Body&& body) noexcept;
   void Invalidate(Document& document) noexcept;
 
-  RibbonControl ControlFrom(IDispatch* control);
+  RibbonControlId ControlFrom(IDispatch* control);
   ItemFace FaceOf(IDispatch* control);
   void Act(IDispatch* control);
   void ClickCell(IDispatch* control, size_t cell);
-  ContactNumber NumberFor(IDispatch* control, const RibbonControl& parsed);
+  ContactNumber NumberFor(IDispatch* control, const RibbonControlId& parsed);
   void SetAsked() noexcept;
 
   const IFaceSource& m_source;

@@ -31,7 +31,7 @@ ItemFace CallerFace(const CControlFaces& faces, size_t entry) {
 
 }  // namespace
 
-ItemFace RibbonFace(const CControlFaces& faces, const RibbonControl& control, int telNumberType,
+ItemFace RibbonFace(const CControlFaces& faces, const RibbonControlId& control, int telNumberType,
                     std::wstring_view number) {
   switch (control.function) {
     case RibbonFunction::None:

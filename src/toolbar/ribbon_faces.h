@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "toolbar/control_faces.h"
-#include "toolbar/ribbon_control.h"
+#include "toolbar/ribbon_control_id.h"
 
 namespace quor {
 
@@ -12,8 +12,8 @@ namespace quor {
 // there every line button may answer. `number`, of this telNumberType, is the one behind an item of
 // a contact's number menu, or the one picked in that menu; empty when there is none. A control that
 // is not ours shows nothing.
-ItemFace RibbonFace(const CControlFaces& faces, const RibbonControl& control, int telNumberType = 0,
-                    std::wstring_view number = {});
+ItemFace RibbonFace(const CControlFaces& faces, const RibbonControlId& control,
+                    int telNumberType = 0, std::wstring_view number = {});
 
 // The number of its 16-pixel picture; 0 when it has none.
 int RibbonPicture(RibbonFunction function) noexcept;

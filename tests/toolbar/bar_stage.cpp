@@ -27,9 +27,9 @@ void CBarStage::Create(const ToolBarRecord& place) {
 
 void CBarStage::Fill() {
   toolbar.ShowDialList();
-  toolbar.ShowCells();
-  toolbar.ShowCallers();
-  toolbar.ShowSpeedDial();
+  toolbar.PutCallFromCellButton();
+  toolbar.PutCallerList();
+  toolbar.PutSpeedDialButton();
   toolbar.SetDialText(L"456");
 }
 

@@ -46,11 +46,11 @@ TEST_F(CommandBarToolbar, ASecondFillMakesNoNewItemsAndHardlyAnyCalls) {
   Create();
   Fill();
   model.ResetFigures();
-  toolbar.ShowCells();
-  toolbar.ShowSpeedDial();
+  toolbar.PutCallFromCellButton();
+  toolbar.PutSpeedDialButton();
   EXPECT_EQ(model.TotalCalls(), 0u);
   state.record.cellSub = 0b0111;
-  toolbar.ShowCells();
+  toolbar.PutCallFromCellButton();
   EXPECT_EQ(model.TotalCalls(), 1u);
   EXPECT_TRUE(Face({L"Call from cell", L"Cell3"}).enabled);
 }
@@ -70,7 +70,7 @@ TEST_F(CommandBarToolbar, AHeldCellDisablesTheOthers) {
   toolbar.DisableOtherCells(1);
   EXPECT_FALSE(Face({L"Call from cell", L"Cell1"}).enabled);
   EXPECT_TRUE(Face({L"Call from cell", L"Cell2"}).enabled);
-  toolbar.ShowCells();
+  toolbar.PutCallFromCellButton();
   EXPECT_TRUE(Face({L"Call from cell", L"Cell1"}).enabled);
 }
 

@@ -1,5 +1,5 @@
-#ifndef QUOR_TOOLBAR_RIBBON_CONTROL_H
-#define QUOR_TOOLBAR_RIBBON_CONTROL_H
+#ifndef QUOR_TOOLBAR_RIBBON_CONTROL_ID_H
+#define QUOR_TOOLBAR_RIBBON_CONTROL_ID_H
 
 #include <cstddef>
 #include <string_view>
@@ -29,18 +29,18 @@ enum class RibbonFunction {
   ContactLine2,
 };
 
-struct RibbonControl {
+struct RibbonControlId {
   RibbonFunction function = RibbonFunction::None;
   size_t index = 0;  // of an item, from 0; of a contact's number, telNumberType 1 to 12
   SpeedDialAction action = SpeedDialAction::Call;  // of a speed-dial item
 
-  bool operator==(const RibbonControl&) const = default;
+  bool operator==(const RibbonControlId&) const = default;
 };
 
 // Reads a control's id: a folder view and a function ("JournalsCustomButtonOption"), an item of a
 // menu ("MailSpeedDialC7"), or a control of contact windows ("MenuHome2"). Takes both the short ids
 // of the calendar's table view, which its document has, and the long ones.
-RibbonControl RibbonControlFromId(std::wstring_view id) noexcept;
+RibbonControlId RibbonControlIdFrom(std::wstring_view id) noexcept;
 
 }  // namespace quor
 

@@ -1,4 +1,4 @@
-#include "toolbar/ribbon_control.h"
+#include "toolbar/ribbon_control_id.h"
 
 #include <gtest/gtest.h>
 
@@ -38,8 +38,8 @@ std::vector<Attributes> Elements(const char* path) {
   return all;
 }
 
-RibbonControl Parsed(const std::string& id) {
-  return RibbonControlFromId(std::wstring(id.begin(), id.end()));
+RibbonControlId Parsed(const std::string& id) {
+  return RibbonControlIdFrom(std::wstring(id.begin(), id.end()));
 }
 
 struct Document {
@@ -71,7 +71,7 @@ TEST_P(RibbonDocument, EveryControlIsUnderstood) {
     if (id == element.end() || id->second.starts_with("Main")) continue;
     ++controls;
     EXPECT_TRUE(ids.insert(id->second).second) << id->second;
-    const RibbonControl control = Parsed(id->second);
+    const RibbonControlId control = Parsed(id->second);
     EXPECT_NE(control.function, RibbonFunction::None) << id->second;
     EXPECT_EQ(RibbonPicture(control.function) != 0, element.contains("getImage")) << id->second;
     const auto action = element.find("onAction");
@@ -93,9 +93,9 @@ TEST_P(RibbonDocument, EveryCallbackIsInTheTypeLibrary) {
   }
 }
 
-TEST(RibbonControl, ReadsWhatTheIdSays) {
+TEST(RibbonControlId, ReadsWhatTheIdSays) {
   using enum RibbonFunction;
-  const std::pair<const char*, RibbonControl> good[] = {
+  const std::pair<const char*, RibbonControlId> good[] = {
       {"MailComboDial", {DialBox, 0, {}}},
       {"CalendarCustomButtonLine2", {Line2, 0, {}}},
       {"CalendarTableViewCallFromCell", {CellMenu, 0, {}}},
@@ -118,12 +118,12 @@ TEST(RibbonControl, ReadsWhatTheIdSays) {
     EXPECT_EQ(Parsed(id), control) << id;
 }
 
-TEST(RibbonControl, TakesNothingElseForItsOwn) {
+TEST(RibbonControlId, TakesNothingElseForItsOwn) {
   for (const char* id :
        {"", "Mail", "mailComboDial", "ComboDial", "MailCell4", "MailCell", "MailCell10",
         "MailCallerList", "MailSpeedDialX1", "MailComboDial1", "CalendarTableComboDial", "Menu",
         "MenuFax", "CustomButtonLine1", "TabMail", "MailMailCell0", "CustomButtonLine1C0"}) {
-    EXPECT_EQ(Parsed(id), RibbonControl{}) << id;
+    EXPECT_EQ(Parsed(id), RibbonControlId{}) << id;
   }
 }
 

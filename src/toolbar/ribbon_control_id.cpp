@@ -1,4 +1,4 @@
-#include "toolbar/ribbon_control.h"
+#include "toolbar/ribbon_control_id.h"
 
 #include <algorithm>
 #include <array>
@@ -58,13 +58,13 @@ constexpr std::wstring_view kNumberKinds[] = {L"Assistant", L"Business", L"Busin
                                               L"Car",       L"Company",  L"Home",      L"Home2",
                                               L"ISDN",      L"Mobile",   L"Other",     L"Primary"};
 
-RibbonControl FromFunction(std::wstring_view name, const Function* begin,
-                           const Function* end) noexcept {
+RibbonControlId FromFunction(std::wstring_view name, const Function* begin,
+                             const Function* end) noexcept {
   const Function* found = std::ranges::find(begin, end, name, &Function::name);
-  return found == end ? RibbonControl{} : RibbonControl{found->function};
+  return found == end ? RibbonControlId{} : RibbonControlId{found->function};
 }
 
-RibbonControl FromItem(std::wstring_view name) noexcept {
+RibbonControlId FromItem(std::wstring_view name) noexcept {
   if (name.empty() || name.back() < L'0' || name.back() > L'9') return {};
   const auto index = static_cast<size_t>(name.back() - L'0');
   name.remove_suffix(1);
@@ -73,7 +73,7 @@ RibbonControl FromItem(std::wstring_view name) noexcept {
   return {found->function, index, found->action};
 }
 
-RibbonControl FromNumberKind(std::wstring_view id) noexcept {
+RibbonControlId FromNumberKind(std::wstring_view id) noexcept {
   constexpr std::wstring_view kPrefix = L"Menu";
   if (!id.starts_with(kPrefix)) return {};
   const auto* found = std::ranges::find(kNumberKinds, id.substr(kPrefix.size()));
@@ -81,20 +81,20 @@ RibbonControl FromNumberKind(std::wstring_view id) noexcept {
   return {RibbonFunction::ContactNumber, static_cast<size_t>(found - kNumberKinds) + 1};
 }
 
-RibbonControl FromContactId(std::wstring_view id) noexcept {
-  const RibbonControl control =
+RibbonControlId FromContactId(std::wstring_view id) noexcept {
+  const RibbonControlId control =
       FromFunction(id, std::begin(kContactFunctions), std::end(kContactFunctions));
   return control.function == RibbonFunction::None ? FromNumberKind(id) : control;
 }
 
 }  // namespace
 
-RibbonControl RibbonControlFromId(std::wstring_view id) noexcept {
+RibbonControlId RibbonControlIdFrom(std::wstring_view id) noexcept {
   const auto* view = std::ranges::find_if(
       kViews, [id](std::wstring_view candidate) { return id.starts_with(candidate); });
   if (view == std::end(kViews)) return FromContactId(id);
   const std::wstring_view name = id.substr(view->size());
-  const RibbonControl control = FromFunction(name, std::begin(kFunctions), std::end(kFunctions));
+  const RibbonControlId control = FromFunction(name, std::begin(kFunctions), std::end(kFunctions));
   return control.function == RibbonFunction::None ? FromItem(name) : control;
 }
 
