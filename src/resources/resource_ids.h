@@ -19,6 +19,9 @@
 #define IDP_OPTIONS 545
 #define IDP_CONTACT 546
 #define IDP_DIAL 547
+#define IDP_CALL 548
+#define IDP_ANSWER 549
+#define IDP_HANG_UP 550
 #define IDP_SIZE_STEP 100
 
 /* The options page in a form designer; registered as its ToolboxBitmap32. */

@@ -1,6 +1,5 @@
 #include "telephone/control_state.h"
 
-#include <array>
 #include <cstddef>
 
 #include "resources/resource_ids.h"
@@ -10,18 +9,12 @@ namespace quor {
 
 namespace {
 
-// In the order of kChannels and of the line buttons.
-struct ButtonTexts {
-  int call;
-  int disconnect;
-  int cancel;
-  int answer;
-};
-constexpr std::array<ButtonTexts, 3> kButtonTexts = {{
+// In the order of kChannels and of the line buttons, and of LineAction.
+constexpr int kButtonTexts[][4] = {
     {IDS_CALL_FROM_LINE1, IDS_DISCONNECT_LINE1, IDS_CANCEL_LINE1, IDS_ANSWER_LINE1},
     {IDS_CALL_FROM_LINE2, IDS_DISCONNECT_LINE2, IDS_CANCEL_LINE2, IDS_ANSWER_LINE2},
     {IDS_CALL_FROM_CELL, IDS_DISCONNECT_CELL, IDS_CANCEL_CELL, IDS_ANSWER_CELL},
-}};
+};
 
 bool InCall(uint8_t state) noexcept {
   return state == kStateInCall || state == kStateOtherCall;
@@ -34,6 +27,10 @@ bool MayAnswer(const TelephoneState& state, const Channel& own) noexcept {
     if (other.state != own.state && InCall(state.record.*other.state)) return false;
   }
   return true;
+}
+
+bool IsLineButton(int lineIndex) noexcept {
+  return lineIndex >= kLine1Button && lineIndex <= kCellButton;
 }
 
 bool IsLineEnabled(const TelephoneState& state, int lineIndex, bool withAnswer) noexcept {
@@ -71,24 +68,29 @@ bool IsControlEnabled(const TelephoneState& state, int controlIndex, bool withAn
   }
 }
 
-int GetLineCaption(const TelephoneState& state, int lineIndex, bool withAnswer) noexcept {
-  if (lineIndex < kLine1Button || lineIndex > kCellButton) return IDS_NONE;
+LineAction GetLineAction(const TelephoneState& state, int lineIndex, bool withAnswer) noexcept {
+  if (!IsLineButton(lineIndex)) return LineAction::Call;
   const Channel& channel = kChannels[static_cast<size_t>(lineIndex)];
-  const ButtonTexts& texts = kButtonTexts[static_cast<size_t>(lineIndex)];
 
   if (withAnswer && IsRinging(state.record) && state.caller.cidLine == channel.answerLine) {
-    return texts.answer;
+    return LineAction::Answer;
   }
   switch (state.record.*channel.state) {
     case kStateNoBase:
     case kStateIdle:
     case kStateBusy:
-      return texts.call;
+      return LineAction::Call;
     case kStateTaken:
-      return texts.cancel;
+      return LineAction::Cancel;
     default:
-      return texts.disconnect;
+      return LineAction::Disconnect;
   }
+}
+
+int GetLineCaption(const TelephoneState& state, int lineIndex, bool withAnswer) noexcept {
+  if (!IsLineButton(lineIndex)) return IDS_NONE;
+  const LineAction action = GetLineAction(state, lineIndex, withAnswer);
+  return kButtonTexts[lineIndex][static_cast<size_t>(action)];
 }
 
 bool IsCellItemEnabled(const TelephoneState& state, int cell) noexcept {

@@ -25,7 +25,11 @@ inline constexpr int kLine1Button = 0;
 inline constexpr int kLine2Button = 1;
 inline constexpr int kCellButton = 2;
 
-// The string number of the button's caption; IDS_NONE for any other index.
+// What a line button's caption says that a click does; Call for any other index.
+enum class LineAction { Call, Disconnect, Cancel, Answer };
+LineAction GetLineAction(const TelephoneState& state, int lineIndex, bool withAnswer) noexcept;
+
+// The string number of that caption; IDS_NONE for any other index.
 int GetLineCaption(const TelephoneState& state, int lineIndex, bool withAnswer) noexcept;
 
 // The item of a cell (0 = Cell1 .. 3 = Cell4) in the call-from-cell menu; false for any other.

@@ -2,7 +2,6 @@
 
 #include "resources/resource_ids.h"
 #include "telephone/caller_list.h"
-#include "telephone/control_state.h"
 #include "telephone/line_states.h"
 
 namespace quor {
@@ -50,6 +49,10 @@ std::wstring CControlFaces::Caption(int control, bool withAnswer) const {
 
 bool CControlFaces::IsEnabled(int control, bool withAnswer) const noexcept {
   return IsControlEnabled(m_state, control, withAnswer);
+}
+
+LineAction CControlFaces::ActionOf(int lineButton, bool withAnswer) const noexcept {
+  return GetLineAction(m_state, lineButton, withAnswer);
 }
 
 bool CControlFaces::IsRinging() const noexcept {

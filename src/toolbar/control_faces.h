@@ -8,6 +8,7 @@
 
 #include "resources/string_table.h"
 #include "settings/configuration.h"
+#include "telephone/control_state.h"
 #include "telephone/telephone_state.h"
 #include "toolbar/toolbar_actions.h"
 
@@ -42,6 +43,8 @@ class CControlFaces {
   // A control by its number (control_state.h). The rules with answer are those of a ringing line.
   std::wstring Caption(int control, bool withAnswer) const;
   bool IsEnabled(int control, bool withAnswer) const noexcept;
+  // What a click on a line's button (control_state.h counts them) does.
+  LineAction ActionOf(int lineButton, bool withAnswer) const noexcept;
   // Whether a call rings on a line or cell whose button can answer it.
   bool IsRinging() const noexcept;
 

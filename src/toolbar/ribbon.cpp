@@ -140,7 +140,9 @@ HRESULT CRibbon::GetVisible(IDispatch* control, VARIANT_BOOL* visible) noexcept 
 
 HRESULT CRibbon::GetImage(IDispatch* control, IDispatch** picture) noexcept {
   return Answer<IDispatch*>("GetImage", picture, nullptr, [&]() -> IDispatch* {
-    const int number = RibbonPicture(ControlFrom(control).function);
+    SetAsked();
+    const RibbonFunction function = ControlFrom(control).function;
+    const int number = RibbonPicture(m_source.Faces(), function);
     return number == 0 ? nullptr : m_pictures.RibbonPicture(number).Detach();
   });
 }

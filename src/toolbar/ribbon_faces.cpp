@@ -29,6 +29,19 @@ ItemFace CallerFace(const CControlFaces& faces, size_t entry) {
   return face;
 }
 
+int LinePicture(const CControlFaces& faces, int lineButton, int callPicture) noexcept {
+  switch (faces.ActionOf(lineButton, kWithAnswer)) {
+    case LineAction::Call:
+      return callPicture;
+    case LineAction::Answer:
+      return IDP_ANSWER;
+    case LineAction::Disconnect:
+    case LineAction::Cancel:
+      break;
+  }
+  return IDP_HANG_UP;
+}
+
 }  // namespace
 
 ItemFace RibbonFace(const CControlFaces& faces, const RibbonControlId& control, int telNumberType,
@@ -70,18 +83,18 @@ ItemFace RibbonFace(const CControlFaces& faces, const RibbonControlId& control, 
   return {};
 }
 
-int RibbonPicture(RibbonFunction function) noexcept {
+int RibbonPicture(const CControlFaces& faces, RibbonFunction function) noexcept {
   switch (function) {
     case RibbonFunction::DialBox:
       return IDP_DIAL;
     case RibbonFunction::Line1:
     case RibbonFunction::ContactLine1:
-      return IDP_LINE1;
+      return LinePicture(faces, kLine1Button, IDP_CALL);
     case RibbonFunction::Line2:
     case RibbonFunction::ContactLine2:
-      return IDP_LINE2;
+      return LinePicture(faces, kLine2Button, IDP_CALL);
     case RibbonFunction::CellMenu:
-      return IDP_CELL;
+      return LinePicture(faces, kCellButton, IDP_CELL);
     case RibbonFunction::CallerMenu:
       return IDP_CALLER_LIST;
     case RibbonFunction::SpeedDialMenu:

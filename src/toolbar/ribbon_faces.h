@@ -15,8 +15,9 @@ namespace quor {
 ItemFace RibbonFace(const CControlFaces& faces, const RibbonControlId& control,
                     int telNumberType = 0, std::wstring_view number = {});
 
-// The number of its 16-pixel picture; 0 when it has none.
-int RibbonPicture(RibbonFunction function) noexcept;
+// The number of its 16-pixel picture; 0 when it has none. The line buttons wear one for what a
+// click does; so does the menu of the cells, but for calling: there it offers the cells.
+int RibbonPicture(const CControlFaces& faces, RibbonFunction function) noexcept;
 
 // The number of a picture in the size that fits the screen best: never smaller than 16 pixels at 96
 // dots per inch would be there, as long as there is one.

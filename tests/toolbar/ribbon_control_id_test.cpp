@@ -7,6 +7,7 @@
 #include <set>
 #include <sstream>
 
+#include "device/line_type.h"
 #include "resources/resource_ids.h"
 #include "telephone/control_state.h"
 #include "tests/toolbar/faces_fixture.h"
@@ -64,6 +65,7 @@ TEST_P(RibbonDocument, EveryControlIsUnderstood) {
       {"ContactDialNClicked", {RibbonFunction::ContactNumber}},
       {"ContactLine1Clicked", {RibbonFunction::ContactLine1}},
       {"ContactLine2Clicked", {RibbonFunction::ContactLine2}}};
+  const FacesFixture telephone;
   std::set<std::string> ids;
   size_t controls = 0;
   for (const Attributes& element : Elements(GetParam().path)) {
@@ -73,7 +75,8 @@ TEST_P(RibbonDocument, EveryControlIsUnderstood) {
     EXPECT_TRUE(ids.insert(id->second).second) << id->second;
     const RibbonControlId control = Parsed(id->second);
     EXPECT_NE(control.function, RibbonFunction::None) << id->second;
-    EXPECT_EQ(RibbonPicture(control.function) != 0, element.contains("getImage")) << id->second;
+    EXPECT_EQ(RibbonPicture(telephone.Faces(), control.function) != 0, element.contains("getImage"))
+        << id->second;
     const auto action = element.find("onAction");
     if (action != element.end()) {
       EXPECT_TRUE(actions.at(action->second).contains(control.function)) << id->second;
@@ -124,6 +127,32 @@ TEST(RibbonControlId, TakesNothingElseForItsOwn) {
         "MailCallerList", "MailSpeedDialX1", "MailComboDial1", "CalendarTableComboDial", "Menu",
         "MenuFax", "CustomButtonLine1", "TabMail", "MailMailCell0", "CustomButtonLine1C0"}) {
     EXPECT_EQ(Parsed(id), RibbonControlId{}) << id;
+  }
+}
+
+TEST(RibbonPicture, ShowsWhatAClickOnALineDoes) {
+  using enum RibbonFunction;
+  struct Case {
+    uint8_t line1, line2, cell, cidLine;
+    int line1Picture, line2Picture, cellPicture;
+  };
+  const Case cases[] = {
+      {kStateNoBase, kStateNoBase, kStateNoBase, 0, IDP_CALL, IDP_CALL, IDP_CELL},
+      {kStateIdle, kStateIdle, kStateIdle, 0, IDP_CALL, IDP_CALL, IDP_CELL},
+      {kStateInCall, kStateBusy, kStateIdle, 0, IDP_HANG_UP, IDP_CALL, IDP_CELL},
+      {kStateIdle, kStateTaken, kStateInCall, 0, IDP_CALL, IDP_HANG_UP, IDP_HANG_UP},
+      {kStateBusy, kStateBusy, kStateBusy, kLine2, IDP_CALL, IDP_ANSWER, IDP_CELL},
+      {kStateBusy, kStateBusy, kStateBusy, kCell1, IDP_CALL, IDP_CALL, IDP_ANSWER},
+  };
+  FacesFixture telephone;
+  for (const Case& shown : cases) {
+    telephone.Lines(shown.line1, shown.line2, shown.cell, shown.cidLine);
+    const CControlFaces faces = telephone.Faces();
+    EXPECT_EQ(RibbonPicture(faces, Line1), shown.line1Picture);
+    EXPECT_EQ(RibbonPicture(faces, ContactLine1), shown.line1Picture);
+    EXPECT_EQ(RibbonPicture(faces, Line2), shown.line2Picture);
+    EXPECT_EQ(RibbonPicture(faces, ContactLine2), shown.line2Picture);
+    EXPECT_EQ(RibbonPicture(faces, CellMenu), shown.cellPicture);
   }
 }
 
