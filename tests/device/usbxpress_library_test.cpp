@@ -68,6 +68,7 @@ TEST(UsbXpressLibraryTest, PassesEveryArgumentAndGivesTheLibraryBack) {
     const uint8_t frame[] = {0x26, 0x01, 0, 1, 2, 3, 4, 5, 0x0D, 0x0A};
     base.Queue(frame);
     link.ReceiveFrame();
+    link.Close();
   }
   const std::string found =
       "SI_GetNumDevices() = 0, 1\n"

@@ -4,7 +4,6 @@
 #include <ole2.h>
 
 #include <string>
-#include <vector>
 
 #include "module/identifiers.h"
 #include "module/quor_telephone_toolbar.h"
@@ -122,24 +121,6 @@ TEST_F(CComServerTest, LivesAsLongAsAnObject) {
   auto* addin = CreateAddin<IDTExtensibility2>();
   EXPECT_EQ(CanUnloadNow(), S_FALSE);
   EXPECT_EQ(addin->Release(), 0u);
-}
-
-// A process has only so many slots of thread-local storage, and the runtime takes one to throw.
-TEST_F(CComServerTest, TakesNoThreadSlotAlong) {
-  std::vector<DWORD> slots;
-  for (int i = 0; i < 3; ++i) {
-    IClassFactory* factory = nullptr;
-    ASSERT_EQ(Factory(kPropertyPageClsid, &factory), S_OK);
-    void* object = nullptr;
-    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, &object), E_OUTOFMEMORY) << "throws";
-    factory->Release();
-    FreeLibrary(m_server);
-    slots.push_back(TlsAlloc());
-    TlsFree(slots.back());
-    LoadServer();
-  }
-  EXPECT_EQ(slots[1], slots[0]);
-  EXPECT_EQ(slots[2], slots[0]);
 }
 
 TEST_F(CComServerTest, RefusesACallbackWithoutAControl) {
