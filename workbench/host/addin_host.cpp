@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <set>
 #include <string_view>
+#include <utility>
 
 #include "workbench/host/process_use.h"
 #include "workbench/host/ribbon_call.h"
@@ -154,16 +155,18 @@ uint32_t CAddInHost::CallRibbon(const RibbonCall& call, std::string& answer) {
   return Result(CallRibbonCallback(Loaded(), call, V_DISPATCH(&control.Get()), answer));
 }
 
+// Each reference is forgotten before it is released: the last one ends the add-in, which calls
+// Outlook, where a sweep may want to use the add-in.
 void CAddInHost::ReleaseObject() {
-  if (m_ribbonSource) m_ribbonSource->Release();
-  m_ribbonSource = nullptr;
+  IUnknown* const references[] = {std::exchange(m_ribbonSource, nullptr),
+                                  std::exchange(m_factory, nullptr),
+                                  std::exchange(m_addIn, nullptr)};
+  m_connected = false;
   m_surroundings.OnAddInGone();
   CImportFaults::Forget();
-  if (m_factory) m_factory->Release();
-  m_factory = nullptr;
-  if (m_addIn) m_addIn->Release();
-  m_addIn = nullptr;
-  m_connected = false;
+  for (IUnknown* const reference : references) {
+    if (reference) reference->Release();
+  }
 }
 
 HRESULT CAddInHost::CanUnload() const {
