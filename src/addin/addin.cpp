@@ -36,7 +36,8 @@ CAddin::CAddin()
       m_journal(m_session.Application(), m_contacts, m_resources, m_settings.Values(), m_log),
       m_calls(m_clock, m_localClock, m_journal),
       m_popUps({Identity(), m_resources, m_log}, *this),
-      m_dialogs({Identity(), m_resources, m_log}, m_settings, m_ui, m_popUps, m_telCtrl, m_link),
+      m_dialogs({Identity(), m_resources, m_log}, m_settings, m_ui, m_popUps, m_telCtrl, m_link,
+                *this),
       m_ui(m_telephone, m_session, m_settings, m_dialogs, m_window, m_resources, *this, m_log),
       m_telephone({m_records, m_window, m_ui, m_popUps, m_popUps.Caller(), m_callers, m_calls,
                    m_settings.Values(), m_settings, m_clock, m_log}) {
@@ -113,6 +114,17 @@ STDMETHODIMP_(ULONG) CAddin::Release() {
     delete this;
   }
   return left;
+}
+
+void CAddin::Describe(AboutFacts& facts) const {
+  facts.library = m_usb.State();
+  facts.missingOrdinal = m_usb.MissingOrdinal();
+  const CContactScan& scan = m_folders.Scan();
+  facts.contactsAreBeingRead = m_buildDue || scan.IsRunning();
+  facts.contactsWereLeftOut = scan.EndedAtLimit();
+  facts.contacts = scan.ScannedContacts();
+  facts.items = scan.CountedItems();
+  facts.configurationIsUnreadable = m_configurationFile.IsUnreadable();
 }
 
 STDMETHODIMP CAddin::OnConnection(IDispatch* application, ext_ConnectMode, IDispatch*,

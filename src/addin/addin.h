@@ -43,7 +43,8 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
                      private IWindowHandler,
                      private IOutlookEvents,
                      private IContactScanHost,
-                     private IAnswerHandler {
+                     private IAnswerHandler,
+                     private IAboutSource {
  public:
   // For the class table: an object with its hidden window, or the failure to make that.
   static HRESULT Create(IUnknown* outer, REFIID iid, void** object);
@@ -156,6 +157,9 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
 
   // IAnswerHandler: the caller window's button
   void OnAnswer(int slot) override { m_telephone.Lines().AnswerUSB(slot); }
+
+  // IAboutSource
+  void Describe(AboutFacts& facts) const override;
 
   CModuleLock m_moduleLock;
   ULONG m_references = 1;

@@ -43,6 +43,7 @@ class CContactFolders final : public IContactItemEvents, public ITrackedFolders 
   // Ends a scan that is under way; what was read stays indexed.
   void StopScan() noexcept;
   bool IsScanning() const noexcept { return m_scan.IsRunning(); }
+  const CContactScan& Scan() const noexcept { return m_scan; }
 
   HRESULT RegisterContactFolder(const CFolder& folder);
   HRESULT UnregisterContactFolder(const CFolder& folder);

@@ -146,6 +146,7 @@ void CContactScan::StepToItem() {
   if (!contact) return;
   if (m_scanned >= kScanLimit) {
     m_cutShort = true;
+    m_endedAtLimit = true;
     return EndWalk();
   }
   ++m_scanned;
@@ -253,6 +254,7 @@ void CContactScan::BeginPass() {
   m_scanned = m_scannedBefore;
   m_disturbed = false;
   m_cutShort = false;
+  m_endedAtLimit = false;
   m_hasGaps = false;
   m_visited.clear();
   m_itemCounts.clear();

@@ -72,6 +72,12 @@ class CContactScan {
   // slice under way sees it by itself, see MustStop.
   void Stop();
 
+  // Contacts read so far, of all scans; items of whatever type in the tree of the last one.
+  int32_t ScannedContacts() const noexcept { return m_scanned; }
+  int64_t CountedItems() const noexcept { return m_itemCount; }
+  // Whether that pass left contacts out.
+  bool EndedAtLimit() const noexcept { return m_endedAtLimit; }
+
   // From the beginning of the first slice to the end of the last.
   bool IsRunning() const noexcept { return m_stage != Stage::Idle; }
 
@@ -158,6 +164,7 @@ class CContactScan {
   uint32_t m_firstSlice = 0;            // in which it began
   bool m_disturbed = false;             // positions may have moved
   bool m_cutShort = false;              // it ended before the end of the tree
+  bool m_endedAtLimit = false;          // more contacts than are read
   bool m_hasGaps = false;               // an item or contact could not be read
   std::vector<ReadContact*> m_visited;  // in walk order
   std::vector<int32_t> m_itemCounts;    // of each folder

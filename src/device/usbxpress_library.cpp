@@ -46,12 +46,18 @@ CUsbXpressLibrary::~CUsbXpressLibrary() {
 }
 
 void CUsbXpressLibrary::Load() {
-  HMODULE module = LoadFrom(m_folder);
-  if (module == nullptr) module = LoadFrom(SystemFolder());
+  HMODULE module = nullptr;
+  DWORD error = ERROR_SUCCESS;
+  for (const std::wstring& folder : {m_folder, SystemFolder()}) {
+    module = LoadFrom(folder);
+    if (module != nullptr) break;
+    error = GetLastError();
+    if (error == ERROR_BAD_EXE_FORMAT) m_otherBitness = true;
+  }
   m_tried = true;
   m_module = module;
   if (module == nullptr) {
-    m_loadError = static_cast<int>(GetLastError());
+    m_loadError = static_cast<int>(error);
   } else if (!Bind()) {
     Unload();
   }
@@ -75,6 +81,13 @@ void CUsbXpressLibrary::Unload() noexcept {
   const auto module = static_cast<HMODULE>(std::exchange(m_module, nullptr));
   // A thread of the library may still run in it for a device that it refused to close.
   if (module != nullptr && m_open == 0) FreeLibrary(module);
+}
+
+UsbLibraryState CUsbXpressLibrary::State() const noexcept {
+  if (!m_tried) return UsbLibraryState::NotUsedYet;
+  if (m_module != nullptr) return UsbLibraryState::Loaded;
+  if (m_missingOrdinal != 0) return UsbLibraryState::Incomplete;
+  return m_otherBitness ? UsbLibraryState::OtherBitness : UsbLibraryState::Missing;
 }
 
 void CUsbXpressLibrary::ReportMissing() noexcept {

@@ -10,6 +10,9 @@
 
 namespace quor {
 
+// What became of the library at its first use.
+enum class UsbLibraryState { NotUsedYet, Loaded, Missing, OtherBitness, Incomplete };
+
 // SiUSBXp.dll, loaded by full path on the first call, from the add-in's folder or else the system
 // folder, and bound by ordinal. A library that is missing, or lacks an ordinal, is a missing
 // device: every function answers kUsbDeviceNotFound, and the log, once it is on, says one time what
@@ -23,6 +26,10 @@ class CUsbXpressLibrary final : public IUsbXpress {
   ~CUsbXpressLibrary();
   CUsbXpressLibrary(const CUsbXpressLibrary&) = delete;
   CUsbXpressLibrary& operator=(const CUsbXpressLibrary&) = delete;
+
+  UsbLibraryState State() const noexcept;
+  // Of an incomplete library: the first ordinal that it lacks.
+  int MissingOrdinal() const noexcept { return m_missingOrdinal; }
 
   int GetNumDevices(uint32_t& count) noexcept override;
   int GetProductString(uint32_t device, char* buffer, ProductString option) noexcept override;
@@ -68,6 +75,7 @@ class CUsbXpressLibrary final : public IUsbXpress {
   int m_open = 0;  // devices opened and not closed: the library runs a thread for each
   std::array<void*, kImportCount> m_functions{};
   bool m_tried = false;
+  bool m_otherBitness = false;  // in one of the places looked at
   bool m_reported = false;
   int m_missingOrdinal = 0;  // 0: the library itself
   int m_loadError = 0;       // of the system, from the last place looked at

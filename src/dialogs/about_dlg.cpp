@@ -37,20 +37,55 @@ void CAboutDlg::Open(HWND owner, const AboutFacts& facts) noexcept {
 }
 
 void CAboutDlg::Fill(const AboutFacts& facts) {
-  const bool is64Bit = sizeof(void*) == 8;
   const auto show = [this](int id, const std::wstring& text) {
     SetWindowTextW(Control(id), text.c_str());
   };
   show(IDC_ABOUT_VERSION, facts.version);
   show(IDC_ABOUT_BUILD, facts.build);
-  show(IDC_ABOUT_ARCHITECTURE, m_resources.Text(is64Bit ? IDS_64_BIT : IDS_32_BIT));
-  show(IDC_ABOUT_BASE,
-       m_resources.Text(facts.baseIsConnected ? IDS_BASE_CONNECTED : IDS_BASE_NOT_CONNECTED));
+  show(IDC_ABOUT_ARCHITECTURE, Architecture());
+  show(IDC_ABOUT_BASE, BaseText(facts));
   show(IDC_ABOUT_LINK, LinkText(facts));
+  show(IDC_ABOUT_CONTACTS, ContactsText(facts));
   show(IDC_ABOUT_CONFIGURATION, facts.configurationPath);
+  const std::wstring trouble = ConfigurationText(facts);
+  show(IDC_ABOUT_CONFIGURATION_STATE, trouble);
+  ShowWindow(Control(IDC_ABOUT_CONFIGURATION_STATE), trouble.empty() ? SW_HIDE : SW_SHOW);
   show(IDC_ABOUT_LOG, facts.logPath);
   EnableWindow(Control(IDC_ABOUT_OPEN_FOLDER), !facts.logPath.empty());
   CheckDlgButton(Window(), IDC_ABOUT_WRITE_LOG, facts.logIsOn ? BST_CHECKED : BST_UNCHECKED);
+}
+
+std::wstring CAboutDlg::Architecture() const {
+  return m_resources.Text(sizeof(void*) == 8 ? IDS_64_BIT : IDS_32_BIT);
+}
+
+std::wstring CAboutDlg::BaseText(const AboutFacts& facts) const {
+  if (facts.baseIsConnected) return m_resources.Text(IDS_BASE_CONNECTED);
+  switch (facts.library) {
+    case UsbLibraryState::Missing:
+      return m_resources.Text(IDS_BASE_NO_LIBRARY);
+    case UsbLibraryState::OtherBitness:
+      return Insert(m_resources.Text(IDS_BASE_OTHER_BITNESS), {Architecture()});
+    case UsbLibraryState::Incomplete:
+      return Insert(m_resources.Text(IDS_BASE_NO_ORDINAL), {std::to_wstring(facts.missingOrdinal)});
+    default:
+      return m_resources.Text(IDS_BASE_NOT_CONNECTED);
+  }
+}
+
+std::wstring CAboutDlg::ContactsText(const AboutFacts& facts) const {
+  if (facts.contactsAreBeingRead) return m_resources.Text(IDS_CONTACTS_READING);
+  return Insert(
+      m_resources.Text(facts.contactsWereLeftOut ? IDS_CONTACTS_LIMIT : IDS_CONTACTS_READ),
+      {std::to_wstring(facts.contacts), std::to_wstring(facts.items)});
+}
+
+std::wstring CAboutDlg::ConfigurationText(const AboutFacts& facts) const {
+  if (facts.profileIsOutsideCodePage) return m_resources.Text(IDS_CONFIGURATION_CODE_PAGE);
+  if (facts.configurationPath.empty()) return m_resources.Text(IDS_CONFIGURATION_NO_FOLDER);
+  if (facts.configurationIsUnsaved) return m_resources.Text(IDS_CONFIGURATION_UNSAVED);
+  if (facts.configurationIsUnreadable) return m_resources.Text(IDS_CONFIGURATION_UNREADABLE);
+  return {};
 }
 
 std::wstring CAboutDlg::LinkText(const AboutFacts& facts) const {

@@ -5,6 +5,7 @@
 #include <shlwapi.h>
 
 #include "dialogs/outlook_window.h"
+#include "module/application_data_folder.h"
 #include "module/log_file.h"
 #include "module/revision.h"
 #include "module/version.h"
@@ -37,11 +38,12 @@ std::wstring TimeAtTick(uint32_t tick) {
 
 CUserDialogs::CUserDialogs(const DialogHost& host, CSettings& settings,
                            ITelephoneControls& controls, IMessagePopup& messages, CTelCtrl& telCtrl,
-                           const CDeviceLink& link) noexcept
+                           const CDeviceLink& link, const IAboutSource& about) noexcept
     : m_settings(settings),
       m_controls(controls),
       m_telCtrl(telCtrl),
       m_link(link),
+      m_aboutSource(about),
       m_regist(host, *this, messages),
       m_erase(host, *this),
       m_options(host, *this),
@@ -93,6 +95,9 @@ void CUserDialogs::ShowAbout(HWND owner) {
   facts.link = m_link.Health();
   if (facts.baseIsConnected) facts.connectedSince = TimeAtTick(facts.link.connectedSince);
   facts.configurationPath = WideFromAnsi(m_settings.Path());
+  facts.configurationIsUnsaved = m_settings.HasUnsavedValues();
+  facts.profileIsOutsideCodePage = IsApplicationDataOutsideCodePage();
+  m_aboutSource.Describe(facts);
   facts.logPath = WideFromAnsi(CLogFile::TodaysPath());
   facts.logIsOn = m_telCtrl.LogFlag();
   m_about.Open(owner, facts);

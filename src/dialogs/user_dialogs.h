@@ -17,7 +17,8 @@ class CUserDialogs final : public IOptionsStore, private ISpeedDialStore, privat
  public:
   // All must outlive the dialogs.
   CUserDialogs(const DialogHost& host, CSettings& settings, ITelephoneControls& controls,
-               IMessagePopup& messages, CTelCtrl& telCtrl, const CDeviceLink& link) noexcept;
+               IMessagePopup& messages, CTelCtrl& telCtrl, const CDeviceLink& link,
+               const IAboutSource& about) noexcept;
 
   // A window of Outlook's owns each; they may be opened again after this.
   void Destroy() noexcept;
@@ -47,6 +48,7 @@ class CUserDialogs final : public IOptionsStore, private ISpeedDialStore, privat
   ITelephoneControls& m_controls;
   CTelCtrl& m_telCtrl;
   const CDeviceLink& m_link;
+  const IAboutSource& m_aboutSource;
   CSpeedDialRegist m_regist;
   CSpeedDialErase m_erase;
   COptionsDialog m_options;

@@ -4,6 +4,8 @@
 
 #include <shlobj.h>
 
+#include "text/ansi.h"
+
 namespace quor {
 
 std::string ApplicationDataFolder() {
@@ -11,6 +13,13 @@ std::string ApplicationDataFolder() {
   const HRESULT result =
       SHGetFolderPathA(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, folder);
   return SUCCEEDED(result) ? folder : "";
+}
+
+bool IsApplicationDataOutsideCodePage() {
+  wchar_t folder[MAX_PATH] = L"";
+  const HRESULT result =
+      SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, folder);
+  return SUCCEEDED(result) && WideFromAnsi(AnsiFromWide(folder)) != folder;
 }
 
 }  // namespace quor

@@ -9,6 +9,10 @@ namespace quor {
 // our paths below it; empty when Windows does not tell.
 std::string ApplicationDataFolder();
 
+// Whether the folder's path has characters that the ANSI code page lacks: what is below it cannot
+// be reached then, or somewhere else is.
+bool IsApplicationDataOutsideCodePage();
+
 }  // namespace quor
 
 #endif

@@ -64,6 +64,8 @@
 #define IDC_ABOUT_WRITE_LOG 1067
 #define IDC_ABOUT_OPEN_FOLDER 1068
 #define IDC_ABOUT_LINK 1069
+#define IDC_ABOUT_CONTACTS 1070
+#define IDC_ABOUT_CONFIGURATION_STATE 1071
 
 /* Strings. The tags identify controls and read the same in every language. */
 #define IDS_NONE 0 /* no string */
@@ -128,6 +130,16 @@
 #define IDS_64_BIT 1543
 #define IDS_LINK_SINCE 1544  /* %1: date and time */
 #define IDS_LINK_HEALTH 1545 /* %1 to %7: counts and milliseconds */
+#define IDS_BASE_NO_LIBRARY 1546
+#define IDS_BASE_OTHER_BITNESS 1547 /* %1: the bitness it should have */
+#define IDS_BASE_NO_ORDINAL 1548    /* %1: the ordinal */
+#define IDS_CONTACTS_READING 1549
+#define IDS_CONTACTS_READ 1550  /* %1: contacts */
+#define IDS_CONTACTS_LIMIT 1551 /* %1: contacts, %2: items of the folders */
+#define IDS_CONFIGURATION_UNREADABLE 1552
+#define IDS_CONFIGURATION_UNSAVED 1553
+#define IDS_CONFIGURATION_CODE_PAGE 1554
+#define IDS_CONFIGURATION_NO_FOLDER 1555
 
 /* A call in Outlook's journal: what stands before the caller in its subject, and the labels of its
    text. */

@@ -24,6 +24,9 @@ class CConfigurationFile final : public IConfigurationFile {
   // The log must outlive the file.
   explicit CConfigurationFile(CDiagnosticLog& log) noexcept : m_log(log) {}
 
+  // Whether the file is there but was no document when it was last read.
+  bool IsUnreadable() const noexcept { return m_unreadable; }
+
   std::optional<XmlElement> Load(const std::string& path) override;
   std::optional<XmlElement> LoadIfChanged(const std::string& path) override;
   bool Save(const std::string& path, const XmlElement& root) noexcept override;

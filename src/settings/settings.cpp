@@ -11,6 +11,7 @@ CSettings::CSettings(IConfigurationFile& file, ISystemLanguage& systemLanguage,
 
 void CSettings::Start(std::string path) {
   m_loaded = false;
+  m_unsaved = false;
   m_path = std::move(path);
   if (m_path.empty()) return;
   const bool read = LoadFirst();
@@ -61,6 +62,7 @@ void CSettings::ApplyLog(const DocumentFindings& findings) noexcept {
 void CSettings::Save() noexcept {
   if (!m_loaded) return;
   m_log.Write("Save Data\n");
+  m_unsaved = true;
   try {
     SaveDocument();
   } catch (const std::exception&) {
@@ -74,7 +76,10 @@ void CSettings::SaveDocument() {
     TakeOver(*edited, MergeConflict::MemoryWins);
   }
   const XmlElement document = WriteConfiguration(m_values);
-  if (m_file.Save(m_path, document)) ReadConfiguration(document, m_systemLanguage, m_known);
+  if (m_file.Save(m_path, document)) {
+    m_unsaved = false;
+    ReadConfiguration(document, m_systemLanguage, m_known);
+  }
   if (!HaveSameLists(before, m_values)) m_observer.OnListsChanged();
 }
 

@@ -69,6 +69,9 @@ class CSettings final : public ISettingsStore {
   // what memory has changed itself is written over it. May call the observer.
   void Save() noexcept override;
 
+  // Whether the last save did not reach the file.
+  bool HasUnsavedValues() const noexcept { return m_unsaved; }
+
   const std::string& Path() const noexcept { return m_path; }
 
  private:
@@ -85,6 +88,7 @@ class CSettings final : public ISettingsStore {
   Configuration m_values;
   Configuration m_known;  // what the file held when it was last read or written
   std::string m_path;
+  bool m_unsaved = false;
   bool m_loaded = false;  // the load step has run, good or bad; only ever with a path
 };
 

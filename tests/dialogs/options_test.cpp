@@ -131,5 +131,30 @@ TEST(AboutBox, OpensInFrontOfWhoeverAsks) {
   EXPECT_EQ(GetWindow(VisibleDialog(), GW_OWNER), stage.outlook);
 }
 
+TEST(AboutBox, SaysWhatKeepsTheSettingsAndTheLibraryAway) {
+  CDialogStage stage;
+  CNoActions actions;
+  CAboutDlg about(stage.host, actions);
+  const auto trouble = [&](AboutFacts facts) {
+    about.Open(stage.outlook, facts);
+    return TextOf(VisibleDialog(), IDC_ABOUT_CONFIGURATION_STATE);
+  };
+  AboutFacts facts;
+  facts.configurationPath = L"C:\\vex_cfg.xml";
+  EXPECT_EQ(trouble(facts), L"");
+  facts.configurationIsUnreadable = true;
+  EXPECT_EQ(trouble(facts).find(L"The file cannot be read."), 0u);
+  facts.configurationIsUnsaved = true;
+  EXPECT_EQ(trouble(facts).find(L"The file could not be written"), 0u);
+  facts.profileIsOutsideCodePage = true;
+  EXPECT_EQ(trouble(facts).find(L"The profile\x2019s path"), 0u);
+
+  facts.library = UsbLibraryState::OtherBitness;
+  trouble(facts);
+  const std::wstring wanted = sizeof(void*) == 8 ? L"64-bit" : L"32-bit";
+  EXPECT_EQ(TextOf(VisibleDialog(), IDC_ABOUT_BASE),
+            L"Not connected: SiUSBXp.dll is not " + wanted);
+}
+
 }  // namespace
 }  // namespace quor

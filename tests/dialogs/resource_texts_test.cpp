@@ -189,6 +189,10 @@ void ExpectTextsFit(const CDialogStage& stage, const Language& language, int per
                {IDD_OPTIONS_PANEL, IDC_OPTIONS_LANGUAGE, IDS_LANGUAGE_NAME, IDS_LANGUAGE_NAME + 2},
                {IDD_OPTIONS_PANEL, IDC_OPTIONS_POP_UP, IDS_POP_UP_MODE, IDS_POP_UP_MODE + 2},
                {IDD_ABOUT, IDC_ABOUT_BASE, IDS_BASE_CONNECTED, IDS_BASE_NOT_CONNECTED},
+               {IDD_ABOUT, IDC_ABOUT_BASE, IDS_BASE_NO_LIBRARY, IDS_BASE_NO_ORDINAL},
+               {IDD_ABOUT, IDC_ABOUT_CONTACTS, IDS_CONTACTS_READING, IDS_CONTACTS_LIMIT},
+               {IDD_ABOUT, IDC_ABOUT_CONFIGURATION_STATE, IDS_CONFIGURATION_UNREADABLE,
+                IDS_CONFIGURATION_NO_FOLDER},
                {IDD_ABOUT, IDC_ABOUT_ARCHITECTURE, IDS_32_BIT, IDS_64_BIT}};
   for (const auto& [id, control, first, last] : given) {
     const COpenDialog dialog(stage, id, percent);
