@@ -187,7 +187,7 @@ void CRun::EndOutlook() {
     stage.outlook.CloseExplorer();
     m_hasQuit = true;
     host.Pump();
-    if (!fast) host.BeginShutdown();
+    if (!fast && host.IsLoaded()) host.BeginShutdown();
     stage.outlook.FireQuit();
     host.Pump();
     // From 14 on nothing more is called: what ends the add-in is the end of the process.
