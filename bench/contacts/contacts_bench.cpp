@@ -1,6 +1,5 @@
-// Times the index against its rivals, side by side: the walk through ordered tables as the tests
-// keep it, and the same tables with the keys looked up in ordered and in hash maps. The contenders
-// take turns and medians are shown, with the log off; ratios are what to read.
+// Times the index against its rival, the same tables on hash maps, side by side. The two take turns
+// and medians are shown, with the log off; read the ratios.
 //
 //   contacts_bench                      everything
 //   contacts_bench instructions OP N    does OP N times on 5,000 contacts, for callgrind; no OP:
@@ -28,7 +27,6 @@ namespace {
 constexpr size_t kUsualContacts = 5000;
 constexpr size_t kUsualNumbers = 3;
 constexpr size_t kSampleNumbers = 4096;
-constexpr size_t kTargetCache = size_t{512} << 20;  // more than any cache of the machine
 
 // Of this thread's own processor time: what else the machine does is not ours to measure.
 double NowInNs() {
@@ -113,83 +111,23 @@ std::unique_ptr<Contender> Filled(const SampleBook& book) {
   return contender;
 }
 
-void RaceLookUps(size_t contacts) {
+void RaceLookUps(const char* title, const SampleBook& book) {
   constexpr int kRounds = 9;
-  const SampleBook book = MakeSampleBook(contacts, kUsualNumbers);
   const auto index = Filled<CIndex>(book);
-  const auto hash = contacts <= 50'000 ? Filled<CHashRival>(book) : nullptr;
-  const auto ordered = contacts <= 50'000 ? Filled<COrderedRival>(book) : nullptr;
-  const auto walk = contacts <= 50'000 ? Filled<CWalk>(book) : nullptr;
+  const auto hash = book.size() <= 50'000 ? Filled<CHashRival>(book) : nullptr;
   for (const Race& race : RacesOver(book)) {
-    Runner<CIndex> ownRunner{index.get(), 40 * kSampleNumbers};
-    Runner<CHashRival> hashRunner{hash.get(), 2 * kSampleNumbers};
-    Runner<COrderedRival> orderedRunner{ordered.get(), kSampleNumbers};
-    Runner<CWalk> walkRunner{walk.get(), contacts <= kUsualContacts ? 10'000 / contacts : 1};
+    Runner<CIndex> ownRunner{index.get(), 10 * kSampleNumbers};
+    Runner<CHashRival> hashRunner{hash.get(), kSampleNumbers};
     hashRunner.CheckAgainst(*index, race);
-    orderedRunner.CheckAgainst(*index, race);
-    walkRunner.CheckAgainst(*index, race);
     for (int round = 0; round < kRounds; ++round) {
       ownRunner.Run(race);
       hashRunner.Run(race);
-      orderedRunner.Run(race);
-      if (round < 3) walkRunner.Run(race);
     }
     const double own = Median(ownRunner.runs);
-    std::printf("%8zu  %-16s %8.1f", contacts, race.name, own);
+    std::printf("%8zu  %-12s  %-16s %8.1f", book.size(), title, race.name, own);
     PrintRatio(Median(hashRunner.runs), own);
-    PrintRatio(Median(orderedRunner.runs), own);
-    PrintRatio(Median(walkRunner.runs), own);
     std::printf("\n");
     std::fflush(stdout);
-  }
-}
-
-// Reads more than the caches hold, so that nothing of the contenders is left in them.
-class CCacheSweeper {
- public:
-  CCacheSweeper() : m_memory(kTargetCache / sizeof(uint64_t), 1) {}
-  void Sweep() {
-    uint64_t sum = 0;
-    for (size_t i = 0; i < m_memory.size(); i += 8)
-      sum += ++m_memory[i];
-    KeepResult(sum);
-  }
-
- private:
-  std::vector<uint64_t> m_memory;
-};
-
-// A few different numbers each time, so that it is the data that is cold and not only the code.
-constexpr size_t kColdNumbers = 32;
-
-template <class Contender>
-double TimeCold(Contender& contender, const Race& race, size_t first, CCacheSweeper& sweeper) {
-  sweeper.Sweep();
-  size_t digest = 0;
-  const double start = NowInNs();
-  for (size_t i = 0; i < kColdNumbers; ++i) {
-    digest ^= LookUp(contender, race, race.numbers[first + i]);
-  }
-  const double end = NowInNs();
-  KeepResult(digest);
-  return (end - start) / kColdNumbers;
-}
-
-void RaceCold() {
-  constexpr size_t kRounds = 41;
-  const SampleBook book = MakeSampleBook(kUsualContacts, kUsualNumbers);
-  const auto index = Filled<CIndex>(book);
-  const auto hash = Filled<CHashRival>(book);
-  CCacheSweeper sweeper;
-  for (const Race& race : RacesOver(book)) {
-    std::vector<double> own;
-    std::vector<double> rival;
-    for (size_t round = 0; round < kRounds; ++round) {
-      own.push_back(TimeCold(*index, race, round * kColdNumbers, sweeper));
-      rival.push_back(TimeCold(*hash, race, round * kColdNumbers, sweeper));
-    }
-    std::printf("%8zu  %-16s %8.0f %11.1f\n", kUsualContacts, race.name, Median(own),
-                Median(rival) / Median(own));
   }
 }
 
@@ -209,17 +147,15 @@ void TimeChanges(SampleBook& book, std::vector<double>& builds, std::vector<doub
 void RaceChanges(size_t numbersEach) {
   constexpr int kRounds = 7;
   SampleBook book = MakeSampleBook(kUsualContacts, numbersEach);
-  std::vector<double> builds[3];
-  std::vector<double> changes[3];
+  std::vector<double> builds[2];
+  std::vector<double> changes[2];
   for (int round = 0; round < kRounds; ++round) {
     TimeChanges<CIndex>(book, builds[0], changes[0]);
     TimeChanges<CHashRival>(book, builds[1], changes[1]);
-    TimeChanges<COrderedRival>(book, builds[2], changes[2]);
   }
-  const auto print = [numbersEach](const char* what, const std::vector<double>(&times)[3]) {
+  const auto print = [numbersEach](const char* what, const std::vector<double>(&times)[2]) {
     const double own = Median(times[0]);
-    std::printf("%8zu  %-16s %8.0f %11.1f %11.1f\n", numbersEach, what, own, Median(times[1]) / own,
-                Median(times[2]) / own);
+    std::printf("%8zu  %-16s %8.0f %11.1f\n", numbersEach, what, own, Median(times[1]) / own);
   };
   print("build", builds);
   print("change", changes);
@@ -247,22 +183,17 @@ void PrintMemory(const char* name, size_t contacts, size_t numbersEach) {
 }
 
 void RunLookUps() {
-  std::printf("Look-ups, checked, three numbers a contact: ns, and times as fast as\n");
-  std::printf("%8s  %-16s %8s %11s %11s %11s\n", "contacts", "", "ns", "hash maps", "ordered",
-              "walk");
-  for (const size_t contacts : {500, 5000, 50'000, 500'000})
-    RaceLookUps(contacts);
-}
-
-void RunCold() {
-  std::printf("The same with the caches swept before each: ns, and times as fast as\n");
-  std::printf("%8s  %-16s %8s %11s\n", "contacts", "", "ns", "hash maps");
-  RaceCold();
+  std::printf("Look-ups, checked, three numbers a contact: ns, and times as fast as hash maps\n");
+  for (const size_t contacts : {500, 5000, 50'000, 500'000}) {
+    RaceLookUps("", MakeSampleBook(contacts, kUsualNumbers));
+  }
+  RaceLookUps("no pauses", MakeSampleBook(kUsualContacts, kUsualNumbers, Pauses::None));
+  RaceLookUps("one shared", MakeSharedNumberBook(kUsualContacts));
 }
 
 void RunChanges() {
   std::printf("Build and first change of all of 5,000 contacts: ns a contact, times as fast as\n");
-  std::printf("%8s  %-16s %8s %11s %11s\n", "numbers", "", "ns", "hash maps", "ordered");
+  std::printf("%8s  %-16s %8s %11s\n", "numbers", "", "ns", "hash maps");
   for (const size_t numbers : {3, 12})
     RaceChanges(numbers);
 }
@@ -275,8 +206,6 @@ void RunMemory() {
     PrintMemory<CIndex>("index", contacts, 3);
   PrintMemory<CIndex>("index", kUsualContacts, 12);
   PrintMemory<CHashRival>("hash maps", kUsualContacts, 3);
-  PrintMemory<CWalk>("walk", kUsualContacts, 3);
-  PrintMemory<CWalk>("walk", kUsualContacts, 12);
 }
 
 struct Section {
@@ -284,7 +213,7 @@ struct Section {
   void (*run)();
 };
 constexpr Section kSections[] = {
-    {"look-ups", RunLookUps}, {"cold", RunCold}, {"changes", RunChanges}, {"memory", RunMemory}};
+    {"look-ups", RunLookUps}, {"changes", RunChanges}, {"memory", RunMemory}};
 
 int RunSections(const char* wanted) {
   bool isKnown = false;
@@ -294,7 +223,7 @@ int RunSections(const char* wanted) {
     section.run();
     isKnown = true;
   }
-  if (!isKnown) Fail("usage: contacts_bench [look-ups | cold | changes | memory]");
+  if (!isKnown) Fail("usage: contacts_bench [look-ups | changes | memory]");
   return 0;
 }
 

@@ -5,10 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "bench/contacts/keyed_phone_index.h"
+#include "bench/contacts/hash_map_index.h"
 #include "bench/contacts/sample_book.h"
 #include "contacts/phone_number_index.h"
-#include "tests/contacts/naive_phone_index.h"
 
 namespace quor {
 
@@ -68,9 +67,7 @@ class CContender {
 };
 
 using CIndex = CContender<CPhoneNumberIndex>;
-using CHashRival = CContender<CKeyedPhoneIndex<HashMaps>>;
-using COrderedRival = CContender<CKeyedPhoneIndex<OrderedMaps>>;
-using CWalk = CContender<CNaivePhoneIndex>;
+using CHashRival = CContender<CHashMapIndex>;
 
 }  // namespace quor
 

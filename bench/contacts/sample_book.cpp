@@ -72,15 +72,28 @@ int CSampleContact::TypeOf(size_t number) const {
   return kTypes.at(number);
 }
 
-SampleBook MakeSampleBook(size_t contacts, size_t numbersEach) {
+SampleBook MakeSampleBook(size_t contacts, size_t numbersEach, Pauses pauses) {
   std::mt19937 random(static_cast<unsigned>(contacts * 16 + numbersEach));
   SampleBook book;
   book.reserve(contacts);
   while (book.size() < contacts) {
     std::vector<std::string> numbers(numbersEach);
-    for (std::string& number : numbers)
+    for (std::string& number : numbers) {
       number = RandomNumber(random, true);
+      if (pauses == Pauses::OneInTwenty && random() % 20 == 0) {
+        number.insert(kNumberLength - 4, 1, 'P');
+      }
+    }
     book.emplace_back(RandomEntryId(random), std::move(numbers));
+  }
+  return book;
+}
+
+SampleBook MakeSharedNumberBook(size_t contacts) {
+  std::mt19937 random(static_cast<unsigned>(contacts));
+  SampleBook book;
+  while (book.size() < contacts) {
+    book.emplace_back(RandomEntryId(random), std::vector<std::string>{"493012345678"});
   }
   return book;
 }
@@ -90,7 +103,8 @@ std::vector<std::string> StoredNumbers(const SampleBook& book, size_t count) {
   std::vector<std::string> numbers;
   while (numbers.size() < count) {
     const auto& contact = book[random() % book.size()];
-    numbers.push_back(contact.Numbers()[random() % contact.Numbers().size()]);
+    const std::string& number = contact.Numbers()[random() % contact.Numbers().size()];
+    if (number.find('P') == std::string::npos) numbers.push_back(number);
   }
   return numbers;
 }

@@ -31,11 +31,16 @@ class CSampleContact final : public IContactItem {
 
 using SampleBook = std::vector<CSampleContact>;
 
-// Random, and the same for the same sizes. No number's fifth character from the end is "7".
-SampleBook MakeSampleBook(size_t contacts, size_t numbersEach);
+enum class Pauses { OneInTwenty, None };
+
+// Random, and the same for the same sizes. No number's fifth character from the end is "7". One
+// number in twenty has a pause character before its last four digits.
+SampleBook MakeSampleBook(size_t contacts, size_t numbersEach, Pauses pauses = Pauses::OneInTwenty);
+// Everybody has one number and that number only.
+SampleBook MakeSharedNumberBook(size_t contacts);
 
 // Numbers as a caller's network delivers them: as stored, in national form, with the international
-// prefix. Picked at random from the whole book.
+// prefix. Picked at random among those without pause characters.
 std::vector<std::string> KnownNumbers(const SampleBook& book, size_t count);
 // As stored.
 std::vector<std::string> StoredNumbers(const SampleBook& book, size_t count);

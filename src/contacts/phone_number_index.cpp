@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "contacts/dial_tail.h"
-#include "contacts/tail_table.h"
 #include "text/dial_chars.h"
 
 namespace quor {
@@ -15,8 +14,11 @@ bool IsIndexedType(int telNumberType) {
   return telNumberType >= kFirstTelNumberType && telNumberType <= kLastTelNumberType;
 }
 
-bool IsTable(int digit) {
-  return digit >= 0 && digit <= kLastDigit;
+// Nothing if the table cannot have such a key.
+std::optional<DialTail> PackKey(int digit, std::string_view key) {
+  const auto tail = PackDialTail(key);
+  if (!tail || LongestDigit(tail->length) != digit) return std::nullopt;
+  return tail;
 }
 
 // A single leading zero is the trunk prefix, which other networks leave out; two are the
@@ -42,14 +44,14 @@ void CPhoneNumberIndex::TelNoCheckAndUpdate(IContactItem& contact) {
     m_log.Write("get_FileAs is failed\n");
     return;
   }
-  std::optional<EntryId> id = m_entryIds.Find(entryId);
+  std::optional<uint32_t> owner = m_entryIds.Find(entryId);
   std::string number;
   for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
-    if (id) DeleteKeysOf(*id, type);
+    if (owner) DeleteKeysOf(*owner, type);
     GetContactTelNumber(contact, type, number);
     if (number.empty()) continue;
-    if (!id) id = m_entryIds.Enter(entryId);
-    EnterNumber(*id, number, type);
+    if (!owner) owner = m_entryIds.Enter(entryId);
+    EnterNumber(*owner, number, type);
   }
   m_log.Write("CContactItem::TelNoCheckAndUpdate OK\n");
 }
@@ -58,10 +60,8 @@ void CPhoneNumberIndex::OnContactItemDelete(IContactItem& contact) {
   m_log.Write("CAddin::OnContactItemDelete\n");
   std::string entryId;
   if (!contact.ReadEntryId(entryId) || entryId.empty()) return;
-  if (const auto id = m_entryIds.Find(entryId)) {
-    for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
-      DeleteKeysOf(*id, type);
-    }
+  for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
+    DeleteContactSearchDataByEntryID(entryId, type);
   }
   m_log.Write("CAddin::OnContactItemDelete OK\n");
 }
@@ -74,178 +74,158 @@ void CPhoneNumberIndex::AddContactSearchData(std::string_view number, std::strin
 void CPhoneNumberIndex::InsertContactSearchData(int digit, std::string_view key,
                                                 std::string_view entryId, int telNumberType,
                                                 std::string_view /*fileAs*/) {
-  if (!IsTable(digit) || !IsIndexedType(telNumberType)) return;
-  EnterKey(m_entryIds.Enter(entryId), digit, std::string(key), telNumberType);
+  const auto tail = PackKey(digit, key);
+  if (!tail || !IsIndexedType(telNumberType)) return;
+  EnterKeys(m_entryIds.Enter(entryId), {*tail, TableBit(digit)}, telNumberType);
 }
 
 void CPhoneNumberIndex::DeleteContactSearchDataByEntryID(std::string_view entryId,
                                                          int telNumberType) {
-  if (const auto id = m_entryIds.Find(entryId)) DeleteKeysOf(*id, telNumberType);
+  if (const auto owner = m_entryIds.Find(entryId)) DeleteKeysOf(*owner, telNumberType);
 }
 
 void CPhoneNumberIndex::DeleteContactSearchData(int digit, std::string_view key,
                                                 std::string_view entryId, int telNumberType) {
   LogRecord(kDeleteLine, digit, key, entryId, telNumberType);
-  const auto id = m_entryIds.Find(entryId);
-  if (!id || !IsTable(digit) || !IsIndexedType(telNumberType)) return;
-  const std::string text(key);
-  m_tables.RemoveFirst(CSearchTables::MakeKey(digit, text), {*id, telNumberType});
+  const auto tail = PackKey(digit, key);
+  const auto owner = m_entryIds.Find(entryId);
+  if (!tail || !owner || !IsIndexedType(telNumberType)) return;
+  m_postings.RemoveFirst({*tail, TableBit(digit)}, CRecord(*owner, telNumberType));
 }
 
-inline void CPhoneNumberIndex::ReadRecord(Record record, ContactMatch& match) const {
-  m_entryIds.Read(record.Owner(), match.entryId);
-  match.telNumberType = record.TelNumberType();
-}
-
-inline bool CPhoneNumberIndex::TakeOnlyRecord(const TableKey& key, Record record,
+bool CPhoneNumberIndex::FindContactSearchData(int digit, std::string_view number, bool check,
                                               ContactMatch& match) {
-  ReadRecord(record, match);
-  if (m_directory.FindContactFileAs(match.entryId, match.name)) return true;
-  m_tables.RemoveFirst(key, record);
-  m_log.Write("CAddin::FindContactSearchData NG Contact Not Found(1)\n");
+  const auto folded = PackDialTail(check ? RemovePauseChars(number) : UpperPauseChars(number));
+  return FindInTable(digit, number, folded, check, match);
+}
+
+bool CPhoneNumberIndex::FindPhoneNumber(std::string_view number, bool check, ContactMatch& match) {
+  m_log.Write("CAddin::FindPhoneNumber\n");
+  const std::string_view tail = LastCharacters(WithoutTrunkPrefix(number), DialTail::kMaxLength);
+  return FindContactSearchData(LongestDigit(tail.size()), tail, check, match);
+}
+
+bool CPhoneNumberIndex::SearchPhoneNumber(std::string_view number, bool check,
+                                          ContactMatch& match) {
+  m_log.Write("CAddin::SearchPhoneNumber\n");
+  const std::string kept(WithoutTrunkPrefix(number));
+  const std::string folded = RemovePauseChars(kept);
+  const size_t reachable = ReachableLength(folded);
+  std::string_view candidate = folded;
+  for (size_t first = 0; first + kShortestTail <= kept.size(); ++first) {
+    if (candidate.size() > reachable) {
+      LogMissInEveryTable();
+    } else if (FindInEveryTable(candidate, check, match)) {
+      return true;
+    }
+    if (!IsPauseChar(kept[first])) candidate.remove_prefix(1);
+  }
   return false;
 }
 
-inline bool CPhoneNumberIndex::TakeFirstRecord(const TableKey& key, const RecordList& records,
-                                               std::string_view number, bool check,
-                                               ContactMatch& match) {
+void CPhoneNumberIndex::EnterNumber(uint32_t owner, std::string_view number, int telNumberType) {
+  const auto tail = PackDialTail(LastCharacters(number, DialTail::kMaxLength));
+  if (tail) EnterKeys(owner, {*tail, TablesOfNumber(*tail)}, telNumberType);
+}
+
+void CPhoneNumberIndex::EnterKeys(uint32_t owner, const CNumberKeys& keys, int telNumberType) {
+  m_postings.Append(keys, CRecord(owner, telNumberType));
+  m_entryIds.AppendKeys(owner, keys);
+}
+
+void CPhoneNumberIndex::DeleteKeysOf(uint32_t owner, int telNumberType) {
+  std::string entryId;
+  if (m_log.IsEnabled()) m_entryIds.Read(owner, entryId);
+  for (const CNumberKeys& keys : m_entryIds.TakeKeys(owner)) {
+    for (int digit = 0; m_log.IsEnabled() && digit <= kLastDigit; ++digit) {
+      if ((keys.Tables() & TableBit(digit)) == 0) continue;
+      LogRecord(kDeleteLine, digit, UnpackDialTail(KeyInTable(keys.Number(), digit)), entryId,
+                telNumberType);
+    }
+    if (IsIndexedType(telNumberType)) {
+      m_postings.RemoveFirst(keys, CRecord(owner, telNumberType));
+    }
+  }
+}
+
+// Tails longer than this match nothing. Those shorter than five symbols, which a number with pause
+// characters can have, are in other buckets than the number.
+size_t CPhoneNumberIndex::ReachableLength(std::string_view folded) const {
+  const auto tail = PackDialTail(LastCharacters(folded, DialTail::kMaxLength));
+  if (!tail) return DialTail::kMaxLength;
+  return std::max(m_postings.ReachableLength(*tail), kShortestTail - 1);
+}
+
+bool CPhoneNumberIndex::FindInEveryTable(std::string_view number, bool check, ContactMatch& match) {
+  const auto folded = PackDialTail(number);
+  for (int digit = 0; digit <= kLastDigit; ++digit) {
+    if (FindInTable(digit, number, folded, check, match)) return true;
+  }
+  return false;
+}
+
+bool CPhoneNumberIndex::FindInTable(int digit, std::string_view number,
+                                    const std::optional<DialTail>& folded, bool check,
+                                    ContactMatch& match) {
+  m_log.Write("CAddin::FindContactSearchData\n");
+  std::optional<CNumberPostings::KeyRecords> found;
+  if (folded && digit >= 0 && digit <= kLastDigit) {
+    found = m_postings.FindFirstKey(digit, *folded, check);
+  }
+  if (!found) {
+    m_log.Write("CAddin::FindContactSearchData NG\n");
+    return false;
+  }
   match.name.clear();
   if (!check) {
-    ReadRecord(m_tables.Lists().First(records), match);
-  } else if (!(records.IsSingle() ? TakeOnlyRecord(key, records.first, match)
-                                  : TakeFirstThatOpens(key, number, match))) {
+    ReadRecord(found->first, match);
+  } else if (!(found->count == 1 ? TakeOnlyRecord(digit, *found, match)
+                                 : TakeFirstThatOpens(digit, number, *found, match))) {
     return false;
   }
   m_log.Write("CAddin::FindContactSearchData OK\n");
   return true;
 }
 
-bool CPhoneNumberIndex::FindContactSearchData(int digit, std::string_view number, bool check,
-                                              ContactMatch& match) {
-  m_log.Write("CAddin::FindContactSearchData\n");
-  TableKey key;
-  RecordList records;
-  if (IsTable(digit)) records = m_tables.FindFirstKey(digit, number, check, key);
-  if (records.IsEmpty()) {
-    m_log.Write("CAddin::FindContactSearchData NG\n");
-    return false;
-  }
-  return TakeFirstRecord(key, records, number, check, match);
-}
-
-bool CPhoneNumberIndex::FindPhoneNumber(std::string_view number, bool check, ContactMatch& match) {
-  m_log.Write("CAddin::FindPhoneNumber\n");
-  const std::string_view tail = LastCharacters(WithoutTrunkPrefix(number), DialTail::kMaxLength);
-  const int digit = DigitOfLength(static_cast<unsigned>(tail.size()));
-  return FindContactSearchData(digit, tail, check, match);
-}
-
-bool CPhoneNumberIndex::SearchPhoneNumber(std::string_view number, bool check,
-                                          ContactMatch& match) {
-  m_log.Write("CAddin::SearchPhoneNumber\n");
-  return SearchTails(WithoutTrunkPrefix(number), check, match);
-}
-
-void CPhoneNumberIndex::EnterNumber(EntryId id, std::string_view number, int telNumberType) {
-  const std::string_view longest = LastCharacters(number, DialTail::kMaxLength);
-  DialTail tail;
-  if (PackDialTail(longest, tail)) {
-    const int lowDigit = std::min(DigitOfLength(tail.length), 1);
-    m_tables.AppendTails(tail, lowDigit, {id, telNumberType});
-    m_entryIds.AddKeys(id, {tail, lowDigit, std::nullopt});
-    return;
-  }
-  size_t length = std::min<size_t>(longest.size(), kShortestTail);
-  for (; length <= longest.size(); ++length) {
-    EnterKey(id, DigitOfLength(static_cast<unsigned>(length)),
-             std::string(LastCharacters(longest, length)), telNumberType);
-  }
-}
-
-void CPhoneNumberIndex::EnterKey(EntryId id, int digit, const std::string& key, int telNumberType) {
-  const TableKey tableKey = CSearchTables::MakeKey(digit, key);
-  m_tables.Append(tableKey, {id, telNumberType});
-  KeyRun keys{tableKey.tail, digit, std::nullopt};
-  if (tableKey.otherText != nullptr) keys.otherKey = m_entryIds.Enter(key);
-  m_entryIds.AddKeys(id, keys);
-}
-
-void CPhoneNumberIndex::DeleteKeysOf(EntryId id, int telNumberType) {
-  std::string entryId;
-  while (const auto keys = m_entryIds.TakeFirstKeys(id)) {
-    if (m_log.IsEnabled() || keys->otherKey) m_entryIds.Read(id, entryId);
-    if (keys->otherKey) {
-      std::string key;
-      m_entryIds.Read(*keys->otherKey, key);
-      DeleteContactSearchData(keys->lowDigit, key, entryId, telNumberType);
-      continue;
-    }
-    const int highDigit = DigitOfLength(keys->tail.length);
-    for (int digit = keys->lowDigit; m_log.IsEnabled() && digit <= highDigit; ++digit) {
-      const DialTail key = digit == 0 ? keys->tail : LastSymbols(keys->tail, KeyLength(digit));
-      LogRecord(kDeleteLine, digit, UnpackDialTail(key), entryId, telNumberType);
-    }
-    if (IsIndexedType(telNumberType)) {
-      m_tables.RemoveFirstFromTails(keys->tail, keys->lowDigit, {id, telNumberType});
-    }
-  }
-}
-
-// Straight to the longest tail that is a key, and on to the next one only if its contacts are gone;
-// but the log has lines for each table and tail that is tried.
-bool CPhoneNumberIndex::SearchTails(std::string_view number, bool check, ContactMatch& match) {
-  if (number.size() < kShortestTail) return false;
-  DialTail tail;
-  if (m_log.IsEnabled() || !PackDialTail(LastCharacters(number, DialTail::kMaxLength), tail) ||
-      HasPauses(tail)) {
-    return SearchEveryTail(number, check, match);
-  }
-  LongestKey longest;
-  m_tables.FindLongest(tail, longest);
-  if (longest.isMarked) return SearchEveryTail(number, check, match);
-  if (longest.digit == 0) return false;
-  const TableKey key{longest.digit, LastSymbols(tail, KeyLength(longest.digit)), nullptr};
-  const std::string_view candidate = LastCharacters(number, key.tail.length);
-  if (TakeFirstRecord(key, longest.records, candidate, check, match)) return true;
-  return SearchTails(UnpackDialTail(LastSymbols(tail, key.tail.length - 1)), check, match);
-}
-
-bool CPhoneNumberIndex::SearchEveryTail(std::string_view wanted, bool check, ContactMatch& match) {
-  const std::string kept(wanted);
-  std::string_view number = kept;
-  const size_t reachable = m_tables.ReachableLength(number);
-  for (; number.size() > reachable && number.size() >= kShortestTail; number.remove_prefix(1)) {
-    for (int digit = 0; digit <= kLastDigit; ++digit) {
-      m_log.Write("CAddin::FindContactSearchData\n");
-      m_log.Write("CAddin::FindContactSearchData NG\n");
-    }
-  }
-  const std::string folded = RemovePauseChars(number);
-  for (std::string_view candidate = folded; number.size() >= kShortestTail;) {
-    for (int digit = 0; digit <= kLastDigit; ++digit) {
-      if (FindContactSearchData(digit, candidate, check, match)) return true;
-    }
-    if (!IsPauseChar(number.front())) candidate.remove_prefix(1);
-    number.remove_prefix(1);
-  }
+bool CPhoneNumberIndex::TakeOnlyRecord(int digit, const CNumberPostings::KeyRecords& only,
+                                       ContactMatch& match) {
+  ReadRecord(only.first, match);
+  if (m_directory.FindContactFileAs(match.entryId, match.name)) return true;
+  m_postings.RemoveFirst({only.key, TableBit(digit)}, only.first);
+  m_log.Write("CAddin::FindContactSearchData NG Contact Not Found(1)\n");
   return false;
 }
 
 // As many attempts as there are records now, though every one of them may change the list.
-bool CPhoneNumberIndex::TakeFirstThatOpens(const TableKey& key, std::string_view number,
+bool CPhoneNumberIndex::TakeFirstThatOpens(int digit, std::string_view number,
+                                           const CNumberPostings::KeyRecords& several,
                                            ContactMatch& match) {
   const std::string kept(number);
-  RecordList records = m_tables.Records(key);
-  for (size_t left = m_tables.Lists().Count(records); left > 0 && !records.IsEmpty(); --left) {
-    const Record record = m_tables.Lists().First(records);
+  const DialTail folded = FoldPauses(several.key, true);
+  std::optional<CNumberPostings::KeyRecords> found = several;
+  for (size_t left = several.count; left > 0 && found && found->key == several.key; --left) {
+    const CRecord record = found->first;
     ReadRecord(record, match);
     if (m_directory.FindContactFileAs(match.entryId, match.name)) return true;
-    LogRecord("Contact Data Not Found", key.digit, kept, match.entryId, match.telNumberType);
-    m_tables.RemoveFirst(key, record);
-    records = m_tables.Records(key);
+    LogRecord("Contact Data Not Found", digit, kept, match.entryId, match.telNumberType);
+    m_postings.RemoveFirst({several.key, TableBit(digit)}, record);
+    found = m_postings.FindFirstKey(digit, folded, true);
   }
   m_log.Write("CAddin::FindContactSearchData NG Contact Not Found(1>)\n");
   return false;
+}
+
+void CPhoneNumberIndex::ReadRecord(CRecord record, ContactMatch& match) const {
+  m_entryIds.Read(record.Owner(), match.entryId);
+  match.telNumberType = record.TelNumberType();
+}
+
+void CPhoneNumberIndex::LogMissInEveryTable() {
+  if (!m_log.IsEnabled()) return;
+  for (int digit = 0; digit <= kLastDigit; ++digit) {
+    m_log.Write("CAddin::FindContactSearchData\n");
+    m_log.Write("CAddin::FindContactSearchData NG\n");
+  }
 }
 
 void CPhoneNumberIndex::LogRecord(const char* what, int digit, std::string_view number,

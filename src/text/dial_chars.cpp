@@ -2,20 +2,22 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <utility>
 
 namespace quor {
 namespace {
 
-constexpr std::array<bool, 256> MakeDialCharTable() {
-  std::array<bool, 256> table{};
-  for (const char character : std::string_view("0123456789#*FfPp")) {
-    table[static_cast<unsigned char>(character)] = true;
+constexpr std::array<int8_t, 256> MakePlaces() {
+  std::array<int8_t, 256> places{};
+  places.fill(-1);
+  for (size_t place = 0; place < kDialChars.size(); ++place) {
+    places[static_cast<unsigned char>(kDialChars[place])] = static_cast<int8_t>(place);
   }
-  return table;
+  return places;
 }
 
-constexpr std::array<bool, 256> kDialChars = MakeDialCharTable();
+constexpr std::array<int8_t, 256> kPlaces = MakePlaces();
 
 bool IsNumberPunctuation(wchar_t character) noexcept {
   constexpr std::wstring_view kPunctuation = L" \t+-()[]/.\u00a0\u00ad\u202f\u2212\u2060\ufeff";
@@ -28,12 +30,16 @@ bool IsNumberPunctuation(wchar_t character) noexcept {
 
 }  // namespace
 
+int DialCharPlace(char character) noexcept {
+  return kPlaces[static_cast<unsigned char>(character)];
+}
+
 bool IsPauseChar(char character) noexcept {
   return character == 'F' || character == 'f' || character == 'P' || character == 'p';
 }
 
 bool IsDialChar(char character) noexcept {
-  return kDialChars[static_cast<unsigned char>(character)];
+  return DialCharPlace(character) >= 0;
 }
 
 std::string FilterDialChars(std::string& source) {

@@ -6,7 +6,13 @@
 
 namespace quor {
 
-// The kept alphabet of dial strings: digits, "#", "*", and "F", "f" (flash), "P", "p" (pause).
+// The alphabet of dial strings in the order of its bytes: digits, "#", "*", and "F", "f" (flash),
+// "P", "p" (pause).
+constexpr std::string_view kDialChars = "#*0123456789FPfp";
+
+// The character's place in the alphabet, 0 to 15; -1 if it is not a dial character.
+int DialCharPlace(char character) noexcept;
+
 bool IsDialChar(char character) noexcept;
 bool IsPauseChar(char character) noexcept;  // F, f, P, p
 

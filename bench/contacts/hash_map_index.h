@@ -1,9 +1,8 @@
-#ifndef QUOR_BENCH_CONTACTS_KEYED_PHONE_INDEX_H
-#define QUOR_BENCH_CONTACTS_KEYED_PHONE_INDEX_H
+#ifndef QUOR_BENCH_CONTACTS_HASH_MAP_INDEX_H
+#define QUOR_BENCH_CONTACTS_HASH_MAP_INDEX_H
 
 #include <algorithm>
 #include <array>
-#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -18,24 +17,12 @@
 
 namespace quor {
 
-struct HashMaps {
-  template <class Value>
-  using Map = std::unordered_map<std::string, Value>;
-};
-
-struct OrderedMaps {
-  template <class Value>
-  using Map = std::map<std::string, Value>;
-};
-
 // The rival: the same nine tables and the same steps, strings as they come and vectors taken out
-// and stored back, but a key is found by a look-up instead of a walk. It is meant for books without
-// pause characters: there the comparison comes down to that once the number has passed both
-// filters.
-template <class Maps>
-class CKeyedPhoneIndex {
+// and stored back, but a key is found by a look-up instead of a walk. A key with pause characters
+// is found as it stands only: the rival is spared what such numbers cost the index.
+class CHashMapIndex {
  public:
-  CKeyedPhoneIndex(IContactDirectory& directory, CDiagnosticLog& log)
+  CHashMapIndex(IContactDirectory& directory, CDiagnosticLog& log)
       : m_directory(directory), m_log(log) {}
 
   void TelNoCheckAndUpdate(IContactItem& contact) {
@@ -90,7 +77,7 @@ class CKeyedPhoneIndex {
     int type;
   };
   using Records = std::vector<SearchRecord>;
-  using Table = typename Maps::template Map<Records>;
+  using Table = std::unordered_map<std::string, Records>;
   using Keys = std::vector<std::pair<int, std::string>>;
 
   static void DropLeadingZero(std::string& number) {
@@ -155,7 +142,7 @@ class CKeyedPhoneIndex {
   IContactDirectory& m_directory;
   CDiagnosticLog& m_log;
   std::array<Table, 9> m_tables;
-  typename Maps::template Map<Keys> m_entryIdIndex;
+  std::unordered_map<std::string, Keys> m_entryIdIndex;
 };
 
 }  // namespace quor

@@ -1,0 +1,60 @@
+#ifndef QUOR_CONTACTS_ENTRY_IDS_H
+#define QUOR_CONTACTS_ENTRY_IDS_H
+
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "contacts/item_blocks.h"
+#include "contacts/number_keys.h"
+#include "contacts/place_table.h"
+
+namespace quor {
+
+// The entry IDs of the contacts, each kept once, and the keys that were added for each contact and
+// are to be removed with it.
+//
+// All but the last 48 characters of an entry ID, which name its folder, are shared: Exchange's have
+// 140 characters, those of a personal store 48.
+class CEntryIds {
+ public:
+  // Owners are numbered from 0 and never removed.
+  std::optional<uint32_t> Find(std::string_view entryId) const;
+  uint32_t Enter(std::string_view entryId);
+  void Read(uint32_t owner, std::string& entryId) const;
+
+  void AppendKeys(uint32_t owner, const CNumberKeys& keys);
+  std::vector<CNumberKeys> TakeKeys(uint32_t owner);
+
+ private:
+  static constexpr size_t kOwnPart = 48;
+  static constexpr size_t kMaxFolders = 64;  // the entry IDs of more folders are kept whole
+
+  struct Owner {
+    uint32_t text;  // where its own part begins; it ends where the next one's begins
+    uint32_t folder;
+    uint32_t hash;
+    uint32_t keys;
+  };
+  struct Parts {
+    uint32_t folder;
+    std::string_view own;
+  };
+
+  size_t OwnLength(uint32_t owner) const noexcept;
+  Parts Split(std::string_view entryId) const;
+  bool IsOwner(uint32_t owner, const Parts& parts) const;
+
+  std::vector<std::string> m_folders{std::string()};
+  std::deque<char> m_texts;
+  std::deque<Owner> m_owners;
+  CPlaceTable m_places;
+  CItemBlocks<CNumberKeys> m_keys;
+};
+
+}  // namespace quor
+
+#endif

@@ -1,0 +1,54 @@
+#ifndef QUOR_CONTACTS_PLACE_TABLE_H
+#define QUOR_CONTACTS_PLACE_TABLE_H
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace quor {
+
+constexpr uint32_t kNoPlace = 0xFFFFFFFF;
+
+// A hash table of places in somebody's pool, with linear probing. Nothing is removed from it.
+class CPlaceTable {
+ public:
+  // The place that `isWanted(place)` accepts, kNoPlace if there is none.
+  template <class IsWanted>
+  uint32_t Find(uint32_t hash, IsWanted isWanted) const {
+    return m_slots.empty() ? kNoPlace : m_slots[Probe(hash, isWanted)];
+  }
+  // Its slot, for another place of the same hash; if there is none, a new slot that holds kNoPlace
+  // and must be filled before the next call. `hashOf(place)` gives the hash of any place.
+  template <class IsWanted, class HashOf>
+  uint32_t& Slot(uint32_t hash, IsWanted isWanted, HashOf hashOf) {
+    if (m_used * 4 >= m_slots.size() * 3) Grow(hashOf);
+    uint32_t& slot = m_slots[Probe(hash, isWanted)];
+    if (slot == kNoPlace) ++m_used;
+    return slot;
+  }
+
+ private:
+  template <class IsWanted>
+  size_t Probe(uint32_t hash, IsWanted isWanted) const {
+    size_t slot = hash & (m_slots.size() - 1);
+    while (m_slots[slot] != kNoPlace && !isWanted(m_slots[slot])) {
+      slot = (slot + 1) & (m_slots.size() - 1);
+    }
+    return slot;
+  }
+  template <class HashOf>
+  void Grow(HashOf hashOf) {
+    std::vector<uint32_t> places(m_slots.empty() ? 64 : 2 * m_slots.size(), kNoPlace);
+    places.swap(m_slots);
+    for (const uint32_t place : places) {
+      if (place != kNoPlace) m_slots[Probe(hashOf(place), [](uint32_t) { return false; })] = place;
+    }
+  }
+
+  std::vector<uint32_t> m_slots;  // a power of two
+  size_t m_used = 0;
+};
+
+}  // namespace quor
+
+#endif
