@@ -49,12 +49,14 @@ void CIncomingCalls::OnCallerId(bool longDistance) {
   caller.number = WideFromAnsi(number);
 
   std::optional<CallerMatch> match = FindPhoneNumber(true, number);
-  if (match) Identify(*std::move(match), caller);
+  const bool known = match.has_value();
+  if (known) Identify(*match, caller);
+  match.reset();  // releases the contact: what follows takes its time
   m_with.calls.OnCaller(SlotOf(caller.information), {caller.name, caller.number, caller.entryId});
   if (!caller.number.empty()) m_callerList.Add(caller.name, caller.number);
   // Before a contact form can cover or delay it.
   m_with.controls.RedrawLineButtons();
-  if (match) {
+  if (known) {
     DisplayContactItem(caller);
   } else {
     DisplayNewContactItem(caller);
@@ -74,7 +76,7 @@ std::optional<CallerMatch> CIncomingCalls::FindPhoneNumber(bool check, std::stri
 }
 
 // Number and name as the contact has them; what cannot be read stays as the base sent it.
-void CIncomingCalls::Identify(CallerMatch match, Caller& caller) {
+void CIncomingCalls::Identify(const CallerMatch& match, Caller& caller) {
   caller.entryId = match.entryId;
   auto number = m_with.directory.FindContactPhoneNumber(match);
   if (number && !number->empty()) caller.number = *std::move(number);

@@ -39,7 +39,7 @@ class CIncomingCalls {
   };
 
   std::optional<CallerMatch> FindPhoneNumber(bool check, std::string_view number);
-  void Identify(CallerMatch match, Caller& caller);
+  void Identify(const CallerMatch& match, Caller& caller);
   void DisplayContactItem(const Caller& caller);
   void DisplayNewContactItem(const Caller& caller);
   // True when the contact form is the way to show this caller; the caller window is shown here.

@@ -184,9 +184,8 @@ class CHistory {
         Find(static_cast<int>(Below(9)), number, check);
         break;
       case 1:
-        BothFind([&](auto& index, auto& match) {
-          return index.FindPhoneNumber(number, check, match);
-        });
+        BothFind(
+            [&](auto& index, auto& match) { return index.FindPhoneNumber(number, check, match); });
         break;
       default:
         BothFind([&](auto& index, auto& match) {

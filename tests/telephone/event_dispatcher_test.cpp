@@ -24,9 +24,10 @@ TEST(Events, ConnectAndDisconnect) {
   desk.state.caller.cidLine = 1;
   desk.phone.Events().OnEventGet(5001, 0);
   EXPECT_EQ(desk.state.record, TelephoneRecord{});
-  EXPECT_THAT(desk.Journal(),
-              ElementsAre("log: CAddin::OnEventGet", "log: OnEventGet::classUsbDisconnected",
-                          "log: CAddin::SetUSBState", "hide", "log: CAddin::SetBarState", "disable"));
+  EXPECT_THAT(
+      desk.Journal(),
+      ElementsAre("log: CAddin::OnEventGet", "log: OnEventGet::classUsbDisconnected",
+                  "log: CAddin::SetUSBState", "hide", "log: CAddin::SetBarState", "disable"));
   for (int control = 0; control < 6; ++control) {
     EXPECT_FALSE(IsControlEnabled(desk.state, control, true)) << "pulled out while it rang";
   }

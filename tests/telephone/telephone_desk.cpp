@@ -18,7 +18,8 @@ std::string Show(const CallerValue& value) {
 
 // The state is the telephone's own; only the tests may put it into any shape they like.
 CTelephoneDesk::CTelephoneDesk(int appVersion)
-    : phone({records, *this, *this, *this, *this, *this, *this, configuration, *this, *this, m_log}),
+    : phone(
+          {records, *this, *this, *this, *this, *this, *this, configuration, *this, *this, m_log}),
       state(const_cast<TelephoneState&>(phone.State())) {
   phone.SetAppVersion(appVersion);
   m_log.SetEnabled(true);
