@@ -215,8 +215,8 @@ void CAddInHost::CheckModuleGone() {
   if (!m_keepModule && GetModuleHandleW(m_registered.modulePath.c_str())) {
     throw CExpectationFailure("its DLL stays in the process");
   }
-  // Where SI_Close failed, the library's thread runs on: freeing it would be the fault.
-  if (ProgramBase().OpenHandles() == 0 && GetModuleHandleW(L"SiUSBXp.dll")) {
+  // Where SI_Close failed, the library's thread may run on: freeing it would be the fault.
+  if (ProgramBase().FailedCloses() == 0 && GetModuleHandleW(L"SiUSBXp.dll")) {
     throw CExpectationFailure("SiUSBXp.dll stays loaded");
   }
 }

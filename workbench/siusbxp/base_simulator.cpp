@@ -58,6 +58,7 @@ void CBaseSimulator::Reset() {
   m_queueReport = {};
   m_manners = {};
   m_freedWhileOpen = 0;
+  m_failedCloses = 0;
   m_sequence = 0;
   m_now = 0;
   m_readTimeout = kEndless;
@@ -211,10 +212,12 @@ int CBaseSimulator::Open(uint32_t device, Handle* handle) noexcept {
 int CBaseSimulator::Close(Handle handle) noexcept {
   const size_t closed =
       std::erase_if(m_handles, [handle](const OpenHandle& open) { return open.handle == handle; });
-  return Call(
+  const int status = Call(
       UsbFunction::Close,
       [&](uint32_t) -> int { return closed == 0 ? kSiInvalidHandle : kSiSuccess; },
       [&] { return HandleName(handle); }, NoResults);
+  if (status != kSiSuccess) ++m_failedCloses;
+  return status;
 }
 
 uint32_t CBaseSimulator::Available() const {

@@ -33,6 +33,7 @@ class CBaseSimulator final : public ISimulatedBase, public IUsbHost {
   uint32_t CallCount(UsbFunction function) const override;
   uint32_t OpenHandles() const override { return static_cast<uint32_t>(m_handles.size()); }
   uint32_t FreedWhileOpen() const override { return m_freedWhileOpen; }
+  uint32_t FailedCloses() const override { return m_failedCloses; }
   void SetManners(const DriverManners& manners) override { m_manners = manners; }
   void Observe(ICallObserver* observer) override { m_observer = observer; }
 
@@ -112,6 +113,7 @@ class CBaseSimulator final : public ISimulatedBase, public IUsbHost {
   QueueReport m_queueReport;
   DriverManners m_manners;
   uint32_t m_freedWhileOpen;
+  uint32_t m_failedCloses;
   ICallObserver* m_observer = nullptr;
   uint64_t m_sequence;
   uint64_t m_lastDevice = 0;  // numbers are never used twice, so that old handles stay strangers

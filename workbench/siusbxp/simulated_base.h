@@ -153,6 +153,8 @@ class ISimulatedBase {
   virtual uint32_t OpenHandles() const = 0;
   // Devices that were open when the DLL was freed: its threads ran in freed code.
   virtual uint32_t FreedWhileOpen() const = 0;
+  // Calls of SI_Close that answered a failure: whether a thread ended then, the caller cannot know.
+  virtual uint32_t FailedCloses() const = 0;
 
   virtual void SetManners(const DriverManners& manners) = 0;
 
