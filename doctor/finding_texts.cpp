@@ -109,8 +109,7 @@ constexpr std::array<Entry, kKinds> kEntries = {{
         "Repárelo aquí o marque «Telephone Plug-in» en la lista de complementos COM de "
         "Outlook."}}}},
     {"not-at-start",
-     {{{"Outlook is told not to load the plug-in at its start (LoadBehavior {0}).",
-        "Mend it here."},
+     {{{"Outlook does not load the plug-in when it starts (LoadBehavior {0}).", "Mend it here."},
        {"Outlook a l'ordre de ne pas charger le complément à son démarrage (LoadBehavior {0}).",
         "Réparez ici."},
        {"Outlook tiene la orden de no cargar el complemento al iniciarse (LoadBehavior {0}).",

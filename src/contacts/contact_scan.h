@@ -46,7 +46,7 @@ class IContactScanHost {
 // was, or happens while the numbers of a very large tree are compared at the end.
 class CContactScan {
  public:
-  // At most so many contacts are indexed at start-up; later ones when Outlook reports a change.
+  // Most contacts indexed at start-up; later ones are indexed when Outlook reports a change.
   static constexpr int32_t kScanLimit = 5000;
   // A tree of so many items, of whatever type, shows the loading window.
   static constexpr int64_t kLoadingThreshold = 100;

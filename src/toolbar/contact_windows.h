@@ -20,7 +20,7 @@ namespace quor {
 // What the contact windows need of the rest of the interface.
 class IContactRibbonDisplay {
  public:
-  // Contact ribbons ask again; once, however often it is said until they have asked.
+  // Invalidates the contact ribbons: once for any number of requests until they have asked again.
   virtual void InvalidateContactRibbons() noexcept = 0;
   // Has CContactWindows::Refresh called from the message loop; false when that cannot be had.
   virtual bool PostRefresh() noexcept = 0;
