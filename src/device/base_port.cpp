@@ -7,8 +7,8 @@
 namespace quor {
 namespace {
 
-// So many devices in a row that cannot be read end the search. More than any user has, and few
-// enough that a library which counts 4,294,967,295 of them does not stall Outlook's thread.
+// The search ends after this many unreadable devices in a row. No user has as many, and a library
+// that reports 4,294,967,295 devices must not block Outlook's thread.
 constexpr uint32_t kMostUnreadableDevices = 16;
 
 constexpr uint32_t kBaudRate = 19200;
@@ -56,7 +56,7 @@ bool CBasePort::FindDevice(uint32_t& index) noexcept {
   return false;
 }
 
-// The strings are only proof that the device answers; nothing compares them.
+// Reading the strings proves that the device answers; their values do not matter.
 bool CBasePort::ReadProductStrings(uint32_t index) noexcept {
   for (const ProductStringRead& read : kProductStringReads) {
     std::array<char, kProductStringSize> text{};
@@ -164,7 +164,7 @@ bool CBasePort::Write(std::span<const uint8_t> frame) noexcept {
     return false;
   }
   if (written != frame.size()) {
-    // The first value is always 0; whoever reads these logs is used to it.
+    // The first value is always 0: the format of these logs is fixed.
     m_log.Print("** Error : SI_Write size unmatch error. (from:%d, to:%d)\n", 0,
                 static_cast<int>(written));
     return false;

@@ -12,9 +12,9 @@
 
 namespace quor {
 
-// The one handle to the telephone base and the serial line behind it. Library statuses are logged
-// here and stop here. "Lost" below means: the device is closed and the disconnect event raised, so
-// that a later tick opens it again.
+// The one handle to the telephone base and the serial line behind it. Logs library statuses and
+// does not pass them on. To "lose" the device is to close it and raise the disconnect event; a
+// later tick opens it again.
 class CBasePort {
  public:
   CBasePort(IUsbXpress& usb, CConnectionEvents& events, LinkHealth& health,
@@ -25,31 +25,31 @@ class CBasePort {
 
   bool IsOpen() const noexcept { return m_handle != nullptr; }
 
-  // The first bridge whose five product strings can all be read, whatever they say; the search ends
-  // after sixteen that cannot. No bridge at all is nothing to report; the library names that case
-  // with a status of its own.
+  // Finds the first bridge whose five product strings can be read, whatever their values. Gives up
+  // after sixteen unreadable devices. Logs nothing when the library reports that no device is
+  // connected.
   bool FindDevice(uint32_t& index) noexcept;
 
-  // Opens the device and sets the line up: 19200 baud, 8N1, RTS held, 3 s timeouts. A bridge that
-  // refuses the baud rate is used as it is; any other refusal loses the device.
+  // Opens the device and sets up the line: 19200 baud, 8N1, RTS active, 3 s timeouts. A refused
+  // baud rate is logged and ignored; any other refusal loses the device.
   bool Open(uint32_t index) noexcept;
 
-  // The handle is given up whatever the library answers; false when it reported an error. Closing
-  // twice asks the library twice.
+  // Always clears the handle; false when the library reports an error. A second Close calls the
+  // library again, with a null handle.
   bool Close() noexcept;
 
-  // Close, then the disconnect event.
+  // Closes, then raises the disconnect event.
   void Lose() noexcept;
 
-  // True when bytes wait to be read, with their count. Overrun and unknown statuses are logged and
-  // purge nothing; a failing call loses the device.
+  // True when bytes wait to be read; `queued` is their count. Overruns and unknown statuses are
+  // logged and purge nothing; a failing call loses the device.
   bool CheckReceiveQueue(uint32_t& queued) noexcept;
 
-  // The count read, possibly short. Nothing when the library failed, which loses the device.
+  // Returns the number of bytes read, possibly fewer than asked for. When the library fails, loses
+  // the device and returns nothing.
   std::optional<uint32_t> Read(std::span<uint8_t> buffer) noexcept;
 
-  // True when every byte was accepted. The device stays as it is on failure: what follows is the
-  // request's business.
+  // True when every byte was accepted. Does not close the device on failure; the caller decides.
   bool Write(std::span<const uint8_t> frame) noexcept;
 
   // Flushes both directions; a failure loses the device.
@@ -57,7 +57,7 @@ class CBasePort {
 
  private:
   bool ReadProductStrings(uint32_t index) noexcept;
-  // Loses the device and logs the line, whose one %d is the status; always false.
+  // Loses the device and logs the line, in which %d is the status. Always returns false.
   bool LoseWith(const char* format, int status) noexcept;
 
   IUsbXpress& m_usb;

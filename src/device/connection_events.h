@@ -6,9 +6,9 @@
 
 namespace quor {
 
-// Announces that the base came, went, or was not there at start. Each raise logs a heading, sets
-// the connected flag, posts, and logs the outcome; a post that fails leaves the flag changed all
-// the same. True when the post succeeded.
+// Posts that the base was connected, was disconnected, or was missing at start-up. Each raise logs
+// a heading, sets the connected flag, posts the event and logs the outcome. The flag changes even
+// if the post fails. True when the post succeeds.
 class CConnectionEvents {
  public:
   CConnectionEvents(IMessageQueue& queue, CDiagnosticLog& log) noexcept

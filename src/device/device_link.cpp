@@ -19,7 +19,7 @@ CDeviceLink::CDeviceLink(IUsbXpress& usb, IMessageQueue& queue, DeviceRecords& r
       m_reader(m_port, m_dispatcher, m_health, log) {}
 
 void CDeviceLink::Probe() {
-  // Open still from before a disconnection, while the base can be opened once only.
+  // The base can be opened only once, and an earlier connection may have left it open.
   Close();
   uint32_t index = 0;
   if (!m_port.FindDevice(index)) {
@@ -36,8 +36,8 @@ void CDeviceLink::Probe() {
 bool CDeviceLink::SetUp(uint32_t index) {
   if (!m_port.Open(index)) return false;
   if (!SendStartupRequest()) {
-    // The request has closed the device and said so already. Doing it again, on a handle that is
-    // already null, costs nothing and keeps every failing step of the set-up alike.
+    // The request has already closed the device and raised the event. Repeating both on a null
+    // handle is harmless and makes all failing steps of the set-up end alike.
     m_port.Lose();
     m_log.Write("** Error : Failed to send start up request.\n");
     return false;
@@ -70,7 +70,7 @@ bool CDeviceLink::Recover(uint32_t index) {
     m_log.Write("** Error : Device set up error.\n");
     return false;
   }
-  m_events.RaiseConnect();  // the second one, after the set-up's own: both are delivered
+  m_events.RaiseConnect();  // the second connect event, after SetUp's own; both are posted
   m_records.lastStatus = kNothingReported;
   m_log.Write("** Recovery : USB device recovery.\n");
   ++m_health.connections;
@@ -106,12 +106,12 @@ bool CDeviceLink::SendCallRequest(uint8_t lineType, std::string& number) {
   m_log.Write("< Call request >\n");
   if (!Send(RequestCode::Call, CallPayload(lineType, dialled))) {
     m_port.Lose();
-    // The wording is the start-up request's; the line is the call request's all the same.
+    // This is the start-up request's wording; logs of failed call requests contain it all the same.
     m_log.Print("** Error : #%s Failed to send start up request. (0x%02X)\n", dialled.c_str(),
                 lineType);
     return false;
   }
-  // One less than went over the wire, as these logs have always counted it.
+  // Logs one byte less than was sent: these logs always count so.
   m_log.Print("Call request Line%d (#%s) complete. ( request size: %d )\n", lineType,
               dialled.c_str(), static_cast<int>(dialled.size() + 5));
   return true;

@@ -19,12 +19,12 @@
 
 namespace quor {
 
-// Timer of the hidden window whose ticks drive the link; compare as UINT_PTR.
+// The hidden window's timer whose ticks drive the link. Compare as UINT_PTR.
 inline constexpr uint32_t kDevicePollTimer = 0x80000002U;
 
-// The link to the telephone base: finds and opens it, follows its removal and return, sends
-// requests, receives indications. All of it runs on the user-interface thread, and everything it
-// has to say is posted to the queue: no call comes back into the caller.
+// The link to the telephone base: finds and opens it, notices its removal and return, sends
+// requests, receives indications. Runs on the user-interface thread. Results are posted to the
+// queue: the link never calls back into its caller.
 //
 //   absent --(tick finds a device and sets it up)--> open --(gone, or any failure)--> absent
 class CDeviceLink {
@@ -33,39 +33,40 @@ class CDeviceLink {
   CDeviceLink(IUsbXpress& usb, IMessageQueue& queue, DeviceRecords& records,
               CDiagnosticLog& log) noexcept;
 
-  // Start of the link: opens the device once to prove that it answers, announces it, and closes it
-  // again; without a usable device it raises the error-connect event. The caller then starts
-  // kDevicePollTimer with PollInterval(), in every case: the first tick opens the device for use.
+  // Start-up: opens the device once to prove that it answers, raises the connect event and closes
+  // it again. Raises the error-connect event when there is no usable device. In either case the
+  // caller then starts kDevicePollTimer with PollInterval(); the first tick opens the device for
+  // use.
   void Probe();
 
   // Milliseconds between two ticks.
   uint32_t PollInterval() const noexcept { return m_pollInterval; }
 
-  // One tick: checks the device's presence, reopens it when it is back, reads at most one frame. A
-  // frame that arrives in pieces stalls the caller for up to the read timeout of 3 s. True when a
+  // Handles one tick: checks that the device is present, reopens it when it is back, reads at most
+  // one frame. A frame that arrives in pieces blocks for up to the read timeout of 3 s. True when a
   // frame was read and dispatched.
   bool ReceiveFrame();
 
-  // To be called after each tick with the ticks (milliseconds) at which it began and ended.
+  // Call after each tick with the tick counts (milliseconds) at which it began and ended.
   void NotePoll(uint32_t began, uint32_t ended) noexcept;
   const LinkHealth& Health() const noexcept { return m_health; }
 
-  // Requests. False when the frame could not be sent whole; the device is then closed and the
-  // disconnect event raised. The number must hold dial characters only; it is emptied after the
-  // attempt, successful or not.
+  // Send a request. False when the frame was not sent completely; the device is then closed and the
+  // disconnect event raised. The number must hold dial characters only; it is cleared whether
+  // sending succeeds or not.
   bool SendStartupRequest();
   bool SendCallRequest(uint8_t lineType, std::string& number);
   bool SendOnHookRequest(uint8_t lineType);
 
   bool IsOpen() const noexcept { return m_port.IsOpen(); }
-  // What the last connection event said; an open device is another matter (IsOpen).
+  // Whether the last event raised was a connect event; a connected device may be closed (see
+  // IsOpen).
   bool IsConnected() const noexcept { return m_events.IsConnected(); }
 
-  // The end of the link, before the library is freed: closes the base if it is open, without an
-  // event.
+  // Closes the base if it is open, without an event. Call before the library is freed.
   void Close() noexcept;
 
-  // Shutdown ends the watch thread if there is one. The device handle is not closed.
+  // Shutdown ends the watch thread, if one is attached. It does not close the device.
   void AttachWatchThread(IWatchThread& thread) noexcept { m_watchThread = &thread; }
   void StopWatchThread() noexcept;
 
@@ -79,7 +80,7 @@ class CDeviceLink {
   DeviceRecords& m_records;
   CDiagnosticLog& m_log;
   LinkHealth m_health;
-  bool m_wasOpen = false;  // after the last tick
+  bool m_wasOpen = false;  // at the end of the last tick
   CConnectionEvents m_events;
   CBasePort m_port;
   CIndicationDispatcher m_dispatcher;

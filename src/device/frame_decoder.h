@@ -9,16 +9,17 @@
 
 namespace quor {
 
-// Indications as records. Any bytes decode to a valid record; what the values mean is the telephone
-// controller's business.
+// Turn indications into records. Any bytes give a valid record; the telephone controller interprets
+// the values.
 
 StatusRecord DecodeStatus(std::span<const uint8_t, kSetStatusSize> frame) noexcept;
 
-// The sixth byte of the record is the frame's carriage return: the indication carries only five.
+// The indication has only five report bytes, so the record's sixth byte is the frame's carriage
+// return.
 IncomingCallRecord DecodeReceiveCall(std::span<const uint8_t, kReceiveCallSize> frame) noexcept;
 
-// The name loses its padding on the right, inner spaces stay. A number said to be longer than its
-// field is left empty (HasValidNumberLength).
+// Trailing padding is removed from the name, inner spaces stay. The number is left empty when its
+// length field exceeds the field (HasValidNumberLength).
 CallerIdRecord DecodeCallerId(std::span<const uint8_t, kCallerIdSize> frame) noexcept;
 bool HasValidNumberLength(std::span<const uint8_t, kCallerIdSize> frame) noexcept;
 

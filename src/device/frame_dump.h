@@ -10,7 +10,7 @@ namespace quor {
 
 enum class FrameDirection { Sent, Received, Other };
 
-// One log line such as "[S] (3) 2B 31 0D\n": tag ("[S]", "[R]" or "[I]"), byte count, bytes.
+// Logs one line such as "[S] (3) 2B 31 0D\n": tag ("[S]", "[R]" or "[I]"), byte count, bytes.
 void DumpFrame(CDiagnosticLog& log, FrameDirection direction,
                std::span<const uint8_t> bytes) noexcept;
 

@@ -6,12 +6,12 @@
 
 namespace quor {
 
-// The serial protocol of the telephone base: the one home of its bytes. Line types are in
+// The serial protocol of the telephone base; all its bytes are defined here. For line types see
 // device/line_type.h.
 //
 // Request, add-in to base:
 //   0x2B code payload... 0x0D             (no line feed is sent)
-// Indication, base to add-in, of a length fixed by its type:
+// Indication, base to add-in, its length fixed by its type:
 //   0x26 type body... 0x0D 0x0A
 
 inline constexpr uint8_t kRequestStart = 0x2B;     // "+"
@@ -28,7 +28,7 @@ enum class RequestCode : uint8_t {
   OnHook = 0x33,   // line type
 };
 
-// A longer number is sent whole behind the length digits "00".
+// A longer number is sent whole, with the length digits "00".
 inline constexpr size_t kMaxCountedNumberLength = 99;
 
 enum class Indication : uint8_t {
@@ -39,7 +39,7 @@ enum class Indication : uint8_t {
   CellRegistration = 0x05,
 };
 
-// Start byte and type, read before anything else is known of the frame.
+// Start byte and type, read first: the type gives the frame's length.
 inline constexpr size_t kHeaderSize = 2;
 
 // Whole frames, header and delimiters included.
@@ -49,7 +49,7 @@ inline constexpr size_t kCallerIdSize = 39;
 inline constexpr size_t kClosePopUpSize = 5;
 inline constexpr size_t kCellRegistrationSize = 61;
 
-// Bytes that follow the header of an indication; 0 for a type that does not exist.
+// Number of bytes after the header of an indication; 0 for an unknown type.
 constexpr size_t IndicationBodySize(uint8_t type) noexcept {
   switch (static_cast<Indication>(type)) {
     case Indication::SetStatus:

@@ -49,22 +49,22 @@ bool CFrameReader::ReadExactly(std::span<uint8_t> target) noexcept {
   return true;
 }
 
-// What is queued is drained for the log, no more than the buffer holds, and then everything is
-// flushed, drained or not. A device lost on the way has nothing left to flush.
+// Reads queued bytes for the log, at most a buffer full, then flushes both directions whether or
+// not anything was queued. If the device is lost meanwhile, there is nothing to flush.
 void CFrameReader::Resynchronise(Buffer& buffer) noexcept {
   m_log.Print("** Error : Delimit error STX.(%02X)... ---> Exec SI_FlushBuffers()\n", buffer[0]);
   uint32_t queued = 0;
   if (m_port.CheckReceiveQueue(queued)) {
     buffer.fill(0);
     if (!m_port.Read(std::span(buffer).first(std::min<size_t>(queued, buffer.size())))) return;
-    // Two bytes are enough to recognise the stray data by, however much was drained.
+    // Logs two bytes, however many were read: enough to recognise stray data.
     DumpFrame(m_log, FrameDirection::Received, std::span(buffer).first<kHeaderSize>());
   }
   if (m_port.IsOpen()) m_port.Purge();
 }
 
-// One right delimiter is enough, and a frame with none is used all the same: its length has already
-// been told by its type.
+// One correct delimiter is enough. A frame without any is logged but still used: its type already
+// gave its length.
 void CFrameReader::CheckDelimiters(std::span<const uint8_t> frame) noexcept {
   const uint8_t beforeLast = frame[frame.size() - 2];
   const uint8_t last = frame.back();

@@ -12,16 +12,16 @@
 
 namespace quor {
 
-// Reads one indication from the port and hands it on. It finds its way back after any bytes: a
-// wrong start byte or an unknown type purges both directions, a short read is dropped, and each
-// call starts a fresh frame. Allocates nothing while the log is off.
+// Reads one indication from the port and dispatches it. Recovers from any bytes: a wrong start byte
+// or an unknown type purges both directions, a short read is dropped, and each call expects the
+// start of a frame. Does not allocate while the log is off.
 class CFrameReader {
  public:
   CFrameReader(CBasePort& port, CIndicationDispatcher& dispatcher, LinkHealth& health,
                CDiagnosticLog& log) noexcept
       : m_port(port), m_dispatcher(dispatcher), m_health(health), m_log(log) {}
 
-  // To be called when bytes are queued. True when a frame was read and dispatched.
+  // Call when bytes are queued. True when a frame was read and dispatched.
   bool ReadFrame() noexcept;
 
  private:

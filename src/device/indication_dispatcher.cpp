@@ -82,7 +82,7 @@ void CIndicationDispatcher::CallerId(std::span<const uint8_t, kCallerIdSize> fra
   m_records.lastStatus = kNothingReported;
 }
 
-// Only stored: closing the pop-up is left to the next status report, so no event is raised.
+// Raises no event: the next status report closes the pop-up.
 void CIndicationDispatcher::ClosePopUp(std::span<const uint8_t, kClosePopUpSize> frame) noexcept {
   const uint8_t lineType = frame[kClosePopUpLineTypeOffset];
   m_log.Write("< Inform pop-up close >\n");
@@ -100,7 +100,7 @@ void CIndicationDispatcher::CellRegistration(
     std::span<const uint8_t, kCellRegistrationSize> frame) noexcept {
   const CellRegistrationRecord cells = DecodeCellRegistration(frame);
   m_log.Write("< Inform Cell Regist Information >\n");
-  // The names fill their fields without a terminator.
+  // The names have no terminator when they fill their fields.
   m_log.Print(
       "RegInfo: 0x%02X, Cell1Name: %.14s, Cell2Name: %.14s, Cell3Name: %.14s, Cell4Name: %.14s\n",
       cells.regInfo, cells.names[0], cells.names[1], cells.names[2], cells.names[3]);

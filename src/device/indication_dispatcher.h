@@ -11,18 +11,18 @@
 
 namespace quor {
 
-// Turns one indication into its record and its event, in that order: the handler of the event finds
-// the record as it was when the event was raised.
+// Stores each indication's record and then posts its event, so the event's handler finds the record
+// complete.
 //
-// An indication for a line without a slot is dropped after its log lines: no record is written, no
-// event raised, and the last reported status stays, so that noise cannot make the next, unchanged
-// status report count as news.
+// An indication for an unknown line is logged and dropped: no record is written and no event
+// posted. The last reported status stays too, so that an unchanged report after such noise is not
+// treated as a change.
 class CIndicationDispatcher {
  public:
   CIndicationDispatcher(DeviceRecords& records, IMessageQueue& queue, CDiagnosticLog& log) noexcept
       : m_records(records), m_queue(queue), m_log(log) {}
 
-  // A whole frame, header included, of the length its type asks for.
+  // Takes a whole frame with its header, of the length that its type requires.
   void Dispatch(std::span<const uint8_t> frame) noexcept;
 
  private:

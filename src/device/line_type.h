@@ -5,7 +5,7 @@
 
 namespace quor {
 
-// One byte names a line on the wire and in every record.
+// A line's byte on the wire and in every record.
 inline constexpr uint8_t kNoLine = 0;
 inline constexpr uint8_t kLine1 = 0x01;
 inline constexpr uint8_t kLine2 = 0x02;
@@ -37,7 +37,7 @@ constexpr int SlotFromLineType(uint32_t lineType) noexcept {
   }
 }
 
-// The same table read the other way; kNoLine for anything but 0 to 5.
+// The inverse of the table above; kNoLine for slots other than 0 to 5.
 constexpr uint8_t LineTypeFromSlot(int slot) noexcept {
   constexpr uint8_t kLineTypes[kSlotCount] = {kLine1, kLine2, kCell1, kCell2, kCell3, kCell4};
   return slot >= 0 && slot < kSlotCount ? kLineTypes[slot] : kNoLine;

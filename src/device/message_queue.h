@@ -19,17 +19,17 @@ enum class DeviceEvent : uint32_t {
 
 // Private messages of the hidden window, as offsets from WM_APP (0x8000).
 enum class WindowRequest : uint32_t {
-  SetBarState = 0,      // parameter: 1 connected, 0 not
-  ClearDial = 1,        // no parameter
-  Refresh = 2,          // no parameter: what went stale inside a callback or in a burst of events
+  SetBarState = 0,  // parameter: 1 connected, 0 not
+  ClearDial = 1,    // no parameter
+  Refresh = 2,  // no parameter: redraw what changed inside a callback or during a burst of events
   CloseLoading = 7,     // no parameter
   StartupRequest = 10,  // no parameter
   CallRequest = 11,     // parameter: line type
   OnHookRequest = 12,   // parameter: line type
 };
 
-// The hidden window's queue. Everything asynchronous goes through it: posting never blocks and
-// never waits for the handler, and what is posted is handled in posting order on the same thread.
+// The hidden window's message queue, for everything asynchronous. Posting never blocks; messages
+// are handled in posting order on the same thread.
 class IMessageQueue {
  public:
   // False when the system refuses the message (window gone, queue full).

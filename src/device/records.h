@@ -11,11 +11,11 @@
 
 namespace quor {
 
-// What the base last said, kept in fixed records that the device link writes and the telephone
-// controller reads. Texts are in the ANSI code page. Nothing is allocated per event.
+// The base's last reports, in fixed-size records. The device link writes them, the telephone
+// controller reads them. Texts are in the ANSI code page. Events allocate nothing.
 
-// The five report bytes travel as LINE1, LINE2, CELL, LOG, CELLSUB; the telephone controller reads
-// LOG as the dial state.
+// The five report bytes are sent as LINE1, LINE2, CELL, LOG, CELLSUB; the telephone controller
+// reads LOG as the dial state.
 struct StatusRecord {
   uint8_t result;  // result of the last request; 1 = busy reply
   uint8_t line1;
@@ -28,7 +28,7 @@ struct StatusRecord {
 };
 static_assert(sizeof(StatusRecord) == 6);
 
-// All 0xFF: nothing reported yet, so the next status indication counts as a change.
+// All 0xFF: nothing reported yet, so the next status report counts as a change.
 inline constexpr StatusRecord kNothingReported = {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF};
 
 struct IncomingCallRecord {
@@ -47,7 +47,7 @@ struct CallerIdRecord {
   uint8_t longDistance;  // 0 or 1
   char name[17];         // up to 16 characters, NUL-terminated
   char number[25];       // up to 24 characters, NUL-terminated
-  uint8_t lineType;      // 0 once the pop-up was closed
+  uint8_t lineType;      // 0 after the pop-up was closed
   uint8_t lineUnitNo;
 };
 static_assert(sizeof(CallerIdRecord) == 47);
@@ -62,7 +62,7 @@ inline constexpr int kCellCount = 4;
 
 struct CellRegistrationRecord {
   uint8_t regInfo;             // bit 0 = Cell1 .. bit 3 = Cell4
-  char names[kCellCount][14];  // not terminated: at most 14 characters each
+  char names[kCellCount][14];  // at most 14 characters each, without a terminator if 14
 };
 static_assert(sizeof(CellRegistrationRecord) == 57);
 
@@ -74,7 +74,7 @@ struct DialRecord {
 };
 static_assert(sizeof(DialRecord) == 27);
 
-// The text of a fixed field: up to its first NUL, or all of it when it has none.
+// The text of a fixed-size field: up to the first NUL, or the whole field without one.
 template <size_t kSize>
 std::string_view FieldText(const char (&field)[kSize]) noexcept {
   return {field, static_cast<size_t>(std::find(field, field + kSize, '\0') - field)};

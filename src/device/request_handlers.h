@@ -9,7 +9,7 @@
 
 namespace quor {
 
-// Where a sent on-hook request shows.
+// Shows that an on-hook request was sent.
 class ICallFromCellDisplay {
  public:
   virtual void PutCallFromCellButton() = 0;
@@ -18,8 +18,8 @@ class ICallFromCellDisplay {
   ~ICallFromCellDisplay() = default;
 };
 
-// The handlers of the requests posted to the hidden window. Line types come from window messages,
-// so any value is survived: one without a slot is a refused request.
+// Handle the requests posted to the hidden window. Line types come from window messages, so any
+// value may arrive; a request for an unknown line is refused.
 class CRequestHandlers {
  public:
   CRequestHandlers(CDeviceLink& link, DeviceRecords& records, ICallFromCellDisplay& display,
@@ -27,9 +27,9 @@ class CRequestHandlers {
       : m_link(link), m_records(records), m_display(display), m_log(log) {}
 
   void OnStartupRequest();
-  // Sends what the slot's dial record holds; an empty number answers a ringing line.
+  // Sends the slot's dial record; an empty number answers a ringing line.
   void OnCallRequest(uint32_t lineType);
-  // Ends the call of the slot's on-hook line and forgets the slot's pop-up.
+  // Ends the call of the slot's on-hook line and clears the slot's pop-up.
   void OnOnHookRequest(uint32_t lineType);
 
  private:

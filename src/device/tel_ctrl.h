@@ -10,10 +10,10 @@
 
 namespace quor {
 
-// Event objects of the operating system.
+// Creates and closes event objects of the operating system.
 class IEventObjects {
  public:
-  // A manual-reset, non-signalled event without a name; null when the system has none to give.
+  // Creates a manual-reset, non-signalled event without a name; null on failure.
   virtual void* CreateManualResetEvent() noexcept = 0;
   virtual void CloseEvent(void* event) noexcept = 0;
 
@@ -21,9 +21,9 @@ class IEventObjects {
   ~IEventObjects() = default;
 };
 
-// The device controller object. It holds the switch of the diagnostic log and the time the add-in
-// came up. No device traffic passes through it: its entries, events and timing values are kept for
-// a controller that paces the link, and nothing consults them yet.
+// The device controller object. It holds the log switch and the add-in's start time. No device
+// traffic passes through it: its entries, events and timings are reserved for a controller that
+// paces the link, and nothing reads them yet.
 class CTelCtrl {
  public:
   // startTime: the milliseconds tick (timeGetTime) at creation. The log and the event objects must
@@ -33,7 +33,7 @@ class CTelCtrl {
   CTelCtrl(const CTelCtrl&) = delete;
   CTelCtrl& operator=(const CTelCtrl&) = delete;
 
-  // Always reports 1.
+  // Always returns 1.
   int Initialize() noexcept;
 
   void SetLogFlag(bool on) noexcept { m_log.SetEnabled(on); }

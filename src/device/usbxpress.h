@@ -8,8 +8,8 @@
 namespace quor {
 
 // The functions of the USBXpress library (SiUSBXp.dll) that the link uses, one for one. Every call
-// answers the library's status: 0 is success, everything else is logged by the link and goes no
-// further. Out parameters hold what the library wrote; the caller sets them before the call.
+// returns the library's status: 0 is success; the link logs any other value and does not pass it
+// on. Out parameters hold what the library wrote; the caller initialises them.
 
 inline constexpr int kUsbSuccess = 0x00;
 inline constexpr int kUsbDeviceNotFound = 0xFF;
@@ -40,7 +40,7 @@ struct FlowControl {
   bool xonXoff;
 };
 
-// The ordinals of the functions used, in the order of IUsbXpress's operations.
+// Ordinals of these functions, in the order of IUsbXpress's operations.
 inline constexpr std::array<uint16_t, 12> kUsbXpressOrdinals = {1, 2,  3,  4,  6,  7,
                                                                 9, 10, 12, 13, 15, 16};
 
@@ -51,12 +51,12 @@ class IUsbXpress {
   virtual int GetProductString(uint32_t device, char* buffer, ProductString option) noexcept = 0;
   virtual int Open(uint32_t device, UsbHandle& handle) noexcept = 0;
   virtual int Close(UsbHandle handle) noexcept = 0;
-  // Blocks for at most the read timeout; may deliver fewer bytes than wanted.
+  // Blocks for at most the read timeout; may read fewer bytes than wanted.
   virtual int Read(UsbHandle handle, uint8_t* buffer, uint32_t wanted, uint32_t& read) noexcept = 0;
   virtual int Write(UsbHandle handle, const uint8_t* bytes, uint32_t count,
                     uint32_t& written) noexcept = 0;
   virtual int FlushBuffers(UsbHandle handle, bool transmit, bool receive) noexcept = 0;
-  // Milliseconds, for the whole library and not for one handle.
+  // Milliseconds. Applies to the whole library, not to one handle.
   virtual int SetTimeouts(uint32_t readTimeout, uint32_t writeTimeout) noexcept = 0;
   virtual int CheckRxQueue(UsbHandle handle, uint32_t& queued, uint32_t& status) noexcept = 0;
   virtual int SetBaudRate(UsbHandle handle, uint32_t baudRate) noexcept = 0;

@@ -11,8 +11,8 @@ namespace {
 
 constexpr wchar_t kLibraryName[] = L"\\SiUSBXp.dll";
 
-// The arguments are named by type at each call: they have to match the library's prototype exactly,
-// which on 32 bits takes them off the stack itself.
+// Argument types are explicit at each call: they must match the library's prototype exactly,
+// because a 32-bit __stdcall function removes its own arguments from the stack.
 template <typename... Arguments>
 int Call(void* function, std::type_identity_t<Arguments>... arguments) noexcept {
   if (function == nullptr) return kUsbDeviceNotFound;
@@ -30,7 +30,7 @@ HMODULE LoadFrom(const std::wstring& folder) {
   HMODULE module = LoadLibraryExW(
       path.c_str(), nullptr, LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
   if (module == nullptr && GetLastError() == ERROR_INVALID_PARAMETER) {
-    // Windows 7 without its update does not know those flags.
+    // Windows 7 without update KB2533623 does not know these flags.
     module = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
   }
   return module;
@@ -79,7 +79,7 @@ bool CUsbXpressLibrary::Bind() noexcept {
 void CUsbXpressLibrary::Unload() noexcept {
   m_functions = {};
   const auto module = static_cast<HMODULE>(std::exchange(m_module, nullptr));
-  // A thread of the library may still run in it for a device that it refused to close.
+  // If the library refused to close a device, its thread may still run in the DLL.
   if (module != nullptr && m_open == 0) FreeLibrary(module);
 }
 
@@ -105,7 +105,7 @@ void* CUsbXpressLibrary::Function(Import import) noexcept {
     try {
       Load();
     } catch (const std::bad_alloc&) {
-      return nullptr;  // the next call tries again
+      return nullptr;  // retried by the next call
     }
   }
   if (m_module == nullptr) ReportMissing();
@@ -149,7 +149,7 @@ int CUsbXpressLibrary::Read(UsbHandle handle, uint8_t* buffer, uint32_t wanted,
 int CUsbXpressLibrary::Write(UsbHandle handle, const uint8_t* bytes, uint32_t count,
                              uint32_t& written) noexcept {
   DWORD value = written;
-  // The library takes a pointer to non-const and does not write through it.
+  // The library's prototype lacks const, but it does not write through the pointer.
   const int status = Call<HANDLE, void*, DWORD, DWORD*, OVERLAPPED*>(
       Function(Import::Write), handle, const_cast<uint8_t*>(bytes), count, &value, nullptr);
   written = value;

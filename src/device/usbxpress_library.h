@@ -10,25 +10,25 @@
 
 namespace quor {
 
-// What became of the library at its first use.
+// Result of loading the library at its first use.
 enum class UsbLibraryState { NotUsedYet, Loaded, Missing, OtherBitness, Incomplete };
 
-// SiUSBXp.dll, loaded by full path on the first call, from the add-in's folder or else the system
-// folder, and bound by ordinal. A library that is missing, or lacks an ordinal, is a missing
-// device: every function answers kUsbDeviceNotFound, and the log, once it is on, says one time what
-// is missing:
+// SiUSBXp.dll, loaded by full path at the first call, from the add-in's folder or else the system
+// folder, and bound by ordinal. If the library or one of the ordinals is missing, every function
+// returns kUsbDeviceNotFound, as if no device were connected. The log, once it is on, then gets one
+// line:
 //   "** Error : SiUSBXp.dll not loaded. (%d)\n"       with the system's error code
 //   "** Error : SiUSBXp.dll has no ordinal %d.\n"
 class CUsbXpressLibrary final : public IUsbXpress {
  public:
-  // folder: the full path of the folder that holds the add-in's DLL. The log must outlive this.
+  // folder: full path of the folder of the add-in's DLL. The log must outlive this object.
   CUsbXpressLibrary(std::wstring folder, CDiagnosticLog& log) noexcept;
   ~CUsbXpressLibrary();
   CUsbXpressLibrary(const CUsbXpressLibrary&) = delete;
   CUsbXpressLibrary& operator=(const CUsbXpressLibrary&) = delete;
 
   UsbLibraryState State() const noexcept;
-  // Of an incomplete library: the first ordinal that it lacks.
+  // The first missing ordinal of an incomplete library.
   int MissingOrdinal() const noexcept { return m_missingOrdinal; }
 
   int GetNumDevices(uint32_t& count) noexcept override;
@@ -62,7 +62,7 @@ class CUsbXpressLibrary final : public IUsbXpress {
   };
   static constexpr size_t kImportCount = 12;
 
-  // Null while the library is missing.
+  // Null when the library is missing.
   void* Function(Import import) noexcept;
   void Load();
   bool Bind() noexcept;
@@ -72,13 +72,13 @@ class CUsbXpressLibrary final : public IUsbXpress {
   std::wstring m_folder;
   CDiagnosticLog& m_log;
   void* m_module = nullptr;
-  int m_open = 0;  // devices opened and not closed: the library runs a thread for each
+  int m_open = 0;  // devices opened and not closed; the library runs a thread for each
   std::array<void*, kImportCount> m_functions{};
   bool m_tried = false;
-  bool m_otherBitness = false;  // in one of the places looked at
+  bool m_otherBitness = false;  // found in one of the folders searched
   bool m_reported = false;
-  int m_missingOrdinal = 0;  // 0: the library itself
-  int m_loadError = 0;       // of the system, from the last place looked at
+  int m_missingOrdinal = 0;  // 0: the library itself is missing
+  int m_loadError = 0;       // system error code of the last folder searched
 };
 
 }  // namespace quor

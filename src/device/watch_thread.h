@@ -3,8 +3,8 @@
 
 namespace quor {
 
-// A thread that would watch for the base beside the poll timer. This add-in starts none; shutdown
-// knows how to end one, so that adding it touches no shutdown path.
+// A thread that watches for the base beside the poll timer. The add-in starts none; the shutdown
+// can already end one, so that adding it changes no shutdown code.
 class IWatchThread {
  public:
   // Signals the stop event, waits for the thread without a time limit, closes both handles.
