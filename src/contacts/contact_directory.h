@@ -6,15 +6,15 @@
 
 namespace quor {
 
-// The contacts as the index asks for them: by entry ID.
+// Looks contacts up by entry ID, for the index.
 class IContactDirectory {
  public:
-  // True if the entry ID (ANSI) opens a contact that lies in a tracked folder; fileAs (ANSI) then
-  // holds its File As name, and is left alone otherwise.
+  // True if the entry ID (ANSI) opens a contact in a tracked folder; fileAs (ANSI) then holds its
+  // File As name. fileAs is unchanged otherwise.
   //
-  // The implementation logs "CAddin::FindContactFileAs\n" and the reason of a failure. It may pump
-  // messages, so the index can change underneath; entryId need not outlive the first such call. It
-  // does not throw.
+  // The implementation logs "CAddin::FindContactFileAs\n" and the reason of a failure, and does not
+  // throw. It may pump messages, so the index may change meanwhile; entryId need not outlive the
+  // first call into Outlook.
   virtual bool FindContactFileAs(std::string_view entryId, std::string& fileAs) = 0;
 
  protected:

@@ -11,10 +11,10 @@
 namespace quor {
 namespace {
 
-// A walk that must not go on, though nothing failed: the add-in is shutting down.
+// Ends a walk without an error: the add-in is shutting down.
 constexpr HRESULT kWalkEnded = S_FALSE;
 
-// A folder tree is no deeper than this; a longer chain of parents is a loop in a broken store.
+// Deepest folder tree followed; a longer chain of parents is a loop in a broken store.
 constexpr int kDeepestFolder = 256;
 
 bool SameEntryId(const std::wstring& left, std::wstring_view right) {
@@ -23,7 +23,7 @@ bool SameEntryId(const std::wstring& left, std::wstring_view right) {
 
 }  // namespace
 
-// Runs one call into Outlook; its failure is logged with the line and returned.
+// Runs one call into Outlook. A failure is logged with the line and returned.
 HRESULT CContactFolders::Attempt(const char* line, const std::function<void()>& call) const {
   try {
     call();
@@ -35,7 +35,7 @@ HRESULT CContactFolders::Attempt(const char* line, const std::function<void()>& 
 }
 
 CFolder CContactFolders::DefaultFolder() const {
-  // A copy: a shutdown inside the call lets go of the application.
+  // A copy, because a shutdown inside the call releases m_application.
   const COutlookApplication application = m_application;
   return application.GetNamespace().GetDefaultFolder(kFolderContacts);
 }
@@ -59,8 +59,8 @@ HRESULT CContactFolders::Register(const CFolder& folder, const FolderWalkLines& 
                         [&](const CFolder& subfolder) { return Register(subfolder, lines); });
 }
 
-// Leaves `folders` empty when the folder is listened to already: its subfolders are not walked
-// again. kWalkEnded when the add-in was shut down, which may happen inside each of the calls.
+// Leaves `folders` empty if we already listen to the folder: its subfolders are not walked again.
+// Returns kWalkEnded if the add-in was shut down inside one of the calls.
 HRESULT CContactFolders::ListenTo(const CFolder& folder, const FolderWalkLines& lines,
                                   CFolders& folders) {
   if (m_owner.IsShuttingDown()) return kWalkEnded;
@@ -78,7 +78,7 @@ HRESULT CContactFolders::ListenTo(const CFolder& folder, const FolderWalkLines& 
   result = Attempt(nullptr, [&] { items = folder.Items(); });
   if (FAILED(result)) return result;
 
-  // Shared: the folder may be unregistered inside one of the calls below.
+  // Shared, because one of the calls below may unregister the folder.
   const auto sink = std::make_shared<CContactItems>(*this, m_owner, m_log);
   result = sink->AdviseItems(items);
   if (m_owner.IsShuttingDown()) return kWalkEnded;
@@ -102,7 +102,7 @@ HRESULT CContactFolders::WalkSubfolders(const CFolder& folder, const FolderWalkL
   return FAILED(result) ? result : WalkSubfolders(folders, lines, visit);
 }
 
-// From the last to the first; anything but S_OK from a visit ends the walk.
+// Walks from the last folder to the first; any result of a visit other than S_OK ends the walk.
 HRESULT CContactFolders::WalkSubfolders(const CFolders& folders, const FolderWalkLines& lines,
                                         const VisitFolder& visit) {
   int32_t count = 0;
@@ -133,7 +133,7 @@ HRESULT CContactFolders::UnregisterContactFolder(const CFolder& folder) {
 }
 
 void CContactFolders::UnregisterAll() noexcept {
-  // Unadvising calls out; what is met meanwhile finds nothing registered.
+  // Clear the member first: unadvising calls into Outlook and may re-enter.
   const auto sinks = std::exchange(m_inspContItems, {});
 }
 

@@ -17,12 +17,12 @@
 
 namespace quor {
 
-// The contact folders that the index follows: Outlook's default contacts folder and everything
-// beneath it. One CContactItems listens to each. A failure of Outlook is logged and ends the walk
-// of the folder it happened in; the index keeps what it has.
+// The contact folders that the index follows: Outlook's default contacts folder and all folders
+// below it. One CContactItems listens to each. When Outlook fails a call, the failure is logged and
+// the walk of that folder ends; the index keeps its contents.
 class CContactFolders final : public IContactItemEvents, public ITrackedFolders {
  public:
-  // All must outlive the folders; the application may still be empty at construction.
+  // All must outlive this object; the application may still be empty at construction.
   CContactFolders(const COutlookApplication& application, CPhoneNumberIndex& index,
                   IContactScanHost& host, IEventOwner& owner, CDiagnosticLog& log) noexcept
       : m_application(application),
@@ -31,34 +31,34 @@ class CContactFolders final : public IContactItemEvents, public ITrackedFolders 
         m_log(log),
         m_scan(index, host, log) {}
 
-  // Start-up: listens to the folder tree. Throws _com_error when the default folder cannot be had.
+  // Start-up: listens to the folder tree. Throws _com_error if the default folder is not available.
   void CreateRetrieve();
-  // The full scan, once per start: its first slice. Throws _com_error when the default folder
-  // cannot be had.
+  // Starts the full scan, once per start, and works its first slice. Throws _com_error if the
+  // default folder is not available.
   void CreateContact();
-  // The next slice, if one is left to do.
+  // Works the next slice, if a scan is running.
   void ContinueScan() { m_scan.Continue(); }
-  // The rest of a scan that is under way, at once: a look-up must not wait for it.
+  // Finishes a running scan at once, for a look-up that cannot wait.
   void FinishScan() noexcept;
-  // Ends a scan that is under way; what was read stays indexed.
+  // Ends a running scan; what was read stays indexed.
   void StopScan() noexcept;
   bool IsScanning() const noexcept { return m_scan.IsRunning(); }
   const CContactScan& Scan() const noexcept { return m_scan; }
 
   HRESULT RegisterContactFolder(const CFolder& folder);
   HRESULT UnregisterContactFolder(const CFolder& folder);
-  // Whether the folder is the default contacts folder (of that entry ID) or lies beneath it.
+  // Whether the folder is the default contacts folder (by entry ID) or lies below it.
   bool CheckContactsFolder(IDispatch* folder, std::wstring_view defaultFolderId) const;
 
-  // The same against the default folder found at start-up.
+  // The same, with the default folder found at start-up.
   bool IsTracked(IDispatch* folder) override { return CheckContactsFolder(folder, m_contactsId); }
 
-  // What arrives in, and leaves, Deleted Items.
+  // Items and folders that arrive in Deleted Items, and folders that leave it.
   void OnDeleteItemAdd(IDispatch* item);
   void OnDeleteFolderAdd(IDispatch* folder);
   void OnDeleteFolderRemove(const CFolder& deletedItems);
 
-  // Stops listening, without a word to the log.
+  // Stops listening; logs nothing.
   void UnregisterAll() noexcept;
 
  private:

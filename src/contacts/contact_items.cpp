@@ -71,7 +71,8 @@ void CContactItems::OnItemChange(IDispatch* item) {
   m_events.OnContactChanged(item);
 }
 
-// Outlook does not say which item went; a deleted contact is met again in Deleted Items.
+// Outlook does not report which item was removed; a deleted contact is handled when it arrives in
+// Deleted Items.
 void CContactItems::OnItemRemove() {
   m_log.Write("CContactItems::OnItemRemove\n");
   m_events.OnPositionsChanged();

@@ -9,27 +9,27 @@
 
 namespace quor {
 
-// Whom a folder's events concern.
+// Receives the events of a contact folder.
 class IContactItemEvents {
  public:
   virtual void OnContactChanged(IDispatch* item) = 0;
   virtual void OnSubfolderAdded(IDispatch* folder) = 0;
-  // An item or subfolder came, went or changed: others may have other positions now. Before the
-  // two above.
+  // An item or subfolder was added, removed or changed, so the positions of others may have
+  // changed. Called before the two above.
   virtual void OnPositionsChanged() = 0;
 
  protected:
   ~IContactItemEvents() = default;
 };
 
-// Listens to one contact folder: to its items and to its subfolders. Stops when destroyed. Always
-// made shared: the folder may be unregistered while one of its events is handled.
+// Listens to the items and subfolders of one contact folder until destroyed. Always created as a
+// shared_ptr: the folder may be unregistered while one of its events is handled.
 class CContactItems : public std::enable_shared_from_this<CContactItems> {
  public:
-  // All must outlive the object; `owner` is held while an event is handled.
+  // All must outlive this object; `owner` is held while an event is handled.
   CContactItems(IContactItemEvents& events, IEventOwner& owner, CDiagnosticLog& log) noexcept;
 
-  // As CEventConnection::Advise.
+  // See CEventConnection::Advise.
   HRESULT AdviseItems(const CItems& items);
   HRESULT AdviseFolders(const CFolders& folders);
 

@@ -31,7 +31,8 @@ void CContactScan::FinishNow() {
   if (m_runsUnderWay == 0) {
     BeginSlice();
   } else if (m_stage == Stage::Counting) {
-    // Inside a call of the walk nobody knows what the call has done already.
+    // A call of the running walk is on the stack and may or may not have taken effect, so start the
+    // walk again.
     BeginCount();
   } else {
     BeginPass();
@@ -64,7 +65,7 @@ void CContactScan::Run(bool inSlices) {
   --m_runsUnderWay;
 }
 
-// One call into Outlook; nothing when the scan was taken over inside it.
+// Makes one call into Outlook. Returns nothing if another run took the scan over inside it.
 template <typename Operation>
 std::optional<bool> CContactScan::Call(Operation operation) {
   const uint32_t run = m_run;
@@ -118,7 +119,7 @@ void CContactScan::TakeItemCount(int32_t count) {
         return EndComparison(false);
       }
       ++m_compared;
-      // A pass that was cut short knows no more.
+      // A pass that was cut short has counted no further folders.
       if (m_cutShort && m_compared == m_itemCounts.size()) EndComparison(true);
   }
 }
@@ -126,7 +127,7 @@ void CContactScan::TakeItemCount(int32_t count) {
 void CContactScan::StepToItem() {
   const std::shared_ptr<IScanFolder> folder = m_levels.back().folder;
   if (m_levels.back().position >= m_levels.back().items) {
-    // Asked as late as this: all folders may have been unregistered meanwhile.
+    // Asked only now, because all folders may have been unregistered during the walk.
     if (!folder->ReadsSubfolders()) return LeaveFolder();
     m_levels.back().next = Next::Folders;
     return;
@@ -226,7 +227,7 @@ bool CContactScan::IsAmongItems() const noexcept {
   return m_stage == Stage::Reading && m_levels.back().next == Next::Item;
 }
 
-// Outlook reports neither the removal of many items at once nor many additions.
+// Outlook sends no events when many items are added or removed at once.
 void CContactScan::Recount() {
   const std::shared_ptr<IScanFolder> folder = m_levels.back().folder;
   int32_t count = 0;
@@ -238,7 +239,7 @@ void CContactScan::Recount() {
 
 void CContactScan::BeginWalk(Stage stage) {
   m_stage = stage;
-  // Releasing them calls out: afterwards.
+  // Release these last: that calls into Outlook and may re-enter.
   const std::shared_ptr<IContactItem> contact = std::exchange(m_contact, nullptr);
   const std::vector<Level> levels = std::exchange(m_levels, {Level{.folder = m_root}});
 }
@@ -262,7 +263,7 @@ void CContactScan::BeginPass() {
   BeginWalk(Stage::Reading);
 }
 
-// The failure of a folder is one of all folders above it, too.
+// A folder's failure also fails every folder above it.
 void CContactScan::FailWalk(const char* line) {
   NoteFailure(line);
   for (auto level = m_levels.rbegin() + 1; level < m_levels.rend(); ++level) {
@@ -298,7 +299,7 @@ void CContactScan::EndPass() {
     m_stage = Stage::Entering;
     return;
   }
-  // In a slice of its own, so that seldom anything happens between its beginning and its end.
+  // Compare in a slice of its own, so that changes during the comparison are rare.
   m_pauseDue = true;
   m_compared = 0;
   BeginWalk(Stage::Comparing);
@@ -309,7 +310,8 @@ void CContactScan::EndComparison(bool same) {
   m_stage = Stage::Entering;
 }
 
-// What was reported while the walk read the contact is newer than what it read.
+// If Outlook reported a change while the walk read the contact, keep the reported numbers: they are
+// newer.
 void CContactScan::TakeContact() {
   ReadContact* contact = m_read.Find(m_reading.entryId);
   if (contact == nullptr) contact = &m_read.Add(std::move(m_reading));
@@ -380,7 +382,7 @@ const FolderWalkLines& CContactScan::Lines() const noexcept {
   }
 }
 
-// Of all passes only the last one is logged.
+// Only the failures of the last pass are logged.
 void CContactScan::NoteFailure(const char* line) {
   if (line == nullptr) return;
   if (m_stage == Stage::Counting) {
@@ -395,7 +397,7 @@ void CContactScan::End(bool stopped) {
   if (stage == Stage::Counting) m_log.Write("Create Contact Start\n");
   for (const char* line : m_failures)
     m_log.Write(line);
-  // Stopped within a contact, the numbers that were read of it count.
+  // When stopped within a contact, enter the numbers read so far.
   if (m_contact && m_part == Part::Number) TakeContact();
   EnterAll(stopped);
   Forget();
@@ -406,7 +408,7 @@ void CContactScan::End(bool stopped) {
 void CContactScan::EnterAll(bool stopped) {
   for (const ReadContact* contact : m_visited)
     Enter(*contact);
-  // After a whole pass a contact that it did not meet is gone.
+  // A contact that a complete pass did not reach no longer exists.
   if (!stopped && !m_cutShort && !m_hasGaps) return;
   for (const ReadContact& contact : m_read.InOrder()) {
     if (contact.pass != m_pass && (stopped || contact.reported != 0)) Enter(contact);
@@ -428,7 +430,7 @@ void CContactScan::Abandon() noexcept {
 void CContactScan::Forget() noexcept {
   m_visited = {};
   m_read = {};
-  // Releasing what is Outlook's calls out: after everything else.
+  // Release these last: that calls into Outlook and may re-enter.
   const std::shared_ptr<IContactItem> contact = std::exchange(m_contact, nullptr);
   const std::vector<Level> levels = std::exchange(m_levels, {});
   const std::shared_ptr<IScanFolder> root = std::exchange(m_root, nullptr);

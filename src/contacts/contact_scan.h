@@ -16,16 +16,16 @@
 
 namespace quor {
 
-// What the scan asks of the add-in. None of it throws.
+// What the scan needs from the add-in. None of it throws.
 class IContactScanHost {
  public:
-  // True once Outlook quits, closes its last window or disconnects the add-in: the scan ends after
-  // the call that it has just made.
+  // True once Outlook quits, closes its last window or disconnects the add-in. The scan then ends
+  // as soon as the current call returns.
   virtual bool MustStop() noexcept = 0;
-  // True when the time of the current slice is used up. Asked after every call into Outlook.
+  // True when the current slice has used up its time. Asked after every call into Outlook.
   virtual bool IsSliceOver() noexcept = 0;
   virtual void ShowLoading() noexcept = 0;
-  // Posts the message that closes the loading window; false when it cannot be posted.
+  // Posts the message that closes the loading window; false if posting fails.
   virtual bool PostCloseLoading() noexcept = 0;
 
  protected:
@@ -33,26 +33,28 @@ class IContactScanHost {
 };
 
 // The start-up scan: counts the items of a folder tree, reads its contacts and enters their numbers
-// into the index. It works in slices, between which Outlook handles its messages; whatever happens
-// there, the index ends up as one uninterrupted scan of the final state would leave it.
+// into the index. It works in slices; Outlook handles its messages between them. Whatever changes
+// meanwhile, the index ends up as one uninterrupted scan of the final state would leave it.
 //
-// A pass over the tree notes the contacts in walk order and what was read of each. Events, or item
-// counts that differ from those noted, mean that positions may have moved: another pass follows,
-// which reads no contact again that is known by its entry ID, and is therefore short. After a pass
-// without such a sign the contacts are entered, all at once. Contacts that Outlook reports changed
-// meanwhile are read when it does; one that the walk does not reach is entered last.
+// A pass over the tree records the contacts in walk order and the numbers read from each. An event,
+// or an item count that differs from the recorded one, means that positions may have changed;
+// another pass then follows. It is short, because it does not read contacts with a known entry ID
+// again. After an undisturbed pass all contacts enter the index at once. A contact that Outlook
+// reports as changed is read when the event arrives; if the walk does not reach it, it is entered
+// last.
 //
-// Not noticed: what Outlook does not report, where it leaves the number of a folder's items as it
-// was, or happens while the numbers of a very large tree are compared at the end.
+// Three kinds of change are missed: those that Outlook does not report, those that leave a folder's
+// item count the same, and those made while the counts of a very large tree are compared at the
+// end.
 class CContactScan {
  public:
   // Most contacts indexed at start-up; later ones are indexed when Outlook reports a change.
   static constexpr int32_t kScanLimit = 5000;
-  // A tree of so many items, of whatever type, shows the loading window.
+  // The loading window is shown for a tree of at least this many items, of any type.
   static constexpr int64_t kLoadingThreshold = 100;
-  // So many items in a row that cannot be opened end the walk through the folder's items.
+  // A folder's walk ends after this many items in a row that cannot be opened.
   static constexpr int kMostFailures = 100;
-  // After so many disturbed passes one more is made in one go, and counts whatever happens.
+  // After this many disturbed passes, one more runs without a pause and counts in any case.
   static constexpr int kMostPasses = 8;
 
   // All must outlive the scan.
@@ -61,29 +63,29 @@ class CContactScan {
   CContactScan(const CContactScan&) = delete;
   CContactScan& operator=(const CContactScan&) = delete;
 
-  // Begins a scan and works one slice; a scan under way is dropped. A failure (out of memory) ends
-  // the scan and is thrown.
+  // Starts a scan and works one slice; a running scan is dropped. Running out of memory ends the
+  // scan and is thrown.
   void Begin(std::shared_ptr<IScanFolder> root);
-  // Works one more slice. Nothing inside a slice, or without a scan under way.
+  // Works one more slice. Does nothing inside a slice or when no scan is running.
   void Continue();
-  // Does all that is left, and logs that it does.
+  // Does all remaining work at once, and logs it.
   void FinishNow();
-  // Ends a scan between slices and releases everything of Outlook's; what was read stays indexed. A
-  // slice under way sees it by itself, see MustStop.
+  // Ends a scan between slices and releases all Outlook objects; what was read stays indexed. A
+  // slice that is running ends through MustStop instead.
   void Stop();
 
-  // Contacts read so far, of all scans; items of whatever type in the tree of the last one.
+  // Contacts read so far by all scans; items of any type in the tree of the last scan.
   int32_t ScannedContacts() const noexcept { return m_scanned; }
   int64_t CountedItems() const noexcept { return m_itemCount; }
-  // Whether that pass left contacts out.
+  // Whether the last pass left out contacts because of kScanLimit.
   bool EndedAtLimit() const noexcept { return m_endedAtLimit; }
 
-  // From the beginning of the first slice to the end of the last.
+  // True from the beginning of the first slice to the end of the last.
   bool IsRunning() const noexcept { return m_stage != Stage::Idle; }
 
-  // The following are for a scan under way.
+  // Call these only while a scan is running.
   void OnPositionsChanged() noexcept { m_disturbed = true; }
-  // CPhoneNumberIndex::TelNoCheckAndUpdate, put off to the end of the scan.
+  // As CPhoneNumberIndex::TelNoCheckAndUpdate, but entered at the end of the scan.
   void TelNoCheckAndUpdate(IContactItem& contact);
   void OnContactItemDelete(IContactItem& contact);
 
@@ -92,12 +94,12 @@ class CContactScan {
   enum class Next { Items, Item, Folders, FolderCount, LastFolder, PreviousFolder };
   enum class Part { Id, Name, Number };
 
-  // A folder on the way from the root to where the walk is.
+  // A folder on the path from the root to the walk's current folder.
   struct Level {
     std::shared_ptr<IScanFolder> folder;
     Next next = Next::Items;
     int32_t items = 0;
-    int32_t position = 0;  // the last item that was asked for
+    int32_t position = 0;  // the last item asked for
     int failures = 0;      // in a row
     bool inLastFolder = false;
   };
@@ -147,7 +149,7 @@ class CContactScan {
   CDiagnosticLog& m_log;
 
   Stage m_stage = Stage::Idle;
-  uint32_t m_run = 0;  // changes when another run takes the scan over inside a call of this one
+  uint32_t m_run = 0;  // changes when another run takes over the scan inside a call
   int m_runsUnderWay = 0;
   uint32_t m_slice = 0;
   bool m_recountDue = false;
@@ -159,19 +161,19 @@ class CContactScan {
   int32_t m_scanned = 0;  // never reset
   int32_t m_scannedBefore = 0;
 
-  // The pass under way.
+  // State of the current pass.
   uint32_t m_pass = 0;
-  uint32_t m_firstSlice = 0;            // in which it began
-  bool m_disturbed = false;             // positions may have moved
-  bool m_cutShort = false;              // it ended before the end of the tree
-  bool m_endedAtLimit = false;          // more contacts than are read
+  uint32_t m_firstSlice = 0;            // slice in which it began
+  bool m_disturbed = false;             // positions may have changed
+  bool m_cutShort = false;              // ended before the end of the tree
+  bool m_endedAtLimit = false;          // the tree has more contacts than kScanLimit
   bool m_hasGaps = false;               // an item or contact could not be read
   std::vector<ReadContact*> m_visited;  // in walk order
   std::vector<int32_t> m_itemCounts;    // of each folder
-  std::vector<const char*> m_failures;  // what the log will say
-  size_t m_compared = 0;                // of m_itemCounts
+  std::vector<const char*> m_failures;  // lines to log
+  size_t m_compared = 0;                // number of m_itemCounts compared
 
-  std::shared_ptr<IContactItem> m_contact;  // the one that is being read
+  std::shared_ptr<IContactItem> m_contact;  // the contact being read
   Part m_part = Part::Id;
   ReadContact m_reading;
   int m_nextType = kFirstTelNumberType;

@@ -10,8 +10,8 @@
 
 namespace quor {
 
-// At most twelve dial characters, four bits each, the last character lowest: a shorter tail of the
-// same number is a mask away. Tails of one length compare as their texts do.
+// Up to twelve dial characters, four bits each, the last character lowest, so that masking gives a
+// shorter tail of the same number. Tails of equal length compare like their texts.
 struct DialTail {
   static constexpr unsigned kMaxLength = 12;
 
@@ -21,22 +21,22 @@ struct DialTail {
   bool operator==(const DialTail&) const = default;
 };
 
-// All of the text if it is shorter.
+// The whole text if it is shorter.
 constexpr std::string_view LastCharacters(std::string_view text, size_t length) noexcept {
   return length < text.size() ? text.substr(text.size() - length) : text;
 }
 
-// Nothing if the text is longer than a tail or has other characters.
+// Returns nothing if the text is longer than a tail or has other characters.
 std::optional<DialTail> PackDialTail(std::string_view text) noexcept;
 std::string UnpackDialTail(const DialTail& tail);
 
-// All of the tail if it is shorter.
+// The whole tail if it is shorter.
 constexpr DialTail LastSymbols(const DialTail& tail, unsigned length) noexcept {
   if (length >= tail.length) return tail;
   return {tail.symbols & ((uint64_t{1} << (4 * length)) - 1), length};
 }
 
-// How many symbols two tails have in common, counted from the end.
+// Number of symbols that two tails share at their ends: 5 for 1712345 and 30912345.
 constexpr unsigned CommonEnding(const DialTail& left, const DialTail& right) noexcept {
   const auto equalBits = static_cast<unsigned>(std::countr_zero(left.symbols ^ right.symbols));
   return std::min({equalBits / 4, left.length, right.length});
@@ -48,7 +48,8 @@ constexpr bool HasPauses(const DialTail& tail) noexcept {
 }
 
 DialTail FoldPauseChars(const DialTail& tail, bool check);
-// The tail as look-ups compare it: without pause characters if `check`, else in upper case.
+// The tail as look-ups compare it: without pause characters if `check` is true, otherwise in upper
+// case.
 inline DialTail FoldPauses(const DialTail& tail, bool check) {
   return HasPauses(tail) ? FoldPauseChars(tail, check) : tail;
 }

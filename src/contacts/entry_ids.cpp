@@ -12,7 +12,7 @@ uint32_t HashOf(std::string_view text) noexcept {
 
 }  // namespace
 
-// Folder 0 is none: the entry ID is short, or of a folder that is not known.
+// Folder 0 means no shared prefix: the entry ID is short or its folder is unknown.
 CEntryIds::Parts CEntryIds::Split(std::string_view entryId) const {
   if (entryId.size() <= kOwnPart) return {0, entryId};
   const std::string_view prefix = entryId.substr(0, entryId.size() - kOwnPart);

@@ -14,11 +14,11 @@
 
 namespace quor {
 
-// The entry IDs of the contacts, each kept once, and the keys that were added for each contact and
-// are to be removed with it.
+// Stores each contact's entry ID once, with the keys that were added for the contact and must be
+// removed with it.
 //
-// All but the last 48 characters of an entry ID, which name its folder, are shared: Exchange's have
-// 140 characters, those of a personal store 48.
+// The part of an entry ID before its last 48 characters names the folder and is shared by its
+// contacts. Exchange's entry IDs have 140 characters, those of a personal store 48.
 class CEntryIds {
  public:
   // Owners are numbered from 0 and never removed.
@@ -31,10 +31,10 @@ class CEntryIds {
 
  private:
   static constexpr size_t kOwnPart = 48;
-  static constexpr size_t kMaxFolders = 64;  // the entry IDs of more folders are kept whole
+  static constexpr size_t kMaxFolders = 64;  // entry IDs of further folders are stored whole
 
   struct Owner {
-    uint32_t text;  // where its own part begins; it ends where the next one's begins
+    uint32_t text;  // start of its own part, which ends where the next owner's begins
     uint32_t folder;
     uint32_t hash;
     uint32_t keys;

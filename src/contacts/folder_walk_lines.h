@@ -3,7 +3,7 @@
 
 namespace quor {
 
-// What the log says of the failures of one walk over subfolders; null says nothing.
+// Log lines for the failures of one walk over subfolders; null logs nothing.
 struct FolderWalkLines {
   const char* folders;
   const char* count;
@@ -13,12 +13,13 @@ struct FolderWalkLines {
   const char* visitPrevious;
 };
 
-// A walk that registers or reads the folders.
+// For a walk that registers or reads the folders.
 inline constexpr FolderWalkLines kCollectLines = {
     "Failed Get Contact Folders\n",    "Failed Get Contact Folders Count\n",
     "Failed Get Contact SubFolder\n",  "Failed Collect Contact SubFolder\n",
     "Failed Get Contact SubFolder2\n", "Failed Collect Contact SubFolder2\n"};
-// The same without the lines of a failed visit: it counts the items, or registers an added folder.
+// For a walk that counts items or registers an added folder: the same, but failed visits are not
+// logged.
 inline constexpr FolderWalkLines kCountLines = {kCollectLines.folders,  kCollectLines.count,
                                                 kCollectLines.last,     nullptr,
                                                 kCollectLines.previous, nullptr};

@@ -10,15 +10,15 @@
 
 namespace quor {
 
-// Many short sequences in one pool. Each is a block of a power of two items whose free ones, those
-// that are IsEmpty(), come last. Its handle changes when it grows.
+// Many short sequences in one pool. Each is a block of 2^n items; the unused ones, which are
+// IsEmpty(), come last. The block's handle changes when it grows.
 template <class Item>
 class CItemBlocks {
  public:
   uint32_t NewBlock() { return Allocate(0); }
   size_t Size() const noexcept { return m_items.size(); }
 
-  // Not empty ones, until the next insertion.
+  // The used items; valid until the next insertion.
   std::span<Item> Items(uint32_t block) noexcept { return {All(block).data(), Used(block)}; }
   std::span<const Item> Items(uint32_t block) const noexcept {
     return {&m_items[block >> kOrderBits], Used(block)};
@@ -34,7 +34,7 @@ class CItemBlocks {
     std::rotate(items.begin() + Offset(index), items.begin() + Offset(used),
                 items.begin() + Offset(used + 1));
   }
-  // Moves an item that has become empty behind the others, of which there are `used` with it.
+  // Moves an item that has become empty behind the block's `used` items, itself included.
   void Release(uint32_t block, size_t index, size_t used) noexcept {
     const std::span<Item> items = All(block);
     std::rotate(items.begin() + Offset(index), items.begin() + Offset(index + 1),
@@ -42,7 +42,7 @@ class CItemBlocks {
   }
 
  private:
-  static constexpr unsigned kOrderBits = 5;  // a handle is the first place and the block's order
+  static constexpr unsigned kOrderBits = 5;  // a handle holds the block's place and order
 
   static std::ptrdiff_t Offset(size_t index) noexcept { return static_cast<std::ptrdiff_t>(index); }
 
@@ -67,7 +67,7 @@ class CItemBlocks {
     }
     const size_t place = m_items.size();
     const size_t size = place + (size_t{1} << order);
-    if (size > m_items.capacity()) m_items.reserve(size + size / 8);  // half of it would lie unused
+    if (size > m_items.capacity()) m_items.reserve(size + size / 8);  // do not double
     m_items.resize(size);
     return static_cast<uint32_t>(place) << kOrderBits | order;
   }

@@ -8,18 +8,18 @@
 
 namespace quor {
 
-// Tables are called by their `digit`, 0 to 8: table 0 has whole numbers shorter than five
-// characters as keys, the others the last digit + 4 characters of longer ones.
+// Each table is named by its `digit`, 0 to 8. Table 0 holds whole numbers of fewer than five
+// characters; the others hold the last digit + 4 characters of longer numbers.
 constexpr unsigned kShortestTail = 5;
 constexpr int kLastDigit = 8;
 
-using TableMask = uint32_t;  // bit `digit` for each table
+using TableMask = uint32_t;  // bit `digit` is set for each table
 
 constexpr TableMask TableBit(int digit) noexcept {
   return TableMask{1} << digit;
 }
 
-// The table of the longest key of a number of up to twelve characters.
+// The table that holds the longest key of a number of up to twelve characters: 3 for 1712345.
 constexpr int LongestDigit(size_t length) noexcept {
   return length < kShortestTail ? 0 : static_cast<int>(length) - 4;
 }
@@ -29,13 +29,13 @@ constexpr TableMask TablesOfNumber(const DialTail& number) noexcept {
   return 2 * TableBit(LongestDigit(number.length)) - TableBit(1);
 }
 
-// The number must be in the table.
+// The table must be one of the number's tables.
 constexpr DialTail KeyInTable(const DialTail& number, int digit) noexcept {
   return digit == 0 ? number : LastSymbols(number, static_cast<unsigned>(digit) + 4);
 }
 
-// The keys of a number in some of its tables, in eight bytes. There is one for every number of
-// every contact, so it does without the padding that eight-byte alignment brings.
+// A number and the tables that hold it, in eight bytes. Every number of every contact has one, so
+// the packing avoids the padding of eight-byte alignment.
 #pragma pack(push, 4)
 class CNumberKeys {
  public:
@@ -52,7 +52,7 @@ class CNumberKeys {
   bool operator==(const CNumberKeys&) const = default;
 
  private:
-  static constexpr uint64_t kLengthUnit = uint64_t{1} << 48;  // above twelve symbols
+  static constexpr uint64_t kLengthUnit = uint64_t{1} << 48;  // above the twelve symbols
   static constexpr uint64_t kTablesUnit = uint64_t{1} << 52;
 
   uint64_t m_bits = 0;

@@ -6,7 +6,7 @@
 namespace quor {
 namespace {
 
-// The five characters that name a bucket.
+// The last five characters, pause characters left out; they select the bucket.
 DialTail EndingOf(const DialTail& key) {
   return LastSymbols(FoldPauses(key, true), kShortestTail);
 }
@@ -16,7 +16,7 @@ uint32_t HashOf(const DialTail& ending) noexcept {
   return static_cast<uint32_t>(mixed >> 32);
 }
 
-// The tables in which both have the same key.
+// The tables in which both numbers have the same key.
 TableMask CommonTables(const CNumberKeys& left, const CNumberKeys& right) noexcept {
   const DialTail number = left.Number();
   const unsigned length = CommonEnding(number, right.Number());
@@ -24,7 +24,7 @@ TableMask CommonTables(const CNumberKeys& left, const CNumberKeys& right) noexce
   return left.Tables() & right.Tables() & TablesOfNumber(LastSymbols(number, length));
 }
 
-// Calls `inBucket(ending, keys)` for each bucket that some of the keys belong to, with those keys.
+// Calls `inBucket(ending, keys)` for each bucket that holds some of the keys, with those keys.
 template <class InBucket>
 void ForEachBucket(const CNumberKeys& keys, InBucket inBucket) {
   const DialTail number = keys.Number();

@@ -12,7 +12,7 @@
 
 namespace quor {
 
-// Whose number it is: an owner of CEntryIds, of which there are less than 2^28.
+// Owner and type of a number. The owner is an index into CEntryIds, below 2^28.
 class CRecord {
  public:
   CRecord() = default;
@@ -28,19 +28,19 @@ class CRecord {
   uint32_t m_bits = 0;
 };
 
-// The nine tables, with one posting per number instead of a record per key: the number, which of
-// the tables still hold the record, and how often.
+// The nine tables, stored as one posting per number instead of one record per key. A posting holds
+// the number, the tables that still hold its record, and how often the record was added.
 //
 // Postings whose keys end with the same five characters, pause characters left out, form a bucket;
-// whatever a look-up can match is in one. A bucket keeps its postings in the order in which they
-// were added, and with them the records of each of its keys. The keys of a number with pause
-// characters may belong to several buckets: those of 12345P67 end with 4567 (45P67) and 34567. Such
-// a number has a posting in each.
+// all possible matches of a look-up are in one bucket. A bucket keeps its postings in the order of
+// insertion, and so the records of each key. The keys of a number with pause characters may belong
+// to several buckets: those of 12345P67 end with 4567 (from 45P67) and 34567. Such a number has a
+// posting in each.
 class CNumberPostings {
  public:
   // Appends the record to each key.
   void Append(const CNumberKeys& keys, CRecord record);
-  // Removes the first such record from each key.
+  // Removes the first matching record from each key.
   void RemoveFirst(const CNumberKeys& keys, CRecord record);
 
   struct KeyRecords {
@@ -48,10 +48,12 @@ class CNumberPostings {
     CRecord first;
     size_t count;
   };
-  // The first key in byte order that matches. The number is folded as `check` demands.
+  // Finds the first matching key in byte order. The caller has folded the number as FoldPauses does
+  // for `check`.
   std::optional<KeyRecords> FindFirstKey(int digit, const DialTail& number, bool check) const;
 
-  // No longer tail of the number equals a key, pause characters left out. The number has none.
+  // No tail of the number longer than this equals a key, pause characters left out. The number must
+  // have no pause characters.
   unsigned ReachableLength(const DialTail& number) const;
 
  private:
@@ -64,13 +66,13 @@ class CNumberPostings {
   };
 
   uint32_t FindBucket(const DialTail& ending) const;
-  uint32_t& Bucket(const DialTail& ending);  // adds it if need be
+  uint32_t& Bucket(const DialTail& ending);  // adds the bucket if it is missing
   DialTail EndingAt(uint32_t bucket) const;
   std::span<const Posting> PostingsNear(const DialTail& number) const;
   void AppendToBucket(uint32_t& bucket, const CNumberKeys& keys, CRecord record);
   void RemoveFromBucket(uint32_t& bucket, const CNumberKeys& keys, CRecord record);
 
-  // A bucket that has become empty stays; its first item still has a number of it.
+  // An empty bucket is kept: its first item still holds the number that identifies it.
   CItemBlocks<Posting> m_postings;
   CPlaceTable m_buckets;
 };

@@ -39,7 +39,7 @@ std::shared_ptr<const OpenContact> COutlookContactDirectory::OpenTracked(std::st
 }
 
 std::shared_ptr<const OpenContact> COutlookContactDirectory::ReadTracked(std::string_view entryId) {
-  // A copy: a shutdown inside a call lets go of the application.
+  // A copy, because a shutdown inside a call releases m_application.
   const COutlookApplication application = m_application;
   const CNameSpace nameSpace = application.GetNamespace();
   const std::wstring store = nameSpace.GetDefaultFolder(kFolderContacts).StoreId();

@@ -13,7 +13,7 @@
 
 namespace quor {
 
-// Whether a folder belongs to those the index follows.
+// Tells whether a folder is one that the index follows.
 class ITrackedFolders {
  public:
   virtual bool IsTracked(IDispatch* folder) = 0;
@@ -22,37 +22,37 @@ class ITrackedFolders {
   ~ITrackedFolders() = default;
 };
 
-// A contact that a checked look-up has opened.
+// A contact opened by a checked look-up.
 struct OpenContact {
   CContactItem item;
   std::wstring fileAs;
 };
 
-// Contacts by entry ID, in the store of the default contacts folder. Entry IDs are in the ANSI code
-// page. Nothing here throws: what Outlook refuses is an empty answer.
+// Opens contacts by entry ID, in the store of the default contacts folder. Entry IDs are in the
+// ANSI code page. Nothing here throws; a failure in Outlook gives an empty result.
 class COutlookContactDirectory final : public IContactDirectory {
  public:
-  // All must outlive the directory; the application may still be empty at construction.
+  // All must outlive this object; the application may still be empty at construction.
   COutlookContactDirectory(const COutlookApplication& application, ITrackedFolders& folders,
                            CDiagnosticLog& log) noexcept
       : m_application(application), m_folders(folders), m_log(log) {}
 
   bool FindContactFileAs(std::string_view entryId, std::string& fileAs) override;
-  // What the last FindContactFileAs that succeeded opened; once.
+  // The contact that the last successful FindContactFileAs opened. A second call returns null.
   std::shared_ptr<const OpenContact> TakeOpened() noexcept { return std::exchange(m_opened, {}); }
 
-  // The following open the contact if it is not `opened` already.
+  // These use `opened` if it is that contact, and open the contact otherwise.
 
-  // The File As name as Outlook has it, with the same log lines.
+  // The File As name as Outlook stores it; logs the same lines as FindContactFileAs.
   std::optional<std::wstring> FileAs(std::string_view entryId, const OpenContact* opened);
-  // The contact's own number of that type, as the user wrote it.
+  // The contact's number of that type, as the user typed it.
   std::optional<std::wstring> PhoneNumber(std::string_view entryId, int telNumberType,
                                           const OpenContact* opened);
 
-  // Empty when there is no such contact.
+  // Empty if the contact does not exist.
   CContactItem Open(std::string_view entryId);
-  // A new contact, not yet saved, with the number in its business field: the first one that
-  // Outlook's contact form shows. Empty when Outlook refuses.
+  // A new, unsaved contact with the number in its business field, the first that Outlook's contact
+  // form shows. Empty if Outlook fails to create one.
   CContactItem Create(std::wstring_view number);
 
  private:

@@ -17,7 +17,7 @@ bool Succeeds(Operation operation) {
 
 }  // namespace
 
-// Collections are copied for the call: a second walk may open others inside it.
+// Each call uses a copy of the collection: a second walk inside the call may replace the member.
 
 bool COutlookContactFolder::CountItems(int32_t& count) {
   return Succeeds([&] { count = m_folder.Items().Count(); });

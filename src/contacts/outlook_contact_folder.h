@@ -9,10 +9,10 @@
 
 namespace quor {
 
-// A folder of Outlook's, for the start-up scan.
+// An Outlook folder, for the start-up scan.
 class COutlookContactFolder final : public IScanFolder {
  public:
-  // `readsSubfolders` answers for ReadsSubfolders.
+  // `readsSubfolders` is the result of ReadsSubfolders. The function must outlive this object.
   COutlookContactFolder(CFolder folder, const std::function<bool()>& readsSubfolders)
       : m_folder(std::move(folder)), m_readsSubfolders(readsSubfolders) {}
 

@@ -14,15 +14,15 @@ bool IsIndexedType(int telNumberType) {
   return telNumberType >= kFirstTelNumberType && telNumberType <= kLastTelNumberType;
 }
 
-// Nothing if the table cannot have such a key.
+// Returns nothing if the key cannot be in the table.
 std::optional<DialTail> PackKey(int digit, std::string_view key) {
   const auto tail = PackDialTail(key);
   if (!tail || LongestDigit(tail->length) != digit) return std::nullopt;
   return tail;
 }
 
-// A single leading zero is the trunk prefix, which other networks leave out; two are the
-// international one.
+// A single leading zero is the trunk prefix, which callers from abroad omit; two are the
+// international prefix.
 std::string_view WithoutTrunkPrefix(std::string_view number) {
   if (number.size() > kShortestTail && number[0] == '0' && number[1] != '0') {
     number.remove_prefix(1);
@@ -148,8 +148,8 @@ void CPhoneNumberIndex::DeleteKeysOf(uint32_t owner, int telNumberType) {
   }
 }
 
-// Tails longer than this match nothing. Those shorter than five symbols, which a number with pause
-// characters can have, are in other buckets than the number.
+// Longer tails match nothing. At least four, because tails shorter than five characters, which
+// numbers with pause characters can have, may be in other buckets.
 size_t CPhoneNumberIndex::ReachableLength(std::string_view folded) const {
   const auto tail = PackDialTail(LastCharacters(folded, DialTail::kMaxLength));
   if (!tail) return DialTail::kMaxLength;
@@ -196,7 +196,7 @@ bool CPhoneNumberIndex::TakeOnlyRecord(int digit, const CNumberPostings::KeyReco
   return false;
 }
 
-// As many attempts as there are records now, though every one of them may change the list.
+// Tries as many records as the key has now, although each try may change the list.
 bool CPhoneNumberIndex::TakeFirstThatOpens(int digit, std::string_view number,
                                            const CNumberPostings::KeyRecords& several,
                                            ContactMatch& match) {

@@ -9,16 +9,18 @@ namespace quor {
 
 constexpr uint32_t kNoPlace = 0xFFFFFFFF;
 
-// A hash table of places in somebody's pool, with linear probing. Nothing is removed from it.
+// A hash table with linear probing. Its values are places in the caller's pool. Nothing is ever
+// removed.
 class CPlaceTable {
  public:
-  // The place that `isWanted(place)` accepts, kNoPlace if there is none.
+  // The place that `isWanted(place)` accepts, or kNoPlace.
   template <class IsWanted>
   uint32_t Find(uint32_t hash, IsWanted isWanted) const {
     return m_slots.empty() ? kNoPlace : m_slots[Probe(hash, isWanted)];
   }
-  // Its slot, for another place of the same hash; if there is none, a new slot that holds kNoPlace
-  // and must be filled before the next call. `hashOf(place)` gives the hash of any place.
+  // The slot of the wanted place, which the caller may replace by another of the same hash. Without
+  // one, a new slot with kNoPlace, which the caller must fill before the next call. `hashOf(place)`
+  // gives the hash of any place.
   template <class IsWanted, class HashOf>
   uint32_t& Slot(uint32_t hash, IsWanted isWanted, HashOf hashOf) {
     if (m_used * 4 >= m_slots.size() * 3) Grow(hashOf);
@@ -45,7 +47,7 @@ class CPlaceTable {
     }
   }
 
-  std::vector<uint32_t> m_slots;  // a power of two
+  std::vector<uint32_t> m_slots;  // size is a power of two
   size_t m_used = 0;
 };
 

@@ -11,20 +11,20 @@
 
 namespace quor {
 
-// A contact as the scan has read it.
+// A contact as read by the scan.
 struct ReadContact {
   std::string entryId;
   std::vector<std::pair<int, std::string>> numbers;  // type and filtered number, in type order
-  uint32_t reported = 0;  // serial number of the change that Outlook reported last; 0: none
-  uint32_t pass = 0;      // the last pass that came by
+  uint32_t reported = 0;  // serial number of the last change that Outlook reported; 0: none
+  uint32_t pass = 0;      // the last pass that reached it
 };
 
-// What a scan has read so far, by entry ID, in the order of reading. Contacts stay where they are.
+// The contacts read by a scan so far, by entry ID, in reading order. Their addresses do not change.
 class CReadContacts {
  public:
-  // Null when there is none. A contact without an entry ID is never found again.
+  // Null if there is none. A contact without an entry ID is never found.
   ReadContact* Find(std::string_view entryId);
-  // Adds a contact that is not there yet.
+  // The contact must not have been added yet.
   ReadContact& Add(ReadContact contact);
 
   const std::deque<ReadContact>& InOrder() const noexcept { return m_contacts; }
