@@ -18,7 +18,7 @@ bool IsBlank(std::wstring_view text) {
   return text.find_first_not_of(kBlanks) == std::wstring_view::npos;
 }
 
-// What a number element without text does to its member.
+// The value that a number element without text gives its member.
 enum class NoText { Zero, One, Unchanged, SystemLanguage };
 
 // A number element and its member, for both directions.
@@ -185,7 +185,7 @@ class CSystemReader {
       m_findings.illegalLanguage = m_configuration.languageNo;
       m_configuration.languageNo = kEnglish;
     }
-    // The switch knows off and on; 2 means on as well.
+    // 2 also means on.
     if (m_configuration.callerInfo == 2) m_configuration.callerInfo = 1;
   }
 
@@ -315,7 +315,7 @@ int32_t NumberFromText(std::wstring_view text) noexcept {
   const bool negative = text.starts_with(L'-');
   if (negative || text.starts_with(L'+')) text.remove_prefix(1);
 
-  // One past the limit is enough to know that it was passed, and keeps the sum small.
+  // Clamp one past the limit: enough to detect an overflow, and the sum stays small.
   constexpr int64_t kPastLimit = int64_t{std::numeric_limits<int32_t>::max()} + 1;
   int64_t value = 0;
   for (const wchar_t character : text) {

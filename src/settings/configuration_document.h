@@ -11,7 +11,7 @@
 
 namespace quor {
 
-// The language of the operating system, asked for only when the file names none.
+// The operating system's language. Asked only when the file has none.
 class ISystemLanguage {
  public:
   // kEnglish, kFrench or kSpanish.
@@ -21,29 +21,30 @@ class ISystemLanguage {
   ~ISystemLanguage() = default;
 };
 
-// The language number for a Windows language id, whose low byte names the language. English for the
-// languages we do not have.
+// The language number for a Windows language id, by its low byte: 0x040C, French, gives kFrench.
+// kEnglish for any other language.
 int32_t LanguageNumberFromId(uint16_t languageId) noexcept;
 
-// What reading found out of order. The log is opened only by what is read, so this is said later.
+// Errors found while reading. They are logged afterwards, because the document itself switches the
+// log on.
 struct DocumentFindings {
   std::optional<int32_t> illegalLanguage;  // a "LanguageNo" above 2, read as English
 };
 
-// Takes over what the document below `root` holds. What the document does not mention stays as it
-// is: a missing section, a missing element. The sections of a list replace it together, and entries
-// past the limit are dropped, as is what a text has past its own (entry_text.h); a toolbar element
-// without any field leaves its record alone.
+// Reads the values of the document below `root` into `configuration`. A missing section or element
+// leaves its value unchanged, and so does a toolbar element without any field. The sections of a
+// list replace the whole list; surplus entries and the surplus end of a text (entry_text.h) are
+// dropped.
 //
-// An element without text, or with blanks only where a number belongs, takes its default.
+// An element without text, or with only blanks for a number, gives the default.
 DocumentFindings ReadConfiguration(const XmlElement& root, ISystemLanguage& systemLanguage,
                                    Configuration& configuration);
 
-// The whole document, "Root" with its five sections. Its texts are storable ones (entry_text.h).
+// Writes the whole document, "Root" with its five sections. Texts must be storable (entry_text.h).
 XmlElement WriteConfiguration(const Configuration& configuration);
 
-// A number as C's atoi reads it: blanks, a sign, digits; what follows is ignored and no digits give
-// 0. Beyond int32_t it stays at the limit.
+// Converts like C's atoi: blanks, a sign, digits; the rest is ignored and no digits give 0. Clamps
+// to the range of int32_t. " -12ab" gives -12.
 int32_t NumberFromText(std::wstring_view text) noexcept;
 
 }  // namespace quor

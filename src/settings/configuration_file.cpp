@@ -11,8 +11,8 @@
 namespace quor {
 namespace {
 
-// A usual configuration takes some 20 KB; one with every text at its limit, and of characters that
-// take five bytes each ("&amp;"), still is read again.
+// A typical configuration has 20 KB. The limit also admits one whose texts all have the greatest
+// length and consist of characters that take five bytes each ("&amp;").
 constexpr LONGLONG kLargestFile = 16 * 1024 * 1024;
 constexpr size_t kMostTexts = (kHistoryLimit + kCallerListLimit) * 3 + kSpeedDialCount * 2;
 static_assert(kMostTexts * kEntryTextLimit * 5 < kLargestFile / 2);
@@ -25,7 +25,7 @@ void Check(BOOL succeeded) {
   if (!succeeded) ThrowWin32Error(GetLastError());
 }
 
-// An open file; closed with its scope.
+// Closes the file at the end of the scope.
 class CFileHandle {
  public:
   explicit CFileHandle(HANDLE file) noexcept : m_file(file) {}
@@ -64,8 +64,8 @@ std::optional<std::vector<std::byte>> ReadWhole(HANDLE file) {
   return bytes;
 }
 
-// The new content, written and flushed beside the file it is to replace. Gone again with its scope
-// unless it has replaced it.
+// Writes the new content to a file beside the target and flushes it. Deletes that file at the end
+// of the scope unless it has replaced the target.
 class CNewFile {
  public:
   CNewFile(const std::string& target, std::span<const std::byte> bytes)
@@ -105,15 +105,15 @@ class CNewFile {
   bool m_replaced = false;
 };
 
-// "vex_cfg.bad.xml", then "vex_cfg.bad2.xml" and so on.
+// "vex_cfg.bad.xml", "vex_cfg.bad2.xml" and so on.
 std::string SetAsideName(const std::string& path, unsigned number) {
   const size_t dot = std::min(path.rfind('.'), path.size());
   const std::string count = number == 1 ? std::string() : Format("%u", number);
   return path.substr(0, dot) + ".bad" + count + path.substr(dot);
 }
 
-// Renames the file to the first free name of that row, and back again unless the new file has taken
-// its place.
+// Renames the file to the first unused SetAsideName, and back at the end of the scope unless Keep
+// is called.
 class CSetAside {
  public:
   explicit CSetAside(const std::string& path) : m_path(path) {
@@ -138,7 +138,7 @@ class CSetAside {
 
  private:
   std::string m_path;
-  std::string m_keptAs;  // empty: nothing to be undone
+  std::string m_keptAs;  // empty: nothing to undo
 };
 
 }  // namespace

@@ -12,19 +12,19 @@
 
 namespace quor {
 
-// The configuration file on disk, as an MSXML document.
+// The configuration file on disk, read and written through MSXML.
 //
-// Whatever moment the process dies at, the file is either the old one or the new one, whole: a save
-// writes beside it, flushes, and puts the new file in its place. A file that could not be read is
-// first given another name ("vex_cfg.bad.xml", numbered when that is taken) and so kept. What the
-// file holds already is not written again: Outlook's end saves more than once, and writing through
-// to the disk is the slowest part of it.
+// If the process dies at any moment, the file is either the old or the new one, complete: a save
+// writes a second file, flushes it and replaces the first. An unreadable file is renamed first
+// ("vex_cfg.bad.xml", or a numbered name if that exists) and so kept. Unchanged content is not
+// written again: Outlook's shutdown saves more than once, and writing through to the disk is the
+// slow part.
 class CConfigurationFile final : public IConfigurationFile {
  public:
   // The log must outlive the file.
   explicit CConfigurationFile(CDiagnosticLog& log) noexcept : m_log(log) {}
 
-  // Whether the file is there but was no document when it was last read.
+  // Whether the file exists but could not be read as a document the last time.
   bool IsUnreadable() const noexcept { return m_unreadable; }
 
   std::optional<XmlElement> Load(const std::string& path) override;
@@ -34,7 +34,7 @@ class CConfigurationFile final : public IConfigurationFile {
  private:
   struct Content {
     bool isThere = false;
-    std::optional<std::vector<std::byte>> bytes;  // nothing: it cannot be read
+    std::optional<std::vector<std::byte>> bytes;  // nothing: the file cannot be read
   };
   static Content ReadContent(const std::string& path);
   std::optional<XmlElement> Parse(Content content);
@@ -43,7 +43,7 @@ class CConfigurationFile final : public IConfigurationFile {
   CDiagnosticLog& m_log;
   CXmlWriter m_writer;
   std::optional<std::vector<std::byte>> m_seen;  // the content as last read or written
-  bool m_unreadable = false;                     // the file is there, but its last load failed
+  bool m_unreadable = false;                     // the file exists, but the last load failed
 };
 
 }  // namespace quor

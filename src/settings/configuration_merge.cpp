@@ -17,7 +17,7 @@ bool Same(const Value& one, const Value& other) {
   return one == other;
 }
 
-// Where the values come from makes no difference.
+// Ignore whether the values come from the file.
 bool Same(ToolBarRecord one, const ToolBarRecord& other) {
   one.read = other.read;
   return one == other;

@@ -5,13 +5,13 @@
 
 namespace quor {
 
-// Which of two changes of one setting stays: the file's or the one in memory. Lists never ask: one
-// that memory has changed and not saved stays.
+// Which of two conflicting changes to a setting wins. Does not apply to lists: a list changed in
+// memory and not yet saved always wins.
 enum class MergeConflict { FileWins, MemoryWins };
 
-// Takes over what somebody has changed in the file by hand. `known` is what the file held when it
-// was last read or written, `file` what it holds now; what differs in neither stays as memory has
-// it.
+// Applies to `memory` the changes that the user made to the file. `known` is the file's content
+// when it was last read or written, `file` its content now. A setting equal in both keeps the value
+// in memory.
 void MergeFileChanges(const Configuration& known, const Configuration& file, MergeConflict conflict,
                       Configuration& memory);
 

@@ -7,9 +7,9 @@
 
 namespace quor {
 
-// Finds the place of the configuration file, "Microsoft\AddIns\vex_cfg.xml" in the user's
-// application-data folder, and makes the folder if it is missing. The full path in the ANSI code
-// page; empty when the folder is not known or cannot be made, the latter being logged.
+// Returns the full path of the configuration file, "Microsoft\AddIns\vex_cfg.xml" in the user's
+// application-data folder, in the ANSI code page. Creates the folder if it is missing. Empty if the
+// folder is unknown or cannot be created; the latter is logged.
 std::string PrepareConfigurationPath(CDiagnosticLog& log);
 
 }  // namespace quor

@@ -13,7 +13,7 @@ bool IsLowSurrogate(uint32_t code) noexcept {
   return code >= 0xDC00 && code <= 0xDFFF;
 }
 
-// A carriage return comes back from a file as a line feed.
+// Carriage returns are not kept: an XML parser reads them back as line feeds.
 bool CanBeKept(uint32_t code) noexcept {
   return code == L'\t' || code == L'\n' || (code >= 0x20 && code < 0xD800) ||
          (code >= 0xE000 && code < 0xFFFE) || (code >= 0x10000 && code <= 0x10FFFF);
@@ -32,7 +32,8 @@ std::wstring StorableText(std::wstring_view text) {
     return at < text.size() ? static_cast<uint32_t>(text[at]) : 0u;
   };
   std::wstring storable;
-  // One unit more than fits: CutText sees whether the last pair is whole.
+  // Copies one unit beyond the limit, so that CutText sees whether the last surrogate pair is
+  // complete.
   for (size_t at = 0; at < text.size() && storable.size() <= kEntryTextLimit; ++at) {
     const uint32_t code = unit(at);
     if (IsHighSurrogate(code) && IsLowSurrogate(unit(at + 1))) {

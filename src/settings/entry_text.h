@@ -9,20 +9,20 @@
 
 namespace quor {
 
-// Longest text of a list entry, in UTF-16 units: far more than any name, and little enough that
-// full lists make a file that is read again.
+// Longest text of a list entry, in UTF-16 units: much more than any name needs, and small enough
+// that a file with full lists stays below the size limit for reading.
 inline constexpr size_t kEntryTextLimit = 4096;
 
-// The first `limit` units of a text, one fewer where the cut would halve a surrogate pair.
+// The first `limit` units of a text, or one fewer where the cut would split a surrogate pair.
 std::wstring_view CutText(std::wstring_view text, size_t limit) noexcept;
 
-// The text as the file gives it back: without the characters that XML 1.0 has no way to write
-// (control characters other than tab and line feed, halves of surrogate pairs, U+FFFE and U+FFFF; a
-// parser would refuse the whole file for one of them), with line feeds as the only line ends, and
-// cut to kEntryTextLimit.
+// The text as a save and a load return it. Characters that XML 1.0 cannot express are removed,
+// because a parser would refuse the whole file: control characters except tab and line feed,
+// unpaired surrogates, U+FFFE and U+FFFF. Line ends become line feeds. The result is cut to
+// kEntryTextLimit.
 std::wstring StorableText(std::wstring_view text);
 
-// Every entry passes here on its way into a list, so that what a list holds is what a file keeps.
+// Apply to every entry before it enters a list, so that the list and the file hold the same texts.
 CallEntry StorableEntry(const CallEntry& entry);
 SpeedDialEntry StorableEntry(const SpeedDialEntry& entry);
 

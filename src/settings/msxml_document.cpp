@@ -12,7 +12,8 @@
 
 #include "settings/configuration.h"
 
-// In mingw's headers, but in none of its libraries: {2933BF95-7B36-11D2-B20E-00C04F983E60}.
+// Declared in mingw's headers, but in none of its libraries:
+// {2933BF95-7B36-11D2-B20E-00C04F983E60}.
 static constexpr IID kXmlDomDocument2Iid = {
     0x2933BF95, 0x7B36, 0x11D2, {0xB2, 0x0E, 0x00, 0xC0, 0x4F, 0x98, 0x3E, 0x60}};
 
@@ -30,10 +31,10 @@ _COM_SMARTPTR_TYPEDEF(IStream, IID_IStream);
 namespace quor {
 namespace {
 
-// A configuration has four levels, and lists of no more entries than this.
+// A configuration has four levels, and its lists have at most this many entries.
 constexpr int kDeepestElement = 8;
 constexpr size_t kMostOfOneName = kHistoryLimit;
-constexpr size_t kMostNames = 64;  // different ones in one element
+constexpr size_t kMostNames = 64;  // different names in one element
 static_assert(kMostOfOneName >= kCallerListLimit && kMostOfOneName >= kSpeedDialCount);
 
 [[noreturn]] void ThrowDocumentError(HRESULT result) {
@@ -58,7 +59,7 @@ IXMLDOMDocumentPtr CreateDocument() {
   return document;
 }
 
-// The bytes themselves rather than a path: a path would be taken for a URL, escapes and all.
+// Pass the bytes, not a path: MSXML treats a path as a URL and decodes escapes.
 _variant_t BytesArgument(std::span<const std::byte> bytes) {
   SAFEARRAY* array = SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(bytes.size()));
   if (array == nullptr) _com_issue_error(E_OUTOFMEMORY);
@@ -69,9 +70,8 @@ _variant_t BytesArgument(std::span<const std::byte> bytes) {
   return {value, false};
 }
 
-// Has the parser itself refuse document types and deep nesting, before either costs anything. Not
-// every parser knows these properties or heeds them (Wine's does not), so the result is examined
-// all the same.
+// Makes the parser refuse document types and deep nesting early. Some parsers, Wine's for one,
+// ignore these properties, so the result is checked as well.
 void RestrictParser(IXMLDOMDocument2Ptr document) {
   if (document == nullptr) return;
   document->setProperty(BstrFromText(L"ProhibitDTD"), _variant_t(true));
@@ -83,7 +83,7 @@ IXMLDOMElementPtr LoadRoot(std::span<const std::byte> bytes) {
   Check(document->put_async(VARIANT_FALSE));
   Check(document->put_validateOnParse(VARIANT_FALSE));
   Check(document->put_resolveExternals(VARIANT_FALSE));
-  // Otherwise a text of blanks would not come back.
+  // Without this, a text of blanks would be read as empty.
   Check(document->put_preserveWhiteSpace(VARIANT_TRUE));
   RestrictParser(document);
   VARIANT_BOOL loaded = VARIANT_FALSE;
@@ -103,7 +103,7 @@ std::wstring NameOf(const IXMLDOMNodePtr& node) {
   return TextFromBstr(name);
 }
 
-// Reads what a configuration can hold of a tree and passes over the rest, however long or deep.
+// Reads the part of a tree that a configuration can use and skips the rest, however long or deep.
 class CTreeReader {
  public:
   static XmlElement Read(const IXMLDOMNodePtr& node, std::wstring name, int depth) {
@@ -166,7 +166,7 @@ IXMLDOMProcessingInstructionPtr CreateDeclaration(const IXMLDOMDocumentPtr& docu
   return declaration;
 }
 
-// A copy of a node of another document. A parser may refuse it.
+// Appends a copy of a node of another document. False if the parser refuses.
 bool AppendCopy(const IXMLDOMDocumentPtr& document, const IXMLDOMNodePtr& node) {
   IXMLDOMNodePtr copy;
   Check(node->cloneNode(VARIANT_TRUE, &copy));
@@ -200,8 +200,8 @@ std::optional<XmlElement> ParseXmlDocument(std::span<const std::byte> bytes) {
 
 std::vector<std::byte> CXmlWriter::Format(const XmlElement& root) {
   const IXMLDOMDocumentPtr document = CreateDocument();
-  // Wine's parser never lets go of a document in which a declaration has been made, so that is done
-  // once, in a document that holds nothing else.
+  // Wine's parser never releases a document in which a declaration was created, so create it once,
+  // in a document of its own.
   if (m_declaration == nullptr) m_declaration = CreateDeclaration(CreateDocument());
   if (!AppendCopy(document, IXMLDOMNodePtr(m_declaration))) {
     AppendChild(document, CreateDeclaration(document));

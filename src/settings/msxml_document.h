@@ -11,21 +11,21 @@
 
 namespace quor {
 
-// The document element of the XML text in `bytes`, parsed by MSXML in the encoding the text
-// declares. Nothing when there is no parser, when the text is not well-formed, or when it declares
-// a document type (no entity of it is trusted). Left out are elements nested deeper than any reader
-// looks, and of those of one name in one element all after as many as the longest list may have.
+// Parses XML text with MSXML, in the encoding that the text declares, and returns its document
+// element. Returns nothing if there is no parser, if the text is not well-formed, or if it declares
+// a document type, whose entities would be unsafe. Skips elements nested too deeply for any reader,
+// and in each element all children of one name beyond the length of the longest list.
 std::optional<XmlElement> ParseXmlDocument(std::span<const std::byte> bytes);
 
-// Writes documents, each made anew. To be destroyed before COM leaves the thread.
+// Writes each document from scratch. Destroy it before COM is uninitialised on the thread.
 class CXmlWriter {
  public:
-  // The document as UTF-8 XML text. A failure of MSXML is thrown as a _com_error that carries
+  // Returns the document as UTF-8 XML text. A failure of MSXML is thrown as a _com_error with
   // IID_IXMLDOMDocument.
   std::vector<std::byte> Format(const XmlElement& root);
 
  private:
-  IUnknownPtr m_declaration;  // every document gets a copy
+  IUnknownPtr m_declaration;  // each document gets a copy
 };
 
 }  // namespace quor

@@ -43,7 +43,7 @@ int CSettings::Load() {
 }
 
 void CSettings::TakeOver(const XmlElement& root, MergeConflict conflict) {
-  // What the document does not mention is no change.
+  // Start from m_known: a value missing in the document is unchanged.
   Configuration file = m_known;
   const DocumentFindings findings = ReadConfiguration(root, m_systemLanguage, file);
   MergeFileChanges(m_known, file, conflict, m_values);
@@ -52,7 +52,7 @@ void CSettings::TakeOver(const XmlElement& root, MergeConflict conflict) {
 }
 
 void CSettings::ApplyLog(const DocumentFindings& findings) noexcept {
-  // The file itself says whether there is a log, so what it holds amiss can only be said now.
+  // The file holds the log switch, so its errors can be logged only after it is read.
   m_log.SetEnabled(m_values.debugLog != 0);
   if (findings.illegalLanguage) {
     m_log.Print("** Illegal language number was detected. (%d)\n", *findings.illegalLanguage);

@@ -12,22 +12,23 @@
 
 namespace quor {
 
-// The configuration file as a document. The product's reads and writes it through MSXML.
+// The configuration file as a document. The product uses MSXML to read and write it.
 class IConfigurationFile {
  public:
-  // Nothing when there is no file, or it cannot be read as a document.
+  // Returns nothing if there is no file, or if it cannot be read as a document.
   virtual std::optional<XmlElement> Load(const std::string& path) = 0;
-  // The same, but nothing as well when the file is as it was last read or written here.
+  // The same, but also returns nothing if the file is unchanged since it was last read or written
+  // here.
   virtual std::optional<XmlElement> LoadIfChanged(const std::string& path) = 0;
-  // Replaces the file as a whole or leaves it alone; logs its own failure. A file that could not be
-  // read is kept beside the new one. True when the file holds the document now.
+  // Replaces the whole file or leaves it unchanged; logs its own failure. Keeps an unreadable file
+  // beside the new one. True if the file now holds the document.
   virtual bool Save(const std::string& path, const XmlElement& root) noexcept = 0;
 
  protected:
   ~IConfigurationFile() = default;
 };
 
-// Told that lists of the configuration have changed because somebody has edited the file.
+// Called when lists of the configuration have changed because the user edited the file.
 class IListObserver {
  public:
   virtual void OnListsChanged() noexcept = 0;
@@ -36,15 +37,13 @@ class IListObserver {
   ~IListObserver() = default;
 };
 
-// The settings of a session: the values themselves, where they are kept, and when they may be
-// written back.
+// The settings of a session: their values, their file, and when they may be saved.
 //
-// The user may edit the file while Outlook runs. What he changed is taken over when a dialog opens
-// and before the file is written, so nothing is lost: neither his changes nor what memory holds
-// because a save failed.
+// The user may edit the file while Outlook runs. His changes are read when a dialog opens and
+// before the file is written, so neither they nor unsaved values in memory are lost.
 class CSettings final : public ISettingsStore {
  public:
-  // All must outlive the settings.
+  // All must outlive this object.
   CSettings(IConfigurationFile& file, ISystemLanguage& systemLanguage, IListObserver& observer,
             CDiagnosticLog& log) noexcept;
   CSettings(const CSettings&) = delete;
@@ -53,23 +52,22 @@ class CSettings final : public ISettingsStore {
   Configuration& Values() noexcept { return m_values; }
   const Configuration& Values() const noexcept { return m_values; }
 
-  // The start-up step: from here on `path` (ANSI code page) is the configuration file, and nothing
-  // counts as loaded before. An empty path means that there is no place for a file in this session:
-  // the values stay as they are, and nothing is ever written. A file that cannot be read is said in
-  // the log and gives the defaults.
+  // Start-up: `path` (ANSI code page) is the configuration file from now on, and nothing counts as
+  // loaded yet. An empty path means that this session has no place for a file: the values keep
+  // their defaults and are never written. An unreadable file is logged and gives the defaults.
   void Start(std::string path);
 
-  // Reads the file again, for a dialog that opens. What the file holds that it did not hold when it
-  // was last read or written becomes the value, except for lists that are not saved yet; switches
-  // the log. 0, or -1 when there is no path or the file cannot be read; the values are then as
-  // before. May call the observer.
+  // Reads the file again when a dialog opens. What changed in the file since it was last read or
+  // written replaces the value in memory, except for lists with unsaved changes; the log is
+  // switched accordingly. Returns 0, or -1 if there is no path or the file cannot be read; the
+  // values are then unchanged. May call the observer.
   int Load();
 
-  // Does nothing before Start, or without a path. Where the file has been edited meanwhile, only
-  // what memory has changed itself is written over it. May call the observer.
+  // Does nothing before Start, or without a path. If the user has edited the file meanwhile, writes
+  // only the values changed in memory over it. May call the observer.
   void Save() noexcept override;
 
-  // Whether the last save did not reach the file.
+  // Whether the last save failed to reach the file.
   bool HasUnsavedValues() const noexcept { return m_unsaved; }
 
   const std::string& Path() const noexcept { return m_path; }
@@ -86,10 +84,10 @@ class CSettings final : public ISettingsStore {
   IListObserver& m_observer;
   CDiagnosticLog& m_log;
   Configuration m_values;
-  Configuration m_known;  // what the file held when it was last read or written
+  Configuration m_known;  // the file's content when it was last read or written
   std::string m_path;
   bool m_unsaved = false;
-  bool m_loaded = false;  // the load step has run, good or bad; only ever with a path
+  bool m_loaded = false;  // the load step has run, successfully or not; only with a path
 };
 
 }  // namespace quor

@@ -3,11 +3,11 @@
 
 namespace quor {
 
-// For those who change the configuration and want it kept.
+// For code that changes the configuration and wants it saved.
 class ISettingsStore {
  public:
-  // Never throws: a configuration that cannot be written must not stop a call. The failure is
-  // logged, the file on disk stays as it was, and the next save tries again.
+  // Never throws: a configuration that cannot be written must not stop a call. A failure is logged,
+  // the file stays unchanged, and the next save tries again.
   virtual void Save() noexcept = 0;
 
  protected:

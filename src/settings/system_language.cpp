@@ -18,7 +18,7 @@ std::wstring KernelPath() {
   return std::wstring(folder) + L"\\KERNEL32.DLL";
 }
 
-// The language of the first translation in a file's version resource.
+// The first language listed in the translation table of a file's version resource.
 std::optional<LANGID> FirstTranslation(const std::wstring& path) {
   DWORD ignored = 0;
   const DWORD size = GetFileVersionInfoSizeW(path.c_str(), &ignored);

@@ -5,8 +5,8 @@
 
 namespace quor {
 
-// The language Windows itself came in, as told by the version resource of its KERNEL32.DLL. English
-// when it is none of ours or cannot be had.
+// The language of the installed Windows, from the version resource of its KERNEL32.DLL. English if
+// it is none of ours or cannot be read.
 class CSystemLanguage final : public ISystemLanguage {
  public:
   int32_t LanguageNumber() override;

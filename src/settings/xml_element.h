@@ -6,8 +6,8 @@
 
 namespace quor {
 
-// An element of the configuration document, as far as the configuration uses XML: a name, the text
-// of the first text child (empty when there is none), and the child elements in document order.
+// The part of XML that the configuration uses: an element's name, its first text child (empty if
+// there is none), and its child elements in document order.
 struct XmlElement {
   std::wstring name;
   std::wstring text;
