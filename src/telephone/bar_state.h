@@ -7,19 +7,19 @@
 
 namespace quor {
 
-// Redraws of the telephone's controls, at once or posted. Posted where the caller sits in a
-// control's own click handler.
+// Redraws the telephone's controls, at once or through a posted message. The message is for callers
+// inside a control's own click handler.
 class CBarState {
  public:
   explicit CBarState(const TelephoneCollaborators& with) noexcept : m_with(with) {}
 
   void PostSetBarState(bool connected) noexcept;
-  // The handler of WindowRequest::SetBarState.
+  // Handles WindowRequest::SetBarState.
   void OnSetBarState(uint32_t connected);
-  // Any value but 1 means that there is no base.
+  // 1: the base is connected; any other value: it is not.
   void SetBarState(uint32_t connected);
 
-  // Its handler is CDialler::OnClearDial.
+  // CDialler::OnClearDial handles the message.
   void PostClearDialNumber() noexcept;
 
  private:

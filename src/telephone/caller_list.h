@@ -12,7 +12,7 @@ namespace quor {
 
 inline constexpr size_t kCallerCaptionLimit = 50;
 
-// The first 50 UTF-16 units of a label, one fewer where the cut would halve a surrogate pair.
+// The first 50 UTF-16 units of a label, or 49 where the cut would split a surrogate pair.
 std::wstring_view CallerCaption(std::wstring_view label) noexcept;
 
 // An item of the caller-list menu.
@@ -21,7 +21,7 @@ struct CallerListItem {
   bool visible = false;
 };
 
-// What the menu shows for an entry of the list, counted from 0, the newest.
+// The menu item for an entry of the list; entry 0 is the newest.
 CallerListItem CallerItem(const std::vector<CallEntry>& callers, size_t entry);
 
 // The last ten callers (Configuration::callerLists), newest first.
@@ -29,11 +29,11 @@ class CCallerList {
  public:
   explicit CCallerList(const TelephoneCollaborators& with) noexcept : m_with(with) {}
 
-  // Puts a call at the head, saves the configuration file and redraws the menu. The same caller
-  // calling twice is two calls.
+  // Adds a call at the head, saves the configuration file and redraws the menu. A second call from
+  // the same caller is a second entry.
   void Add(const std::wstring& name, const std::wstring& number);
 
-  // Redraws the caller-list menu; also called once at start-up.
+  // Redraws the caller-list menu. Start-up calls this once.
   void PutCallerList();
 
  private:

@@ -15,27 +15,27 @@
 #include "settings/configuration.h"
 #include "settings/settings_store.h"
 
-// What the telephone asks of the rest of the add-in. Any of these calls may pump messages and so
-// re-enter the telephone; it has finished with its own state before it makes one. Failures are
-// reported by result or swallowed where they happen; nothing throws into the telephone.
+// What the telephone needs from the rest of the add-in. Any of these calls may pump messages and
+// re-enter the telephone, which therefore updates its own state first. Failures are returned or
+// handled by the callee; none of the calls throws.
 
 namespace quor {
 
-// The telephone's controls wherever they are shown: command bar, ribbon, contact windows. Whoever
-// draws them asks back for captions and enabled flags (telephone.h).
+// The telephone's controls on command bar, ribbon and contact windows. The implementation reads
+// captions and enabled flags back from the telephone (telephone.h).
 class ITelephoneControls {
  public:
-  // Asks every control's caption and enabled flag again.
+  // Refreshes every control's caption and enabled flag.
   virtual void SetToolBarState() = 0;
-  // The base is gone: disables the telephone controls of the toolbar and of every contact window,
-  // and invalidates the ribbon.
+  // The base is disconnected: disables the telephone controls of the toolbar and of every contact
+  // window, and invalidates the ribbon.
   virtual void DisableControls() = 0;
 
-  // A call has been announced, or its announcement withdrawn: a line button may say "Answer", or no
-  // longer. Logs nothing.
+  // Redraws the line buttons after a call was announced or its announcement withdrawn: a caption
+  // may change to or from "Answer". Logs nothing.
   virtual void RedrawLineButtons() = 0;
 
-  // Redraws the call-from-cell menu: names, and enabled flags by IsCellItemEnabled.
+  // Redraws the names in the call-from-cell menu, and their enabled flags by IsCellItemEnabled.
   virtual void PutCallFromCellButton() = 0;
   // Disables the items of the three cells other than `cell` (0 = Cell1 .. 3 = Cell4) until the menu
   // is redrawn.
@@ -45,14 +45,14 @@ class ITelephoneControls {
 
   // Fills the toolbar dial box's drop-down list from Configuration::histories.
   virtual void PutHistory() = 0;
-  // Sets the text of the dial box. Must not come back as a change made by the user.
+  // Sets the text of the dial box. Must not raise a change event as if the user had typed it.
   virtual void SetDialText(std::wstring_view text) = 0;
 
  protected:
   ~ITelephoneControls() = default;
 };
 
-// The one modeless message pop-up. Does not wait for the user.
+// The only modeless message pop-up. Does not wait for the user.
 class IMessagePopup {
  public:
   virtual void ShowMessage(int stringId) = 0;
@@ -61,22 +61,22 @@ class IMessagePopup {
   ~IMessagePopup() = default;
 };
 
-// A value of the caller window: a text or, when the caller withheld it, the number of the string
-// that says why.
+// A value of the caller window: a text or, if the caller withheld it, the number of the string that
+// gives the reason.
 struct CallerValue {
   std::wstring text;
-  int withheldTextId = 0;  // 0: show `text`, even an empty one
+  int withheldTextId = 0;  // 0: show `text`, even if it is empty
 };
 
-// The simple caller window, created hidden and only ever filled, shown and hidden.
+// The simple caller window. It is created hidden; afterwards it is only filled, shown and hidden.
 class ICallerWindow {
  public:
   // Stores the slot (0 to 5), shows the line's name (string 1500 + slot) and enables "Answer".
   virtual void Fill(const CallerValue& name, const CallerValue& number, int slot) = 0;
-  // Shows the window in front.
+  // Shows the window in the foreground.
   virtual void Show() = 0;
   virtual void Hide() = 0;
-  // The states of a status report, as reported. Ignored while the window is hidden.
+  // Takes the states of a status report as reported. Ignored while the window is hidden.
   virtual void Follow(uint8_t line1, uint8_t line2, uint8_t cell) = 0;
 
  protected:
@@ -85,55 +85,56 @@ class ICallerWindow {
 
 struct CallerMatch {
   std::string entryId;
-  int telNumberType = 0;  // 1 to 12: which of the contact's indexed phone fields matched
-  // The directory's: set by a checked look-up, it keeps the contact open for the two questions
-  // below. Not to be held longer than that.
+  int telNumberType = 0;  // 1 to 12: the contact's phone field that matched
+  // Set by a checked look-up: keeps the contact open for the two reads below. Do not hold it
+  // longer.
   std::shared_ptr<const void> opened;
 };
 
 enum class FormResult {
   Shown,
   NoContact,     // the contact could not be opened or created
-  NotDisplayed,  // its form refused to show
+  NotDisplayed,  // its form could not be displayed
 };
 
-// The phone-number index and the contacts behind it. Numbers asked for are in the ANSI code page,
-// as the base sends them.
+// The phone-number index and the contacts behind it. The numbers to look up are in the ANSI code
+// page, as the base sends them.
 class ICallerDirectory {
  public:
-  // The two look-ups of the index; `check` opens each candidate contact to prove that it exists.
+  // The two look-ups of the index. With `check`, each candidate contact is opened to make sure that
+  // it exists.
   virtual std::optional<CallerMatch> FindPhoneNumber(std::string_view number, bool check) = 0;
   virtual std::optional<CallerMatch> SearchPhoneNumber(std::string_view number, bool check) = 0;
 
   virtual std::optional<std::wstring> FindContactFileAs(const CallerMatch& match) = 0;
-  // The contact's own number that matched, as the user wrote it.
+  // The contact's number that matched, as the user typed it.
   virtual std::optional<std::wstring> FindContactPhoneNumber(const CallerMatch& match) = 0;
 
   virtual FormResult DisplayContact(std::string_view entryId) = 0;
-  // A new contact form with the number filled in.
+  // Opens a new contact form with the number filled in.
   virtual FormResult DisplayNewContact(std::wstring_view number) = 0;
 
  protected:
   ~ICallerDirectory() = default;
 };
 
-// Who is at the other end of a call. Empty texts are unknown.
+// The other party of a call. Empty texts are unknown.
 struct CallParty {
   std::wstring name;
   std::wstring number;
   std::string entryId;  // of the contact, ANSI
 };
 
-// Follows the calls for the user's records: notes what it hears and calls nobody. Slots are 0 to 5;
-// kNoSlot is ignored.
+// Follows the calls for the user's call records. Must not call back. Slots are 0 to 5; kNoSlot is
+// ignored.
 class ICallObserver {
  public:
   virtual void OnRing(int slot) = 0;
   virtual void OnCaller(int slot, const CallParty& party) = 0;
   virtual void OnDial(int slot, const CallParty& party) = 0;
-  // The base's busy reply to what was dialled last.
+  // The base answered the last dial request with its busy reply.
   virtual void OnDialRefused() = 0;
-  // As reported.
+  // The states as reported.
   virtual void OnStates(uint8_t line1, uint8_t line2, uint8_t cell) = 0;
   virtual void EndAll() = 0;
 
@@ -141,7 +142,7 @@ class ICallObserver {
   ~ICallObserver() = default;
 };
 
-// timeGetTime: milliseconds, wraps after 49.7 days.
+// timeGetTime: milliseconds, wraps around after 49.7 days.
 class ITickClock {
  public:
   virtual uint32_t TickMilliseconds() noexcept = 0;
@@ -150,7 +151,7 @@ class ITickClock {
   ~ITickClock() = default;
 };
 
-// Handed to the telephone at construction; everything must outlive it.
+// All must outlive the telephone.
 struct TelephoneCollaborators {
   DeviceRecords& records;
   IMessageQueue& queue;

@@ -9,7 +9,7 @@ namespace quor {
 
 namespace {
 
-// In the order of kChannels and of the line buttons, and of LineAction.
+// Rows in the order of kChannels and the line buttons, columns in the order of LineAction.
 constexpr int kButtonTexts[][4] = {
     {IDS_CALL_FROM_LINE1, IDS_DISCONNECT_LINE1, IDS_CANCEL_LINE1, IDS_ANSWER_LINE1},
     {IDS_CALL_FROM_LINE2, IDS_DISCONNECT_LINE2, IDS_CANCEL_LINE2, IDS_ANSWER_LINE2},
@@ -20,7 +20,7 @@ bool InCall(uint8_t state) noexcept {
   return state == kStateInCall || state == kStateOtherCall;
 }
 
-// A call has been announced on this line and no other line is in a call.
+// A call was announced on this line and no other line is in a call.
 bool MayAnswer(const TelephoneState& state, const Channel& own) noexcept {
   if (state.caller.cidLine != own.answerLine) return false;
   for (const Channel& other : kChannels) {

@@ -5,8 +5,8 @@
 
 namespace quor {
 
-// Which telephone controls may be used, and what the line buttons say. The rules with answer are
-// those of a ringing line; command bar, ribbon and contact windows ask the same questions.
+// Enabled flags of the telephone controls and captions of the line buttons. `withAnswer` selects
+// the rules for a ringing line. Command bar, ribbon and contact windows all use these functions.
 
 inline constexpr int kDialBoxControl = 0;
 inline constexpr int kLine1Control = 1;
@@ -17,22 +17,23 @@ inline constexpr int kSpeedDialControl = 5;
 inline constexpr int kOptionsControl = 6;
 inline constexpr int kControlCount = 7;
 
-// False for any other index.
+// False for an unknown index.
 bool IsControlEnabled(const TelephoneState& state, int controlIndex, bool withAnswer) noexcept;
 
-// The line buttons, as GetLineCaption counts them.
+// The line buttons, as GetLineCaption numbers them.
 inline constexpr int kLine1Button = 0;
 inline constexpr int kLine2Button = 1;
 inline constexpr int kCellButton = 2;
 
-// What a line button's caption says that a click does; Call for any other index.
+// What a click on a line button does, as its caption states it; Call for an unknown index.
 enum class LineAction { Call, Disconnect, Cancel, Answer };
 LineAction GetLineAction(const TelephoneState& state, int lineIndex, bool withAnswer) noexcept;
 
-// The string number of that caption; IDS_NONE for any other index.
+// The caption's string number; IDS_NONE for an unknown index.
 int GetLineCaption(const TelephoneState& state, int lineIndex, bool withAnswer) noexcept;
 
-// The item of a cell (0 = Cell1 .. 3 = Cell4) in the call-from-cell menu; false for any other.
+// Whether the cell's item (0 = Cell1 .. 3 = Cell4) in the call-from-cell menu is enabled; false for
+// any other index.
 bool IsCellItemEnabled(const TelephoneState& state, int cell) noexcept;
 
 }  // namespace quor

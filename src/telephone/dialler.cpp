@@ -15,7 +15,7 @@ namespace {
 
 constexpr size_t kDestinationLimit = 256;
 
-// The number of the 1-based entry; of a text that is no entry of the list, the text itself.
+// The number of the list's 1-based entry, or the typed text if there is no such entry.
 std::string NumberOf(const std::vector<CallEntry>& list, int listIndex, std::string typed) {
   if (listIndex < 1 || static_cast<size_t>(listIndex) > list.size()) return typed;
   return AnsiFromWide(list[static_cast<size_t>(listIndex) - 1].number);
@@ -30,7 +30,7 @@ bool CDialler::DialCall(int listIndex, std::wstring_view destination) {
     if (m_state.HasRibbon()) m_with.messages.ShowMessage(IDS_INVALID_NUMBER);
     return false;
   }
-  // A copy: it may be the box's own text, and that may change during the calls below.
+  // A copy: `destination` may refer to the box's own text, which may change during the calls below.
   const std::wstring shown(destination);
   std::string typed = AnsiFromWide(destination.substr(0, kDestinationLimit));
   if (typed.empty()) return false;

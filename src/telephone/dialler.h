@@ -11,36 +11,36 @@
 
 namespace quor {
 
-// Turns a number that was typed, picked or clicked into a call request, and keeps the dial-number
-// list (Configuration::histories): `name` is the text the box shows, `number` what was dialled,
-// `fileAs` the contact it belongs to, if any.
+// Turns a typed, picked or clicked number into a call request, and keeps the dial-number list
+// (Configuration::histories): `name` is the text in the box, `number` what was dialled, `fileAs`
+// the contact's name, if any.
 class CDialler {
  public:
   CDialler(TelephoneState& state, const TelephoneCollaborators& with) noexcept
       : m_state(state), m_with(with) {}
 
-  // Every dialling path ends here. `listIndex` is 0 for a number typed or handed over by a menu,
-  // and the 1-based entry of the dial-number list when the user picked one; an index the list does
-  // not have counts as typed. True when a call request was posted. A number that cannot be dialled
-  // is answered by the message pop-up; one given while no line is held is dropped silently.
+  // All ways to dial end here. `listIndex` is the 1-based entry that the user picked from the
+  // dial-number list, and 0 for a number that was typed or comes from a menu; an index beyond the
+  // list counts as 0. True when a call request was posted. Shows the message pop-up if the number
+  // cannot be dialled; drops it silently if no line is taken.
   bool DialCall(int listIndex, std::wstring_view destination);
 
-  // Fills the slot's request record and posts the call request: on the line last set by the
-  // ribbon's line button, or on the one the add-in holds. False when there is none or the post
-  // failed. `number` must have passed the checks of DialCall; an empty one answers.
+  // Fills the slot's request record and posts the call request, for the line last chosen on the
+  // ribbon or taken by the add-in. False if there is no such line or the post failed. `number` must
+  // have passed the checks of DialCall; an empty one answers.
   bool DialUSB(std::string_view number) noexcept;
 
-  // The toolbar dial box's change event, with the box's text and list index.
+  // Handles the toolbar dial box's change event: the box's text and list index.
   void OnChangeComboBox(std::wstring_view text, int listIndex);
 
-  // What the ribbon's dial box holds: it is typed or picked first and dialled by a line button.
+  // The text of the ribbon's dial box. It is typed or picked first; a line button then dials it.
   void StoreBoxText(std::wstring_view text) { m_boxText = text; }
   const std::wstring& BoxText() const noexcept { return m_boxText; }
-  // Dials it. The ribbon tells only the text of a picked entry, and the list may have changed
-  // since; so the entry is looked for by its text now.
+  // Dials the box's text. The ribbon passes only the text of a picked entry, and the list may have
+  // changed since, so the entry is looked up by its text now.
   bool DialBoxText();
 
-  // The handler of WindowRequest::ClearDial. With DialClear 0 the box keeps its text.
+  // Handles WindowRequest::ClearDial. If DialClear is 0, the box keeps its text.
   void OnClearDial();
   void ClearDialNumber();
 

@@ -9,13 +9,13 @@ namespace quor {
 
 namespace {
 
-// What CellSub says after a connect, until the first status report replaces it. Bit 4 is nobody's
-// and harmless.
+// CellSub after a connect, until the first status report. Bit 4 (value 16) belongs to no cell and
+// has no effect.
 constexpr uint8_t kCellSubOnConnect = 21;
 
 constexpr uint8_t kBusyReply = 1;
 
-// Copies a text that may fill its field to the last byte into a field with room for a NUL.
+// Copies a text, which may fill its field without a terminator, into a field with room for a NUL.
 template <size_t kTo, size_t kFrom>
 uint8_t CopyText(char (&to)[kTo], const char (&from)[kFrom]) noexcept {
   const std::string_view field(from, kFrom);
@@ -65,7 +65,7 @@ void CEventDispatcher::OnConnected() {
 
 void CEventDispatcher::OnDisconnected() {
   m_with.log.Write("OnEventGet::classUsbDisconnected\n");
-  // No base, no call to answer.
+  // Without a base there is no call to answer.
   m_state.caller.popupLine = m_state.caller.cidLine = kNoLine;
   m_lines.SetUSBState(kStateNoBase, kStateNoBase, 0, kStateNoBase, 0);
   m_with.calls.EndAll();
@@ -73,8 +73,8 @@ void CEventDispatcher::OnDisconnected() {
   m_bar.SetBarState(0);
 }
 
-// The lines, the call and its window are brought up to date before anything is redrawn: a redraw
-// may pump the next event in, and that one must not be undone by this report.
+// Updates the lines, the call and its window before redrawing: a redraw may pump messages and
+// handle the next event, which this report must not undo.
 void CEventDispatcher::OnStatus() {
   m_with.log.Write("OnEventGet::classSetStatusIndication\n");
   if (m_with.records.status.result == kBusyReply) ShowBusyReply();
@@ -163,8 +163,8 @@ void CEventDispatcher::SetUSBRecvCPOPUPInfo(const LastCallerRecord& record) noex
   caller.numberLength = CopyText(caller.number, record.number);
 }
 
-// A mobile that registers while a call rings does not end the call: only the kind is changed in the
-// caller information.
+// A mobile that registers while a call rings does not end the call, so only the kind of the caller
+// information changes.
 void CEventDispatcher::SetUSBRecvCellRegistInfo(const CellRegistrationRecord& record) noexcept {
   m_with.log.Write("CAddin::SetUSBRecvCellRegistInfo\n");
   m_state.caller.infoKind = kInfoCellRegistration;

@@ -11,15 +11,15 @@
 
 namespace quor {
 
-// Where every event of the base enters the telephone.
+// Entry point of all events of the base.
 class CEventDispatcher {
  public:
   CEventDispatcher(TelephoneState& state, CBarState& bar, CLineControl& lines,
                    CIncomingCalls& incomingCalls, const TelephoneCollaborators& with) noexcept
       : m_state(state), m_bar(bar), m_lines(lines), m_incomingCalls(incomingCalls), m_with(with) {}
 
-  // The handler of the registered message: an event code of DeviceEvent and, for per-line events, a
-  // line type. Both come from a window message, so any value is survived. Always 0.
+  // Handles the registered message: a DeviceEvent code and, for per-line events, a line type. Both
+  // come from a window message, so any value may arrive; unknown ones do nothing. Always returns 0.
   int OnEventGet(uint32_t event, uint32_t lineType);
 
  private:

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kFirstCellSlot = 2;
 
-// A cell's call says by its unit number which cell it is.
+// For a call on a cell, the unit number gives the cell.
 int SlotOf(const CallerInformation& information) noexcept {
   if (information.cidLine == kLine1 || information.cidLine == kLine2) {
     return SlotFromLineType(information.cidLine);
@@ -21,8 +21,8 @@ int SlotOf(const CallerInformation& information) noexcept {
   return information.lineUnitNo < kCellCount ? kFirstCellSlot + information.lineUnitNo : kNoSlot;
 }
 
-// A call of the user's own is not covered by the caller window: each of the other two channels is
-// idle or busy.
+// The caller window must not cover a call of the user's own: true if each of the other two channels
+// is idle or busy.
 bool OthersAreQuiet(const TelephoneRecord& record, int slot) noexcept {
   const Channel& own = ChannelOf(LineTypeFromSlot(slot));
   for (const Channel& other : kChannels) {
@@ -33,7 +33,8 @@ bool OthersAreQuiet(const TelephoneRecord& record, int slot) noexcept {
   return true;
 }
 
-// Eleven characters that begin with "1": the long-distance prefix is not shown.
+// Hides the long-distance prefix of a number of eleven characters: "12125550123" becomes
+// "2125550123".
 std::wstring WithoutPrefix(const std::wstring& number) {
   return number.size() == 11 && number.front() == L'1' ? number.substr(1) : number;
 }
@@ -51,10 +52,10 @@ void CIncomingCalls::OnCallerId(bool longDistance) {
   std::optional<CallerMatch> match = FindPhoneNumber(true, number);
   const bool known = match.has_value();
   if (known) Identify(*match, caller);
-  match.reset();  // releases the contact: what follows takes its time
+  match.reset();  // release the contact: the steps below may take long
   m_with.calls.OnCaller(SlotOf(caller.information), {caller.name, caller.number, caller.entryId});
   if (!caller.number.empty()) m_callerList.Add(caller.name, caller.number);
-  // Before a contact form can cover or delay it.
+  // Redraw first: a contact form may cover or delay the buttons.
   m_with.controls.RedrawLineButtons();
   if (known) {
     DisplayContactItem(caller);
@@ -63,8 +64,8 @@ void CIncomingCalls::OnCallerId(bool longDistance) {
   }
 }
 
-// An empty number is nobody's. It is not looked up, because the checked comparison leaves pause
-// characters out and would take a stored "p" for it.
+// An empty number is not looked up: the checked comparison leaves out pause characters, so that a
+// stored "p" would match it.
 std::optional<CallerMatch> CIncomingCalls::FindPhoneNumber(bool check, std::string_view number) {
   std::optional<CallerMatch> match;
   if (!number.empty()) {
@@ -75,7 +76,7 @@ std::optional<CallerMatch> CIncomingCalls::FindPhoneNumber(bool check, std::stri
   return match;
 }
 
-// Number and name as the contact has them; what cannot be read stays as the base sent it.
+// Takes number and name from the contact. What cannot be read stays as the base sent it.
 void CIncomingCalls::Identify(const CallerMatch& match, Caller& caller) {
   caller.entryId = match.entryId;
   auto number = m_with.directory.FindContactPhoneNumber(match);
@@ -111,8 +112,8 @@ bool CIncomingCalls::ShowsForm(const Caller& caller) {
   }
 }
 
-// The call may have ended, or another come in, while this one was being looked up; no report would
-// hide its window any more.
+// During the look-up the call may have ended, or another may have arrived; no report would then
+// hide its window.
 bool CIncomingCalls::IsCurrent(const Caller& caller) const noexcept {
   return m_state.caller.cidLine == caller.information.cidLine;
 }

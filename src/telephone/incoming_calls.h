@@ -11,29 +11,29 @@
 
 namespace quor {
 
-// Who is calling: resolves the number, records the call and shows the caller in the way chosen for
-// the line or cell.
+// Identifies an incoming caller, records the call, and shows the caller in the way chosen for the
+// line or cell.
 class CIncomingCalls {
  public:
   CIncomingCalls(TelephoneState& state, CCallerList& callerList,
                  const TelephoneCollaborators& with) noexcept
       : m_state(state), m_callerList(callerList), m_with(with) {}
 
-  // A caller-ID record has been copied into the caller information.
+  // Call after a caller-ID record was copied into the caller information.
   void OnCallerId(bool longDistance);
-  // A pop-up record has been copied into the caller information.
+  // Call after a pop-up record was copied into the caller information.
   void OnPopup();
-  // Hides the caller window. Always 0.
+  // Hides the caller window. Always returns 0.
   int OnClosePopup();
 
-  // The number of the most recent caller-ID report, as reported; empty when it was withheld.
+  // The number of the last caller-ID report, unchanged; empty if it was withheld.
   const std::string& LastCallerNumber() const noexcept { return m_lastCallerNumber; }
 
  private:
   struct Caller {
     CallerInformation information;
     bool longDistance;
-    std::string entryId;  // empty: not one of the contacts
+    std::string entryId;  // empty: not a contact
     std::wstring name;
     std::wstring number;
   };
@@ -42,7 +42,8 @@ class CIncomingCalls {
   void Identify(const CallerMatch& match, Caller& caller);
   void DisplayContactItem(const Caller& caller);
   void DisplayNewContactItem(const Caller& caller);
-  // True when the contact form is the way to show this caller; the caller window is shown here.
+  // True if the contact form must be shown for this caller. Shows the caller window itself if that
+  // is the chosen way.
   bool ShowsForm(const Caller& caller);
   bool IsCurrent(const Caller& caller) const noexcept;
   void ShowCallerWindow(const Caller& caller, int slot);

@@ -103,8 +103,8 @@ bool CLineControl::ClickLineButton(uint32_t lineType) {
   }
 }
 
-// The menu of the cells is redrawn for the new cell while the line changes, so that comes first; a
-// click that is dropped leaves everything as it was.
+// SetLineState redraws the cell menu and needs the new cell, so set it first. A dropped click must
+// change nothing, so restore it.
 bool CLineControl::TakeOrRelease(uint32_t lineType, uint8_t newState, uint32_t cellDialLine) {
   const uint32_t previousCell = std::exchange(m_state.cellDialLine, cellDialLine);
   if (!SetLineState(lineType, newState)) {
@@ -160,7 +160,7 @@ void CLineControl::AnswerUSB(int slot) noexcept {
   const uint8_t lineType = LineTypeFromSlot(slot);
   if (lineType == kNoLine) return;
   DialRecord& request = m_with.records.dial[static_cast<size_t>(slot)];
-  request = {};  // no number: answers
+  request = {};  // no number: answer
   request.lineType = lineType;
   m_state.pendingClearLine = lineType;
   if (!m_with.queue.PostRequest(WindowRequest::CallRequest, lineType)) {

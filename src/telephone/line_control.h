@@ -12,40 +12,40 @@
 
 namespace quor {
 
-// Reports of the base and clicks of the user, applied to the lines, and the requests that follow.
-// Line types are those of line_type.h; the cell side answers for any other code.
+// Applies the base's reports and the user's clicks to the lines, and posts the requests that
+// follow. Line types are those of line_type.h; any other code means the cell side.
 class CLineControl {
  public:
   CLineControl(TelephoneState& state, CBarState& bar, CDialler& dialler,
                const TelephoneCollaborators& with) noexcept
       : m_state(state), m_bar(bar), m_dialler(dialler), m_with(with) {}
 
-  // Stores a report; with a ribbon, as SetUSBStateV14 does. Always true.
+  // Stores a report, by the rules of SetUSBStateV14 if there is a ribbon. Always true.
   bool SetUSBState(uint8_t line1, uint8_t line2, uint8_t dial, uint8_t cell, uint8_t cellSub);
   bool SetUSBStateV14(uint8_t line1, uint8_t line2, uint8_t dial, uint8_t cell, uint8_t cellSub);
 
-  // The add-in takes (5) or releases (1) a line. False, and nothing changed, within the debounce
-  // time, for any other state, and when the line is in that state already.
+  // The add-in takes (state 5) or releases (state 1) a line. False without any change within the
+  // debounce time, for any other state, and if the line already has that state.
   bool SetLineState(uint32_t lineType, uint8_t newState);
   uint8_t GetLineState(uint32_t lineType) const noexcept;
 
-  // A click on a line button or on a cell's menu item, in the way of the running Outlook. True when
-  // something came of it.
+  // Handles a click on a line button or on a cell's menu item, by the rules of the running Outlook
+  // version. True if the click had an effect.
   bool Click(uint32_t lineType);
   bool ClickLineButton(uint32_t lineType);
   bool ClickLineButtonV14(uint32_t lineType);
 
-  // Whether a click would dial at once: on the ribbon that is what an idle line does.
+  // Whether a click dials at once: with a ribbon, an idle line does.
   bool DialsAtOnce(uint32_t lineType) const noexcept;
-  // ClickLineButtonV14 for such a line, with a number other than the dial box's. A line that has
-  // become busy since is left alone. When nothing is dialled, nothing has changed: the box and the
-  // call that will clear it stay as they were.
+  // ClickLineButtonV14 for such a line, with the given number instead of the dial box's. Does
+  // nothing if the line has become busy. If nothing is dialled, no state changes: the box and the
+  // pending clear stay as they were.
   bool DialOnLine(uint32_t lineType, std::wstring_view number);
 
-  // The "Answer" button of the caller window. Sends what an answering line button sends, also for
-  // the cells whose calls no line button answers.
+  // The caller window's "Answer" button. Sends the same request as an answering line button, and
+  // also answers calls on cells, which no line button does.
   void AnswerUSB(int slot) noexcept;
-  // Hangs up. False for a code without a slot and when the post failed.
+  // Hangs up. False for a code without a slot or if the post failed.
   bool DropUSB(uint32_t lineType) noexcept;
 
  private:

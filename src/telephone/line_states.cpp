@@ -33,8 +33,9 @@ bool AnyIdle(const LineReport& report) noexcept {
   });
 }
 
-// The held channel stays held, the others are shown as the base has them but not for use; what the
-// base says is kept for the release. CellSub and the pending clear wait for a report that counts.
+// Keeps the held channel. Other idle channels are shown as busy, because they cannot be used now.
+// The reported states are saved for the release. CellSub and the pending clear wait for a report
+// without a held line.
 void KeepHeld(TelephoneState& state, const LineReport& report, const Channel& held) noexcept {
   TelephoneRecord& live = state.record;
   TelephoneRecord& saved = state.savedState;
@@ -54,7 +55,7 @@ void StoreStates(TelephoneRecord& record, const LineReport& report) noexcept {
   record.cellSub = report.cellSub;
 }
 
-// The line of the last request is idle again.
+// Ends the pending clear when the line of the last request is idle again.
 DialBox EndPendingClear(TelephoneState& state, const LineReport& report) noexcept {
   const uint32_t lineType = state.pendingClearLine;
   if (SlotFromLineType(lineType) == kNoSlot) return DialBox::Keep;

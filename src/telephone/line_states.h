@@ -8,8 +8,8 @@
 
 namespace quor {
 
-// How the record moves: with each report of the base, and when the add-in takes or releases a line.
-// Nothing here logs, posts or draws.
+// How the telephone record changes: with each report of the base, and when the add-in takes or
+// releases a line. These functions do not log, post or draw.
 
 // The five bytes of a status or per-line report.
 struct LineReport {
@@ -20,8 +20,8 @@ struct LineReport {
   uint8_t cellSub;
 };
 
-// The three channels as the rules see them: where a channel's state stands in the record and in a
-// report, and the caller-ID line type that makes its button an answer button.
+// A channel: where its state is in the record and in a report, and the caller-ID line type that
+// turns its button into an answer button.
 struct Channel {
   uint8_t TelephoneRecord::*state;
   uint8_t LineReport::*reported;
@@ -33,26 +33,27 @@ inline constexpr std::array<Channel, 3> kChannels = {{
     {&TelephoneRecord::cellState, &LineReport::cell, kCell1},
 }};
 
-// The channel of a line type: 1 Line1, 2 Line2, any other code the cell side.
+// The channel of a line type: 1 is Line1, 2 is Line2, any other code the cell side.
 const Channel& ChannelOf(uint32_t lineType) noexcept;
 
-// Whether the dial box is due to be emptied.
+// Whether the caller must clear the dial box.
 enum class DialBox : bool { Keep, Clear };
 
-// A report while the add-in may hold a line: a held line outlives reports that call it idle.
+// Stores a report; the add-in may hold a line. A held line stays held even when the report calls it
+// idle.
 DialBox StoreReport(TelephoneState& state, const LineReport& report) noexcept;
 
-// A report where no line is ever held.
+// Stores a report; no line is held, as always with a ribbon.
 DialBox StoreReportV14(TelephoneState& state, const LineReport& report) noexcept;
 
-// The add-in takes the line: the record is saved, only this line stays usable.
+// The add-in takes the line: saves the record and leaves only this line usable.
 void TakeLine(TelephoneState& state, uint32_t lineType) noexcept;
 
-// The add-in lets go: the saved record, kept current by StoreReport, comes back whole.
+// The add-in releases the line: restores the saved record, which StoreReport has kept up to date.
 void ReleaseLine(TelephoneState& state) noexcept;
 
-// A call rings that a line button can answer: every channel is busy and the call came in on Line1,
-// Line2 or Cell1. Calls on Cell2 to Cell4 are not answered from a button.
+// Whether a line button can answer the ringing call: every channel is busy and the call arrived on
+// Line1, Line2 or Cell1. No button answers calls on Cell2 to Cell4.
 bool IsAnswerable(const TelephoneState& state) noexcept;
 
 bool IsRinging(const TelephoneRecord& record) noexcept;

@@ -6,11 +6,12 @@
 
 namespace quor {
 
-// A dialled number is at most this long and made of dial characters only (text/dial_chars.h).
+// Longest number that can be dialled. All its characters must be dial characters
+// (text/dial_chars.h).
 inline constexpr size_t kDialNumberLimit = 24;
 
-// Whether a number, in the ANSI code page, can be dialled as it stands: IDS_NONE when it can,
-// otherwise the message that says why not (resources/resource_ids.h). An empty one passes.
+// Checks whether a number in the ANSI code page can be dialled: returns IDS_NONE if it can,
+// otherwise the string number of the reason (resources/resource_ids.h). An empty number passes.
 int NumberRefusal(std::string_view number) noexcept;
 
 }  // namespace quor

@@ -15,24 +15,24 @@
 
 namespace quor {
 
-// The telephone: what the base does, what the user may do, and what happens when he does it. Wires
-// its parts together and is where the rest of the add-in finds them. One thread.
+// The telephone: the base's reports, the user's actions and what follows from them. Builds and
+// connects its parts, and gives the rest of the add-in access to them. Single-threaded.
 class CTelephone {
  public:
   explicit CTelephone(const TelephoneCollaborators& with) noexcept;
   CTelephone(const CTelephone&) = delete;
   CTelephone& operator=(const CTelephone&) = delete;
 
-  // Outlook's major version, known once the add-in is connected.
+  // Outlook's major version, known after the add-in is connected.
   void SetAppVersion(int32_t appVersion) noexcept { m_state.appVersion = appVersion; }
-  // Start-up: the counters of clicks and dialling begin anew. `startTime` is the device
-  // controller's.
+  // Start-up: resets the click and dial times and the lines of pending requests. `startTime` is the
+  // device controller's.
   void ResetCounters(uint32_t startTime) noexcept;
-  // Start-up: the dial string is empty and nothing may be dialled yet.
+  // Start-up: clears the dial string and allows no dialling yet.
   void ResetDial();
 
   // For IsControlEnabled, GetLineCaption and IsCellItemEnabled (control_state.h), the cells' names
-  // and the counters.
+  // and the click and dial times.
   const TelephoneState& State() const noexcept { return m_state; }
 
   CEventDispatcher& Events() noexcept { return m_events; }

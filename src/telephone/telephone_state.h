@@ -9,36 +9,36 @@
 
 namespace quor {
 
-// What a line, or the cell side as a whole, is doing. The base may send any byte; one without a
-// name here disables the line and leaves it with the disconnect caption.
+// State of a line, or of the cell side as a whole. The base may send any byte; one not listed here
+// disables the line and gives it the disconnect caption.
 inline constexpr uint8_t kStateNoBase = 0;
 inline constexpr uint8_t kStateIdle = 1;
-inline constexpr uint8_t kStateBusy = 2;    // in use elsewhere; all three while a call rings
-inline constexpr uint8_t kStateInCall = 3;  // a call the add-in may end
+inline constexpr uint8_t kStateBusy = 2;    // in use elsewhere; all channels while a call rings
+inline constexpr uint8_t kStateInCall = 3;  // a call that the add-in may end
 inline constexpr uint8_t kStateOtherCall = 4;
 inline constexpr uint8_t kStateTaken = 5;  // taken by the add-in, waiting for a number
 
-// The seven bytes that are saved when the add-in takes a line and come back when it lets go.
+// Seven bytes, saved when the add-in takes a line and restored when it releases the line.
 struct TelephoneRecord {
   uint8_t dialState;  // 1 enables the dial-number box
   uint8_t line1State;
   uint8_t line2State;
   uint8_t cellState;      // one state for the four cells
   uint8_t cellSub;        // cells available for calls: bit 0 = Cell1 .. bit 3 = Cell4
-  uint8_t lineAvailable;  // 1 when a line or the cell side is idle; enables the speed dial
+  uint8_t lineAvailable;  // 1 if a line or the cell side is idle; enables the speed dial
   uint8_t dialState2;     // second copy of dialState; enables the caller list
 
   bool operator==(const TelephoneRecord&) const = default;
 };
 static_assert(sizeof(TelephoneRecord) == 7);
 
-// Which of the base's records the caller information was last filled from.
+// Which of the base's records last filled the caller information.
 inline constexpr uint8_t kInfoCallerId = 3;
 inline constexpr uint8_t kInfoPopup = 4;
 inline constexpr uint8_t kInfoCellRegistration = 5;
 
-// The current event. Cleared as a whole by each caller-ID or pop-up record, so a stale call can
-// never show through; texts are in the ANSI code page and NUL-terminated.
+// The current event. Each caller-ID or pop-up record clears it completely, so that no value of an
+// earlier call remains. Texts are in the ANSI code page and NUL-terminated.
 struct CallerInformation {
   uint8_t infoKind;
   uint8_t popupLine;  // line type of a pop-up record, 0 = none
@@ -58,17 +58,17 @@ struct CellInformation {
 };
 static_assert(sizeof(CellInformation) == 61);
 
-// The versions of Outlook that have a ribbon take no line before they dial.
+// Outlook versions with a ribbon dial without taking a line first.
 inline constexpr int32_t kFirstRibbonVersion = 14;
 
-// Everything the telephone knows. Plain data: rules read it, operations change it before they call
-// anybody else.
+// The telephone's complete state, as plain data. Rules read it; operations change it before they
+// call other objects.
 struct TelephoneState {
   TelephoneRecord record{};
-  TelephoneRecord savedState{};  // the record as it was before the add-in took a line
+  TelephoneRecord savedState{};  // the record before the add-in took a line
 
-  uint32_t pendingClearLine = 0;   // line type whose return to idle empties the dial box, 0 = none
-  uint32_t cellDialLine = 0;       // cell whose dial awaits the base's answer, 0 = none
+  uint32_t pendingClearLine = 0;  // line type whose return to idle clears the dial box, 0 = none
+  uint32_t cellDialLine = 0;      // cell whose dial request the base has not answered yet, 0 = none
   uint32_t lastLineClickTime = 0;  // milliseconds tick
   uint32_t lastDialTime = 0;       // milliseconds tick
 

@@ -5,10 +5,10 @@
 
 namespace quor {
 
-// Why a caller's number or name is missing, as the number of a string for the caller window.
+// The reason for a caller's missing number or name, as a string number for the caller window.
 //
-// The base gives one 4-bit code each for number and name. No manual of the base says what they
-// mean; they are read as counting along the texts 1400 to 1409:
+// The base sends a 4-bit code each for number and name. No manual of the base defines the codes;
+// they are assumed to count along the texts 1400 to 1409:
 //
 //   code      number missing               name missing
 //   0         1406 "Unavailable No."       1405 "Unavailable Name"
@@ -21,8 +21,8 @@ namespace quor {
 //   8         1408 "Coin Phone"
 //   9 to 15   1409 "Unknown"
 //
-// Where the code gives no reason (0) but the call is flagged as long distance, that is all there is
-// to tell: 1400 "Long distance".
+// Code 0 gives no reason. If the call is flagged as long distance, 1400 "Long distance" is used
+// instead.
 int WithheldNumberText(uint8_t noNum, bool longDistance) noexcept;
 int WithheldNameText(uint8_t noName, bool longDistance) noexcept;
 
