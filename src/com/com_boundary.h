@@ -9,10 +9,9 @@
 
 namespace quor {
 
-// The one wrapper at the border. Whatever Windows or Outlook calls (interface methods, sinks,
-// window and dialog procedures, timers) runs its body in here: nothing thrown gets past it. A
-// failure is logged as "** Error : <where> failed. (0x........)\n" and returned as the HRESULT it
-// carries.
+// Runs the body of every function that Windows or Outlook calls: interface methods, sinks, window
+// and dialog procedures, timers. No exception passes it. A failure is logged as "** Error : <where>
+// failed. (0x........)\n" and returned as its HRESULT.
 template <typename Body>
 HRESULT GuardComCall(CDiagnosticLog& log, const char* where, Body&& body) noexcept {
   HRESULT result = E_FAIL;
@@ -30,7 +29,7 @@ HRESULT GuardComCall(CDiagnosticLog& log, const char* where, Body&& body) noexce
   return result;
 }
 
-// The same for a body without a result; true when it ran to its end.
+// The same for a body without a result. True if the body completed.
 template <typename Body>
 bool GuardCall(CDiagnosticLog& log, const char* where, Body&& body) noexcept {
   return SUCCEEDED(GuardComCall(log, where, [&body]() -> HRESULT {

@@ -10,20 +10,20 @@
 #include <string>
 #include <string_view>
 
-// mingw leaves the usual pointer types to their users.
+// mingw's headers do not define the usual smart pointer types.
 _COM_SMARTPTR_TYPEDEF(IUnknown, IID_IUnknown);
 _COM_SMARTPTR_TYPEDEF(IDispatch, IID_IDispatch);
 
 namespace quor {
 
-// UTF-16 text as COM wants it; embedded NULs survive. Throws _com_error(E_OUTOFMEMORY).
+// Converts UTF-16 text to a BSTR; embedded NULs are kept. Throws _com_error(E_OUTOFMEMORY).
 _bstr_t BstrFromText(std::wstring_view text);
 _variant_t VariantFromText(std::wstring_view text);
 
-// The text of a BSTR, a null one read as empty.
+// The text of a BSTR; empty for a null BSTR.
 std::wstring TextFromBstr(BSTR text);
 
-// The value for an optional argument that is left out before a given one.
+// The value to pass for an omitted optional argument.
 _variant_t MissingArgument();
 
 }  // namespace quor

@@ -1,4 +1,4 @@
-// The half of comdef.h that mingw declares but does not ship, and the text helpers beside it.
+// The functions of comdef.h that mingw declares but does not implement, and the text conversions.
 #include "com/com_pointers.h"
 #include "text/ansi.h"
 

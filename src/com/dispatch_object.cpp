@@ -7,8 +7,7 @@
 namespace quor {
 namespace {
 
-// The failure that the object means: behind DISP_E_EXCEPTION stands the code in the exception
-// record.
+// The object's own error code: for DISP_E_EXCEPTION it is in the exception record.
 HRESULT FailureFrom(HRESULT result, EXCEPINFO& exception) {
   if (result != DISP_E_EXCEPTION) return result;
   if (exception.pfnDeferredFillIn != nullptr) exception.pfnDeferredFillIn(&exception);
@@ -51,7 +50,7 @@ std::wstring_view CText::View() const noexcept {
 void CDispatchObject::InvokeInto(VARIANT* value, CMemberId& member, WORD flags,
                                  std::span<const VARIANT> arguments) const {
   if (m_object == nullptr) _com_issue_error(E_POINTER);
-  // Our own reference: the owner of this wrapper may let go of it while the call pumps messages.
+  // Hold our own reference: the owner of this wrapper may release it while the call pumps messages.
   const IDispatchPtr object = m_object;
   const DISPID id = member.Resolve(*object, *m_iid);
 

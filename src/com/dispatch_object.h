@@ -13,13 +13,13 @@
 
 namespace quor {
 
-// A published identifier of Outlook's or Office's: they differ in their first part alone.
+// An interface id published for Outlook or Office; these ids differ only in their first part.
 constexpr IID OfficeId(unsigned long head) noexcept {
   return {head, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 }
 
-// A member's name and the dispatch id that its interface gave for it. One static object per
-// interface and member: the name is looked up on the first use and never again.
+// A member's name and the dispatch id that the interface returned for it. Use one static object per
+// interface and member, so that the name is looked up only once.
 class CMemberId {
  public:
   explicit constexpr CMemberId(const wchar_t* name) noexcept : m_name(name) {}
@@ -27,7 +27,7 @@ class CMemberId {
   CMemberId& operator=(const CMemberId&) = delete;
 
   const wchar_t* Name() const noexcept { return m_name; }
-  // Throws _com_error when the object knows no member of this name.
+  // Throws _com_error if the object has no member of this name.
   DISPID Resolve(IDispatch& object, REFIID iid);
 
  private:
@@ -35,43 +35,43 @@ class CMemberId {
   DISPID m_id = DISPID_UNKNOWN;
 };
 
-// A text in Outlook's own string, for those who read many: no copy is made unless one is asked for.
+// A text in Outlook's own BSTR, for code that reads many texts: it is copied only on request.
 class CText {
  public:
-  // Takes the value over; throws _com_error if it is no string and cannot be made one.
+  // Takes over the value. Throws _com_error if it cannot be converted to a string.
   explicit CText(VARIANT& value);
   CText(CText&& other) noexcept : m_text(std::exchange(other.m_text, nullptr)) {}
   CText& operator=(CText&&) = delete;
   ~CText() { SysFreeString(m_text); }
 
-  std::wstring_view View() const noexcept;  // valid as long as the text
+  std::wstring_view View() const noexcept;  // valid as long as this object
   operator std::wstring() const { return std::wstring(View()); }
 
  private:
   BSTR m_text = nullptr;
 };
 
-// A counted reference to an object of Outlook's or Office's, called late-bound. The typed wrappers
-// derive from it, so that one DLL serves every version and both bitnesses. Copies share the object.
+// A counted reference to an Outlook or Office object, called late-bound, so that one DLL serves
+// every version and both bitnesses. The typed wrappers derive from it. Copies share the object.
 //
-// Every call may pump messages: a timer tick, a sink or a shutdown can run inside it. Every call
-// throws _com_error with the failure that the object reported, issued for the wrapper's interface.
+// Every call may pump messages: a timer tick, a sink or a shutdown may run inside it. Every call
+// throws _com_error with the object's error and the wrapper's interface id on failure.
 class CDispatchObject {
  public:
   CDispatchObject() = default;
 
   explicit operator bool() const noexcept { return m_object != nullptr; }
   IDispatch* Get() const noexcept { return m_object; }
-  // Empty before the object is released: that calls out.
+  // Clears the member first: releasing calls into Outlook and may re-enter.
   void Release() noexcept { const IDispatchPtr released(m_object.Detach(), false); }
 
  protected:
   CDispatchObject(IDispatchPtr object, REFIID iid) : m_object(std::move(object)), m_iid(&iid) {}
 
   _variant_t GetProperty(CMemberId& member) const;
-  // An object is passed as VT_DISPATCH with a plain property put, as Office declares it.
+  // Passes an object as VT_DISPATCH with a plain property put, as Office declares it.
   void PutProperty(CMemberId& member, const _variant_t& value) const;
-  // Arguments in the order of the declaration.
+  // Arguments are in the order of the declaration.
   template <std::same_as<_variant_t>... Arguments>
   _variant_t CallMethod(CMemberId& member, const Arguments&... arguments) const {
     if constexpr (sizeof...(Arguments) == 0) {
@@ -81,7 +81,7 @@ class CDispatchObject {
       return Invoke(member, DISPATCH_METHOD, list);
     }
   }
-  // A property that takes arguments, such as an index.
+  // Reads a property with an argument, such as an index.
   _variant_t GetIndexed(CMemberId& member, const _variant_t& index) const;
 
   CText GetText(CMemberId& member) const;
@@ -91,12 +91,12 @@ class CDispatchObject {
   void PutLong(CMemberId& member, int32_t value) const;
   void PutBool(CMemberId& member, bool value) const;
 
-  // The object in a result; null when Outlook answered "nothing".
+  // The object in a result; null if Outlook returned none.
   IDispatchPtr ObjectFrom(const _variant_t& result) const;
 
  private:
   _variant_t Invoke(CMemberId& member, WORD flags, std::span<const VARIANT> arguments) const;
-  // Into an empty value; null for a call that has no result.
+  // `value` must be empty, or null for a call without a result.
   void InvokeInto(VARIANT* value, CMemberId& member, WORD flags,
                   std::span<const VARIANT> arguments) const;
 
@@ -104,7 +104,7 @@ class CDispatchObject {
   const IID* m_iid = &IID_IDispatch;
 };
 
-// The object as a T; an empty T when there is no object or it does not answer T's interface.
+// Queries the object for T's interface. Empty if there is no object or it lacks the interface.
 template <std::derived_from<CDispatchObject> T>
 T QueryObject(IUnknown* object) {
   IDispatch* found = nullptr;

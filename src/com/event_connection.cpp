@@ -40,7 +40,7 @@ std::wstring CEventArguments::Text(UINT position) const {
   }
 }
 
-// The COM object that Outlook holds. Outlook may keep it longer than the connection lives.
+// The sink that Outlook holds, possibly longer than the connection exists.
 class CEventSink final : public IDispatch {
  public:
   CEventSink(IEventOwner& owner, CDiagnosticLog& log, const char* name, REFIID events,
@@ -79,7 +79,7 @@ class CEventSink final : public IDispatch {
 
   STDMETHODIMP Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*,
                       EXCEPINFO*, UINT*) override {
-    // The handler may unadvise this very connection, which detaches and releases the sink.
+    // Hold the handler: it may unadvise this connection, which detaches and releases the sink.
     const std::shared_ptr<EventHandler> handler = m_handler;
     if (handler == nullptr || parameters == nullptr) return S_OK;
     const IDispatchPtr self = this;
@@ -91,7 +91,7 @@ class CEventSink final : public IDispatch {
  private:
   ~CEventSink() = default;
 
-  // Of these nothing may be used once the sink is detached: it may outlive them.
+  // Do not use these after the sink is detached: it may outlive them.
   IEventOwner& m_owner;
   CDiagnosticLog& m_log;
   const char* m_name;
@@ -156,7 +156,8 @@ HRESULT CEventConnection::Connect(IUnknown* source, REFIID events, EventHandler 
 void CEventConnection::Unadvise() noexcept {
   ++m_attempt;
   if (!IsAdvised()) return;
-  // Forget first: unadvising calls out, and a second shutdown may run inside that call.
+  // Clear the members first: unadvising calls into Outlook, and a second shutdown may run inside
+  // it.
   IConnectionPoint* point = std::exchange(m_point, nullptr);
   CEventSink* sink = std::exchange(m_sink, nullptr);
   const DWORD cookie = m_cookie;

@@ -14,10 +14,10 @@ class CEventArguments {
  public:
   explicit CEventArguments(const DISPPARAMS& parameters) noexcept : m_parameters(parameters) {}
 
-  // The object at a position; null when it is missing or no object. Not counted: valid during the
+  // The object at a position; null if it is missing or not an object. Borrowed: valid during the
   // event.
   IDispatch* Object(UINT position) const noexcept;
-  // The text at a position; empty when it is missing or no text.
+  // The text at a position; empty if it is missing or not a text.
   std::wstring Text(UINT position) const;
 
  private:
@@ -26,32 +26,30 @@ class CEventArguments {
   const DISPPARAMS& m_parameters;
 };
 
-// Called for every event of the connection, by its dispatch id. What it throws is logged and
-// dropped.
+// Handles every event of the connection, by dispatch id. Exceptions are logged and dropped.
 using EventHandler = std::function<void(DISPID event, const CEventArguments& arguments)>;
 
 class CEventSink;
 
-// The object that event connections are parts of.
+// The object that owns event connections.
 class IEventOwner {
  public:
-  // Held while an event is handled: Outlook may release the object inside any call that the handler
-  // makes.
+  // Held while an event is handled: Outlook may release the owner inside any call of the handler.
   virtual IUnknown& Identity() noexcept = 0;
-  // Once true, no connection is made any more; one that is being made is undone.
+  // Once true, no new connection is made, and a connection being made is undone.
   virtual bool IsShuttingDown() const noexcept = 0;
 
  protected:
   ~IEventOwner() = default;
 };
 
-// One advised connection to a source of events, undone by Unadvise or by destruction. Keeps the
-// source, because Outlook stops its events with the last reference to it. The sink that it hands to
-// Outlook does not keep the owner alive and ignores events once it is unadvised; as long as a
-// source holds it, it keeps the module loaded.
+// One advised connection to an event source, ended by Unadvise or by destruction. Holds the source,
+// because Outlook stops its events with the last reference to it. Outlook holds our sink, which
+// does not hold the owner, ignores events once unadvised, and keeps the module loaded until
+// released.
 class CEventConnection {
  public:
-  // Owner and log must outlive the connection; `name` is a literal for its error lines.
+  // Owner and log must outlive the connection; `name` is a string literal for error lines.
   CEventConnection(IEventOwner& owner, CDiagnosticLog& log, const char* name) noexcept
       : m_owner(owner), m_log(log), m_name(name) {}
   ~CEventConnection() { Unadvise(); }
@@ -60,13 +58,12 @@ class CEventConnection {
 
   bool IsAdvised() const noexcept { return m_point != nullptr; }
 
-  // Connects the handler to the source's connection point for `events`. E_FAIL when already
-  // advised; E_ABORT when the owner is shutting down, or when it was unadvised or advised again
-  // inside this call; otherwise what the source answers. Never throws. Keep the connection alive
-  // during the call.
+  // Connects the handler to the source's connection point for `events`. Returns E_FAIL if already
+  // advised, E_ABORT if the owner is shutting down or if this call re-entered Unadvise or Advise,
+  // and otherwise the source's result. Never throws. Keep the connection alive during the call.
   HRESULT Advise(IUnknown* source, REFIID events, EventHandler handler) noexcept;
 
-  // Disconnects if advised, silently. Safe inside the connection's own handler.
+  // Disconnects if advised; logs nothing. May be called inside the connection's own handler.
   void Unadvise() noexcept;
 
  private:
@@ -79,7 +76,7 @@ class CEventConnection {
   IConnectionPoint* m_point = nullptr;
   CEventSink* m_sink = nullptr;
   DWORD m_cookie = 0;
-  unsigned m_attempt = 0;  // changes with every Advise and Unadvise
+  unsigned m_attempt = 0;  // changes with each Advise and Unadvise
 };
 
 }  // namespace quor

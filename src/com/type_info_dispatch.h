@@ -9,12 +9,11 @@
 
 namespace quor {
 
-// Answers the four IDispatch methods of one dual interface from its description in the type library
-// embedded in this module; nothing needs to be registered for it. The description is loaded on
-// first use and kept. Nothing throws.
+// Implements the four IDispatch methods of one dual interface from the type library embedded in
+// this module, which need not be registered. Loads the type description on first use. Never throws.
 class CTypeInfoDispatch {
  public:
-  // The id must outlive the object.
+  // The id must outlive this object.
   explicit CTypeInfoDispatch(REFIID iid) noexcept : m_iid(iid) {}
   ~CTypeInfoDispatch();
   CTypeInfoDispatch(const CTypeInfoDispatch&) = delete;
@@ -23,7 +22,7 @@ class CTypeInfoDispatch {
   HRESULT GetTypeInfoCount(UINT* count) noexcept;
   HRESULT GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) noexcept;
   HRESULT GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) noexcept;
-  // `object` is the dual interface itself, whose vtable the description speaks of.
+  // `object` is the dual interface pointer that the type description refers to.
   HRESULT Invoke(void* object, DISPID id, REFIID iid, LCID locale, WORD flags,
                  DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
                  UINT* badArgument) noexcept;
@@ -35,9 +34,9 @@ class CTypeInfoDispatch {
   ITypeInfo* m_info = nullptr;
 };
 
-// Base of an object that implements a dual interface of our type library: supplies its IDispatch
-// half. An object with several dual interfaces derives from several of these, and each half answers
-// for its own interface. QueryInterface decides which of them is the object's IDispatch.
+// Base of an object that implements a dual interface of our type library; supplies the IDispatch
+// methods. An object with several dual interfaces derives from one of these per interface; each
+// serves its own interface. QueryInterface chooses the object's IDispatch.
 template <typename Interface>
 class CDispatchPart : public Interface {
  public:
@@ -51,7 +50,7 @@ class CDispatchPart : public Interface {
   }
   STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* arguments,
                       VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override {
-    // Whoever calls may release the object inside a call that the method makes.
+    // Hold the object: the caller may release it inside a call that the method makes.
     const IUnknownPtr alive = static_cast<Interface*>(this);
     return m_dispatch.Invoke(static_cast<Interface*>(this), id, iid, locale, flags, arguments,
                              result, exception, badArgument);

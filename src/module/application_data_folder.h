@@ -5,12 +5,12 @@
 
 namespace quor {
 
-// The current user's application-data folder, without a trailing "\". In the ANSI code page, as all
-// our paths below it; empty when Windows does not tell.
+// The current user's application-data folder, without a trailing "\", in the ANSI code page like
+// all our paths below it. Empty if Windows does not report it.
 std::string ApplicationDataFolder();
 
-// Whether the folder's path has characters that the ANSI code page lacks: what is below it cannot
-// be reached then, or somewhere else is.
+// Whether the folder's path has characters outside the ANSI code page. Files below it then cannot
+// be opened, or a different path is opened.
 bool IsApplicationDataOutsideCodePage();
 
 }  // namespace quor

@@ -7,8 +7,9 @@
 
 namespace quor {
 
-// The class factory for a class of ClassTable(), as DllGetClassObject returns it: with one
-// reference, or CLASS_E_CLASSNOTAVAILABLE, E_NOINTERFACE, E_OUTOFMEMORY and a null pointer.
+// The class factory of a class in ClassTable(), for DllGetClassObject. Returns it with one
+// reference, or sets a null pointer and returns CLASS_E_CLASSNOTAVAILABLE, E_NOINTERFACE or
+// E_OUTOFMEMORY.
 HRESULT GetClassFactory(REFCLSID clsid, REFIID iid, void** factory) noexcept;
 
 }  // namespace quor

@@ -9,17 +9,17 @@
 
 namespace quor {
 
-// One class the DLL can create.
+// A class that the DLL can create.
 struct ClassEntry {
   const CLSID& clsid;
-  // As IClassFactory::CreateInstance: gives the interface asked for with one reference, or a
-  // failure and a null pointer; CLASS_E_NOAGGREGATION for an outer object it does not support. It
-  // may throw: the class factory turns what is thrown into a failure.
+  // As IClassFactory::CreateInstance: returns the interface with one reference, or a failure and a
+  // null pointer; CLASS_E_NOAGGREGATION if `outer` is not supported. May throw: the class factory
+  // converts exceptions into failures.
   HRESULT (*create)(IUnknown* outer, REFIID iid, void** object);
 };
 
-// Everything DllGetClassObject knows. Defined by whoever composes the DLL, so that the module needs
-// none of its classes.
+// All classes that DllGetClassObject serves. Defined where the DLL is put together, so that this
+// folder depends on none of them.
 std::span<const ClassEntry> ClassTable();
 
 }  // namespace quor

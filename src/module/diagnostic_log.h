@@ -5,20 +5,20 @@
 
 namespace quor {
 
-// Where finished log lines go. The product's writer stamps the line with the local time and appends
-// it to the day's file; tests keep the lines.
+// Receives the log lines. The product's writer adds the local time and appends the line to the
+// day's file; tests keep the lines.
 class ILogWriter {
  public:
-  // Text is in the ANSI code page and ends with its own line feed. Must not throw: a line that
-  // cannot be written is dropped, since this is the reporting path itself.
+  // `text` is in the ANSI code page and ends with a line feed. Must not throw; drops a line that
+  // cannot be written, because there is nowhere else to report it.
   virtual void WriteLine(std::string_view text) noexcept = 0;
 
  protected:
   ~ILogWriter() = default;
 };
 
-// The one entry point of every diagnostic line. Switched off it costs a branch: nothing is
-// formatted, no file and no folder is made. Off until SetEnabled.
+// All diagnostic lines pass through this class. While it is off, a line costs one branch: nothing
+// is formatted and no file or folder is created. Off until SetEnabled.
 class CDiagnosticLog {
  public:
   // The writer must outlive the log.
@@ -33,7 +33,7 @@ class CDiagnosticLog {
     if (m_enabled) m_writer.WriteLine(text);
   }
 
-  // printf-style; callers whose arguments are costly ask IsEnabled first.
+  // Formats like printf. If computing an argument is expensive, check IsEnabled first.
   [[gnu::format(printf, 2, 3)]] void Print(const char* format, ...) noexcept;
 
  private:

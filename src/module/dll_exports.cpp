@@ -1,4 +1,4 @@
-// What the DLL exports. Its two classes are those of ClassTable().
+// The DLL's exports. They serve the two classes of ClassTable().
 #include <windows.h>
 
 #include <olectl.h>
@@ -25,8 +25,8 @@ STDAPI DllUnregisterServer() {
   return quor::UnregisterModule(RegistrationScope::Machine);
 }
 
-// "regsvr32 /n /i:user" registers for the current user only, which needs no administrator; with /u
-// as well it takes that away. Without "user" it is the registration for everybody.
+// "regsvr32 /n /i:user" registers for the current user only and needs no administrator; with /u it
+// unregisters. Without "user" the registration is for all users.
 STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
   const bool everybody = commandLine == nullptr || *commandLine == L'\0';
   if (!everybody && lstrcmpiW(commandLine, L"user") != 0) return E_INVALIDARG;

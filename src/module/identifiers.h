@@ -5,8 +5,8 @@
 
 namespace quor {
 
-// The add-in's own identifiers. Generated once; they are in users' registries, so they never
-// change. The registration scripts and the type library's source spell the same values.
+// The add-in's identifiers. They are in users' registries and therefore never change. The
+// registration scripts and the .idl file contain the same values.
 
 inline constexpr wchar_t kAddinProgId[] = L"QuorTelephoneToolbar.Addin";
 inline constexpr wchar_t kPropertyPageProgId[] = L"QuorTelephoneToolbar.PropPage";
@@ -23,9 +23,10 @@ inline constexpr GUID kPropertyPageClsid = {
 inline constexpr GUID kTypeLibraryId = {
     0xFFD90401, 0x3D40, 0x42C8, {0xBB, 0x82, 0x61, 0x3B, 0x49, 0x0A, 0xE1, 0x3D}};
 
-// The interfaces of that library, ITelephoneAddin {F80C9839-FE47-41D7-874E-5C8CF6E3F860} and
-// ITelephonePropertyPage {984DCD36-1C9B-4D34-A6D0-289B61953B5F}, come with their ids (__uuidof)
-// from "module/quor_telephone_toolbar.h", which the build makes from the .idl beside this file.
+// The build makes "module/quor_telephone_toolbar.h" from the .idl file in this folder. It declares
+// the library's interfaces with their ids (__uuidof): ITelephoneAddin
+// {F80C9839-FE47-41D7-874E-5C8CF6E3F860} and ITelephonePropertyPage
+// {984DCD36-1C9B-4D34-A6D0-289B61953B5F}.
 
 }  // namespace quor
 

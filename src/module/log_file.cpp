@@ -19,7 +19,7 @@ LogTime LocalTime() noexcept {
   return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond, now.wMilliseconds};
 }
 
-// Empty when Windows does not tell.
+// Empty if Windows does not report the folder.
 std::string LogFolder() {
   const std::string applicationData = ApplicationDataFolder();
   return applicationData.empty() ? std::string() : applicationData + "\\Temp";
@@ -39,13 +39,13 @@ void CLogFile::WriteLine(std::string_view text) noexcept {
     const std::string folder = LogFolder();
     if (folder.empty()) return;
     if (!PathFileExistsA(folder.c_str())) CreateDirectoryA(folder.c_str(), nullptr);
-    // The C library's text mode: a line feed is written as carriage return and line feed.
+    // Text mode writes a line feed as carriage return and line feed.
     std::FILE* file = std::fopen((folder + "\\" + LogFileName(time)).c_str(), "a");
     if (file == nullptr) return;
     std::fwrite(line.data(), 1, line.size(), file);
     std::fclose(file);
   } catch (const std::exception&) {
-    // Out of memory; the line is dropped like any other that cannot be written.
+    // Out of memory: drop the line, like any line that cannot be written.
   }
 }
 

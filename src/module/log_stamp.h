@@ -16,10 +16,10 @@ struct LogTime {
   int millisecond = 0;
 };
 
-// What stands before every line: "2009/03/07 08:05:09.042 ", its blank included.
+// The prefix of each line: "2009/03/07 08:05:09.042 ", with the trailing blank.
 std::string LogStamp(const LogTime& time);
 
-// The file a line of that day goes into: "catlog20090307.txt".
+// Name of the day's log file: "catlog20090307.txt".
 std::string LogFileName(const LogTime& time);
 
 }  // namespace quor

@@ -2,8 +2,8 @@
 
 #include <atomic>
 
-// The linker's name for the first byte of the image this code is in, which is its handle. It makes
-// a DllMain unnecessary.
+// The linker's symbol for the first byte of this module's image, whose address is the module
+// handle. It makes a DllMain unnecessary.
 extern "C" IMAGE_DOS_HEADER __ImageBase;
 
 namespace quor {
@@ -31,7 +31,7 @@ std::wstring ModulePath() {
 }
 
 bool ProcessIsEnding() noexcept {
-  // Exported by every Windows since XP, but by no import library.
+  // ntdll has exported this function since Windows XP, but no import library lists it.
   const auto shuttingDown = reinterpret_cast<BOOLEAN(NTAPI*)()>(
       GetProcAddress(GetModuleHandleW(L"ntdll"), "RtlDllShutdownInProgress"));
   return shuttingDown != nullptr && shuttingDown() != FALSE;

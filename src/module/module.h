@@ -7,25 +7,24 @@
 
 namespace quor {
 
-// The DLL this code is linked into: where it is, and whether Windows may unload it.
+// The DLL that contains this code: its path, and whether Windows may unload it.
 
 HINSTANCE ModuleInstance() noexcept;
 
-// The full path, of whatever length. Empty when Windows does not tell.
+// The full path, whatever its length. Empty if Windows does not report it.
 std::wstring ModulePath();
 
-// Whether the process is in its last steps: its other threads are gone wherever they were, and
-// other modules may have been torn down already. Nothing may be closed or freed then; the system
-// does it.
+// Whether the process is exiting: its other threads were terminated at arbitrary points, and other
+// modules may already be shut down. Do not close or free anything then; the system does.
 bool ProcessIsEnding() noexcept;
 
-// Every living COM object of ours and every IClassFactory::LockServer(TRUE) counts as one lock. The
-// DLL may be unloaded when there is none.
+// Each COM object and each IClassFactory::LockServer(TRUE) counts as one lock. The DLL may be
+// unloaded when there is none.
 void LockModule() noexcept;
 void UnlockModule() noexcept;
 long ModuleLockCount() noexcept;
 
-// Held as a member by every COM object: its lifetime is one lock.
+// A member of every COM object: holds one lock during the object's lifetime.
 class CModuleLock {
  public:
   CModuleLock() noexcept { LockModule(); }

@@ -21,7 +21,7 @@ std::string_view ScriptText(int id) noexcept {
   return {static_cast<const char*>(text), SizeofResource(module, resource)};
 }
 
-// Both scripts are read before the first of them is run. Empty when one cannot be.
+// Reads both scripts before either is applied. Empty if one cannot be read.
 std::optional<Scripts> ReadScripts() {
   const std::wstring path = ModulePath();
   auto addin = ParseRegistrationScript(ScriptText(IDR_REGISTRATION_ADDIN), path);

@@ -5,7 +5,7 @@
 
 namespace quor {
 
-// Runs the registration scripts among this DLL's resources. A failed registration leaves nothing
+// Applies the registration scripts in this DLL's resources. A failed registration leaves no keys
 // behind.
 HRESULT RegisterModule(RegistrationScope scope) noexcept;
 HRESULT UnregisterModule(RegistrationScope scope) noexcept;

@@ -37,12 +37,12 @@ uint32_t RemoveKey(const RegistryKey& key, IRegistry& registry) {
   return first != 0 ? first : error;
 }
 
-// Removes the keys that both bitnesses have in common, or those that they do not.
+// Removes either the keys that both bitnesses share or those that they do not.
 uint32_t RemoveKeys(std::span<const RegistrationScript> scripts, IRegistry& registry,
                     bool inCommon) {
   uint32_t first = 0;
   for (const RegistrationScript& script : scripts) {
-    // Children before their parents.
+    // Remove children before their parents.
     std::for_each(script.rbegin(), script.rend(), [&](const RegistryKey& key) {
       if (registry.IsInCommon(key) != inCommon) return;
       const uint32_t error = RemoveKey(key, registry);
@@ -71,8 +71,8 @@ uint32_t ApplyScripts(std::span<const RegistrationScript> scripts, IRegistry& re
 
 uint32_t RevokeScripts(std::span<const RegistrationScript> scripts, IRegistry& registry) {
   const uint32_t first = RemoveKeys(scripts, registry, false);
-  // Asked only now: where a registry keeps one copy for both bitnesses, the question would
-  // otherwise find our own keys.
+  // Check this only after the removal above: on a registry with one copy for both bitnesses, it
+  // would otherwise find our own keys.
   if (OtherBitnessIsRegistered(scripts, registry)) return first;
   const uint32_t error = RemoveKeys(scripts, registry, true);
   return first != 0 ? first : error;

@@ -8,7 +8,7 @@ namespace quor {
 namespace {
 
 constexpr size_t kLongestScript = 65536;
-constexpr size_t kLongestName = 255;  // as the registry has it
+constexpr size_t kLongestName = 255;  // the registry's limit
 constexpr size_t kDeepestKey = 16;
 constexpr std::string_view kModule = "%MODULE%";
 
@@ -16,7 +16,7 @@ enum class TokenKind { End, Error, OpenBrace, CloseBrace, Equals, Word, Text };
 
 struct Token {
   TokenKind kind = TokenKind::End;
-  std::string text;  // of words and of texts in apostrophes, these without them
+  std::string text;  // a word, or the text between apostrophes
 
   bool IsWord(std::string_view word) const { return kind == TokenKind::Word && text == word; }
   bool IsKeyword() const { return IsWord("val") || IsWord("NoRemove") || IsWord("ForceRemove"); }
@@ -136,7 +136,7 @@ class CParser {
     return true;
   }
 
-  // Keys below `parent`, its closing brace included.
+  // Parses keys below `parent` up to and including its closing brace.
   bool Keys(const std::wstring& parent, size_t depth) {
     while (m_token.kind != TokenKind::CloseBrace) {
       if (!Key(parent, depth)) return false;
@@ -164,7 +164,7 @@ class CParser {
     return !Take(TokenKind::OpenBrace) || Contents(index, path, depth + 1);
   }
 
-  // What stands between the braces of the key at `index`.
+  // Parses what the braces of the key at `index` contain.
   bool Contents(size_t index, const std::wstring& path, size_t depth) {
     while (TakeWord("val")) {
       std::wstring name;

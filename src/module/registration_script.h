@@ -10,8 +10,8 @@
 
 namespace quor {
 
-// What registration writes is kept as scripts among the DLL's resources. A script reads like the
-// part of the registry that it makes:
+// The DLL's resources contain scripts with the keys and values to register. A script looks like the
+// part of the registry that it creates:
 //
 //   ; a comment, to the end of the line
 //   HKCR                                    ; or HKLM
@@ -33,8 +33,9 @@ namespace quor {
 //     }
 //   }
 //
-// Names and texts are ASCII; what holds blanks, braces or other marks stands in apostrophes, an
-// apostrophe itself as two. Every name is one key. %MODULE% in a text is the module's full path.
+// Names and texts are ASCII. A text with blanks, braces or other punctuation is put in apostrophes,
+// an apostrophe inside it written twice. Every name is one key. %MODULE% in a text stands for the
+// module's full path.
 
 enum class RegistryRoot { Classes, LocalMachine };
 
@@ -45,12 +46,11 @@ struct RegistryValue {
   bool operator==(const RegistryValue&) const = default;
 };
 
-// What unregistration does with a key. Its values written by registration go in any case.
+// What unregistration does with a key. It always removes the values that registration wrote.
 enum class KeyRemoval {
-  WhenEmpty,     // plain keys: removed unless others have put something there
+  WhenEmpty,     // plain keys: removed unless they hold entries of others
   Never,         // NoRemove: shared with others
-  WithContents,  // ForceRemove: removed with all below it, at registration too, before it is made
-                 // anew
+  WithContents,  // ForceRemove: removed with its contents, also before registration creates it
 };
 
 struct RegistryKey {
@@ -62,10 +62,10 @@ struct RegistryKey {
   bool operator==(const RegistryKey&) const = default;
 };
 
-// Every key a script names, parents before their children.
+// All keys of a script, parents before their children.
 using RegistrationScript = std::vector<RegistryKey>;
 
-// Nothing when the text is no script. Any text is safe to give.
+// Returns nothing if the text is not a valid script. Any text is accepted.
 std::optional<RegistrationScript> ParseRegistrationScript(std::string_view text,
                                                           std::wstring_view modulePath);
 

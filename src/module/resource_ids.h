@@ -1,5 +1,5 @@
-// The registration scripts among the resources, of type "REGISTRY". For resource scripts as well as
-// for C++.
+// Ids of the registration scripts in the resources, of type "REGISTRY". Used by resource scripts
+// and C++.
 #ifndef QUOR_MODULE_RESOURCE_IDS_H
 #define QUOR_MODULE_RESOURCE_IDS_H
 

@@ -3,8 +3,8 @@
 
 namespace quor {
 
-// The commit that this was built from, "7de243b1c0" say; with "-modified" when the sources were not
-// as committed, "unknown" when they were not in a repository.
+// The commit of this build, such as "7de243b1c0"; with "-modified" if the sources had changes that
+// were not committed; "unknown" if they were not in a repository.
 const char* BuildRevision() noexcept;
 
 }  // namespace quor

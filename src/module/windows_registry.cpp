@@ -13,7 +13,7 @@ uint32_t Removed(LSTATUS status) noexcept {
   return status == ERROR_FILE_NOT_FOUND ? 0 : Code(status);
 }
 
-// An open key; closed with its scope.
+// Closes the key at the end of the scope.
 class COpenKey {
  public:
   COpenKey(HKEY root, const std::wstring& path, REGSAM access) noexcept
@@ -42,8 +42,8 @@ LSTATUS Write(HKEY key, const std::wstring& name, uint32_t number) noexcept {
                         sizeof number);
 }
 
-// How to ask for the registry that programs of the other bitness see. None on a 32-bit Windows,
-// which ignores the flag and would show our own keys.
+// The flag that selects the other bitness's registry. Nothing on a 32-bit Windows, which ignores
+// the flag and would show our own keys.
 std::optional<REGSAM> OtherView() noexcept {
   if constexpr (sizeof(void*) == 8) return KEY_WOW64_32KEY;
   BOOL onWindows64 = FALSE;
@@ -53,8 +53,8 @@ std::optional<REGSAM> OtherView() noexcept {
 
 }  // namespace
 
-// HKEY_CLASSES_ROOT itself is not written to: where the user has a key of that name, Windows would
-// change the user's, and what is meant for everybody would be the user's alone.
+// Do not write to HKEY_CLASSES_ROOT: if the user has a key of that name, Windows changes the user's
+// key, and a registration for all users would apply to this user only.
 HKEY CWindowsRegistry::Root() const noexcept {
   return m_scope == RegistrationScope::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
 }
@@ -102,7 +102,8 @@ uint32_t CWindowsRegistry::RemoveKeyWithContents(const RegistryKey& key) {
   return Removed(RegDeleteTreeW(Root(), Path(key).c_str()));
 }
 
-// Of the classes only CLSID is doubled, of the user's part nothing else.
+// Below the classes, each bitness has its own copy of CLSID only; the rest of the user's hive is
+// shared.
 bool CWindowsRegistry::IsInCommon(const RegistryKey& key) const {
   if (key.root != RegistryRoot::Classes) return m_scope == RegistrationScope::User;
   return !key.path.starts_with(L"CLSID\\");

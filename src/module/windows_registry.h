@@ -7,14 +7,13 @@
 
 namespace quor {
 
-// For whom a registration counts.
+// The users that a registration applies to.
 enum class RegistrationScope {
-  Machine,  // HKEY_LOCAL_MACHINE, the classes in Software\Classes: what HKEY_CLASSES_ROOT shows to
-            // everybody; needs an administrator
-  User,     // the same keys below HKEY_CURRENT_USER, the classes in Software\Classes
+  Machine,  // all users: HKEY_LOCAL_MACHINE, classes in Software\Classes; needs an administrator
+  User,     // the current user: the same keys below HKEY_CURRENT_USER
 };
 
-// The registry of this Windows, in the view of the process's own bitness.
+// This Windows's registry, as programs of this process's bitness see it.
 class CWindowsRegistry final : public IRegistry {
  public:
   explicit CWindowsRegistry(RegistrationScope scope) noexcept : m_scope(scope) {}

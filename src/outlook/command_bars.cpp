@@ -22,7 +22,7 @@ REFIID CCommandBarControl::InterfaceId() noexcept {
   return kControlId;
 }
 
-// Members of every control have one dispatch id whatever its type, so one name object serves all.
+// These members have the same dispatch id in every type of control, so one name object serves all.
 void CCommandBarControl::SetCaption(std::wstring_view caption) const {
   static CMemberId member(L"Caption");
   PutText(member, caption);

@@ -9,7 +9,7 @@
 
 namespace quor {
 
-// Office's command bars, as much of them as the toolbars use.
+// Office's command bars, as far as the toolbars use them.
 
 inline constexpr long kControlButton = 1;
 inline constexpr long kControlComboBox = 4;
@@ -21,7 +21,7 @@ inline constexpr int32_t kButtonIconAndCaption = 3;
 inline constexpr int32_t kComboLabel = 1;
 inline constexpr int32_t kWidthOfLongestItem = -1;
 
-// Published event interfaces and their only events.
+// The published event interfaces, and the one event of each.
 extern const IID kCommandBarButtonEvents;
 extern const IID kCommandBarComboBoxEvents;
 inline constexpr DISPID kEventClick = 1;   // Click(Ctrl, Cancel)
@@ -29,7 +29,7 @@ inline constexpr DISPID kEventChange = 1;  // Change(Ctrl)
 
 class CCommandBarControls;
 
-// Any control. Two controls of one tag raise each other's events: tags are unique.
+// Any control. Tags must be unique: controls with equal tags raise each other's events.
 class CCommandBarControl : public CDispatchObject {
  public:
   CCommandBarControl() = default;
@@ -54,7 +54,7 @@ class CCommandBarButton : public CCommandBarControl {
   static REFIID InterfaceId() noexcept;
 
   void SetStyle(int32_t style) const;
-  // Picture first, then mask; IPictureDisp objects of type bitmap.
+  // Sets the picture first, then the mask; both are IPictureDisp objects of type bitmap.
   void SetPicture(IDispatch* picture) const;
   void SetMask(IDispatch* mask) const;
 };
@@ -67,11 +67,11 @@ class CCommandBarComboBox : public CCommandBarControl {
 
   std::wstring Text() const;
   void SetText(std::wstring_view text) const;
-  int32_t ListIndex() const;  // from 1; 0 when the text was typed
+  int32_t ListIndex() const;  // from 1; 0 if the text was typed
   void AddItem(std::wstring_view text) const;
   void Clear() const;
   void SetStyle(int32_t style) const;
-  // Of the opened list, in pixels.
+  // Width of the opened list in pixels.
   void SetDropDownWidth(int32_t width) const;
 };
 
@@ -90,7 +90,7 @@ class CCommandBarControls : public CDispatchObject {
   explicit CCommandBarControls(IDispatchPtr object);
   static REFIID InterfaceId() noexcept;
 
-  // A new temporary control at the end.
+  // Adds a temporary control at the end.
   IDispatchPtr Add(long controlType) const;
 };
 
@@ -122,11 +122,11 @@ class CCommandBars : public CDispatchObject {
   explicit CCommandBars(IDispatchPtr object);
   static REFIID InterfaceId() noexcept;
 
-  // A new temporary bar, invisible until it is told to show.
+  // Adds a temporary bar, invisible until shown.
   CCommandBar Add(std::wstring_view name, long position) const;
-  // Throws when there is no bar of this name.
+  // Throws if there is no bar of this name.
   CCommandBar Item(std::wstring_view name) const;
-  // The first control of this type and tag on any bar of the window; empty when there is none.
+  // The first control of this type and tag on any of the window's bars; empty if there is none.
   IDispatchPtr FindControl(long controlType, std::wstring_view tag) const;
 };
 

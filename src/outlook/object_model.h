@@ -9,8 +9,8 @@
 
 namespace quor {
 
-// Outlook's object model, as much of it as the add-in uses: one small typed wrapper per object. A
-// wrapper that stands for "nothing" is empty and converts to false; calling it throws E_POINTER.
+// The part of Outlook's object model that the add-in uses: one small typed wrapper per object. A
+// wrapper without an object converts to false; calling it throws E_POINTER.
 
 inline constexpr long kFolderDeletedItems = 3;
 inline constexpr long kFolderContacts = 10;
@@ -18,7 +18,7 @@ inline constexpr int32_t kItemTypeAppointment = 1;
 inline constexpr int32_t kItemTypeContact = 2;
 inline constexpr int32_t kItemTypeJournal = 4;
 
-// Published event interfaces.
+// The published event interfaces.
 extern const IID kApplicationEvents;
 extern const IID kExplorersEvents;
 extern const IID kExplorerEvents;
@@ -28,7 +28,7 @@ extern const IID kItemEvents;
 extern const IID kItemsEvents;
 extern const IID kFoldersEvents;
 
-// Their dispatch ids: event interfaces have no names to ask for. The same number means different
+// Their dispatch ids; event interfaces offer no look-up by name. The same number means different
 // events on different sources.
 inline constexpr DISPID kEventOptionsPagesAdd = 0xF005;
 inline constexpr DISPID kEventQuit = 0xF007;
@@ -47,7 +47,7 @@ inline constexpr DISPID kEventFolderAdd = 0xF001;
 inline constexpr DISPID kEventFolderChange = 0xF002;
 inline constexpr DISPID kEventFolderRemove = 0xF003;
 
-// A contact's number fields that the add-in knows, in the order of telNumberType 1 to 12.
+// The contact's number fields that the add-in indexes, in the order of telNumberType 1 to 12.
 inline constexpr int kTelNumberTypeCount = 12;
 
 class CContactItem : public CDispatchObject {
@@ -58,7 +58,8 @@ class CContactItem : public CDispatchObject {
 
   CText EntryId() const;  // empty until the contact is saved
   CText FileAs() const;
-  // The number as the user wrote it. `telNumberType` is 1 to 12; anything else is E_INVALIDARG.
+  // The number as the user typed it. `telNumberType` is 1 to 12; any other value gives
+  // E_INVALIDARG.
   CText TelephoneNumber(int telNumberType) const;
   void SetTelephoneNumber(int telNumberType, std::wstring_view number) const;
   void SetFullName(std::wstring_view name) const;
@@ -67,7 +68,8 @@ class CContactItem : public CDispatchObject {
   void Display() const;
 };
 
-// The telNumberType whose property has this name, "HomeTelephoneNumber" say; 0 for any other.
+// The telNumberType of the property with this name: 7 for "HomeTelephoneNumber"; 0 for any other
+// name.
 int TelNumberTypeOf(std::wstring_view property);
 
 class CJournalItem : public CDispatchObject {
@@ -81,7 +83,7 @@ class CJournalItem : public CDispatchObject {
   void SetStart(double date) const;  // an automation DATE, local time
   void SetDuration(int32_t minutes) const;
   void SetBody(std::wstring_view body) const;
-  // The contact the entry belongs to; one that has been saved.
+  // Links the entry to a contact, which must have been saved.
   void AddLink(const CContactItem& contact) const;
   void Save() const;
 };
@@ -98,7 +100,8 @@ class CItems : public CDispatchObject {
 
 class CFolder;
 
-// The cursor of GetLast and GetPrevious lives in the collection object: hold one for a whole walk.
+// GetLast and GetPrevious keep their position in the collection object: use one object for a whole
+// walk.
 class CFolders : public CDispatchObject {
  public:
   CFolders() = default;
@@ -122,7 +125,7 @@ class CFolder : public CDispatchObject {
   std::wstring StoreId() const;
   int32_t DefaultItemType() const;
   IDispatchPtr Parent() const;  // the namespace for a top folder
-  // A new collection at every read.
+  // Creates a new collection at each call.
   CItems Items() const;
   CFolders Folders() const;
 };
@@ -136,7 +139,7 @@ class CNameSpace : public CDispatchObject {
   CFolders Folders() const;  // one per store
   CFolder GetDefaultFolder(long folder) const;
   CFolder GetFolderFromId(std::wstring_view entryId, std::wstring_view storeId) const;
-  // An empty store id leaves the store to Outlook.
+  // With an empty store id, Outlook chooses the store.
   IDispatchPtr GetItemFromId(std::wstring_view entryId, std::wstring_view storeId) const;
 };
 
@@ -178,7 +181,7 @@ class CExplorers : public CDispatchObject {
   static REFIID InterfaceId() noexcept;
 
   int32_t Count() const;
-  CExplorer Item(int32_t index) const;  // from 1; may be nothing
+  CExplorer Item(int32_t index) const;  // from 1; may be empty
 };
 
 class CInspectors : public CDispatchObject {
@@ -197,7 +200,7 @@ class COutlookApplication : public CDispatchObject {
   static REFIID InterfaceId() noexcept;
 
   std::wstring Version() const;
-  CNameSpace GetNamespace() const;  // "MAPI", the only one
+  CNameSpace GetNamespace() const;  // "MAPI", the only namespace
   CExplorers Explorers() const;
   CInspectors Inspectors() const;
   IDispatchPtr CreateItem(int32_t itemType) const;
