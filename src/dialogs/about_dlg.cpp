@@ -26,12 +26,12 @@ CAboutDlg::CAboutDlg(const DialogHost& host, IAboutActions& actions) noexcept
 
 void CAboutDlg::Open(HWND owner, const AboutFacts& facts) noexcept {
   GuardCall(m_log, "about box", [&] {
-    // Made for another owner it would open behind this one.
+    // Recreate the window for another owner; otherwise it would open behind it.
     if (IsWindow() && GetWindow(Window(), GW_OWNER) != owner) Destroy();
     RequireWindow(owner);
     Fill(facts);
     ShowInFront(owner, CentreOver);
-    // Windows has put the caret behind the path that the keyboard came to first.
+    // Windows puts the caret at the end of the first edit field; move it to the start.
     SendMessageW(Control(IDC_ABOUT_CONFIGURATION), EM_SETSEL, 0, 0);
   });
 }

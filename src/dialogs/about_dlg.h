@@ -10,20 +10,20 @@
 
 namespace quor {
 
-// What the about box tells.
+// Contents of the about box.
 struct AboutFacts {
   std::wstring version;
-  std::wstring build;  // the revision of the sources
+  std::wstring build;  // revision of the sources
   bool baseIsConnected = false;
   UsbLibraryState library = UsbLibraryState::Loaded;
   int missingOrdinal = 0;  // of an incomplete library
   LinkHealth link;
-  std::wstring connectedSince;  // date and time; empty without a base
+  std::wstring connectedSince;  // date and time; empty if not connected
   bool contactsAreBeingRead = false;
-  bool contactsWereLeftOut = false;  // the start-up scan ended at its limit
+  bool contactsWereLeftOut = false;  // the start-up scan reached its limit
   int32_t contacts = 0;              // read at start-up
-  int64_t items = 0;                 // in the contact folders, of whatever type
-  std::wstring configurationPath;    // empty when this session has no file
+  int64_t items = 0;                 // in the contact folders, of any type
+  std::wstring configurationPath;    // empty if this session has no file
   bool configurationIsUnreadable = false;
   bool configurationIsUnsaved = false;
   bool profileIsOutsideCodePage = false;
@@ -31,17 +31,17 @@ struct AboutFacts {
   bool logIsOn = false;
 };
 
-// Knows what the about box tells of the add-in's other parts.
+// Gathers the facts of other parts of the add-in.
 class IAboutSource {
  public:
-  // Fills in the library, the contacts and whether the configuration file can be read.
+  // Fills in the library, the contacts, and whether the configuration file can be read.
   virtual void Describe(AboutFacts& facts) const = 0;
 
  protected:
   ~IAboutSource() = default;
 };
 
-// What the user can do there. Called inside a boundary: throwing is allowed.
+// The user's actions in the about box. Called inside a boundary: exceptions are allowed.
 class IAboutActions {
  public:
   virtual void SwitchLog(bool on) = 0;
@@ -51,14 +51,13 @@ class IAboutActions {
   ~IAboutActions() = default;
 };
 
-// The about box: which product this is, where it keeps its files, and the switch of its log, which
-// works at once.
+// The about box: shows product, versions and file paths, and switches the log on and off at once.
 class CAboutDlg final : public CModelessDialog {
  public:
   // All must outlive the window.
   CAboutDlg(const DialogHost& host, IAboutActions& actions) noexcept;
 
-  // Shows the window in front of `owner`, a top-level window; null when there is none.
+  // Shows the window in front of `owner`, a top-level window or null.
   void Open(HWND owner, const AboutFacts& facts) noexcept;
 
  private:

@@ -5,14 +5,14 @@
 
 namespace quor {
 
-// The contact-loading window: says that a long load is under way.
+// The contact-loading window, shown during a long load.
 class CDataPopDlg final : public CModelessDialog {
  public:
   explicit CDataPopDlg(const DialogHost& host) noexcept;
 
-  // Creates the window, hidden. The owner is Outlook's main window; null when there is none.
+  // Creates the window hidden. The owner is Outlook's main window, or null.
   HRESULT Create(HWND outlook) noexcept;
-  // Drawn when this returns, so that it can be read while the load keeps Outlook busy.
+  // Paints the window before returning, so that it is readable while the load keeps Outlook busy.
   void Show() noexcept;
 
  private:

@@ -7,7 +7,7 @@
 namespace quor {
 namespace {
 
-// The filter of a dialog, for the hook, which Windows calls without any context.
+// Window property with the dialog's filter; Windows calls the hook without any context.
 constexpr wchar_t kFilter[] = L"QuorTelephoneToolbarDialog";
 
 bool IsKeyboardMessage(UINT message) noexcept {
@@ -26,7 +26,7 @@ bool BeginsWith(HWND button, wchar_t letter) noexcept {
   return text[0] == letter;
 }
 
-// The pop-ups' buttons have fixed texts without "&": Alt and the first letter presses them.
+// The pop-ups' button texts are fixed and have no "&": Alt and the first letter presses a button.
 bool PressByFirstLetter(HWND dialog, const MSG& message) noexcept {
   if (message.message != WM_SYSCHAR) return false;
   wchar_t letter = static_cast<wchar_t>(message.wParam);
@@ -43,7 +43,7 @@ bool PressByFirstLetter(HWND dialog, const MSG& message) noexcept {
   return false;
 }
 
-// Whether the key has done what it does in a dialog of ours, if only nothing.
+// Whether the key belongs to one of our dialogs and was used or discarded there.
 bool IsHandled(MSG& message) noexcept {
   const HWND dialog = GetAncestor(message.hwnd, GA_ROOT);
   if (dialog == nullptr) return false;
@@ -54,8 +54,8 @@ bool IsHandled(MSG& message) noexcept {
 }
 
 LRESULT CALLBACK GetMessageHook(int code, WPARAM removed, LPARAM parameter) {
-  // A key may close the dialog and end the add-in: nothing of either is used after that, but this
-  // code must still be there.
+  // A key may close the dialog and end the add-in. Nothing of either is used afterwards, but this
+  // code must stay loaded.
   const CModuleLock loaded;
   auto& message = *reinterpret_cast<MSG*>(parameter);
   if (code == HC_ACTION && removed == PM_REMOVE && IsKeyboardMessage(message.message) &&

@@ -5,7 +5,7 @@
 
 namespace quor {
 
-// Asked before a key does anything in a dialog.
+// Decides whether a key may have an effect in a dialog.
 class IKeyFilter {
  public:
   virtual bool AdmitsKey(const MSG& message) noexcept = 0;
@@ -14,9 +14,10 @@ class IKeyFilter {
   ~IKeyFilter() = default;
 };
 
-// Keyboard use of a modeless dialog (Tab, arrows, Enter, Esc, access keys), which a message loop
-// must know of but Outlook's does not. While attached, a hook sees the thread's keyboard messages
-// before Outlook takes them for its own shortcuts, and handles those of the dialog.
+// Keyboard use of a modeless dialog: Tab, arrows, Enter, Esc, access keys. These need
+// IsDialogMessage in the message loop, which Outlook's loop does not call. While attached, a hook
+// sees the thread's keyboard messages before Outlook uses them as shortcuts, and handles those of
+// the dialog.
 class CDialogKeyboard {
  public:
   CDialogKeyboard() = default;
@@ -24,10 +25,10 @@ class CDialogKeyboard {
   CDialogKeyboard(const CDialogKeyboard&) = delete;
   CDialogKeyboard& operator=(const CDialogKeyboard&) = delete;
 
-  // Of a dialog of the calling thread; the filter must outlive the attachment. Without memory for a
-  // hook the mouse remains.
+  // The dialog must belong to the calling thread; the filter must outlive the attachment. If the
+  // hook cannot be set, the dialog works with the mouse only.
   void Attach(HWND dialog, IKeyFilter& filter) noexcept;
-  // Safe inside a message that the hook itself delivers.
+  // May be called inside a message that the hook delivers.
   void Detach() noexcept;
 
  private:

@@ -7,7 +7,7 @@ namespace quor {
 HRESULT CDialogWindow::CreateHidden(HWND parent) noexcept {
   if (IsWindow()) return S_OK;
   const DLGTEMPLATE* dialog = m_resources.DialogTemplate(m_templateId);
-  // Not every failure leaves an error code.
+  // Some failures set no error code.
   SetLastError(ERROR_SUCCESS);
   if (dialog == nullptr ||
       CreateDialogIndirectParamW(m_resources.Module(), dialog, parent, DialogProcedure,
@@ -36,7 +36,7 @@ INT_PTR CALLBACK CDialogWindow::DialogProcedure(HWND window, UINT message, WPARA
   auto* self = reinterpret_cast<CDialogWindow*>(GetWindowLongPtrW(window, DWLP_USER));
   if (self == nullptr) return FALSE;
   const IUnknownPtr alive = &self->m_object;
-  INT_PTR result = TRUE;  // a handler that failed has had its message
+  INT_PTR result = TRUE;  // the message counts as handled if the handler throws
   GuardCall(self->m_log, "dialog message", [&] { result = self->Handle(message, wparam); });
   if (message == WM_DESTROY) {
     SetWindowLongPtrW(window, DWLP_USER, 0);

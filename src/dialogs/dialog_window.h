@@ -9,31 +9,31 @@
 
 namespace quor {
 
-// What a dialog needs of the COM object that it is a part of; all of it must outlive the dialog.
+// What a dialog needs from the COM object that it belongs to; all must outlive the dialog.
 struct DialogHost {
-  // Kept alive while a message is handled: what a button does may end in Outlook, which may release
-  // the object there.
+  // Held while a message is handled: a button may call into Outlook, which may release the object.
   IUnknown& object;
   const CResourceLoader& resources;
   CDiagnosticLog& log;
 };
 
-// A window made from a dialog template in the interface language. It is made and destroyed on
-// Outlook's user-interface thread; the object may outlive it and make it anew.
+// A window created from a dialog template in the interface language. Created and destroyed on
+// Outlook's user-interface thread. The object may outlive its window and create another.
 class CDialogWindow {
  public:
   CDialogWindow(const CDialogWindow&) = delete;
   CDialogWindow& operator=(const CDialogWindow&) = delete;
 
-  // Whether the window exists; it may have gone with its owner.
+  // Whether the window exists. Windows may have destroyed it with its owner.
   bool IsWindow() const noexcept { return m_window != nullptr && ::IsWindow(m_window) != FALSE; }
-  // Null without a window.
+  // Null if there is no window.
   HWND Window() const noexcept { return m_window; }
-  // Does nothing when there is no window.
+  // Does nothing if there is no window.
   void Destroy() noexcept;
 
  protected:
-  // Who derives destroys the window before the handler goes.
+  // A derived class must destroy the window in its destructor, while its message handler still
+  // exists.
   CDialogWindow(const DialogHost& host, int templateId) noexcept
       : m_resources(host.resources),
         m_log(host.log),
@@ -41,14 +41,14 @@ class CDialogWindow {
         m_templateId(templateId) {}
   ~CDialogWindow() = default;
 
-  // S_OK when there is a window already. A failure without a last Win32 error is E_FAIL.
+  // S_OK if the window exists already; E_FAIL for a failure without a Win32 error code.
   HRESULT CreateHidden(HWND parent) noexcept;
-  // The same, but throws the failure as a _com_error.
+  // The same, but throws a failure as a _com_error.
   void RequireWindow(HWND parent);
   HWND Control(int id) const noexcept { return GetDlgItem(m_window, id); }
 
-  // What a dialog procedure answers. Called inside a boundary: throwing is allowed. After
-  // WM_DESTROY there is no window any longer.
+  // Returns the dialog procedure's result. Called inside a boundary: exceptions are allowed. After
+  // WM_DESTROY there is no window any more.
   virtual INT_PTR Handle(UINT message, WPARAM wparam) = 0;
 
   const CResourceLoader& m_resources;

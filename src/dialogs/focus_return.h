@@ -5,20 +5,21 @@
 
 namespace quor {
 
-// Gives the keyboard back to the window that had it when one of ours came to the front by itself.
+// Returns the keyboard focus to the window that had it before one of ours came to the front by
+// itself.
 class CFocusReturn {
  public:
-  // Notes who has the keyboard, before our window takes it.
+  // Stores the focus owner; call before our window takes the focus.
   void Note() noexcept;
-  // Another window has been activated since: the user is elsewhere.
+  // Drops the stored owner, because the user has activated another window.
   void Forget() noexcept;
-  // `leaving` is about to be hidden. Nothing happens unless it is the active window, and nothing
-  // that has gone or cannot take the keyboard gets it. Calls out, and so may pump messages.
+  // Call before `leaving` is hidden. Does nothing unless it is the active window and the stored
+  // owner still exists and can take the focus. May pump messages.
   void Return(HWND leaving) noexcept;
 
  private:
-  HWND m_foreground = nullptr;  // perhaps of another program
-  HWND m_focus = nullptr;       // of this thread
+  HWND m_foreground = nullptr;  // possibly of another program
+  HWND m_focus = nullptr;       // a window of this thread
 };
 
 }  // namespace quor

@@ -35,7 +35,7 @@ void CKeyGuard::Attach(HWND dialog) noexcept {
 
 void CKeyGuard::Watch(HWND window) noexcept {
   const LONG_PTR procedure = GetWindowLongPtrW(window, GWLP_WNDPROC);
-  // Without memory for a property the message hook remains.
+  // If there is no memory for the property, the message hook still filters keys.
   if (!SetPropW(window, kGuard, this)) return;
   if (!SetPropW(window, kProcedure, reinterpret_cast<HANDLE>(procedure))) {
     RemovePropW(window, kGuard);
@@ -46,7 +46,7 @@ void CKeyGuard::Watch(HWND window) noexcept {
 
 LRESULT CALLBACK CKeyGuard::Procedure(HWND window, UINT message, WPARAM wparam,
                                       LPARAM lparam) noexcept {
-  // The add-in and with it the guard may go inside the call; this code must not.
+  // The call may destroy the add-in and the guard; this code must stay loaded.
   const CModuleLock loaded;
   auto* guard = static_cast<CKeyGuard*>(GetPropW(window, kGuard));
   const auto procedure = reinterpret_cast<WNDPROC>(GetPropW(window, kProcedure));

@@ -7,23 +7,22 @@
 
 namespace quor {
 
-// Keeps keys that were meant for another window from a dialog and its controls, whichever way they
-// come: posted or sent, through a message loop of ours or of others. The mouse and BM_CLICK are no
-// business of it.
+// Blocks keys meant for another window from a dialog and its controls, whether posted or sent, from
+// any message loop. Does not affect the mouse or BM_CLICK.
 class CKeyGuard {
  public:
   CKeyGuard() = default;
   CKeyGuard(const CKeyGuard&) = delete;
   CKeyGuard& operator=(const CKeyGuard&) = delete;
 
-  // Watches the dialog and its present controls until they are destroyed, which must be before the
-  // guard is.
+  // Guards the dialog and its present controls until they are destroyed, which must happen before
+  // the guard is destroyed.
   void Attach(HWND dialog) noexcept;
 
   void Begin() noexcept { m_quiet.Begin(GetTickCount()); }
   void End() noexcept { m_quiet.End(); }
 
-  // Of a keyboard message. `time` is when the key was struck, in ticks.
+  // Whether a keyboard message may pass. `time` is the tick count (milliseconds) of the key stroke.
   bool Admits(UINT message, WPARAM wparam, LPARAM lparam, DWORD time) noexcept;
 
  private:

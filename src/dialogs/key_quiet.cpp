@@ -5,7 +5,7 @@ namespace {
 
 constexpr int32_t kQuietTime = 500;  // milliseconds
 
-// Negative for a stroke that waited in the queue since before `since`.
+// Negative for a stroke that was already in the queue at `since`.
 int32_t Elapsed(uint32_t since, uint32_t time) noexcept {
   return static_cast<int32_t>(time - since);
 }
@@ -32,7 +32,7 @@ bool CKeyQuiet::AdmitsPress(uint8_t key, bool repeated) noexcept {
 
 bool CKeyQuiet::Admits(KeyStroke stroke, uint8_t key, bool repeated, uint32_t time) noexcept {
   if (!m_inFront) return false;
-  // The first repetition of a held key may come after more than half a second.
+  // Ignore repetitions here: the first one of a held key may come after more than half a second.
   if (!m_open && stroke != KeyStroke::Up && !repeated) m_open = IsQuiet(time);
   if (!m_open && Elapsed(m_lastStroke, time) > 0) m_lastStroke = time;
   switch (stroke) {

@@ -19,7 +19,8 @@ Surroundings SurroundingsOf(HWND outlook) noexcept {
       outlook != nullptr && IsWindow(outlook) && IsWindowVisible(outlook) && !IsIconic(outlook);
   MONITORINFO monitor = {};
   monitor.cbSize = sizeof monitor;
-  // Of a window that is minimised or gone the system still tells the nearest monitor.
+  // Also works for a minimised or destroyed window: Windows then returns the nearest or primary
+  // monitor.
   GetMonitorInfoW(MonitorFromWindow(outlook, MONITOR_DEFAULTTOPRIMARY), &monitor);
   Surroundings result = {AreaFrom(monitor.rcWork), AreaFrom(monitor.rcWork)};
   RECT rectangle = {};
@@ -36,7 +37,7 @@ void CModelessDialog::RequireWindow(HWND owner) {
 
 void CModelessDialog::ShowInFront(HWND outlook, Placement place) noexcept {
   if (!IsWindow()) return;
-  // Twice: on another monitor the window may take another size.
+  // Place it twice: its size may change when it moves to another monitor.
   for (int pass = 0; pass < 2; ++pass) {
     RECT own = {};
     GetWindowRect(Window(), &own);
@@ -80,7 +81,7 @@ INT_PTR CModelessDialog::Handle(UINT message, WPARAM wparam) {
   switch (message) {
     case WM_INITDIALOG:
       OnCreated();
-      return FALSE;  // TRUE would give the hidden window the focus
+      return FALSE;  // TRUE would set the focus to the hidden window
     case WM_SHOWWINDOW:
       if (wparam != FALSE) {
         m_keyboard.Attach(Window(), *this);

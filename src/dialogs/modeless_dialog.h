@@ -10,8 +10,8 @@
 
 namespace quor {
 
-// A window that is created hidden, then only filled, shown and hidden until it is destroyed.
-// Nothing waits for it.
+// A window that is created hidden and then only filled, shown and hidden until it is destroyed. No
+// call waits for the user.
 class CModelessDialog : public CDialogWindow, private IKeyFilter {
  public:
   bool IsVisible() const noexcept { return IsWindow() && IsWindowVisible(Window()) != FALSE; }
@@ -22,27 +22,28 @@ class CModelessDialog : public CDialogWindow, private IKeyFilter {
   using CDialogWindow::CDialogWindow;
   ~CModelessDialog() { Destroy(); }
 
-  // As the base's. A hidden window that another one owns is made again: it would open behind that.
+  // Creates the window if needed. Recreates a hidden window that has another owner, because it
+  // would open behind `owner`.
   void RequireWindow(HWND owner);
 
   using Placement = decltype(&CentreOver);
-  // Places the window over Outlook's main window, or in the middle of the main screen when that is
-  // null, gone or minimised; shows it (show command 5), draws it at once and brings it to the
-  // foreground. What Windows makes of the last is its decision.
+  // Centres the window over Outlook's main window, or on the main screen if that is null, destroyed
+  // or minimised. Shows it (show command 5), paints it at once and asks Windows to bring it to the
+  // foreground, which Windows may refuse.
   void ShowInFront(HWND outlook, Placement place) noexcept;
 
-  // Through the ANSI code page, as every text of ours reaches a control. False when there is no
-  // such window.
+  // Converts the text through the ANSI code page, like every text shown in a control. False if the
+  // window does not exist.
   static bool SetText(HWND window, std::wstring_view text);
-  // What the user typed, with every character that he typed.
+  // The text as the user typed it, without any conversion.
   std::wstring TypedText(int id) const;
-  // Moves the focus within the window, which must be the active one.
+  // Moves the focus within the window, which must be active.
   void FocusControl(int id) noexcept;
 
-  // Called inside a boundary: throwing is allowed.
+  // Called inside a boundary: exceptions are allowed.
   virtual void OnCreated() {}
   virtual void OnActivation(bool) {}
-  // A button was pressed; closing the window by other means presses IDCANCEL. Hides it.
+  // Handles a pressed button; closing the window in another way presses IDCANCEL. Hides the window.
   virtual void OnButton(int id);
 
  private:

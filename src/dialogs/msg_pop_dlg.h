@@ -6,13 +6,13 @@
 
 namespace quor {
 
-// The message pop-up: tells a telephone error. One window, made at the first message and used again
-// for every later one; a second message replaces the text of the first.
+// The message pop-up for telephone errors. One window, created for the first message and reused; a
+// new message replaces the text.
 class CMsgPopDlg final : public CModelessDialog, public IMessagePopup {
  public:
   explicit CMsgPopDlg(const DialogHost& host) noexcept;
 
-  // Outlook's main window, which owns the pop-up; null until it is known. Before the first message.
+  // Sets the owner, Outlook's main window, or null if unknown. Call before the first message.
   void SetOwner(HWND outlook) noexcept { m_outlook = outlook; }
 
   void ShowMessage(int stringId) override;

@@ -31,7 +31,7 @@ void COptionsDialog::OnButton(int id) {
     case IDC_OPTIONS_APPLY:
       Apply();
       break;
-    case IDC_OPTIONS_ABOUT:  // Enter on the panel's button is told to the window around it
+    case IDC_OPTIONS_ABOUT:  // Enter on the panel's button arrives here
       OnAboutPressed();
       break;
     default:
@@ -42,7 +42,7 @@ void COptionsDialog::OnButton(int id) {
 
 void COptionsDialog::OnOptionsChanged() {
   const HWND apply = Control(IDC_OPTIONS_APPLY);
-  // A disabled button must not keep the focus: the keyboard would be dead.
+  // Move the focus away from a button before it is disabled: otherwise no key would work.
   if (!m_panel.IsDirty() && GetFocus() == apply) FocusControl(IDOK);
   EnableWindow(apply, m_panel.IsDirty());
 }

@@ -6,14 +6,14 @@
 
 namespace quor {
 
-// The options in a window of their own, with OK, Cancel and Apply, for the toolbar's button.
+// The options in a window of their own with OK, Cancel and Apply, opened by the toolbar's button.
 class COptionsDialog final : public CModelessDialog, private IOptionsPanelOwner {
  public:
   // All must outlive the window.
   COptionsDialog(const DialogHost& host, IOptionsStore& store) noexcept;
 
-  // Shows the window with the stored values; one that is open already only comes to the front, with
-  // what the user has chosen so far. The owner is Outlook's main window; null when there is none.
+  // Shows the window with the stored values. If it is already open, brings it to the front with the
+  // user's changes so far. The owner is Outlook's main window, or null.
   void Open(HWND outlook) noexcept;
 
  private:

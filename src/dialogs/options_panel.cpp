@@ -9,7 +9,7 @@ namespace quor {
 namespace {
 
 constexpr int kLanguageCount = 3;
-// The modes in the order of the lists.
+// Pop-up modes in the order of the lists.
 constexpr int32_t kModes[] = {kPopUpContactForm, kPopUpSimpleWindow, kPopUpOff};
 
 LRESULT RowOfLanguage(int32_t language) noexcept {
@@ -21,7 +21,7 @@ LRESULT RowOfMode(int32_t mode) noexcept {
   return found == std::end(kModes) ? 0 : found - kModes;
 }
 
-// The letter after the first single "&", in upper case; NUL when there is none.
+// The letter after the first single "&", in upper case; NUL if there is none.
 wchar_t AccessKeyOf(HWND control) noexcept {
   wchar_t text[128] = {};
   GetWindowTextW(control, text, static_cast<int>(std::size(text)));
@@ -128,7 +128,7 @@ bool COptionsPanel::TranslateKey(MSG& message) noexcept {
   return IsDialogMessageW(Window(), &message) != FALSE;
 }
 
-// Whether the next stop lies, around the end, where the tab order began.
+// Whether Tab would wrap around from one end of the tab order to the other.
 bool COptionsPanel::LeavesPanel(bool backwards) const noexcept {
   const HWND first = Control(IDC_OPTIONS_LANGUAGE);
   const HWND last = Control(IDC_OPTIONS_ABOUT);

@@ -7,23 +7,22 @@
 
 namespace quor {
 
-// Told what the user does on the panel. Called inside a boundary: throwing is allowed.
+// Receives the user's actions on the panel. Called inside a boundary: exceptions are allowed.
 class IOptionsPanelOwner {
  public:
-  // The user chose something; ask IsDirty.
+  // The user changed a value; see IsDirty.
   virtual void OnOptionsChanged() = 0;
   virtual void OnAboutPressed() = 0;
-  // The keyboard has come to one of the panel's controls.
+  // One of the panel's controls received the focus.
   virtual void OnPanelFocus() {}
 
  protected:
   ~IOptionsPanelOwner() = default;
 };
 
-// The options as a child window: interface language, pop-up mode per line and cell, whether
-// calls are recorded in the journal, "About...". It
-// stands in Outlook's options dialog and in our own alike. Where the object outlives its window and
-// makes it anew, what the user chose is kept.
+// The options as a child window: interface language, pop-up mode per line and cell, whether calls
+// are recorded in the journal, "About...". Used in Outlook's options dialog and in our own. If the
+// window is destroyed and created again, the user's choices are kept.
 class COptionsPanel final : public CDialogWindow {
  public:
   // All must outlive the panel.
@@ -31,24 +30,24 @@ class COptionsPanel final : public CDialogWindow {
       : CDialogWindow(host, IDD_OPTIONS_PANEL), m_owner(owner) {}
   ~COptionsPanel() { Destroy(); }
 
-  // Creates the window, hidden, in the parent's upper left corner and in front of its other
+  // Creates the window hidden, in the parent's upper left corner and in front of its other
   // children. Throws _com_error.
   void Create(HWND parent);
   void FocusFirst() noexcept;
 
-  // From here on the panel holds these values and is not dirty. A value that is none of the choices
-  // shows as what it means and comes back as it was unless the user chooses another.
+  // Shows these values; the panel is not dirty then. A value outside the choices is shown as the
+  // choice that it is treated as, and is kept unless the user chooses another.
   void Load(const OptionValues& values);
   OptionValues Values() const noexcept;
-  // `current` with what the user has chosen here since the values were loaded: what was kept
-  // elsewhere meanwhile stays.
+  // `current` with the changes that the user has made since Load; other changes to the settings are
+  // kept.
   OptionValues ValuesOver(OptionValues current) const noexcept;
-  // Whether the values differ from those last loaded.
+  // Whether the values differ from those loaded last.
   bool IsDirty() const noexcept { return Values() != m_loaded; }
 
-  // A keyboard message of a container that knows no dialogs. True when the panel has used it;
-  // Enter, Esc and a Tab that leaves the panel are the container's, unless a control of ours wants
-  // them.
+  // For containers that do not call IsDialogMessage. True if the panel used the keyboard message.
+  // Enter, Esc and a Tab out of the panel are left to the container unless one of our controls
+  // wants them.
   bool TranslateKey(MSG& message) noexcept;
 
  private:

@@ -10,7 +10,7 @@
 
 namespace quor {
 
-// What the user can choose on the options page.
+// The values of the options page.
 struct OptionValues {
   int32_t languageNo = kEnglish;
   std::array<int32_t, kPopUpSlots> popUpModes = {};  // Line1, Line2, Cell1 to Cell4
@@ -19,14 +19,14 @@ struct OptionValues {
   bool operator==(const OptionValues&) const = default;
 };
 
-// Where the options page takes its values from and brings them to. Called inside a boundary:
-// throwing is allowed.
+// Loads and stores the values of the options page. Called inside a boundary: exceptions are
+// allowed.
 class IOptionsStore {
  public:
   virtual OptionValues Load() = 0;
-  // The same for a page that opens: the file is read again first.
+  // Like Load, but reads the file again first; for a page that opens.
   virtual OptionValues Reload() = 0;
-  // Keeps the values at once.
+  // Stores and saves the values.
   virtual void Apply(const OptionValues& values) = 0;
   // Opens the about box in front of `owner`, a top-level window.
   virtual void ShowAbout(HWND owner) = 0;

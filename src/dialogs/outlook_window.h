@@ -5,9 +5,9 @@
 
 namespace quor {
 
-// A window of Outlook on the calling thread, of class "rctrl_renwnd32": main windows and those of
-// items are alike. One that is visible comes first. Null when there is none. Look it up when it is
-// needed: windows come and go.
+// A window of Outlook on the calling thread, of class "rctrl_renwnd32": a main window or an item's
+// window, visible ones first. Null if there is none. Call it whenever a window is needed, because
+// windows come and go.
 HWND FindOutlookWindow() noexcept;
 
 }  // namespace quor

@@ -7,21 +7,21 @@
 
 namespace quor {
 
-// The pop-up windows of a session, from the connection to the disconnection. They go with Outlook's
-// main window and are made again when they are needed while another window of Outlook lives. None
-// appears without: a message for nobody is not worth a window.
+// The pop-up windows of a session, from connection to disconnection. They are destroyed with
+// Outlook's main window, and created again when needed while another Outlook window exists. Without
+// any Outlook window no pop-up appears, because nobody would see it.
 class CPopUps final : public IMessagePopup, private ICallerWindow {
  public:
   // All must outlive the pop-ups.
   CPopUps(const DialogHost& host, IAnswerHandler& answer) noexcept
       : m_log(host.log), m_messages(host), m_caller(host, answer), m_loading(host) {}
 
-  // The caller window, hidden: from now on pop-ups may appear.
+  // Creates the caller window hidden; pop-ups may appear from now on.
   void CreateCaller() noexcept;
-  // The loading window, hidden. The message pop-up's window waits for its first message.
+  // Creates the loading window hidden. The message pop-up is created with its first message.
   void CreateOthers() noexcept;
   void OnMainWindowClosed() noexcept;
-  // The disconnection: none appears any more.
+  // Disconnection: no pop-up appears any more.
   void Destroy() noexcept;
 
   void ShowMessage(int stringId) override;

@@ -8,11 +8,11 @@
 namespace quor {
 namespace {
 
-// Outlook's PropertyPageSite and its one method.
+// Outlook's PropertyPageSite and its only method.
 constexpr IID kPropertyPageSite = OfficeId(0x0006307F);
 constexpr DISPID kOnStatusChange = 0x2100;
 
-// The panel's 240 x 172 dialog units at the usual size of the dialog font, in HIMETRIC.
+// The panel's 240 x 172 dialog units at the usual dialog font size, in HIMETRIC (0.01 mm).
 constexpr SIZEL kExtent = {9525, 7408};
 
 }  // namespace
@@ -59,7 +59,7 @@ STDMETHODIMP_(ULONG) CPropPage::AddRef() {
 STDMETHODIMP_(ULONG) CPropPage::Release() {
   const ULONG left = --m_references;
   if (left == 0) {
-    // Destroying the window calls out, and what comes back may take and drop a reference.
+    // Destroying the window calls out, and code called from there may add and release a reference.
     m_references = 1;
     delete this;
   }

@@ -9,8 +9,8 @@
 
 namespace quor {
 
-// What an options page needs of the add-in it belongs to. The page keeps the add-in alive, so all
-// of it must live as long as `addin` does.
+// What an options page needs from its add-in. The page holds `addin`, so all of it must live as
+// long as `addin` does.
 struct OptionsPageParts {
   IUnknown& addin;
   IOptionsStore& store;
@@ -18,26 +18,26 @@ struct OptionsPageParts {
   CDiagnosticLog& log;
 };
 
-// The options as a page of Outlook's own options dialog: the panel as an ActiveX control.
+// The options as a page of Outlook's options dialog: the panel as an ActiveX control.
 class CPropPage final : public CDispatchPart<ITelephonePropertyPage>,
                         public CDispatchPart<PropertyPage>,
                         public CWindowedControl,
                         private IOptionsPanelOwner {
  public:
-  // A page that shows the stored values: the interface asked for with one reference, or a failure
-  // and a null pointer. May throw.
+  // Creates a page that shows the stored values. Returns the interface with one reference, or a
+  // failure and a null pointer. May throw.
   static HRESULT Create(const OptionsPageParts& parts, REFIID iid, void** object);
 
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
   STDMETHODIMP_(ULONG) AddRef() override;
   STDMETHODIMP_(ULONG) Release() override;
 
-  // PropertyPage; Outlook asks Dirty after OnStatusChange and calls Apply on OK and Apply.
+  // PropertyPage. Outlook calls get_Dirty after OnStatusChange, and Apply on OK and Apply.
   STDMETHODIMP GetPageInfo(BSTR* helpFile, long* helpContext) override;
   STDMETHODIMP get_Dirty(VARIANT_BOOL* dirty) override;
   STDMETHODIMP Apply() override;
 
-  // ITelephonePropertyPage adds the tab's title.
+  // ITelephonePropertyPage adds the title of the tab.
   STDMETHODIMP get_Caption(BSTR* caption) override;
 
  private:
@@ -65,7 +65,7 @@ class CPropPage final : public CDispatchPart<ITelephonePropertyPage>,
   const CResourceLoader& m_resources;
   CDiagnosticLog& m_log;
   COptionsPanel m_panel;
-  IDispatchPtr m_pageSite;  // Outlook's PropertyPageSite, while there is a client site
+  IDispatchPtr m_pageSite;  // Outlook's PropertyPageSite, null without a client site
 };
 
 }  // namespace quor

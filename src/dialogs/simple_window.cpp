@@ -7,7 +7,7 @@
 namespace quor {
 namespace {
 
-// The values are shown as they are; a text written for a label spells one "&" as two.
+// Values are shown without access keys; the string table doubles "&" for labels.
 std::wstring WithoutDoubledAmpersands(const std::wstring& label) {
   std::wstring text;
   for (size_t i = 0; i < label.size(); ++i) {
@@ -42,10 +42,9 @@ void CSimpleWindow::Show() {
   const bool inFront = IsVisible() && GetActiveWindow() == Window();
   if (!inFront) m_focus.Note();
   ShowInFront(m_outlook, CentreBelowToolbar);
-  // Another call in a window that is in front already.
+  // Another call while the window is already in front.
   if (inFront) m_keys.Begin();
-  // Windows may have left the window behind another program's; a screen reader tells of it there
-  // too.
+  // The window may be behind another program's, so notify screen readers, too.
   if (IsVisible()) NotifyWinEvent(EVENT_SYSTEM_ALERT, Window(), OBJID_CLIENT, CHILDID_SELF);
 }
 
@@ -53,7 +52,7 @@ void CSimpleWindow::Hide() {
   if (!IsVisible()) return;
   const unsigned shown = m_shown;
   m_focus.Return(Window());
-  // Unless the next call has come in while others took the keyboard.
+  // Do not hide the window if the next call was shown while the focus moved.
   if (shown == m_shown) CModelessDialog::Hide();
 }
 
@@ -83,7 +82,7 @@ bool CSimpleWindow::AdmitsKey(const MSG& message) noexcept {
 }
 
 void CSimpleWindow::OnButton(int id) {
-  // A press that was under way when the call went.
+  // The press may have begun before the call ended.
   const bool answers = id == IDOK && IsVisible() && IsWindowEnabled(Control(IDOK));
   Hide();
   if (answers) m_answer.OnAnswer(m_slot);
@@ -95,7 +94,7 @@ std::wstring CSimpleWindow::Shown(const CallerValue& value) const {
 }
 
 void CSimpleWindow::EnableAnswer(bool enabled) noexcept {
-  // A disabled button must not keep the focus: the keyboard would be dead.
+  // Move the focus away from a button before it is disabled: otherwise no key would work.
   if (!enabled && GetFocus() == Control(IDOK)) FocusControl(IDCANCEL);
   EnableWindow(Control(IDOK), enabled);
 }

@@ -12,31 +12,32 @@
 
 namespace quor {
 
-// Told when the user presses "Answer". Called inside a boundary: throwing is allowed.
+// Handles the "Answer" button. Called inside a boundary: exceptions are allowed.
 class IAnswerHandler {
  public:
-  // The slot of the call that the window shows: 0 Line1, 1 Line2, 2 to 5 Cell1 to Cell4.
+  // Slot of the call shown: 0 Line1, 1 Line2, 2 to 5 Cell1 to Cell4.
   virtual void OnAnswer(int slot) = 0;
 
  protected:
   ~IAnswerHandler() = default;
 };
 
-// The simple caller window: who is calling, on which line, with "Answer" and "Close". Either button
-// hides it. It follows the line until the call is over.
+// The simple caller window: caller and line, with the buttons "Answer" and "Close", both of which
+// hide it. It follows the line's state until the call ends.
 //
-// The window comes to the front by itself, so a key that was meant for the window before it must
-// not answer the call: keys do nothing until they have been quiet for half a second (key_quiet.h).
-// When it goes, the keyboard goes back to where it was.
+// The window comes to the front by itself, so a key meant for another window must not answer the
+// call: keys have no effect until half a second has passed without one (key_quiet.h). When the
+// window is hidden, the focus returns to where it was.
 class CSimpleWindow final : public CModelessDialog, public ICallerWindow {
  public:
   // All must outlive the window.
   CSimpleWindow(const DialogHost& host, IAnswerHandler& answer) noexcept;
   ~CSimpleWindow() { Destroy(); }
 
-  // Creates the window, hidden and without an owner: a call is seen while Outlook is minimised.
+  // Creates the window hidden and without an owner, so that a call is visible while Outlook is
+  // minimised.
   HRESULT Create() noexcept { return CreateHidden(nullptr); }
-  // Outlook's main window, on whose monitor the window appears; null until it is known.
+  // Outlook's main window, which determines the monitor; null if unknown.
   void SetOutlookWindow(HWND outlook) noexcept { m_outlook = outlook; }
 
   void Fill(const CallerValue& name, const CallerValue& number, int slot) override;
@@ -58,7 +59,7 @@ class CSimpleWindow final : public CModelessDialog, public ICallerWindow {
   IAnswerHandler& m_answer;
   HWND m_outlook = nullptr;
   int m_slot = 0;
-  unsigned m_shown = 0;  // how often it has been shown
+  unsigned m_shown = 0;  // number of times it was shown
   CKeyGuard m_keys;
   CFocusReturn m_focus;
 };

@@ -6,14 +6,14 @@
 
 namespace quor {
 
-// Asks before a speed dial entry is erased: "Erase ?", and which one.
+// Asks for confirmation before a speed dial entry is erased: "Erase ?" with the entry.
 class CSpeedDialErase final : public CModelessDialog {
  public:
   // All must outlive the window.
   CSpeedDialErase(const DialogHost& host, ISpeedDialStore& store) noexcept;
 
-  // Shows the window for the entry at `index`; opened for another entry it asks about that one
-  // instead. The owner is Outlook's main window; null when there is none.
+  // Shows the window for the entry at `index`. If it is already open for another entry, it changes
+  // to this one. The owner is Outlook's main window, or null.
   void Open(HWND outlook, size_t index, const SpeedDialEntry& entry) noexcept;
 
  private:

@@ -16,7 +16,7 @@ SpeedDialEntry Dialable(const SpeedDialEntry& offered) {
   return {offered.name, WideFromAnsi(FilterDialChars(number))};
 }
 
-// Unlike the dial box, an entry must have a number.
+// Unlike a text in the dial box, an entry must have a number.
 int Refusal(const std::wstring& number) {
   return number.empty() ? IDS_INVALID_NUMBER : NumberRefusal(AnsiFromWide(number));
 }
@@ -38,7 +38,7 @@ void CSpeedDialRegist::Open(HWND outlook, size_t index, const SpeedDialEntry& en
   });
 }
 
-// Not through the ANSI code page: what the user wrote must come back as he wrote it.
+// Not through the ANSI code page, so that no character of the user's text is lost.
 void CSpeedDialRegist::Fill(const SpeedDialEntry& shown) noexcept {
   SetWindowTextW(Control(IDC_SPEED_DIAL_NAME), shown.name.c_str());
   SetWindowTextW(Control(IDC_SPEED_DIAL_NUMBER), shown.number.c_str());
@@ -53,7 +53,7 @@ void CSpeedDialRegist::OnButton(int id) {
 }
 
 void CSpeedDialRegist::Save() {
-  // A number that is pasted keeps what can be dialled of it.
+  // Drops punctuation from a pasted number.
   SpeedDialEntry entry = {TypedText(IDC_SPEED_DIAL_NAME),
                           WithoutNumberPunctuation(TypedText(IDC_SPEED_DIAL_NUMBER))};
   if (const int refusal = Refusal(entry.number); refusal != IDS_NONE) {
@@ -61,7 +61,7 @@ void CSpeedDialRegist::Save() {
     m_messages.ShowMessage(refusal);
     return;
   }
-  // A menu item needs a text.
+  // An entry without a name uses its number as its menu text.
   if (entry.name.find_first_not_of(L' ') == std::wstring::npos) entry.name = entry.number;
   Hide();
   m_store.SetEntry(m_index, entry);

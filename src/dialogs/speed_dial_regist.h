@@ -7,19 +7,18 @@
 
 namespace quor {
 
-// Adds or edits a speed dial entry: "Name:", "Number:", "Save". A number may be written or pasted
-// with blanks and the like, which are dropped. One that could not be dialled is refused with the
-// dialler's own message, and the window stays open.
+// Adds or edits a speed dial entry: "Name:", "Number:", "Save". Blanks and punctuation in a number
+// are dropped. If a number cannot be dialled, the dialler's message is shown and the window stays
+// open.
 class CSpeedDialRegist final : public CModelessDialog {
  public:
   // All must outlive the window.
   CSpeedDialRegist(const DialogHost& host, ISpeedDialStore& store,
                    IMessagePopup& messages) noexcept;
 
-  // Shows the window for the entry at `index`, filled with what the entry holds or, when that is
-  // nothing, with what is offered: a name, and a number as its contact or caller spells it, of
-  // which the dial characters are taken. There is one window: opened for another entry it is filled
-  // anew. The owner is Outlook's main window; null when there is none.
+  // Shows the window for the entry at `index`, filled with the entry, or with `offered` if the
+  // entry is empty. The offered number is reduced to its dial characters. If the window is already
+  // open for another entry, it is filled again. The owner is Outlook's main window, or null.
   void Open(HWND outlook, size_t index, const SpeedDialEntry& entry,
             const SpeedDialEntry& offered) noexcept;
 

@@ -7,11 +7,11 @@
 
 namespace quor {
 
-// Takes what the user decided in the speed dial dialogs, and keeps it at once. Indexes are those
-// the dialogs were opened with. Called inside a boundary: throwing is allowed.
+// Stores and saves the user's changes from the speed dial dialogs. An index is the one that the
+// dialog was opened with. Called inside a boundary: exceptions are allowed.
 class ISpeedDialStore {
  public:
-  // The name is never empty; the number can be dialled as it stands.
+  // The name is not empty, and the number can be dialled.
   virtual void SetEntry(size_t index, const SpeedDialEntry& entry) = 0;
   virtual void EraseEntry(size_t index) = 0;
 

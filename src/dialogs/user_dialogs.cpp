@@ -16,7 +16,7 @@
 namespace quor {
 namespace {
 
-// The local date and time at which the milliseconds tick was that.
+// Converts a tick count (milliseconds) to local date and time.
 std::wstring TimeAtTick(uint32_t tick) {
   constexpr ULONGLONG kUnitsPerMillisecond = 10000;
   SYSTEMTIME now;
@@ -74,7 +74,7 @@ OptionValues CUserDialogs::Load() {
   return {values.languageNo, values.popUpModes, values.recordCalls != 0};
 }
 
-// A file that cannot be read changes nothing.
+// If the file cannot be read, the values stay unchanged.
 OptionValues CUserDialogs::Reload() {
   m_settings.Load();
   return Load();
@@ -103,7 +103,7 @@ void CUserDialogs::ShowAbout(HWND owner) {
   m_about.Open(owner, facts);
 }
 
-// Entries keep their places: the user knows them by these. Empty ones at the end are not kept.
+// Entries keep their positions, by which the user knows them. Empty entries at the end are dropped.
 void CUserDialogs::SetEntry(size_t index, const SpeedDialEntry& entry) {
   if (index >= kSpeedDialCount) return;
   std::vector<SpeedDialEntry>& entries = m_settings.Values().speedDials;
@@ -134,7 +134,7 @@ void CUserDialogs::SwitchLog(bool on) {
 }
 
 void CUserDialogs::OpenLogFolder() {
-  // There is no folder before the first line is written: then the one around it.
+  // The first log line creates the folder; before that, use its parent.
   std::string folder = CLogFile::TodaysPath();
   do {
     const size_t end = folder.find_last_of('\\');

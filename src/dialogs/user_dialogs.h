@@ -11,8 +11,8 @@
 
 namespace quor {
 
-// The windows that the user opens himself: speed dial, options, about. What he decides there goes
-// into the configuration and is saved at once.
+// The windows opened by the user: speed dial, options, about. His changes enter the configuration
+// and are saved at once.
 class CUserDialogs final : public IOptionsStore, private ISpeedDialStore, private IAboutActions {
  public:
   // All must outlive the dialogs.
@@ -20,7 +20,8 @@ class CUserDialogs final : public IOptionsStore, private ISpeedDialStore, privat
                IMessagePopup& messages, CTelCtrl& telCtrl, const CDeviceLink& link,
                const IAboutSource& about) noexcept;
 
-  // A window of Outlook's owns each; they may be opened again after this.
+  // Call when an Outlook window closes, because it may own one of the dialogs. They can be opened
+  // again.
   void Destroy() noexcept;
 
   void EditSpeedDial(size_t index, const SpeedDialEntry& entry, const SpeedDialEntry& offered);

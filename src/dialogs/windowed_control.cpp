@@ -7,7 +7,7 @@
 namespace quor {
 namespace {
 
-// Registered as MiscStatus 131473 too.
+// Equals MiscStatus 131473 in the registration script.
 constexpr DWORD kMiscStatus = OLEMISC_SETCLIENTSITEFIRST | OLEMISC_ACTIVATEWHENVISIBLE |
                               OLEMISC_INSIDEOUT | OLEMISC_CANTLINKINSIDE |
                               OLEMISC_RECOMPOSEONRESIZE;
@@ -22,7 +22,7 @@ RECT PixelsFrom(const SIZEL& extent) noexcept {
   return area;
 }
 
-// As IOleControlSite wants them: bit 0 Shift, bit 1 Ctrl, bit 2 Alt.
+// In the format of IOleControlSite: bit 0 Shift, bit 1 Ctrl, bit 2 Alt.
 DWORD KeyModifiers() noexcept {
   DWORD modifiers = 0;
   if (GetKeyState(VK_SHIFT) < 0) modifiers |= 1;
@@ -131,7 +131,8 @@ void CWindowedControl::Activate(HWND parent, const RECT* place) {
   if (site != nullptr) site->ShowObject();
 }
 
-// Where the window goes: what the container's in-place site says, else what came with the verb.
+// Returns the window's position and sets its parent, from the container's in-place site if it
+// supplies them, otherwise from the verb's arguments.
 RECT CWindowedControl::EnterSite(HWND& parent, const RECT* place) {
   RECT area = place != nullptr ? *place : PixelsFrom(m_extent);
   IOleInPlaceSitePtr site = m_clientSite;
@@ -157,7 +158,7 @@ RECT CWindowedControl::EnterSite(HWND& parent, const RECT* place) {
 
 void CWindowedControl::UiActivate() {
   if (!m_uiActive && m_inPlaceSite != nullptr) {
-    // Held: the container may deactivate the control inside either call.
+    // Hold the site: the container may deactivate the control inside either call.
     const IOleInPlaceSitePtr site = m_inPlaceSite;
     m_uiActive = true;
     site->OnUIActivate();
@@ -249,7 +250,7 @@ STDMETHODIMP CWindowedControl::InPlaceDeactivate() {
   UIDeactivate();
   CloseWindow();
   m_frame = nullptr;
-  // Told last: the site may let go of the control.
+  // Call the site last: it may release the control.
   const IOleInPlaceSitePtr site(m_inPlaceSite.Detach(), false);
   if (site != nullptr) site->OnInPlaceDeactivate();
   return S_OK;
@@ -258,7 +259,7 @@ STDMETHODIMP CWindowedControl::InPlaceDeactivate() {
 STDMETHODIMP CWindowedControl::UIDeactivate() {
   const IUnknownPtr alive = static_cast<IOleObject*>(this);
   if (!std::exchange(m_uiActive, false)) return S_OK;
-  // Held: the container may deactivate the control inside either call.
+  // Hold both: the container may deactivate the control inside either call.
   const IOleInPlaceFramePtr frame = m_frame;
   const IOleInPlaceSitePtr site = m_inPlaceSite;
   if (frame != nullptr) frame->SetActiveObject(nullptr, nullptr);
@@ -308,7 +309,7 @@ STDMETHODIMP CWindowedControl::EnableModeless(BOOL) {
 
 STDMETHODIMP CWindowedControl::GetControlInfo(CONTROLINFO* info) {
   if (info == nullptr) return E_POINTER;
-  // The window's access keys are found by TranslateAccelerator, or by the dialog around it.
+  // TranslateAccelerator, or the dialog around the window, handles its access keys.
   info->hAccel = nullptr;
   info->cAccel = 0;
   info->dwFlags = 0;

@@ -5,7 +5,7 @@
 #include "com/type_info_dispatch.h"
 #include "module/diagnostic_log.h"
 
-// ocidl.h needs windows.h before it.
+// ocidl.h requires windows.h first.
 #include <ocidl.h>
 
 _COM_SMARTPTR_TYPEDEF(IOleAdviseHolder, IID_IOleAdviseHolder);
@@ -17,9 +17,9 @@ _COM_SMARTPTR_TYPEDEF(IOleInPlaceUIWindow, IID_IOleInPlaceUIWindow);
 
 namespace quor {
 
-// As much of an ActiveX control as a container needs that shows one window of ours in a dialog:
-// it is active as long as it is visible, draws nothing while it is not, and has nothing to store.
-// The derived class is the COM object.
+// The part of an ActiveX control that a container needs to show one of our windows in a dialog:
+// active while visible, draws nothing otherwise, has nothing to store. The derived class is the COM
+// object.
 class CWindowedControl : public IOleObject,
                          public IOleInPlaceObject,
                          public IOleInPlaceActiveObject,
@@ -102,29 +102,30 @@ class CWindowedControl : public IOleObject,
   STDMETHODIMP GetClassInfo(ITypeInfo** info) override;
 
  protected:
-  // The class as registered, which must outlive the control, and the size the window is made for in
-  // HIMETRIC (2540 per inch).
+  // `clsid` is the registered class and must outlive the control; `extent` is the window's design
+  // size in HIMETRIC (2540 per inch).
   CWindowedControl(REFCLSID clsid, SIZEL extent, CDiagnosticLog& log) noexcept
       : m_clsid(clsid), m_extent(extent), m_log(log), m_classInfo(clsid) {}
   ~CWindowedControl() = default;
 
-  // One of the interfaces above, not counted; null when it is none of them.
+  // One of the interfaces above without a reference; null for any other.
   void* FindInterface(REFIID iid) noexcept;
 
   IOleClientSite* ClientSite() const noexcept { return m_clientSite; }
 
-  // The keyboard is in the window, or shall come there: from now on the container offers its keys.
+  // Call when the window has or should take the focus. The container then passes its keyboard
+  // messages.
   void UiActivate();
 
-  // Called inside a boundary: throwing is allowed.
+  // Called inside a boundary: exceptions are allowed.
   virtual void OpenWindow(HWND parent) = 0;
   virtual void CloseWindow() noexcept = 0;
-  // Null while there is none; it may go with its parent.
+  // Null if there is no window; it may be destroyed with its parent.
   virtual HWND ControlWindow() const noexcept = 0;
   virtual void TakeFocus() noexcept = 0;
-  // True when the window has used the keyboard message.
+  // True if the window used the keyboard message.
   virtual bool TranslateKey(MSG& message) noexcept = 0;
-  // The site has changed; null when the container lets go.
+  // Called when the site changes; `site` is null when the container releases the control.
   virtual void OnClientSite(IOleClientSite* site) = 0;
 
  private:

@@ -8,16 +8,16 @@ namespace quor {
 
 enum class CallDirection { Incoming, Outgoing };
 
-// One call, from its first sign to its end.
+// One call, from its first event to its end.
 struct CallRecord {
-  int slot = 0;  // 0 Line1, 1 Line2, 2 to 5 Cell1 to Cell4; kNoSlot for a cell the base never named
+  int slot = 0;  // 0 Line1, 1 Line2, 2 to 5 Cell1 to Cell4; kNoSlot for an unknown cell
   CallDirection direction = CallDirection::Incoming;
-  bool answered = false;  // somebody talked; an outgoing call always counts as answered
-  double start = 0;       // local time of the first ring or of the dialling, as an automation DATE
+  bool answered = false;  // always true for an outgoing call
+  double start = 0;       // local time of the first ring or of dialling, as an automation DATE
   uint32_t seconds = 0;   // of conversation
-  std::wstring name;      // empty when unknown
-  std::wstring number;    // as the contact or the base has it; empty when withheld
-  std::string entryId;    // of the contact, ANSI; empty when none matched
+  std::wstring name;      // empty if unknown
+  std::wstring number;    // from the contact or the base; empty if withheld
+  std::string entryId;    // of the contact, ANSI; empty if none matched
 
   bool operator==(const CallRecord&) const = default;
 };

@@ -9,7 +9,7 @@ namespace quor {
 namespace {
 
 constexpr uint32_t kDialPatience = 60000;  // milliseconds
-constexpr size_t kMostCalls = 2;           // of one channel
+constexpr size_t kMostCalls = 2;           // per channel
 constexpr size_t kCellChannel = 2;
 
 void Name(CallRecord& record, int slot, const CallParty& party) {
@@ -33,7 +33,7 @@ CCallTracker::Call* CCallTracker::Find(Calls& calls, Phase phase) noexcept {
 CCallTracker::Call& CCallTracker::Begin(int slot, Phase phase) {
   Calls& calls = CallsOf(slot);
   if (calls.size() == kMostCalls) {
-    // The end of the oldest was never reported.
+    // The end of the oldest call was not reported.
     End(calls.front());
     calls.erase(calls.begin());
   }
@@ -60,7 +60,7 @@ void CCallTracker::OnCaller(int slot, const CallParty& party) {
     ringing = nullptr;
   }
   if (ringing == nullptr) {
-    // The base repeats the caller ID of a call that has been answered.
+    // The base repeats the caller ID of an answered call.
     const Call* talking = Find(calls, Phase::Connected);
     if (talking != nullptr && talking->record.direction == CallDirection::Incoming &&
         talking->record.number == party.number) {
@@ -79,7 +79,7 @@ void CCallTracker::OnDial(int slot, const CallParty& party) {
   Name(call.record, slot, party);
 }
 
-// The base does not say which line refused; only the number dialled last waits for an answer.
+// The base does not report which line is busy, so drop the number dialled last.
 void CCallTracker::OnDialRefused() {
   Calls* latest = nullptr;
   uint32_t age = UINT32_MAX;
@@ -115,7 +115,7 @@ void CCallTracker::Follow(size_t channel, uint8_t state) {
   }
 }
 
-// A number that was dialled just now has not reached the line yet.
+// A number just dialled may not have reached the line yet.
 void CCallTracker::EndHeard(Calls& calls) {
   const uint32_t now = m_ticks.TickMilliseconds();
   std::erase_if(calls, [&](Call& call) {
@@ -129,7 +129,7 @@ void CCallTracker::Connect(size_t channel) {
   Calls& calls = m_calls[channel];
   if (Find(calls, Phase::Connected) != nullptr) return;
   if (calls.empty()) {
-    // Dialled on a handset.
+    // The call was dialled on a handset.
     const int slot = channel == kCellChannel ? kNoSlot : static_cast<int>(channel);
     Begin(slot, Phase::Connected).record.direction = CallDirection::Outgoing;
     return;

@@ -10,7 +10,7 @@
 
 namespace quor {
 
-// Local date and time. May jump: lengths of time come from the tick clock.
+// Local date and time. It may jump, so durations use the tick clock instead.
 class ILocalClock {
  public:
   virtual double Now() noexcept = 0;  // an automation DATE
@@ -19,7 +19,7 @@ class ILocalClock {
   ~ILocalClock() = default;
 };
 
-// Receives each call once, when it has ended.
+// Receives each call once, after its end.
 class IEndedCalls {
  public:
   virtual void Add(CallRecord call) = 0;
@@ -28,10 +28,10 @@ class IEndedCalls {
   ~IEndedCalls() = default;
 };
 
-// Finds the beginning and the end of every call in what the base reports. Per channel (Line1,
-// Line2, the cell side), with the states of telephone_state.h:
+// Finds the beginning and end of every call in the base's reports. Per channel (Line1, Line2, the
+// cell side), with the states of telephone_state.h:
 //
-//   sign                      no call yet            ringing          dialling    connected
+//   event                     no call yet            ringing          dialling    connected
 //   ring, caller ID           ringing                same or next     ringing     waiting call
 //   number dialled            dialling               dialling         dialling    dialling
 //   state 3 or 4              connected, outgoing    connected        connected   -
@@ -39,8 +39,8 @@ class IEndedCalls {
 //   state 0, EndAll           -                      ends, missed     dropped     ends
 //   any other state           -                      -                -           -
 //
-// A second ring is the same call unless its caller ID names another number. A dialled number that
-// never connects is no call; it is dropped after a minute or with the base's busy reply.
+// A second ring belongs to the same call unless its caller ID has another number. A dialled number
+// that never connects is not a call; it is dropped after a minute or at the base's busy reply.
 class CCallTracker final : public ICallObserver {
  public:
   // All must outlive the tracker.
@@ -52,7 +52,7 @@ class CCallTracker final : public ICallObserver {
   void OnDial(int slot, const CallParty& party) override;
   void OnDialRefused() override;
   void OnStates(uint8_t line1, uint8_t line2, uint8_t cell) override;
-  // The base has gone, or Outlook closes: every call ends now.
+  // Ends every call, because the base is disconnected or Outlook closes.
   void EndAll() override;
 
   bool IsRinging() const noexcept;
@@ -64,7 +64,7 @@ class CCallTracker final : public ICallObserver {
     uint32_t since;  // milliseconds tick at which the phase began
     CallRecord record;
   };
-  using Calls = std::vector<Call>;  // of one channel: one, or two while a second call waits
+  using Calls = std::vector<Call>;  // of one channel: one call, or two while a second one waits
 
   Calls& CallsOf(int slot) noexcept;
   static Call* Find(Calls& calls, Phase phase) noexcept;

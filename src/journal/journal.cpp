@@ -8,10 +8,10 @@
 namespace quor {
 namespace {
 
-// The type under which Outlook lists phone calls.
+// Outlook's journal type for phone calls.
 constexpr wchar_t kPhoneCall[] = L"Phone call";
 
-// More calls than end between two idle moments.
+// More calls than can end between two idle moments.
 constexpr size_t kMostWaiting = 200;
 
 }  // namespace
@@ -25,7 +25,7 @@ void CJournal::Add(CallRecord call) {
 void CJournal::WriteOne() noexcept {
   if (m_calls.empty()) return;
   GuardCall(m_log, "journal entry", [this] {
-    // Taken out first: the calls below may pump messages and come back here.
+    // Remove the call first: the calls below may pump messages and re-enter.
     const CallRecord call = std::move(m_calls.front());
     m_calls.pop_front();
     Write(call);
@@ -38,7 +38,7 @@ void CJournal::WriteAll() noexcept {
 }
 
 void CJournal::Write(const CallRecord& call) {
-  // A copy: a shutdown inside a call releases the application.
+  // A copy, because a shutdown inside a call releases m_application.
   const COutlookApplication application = m_application;
   if (!application) return;
   const CJournalItem entry = QueryObject<CJournalItem>(application.CreateItem(kItemTypeJournal));
@@ -49,7 +49,7 @@ void CJournal::Write(const CallRecord& call) {
   entry.SetDuration(JournalMinutes(call));
   entry.SetBody(JournalBody(call, m_texts));
   if (!call.entryId.empty()) {
-    // The entry is worth keeping without its link.
+    // Keep the entry even if the link fails.
     GuardCall(m_log, "link of the journal entry", [&] {
       if (const CContactItem contact = m_contacts.Open(call.entryId)) entry.AddLink(contact);
     });

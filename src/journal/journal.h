@@ -14,9 +14,9 @@
 
 namespace quor {
 
-// Calls that have ended, on their way into Outlook's journal: entries of type "Phone call" in the
-// default journal folder, written one by one in idle moments. A call is kept only while the user
-// wants calls recorded. An entry that Outlook refuses is logged and dropped.
+// Writes ended calls into Outlook's journal, one at a time when Outlook is idle: entries of type
+// "Phone call" in the default journal folder. Calls are kept only while the user has recording
+// switched on. If Outlook refuses an entry, the failure is logged and the entry dropped.
 class CJournal final : public IEndedCalls {
  public:
   // All must outlive the journal; the application may still be empty at construction.
@@ -32,9 +32,9 @@ class CJournal final : public IEndedCalls {
   void Add(CallRecord call) override;
   bool HasCalls() const noexcept { return !m_calls.empty(); }
 
-  // The oldest call. Calls into Outlook.
+  // Writes the oldest call. Calls into Outlook.
   void WriteOne() noexcept;
-  // All that wait, before Outlook closes.
+  // Writes all waiting calls, before Outlook closes.
   void WriteAll() noexcept;
 
  private:

@@ -9,15 +9,15 @@
 
 namespace quor {
 
-// "Missed call: Anna Lee", "Call from Anna Lee", "Call to Anna Lee"; the number stands for a name
-// that is not known, and "Unknown" for neither.
+// "Missed call: Anna Lee", "Call from Anna Lee" or "Call to Anna Lee". Without a name the number is
+// used, without both "Unknown".
 std::wstring JournalSubject(const CallRecord& call, const IStringTable& texts);
 
-// Line or cell, direction, name, number and length of the call, a line each; what is not known is
+// Line or cell, direction, name, number and duration of the call, one per line; unknown values are
 // left out.
 std::wstring JournalBody(const CallRecord& call, const IStringTable& texts);
 
-// The journal counts in whole minutes: a call of seconds still lasts one, a missed call none.
+// Duration in whole minutes: at least 1 for a call with a conversation, 0 for a missed call.
 int32_t JournalMinutes(const CallRecord& call) noexcept;
 
 }  // namespace quor

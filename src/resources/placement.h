@@ -3,7 +3,7 @@
 
 namespace quor {
 
-// Where a window of ours goes. Pixels of the virtual screen; right and bottom lie outside.
+// Positions of our windows. Pixels of the virtual screen; right and bottom are exclusive.
 struct ScreenArea {
   int left = 0;
   int top = 0;
@@ -21,17 +21,17 @@ struct ScreenPoint {
   bool operator==(const ScreenPoint&) const = default;
 };
 
-// The nearest corner at which a window of this size lies inside the work area; of a window larger
-// than that, the upper left corner stays visible.
+// The nearest corner that keeps a window of this size inside the work area. A larger window keeps
+// its upper left corner visible.
 ScreenPoint KeepInside(ScreenPoint corner, int width, int height,
                        const ScreenArea& workArea) noexcept;
 
-// Centres a window of this size over another, kept inside the work area.
+// Centres a window over another one and keeps it inside the work area.
 ScreenPoint CentreOver(const ScreenArea& anchor, int width, int height,
                        const ScreenArea& workArea) noexcept;
 
-// The same, but below a band as high as the window itself at the anchor's top, which holds title
-// bar and toolbar or ribbon: the dial box stays uncovered wherever the work area allows it.
+// The same, but below a band at the anchor's top that is as high as the window. The band holds
+// title bar and toolbar or ribbon, so the dial box stays uncovered if the work area has room.
 ScreenPoint CentreBelowToolbar(const ScreenArea& anchor, int width, int height,
                                const ScreenArea& workArea) noexcept;
 

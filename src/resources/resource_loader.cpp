@@ -10,8 +10,8 @@ constexpr LANGID kEnglishLanguage = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US)
 constexpr LANGID kNeutralLanguage = MAKELANGID(LANG_NEUTRAL, SUBLANG_NEUTRAL);
 constexpr int kStringsPerBlock = 16;
 
-// A block of a string table is sixteen strings one after the other, each a length and so many
-// UTF-16 units; length 0 is a string that is not there.
+// A block of a string table has sixteen strings, each a length and that many UTF-16 units; length 0
+// means that the string is missing.
 std::wstring StringInBlock(std::span<const std::byte> block, int position) {
   for (;; --position) {
     WORD length = 0;

@@ -13,8 +13,8 @@
 
 namespace quor {
 
-// The module's resources. Strings and dialogs are chosen by explicit language: since Windows Vista
-// neither the thread's nor the process's locale decides, and Outlook's own must not be disturbed.
+// The module's resources. Strings and dialogs are loaded by explicit language: since Windows Vista
+// the thread's locale does not select resources, and the process's locale is Outlook's.
 class CResourceLoader final : public IStringTable {
  public:
   // English until SetLanguage.
@@ -22,16 +22,16 @@ class CResourceLoader final : public IStringTable {
   CResourceLoader(const CResourceLoader&) = delete;
   CResourceLoader& operator=(const CResourceLoader&) = delete;
 
-  // What the language lacks is taken from English.
+  // A text missing in this language is taken from English.
   void SetLanguage(uint16_t primary, uint16_t sub) noexcept;
 
   std::wstring Text(int id) const override;
-  // The text in each of the languages that have it.
+  // The text in each language that has it.
   std::vector<std::wstring> TextInEveryLanguage(int id) const;
-  // Null when there is none. Valid as long as the module is loaded.
+  // Null if there is none. Valid while the module is loaded.
   const DLGTEMPLATE* DialogTemplate(int id) const noexcept;
-  // The bytes of a language-neutral resource of a type of ours; empty when there is none. Valid as
-  // long as the module is loaded.
+  // The bytes of a language-neutral resource with one of our types; empty if there is none. Valid
+  // while the module is loaded.
   std::span<const std::byte> Data(const wchar_t* type, int id) const noexcept;
 
   HINSTANCE Module() const noexcept { return m_module; }

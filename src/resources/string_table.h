@@ -5,10 +5,10 @@
 
 namespace quor {
 
-// The texts of the add-in in the interface language, by the numbers of resources/resource_ids.h.
+// The add-in's texts in the interface language, by the ids of resources/resource_ids.h.
 class IStringTable {
  public:
-  // Empty when no language has the text.
+  // Empty if no language has the text.
   virtual std::wstring Text(int id) const = 0;
 
  protected:

@@ -6,13 +6,13 @@
 
 namespace quor {
 
-// Text is UTF-16 at COM and in the configuration, and in the process's ANSI code page (GetACP) in
-// the device records, the index and the log. These two are the only conversions between them.
+// The only conversions between UTF-16 and the process's ANSI code page (GetACP). COM and the
+// configuration use UTF-16; the device records, the index and the log use ANSI.
 //
-// A character that the code page lacks becomes its replacement ("?"); nothing fails. Embedded NULs
-// are converted like any other character.
+// A character outside the code page becomes the replacement character "?"; nothing fails. Embedded
+// NULs are converted like any other character.
 std::string AnsiFromWide(std::wstring_view text);
-// The same into a string that keeps its memory, for many texts one after the other.
+// The same; `result` keeps its memory when many texts are converted in turn.
 void AnsiFromWide(std::wstring_view text, std::string& result);
 std::wstring WideFromAnsi(std::string_view text);
 

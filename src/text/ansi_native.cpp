@@ -1,5 +1,5 @@
-// The Western code page (1252) for builds without Windows, so that the logic is tested with a real
-// single-byte code page and its gaps.
+// Code page 1252 for builds without Windows, so that tests use a real single-byte code page with
+// its unassigned codes.
 #include <array>
 
 #include "text/ansi.h"

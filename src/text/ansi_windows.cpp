@@ -7,7 +7,7 @@
 namespace quor {
 namespace {
 
-// Names and numbers are nearly always shorter: they are converted in one go.
+// Most names and numbers are shorter and need no measuring call.
 constexpr size_t kShortLength = 64;
 
 // ASCII is the same in every ANSI code page.
@@ -35,7 +35,7 @@ void AnsiFromWide(std::wstring_view text, std::string& result) {
     return;
   }
   const int length = static_cast<int>(text.size());
-  // No code page takes more than four bytes for a UTF-16 unit.
+  // No code page uses more than four bytes for a UTF-16 unit.
   char shortText[4 * kShortLength];
   if (text.size() <= kShortLength) {
     const int written = WideCharToMultiByte(GetACP(), 0, text.data(), length, shortText,

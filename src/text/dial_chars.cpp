@@ -44,7 +44,7 @@ bool IsDialChar(char character) noexcept {
 
 std::string FilterDialChars(std::string& source) {
   std::string result = std::exchange(source, std::string());
-  // Without a branch that nobody could foresee: written numbers have their gaps anywhere.
+  // Branch-free, because the positions of punctuation in numbers are unpredictable.
   size_t kept = 0;
   for (const char character : result) {
     result[kept] = character;

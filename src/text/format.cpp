@@ -8,8 +8,8 @@ std::string FormatArguments(const char* format, va_list arguments) {
   va_list measured;
   va_copy(measured, arguments);
 #ifdef _WIN32
-  // The system's C library: the compiler's own replacement knows every floating-point format and
-  // costs 40 KB.
+  // Use the system's C library: mingw's replacement supports every floating-point format and adds
+  // 40 KB.
   const int length = _vscprintf(format, measured);
 #else
   const int length = std::vsnprintf(nullptr, 0, format, measured);

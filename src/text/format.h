@@ -6,12 +6,12 @@
 
 namespace quor {
 
-// printf-style formatting into a string. Only integer and string conversions are used here; they
-// mean the same to every C library.
+// Formats like printf into a string. Use integer and string conversions only; they behave the same
+// in every C library.
 [[gnu::format(printf, 1, 2)]] std::string Format(const char* format, ...);
 std::string FormatArguments(const char* format, va_list arguments);
 
-// A number in decimal.
+// The number in decimal.
 std::wstring DecimalText(long long number);
 
 }  // namespace quor
