@@ -75,9 +75,9 @@ HRESULT CAddin::FinalConstruct() noexcept {
 void CAddin::FinalRelease() noexcept {
   m_log.Write("Final Release\n");
   m_window.Destroy();
-  // Still open as it may be, the base's library runs a thread for it.
+  // The base's library runs a thread for an open device.
   m_link.Close();
-  // In order, while every member is alive: releasing Outlook's objects may raise events.
+  // Release in order while all members exist: releasing Outlook's objects may raise events.
   m_disconnected = true;
   LetGo(ext_dm_HostShutdown);
   m_language.Leave();
@@ -93,7 +93,7 @@ STDMETHODIMP CAddin::QueryInterface(REFIID iid, void** object) {
   } else if (iid == __uuidof(IRibbonExtensibility)) {
     *object = static_cast<IRibbonExtensibility*>(this);
   } else if (iid == IID_IDispatch || iid == __uuidof(ITelephoneAddin)) {
-    // Office looks for the ribbon's callbacks on the object's IDispatch.
+    // Office calls the ribbon's callbacks through the object's IDispatch.
     *object = static_cast<ITelephoneAddin*>(this);
   } else {
     return E_NOINTERFACE;
@@ -109,7 +109,7 @@ STDMETHODIMP_(ULONG) CAddin::AddRef() {
 STDMETHODIMP_(ULONG) CAddin::Release() {
   const ULONG left = --m_references;
   if (left == 0 && !ProcessIsEnding()) {
-    // Tearing down calls out, and what comes back may take and drop a reference.
+    // The destructor calls out, and code called from there may add and release a reference.
     m_references = 1;
     delete this;
   }
@@ -132,14 +132,14 @@ STDMETHODIMP CAddin::OnConnection(IDispatch* application, ext_ConnectMode, IDisp
   const IUnknownPtr alive = &Identity();
   m_log.Write("CAddin::OnConnection\n");
   const unsigned connection = ++m_connection;
-  // A failed start leaves the add-in loaded and idle.
+  // A failed start leaves the add-in loaded but idle.
   HRESULT result = S_FALSE;
   GuardCall(m_log, "OnConnection", [&] { result = Start(application, connection); });
-  // Disconnected and connected again inside one of those calls.
+  // Disconnected and connected again inside one of the calls.
   if (connection != m_connection) return S_FALSE;
   m_starting = false;
   if (m_disconnected) {
-    // Disconnected inside one of those calls: what it gave us has to go, too.
+    // Disconnected inside one of the calls: release what was acquired since.
     LetGo(ext_dm_UserClosed);
     return S_FALSE;
   }

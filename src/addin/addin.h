@@ -33,9 +33,9 @@
 
 namespace quor {
 
-// The one COM object that Outlook loads, and the composition root: it owns one of each collaborator
-// and hands on to them what Outlook, the hidden window and the timers bring. It knows the order in
-// which the add-in comes up and goes down, and nothing else.
+// The COM object that Outlook loads, and the composition root. It owns one of each collaborator and
+// passes on the events of Outlook, the hidden window and the timers. It contains only the order of
+// start-up and shutdown.
 class CAddin final : public CDispatchPart<IDTExtensibility2>,
                      public CDispatchPart<IRibbonExtensibility>,
                      public CDispatchPart<ITelephoneAddin>,
@@ -46,7 +46,7 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
                      private IAnswerHandler,
                      private IAboutSource {
  public:
-  // For the class table: an object with its hidden window, or the failure to make that.
+  // For the class table: creates the object with its hidden window; fails if the window fails.
   static HRESULT Create(IUnknown* outer, REFIID iid, void** object);
 
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
@@ -64,8 +64,8 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   // IRibbonExtensibility
   STDMETHODIMP GetCustomUI(BSTR ribbonId, BSTR* document) override;
 
-  // ITelephoneAddin: the ribbon's callbacks (addin_ribbon.cpp). They work, with defaults, before
-  // OnConnection has finished and after it has failed.
+  // ITelephoneAddin: the ribbon's callbacks (addin_ribbon.cpp). Before OnConnection has finished,
+  // and after it failed, they return default values.
   STDMETHODIMP RibbonLoadMain(IDispatch* ribbon) override;
   STDMETHODIMP RibbonLoadContact(IDispatch* ribbon) override;
   STDMETHODIMP GetLabel(IDispatch* control, BSTR* label) override;
@@ -86,7 +86,7 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   STDMETHODIMP ContactLine1Clicked(IDispatch* control) override;
   STDMETHODIMP ContactLine2Clicked(IDispatch* control) override;
 
-  // For the class table: the options page of the running add-in, E_FAIL when there is none.
+  // For the class table: the options page of the running add-in; E_FAIL if there is none.
   static HRESULT CreateOptionsPage(IUnknown* outer, REFIID iid, void** object);
 
  private:
@@ -114,11 +114,11 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   HRESULT OnNewMainExplorer();
   bool CreateMainToolbar(const char* failure);
   HRESULT FinishStart(unsigned connection);
-  // Whether the main window has closed; logged if so.
+  // Whether the main window has closed, which is then logged.
   bool IsExplorerClosed() noexcept;
-  // Releases what the steps of a failed start acquired.
+  // Releases what a failed start has acquired.
   void GiveUpStart(HRESULT result) noexcept;
-  // Whether OnConnection ran to its end; says so if it did not.
+  // Whether OnConnection completed; logs if it did not.
   bool HasFinished() noexcept;
 
   // The shutdown sequences (addin_shutdown.cpp).
@@ -196,16 +196,16 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   CUserInterface m_ui;
   CTelephone m_telephone;
 
-  // The one add-in of the process, for an options page that Outlook makes by itself.
+  // The running add-in, for an options page that Outlook creates.
   static CAddin* s_addin;
 
-  unsigned m_connection = 0;  // changes with every OnConnection
+  unsigned m_connection = 0;  // changes with each OnConnection
   bool m_starting = false;    // OnConnection is on the stack
   bool m_explorerClosed = false;
-  bool m_finished = false;  // OnConnection ran to its end
+  bool m_finished = false;  // OnConnection completed
   bool m_disconnected = false;
   bool m_quitting = false;
-  bool m_buildDue = false;  // the contacts are to be read at the next tick of the deferred timer
+  bool m_buildDue = false;  // the next tick of the deferred timer starts reading the contacts
   bool m_stopRequested = false;
 };
 

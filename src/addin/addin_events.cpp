@@ -6,7 +6,7 @@
 namespace quor {
 namespace {
 
-// Milliseconds. Longer than the keyboard takes from one repetition of an arrow key to the next.
+// Milliseconds; longer than the pause between two repetitions of a held arrow key.
 constexpr UINT kSelectionRest = 200;
 constexpr UINT kJournalRest = 1000;
 
@@ -57,7 +57,7 @@ void CAddin::OnTimer(UINT_PTR timer) {
   }
 }
 
-// One entry at a time, and none while a caller waits for an answer.
+// Writes one entry per tick, and none while a call rings.
 void CAddin::WriteJournal() {
   if (m_calls.IsRinging()) return;
   m_window.StopTimer(kJournalTimer);
@@ -65,17 +65,17 @@ void CAddin::WriteJournal() {
   if (m_journal.HasCalls()) m_window.StartTimer(kJournalTimer, kJournalRest);
 }
 
-// Outlook closes: what still runs ends here, and there is no idle moment to wait for.
+// Outlook closes: ends the running calls and writes all entries now.
 void CAddin::EndCalls() {
   m_calls.EndAll();
   m_journal.WriteAll();
 }
 
-// The first tick begins to read the contacts, further ones go on with it. Timers come after
-// everything else that is in the queue: input, painting and what the base reports.
+// The first tick starts reading the contacts, later ones continue. Windows delivers timer messages
+// after everything else in the queue: input, painting and the base's reports.
 void CAddin::BuildContacts() {
   m_window.StopTimer(kDeferredTimer);
-  // A tick that was already under way when the add-in was disconnected.
+  // The add-in was disconnected while this tick was pending.
   if (m_stopRequested) return;
   m_sliceClock.Start();
   if (std::exchange(m_buildDue, false)) {
@@ -114,7 +114,7 @@ void CAddin::OnOptionsPagesAdd(IDispatch* pages) {
 
 void CAddin::OnSelectionChange() {
   m_log.Write("CAddin::OnSelectionChange\n");
-  // Nothing is read yet: walking through a list with the arrow keys must cost nothing.
+  // Do not read the contact yet: moving through a list with the arrow keys must cost nothing.
   if (HasFinished() && !m_explorerClosed) m_window.StartTimer(kSelectionTimer, kSelectionRest);
 }
 
@@ -123,7 +123,7 @@ void CAddin::OnFolderSwitch() {
   if (HasFinished()) m_ui.OnFolderSwitch();
 }
 
-// An event that comes before the connection is complete, or after it failed, is said and ignored.
+// Events before OnConnection finishes, or after it failed, are logged and ignored.
 bool CAddin::HasFinished() noexcept {
   if (!m_finished) m_log.Write("Not finished OnConnection!\n");
   return m_finished;

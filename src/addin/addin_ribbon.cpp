@@ -1,4 +1,4 @@
-// The ribbon's callbacks, handed on as they come.
+// The ribbon's callbacks; each calls the ribbon or the user interface directly.
 #include "addin/addin.h"
 
 namespace quor {
@@ -12,7 +12,7 @@ STDMETHODIMP CAddin::RibbonLoadContact(IDispatch* ribbon) {
 }
 
 HRESULT CAddin::LoadRibbon(IDispatch* ribbon, RibbonWindow window) {
-  // Nobody would let go of one that comes after the disconnection.
+  // A ribbon loaded after the disconnection would never be released.
   return m_disconnected ? S_OK : m_ui.Ribbon().Load(ribbon, window);
 }
 
@@ -48,7 +48,7 @@ STDMETHODIMP CAddin::ChangeComboBox(IDispatch* control, BSTR text) {
   return m_ui.Ribbon().ChangeComboBox(control, text);
 }
 
-// What was clicked follows from the control's id, so every onAction is the same callback.
+// The control's id selects the action, so every onAction is the same callback.
 STDMETHODIMP CAddin::Line1Clicked(IDispatch* control) {
   return RibbonClicked(control);
 }

@@ -11,7 +11,7 @@ void CAddin::OnQuit() {
   m_settings.Save();
   m_folders.StopScan();
   EndCalls();
-  // Those made again after the main window had closed.
+  // Pop-ups created again after the main window had closed.
   m_popUps.Destroy();
 }
 
@@ -23,7 +23,7 @@ void CAddin::OnCloseExplorer() {
   m_dialogs.Destroy();
   m_ui.ReleaseMainToolbar();
   m_folders.StopScan();
-  // A start that is under way sees that the explorer has closed, and then releases it.
+  // A start in progress notices that the explorer has closed and releases it.
   if (!HasFinished() && m_starting) return;
   ReleaseExplorer();
   m_ui.CloseContactWindows();
@@ -44,8 +44,8 @@ void CAddin::Disconnect(ext_DisconnectMode mode) {
 
 void CAddin::LetGo(ext_DisconnectMode mode) noexcept {
   m_link.StopWatchThread();
-  // Only this thread could end a build that is under way, so nothing is waited for: a disconnection
-  // inside a slice of it stops it, and it ends when this call has returned to it.
+  // Do not wait for a running scan: it runs on this thread. If the disconnection happens inside a
+  // slice, the scan ends after this call returns to it.
   m_stopRequested = true;
   m_folders.StopScan();
   DisconnectEvents();

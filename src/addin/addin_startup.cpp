@@ -1,6 +1,6 @@
 #include "addin/addin.h"
 
-// commctrl.h needs windows.h before it.
+// commctrl.h requires windows.h first.
 #include <commctrl.h>
 
 #include "settings/configuration_path.h"
@@ -8,7 +8,7 @@
 namespace quor {
 namespace {
 
-// Classes of the common controls that the windows use, asked for one after the other.
+// Classes of common controls used by the windows, initialised one after the other.
 constexpr DWORD kInternetClasses = 0x800;
 constexpr DWORD kTabClasses = 0x8;
 
@@ -21,8 +21,8 @@ void InitialiseCommonControls() {
 
 }  // namespace
 
-// Any call into Outlook may handle messages, and with them a disconnection or the end of Outlook:
-// nothing is acquired after that.
+// Any call into Outlook may pump messages and handle a disconnection or the end of Outlook. Acquire
+// nothing after that.
 bool CAddin::IsStartStopped(unsigned connection) const noexcept {
   return IsShuttingDown() || connection != m_connection;
 }
@@ -46,7 +46,7 @@ HRESULT CAddin::Start(IDispatch* application, unsigned connection) {
   if (!m_session.ConnectExplorers() || IsStartStopped(connection)) return S_FALSE;
   const HRESULT connected = m_session.ConnectApplication();
   if (IsStartStopped(connection)) return S_FALSE;
-  // The one failure that Outlook gets to see.
+  // The only failure that is returned to Outlook.
   if (FAILED(connected)) return connected;
 
   const bool languageChosen = m_settings.Values().languageNo >= 0;
@@ -96,14 +96,14 @@ bool CAddin::StartController() {
   return true;
 }
 
-// The application with its events stays: it tells when Outlook ends. So does the explorer, whose
-// Close releases it, the toolbar and the timer.
+// Keeps the application and its events, to notice when Outlook quits, and the explorer, whose Close
+// event releases it, the toolbar and the timer.
 void CAddin::GiveUpStart(HRESULT result) noexcept {
   m_session.DisconnectCollections();
   m_folders.UnregisterAll();
   if (m_explorerClosed) ReleaseExplorer();
   if (SUCCEEDED(result)) return;
-  // Outlook calls nothing more but Release.
+  // After a failure Outlook calls only Release.
   m_ui.ReleaseMainToolbar();
   m_session.Release();
   m_language.Leave();

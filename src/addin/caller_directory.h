@@ -8,8 +8,8 @@
 
 namespace quor {
 
-// Answers the telephone's questions about callers from the index and from Outlook. Who calls while
-// the contacts are still being read is found as afterwards: a look-up has the rest read first.
+// Looks callers up in the index and in Outlook. A look-up during the start-up scan first finishes
+// the scan, so that every caller is found.
 class CCallerDirectory final : public ICallerDirectory {
  public:
   // All must outlive the directory.

@@ -13,7 +13,7 @@ int RibbonDocumentResource(std::wstring_view ribbonId) noexcept {
 _bstr_t RibbonDocument(const CResourceLoader& resources, int resource) {
   const std::span<const std::byte> bytes = resources.Data(L"XML", resource);
   if (bytes.empty()) _com_issue_error(HRESULT_FROM_WIN32(ERROR_RESOURCE_NAME_NOT_FOUND));
-  // The documents hold identifiers only, which are ASCII.
+  // The documents are ASCII: they contain identifiers only.
   std::wstring document;
   document.reserve(bytes.size());
   for (const std::byte byte : bytes) {

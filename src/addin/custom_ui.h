@@ -8,11 +8,10 @@
 
 namespace quor {
 
-// The resource that holds the document of a ribbon; 0 for ribbons that get none. Ids are compared
-// exactly, case included.
+// The resource with the document of a ribbon; 0 if we have none for it. The id's case matters.
 int RibbonDocumentResource(std::wstring_view ribbonId) noexcept;
 
-// The document's text. Throws _com_error when the module lacks it.
+// The document's text. Throws _com_error if the resource is missing.
 _bstr_t RibbonDocument(const CResourceLoader& resources, int resource);
 
 }  // namespace quor

@@ -11,7 +11,7 @@ struct Language {
   WORD sub;
 };
 
-// By language number; the languages in which resources exist.
+// The languages with resources, by language number.
 constexpr Language kLanguages[] = {
     {LANG_ENGLISH, SUBLANG_ENGLISH_US},      // 1033
     {LANG_FRENCH, SUBLANG_FRENCH},           // 1036

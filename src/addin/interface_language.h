@@ -10,17 +10,17 @@
 
 namespace quor {
 
-// Chooses the language of everything the add-in shows in this session.
+// Selects the language of the add-in's texts for this session.
 class CInterfaceLanguage {
  public:
   // Both must outlive the object.
   CInterfaceLanguage(CResourceLoader& resources, CDiagnosticLog& log) noexcept
       : m_resources(resources), m_log(log) {}
 
-  // Takes the configured language (0 English, 1 French, 2 Spanish) for the resources and sets the
-  // thread's locale to it; any other number leaves both as they are.
+  // Uses the configured language (0 English, 1 French, 2 Spanish) for the resources and the
+  // thread's locale; any other number leaves both unchanged.
   void Choose(int32_t languageNo) noexcept;
-  // Puts the thread's locale back: the thread is Outlook's.
+  // Restores the thread's locale, because the thread is Outlook's.
   void Leave() noexcept;
 
  private:

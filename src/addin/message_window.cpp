@@ -17,7 +17,7 @@ HRESULT LastFailure() noexcept {
 }  // namespace
 
 HRESULT CMessageWindow::Create() noexcept {
-  // The second name is reserved for the other direction: registered, so that nothing else takes it.
+  // The second message is reserved for the opposite direction; nothing uses it yet.
   m_deviceMessage = RegisterWindowMessageA("WM_USBXpress_CP210x2ADDIN");
   RegisterWindowMessageA("WM_ADDIN2USBXpress_CP210x");
 
@@ -41,7 +41,7 @@ void CMessageWindow::Destroy() noexcept {
   SetWindowLongPtrW(m_window, GWLP_USERDATA, 0);
   DestroyWindow(m_window);
   m_window = nullptr;
-  // The class names code of this module, which may be unloaded next.
+  // The class refers to code of this module, which may be unloaded next.
   UnregisterClassW(kClassName, ModuleInstance());
 }
 
@@ -72,7 +72,7 @@ LRESULT CALLBACK CMessageWindow::WindowProcedure(HWND window, UINT message, WPAR
   auto* self = reinterpret_cast<CMessageWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (self != nullptr) {
     const IUnknownPtr owner = &self->m_owner;
-    bool handled = true;  // a handler that failed has had its message
+    bool handled = true;  // the message counts as handled if the handler throws
     GuardCall(self->m_log, "window message",
               [&] { handled = self->Dispatch(message, wparam, lparam); });
     if (handled) return 0;

@@ -11,15 +11,15 @@
 
 namespace quor {
 
-// The deferred contacts build: its first slice, then one tick for each further slice. Unsigned,
-// like every timer id, so that a 64-bit build does not sign-extend it.
+// Runs the deferred contact scan: one tick per slice. Unsigned like every timer id, so that a
+// 64-bit build does not sign-extend it.
 inline constexpr UINT_PTR kDeferredTimer = 0x80000001u;
-// One-shot: the selection in the main window has come to rest.
+// One-shot: the selection in the main window has not changed for a while.
 inline constexpr UINT_PTR kSelectionTimer = 0x80000003u;
-// One-shot: calls that have ended wait to be written into the journal.
+// One-shot: ended calls wait to be written to the journal.
 inline constexpr UINT_PTR kJournalTimer = 0x80000005u;
 
-// What arrives at the hidden window. Called inside a boundary: throwing is allowed.
+// Handles the hidden window's messages. Called inside a boundary: exceptions are allowed.
 class IWindowHandler {
  public:
   virtual void OnDeviceEvent(DeviceEvent event, uint8_t lineType) = 0;
@@ -30,21 +30,21 @@ class IWindowHandler {
   ~IWindowHandler() = default;
 };
 
-// The hidden window, named "CAddin", through which everything asynchronous comes back to Outlook's
-// own thread: posted device events and requests, and the timers.
+// The hidden window, named "CAddin". Posted device events and requests, and the timers, arrive here
+// on Outlook's thread.
 class CMessageWindow final : public IMessageQueue {
  public:
-  // `owner` is the object that holds this window: it is kept alive while a message is handled,
-  // since Outlook may let go of the add-in inside any call that a handler makes.
+  // `owner` is the object that contains this window. It is held while a message is handled, because
+  // Outlook may release the add-in inside any call of a handler.
   CMessageWindow(IUnknown& owner, IWindowHandler& handler, CDiagnosticLog& log) noexcept
       : m_owner(owner), m_handler(handler), m_log(log) {}
   ~CMessageWindow() { Destroy(); }
   CMessageWindow(const CMessageWindow&) = delete;
   CMessageWindow& operator=(const CMessageWindow&) = delete;
 
-  // A failure carries the last Win32 error; without one (no desktop, say) it is E_FAIL.
+  // Returns the Win32 error, or E_FAIL if there is none (for example without a desktop).
   HRESULT Create() noexcept;
-  // Ends the timers with the window; messages still queued are dropped.
+  // Also ends the timers; drops queued messages.
   void Destroy() noexcept;
 
   bool PostDeviceEvent(DeviceEvent event, uint8_t lineType) noexcept override;

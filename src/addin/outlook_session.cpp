@@ -8,10 +8,10 @@
 namespace quor {
 namespace {
 
-// So many stores in a row that cannot be read end the list: Outlook counts wrong.
+// The list ends after this many unreadable stores in a row: Outlook's count must be wrong.
 constexpr int kMostUnreadableStores = 100;
 
-// The integer before the first "."; 0 for an empty version.
+// The integer before the first "."; 0 for an empty version. "16.0.1.2" gives 16.
 int32_t MajorVersion(const std::wstring& version) {
   int32_t major = 0;
   for (const char digit : AnsiFromWide(version)) {
@@ -113,7 +113,7 @@ void COutlookSession::ReadStores() {
     int unreadable = 0;
     for (int32_t i = 1; i <= count && unreadable < kMostUnreadableStores; ++i) {
       if (m_owner.IsShuttingDown()) return;
-      // One that is offline or damaged must not cost the user the telephone.
+      // The telephone must still work if a store is offline or damaged.
       const bool read = GuardCall(m_log, "reading a store", [&] {
         const CFolder store = stores.Item(i);
         const std::wstring entryId = store.EntryId();

@@ -11,7 +11,7 @@
 
 namespace quor {
 
-// What Outlook tells the add-in. Called inside the sinks' boundary: throwing is allowed.
+// Receives Outlook's events. Called inside the sinks' boundary: exceptions are allowed.
 class IOutlookEvents {
  public:
   virtual void OnNewExplorer(IDispatch* explorer) = 0;
@@ -29,9 +29,9 @@ class IOutlookEvents {
   ~IOutlookEvents() = default;
 };
 
-// The add-in's hold on Outlook: the application, the main explorer, and the connections to their
-// events. Connecting goes step by step in the order of the declarations; each step logs its own
-// failure. A failed object-model call throws _com_error.
+// The add-in's references to Outlook: the application, the main explorer, and the connections to
+// their events. Call the connection steps in the order of their declarations. Each logs its own
+// failure; a failed object-model call throws _com_error.
 class COutlookSession {
  public:
   // All must outlive the session; `owner` is held while an event is handled.
@@ -39,32 +39,32 @@ class COutlookSession {
   COutlookSession(const COutlookSession&) = delete;
   COutlookSession& operator=(const COutlookSession&) = delete;
 
-  // Takes hold of the application and reads its major version. E_NOINTERFACE is thrown when the
-  // object is no application.
+  // Stores the application and reads its major version. Throws E_NOINTERFACE if the object is not
+  // an application.
   void Attach(IDispatch* application);
   bool ConnectInspectors();
-  // Also finds the first explorer; false when there is none.
+  // Also gets the first explorer; false if there is none.
   bool ConnectExplorers();
-  // The failure is Outlook's own.
+  // Returns Outlook's error.
   HRESULT ConnectApplication();
   HRESULT ConnectExplorer();
-  // Reads the names of the stores, each one that cannot be read logged and skipped, and where
-  // deleted items go.
+  // Reads the names of the stores and the Deleted Items folder. A store that cannot be read is
+  // logged and skipped.
   void ReadStores();
   bool ConnectDeletedItems();
 
-  // The main explorer's events and the explorer itself: Outlook up to 2007 does not end while an
+  // Disconnects and releases the main explorer: Outlook up to version 2007 does not quit while an
   // explorer is held.
   void DisconnectExplorer() noexcept;
-  // The collections and folders with their events: what is left after a failed start are the
-  // application and the explorer with theirs.
+  // Disconnects and releases the collections and folders. After a failed start only the application
+  // and the explorer remain connected.
   void DisconnectCollections() noexcept;
-  // All connections but the explorer's.
+  // Ends all connections except the explorer's.
   void Disconnect() noexcept;
-  // All connections, the explorer and the application.
+  // Ends all connections and releases the explorer and the application.
   void Release() noexcept;
 
-  // Outlook's major version; 0 until known.
+  // Outlook's major version; 0 until it is known.
   int32_t AppVersion() const noexcept { return m_appVersion; }
   const COutlookApplication& Application() const noexcept { return m_application; }
   const CExplorer& MainExplorer() const noexcept { return m_explorer; }

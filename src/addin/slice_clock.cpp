@@ -5,7 +5,7 @@
 namespace quor {
 namespace {
 
-// These two do not fail on the systems that the add-in runs on.
+// QueryPerformanceFrequency and QueryPerformanceCounter do not fail on supported systems.
 
 int64_t CountsPerSecond() noexcept {
   LARGE_INTEGER frequency = {};

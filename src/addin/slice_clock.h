@@ -5,11 +5,11 @@
 
 namespace quor {
 
-// Measures the slices of long work on Outlook's thread. The milliseconds ticks are too coarse for
-// this: most of them move every 16 ms.
+// Measures slices of long work on Outlook's thread. The millisecond ticks are too coarse: most
+// advance only every 16 ms.
 class CSliceClock {
  public:
-  // A slice, the last call into Outlook included, is not to take more than 30 ms.
+  // Leaves room for the last call into Outlook: a slice must not take more than 30 ms.
   static constexpr int64_t kMilliseconds = 28;
 
   CSliceClock() noexcept;
@@ -18,7 +18,7 @@ class CSliceClock {
   bool IsOver() const noexcept;
 
  private:
-  int64_t m_length;  // in counts of the system's performance counter
+  int64_t m_length;  // in counts of the performance counter
   int64_t m_end = 0;
 };
 

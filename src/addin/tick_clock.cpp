@@ -1,7 +1,7 @@
 #include "addin/tick_clock.h"
 
 #include <windows.h>
-// timeapi.h needs windows.h before it.
+// timeapi.h requires windows.h first.
 #include <mmsystem.h>
 #include <oleauto.h>
 

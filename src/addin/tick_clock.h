@@ -6,7 +6,7 @@
 
 namespace quor {
 
-// The system's milliseconds tick.
+// The system's tick count in milliseconds.
 class CTickClock final : public ITickClock {
  public:
   uint32_t TickMilliseconds() noexcept override;

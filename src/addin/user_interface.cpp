@@ -13,8 +13,8 @@
 namespace quor {
 namespace {
 
-// A number without blanks and the like. One with nothing to dial stays as it is written: the
-// dialler's refusal tells why.
+// The number's dial characters. A number without any is returned unchanged, so that the dialler
+// refuses it with its message.
 std::wstring DialChars(std::wstring_view number) {
   std::string written = AnsiFromWide(number);
   std::wstring dialled = WideFromAnsi(FilterDialChars(written));
@@ -79,7 +79,7 @@ void CUserInterface::SavePlaces() noexcept {
 void CUserInterface::OnFolderSwitch() {
   m_candidates.clear();
   StoreDialText({});
-  // First, since it invalidates the ribbon: that serves for all that follows.
+  // First, because it invalidates the ribbon for everything below.
   SetToolBarState();
   SetDialText({});
   FillToolbar();
@@ -169,23 +169,22 @@ void CUserInterface::StoreDialText(std::wstring_view text) {
   m_telephone.Dialler().StoreBoxText(number ? *number : text);
 }
 
-// By its text, since the ribbon tells nothing else of a picked entry.
+// Finds the candidate by its label: the ribbon passes only the text of a picked entry.
 std::optional<std::wstring> CUserInterface::CandidateNumber(std::wstring_view text) const {
   const auto picked = std::ranges::find(m_candidates, text, &DialCandidate::label);
   if (picked == m_candidates.end()) return std::nullopt;
   return DialChars(picked->number);
 }
 
-// A number from a list or a contact is kept as its owner wrote it, and dialled without blanks and
-// the like. On the ribbon a line is chosen by a click that follows: true when the number must wait
-// for that.
+// Dials a number from a list or a contact without its punctuation. True if the number must wait for
+// a click on a line button, on the ribbon.
 bool CUserInterface::PickNumber(std::wstring_view number) {
   const std::wstring dialled = DialChars(number);
   if (m_telephone.Dialler().DialCall(0, dialled) || !m_telephone.State().HasRibbon()) return false;
   return NumberRefusal(AnsiFromWide(dialled)) == IDS_NONE;
 }
 
-// In the main window the number waits in the dial box.
+// In the main window a waiting number is put into the dial box.
 void CUserInterface::DialNumber(std::wstring_view number) {
   if (!PickNumber(number)) return;
   StoreDialText(DialChars(number));
@@ -200,8 +199,7 @@ bool CUserInterface::DialOnLine(uint8_t lineType, std::wstring_view number) {
   return m_telephone.Lines().DialOnLine(lineType, DialChars(number));
 }
 
-// What somebody who adds a speed dial entry most likely wants to keep: the contact he has selected,
-// else the last caller.
+// The suggestion for a new speed dial entry: the selected contact, or else the last caller.
 SpeedDialEntry CUserInterface::OfferedEntry() {
   const CExplorer explorer = m_session.MainExplorer();
   const SelectedContact selected = ReadSelectedContact(explorer, m_log);

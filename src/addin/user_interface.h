@@ -18,8 +18,8 @@
 
 namespace quor {
 
-// The telephone's controls in Outlook's windows: shows what the telephone says, and takes clicks
-// and numbers to it.
+// The telephone's controls in Outlook's windows: shows the telephone's state and passes clicks and
+// numbers to it.
 class CUserInterface final : public ITelephoneControls,
                              public ICallFromCellDisplay,
                              public IToolbarActions,
@@ -34,31 +34,31 @@ class CUserInterface final : public ITelephoneControls,
                  IEventOwner& owner, CDiagnosticLog& log) noexcept;
 
   HRESULT CreateMainToolbar();
-  // Throws _com_error when the dial box refuses.
+  // Throws _com_error if the dial box fails.
   void ClearDialList() { m_toolbar.ClearDialList(); }
-  // Fills the menus and the dial box from the kept lists.
+  // Fills the menus and the dial box from the saved lists.
   void FillToolbar();
   CRibbon& Ribbon() noexcept { return m_toolbar.Ribbon(); }
 
-  // The handler of WindowRequest::Refresh.
+  // Handles WindowRequest::Refresh.
   void Refresh() noexcept;
 
   void OpenContactWindow(const CInspector& inspector) noexcept;
   void OnFolderSwitch();
-  // Offers the numbers of the contact that is selected now in the dial box.
+  // Offers the selected contact's numbers in the dial box.
   void FollowSelection();
 
-  // Shutdown, in this order; DeleteMainToolbar only when the user removed the add-in. The place of
-  // the bar is noted in the configuration.
+  // Shutdown: call in this order; DeleteMainToolbar only if the user removed the add-in. Stores the
+  // bar's position in the configuration.
   void DisconnectMainToolbar() noexcept;
   void DeleteMainToolbar() { m_toolbar.DeleteBar(); }
   void ReleaseMainToolbar() noexcept;
   void ReleaseRibbon() noexcept { m_toolbar.ReleaseRibbon(); }
   void CloseContactWindows() noexcept { m_contactWindows.CloseAll(); }
-  // Notes where the bars stand, for a file that is written before they go.
+  // Stores the bars' positions, for a save before the bars are removed.
   void SavePlaces() noexcept;
 
-  // ITelephoneControls, and of it for the device's side PutCallFromCellButton
+  // ITelephoneControls, and ICallFromCellDisplay's PutCallFromCellButton
   void SetToolBarState() override;
   void DisableControls() override;
   void RedrawLineButtons() override;
@@ -98,7 +98,7 @@ class CUserInterface final : public ITelephoneControls,
   void DialNumber(std::wstring_view number);
 
   SpeedDialEntry OfferedEntry();
-  // What is dialled for a text of the dial box; nothing for one that is no candidate's label.
+  // The number to dial for a text of the dial box; nothing if no candidate has this label.
   std::optional<std::wstring> CandidateNumber(std::wstring_view text) const;
 
   CTelephone& m_telephone;

@@ -13,8 +13,8 @@
 
 namespace quor {
 
-// A menu of the command bar, with one Item for each of its entries. It may be shown and released
-// again in the middle of its own calls into Office.
+// A menu of the command bar with one Item per entry. Its own calls into Office may re-enter Show
+// and Release.
 template <typename Item>
 class CBarMenu {
  public:
@@ -24,7 +24,7 @@ class CBarMenu {
 
   void Attach(CCommandBarPopup popup) { m_popup = std::move(popup); }
 
-  // Makes the items that are missing. Throws _com_error; what has been made until then stays.
+  // Creates the missing items. Throws _com_error; items created before the failure stay.
   void Complete(size_t count) {
     m_completion.Run([this, count] {
       if (!m_popup || m_items.size() >= count) return;
@@ -36,8 +36,8 @@ class CBarMenu {
     });
   }
 
-  // Shows one face for each item. An item that refuses, because the user deleted it say, is logged
-  // and left out.
+  // Shows one face per item. An item that fails, for example because the user deleted it, is logged
+  // and skipped.
   void Show(std::vector<typename Item::Face> faces) {
     m_faces = std::move(faces);
     m_redraw.Run([this] {
@@ -49,7 +49,7 @@ class CBarMenu {
     });
   }
 
-  // Disconnects the items and lets go of the menu.
+  // Disconnects the items and releases the menu.
   void Release() noexcept {
     const CCommandBarPopup popup = std::exchange(m_popup, {});
     const std::vector<std::shared_ptr<Item>> items = std::exchange(m_items, {});

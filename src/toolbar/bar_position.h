@@ -6,19 +6,18 @@
 
 namespace quor {
 
-// Where a command bar may stand, as Office numbers it.
+// Positions of a command bar, in Office's numbering.
 inline constexpr int32_t kBarDockedLeft = 0;
 inline constexpr int32_t kBarDockedTop = 1;
 inline constexpr int32_t kBarIsFloating = 4;
 
-// Whether a record tells where a bar stood and whether it was shown. A session that never had the
-// bar leaves a record of zeros in the file.
+// Whether a record holds a bar's position. A session without the bar writes zeros.
 bool TellsPosition(const ToolBarRecord& record) noexcept;
 
-// The position of such a record; the top of the window where the number is none of Office's.
+// The record's position; the top of the window if Office does not define the number.
 int32_t BarPosition(const ToolBarRecord& record) noexcept;
 
-// Where a floating bar goes: where it stood, moved onto the screen when that monitor is gone.
+// Position of a floating bar: the recorded one, moved onto the screen if its monitor is gone.
 ScreenPoint FloatingCorner(const ToolBarRecord& record, const ScreenArea& workArea) noexcept;
 
 }  // namespace quor

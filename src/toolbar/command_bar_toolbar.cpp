@@ -101,7 +101,7 @@ void CCommandBarToolbar::SetUpDialBox(IDispatchPtr control, const ControlLayout&
           [this](DISPID event, const CEventArguments& arguments) {
             if (event == kEventChange) OnDialBoxChanged(arguments.Object(0));
           });
-  // Only looks: a box that refuses them dials all the same.
+  // This affects only the appearance: the box still dials if it fails.
   GuardCall(m_log, "looks of the dial box", [&box] {
     box.SetStyle(kComboLabel);
     box.SetWidth(kDialBoxWidth);
@@ -189,7 +189,7 @@ void CCommandBarToolbar::DrawControl(const ControlLayout& layout) {
   if (!control) return;
   if (!m_connected) return control.SetEnabled(false);
   const CControlFaces faces = m_source.Faces();
-  // Only a ringing line is drawn with its answer button.
+  // Only a ringing line shows its answer button.
   const bool ringing = faces.IsRinging();
   control.SetCaption(faces.Caption(layout.control, ringing));
   control.SetEnabled(faces.IsEnabled(layout.control, ringing));

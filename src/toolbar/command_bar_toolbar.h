@@ -19,8 +19,8 @@
 namespace quor {
 
 // The telephone's command bar in Outlook's main window. Without a bar every operation does nothing.
-// The bar's own controls are found again by type and tag for every redraw, so that one which the
-// user deleted is merely left out.
+// Each redraw looks the controls up by type and tag, so that a control deleted by the user is
+// skipped.
 class CCommandBarToolbar {
  public:
   // All must outlive the toolbar.
@@ -30,37 +30,38 @@ class CCommandBarToolbar {
   CCommandBarToolbar(const CCommandBarToolbar&) = delete;
   CCommandBarToolbar& operator=(const CCommandBarToolbar&) = delete;
 
-  // Makes the temporary bar with its seven controls and puts it where `place` says, or shows it at
-  // the top when that tells nothing. A bar of the same name, left by a crash, is deleted first. A
-  // failing call throws _com_error and leaves no bar.
-  // `withPictures` is false where buttons have none.
+  // Creates the temporary bar with its seven controls and shows it at `place`, or at the top if
+  // `place` holds no position. First deletes a bar of the same name, which a crash may have left. A
+  // failing call throws _com_error and leaves no bar. `withPictures` is false if buttons cannot
+  // have pictures.
   void Create(const CCommandBars& bars, const std::wstring& name, const ToolBarRecord& place,
               bool withPictures);
 
-  // Captions and enabled flags of the seven controls.
+  // Updates captions and enabled flags of the seven controls.
   void Redraw();
-  // There is no base: everything but the options is disabled.
+  // Disables every control except the options, because the base is disconnected.
   void Disable();
 
   void PutCallFromCellButton();
-  // Disables every cell's item but one, until the cells are shown again.
+  // Disables the items of the other cells until the cells are shown again.
   void DisableOtherCells(int cell);
   void PutCallerList();
   void PutSpeedDialButton();
 
-  // Throws _com_error when the dial box refuses.
+  // Throws _com_error if the dial box fails.
   void ClearDialList();
-  // The text in the box stays.
+  // Fills the list; the text in the box stays.
   void ShowDialList();
-  // Not a change made by the user.
+  // Raises no change event.
   void SetDialText(std::wstring_view text);
 
-  // Where the bar stands now; the record stays as it is when there is no bar or it does not tell.
+  // Stores the bar's position; the record is unchanged if there is no bar or its position cannot be
+  // read.
   void SavePlace(ToolBarRecord& place) noexcept;
 
-  // Disconnects the sinks. The bar itself stays, to be deleted or released.
+  // Disconnects the sinks. The bar stays until Delete or Release.
   void Unadvise() noexcept;
-  // Throws _com_error when Outlook refuses.
+  // Throws _com_error on failure.
   void Delete();
   void Release() noexcept;
 

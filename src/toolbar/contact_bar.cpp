@@ -21,8 +21,8 @@ std::wstring Tag(const wchar_t* control, unsigned window) {
 
 }  // namespace
 
-// The window may close while its click is handled: what outlives it is fetched first, and nothing
-// of the control is touched afterwards.
+// The window may close while its click is handled: get what is needed first, and use no member of
+// the control afterwards.
 
 class CContactBar::CNumberItem final : public CMenuItem {
  public:
@@ -112,7 +112,7 @@ void CContactBar::Place(const ToolBarRecord& place) {
   if (bar) PlaceBar(bar, place, m_log);
 }
 
-// Any call may handle messages, and with them the end of the window.
+// Any of these calls may pump messages and close the window.
 template <typename Item>
 void CContactBar::ShowItems(const Items<Item>& items, const ItemFace* faces) {
   const Items<Item> shown = items;
@@ -136,7 +136,7 @@ void CContactBar::SavePlace(ToolBarRecord& place) noexcept {
 }
 
 void CContactBar::Remove() noexcept {
-  // Everything is forgotten before anything is let go of: that calls out.
+  // Clear our members first: Release calls into Outlook and may re-enter.
   const CCommandBar bar = std::exchange(m_bar, {});
   const CCommandBarPopup menu = std::exchange(m_menu, {});
   const auto numbers = std::exchange(m_numbers, {});

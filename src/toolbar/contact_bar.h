@@ -17,8 +17,8 @@
 
 namespace quor {
 
-// A click on a contact's command bar. Called inside a boundary: throwing is allowed, and so is
-// taking the bar away.
+// Handles clicks on a contact's command bar. Called inside a boundary: exceptions are allowed. May
+// remove the bar.
 class IContactBarActions {
  public:
   virtual void DialContact(int telNumberType) = 0;
@@ -34,15 +34,15 @@ struct ContactBarFaces {
   std::array<ItemFace, 2> lines;
 };
 
-// The command bar in the window of one contact: a menu of the contact's numbers and the two line
-// buttons. Every call into Outlook may close the window: whoever calls an operation holds a
-// reference of his own.
+// The command bar in one contact's window: a menu of the contact's numbers and the two line
+// buttons. Every call into Outlook may close the window, so the caller must hold a reference to the
+// bar.
 class CContactBar {
  public:
-  // Makes the temporary bar with its controls, not shown yet. Pictures that are refused are left
-  // out; none are tried where `pictures` is null. A bar of the same name is deleted first: Outlook
-  // may give a new window the bars of one closed before. `number` makes the tags of its controls
-  // different from those of every other window. A failing call throws _com_error and leaves no bar.
+  // Creates the temporary bar with its controls, not yet shown. First deletes a bar of the same
+  // name, because Outlook may give a new window the bars of a closed one. Skips pictures that fail,
+  // and all of them if `pictures` is null. `number` makes the controls' tags unique among windows.
+  // A failing call throws _com_error and leaves no bar.
   CContactBar(const CCommandBars& bars, const std::wstring& name, unsigned number,
               CPictureLoader* pictures, const std::weak_ptr<IContactBarActions>& actions,
               IEventOwner& owner, CDiagnosticLog& log);
@@ -50,16 +50,15 @@ class CContactBar {
   CContactBar(const CContactBar&) = delete;
   CContactBar& operator=(const CContactBar&) = delete;
 
-  // Shows the bar where `place` says, or at the top when that tells nothing.
+  // Shows the bar at `place`, or at the top if `place` holds no position.
   void Place(const ToolBarRecord& place);
-  // Tells Office what has changed; not to be nested in itself. What cannot be shown is logged and
-  // left out.
+  // Updates the faces that have changed; must not be nested. Failures are logged and skipped.
   void Show(const ContactBarFaces& faces);
 
-  // The record stays as it is when the bar does not tell.
+  // Stores the bar's position; the record is unchanged if the position cannot be read.
   void SavePlace(ToolBarRecord& place) noexcept;
 
-  // Takes the bar out of its window and lets go of it; a second time does nothing.
+  // Deletes and releases the bar; does nothing the second time.
   void Remove() noexcept;
 
  private:
@@ -70,7 +69,7 @@ class CContactBar {
 
   struct LineLayout {
     uint8_t lineType;
-    int picture;  // resource numbers
+    int picture;  // resource ids
     int mask;
   };
 

@@ -9,26 +9,26 @@
 
 namespace quor {
 
-// One of a contact's numbers, as the user wrote it. CControlFaces::ContactNumber labels it.
+// A contact's number as the user typed it. CControlFaces::ContactNumber gives its label.
 struct ContactNumber {
-  int telNumberType = 0;  // 1 to 12; 0: there is none
+  int telNumberType = 0;  // 1 to 12; 0: no number
   std::wstring number;
 
   bool operator==(const ContactNumber&) const = default;
 };
 
-// The contact open in an inspector; empty for any other item, and when there is no inspector.
-// Throws _com_error when Outlook refuses.
+// The contact open in an inspector; empty for any other item or without an inspector. Throws
+// _com_error on failure.
 CContactItem ContactOf(const CInspector& inspector);
 
-// Whether both stand for the same contact: Outlook may give several objects for one. Two that are
-// not saved yet are the same only as the same object.
+// Whether both are the same contact: Outlook may return several objects for one contact. Two
+// unsaved contacts are the same only if they are the same object.
 bool IsSameContact(const CContactItem& one, const CContactItem& other);
 
-// The numbers that the contact has, in the order of their types. One that Outlook refuses is logged
-// and counts as none.
+// The contact's numbers in the order of their types. A number that cannot be read is logged and
+// skipped.
 std::vector<ContactNumber> NumbersOf(const CContactItem& contact, CDiagnosticLog& log);
-// The first of them; reads no further.
+// The first of these numbers; does not read the others.
 ContactNumber FirstNumberOf(const CContactItem& contact, CDiagnosticLog& log);
 
 }  // namespace quor

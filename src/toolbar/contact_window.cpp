@@ -32,7 +32,7 @@ bool CContactWindow::Follow(const CInspector& inspector) {
     m_log.Write("Failed advising to InspectorEvents\n");
     m_inspector.Release();
   }
-  // Closed while it was being advised.
+  // The window closed while it was being advised.
   if (!m_inspector) m_events.Unadvise();
   FollowContact();
   NumbersChanged();
@@ -60,7 +60,7 @@ void CContactWindow::SwitchContact(const CContactItem& contact) {
       [weak = weak_from_this()](DISPID event, const CEventArguments& arguments) {
         if (const auto window = weak.lock()) window->OnContactEvent(event, arguments);
       });
-  // Not when the window closed while it was being advised.
+  // No failure if the window closed while it was being advised.
   if (FAILED(advised) && m_inspector) m_log.Write("Failed advising to ItemEvents\n");
 }
 
@@ -75,7 +75,7 @@ void CContactWindow::MakeBar() noexcept {
     const auto bar = std::make_shared<CContactBar>(bars, m_host.Faces().Text(IDS_PRODUCT_NAME),
                                                    m_number, m_pictures, self, m_owner, m_log);
     bar->Place(m_place);
-    // Otherwise the window closed meanwhile, and the bar goes again.
+    // Drop the bar if the window closed meanwhile.
     if (m_inspector) m_bar = bar;
   });
   m_makingBar = false;
@@ -95,7 +95,7 @@ void CContactWindow::OnWindowEvent(DISPID event) {
   }
 }
 
-// The user may have moved on to another contact, or changed this one elsewhere.
+// The window may show another contact now, or the contact may have been changed elsewhere.
 void CContactWindow::OnActivate() {
   FollowContact();
   if (!m_inspector) return;
@@ -116,7 +116,7 @@ bool CContactWindow::NumbersChanged() noexcept {
 }
 
 void CContactWindow::OnContactEvent(DISPID event, const CEventArguments& arguments) {
-  // An item closes with its window, or when the window moves on to another.
+  // The item closes when its window closes or shows another item.
   const bool changed = event == kEventItemClose ||
                        (event == kEventPropertyChange && TelNumberTypeOf(arguments.Text(0)) != 0);
   if (!changed || m_stale) return;
@@ -132,21 +132,21 @@ bool CContactWindow::Refresh() noexcept {
 }
 
 ContactBarFaces CContactWindow::Faces() const {
-  // Reading may change the telephone's state: the contact first.
+  // Read the contact first: the calls may change the telephone's state.
   const CInspector inspector = m_inspector;
   std::vector<ContactNumber> numbers;
   GuardCall(m_log, "numbers of the contact", [&] {
     if (const CContactItem contact = ContactOf(inspector)) numbers = NumbersOf(contact, m_log);
   });
   const CControlFaces faces = m_host.Faces();
-  // Only a ringing line is drawn with its answer button.
+  // Only a ringing line shows its answer button.
   const bool ringing = faces.IsRinging();
   ContactBarFaces shown;
   const auto face = [&](int control) -> ItemFace {
     return {faces.Caption(control, ringing), m_connected && faces.IsEnabled(control, ringing),
             true};
   };
-  // As the dial box: whoever may dial may dial a contact.
+  // The menu is enabled like the dial box.
   shown.menu = face(kDialBoxControl);
   if (numbers.empty()) shown.menu.enabled = false;
   shown.lines = {face(kLine1Control), face(kLine2Control)};
@@ -180,7 +180,7 @@ void CContactWindow::SavePlace() noexcept {
 }
 
 void CContactWindow::Close() noexcept {
-  // Forget first: every call out may come back here.
+  // Clear our members first: every call into Outlook may re-enter.
   const CInspector inspector = std::exchange(m_inspector, {});
   const CContactItem contact = std::exchange(m_contact, {});
   const auto bar = std::exchange(m_bar, nullptr);
@@ -193,7 +193,7 @@ void CContactWindow::Close() noexcept {
   bar->Remove();
 }
 
-// A pick counts for the contact that it was made for, whatever the window has moved on to since.
+// The picked number; none if the window now shows another contact than the one it was picked for.
 ContactNumber CContactWindow::Picked() {
   const int pick = m_pick;
   if (pick == 0) return {};
@@ -221,7 +221,7 @@ void CContactWindow::CallContact(uint8_t lineType) {
     number = Picked();
     if (number.number.empty()) number = FirstNumberOf(ContactOf(m_inspector), m_log);
   });
-  // Closed meanwhile.
+  // The window closed during the calls.
   if (!m_inspector) return;
   if (m_actions.DialOnLine(lineType, number.number)) Pick(0);
 }

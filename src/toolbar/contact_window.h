@@ -18,17 +18,18 @@
 
 namespace quor {
 
-// What the user does in the window of a contact. Numbers are as they are written in the contact,
-// blanks, brackets and all. Called inside a boundary: throwing is allowed.
+// Handles the user's actions in a contact's window. Numbers are as typed in the contact,
+// punctuation included. Called inside a boundary: exceptions are allowed.
 class IContactWindowActions {
  public:
-  // A number picked from the contact's menu: dialled when a line is ready for it. True when it
-  // waits for a line button instead, which only the ribbon's numbers do.
+  // A number was picked from the contact's menu: dials it if a line is ready. True if the number
+  // waits for a line button instead; only on the ribbon.
   virtual bool PickNumber(std::wstring_view number) = 0;
-  // A button of a line or cell, as in the main window. Asks for no number of the contact's.
+  // A line or cell button was clicked, as in the main window. Uses no number of the contact.
   virtual void ClickLine(uint8_t lineType) = 0;
-  // Whether a click on that button dials at once, as an idle line on the ribbon does: then it is
-  // DialOnLine's, with the contact's number (empty when there is none). True when it was dialled.
+  // Whether a click on that button dials at once, as an idle line does on the ribbon. DialOnLine
+  // then handles the click, with the contact's number (empty if there is none); it returns true if
+  // it was dialled.
   virtual bool DialsAtOnce(uint8_t lineType) const = 0;
   virtual bool DialOnLine(uint8_t lineType, std::wstring_view number) = 0;
 
@@ -38,30 +39,30 @@ class IContactWindowActions {
 
 class CContactWindow;
 
-// Whoever keeps the open windows.
+// Keeps the open windows.
 class IContactWindowHost {
  public:
   virtual CControlFaces Faces() const = 0;
-  // Other numbers are known, or another one is picked: what the ribbon shows is asked again.
+  // The contact's numbers or the picked number changed: the ribbon must query its faces again.
   virtual void InvalidateRibbon() noexcept = 0;
-  // The contact has changed: a later Refresh of the window is enough for any number of changes.
+  // The contact changed. One later Refresh of the window covers any number of changes.
   virtual void RequestRefresh() noexcept = 0;
-  // The window has closed and holds nothing any more.
+  // The window has closed and released everything.
   virtual void OnClosed(const CContactWindow& window) noexcept = 0;
 
  protected:
   ~IContactWindowHost() = default;
 };
 
-// One open contact's window: its command bar before version 12 of Outlook, the number that is
-// picked in its ribbon from then on. Follows the contact, which is another one when the user moves
-// on to the next in the same window. Any call into Outlook may close the window: whoever calls an
-// operation holds a reference of his own. Always made shared.
+// The window of one open contact: its command bar before Outlook version 12, and from then on the
+// number picked in its ribbon. Follows the contact, also when the user moves to the next contact in
+// the same window. Any call into Outlook may close the window, so callers must hold a reference to
+// it. Always created as a shared_ptr.
 class CContactWindow final : public std::enable_shared_from_this<CContactWindow>,
                              private IContactBarActions {
  public:
-  // All must outlive the window; `pictures` is null where a bar's buttons have none. `number` tells
-  // the controls of its bar from those of every other; 0 for a window that has a ribbon.
+  // All must outlive the window. `pictures` is null if buttons cannot have pictures. `number` makes
+  // the tags of the bar's controls unique; 0 for a window with a ribbon.
   CContactWindow(IContactWindowHost& host, IContactWindowActions& actions, CPictureLoader* pictures,
                  ToolBarRecord& place, IEventOwner& owner, CDiagnosticLog& log,
                  unsigned number) noexcept;
@@ -69,28 +70,29 @@ class CContactWindow final : public std::enable_shared_from_this<CContactWindow>
   CContactWindow(const CContactWindow&) = delete;
   CContactWindow& operator=(const CContactWindow&) = delete;
 
-  // Follows the inspector to its end. False, and logged, when it cannot be followed; then nothing
-  // of it is kept. A contact whose changes cannot be followed is only logged.
+  // Follows the inspector until it closes. If its events cannot be connected, logs this, releases
+  // it and returns false. If only the contact's events cannot be connected, logs this and returns
+  // true.
   bool Follow(const CInspector& inspector);
   bool IsOf(IDispatch* inspector) const { return IDispatchPtr(m_inspector.Get()) == inspector; }
-  // Makes the command bar. A failure is logged and made up for when the window is next activated,
-  // since Outlook announces a window before it is there. Does nothing for a window with a ribbon.
+  // Creates the command bar. A failure is logged; the next activation of the window tries again,
+  // because Outlook announces a window before it is ready. Does nothing for a window with a ribbon.
   void MakeBar() noexcept;
 
-  // What is picked in the number menu and waits for a line button; none when the contact has no
-  // such number any more. May throw _com_error.
+  // The number picked in the menu that waits for a line button; none if the contact no longer has
+  // it. May throw _com_error.
   ContactNumber Picked();
   void DialContact(int telNumberType) override;
-  // Dials the picked number, else the contact's first; for a line that dials at once.
+  // Dials the picked number, or else the contact's first, on a line that dials at once.
   void CallContact(uint8_t lineType);
 
-  // After RequestRefresh. True when the ribbon must ask again.
+  // Call after RequestRefresh. True if the ribbon must query its faces again.
   bool Refresh() noexcept;
   void Redraw() noexcept;
-  // There is no base: disabled until the next redraw.
+  // Disables the controls until the next redraw, because the base is disconnected.
   void Disable() noexcept;
   void SavePlace() noexcept;
-  // Takes the command bar away and lets go of everything; a second time does nothing.
+  // Removes the command bar and releases everything; does nothing the second time.
   void Close() noexcept;
 
  private:
@@ -102,7 +104,7 @@ class CContactWindow final : public std::enable_shared_from_this<CContactWindow>
   void OnActivate();
   void FollowContact() noexcept;
   void SwitchContact(const CContactItem& contact);
-  // Reads the contact's numbers for a window with a ribbon: whether others are known now.
+  // Reads the contact's numbers for a window with a ribbon. Returns whether they changed.
   bool NumbersChanged() noexcept;
   void Pick(int telNumberType);
   bool HasBar() const noexcept { return m_number != 0; }
@@ -117,12 +119,12 @@ class CContactWindow final : public std::enable_shared_from_this<CContactWindow>
   CDiagnosticLog& m_log;
   const unsigned m_number;
 
-  CInspector m_inspector;  // empty once the window has closed
+  CInspector m_inspector;  // empty after the window has closed
   CEventConnection m_events;
-  CContactItem m_contact;  // the one in the window when it was last looked at
+  CContactItem m_contact;  // the contact last seen in the window
   CEventConnection m_contactEvents;
   CRedraw m_following;
-  std::vector<ContactNumber> m_numbers;  // what the ribbon may be showing
+  std::vector<ContactNumber> m_numbers;  // numbers that the ribbon may be showing
   int m_pick = 0;                        // telNumberType of m_contact; 0: none
   bool m_stale = false;
   std::shared_ptr<CContactBar> m_bar;

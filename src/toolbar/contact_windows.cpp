@@ -84,7 +84,7 @@ void CContactWindows::CloseAll() noexcept {
   m_pictures.Release();
 }
 
-// Over a copy: any window may open or close meanwhile.
+// Iterates over a copy: windows may open or close during the calls.
 template <typename Act>
 void CContactWindows::ForEach(Act act) noexcept {
   GuardCall(m_log, "contact windows", [&] {
@@ -126,7 +126,7 @@ bool CContactWindows::IsContactWindow(IDispatch* window) {
 }
 
 void CContactWindows::ClickLine(IDispatch* inspector, uint8_t lineType) {
-  // A call is answered and ended whatever the contact has.
+  // Answering and hanging up need no number.
   if (!m_actions.DialsAtOnce(lineType)) return m_actions.ClickLine(lineType);
   WindowPtr window;
   GuardCall(m_log, "contact window", [&] { window = WindowOf(inspector); });

@@ -17,25 +17,25 @@
 
 namespace quor {
 
-// What the contact windows need of the rest of the interface.
+// What the contact windows need from the user interface.
 class IContactRibbonDisplay {
  public:
-  // Invalidates the contact ribbons: once for any number of requests until they have asked again.
+  // Invalidates the contact ribbons, at most once until they have queried their faces again.
   virtual void InvalidateContactRibbons() noexcept = 0;
-  // Has CContactWindows::Refresh called from the message loop; false when that cannot be had.
+  // Posts a message that calls CContactWindows::Refresh; false if posting fails.
   virtual bool PostRefresh() noexcept = 0;
 
  protected:
   ~IContactRibbonDisplay() = default;
 };
 
-// The telephone in the windows of open contacts, any number at once, each followed until it closes.
-// Before version 12 of Outlook each has a command bar of its own. From then on contact windows have
-// a ribbon, which asks for what it shows.
+// The telephone in the windows of open contacts, each followed until it closes. Before Outlook
+// version 12 each has its own command bar; from then on contact windows have a ribbon, which
+// queries its faces.
 class CContactWindows final : public IContactRibbon, private IContactWindowHost {
  public:
-  // All must outlive the windows. `place` is the record of the contact windows' command bar: read
-  // for each new one, and written when one closes.
+  // All must outlive this object. `place` records the position of the contact windows' command bar:
+  // each new bar reads it, each closing bar writes it.
   CContactWindows(const IFaceSource& source, IContactWindowActions& actions,
                   IContactRibbonDisplay& display, const CResourceLoader& resources,
                   ToolBarRecord& place, IEventOwner& owner, CDiagnosticLog& log) noexcept;
@@ -43,21 +43,22 @@ class CContactWindows final : public IContactRibbon, private IContactWindowHost 
   CContactWindows(const CContactWindows&) = delete;
   CContactWindows& operator=(const CContactWindows&) = delete;
 
-  // For every inspector that Outlook opens; those of other items are ignored. Failures are logged.
+  // Call for every inspector that Outlook opens; ignores items that are not contacts. Failures are
+  // logged.
   void Open(const CInspector& inspector, int32_t appVersion) noexcept;
 
-  // Windows whose contact has changed show it again.
+  // Redraws the windows whose contact has changed.
   void Refresh() noexcept;
-  // Captions, enabled flags and numbers of every window's command bar.
+  // Updates captions, enabled flags and numbers of every window's command bar.
   void Redraw() noexcept;
-  // There is no base.
+  // Disables the controls, because the base is disconnected.
   void Disable() noexcept;
-  // Where the bar stands that was opened last, for a file that is written before the windows close.
+  // Stores the position of the bar opened last, for a save before the windows close.
   void SavePlace() noexcept;
-  // Takes the command bars away and lets go of everything.
+  // Removes the command bars and releases everything.
   void CloseAll() noexcept;
 
-  // IContactRibbon: read from the contact at each call, since the user may be changing it.
+  // IContactRibbon: each call reads from the contact, because the user may be changing it.
   std::wstring NumberOf(IDispatch* inspector, int telNumberType) override;
   ContactNumber PickedNumber(IDispatch* inspector) override;
   void DialContact(IDispatch* inspector, int telNumberType) override;
@@ -72,10 +73,10 @@ class CContactWindows final : public IContactRibbon, private IContactWindowHost 
   void OnClosed(const CContactWindow& window) noexcept override;
 
   using WindowPtr = std::shared_ptr<CContactWindow>;
-  // Null when the inspector cannot be followed.
+  // Null if the inspector cannot be followed.
   WindowPtr OpenWindow(const CInspector& inspector, unsigned number);
   WindowPtr FindWindow(IDispatch* inspector) const;
-  // Follows a window that was open before the add-in came.
+  // The inspector's window; follows it if it was opened before the add-in started.
   WindowPtr WindowOf(IDispatch* inspector);
   template <typename Act>
   void ForEach(Act act) noexcept;

@@ -14,14 +14,14 @@
 
 namespace quor {
 
-// A name as the caption of a control: its first 50 characters, with "&" doubled, since a single one
-// marks an access key.
+// A name as a control's caption: the first 50 characters, with each "&" doubled because a single
+// one marks an access key.
 std::wstring MenuCaption(std::wstring_view name);
 
-// A number that the user may want to dial now: one of the selected contact's.
+// A number of the selected contact, offered for dialling.
 struct DialCandidate {
-  std::wstring label;   // its kind and itself
-  std::wstring number;  // as its owner wrote it
+  std::wstring label;   // its kind and the number
+  std::wstring number;  // as the user typed it
 
   bool operator==(const DialCandidate&) const = default;
 };
@@ -32,34 +32,34 @@ struct ItemFace {
   bool visible = false;
 };
 
-// What the telephone's controls show at this moment, the same on command bar, ribbon and contact
-// windows. A short-lived view: it keeps nothing of its own.
+// What the telephone's controls show now, on command bar, ribbon and contact windows alike. A
+// short-lived view of borrowed data.
 class CControlFaces {
  public:
   CControlFaces(const TelephoneState& state, const Configuration& configuration,
                 const IStringTable& texts, std::span<const DialCandidate> candidates = {}) noexcept
       : m_state(state), m_configuration(configuration), m_texts(texts), m_candidates(candidates) {}
 
-  // A control by its number (control_state.h). The rules with answer are those of a ringing line.
+  // A control by its number (control_state.h). `withAnswer` selects the rules for a ringing line.
   std::wstring Caption(int control, bool withAnswer) const;
   bool IsEnabled(int control, bool withAnswer) const noexcept;
-  // What a click on a line's button (control_state.h counts them) does.
+  // What a click on a line button (numbered as in control_state.h) does.
   LineAction ActionOf(int lineButton, bool withAnswer) const noexcept;
-  // Whether a call rings on a line or cell whose button can answer it.
+  // Whether a call is ringing that a line or cell button can answer.
   bool IsRinging() const noexcept;
 
-  // Items of the menus, counted from 0; any other has no face.
+  // Faces of menu items, counted from 0; empty for any other index.
   ItemFace Cell(size_t cell) const;
   ItemFace Caller(size_t entry) const;
-  // An entry of the speed dial, and what can be done with it: one in use is called, edited and
-  // erased, an empty one is added.
+  // The actions of a speed dial entry: a used entry is called, edited or erased, an empty one
+  // added.
   ItemFace SpeedDial(size_t entry) const;
   ItemFace SpeedDial(size_t entry, SpeedDialAction action) const;
 
-  // A number of an open contact, labelled by its kind (telNumberType 1 to 12) and itself.
+  // The face of a contact's number, labelled by its kind (telNumberType 1 to 12) and the number.
   ItemFace ContactNumber(int telNumberType, std::wstring_view number) const;
 
-  // The dial box's drop-down list: what was dialled, newest first, then the candidates.
+  // The dial box's list: dialled numbers, newest first, then the candidates.
   size_t DialListCount() const noexcept {
     return m_configuration.histories.size() + m_candidates.size();
   }
@@ -76,11 +76,11 @@ class CControlFaces {
   std::span<const DialCandidate> m_candidates;
 };
 
-// Whoever knows the state gives the view of it.
+// Provides the current faces.
 class IFaceSource {
  public:
   virtual CControlFaces Faces() const = 0;
-  // What the ribbon's dial box holds.
+  // The text of the ribbon's dial box.
   virtual std::wstring DialText() const = 0;
 
  protected:

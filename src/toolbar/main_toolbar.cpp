@@ -22,15 +22,15 @@ HRESULT CMainToolbar::Create(const CExplorer& explorer, int32_t appVersion,
   if (appVersion >= kFirstRibbonVersion) return S_OK;
   try {
     const CCommandBars bars(explorer.CommandBars());
-    // A bar left by a crash may have its name from another language. Its controls have our tags, so
-    // they would be found in place of the new ones.
+    // A bar left by a crash may have its name in another language. It must go, because its controls
+    // have our tags and would be found instead of the new ones.
     for (const std::wstring& name : m_resources.TextInEveryLanguage(IDS_PRODUCT_NAME))
       DeleteStaleBar(bars, name);
     m_bar.Create(bars, m_resources.Text(IDS_PRODUCT_NAME), place,
                  appVersion >= kFirstPictureVersion);
     return S_OK;
   } catch (const _com_error& error) {
-    // The caller has a log line of its own for this.
+    // The caller logs this failure.
     return FAILED(error.Error()) ? error.Error() : E_FAIL;
   } catch (...) {
     return E_OUTOFMEMORY;

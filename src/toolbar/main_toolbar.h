@@ -12,8 +12,8 @@
 namespace quor {
 
 // The telephone in Outlook's main window: a command bar before version 14, the ribbon from then on.
-// Both ask for what they show, so that a redraw is the same request to either. A redraw that fails
-// is logged; nothing throws but ClearDialList and DeleteBar.
+// Both read the same faces, so one redraw request serves either. A failed redraw is logged; only
+// ClearDialList and DeleteBar throw.
 class CMainToolbar {
  public:
   // All must outlive the toolbar.
@@ -23,14 +23,14 @@ class CMainToolbar {
   CMainToolbar(const CMainToolbar&) = delete;
   CMainToolbar& operator=(const CMainToolbar&) = delete;
 
-  // Makes the command bar if this version of Outlook has them. The failure is that of the
-  // object-model call that failed.
+  // Creates the command bar if this Outlook version has command bars. Returns the failed
+  // object-model call's error.
   HRESULT Create(const CExplorer& explorer, int32_t appVersion,
                  const ToolBarRecord& place) noexcept;
   CRibbon& Ribbon() noexcept { return m_ribbon; }
 
   void SetToolBarState() noexcept;
-  // The same without its line in the log.
+  // The same without a log line.
   void Redraw() noexcept;
   void DisableControls() noexcept;
 
@@ -42,17 +42,17 @@ class CMainToolbar {
   void DisableOtherCellItems(int cell) noexcept;
   void SetDialText(std::wstring_view text) noexcept;
 
-  // Throws _com_error when the dial box refuses.
+  // Throws _com_error if the dial box fails.
   void ClearDialList() { m_bar.ClearDialList(); }
 
   void SavePlace(ToolBarRecord& place) noexcept { m_bar.SavePlace(place); }
   // Disconnects the command bar's sinks.
   void Disconnect() noexcept { m_bar.Unadvise(); }
-  // Takes the command bar out of Outlook. Throws _com_error when Outlook refuses.
+  // Deletes the command bar. Throws _com_error on failure.
   void DeleteBar() { m_bar.Delete(); }
-  // Lets go of the command bar, its controls and their sinks.
+  // Releases the command bar, its controls and their sinks.
   void ReleaseBar() noexcept { m_bar.Release(); }
-  // Lets go of the ribbons and of the pictures made for them.
+  // Releases the ribbons and their pictures.
   void ReleaseRibbon() noexcept;
 
  private:

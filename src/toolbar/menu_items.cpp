@@ -26,7 +26,7 @@ CMenuItem::CMenuItem(const CCommandBarControls& menu, const std::wstring& tag, c
                                             });
     if (FAILED(advised)) _com_issue_error(advised);
   } catch (...) {
-    // Half an item must not stay in the menu.
+    // Do not leave an incomplete item in the menu.
     GuardCall(log, name, [this] { m_button.Delete(); });
     throw;
   }

@@ -16,20 +16,19 @@
 
 namespace quor {
 
-// What a control was last told to show. Office is told only what has changed: each of that costs a
-// call into Outlook.
+// The face that a control shows. Only changes are sent to Office: each costs a call.
 class CShownFace {
  public:
-  // Throws _com_error; what was shown then counts as unknown. Whoever calls holds the object that
-  // this belongs to, since a shutdown may run inside a call; the control is held here.
+  // Throws _com_error; the shown face then counts as unknown. A shutdown may run inside a call, so
+  // the caller must hold the object that contains this one; the control is held here.
   void Show(CCommandBarControl control, const ItemFace& face);
 
  private:
   std::optional<ItemFace> m_shown;
 };
 
-// A button of a command bar or of its menus, and the sink of its clicks. Made at the end of the bar
-// or menu; a failing object-model call throws _com_error.
+// A button of a command bar or menu, with the sink for its clicks. Created at the end of the bar or
+// menu; a failing object-model call throws _com_error.
 class CMenuItem {
  public:
   using Face = ItemFace;
@@ -37,12 +36,13 @@ class CMenuItem {
   CMenuItem(const CMenuItem&) = delete;
   CMenuItem& operator=(const CMenuItem&) = delete;
 
-  // The caller holds a reference of its own, since a shutdown may run inside such a call.
+  // A shutdown may run inside the calls, so the caller must hold a reference.
   void Show(const ItemFace& face) { m_shown.Show(m_button, face); }
   void Unadvise() noexcept { m_events.Unadvise(); }
 
  protected:
-  // `name` is a literal for the log's error lines; `owner` is held while a click is handled.
+  // `name` is a string literal for error lines in the log; `owner` is held while a click is
+  // handled.
   CMenuItem(const CCommandBarControls& menu, const std::wstring& tag, const char* name,
             IEventOwner& owner, CDiagnosticLog& log);
   ~CMenuItem() = default;
@@ -97,7 +97,7 @@ class CSpeedDialCommandBarButton final : public CMenuItem {
   IToolbarActions& m_actions;
 };
 
-// An entry of the speed dial: a submenu with what can be done with it.
+// An entry of the speed dial: a submenu with its actions.
 class CSpeedDialEntryMenu {
  public:
   struct Face {

@@ -23,7 +23,7 @@ int ScreenDotsPerInch() noexcept {
   return dotsPerInch;
 }
 
-// The picture takes the bitmap over.
+// The picture takes ownership of the bitmap.
 IDispatchPtr PictureFromBitmap(HBITMAP bitmap) {
   PICTDESC description = {};
   description.cbSizeofstruct = sizeof description;

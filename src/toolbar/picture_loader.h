@@ -9,9 +9,8 @@
 
 namespace quor {
 
-// Pictures among the resources, as the IPictureDisp objects that Office wants. GDI+ is started for
-// the first one and ended by Release or destruction, neither of which may run in DllMain. Failures
-// throw _com_error.
+// Pictures from the resources, as IPictureDisp objects for Office. The first one starts GDI+;
+// Release or destruction ends it, which must not happen in DllMain. Failures throw _com_error.
 class CPictureLoader {
  public:
   explicit CPictureLoader(const CResourceLoader& resources) noexcept : m_resources(resources) {}
@@ -19,15 +18,17 @@ class CPictureLoader {
   CPictureLoader(const CPictureLoader&) = delete;
   CPictureLoader& operator=(const CPictureLoader&) = delete;
 
-  // For the ribbon, which shows transparency: `picture` is an IDP_ number of 16 pixels; given in
-  // the size that suits the screen. Kept, since a ribbon asks for every control of every view.
+  // For the ribbon, with transparency. `picture` is an IDP_ id of a 16-pixel picture; the result
+  // has the size that fits the screen. Cached, because a ribbon queries every control in every
+  // view.
   IDispatchPtr RibbonPicture(int picture);
-  // For a command bar's button, which knows no transparency: painted onto the colour of buttons.
+  // For a command bar's button: painted on the button colour, because such buttons have no
+  // transparency.
   IDispatchPtr ButtonPicture(int picture);
   // A BITMAP resource.
   IDispatchPtr Mask(int bitmap);
 
-  // Lets go of everything kept.
+  // Releases the cached pictures and ends GDI+.
   void Release() noexcept;
 
  private:

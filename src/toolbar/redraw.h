@@ -3,12 +3,12 @@
 
 namespace quor {
 
-// One thing that is drawn by calls into Office. Each of them may handle messages, and so ask for
-// the very redraw that is under way: that one is then repeated when it is through, never nested in
-// itself, so that what Office shows in the end is the newest.
+// Serialises the redraws of one object. A redraw calls into Office, which may pump messages and
+// request the same redraw. It is then repeated after the current one, never nested, so that Office
+// ends up with the newest state.
 class CRedraw {
  public:
-  // `draw` must read what it draws afresh each time.
+  // `draw` must read the current state each time.
   template <typename Draw>
   void Run(Draw&& draw) {
     ++m_requests;

@@ -16,8 +16,8 @@ VARIANT_BOOL BoolFrom(bool value) noexcept {
 
 }  // namespace
 
-// While Office's question is answered. A call out of the answer may handle messages that change
-// what the ribbon shows.
+// Marks that a callback of Office is running. Its calls may pump messages that change what the
+// ribbon shows.
 class CRibbon::CAnswering {
  public:
   explicit CAnswering(CRibbon& ribbon) noexcept : m_ribbon(ribbon) { ++m_ribbon.m_answering; }
@@ -33,7 +33,7 @@ class CRibbon::CAnswering {
   CRibbon& m_ribbon;
 };
 
-// Fills in the default answer, then the body's.
+// Sets the default result, then the body's.
 template <typename Result, typename Body>
 HRESULT CRibbon::Answer(const char* where, Result* result, Result standard, Body&& body) noexcept {
   if (result == nullptr) return E_POINTER;
@@ -54,7 +54,7 @@ HRESULT CRibbon::Load(IDispatch* ribbon, RibbonWindow window) noexcept {
 }
 
 void CRibbon::Release() noexcept {
-  // Releasing an object of Office's may call back.
+  // Clear the member first: releasing Office's objects may re-enter.
   const std::array<Document, 2> released = std::exchange(m_documents, {});
 }
 
@@ -85,7 +85,7 @@ void CRibbon::Invalidate(Document& document) noexcept {
   if (document.deferred) return;
   document.asked = false;
   GuardCall(m_log, "ribbon", [&] {
-    // A copy: Office may ask, load or unload inside the call.
+    // A copy: Office may call back, load or unload inside the call.
     const std::vector<CRibbonUi> ribbons = document.ribbons;
     for (const CRibbonUi& ribbon : ribbons) {
       GuardCall(m_log, "IRibbonUI::Invalidate", [&ribbon] { ribbon.Invalidate(); });
@@ -175,7 +175,7 @@ HRESULT CRibbon::ChangeComboBox(IDispatch* control, BSTR text) noexcept {
   GuardCall(m_log, "ChangeComboBox", [&] {
     if (ControlFrom(control).function != RibbonFunction::DialBox) return;
     m_actions.StoreDialText(TextFromBstr(text));
-    // The other views have a dial box of their own.
+    // The other views have dial boxes of their own.
     InvalidateOnce();
   });
   return S_OK;
@@ -213,7 +213,7 @@ void CRibbon::Act(IDispatch* control) {
   }
 }
 
-// A contact's window has the main window's ids for the cells, and calls its contact from them.
+// The contact window's ribbon uses the main window's ids for the cells, but dials its contact.
 void CRibbon::ClickCell(IDispatch* control, size_t cell) {
   const IDispatchPtr window = CRibbonControl(control).Context();
   if (!m_contacts.IsContactWindow(window)) return m_actions.ClickCell(static_cast<int>(cell));

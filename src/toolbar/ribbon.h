@@ -18,31 +18,30 @@
 
 namespace quor {
 
-// What the ribbon of a contact's window asks and tells. The inspector may be null or no contact's.
+// Serves the ribbon of a contact's window. The inspector may be null or show no contact.
 class IContactRibbon {
  public:
-  // The contact's number of this telNumberType (1 to 12) as the user wrote it; empty when the
-  // contact has none. May throw _com_error.
+  // The contact's number of this telNumberType (1 to 12) as the user typed it; empty if the contact
+  // has none. May throw _com_error.
   virtual std::wstring NumberOf(IDispatch* inspector, int telNumberType) = 0;
-  // The number that is picked in this window and waits for a line. May throw _com_error.
+  // The number picked in this window that waits for a line. May throw _com_error.
   virtual ContactNumber PickedNumber(IDispatch* inspector) = 0;
   virtual void DialContact(IDispatch* inspector, int telNumberType) = 0;
-  // Whether a control's context is the window of an item: both windows share ids.
+  // Whether a control's context is an item's window; both windows use the same ids.
   virtual bool IsContactWindow(IDispatch* window) = 0;
-  // A button of a line or cell.
+  // A line or cell button was clicked.
   virtual void ClickLine(IDispatch* inspector, uint8_t lineType) = 0;
 
  protected:
   ~IContactRibbon() = default;
 };
 
-// Office's two documents that the add-in fills.
+// The two ribbon documents of the add-in.
 enum class RibbonWindow { Explorer, Contact };
 
-// The bodies of the ribbon's callbacks, and the ribbons they belong to. Every callback lets nothing
-// escape: a control that is none of ours, or a question that cannot be answered, gets an empty
-// answer and S_OK, since Office shows failures to the user; only a null result pointer is
-// E_POINTER.
+// The ribbon's callbacks and the ribbon objects. No callback fails, because Office shows failures
+// to the user: an unknown control or a failed query gives an empty result and S_OK. Only a null
+// result pointer gives E_POINTER.
 class CRibbon {
  public:
   // All must outlive the ribbon.
@@ -55,15 +54,15 @@ class CRibbon {
         m_pictures(pictures),
         m_log(log) {}
 
-  // Each document has a ribbon object of its own, and may be loaded more than once. All are kept
-  // until Release.
+  // Stores a ribbon object. Each document has its own and may be loaded more than once; all are
+  // kept until Release.
   HRESULT Load(IDispatch* ribbon, RibbonWindow window) noexcept;
   void Release() noexcept;
 
-  // Office asks for every face again. A question of Office's that is being answered must not call
-  // back: the request then waits for InvalidateDeferred, which WindowRequest::Refresh asks for.
+  // Makes Office query every face again. While a callback is running, this is postponed to
+  // InvalidateDeferred, which WindowRequest::Refresh calls.
   void Invalidate() noexcept;
-  // The same unless it has been done since Office last asked.
+  // The same, but at most once until Office has queried a face again.
   void InvalidateOnce() noexcept;
   void InvalidateContactsOnce() noexcept;
   void InvalidateDeferred() noexcept;
@@ -76,14 +75,14 @@ class CRibbon {
   HRESULT GetItemLabel(IDispatch* control, long index, BSTR* label) noexcept;
   HRESULT GetTextComboBox(IDispatch* control, BSTR* text) noexcept;
   HRESULT ChangeComboBox(IDispatch* control, BSTR text) noexcept;
-  // Every onAction of the documents; the control's id tells which.
+  // Handles every onAction of the documents; the control's id selects the action.
   HRESULT Clicked(IDispatch* control) noexcept;
 
  private:
   struct Document {
     std::vector<CRibbonUi> ribbons;
-    bool asked = true;      // Office has asked for a face since the last invalidation
-    bool deferred = false;  // to be invalidated when no question is being answered
+    bool asked = true;      // Office has queried a face since the last invalidation
+    bool deferred = false;  // invalidate when no callback is running
   };
   class CAnswering;
 
@@ -105,7 +104,7 @@ class CRibbon {
   CPictureLoader& m_pictures;
   CDiagnosticLog& m_log;
   std::array<Document, 2> m_documents;  // by RibbonWindow
-  int m_answering = 0;                  // questions of Office's that are being answered
+  int m_answering = 0;                  // number of callbacks running
 };
 
 }  // namespace quor

@@ -7,7 +7,7 @@
 namespace quor {
 namespace {
 
-// Views whose name begins with another's come before it.
+// A view whose name starts with another view's name comes before that view.
 constexpr std::wstring_view kViews[] = {
     L"Mail", L"CalendarTableView", L"Calendar", L"Contacts", L"Tasks", L"Notes", L"Journals"};
 

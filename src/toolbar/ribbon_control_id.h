@@ -8,7 +8,7 @@
 
 namespace quor {
 
-// What a control of the ribbon is for.
+// The function of a ribbon control.
 enum class RibbonFunction {
   None,  // not a control of ours
   DialBox,
@@ -31,15 +31,15 @@ enum class RibbonFunction {
 
 struct RibbonControlId {
   RibbonFunction function = RibbonFunction::None;
-  size_t index = 0;  // of an item, from 0; of a contact's number, telNumberType 1 to 12
+  size_t index = 0;  // of an item, from 0; for a contact's number, telNumberType 1 to 12
   SpeedDialAction action = SpeedDialAction::Call;  // of a speed-dial item
 
   bool operator==(const RibbonControlId&) const = default;
 };
 
-// Reads a control's id: a folder view and a function ("JournalsCustomButtonOption"), an item of a
-// menu ("MailSpeedDialC7"), or a control of contact windows ("MenuHome2"). Takes both the short ids
-// of the calendar's table view, which its document has, and the long ones.
+// Parses a control's id: a folder view and a function ("JournalsCustomButtonOption"), a menu item
+// ("MailSpeedDialC7"), or a control of contact windows ("MenuHome2"). The calendar's table view has
+// short ids in the document; the long form is accepted, too.
 RibbonControlId RibbonControlIdFrom(std::wstring_view id) noexcept;
 
 }  // namespace quor

@@ -15,14 +15,14 @@ ItemFace ControlFace(const CControlFaces& faces, int control) {
   return {faces.Caption(control, kWithAnswer), faces.IsEnabled(control, kWithAnswer), true};
 }
 
-// As the dial box: whoever may dial may dial a contact. What is picked shows in place of the name.
+// Enabled like the dial box. A picked number replaces the contact's name.
 ItemFace ContactMenuFace(const CControlFaces& faces, int telNumberType, std::wstring_view picked) {
   ItemFace face = ControlFace(faces, kDialBoxControl);
   if (!picked.empty()) face.caption = faces.ContactNumber(telNumberType, picked).caption;
   return face;
 }
 
-// The documents have no way to hide an entry.
+// The documents cannot hide an entry.
 ItemFace CallerFace(const CControlFaces& faces, size_t entry) {
   ItemFace face = faces.Caller(entry);
   if (!face.visible) face = {faces.Text(IDS_NO_ENTRY), false, true};

@@ -8,19 +8,18 @@
 
 namespace quor {
 
-// What a control of the ribbon shows: enabled and answering as a ringing line would have it, since
-// there every line button may answer. `number`, of this telNumberType, is the one behind an item of
-// a contact's number menu, or the one picked in that menu; empty when there is none. A control that
-// is not ours shows nothing.
+// What a ribbon control shows. Uses the rules for a ringing line, because on the ribbon every line
+// button may answer. `number`, of this telNumberType, belongs to the item of a contact's number
+// menu or is picked in that menu; empty if there is none. Empty for an unknown control.
 ItemFace RibbonFace(const CControlFaces& faces, const RibbonControlId& control,
                     int telNumberType = 0, std::wstring_view number = {});
 
-// The number of its 16-pixel picture; 0 when it has none. The line buttons wear one for what a
-// click does; so does the menu of the cells, but for calling: there it offers the cells.
+// The id of the control's 16-pixel picture; 0 if it has none. A line button's picture shows what a
+// click does. The cell menu's does, too, but while idle it shows the cells.
 int RibbonPicture(const CControlFaces& faces, RibbonFunction function) noexcept;
 
-// The number of a picture in the size that fits the screen best: never smaller than 16 pixels at 96
-// dots per inch would be there, as long as there is one.
+// The id of the picture in the size that fits the screen best: at least as large as 16 pixels at 96
+// dpi, if such a size exists.
 int PictureForScreen(int picture, int dotsPerInch) noexcept;
 
 }  // namespace quor

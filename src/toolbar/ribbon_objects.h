@@ -7,15 +7,15 @@
 
 namespace quor {
 
-// Office's two ribbon objects. Their members are looked up on every object anew, since anybody may
-// call the add-in's callbacks with an object of his own.
+// Office's two ribbon objects. Member names are looked up on each object, because any program may
+// call the callbacks with an object of its own.
 
 class CRibbonControl : public CDispatchObject {
  public:
   explicit CRibbonControl(IDispatch* control);
 
   std::wstring Id() const;
-  // The explorer, or the inspector for controls in contact windows.
+  // The explorer, or for controls in contact windows the inspector.
   IDispatchPtr Context() const;
 };
 
@@ -23,7 +23,7 @@ class CRibbonUi : public CDispatchObject {
  public:
   explicit CRibbonUi(IDispatch* ribbon);
 
-  // Office asks for every control's face again, before it next shows it.
+  // Office queries every control's face again before it shows it next.
   void Invalidate() const;
 };
 

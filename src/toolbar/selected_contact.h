@@ -10,14 +10,14 @@
 
 namespace quor {
 
-// The contact selected in Outlook's main window: whom the user may want to dial.
+// The contact selected in Outlook's main window, offered for dialling.
 struct SelectedContact {
   std::wstring fileAs;
-  std::vector<ContactNumber> numbers;  // only those the contact has, in the order of their types
+  std::vector<ContactNumber> numbers;  // existing numbers only, in the order of their types
 };
 
-// Read when it is needed. The first selected item counts; no contact, or one that Outlook refuses
-// (logged), gives an empty result. The explorer must stay alive: any call may close it.
+// Reads the first selected item. Empty if it is not a contact or cannot be read (logged). The
+// caller must hold the explorer, because any call may close it.
 SelectedContact ReadSelectedContact(const CExplorer& explorer, CDiagnosticLog& log) noexcept;
 
 }  // namespace quor

@@ -34,7 +34,7 @@ void DeleteStaleBar(const CCommandBars& bars, const std::wstring& name) {
   try {
     stale = bars.Item(name);
   } catch (const _com_error&) {
-    return;  // how Office says that there is none
+    return;  // Office reports in this way that there is none
   }
   if (stale) stale.Delete();
 }

@@ -10,24 +10,25 @@
 
 namespace quor {
 
-// Buttons of Outlook 2000 have neither picture nor mask.
+// Buttons of Outlook 2000 (version 9) have no pictures or masks.
 inline constexpr int32_t kFirstPictureVersion = 10;
 
-// What every command bar of ours has in common, in the main window and in those of contacts.
+// Functions shared by the command bars of the main window and of contacts.
 
-// Takes away the bar of this name if there is one. Throws _com_error when Outlook refuses.
+// Deletes the bar of this name if it exists. Throws _com_error on failure.
 void DeleteStaleBar(const CCommandBars& bars, const std::wstring& name);
 
-// A new temporary bar at the top, not shown yet. One of the same name, left by a crash or by a
-// window closed before, is deleted first. Throws _com_error.
+// Creates a temporary bar at the top, not yet shown. First deletes a bar of the same name, left by
+// a crash or by a closed window. Throws _com_error.
 CCommandBar MakeBar(const CCommandBars& bars, const std::wstring& name);
 
-// Puts the bar where `place` says and shows it unless the user had hidden it; a record that tells
-// nothing leaves it where it is. Throws _com_error when the bar cannot be shown; a place that
-// Office does not take is only logged.
+// Moves the bar to `place` and shows it unless the user had hidden it; without a recorded position
+// the bar stays where it is. Throws _com_error if the bar cannot be shown; a position that Office
+// rejects is only logged.
 void PlaceBar(const CCommandBar& bar, const ToolBarRecord& place, CDiagnosticLog& log);
 
-// Where the bar stands now; the record stays as it is when the bar does not tell, which is logged.
+// Stores the bar's position. The record is unchanged if the position cannot be read, which is
+// logged.
 void ReadPlace(const CCommandBar& bar, ToolBarRecord& place, CDiagnosticLog& log) noexcept;
 
 }  // namespace quor

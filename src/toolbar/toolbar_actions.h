@@ -10,9 +10,8 @@ namespace quor {
 enum class SpeedDialAction { Call, Add, Edit, Erase };
 inline constexpr size_t kSpeedDialActionCount = 4;
 
-// What the user does on the toolbar or the ribbon, told to whoever acts on it. Called inside a
-// boundary: throwing is allowed. Entries count from 0, newest first; one that a list does not have
-// is ignored.
+// Handles the user's actions on toolbar and ribbon. Called inside a boundary: exceptions are
+// allowed. Entries count from 0, newest first; an unknown entry is ignored.
 class IToolbarActions {
  public:
   virtual void ClickLine(uint8_t lineType) = 0;  // Line1 or Line2, see line_type.h
@@ -21,10 +20,9 @@ class IToolbarActions {
   virtual void ClickSpeedDial(SpeedDialAction action, size_t entry) = 0;
   virtual void ClickOptions() = 0;
 
-  // The dial box of the command bar: a number was typed (index 0) or picked (from 1), to be
-  // dialled.
+  // Command bar: a number was typed (index 0) or picked (index from 1) in the dial box; dials it.
   virtual void ChangeDialBox(std::wstring_view text, int listIndex) = 0;
-  // The dial box of the ribbon: a number for the line button that is clicked next.
+  // Ribbon: stores the dial box's number for the next click on a line button.
   virtual void StoreDialText(std::wstring_view text) = 0;
 
  protected:

@@ -11,7 +11,7 @@ const std::array<ControlLayout, kControlCount> kToolbarLayout = {{
     {kDialBoxControl, ControlKind::ComboBox, L"Telephone Dial Tag", 0, 0},
     {kLine1Control, ControlKind::Button, L"Telephone Line1 Tag", IDP_LINE1, IDB_LINE1_MASK},
     {kLine2Control, ControlKind::Button, L"Telephone Line2 Tag", IDP_LINE2, IDB_LINE2_MASK},
-    // Not the string table's "Telephone Cell Tag".
+    // Deliberately not the string table's "Telephone Cell Tag".
     {kCallFromCellControl, ControlKind::Popup, L"Call from Cell Tag", 0, 0},
     {kCallerListControl, ControlKind::Popup, L"Caller List Tag", 0, 0},
     {kSpeedDialControl, ControlKind::Popup, L"Speed dial Tag", 0, 0},

@@ -10,25 +10,25 @@
 
 namespace quor {
 
-// The command bar: which controls it has, in which order, and what identifies them.
+// The command bar's controls, their order and their identification.
 
 enum class ControlKind { ComboBox, Button, Popup };
 
 struct ControlLayout {
   int control;  // see control_state.h
   ControlKind kind;
-  // Identifies the control to Office, which sends an event to every sink of the same tag.
+  // Office's key for the control; an event goes to every sink with the same tag.
   const wchar_t* tag;
-  int picture;  // resource numbers; 0: the control has none
+  int picture;  // resource ids; 0: none
   int mask;
 };
 
-// In the order in which they stand on the bar.
+// In the order on the bar.
 extern const std::array<ControlLayout, kControlCount> kToolbarLayout;
 
 const ControlLayout& LayoutOf(int control) noexcept;
 
-// Tags of menu items, each different from every other.
+// Unique tag of a menu item.
 std::wstring ItemTag(const ControlLayout& menu, size_t item);
 std::wstring SpeedDialItemTag(size_t entry, SpeedDialAction action);
 
