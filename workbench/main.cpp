@@ -1,4 +1,4 @@
-// The workbench: the registered add-in in a stand-in for Outlook, with a stand-in for the base.
+// The workbench: runs the registered add-in in a stand-in Outlook with a simulated base.
 
 // clang-format off
 #include <windows.h>
@@ -48,13 +48,13 @@ int Play(const Options& options) {
   return code;
 }
 
-// A person's steps come one at a time, on Outlook's thread.
+// Interactive steps come one at a time, already on Outlook's thread.
 class CHere final : public IExecutor {
  public:
   void Do(const std::function<void()>& action) override { action(); }
 };
 
-// Outlook and the base for a person, until the last main window is closed.
+// Runs Outlook and the base interactively, until the last main window is closed.
 int Live(const Options& options) {
   constexpr unsigned kFrame = 100;  // milliseconds
   CMessageLoop loop;

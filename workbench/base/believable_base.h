@@ -9,7 +9,7 @@
 
 namespace quor::workbench {
 
-// Where the base's indications go: on the wire.
+// Receives the base's indications.
 class IIndicationLine {
  public:
   virtual void Send(const Bytes& indication) = 0;
@@ -18,36 +18,36 @@ class IIndicationLine {
   ~IIndicationLine() = default;
 };
 
-// A base that behaves: it answers the add-in's requests by moving its lines through their states,
-// and lets the person at its panel ring, pick up and hang up.
+// A base that behaves like a real one: it answers the add-in's requests by changing the states of
+// its lines, and the user at its panel can ring, answer and hang up.
 //
 //   a call goes out         request "call", number     -> the line is in a call (3)
 //   a call comes in         Ring                       -> all lines busy (2), caller ID
 //                           request "call", no number  -> the ringing line is in a call, the others
 //                           idle
 //   a call ends             request "on hook", or HangUp -> the line is idle (1)
-//   nothing to be had       the line is not idle, or RefuseNextCall -> the reply says busy
+//   a call is refused       the line is not idle, or RefuseNextCall -> the reply says busy
 class CBelievableBase {
  public:
-  // Line states as the wire has them.
+  // Line states as sent on the wire.
   static constexpr uint8_t kIdle = 1;
   static constexpr uint8_t kBusy = 2;
   static constexpr uint8_t kInCall = 3;
 
   explicit CBelievableBase(IIndicationLine& line) : m_line(line) {}
 
-  // After every plugging in; calls do not survive.
+  // Call after each plugging in; ends all calls.
   void Reset();
-  // One request as the add-in wrote it.
+  // Handles one request of the add-in.
   void OnRequest(std::span<const uint8_t> bytes);
 
-  // What the person does. False where the line's state does not allow it.
+  // The user's actions. False if the line's state does not allow the action.
   bool Ring(const CallerIdReport& caller);
-  bool GiveUpRinging();                           // the caller hangs up before anybody answers
+  bool GiveUpRinging();                           // the caller hangs up before anyone answers
   bool HangUp(uint8_t lineType);                  // the other party of a call
-  bool UseElsewhere(uint8_t lineType, bool use);  // another handset takes or leaves the line
+  bool UseElsewhere(uint8_t lineType, bool use);  // another handset takes or releases the line
   void RefuseNextCall() { m_refuseNext = true; }
-  // Mobiles that are in reach, from bit 0 for Cell1, with their names.
+  // Sets the mobiles in reach, bit 0 for Cell1 and so on, and their names.
   void SetCells(uint8_t reachable, const std::array<std::string, 4>& names);
 
   uint8_t RingingLine() const { return m_ringing; }  // 0: none

@@ -17,7 +17,7 @@ StoredBar MenuBar() {
   bar.settings.name = L"Menu Bar";
   bar.settings.type = mso::kMenuBar;
   bar.settings.row = 1;
-  long id = 30002;  // any but 1: not a custom control
+  long id = 30002;  // any id but 1, which marks a custom control
   for (const wchar_t* caption :
        {L"&File", L"&Edit", L"&View", L"&Go", L"&Tools", L"&Actions", L"&Help"}) {
     bar.controls.push_back(BuiltIn(mso::kPopup, id++, caption));

@@ -11,7 +11,7 @@ class CCommandBarButton final : public CCommandBarControl {
   CCommandBarButton(CModel& model, std::shared_ptr<CControlRegistry> registry, CCommandBar& bar);
 
   ControlFace Face() const override;
-  // Raises Click at every sink of the buttons with the same id and tag.
+  // Raises Click at every sink of all buttons with the same id and tag.
   void Activate() override;
 
  protected:

@@ -109,7 +109,7 @@ long CCommandBarComboBox::ListIndex() const {
   return m_listIndex;
 }
 
-// Counts as the user's choice, so the sinks hear of it.
+// Raises Change, because it counts as the user's choice.
 void CCommandBarComboBox::SetListIndex(const CArguments& arguments) {
   RequireAlive();
   if (arguments.Long(0) == 0) {

@@ -5,15 +5,15 @@
 
 namespace quor::workbench {
 
-// A combo box, and with the same members an edit box or a drop-down list.
+// A combo box. An edit box and a drop-down list have the same members.
 class CCommandBarComboBox final : public CCommandBarControl {
  public:
   CCommandBarComboBox(CModel& model, std::shared_ptr<CControlRegistry> registry, CCommandBar& bar,
                       long type);
 
   ControlFace Face() const override;
-  // What the user does: types and presses Enter, or picks an entry (from 0). Raise Change at every
-  // sink of the combo boxes with the same id and tag.
+  // The user's actions: types a text and presses Enter, or picks an entry (from 0). Both raise
+  // Change at every sink of all combo boxes with the same id and tag.
   void EnterText(const std::wstring& text);
   void Pick(size_t entry);
 

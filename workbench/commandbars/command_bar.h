@@ -39,7 +39,7 @@ struct NewControl {
 };
 
 // A toolbar, the menu bar, or the content of a popup. Belongs to its window's CommandBars until it
-// is deleted; afterwards every member fails with E_FAIL.
+// is deleted; afterwards each member fails with E_FAIL.
 class CCommandBar final : public CAutomation {
  public:
   CCommandBar(CModel& model, std::shared_ptr<CControlRegistry> registry, CCommandBars& owner,
@@ -70,7 +70,7 @@ class CCommandBar final : public CAutomation {
   std::vector<ControlFace> ControlFaces() const;
   void Changed() const;
   void Detach() noexcept;
-  // Pixels that a control takes on a toolbar where nothing else was asked for.
+  // A control's default width on a toolbar, in pixels.
   static long UsualWidth(const ControlFace& face) noexcept;
 
  protected:

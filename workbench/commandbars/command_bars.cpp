@@ -9,7 +9,7 @@
 namespace quor::workbench {
 namespace {
 
-// Bars are named without regard to case, as in Office.
+// Bar names are compared without regard to case, as in Office.
 bool IsSameName(const std::wstring& left, const std::wstring& right) noexcept {
   return CompareStringOrdinal(left.data(), static_cast<int>(left.size()), right.data(),
                               static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
@@ -186,7 +186,7 @@ CModelPtr<CAutomation> CCommandBars::FindControls(const CArguments& arguments) c
   return MakeObject<CCommandBarControls>(Model(), std::move(found)).get();
 }
 
-// --- what is there ---
+// --- contents ---
 
 std::vector<BarFace> CCommandBars::Faces() const {
   std::vector<BarFace> faces;
@@ -205,7 +205,7 @@ std::vector<ControlFace> CCommandBars::ControlFaces(bool withBuiltIn) const {
   return faces;
 }
 
-// --- what the user does ---
+// --- the user's actions ---
 
 int CCommandBars::HandleAt(std::span<const std::wstring> path) const {
   const std::vector<ControlFace> faces = ControlFaces(true);

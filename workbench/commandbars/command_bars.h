@@ -11,8 +11,8 @@
 
 namespace quor::workbench {
 
-// A bar that Outlook keeps from one start to the next: without sinks and picture handlers, its
-// temporary controls left out.
+// A bar as Outlook stores it between two starts: without sinks, picture handlers and temporary
+// controls.
 struct StoredControl {
   long type = mso::kButton;
   ControlSettings settings;
@@ -23,44 +23,45 @@ struct StoredBar {
   std::vector<StoredControl> controls;
 };
 
-// The command bars of one explorer or inspector window: one object for each window. Answers
-// "CommandBars" of the window, and takes the user's actions.
+// The command bars of one explorer or inspector window, the window's "CommandBars" property. Each
+// window has its own object. Also performs the user's actions.
 //
-// Up to Outlook 12 (explorers) and 11 (inspectors) the bars are Office's usual ones. From 14 on the
-// object is there but FindControl finds nothing and no window shows a bar: Kind::Hidden.
+// Up to Outlook 12 (explorers) and 11 (inspectors) these are Office's usual bars. From version 14
+// on the object exists, but FindControl finds nothing and no window shows a bar: Kind::Hidden.
 //
-// The user's actions throw CUserActionError where a user could not do it: the control is not there,
-// disabled, hidden, on a hidden bar, in a disabled menu. Controls are named by ControlFace::handle,
-// or by a path as FindFace (ui/face.h) reads it.
+// The user's actions throw CUserActionError if a user could not do them: the control is missing,
+// disabled or hidden, on a hidden bar, or in a disabled menu. Controls are identified by
+// ControlFace::handle, or by a path as in FindFace (ui/face.h).
 class CCommandBars final : public CEventSource {
  public:
   enum class Kind { Shown, Hidden };
 
-  // `registry` is shared by all windows of the session. A Shown object begins with Outlook's own
+  // `registry` is shared by all windows of the session. A Shown object starts with Outlook's own
   // menu bar and standard toolbar.
   CCommandBars(CModel& model, std::shared_ptr<CControlRegistry> registry, Kind kind);
 
-  // What Application answers; borrowed.
+  // The value of the Application property; borrowed.
   void SetApplication(IDispatch* application) noexcept { m_application = application; }
-  // Called after every change that shows; may come many times in a row. Empty: none.
+  // Called after every visible change, possibly many times in a row. Empty: none.
   void SetChangeHandler(std::function<void()> handler) { m_changed = std::move(handler); }
-  // The window closes: all bars and controls die, whoever still holds them.
+  // The window closes: deletes all bars and controls, whoever still holds references.
   void Close() noexcept;
 
-  // --- what Outlook keeps between starts ---
+  // --- what Outlook stores between two starts ---
   std::vector<StoredBar> StoredBars() const;
   void Restore(const std::vector<StoredBar>& bars);
 
-  // --- what is there ---
-  std::vector<BarFace> Faces() const;  // every bar, hidden ones and Outlook's own included
-  // Controls of all bars that were added, or everything.
+  // --- contents ---
+  std::vector<BarFace> Faces() const;  // every bar, including hidden ones and Outlook's own
+  // The controls of all bars; without `withBuiltIn`, of the added bars only.
   std::vector<ControlFace> ControlFaces(bool withBuiltIn = false) const;
 
-  // --- what the user does ---
+  // --- the user's actions ---
   void Click(std::span<const std::wstring> path);
-  void EnterText(std::span<const std::wstring> path, const std::wstring& text);  // and Enter
+  void EnterText(std::span<const std::wstring> path,
+                 const std::wstring& text);  // then presses Enter
   void PickEntry(std::span<const std::wstring> path, const std::wstring& entry);
-  void DeleteControl(std::span<const std::wstring> path);  // by "customize"
+  void DeleteControl(std::span<const std::wstring> path);  // with "customize"
   void Click(int handle);
   void EnterText(int handle, const std::wstring& text);
   void PickEntry(int handle, size_t entry);  // from 0

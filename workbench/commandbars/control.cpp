@@ -133,7 +133,7 @@ long CCommandBarControl::Index() const {
   return m_bar->IndexOf(*this);
 }
 
-// Where the control stands is known only to a window that has drawn it.
+// Only a window that has drawn the control knows its position.
 long CCommandBarControl::Position() const {
   RequireAlive();
   return 0;

@@ -14,7 +14,7 @@ namespace quor::workbench {
 
 class CCommandBar;
 
-// What FindControl looks for; a missing criterion matches everything.
+// Criteria of FindControl; a missing criterion matches everything.
 struct ControlQuery {
   std::optional<long> type;
   std::optional<long> id;
@@ -22,11 +22,11 @@ struct ControlQuery {
   bool visibleOnly = false;
   bool recursive = true;
 
-  // Type, Id, Tag, Visible and, for a bar's own FindControl, Recursive.
+  // Reads Type, Id, Tag, Visible and, for a bar's own FindControl, Recursive.
   static ControlQuery FromArguments(const CArguments& arguments, bool recursiveByDefault);
 };
 
-// Settings that every control has.
+// The settings common to all controls.
 struct ControlSettings {
   std::wstring caption;
   std::wstring tag;
@@ -44,8 +44,8 @@ struct ControlSettings {
   long height = 0;
 };
 
-// The base of button, combo box and popup. Belongs to a bar until it is deleted; afterwards every
-// member fails with E_FAIL and no event reaches its sinks.
+// Base class of button, combo box and popup. Belongs to a bar until it is deleted; afterwards each
+// member fails with E_FAIL and its sinks receive no events.
 class CCommandBarControl : public CEventSource {
  public:
   std::string ObjectName() const override;
@@ -56,13 +56,13 @@ class CCommandBarControl : public CEventSource {
   bool IsDeleted() const noexcept { return m_bar == nullptr; }
   CCommandBar* Bar() const noexcept { return m_bar; }
   bool Matches(const ControlQuery& query) const;
-  // The control and all that it stands in are enabled and on the screen; the reason if not.
+  // Null if the control, its menus and its bar are enabled and visible; otherwise the reason.
   const char* WhyOutOfReach() const noexcept;
 
   virtual ControlFace Face() const;
   virtual CCommandBar* Menu() const noexcept { return nullptr; }  // of a popup
   virtual void Activate() {}                                      // clicked, or Execute
-  virtual void Detach() noexcept;                                 // deleted, or its bar is gone
+  virtual void Detach() noexcept;                                 // deleted, or its bar is deleted
 
  protected:
   CCommandBarControl(CModel& model, const CMemberTable& members, const EventTable& events,
@@ -71,7 +71,7 @@ class CCommandBarControl : public CEventSource {
 
   static const CMemberTable& ControlMembers();
   void RequireAlive() const;
-  // Live controls whose sinks hear of an event of this one, itself among them.
+  // All live controls whose sinks receive this control's events, itself included.
   std::vector<CModelPtr<CCommandBarControl>> Twins();
 
  private:
@@ -80,7 +80,7 @@ class CCommandBarControl : public CEventSource {
   void Delete();
   long Index() const;
   long Position() const;
-  // Reads and writes of the settings, told apart by the member's id.
+  // Read and write a setting; the member's id selects it.
   CValue ReadSetting(const CArguments& arguments) const;
   void WriteSetting(const CArguments& arguments);
 

@@ -7,7 +7,7 @@
 
 namespace quor::workbench {
 
-// The controls of one bar as they are at each call, or what FindControls found.
+// The controls that one bar has at the time of each call, or the result of FindControls.
 class CCommandBarControls final : public CAutomation {
  public:
   CCommandBarControls(CModel& model, CModelPtr<CCommandBar> bar);

@@ -8,8 +8,8 @@ namespace quor::workbench {
 
 class CCommandBarControl;
 
-// Every control of every window of the session. Office matches events by tag across all of them,
-// so all windows share one registry.
+// Every control of all windows of the session. Office matches events by tag across windows, so all
+// windows share one registry.
 class CControlRegistry {
  public:
   int NextInstance() noexcept { return ++m_lastInstance; }

@@ -6,7 +6,7 @@
 
 namespace quor::workbench {
 
-// A drop-down menu. Its items are the controls of a bar of its own.
+// A drop-down menu. Its items are the controls of its own bar.
 class CCommandBarPopup final : public CCommandBarControl {
  public:
   CCommandBarPopup(CModel& model, std::shared_ptr<CControlRegistry> registry, CCommandBar& bar);

@@ -21,7 +21,7 @@ namespace quor::workbench {
 
 namespace {
 
-// The add-in's own timers: the deferred build, due at once, and the poll of the base.
+// The add-in's own timers: the deferred contact scan, due at once, and the poll of the base.
 constexpr UINT_PTR kBuildTimer = 0x80000001u;
 constexpr UINT_PTR kPollTimer = 0x80000002u;
 
@@ -156,8 +156,8 @@ uint32_t CAddInHost::CallRibbon(const RibbonCall& call, std::string& answer) {
   return Result(CallRibbonCallback(Loaded(), call, V_DISPATCH(&control.Get()), answer));
 }
 
-// Each reference is forgotten before it is released: the last one ends the add-in, which calls
-// Outlook, where a sweep may want to use the add-in.
+// Clear each reference before releasing it: the last release ends the add-in, which calls Outlook,
+// where a sweep may use the add-in again.
 void CAddInHost::ReleaseObject() {
   IUnknown* const references[] = {std::exchange(m_ribbonSource, nullptr),
                                   std::exchange(m_factory, nullptr),
@@ -215,13 +215,13 @@ void CAddInHost::CheckModuleGone() {
   if (!m_keepModule && GetModuleHandleW(m_registered.modulePath.c_str())) {
     throw CExpectationFailure("its DLL stays in the process");
   }
-  // Where SI_Close failed, the library's thread may run on: freeing it would be the fault.
+  // After a failed SI_Close the library's thread may still run, so the DLL must stay loaded.
   if (ProgramBase().FailedCloses() == 0 && GetModuleHandleW(L"SiUSBXp.dll")) {
     throw CExpectationFailure("SiUSBXp.dll stays loaded");
   }
 }
 
-// As the timer's message would, at a moment of the scenario's choice.
+// Does what the timer's message would, at a time that the scenario chooses.
 void CAddInHost::Poll() {
   HWND hidden = nullptr;
   std::set<HWND> shown;

@@ -17,20 +17,20 @@
 
 namespace quor::workbench {
 
-// What Outlook hands to an add-in, and what it does with the ribbon it gets back.
+// What Outlook gives an add-in, and what it does with the ribbon that it receives.
 class IAddInSurroundings {
  public:
   virtual IDispatch* Application() = 0;
   virtual IDispatch* AddInInstance() = 0;
-  // The document of a ribbon and the object that answers its callbacks.
+  // Receives a ribbon's document and the object with its callbacks.
   virtual void OnRibbon(const std::string& ribbonId, const std::string& document,
                         IUnknown* callbacks) = 0;
-  // A control of its ribbon, or what RibbonCall::control says instead. A reference of the
-  // receiver's.
+  // A control of the add-in's ribbon, or the special value named in RibbonCall::control. The caller
+  // owns a reference.
   virtual CValue RibbonControl(const std::string& id) = 0;
-  // The add-in goes: nothing of its may be kept.
+  // The add-in is about to end: release everything of it.
   virtual void OnAddInGone() = 0;
-  // Whether event sources still hold sinks that are no longer advised.
+  // Whether event sources still hold unadvised sinks.
   virtual bool HoldsOldSinks() = 0;
 
  protected:
@@ -38,7 +38,7 @@ class IAddInSurroundings {
 };
 
 // Loads the registered add-in and calls it as Outlook does: class object, IDTExtensibility2,
-// IRibbonExtensibility, and at the end the proof that object and module are gone.
+// IRibbonExtensibility. At the end, checks that object and module are gone.
 class CAddInHost final : public IHostStage {
  public:
   CAddInHost(RegisteredAddIn addIn, CMessageLoop& loop, IAddInSurroundings& surroundings,
@@ -61,8 +61,8 @@ class CAddInHost final : public IHostStage {
   void EndProcess(bool uninitialized) override;
   void MoveIn(Neighbour neighbour) override { m_neighbours.MoveIn(neighbour); }
   void NeighboursLeave() override { m_neighbours.Leave(); }
-  // Lets the add-in go in the middle of a call that it makes. Throws CExpectationFailure when its
-  // DLL would be unloaded under its own code.
+  // Releases the add-in inside one of its own calls. Throws CExpectationFailure if this would
+  // unload the DLL while its code runs.
   void ReleaseInside();
   void Unload() override;
   void ReleaseObject() override;
@@ -72,27 +72,28 @@ class CAddInHost final : public IHostStage {
   bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds) override;
   void FailSystemFunction(const std::string& function, const FailingCalls& calls) override;
 
-  // The add-in sees a screen of so many per cent; at 100 the true one.
+  // Shows the add-in a screen scale in per cent; 100 is the real one.
   void ShowScale(int scale);
-  // The add-in's timers run as fast as they can, from the next time it is made.
+  // Makes the add-in's timers tick as fast as possible, from its next creation on.
   void HastenTimers() { m_hasten = true; }
-  // The DLL stays in the process for good, from the next time the add-in is made: each load of a
-  // module leaves a thread-local slot of its runtime behind, and a process has about a thousand.
+  // Keeps the DLL in the process for good, from the add-in's next creation on: each load of a
+  // module uses up a thread-local slot, and a process has about a thousand.
   void KeepModule() { m_keepModule = true; }
 
-  // What the add-in has Windows open for the user is only noted, from the next time it is made.
+  // Records the files and folders that the add-in opens for the user instead of opening them, from
+  // its next creation on.
   void CatchOpening() { m_catchOpening = true; }
   const std::string& LastOpened() const { return CImportFaults::LastOpened(); }
 
   const RegisteredAddIn& AddIn() const { return m_registered; }
-  // The module of the loaded add-in; null before and after.
+  // The loaded add-in's module; null before and after.
   HMODULE Module() const { return m_module; }
-  // Top-level windows of the add-in's on this thread, in no particular order.
+  // The add-in's top-level windows on this thread, in no particular order.
   std::vector<HWND> Windows() const;
 
  private:
   IExtensibility& Loaded() const;
-  // Loads the DLL and asks it for its class, without making an object yet.
+  // Loads the DLL and gets the class factory, without creating an object.
   HRESULT LoadClass();
   void CheckModuleGone();
   HRESULT CanUnload() const;
@@ -104,7 +105,7 @@ class CAddInHost final : public IHostStage {
   CModuleMeter m_meter;
   CImportFaults m_importFaults;
   CNeighbours m_neighbours;
-  IClassFactory* m_factory = nullptr;  // between loading the DLL and making the object
+  IClassFactory* m_factory = nullptr;  // between loading the DLL and creating the object
   IExtensibility* m_addIn = nullptr;
   IRibbonDocumentSource* m_ribbonSource = nullptr;
   bool m_keepModule = false;

@@ -13,7 +13,7 @@ namespace quor::workbench {
 
 namespace {
 
-// The titles of a row of tabs, between bars.
+// The titles of a row of tabs, separated by bars.
 std::string TabTitles(HWND tabs) {
   std::string titles;
   const LRESULT count = SendMessageW(tabs, TCM_GETITEMCOUNT, 0, 0);
@@ -46,14 +46,14 @@ BOOL CALLBACK CollectChild(HWND child, LPARAM list) {
   return TRUE;
 }
 
-// Direct and indirect children in tab order.
+// All descendants in tab order.
 std::vector<HWND> ChildrenOf(HWND window) {
   std::vector<HWND> children;
   EnumChildWindows(window, CollectChild, reinterpret_cast<LPARAM>(&children));
   return children;
 }
 
-// Without the marks of access keys.
+// The text without access-key marks.
 std::string WithoutMarks(const std::string& text) {
   std::string plain;
   for (size_t i = 0; i < text.size(); ++i) {
@@ -84,7 +84,7 @@ bool IsInputField(HWND control) {
   return name == "Edit" || name == "ComboBox";
 }
 
-// A list that nothing can be typed into.
+// Whether the control is a list without an edit field.
 bool IsChoice(HWND control) {
   return ClassOf(control) == "ComboBox" &&
          (GetWindowLongW(control, GWL_STYLE) & CBS_DROPDOWNLIST) == CBS_DROPDOWNLIST;
@@ -122,7 +122,7 @@ void PressButton(const std::vector<HWND>& windows, const std::string& title,
   for (const HWND child : ChildrenOf(window)) {
     if (ClassOf(child) != "Button" || WithoutMarks(TextOf(child)) != button) continue;
     CheckUsable(child, button);
-    // Posted, as a click is: the handler may open a window and stay inside it.
+    // Posted like a real click: the handler may open a window and run its message loop.
     PostMessageW(child, BM_CLICK, 0, 0);
     return;
   }

@@ -10,13 +10,13 @@
 
 namespace quor::workbench {
 
-// The add-in's windows as their user meets them: by name (IsCalled), their buttons by text. Every
-// operation looks among the given windows, visible ones first, and throws CScenarioError where
-// there is no such window, or the user could not do it.
+// The add-in's windows as a user sees them: windows by name (IsCalled), buttons by text. Each
+// operation searches the given windows, visible ones first. Throws CScenarioError if there is no
+// such window or a user could not do the action.
 WindowView DescribeWindow(HWND window);
 void PressButton(const std::vector<HWND>& windows, const std::string& title,
                  const std::string& button);
-// Fields are the input fields of the window in tab order, from 1.
+// `field` counts the window's input fields in tab order, from 1.
 void EnterText(const std::vector<HWND>& windows, const std::string& title, int field,
                const std::string& text);
 void ActivateByUser(const std::vector<HWND>& windows, const std::string& title);

@@ -43,7 +43,7 @@ void MakeFolders(const std::wstring& path) {
 
 void RemoveTree(const std::wstring& folder) {
   std::wstring list = folder;
-  list.push_back(L'\0');  // the list ends in two
+  list.push_back(L'\0');  // the list ends with two NULs
   SHFILEOPSTRUCTW operation = {};
   operation.wFunc = FO_DELETE;
   operation.pFrom = list.c_str();

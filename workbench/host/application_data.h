@@ -7,13 +7,13 @@
 
 namespace quor::workbench {
 
-// An application-data folder of the run's own: where Windows says it is, for this user, is changed
-// for the life of this object. The setting belongs to the whole registry, so runs with one Wine
-// prefix follow each other. Paths are relative to the folder, UTF-8, with backslashes.
+// A separate application-data folder for a run. While this object exists, Windows reports it as the
+// user's folder. This setting applies to the whole registry, so runs that share a Wine prefix must
+// not overlap. Paths are relative to the folder, UTF-8, with backslashes.
 class CApplicationData {
  public:
-  // Makes the folder, empty. An empty path means a fresh one below the temporary folder, removed
-  // with its content at the end.
+  // Creates the folder, empty. An empty path creates one in the temporary folder, which is deleted
+  // at the end.
   explicit CApplicationData(const std::wstring& path);
   ~CApplicationData();
   CApplicationData(const CApplicationData&) = delete;
@@ -24,7 +24,7 @@ class CApplicationData {
   void Write(const std::string& path, const std::string& content);
   void CopyIn(const std::string& from, const std::string& path);
   void MakeFolder(const std::string& path);
-  // From now on Windows names a folder that does not exist.
+  // Makes Windows report a folder that does not exist.
   void PointNowhere();
   std::optional<std::string> Read(const std::string& path) const;
   std::wstring FullPath(const std::string& path) const;
@@ -39,7 +39,7 @@ class CApplicationData {
   std::optional<std::wstring> m_before;
 };
 
-// The content of a file anywhere; nothing where it cannot be read.
+// The content of any file; nothing if it cannot be read.
 std::optional<std::string> ReadWholeFile(const std::wstring& path);
 
 }  // namespace quor::workbench

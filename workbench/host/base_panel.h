@@ -6,14 +6,14 @@
 
 namespace quor::workbench {
 
-// The base as a person sees and works it, beside Outlook's main window. Hidden until the base
-// answers by itself: a scenario that scripts every byte has nothing to press.
+// The panel beside Outlook's main window that shows the base and lets a person use it. Hidden until
+// the base answers by itself: while a scenario scripts every byte, there is nothing to press.
 class CBasePanel final : public IBasePanel {
  public:
   explicit CBasePanel(CBaseStage& base) : m_base(base) {}
 
   PanelFace Face() override;
-  // Throws CUserActionError where the base's state does not allow it.
+  // Throws CUserActionError if the base's state does not allow it.
   void Press(int button) override;
 
  private:

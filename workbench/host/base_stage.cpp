@@ -14,9 +14,9 @@ constexpr wchar_t kLibraryName[] = L"\\SiUSBXp.dll";
 constexpr wchar_t kOldLibraryFolder[] = L"\\old_library";
 
 bool IsSimulated(const std::wstring& path) {
-  // Nothing in it runs: a strange library must not.
+  // Does not run the library's code, which is unknown.
   const HMODULE library = LoadLibraryExW(path.c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
-  if (!library) return true;  // not there, or no library: nothing to spoil
+  if (!library) return true;  // missing, or not a library: nothing to overwrite
   const bool simulated = GetProcAddress(library, MAKEINTRESOURCEA(kSimulatedLibraryOrdinal));
   FreeLibrary(library);
   return simulated;

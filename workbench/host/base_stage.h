@@ -11,18 +11,18 @@
 
 namespace quor::workbench {
 
-// Puts the simulated USB library beside the add-in's DLL, where the add-in looks first, and moves
-// the base behind it.
+// Installs the simulated USB library beside the add-in's DLL, where the add-in looks first, and
+// controls the base behind it.
 class CBaseStage final : public IBaseStage, ICallObserver, IIndicationLine {
  public:
-  // `addInFolder` receives the library; both folders without a backslash at the end. Throws
-  // std::runtime_error if a library that is not simulated stands there already.
+  // The library is copied to `addInFolder`; both folders have no backslash at the end. Throws
+  // std::runtime_error if that folder holds another vendor's library.
   CBaseStage(std::wstring addInFolder, std::wstring workbenchFolder);
   ~CBaseStage();
   CBaseStage(const CBaseStage&) = delete;
   CBaseStage& operator=(const CBaseStage&) = delete;
 
-  ISimulatedBase& Base() const;  // throws CScenarioError while there is no library
+  ISimulatedBase& Base() const;  // throws CScenarioError if there is no library
 
   void InstallLibrary(Library library) override;
   void Plug(const DeviceStrings& strings) override;

@@ -7,7 +7,7 @@ namespace quor::workbench {
 
 namespace {
 
-// In plain memory, since a crash handler reads it.
+// A plain buffer, because the crash handler reads it.
 char g_currentCommand[256] = "before the first command";
 uint64_t g_round = 0;  // 0: no sweep
 
@@ -41,7 +41,7 @@ void CConsole::Command(const Statement& statement) {
   std::snprintf(g_currentCommand, std::size(g_currentCommand), "%sline %d: %s", round.c_str(),
                 statement.line, statement.source.c_str());
   if (m_telling != Options::Telling::Everything || statement.words.front() == "say") return;
-  if (statement.round > 1) return;  // as in the first round
+  if (statement.round > 1) return;  // the same as in the first round
   char number[16];
   std::snprintf(number, std::size(number), "%4d  ", statement.line);
   PrintLine(number + statement.source);

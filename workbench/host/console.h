@@ -19,9 +19,9 @@ class CConsole final : public ITranscript {
   void Show(const std::string& text) override;
   void Failure(const std::string& text) override;
 
-  // The command that runs now, for whoever reports that it crashed or got stuck.
+  // The current command, for reports of a crash or a hang.
   static const char* CurrentCommand();
-  // The call of the object model that a sweep's round is about; goes before the command.
+  // The call of the object model that the sweep's round tests; printed before the command.
   static void SetRound(uint64_t call);
 
  private:

@@ -12,7 +12,7 @@ namespace quor::workbench {
 
 namespace {
 
-// The crashed process cannot be trusted with more than this.
+// Uses as little as possible of the crashed process.
 void WriteLine(const char* text) {
   const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
   DWORD written = 0;

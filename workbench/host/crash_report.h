@@ -6,11 +6,11 @@ namespace quor::workbench {
 inline constexpr int kExitCrashed = 3;
 inline constexpr int kExitStuck = 4;
 
-// A crash anywhere in the process ends it with a line on standard output: what, in which module,
-// during which command of the scenario; exit code kExitCrashed.
+// On a crash, prints one line to standard output (the exception, its module, the scenario's current
+// command) and ends the process with kExitCrashed.
 void ReportCrashes();
 
-// Ends the process at once, since Outlook's thread no longer answers.
+// Ends the process at once, because Outlook's thread no longer answers.
 [[noreturn]] void ReportStuck();
 
 }  // namespace quor::workbench

@@ -1,7 +1,7 @@
 #ifndef QUOR_WORKBENCH_HOST_DIALOG_IDS_H
 #define QUOR_WORKBENCH_HOST_DIALOG_IDS_H
 
-// Numbers in workbench.rc.
+// Ids in workbench.rc.
 #define IDD_OPTIONS 100
 #define IDC_OPTIONS_TABS 1001
 #define IDC_OPTIONS_APPLY 1002

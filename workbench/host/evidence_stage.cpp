@@ -56,7 +56,7 @@ std::vector<std::string> CEvidenceStage::ListFiles() {
   return m_data.List();
 }
 
-// One file a day; a run across midnight reads both in order.
+// There is one file per day; after a run across midnight, both are read in order.
 std::optional<std::string> CEvidenceStage::ReadLog() {
   std::optional<std::string> log;
   for (const std::string& path : m_data.List()) {

@@ -10,7 +10,7 @@
 
 namespace quor::workbench {
 
-// Files of the run, its diagnostic log, XML and the registry.
+// The files of the run, its diagnostic log, XML files and the registry.
 class CEvidenceStage final : public IEvidenceStage {
  public:
   CEvidenceStage(CApplicationData& data, const CAddInHost& host) : m_data(data), m_host(host) {}

@@ -6,8 +6,8 @@
 #include <oaidl.h>
 // clang-format on
 
-// The two contracts that Outlook calls on an add-in, by vtable. Declared here since no SDK header
-// is at hand; the order of the members is the contract.
+// The two interfaces that Outlook calls on an add-in, by vtable. Declared here because there is no
+// SDK header; the order of the members is part of the interface.
 
 namespace quor::workbench {
 

@@ -10,7 +10,7 @@ namespace quor::workbench {
 
 namespace {
 
-// As many as figures are made of: a session of a hundred thousand calls asks for none.
+// Enough for figures; a session of 100,000 calls does not need them.
 constexpr size_t kMostCallers = 1000;
 
 using Clock = std::chrono::steady_clock;

@@ -9,21 +9,21 @@
 
 namespace quor::workbench {
 
-// What the add-in costs Outlook, by the machine's clock.
+// Measures the time that the add-in costs Outlook, by the machine's clock.
 class CFigureStage final : public IFigureStage {
  public:
   // Both must outlive the stage.
   CFigureStage(CModel& model, COfficeFace& face) : m_model(model), m_face(face) {}
 
   using TimeOf = std::optional<double> Figures::*;
-  // Runs the action; its time is added to the named one.
+  // Runs the action and adds its time to the figure.
   void Time(TimeOf figure, const std::function<void()>& action);
   using WorkOf = std::optional<Figures::Work> Figures::*;
-  // Runs the action; what it costs in and outside the object model is added to the named figure.
+  // Runs the action and adds its cost, inside and outside the object model, to the figure.
   void Measure(WorkOf figure, const std::function<void()>& action);
 
-  // Runs the tick, then messages until there are none. What is measured is the way from the tick to
-  // the first window that appears.
+  // Runs the tick and then handles messages until there are none. Measures the time from the tick
+  // to the first window that appears.
   void TimeCaller(const std::function<void()>& tick, const std::function<bool()>& handleMessage,
                   const std::function<bool()>& appears);
 

@@ -10,10 +10,10 @@ namespace quor::workbench {
 
 namespace {
 
-// The add-in, too, must get at its file.
+// Leaves the add-in time to use the file.
 constexpr DWORD kPause = 1;  // milliseconds
 
-// Every element that begins ends, in its turn, and one holds all others.
+// Whether every element is closed in order and one root element contains all others.
 bool IsWhole(std::string_view text) {
   std::vector<std::string_view> open;
   bool closed = false;

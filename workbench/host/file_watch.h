@@ -9,8 +9,8 @@
 
 namespace quor::workbench {
 
-// Reads an XML file of elements without attributes again and again on a thread of its own, at
-// whatever moment, as a program that was started after a crash would find it.
+// Reads an XML file of elements without attributes again and again on another thread, at any
+// moment, like a program started after a crash.
 class CFileWatch {
  public:
   explicit CFileWatch(std::wstring path);
@@ -19,8 +19,8 @@ class CFileWatch {
   CFileWatch& operator=(const CFileWatch&) = delete;
 
   void End();
-  // After End: how often the file was read, and what was found the first time that it was missing
-  // or not whole; empty when it never was.
+  // After End: the number of readings, and the content the first time that the file was missing or
+  // incomplete; empty if it never was.
   uint64_t Readings() const { return m_readings; }
   const std::string& FirstFault() const { return m_fault; }
 

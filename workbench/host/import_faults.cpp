@@ -12,7 +12,7 @@ namespace quor::workbench {
 
 namespace {
 
-// One function that can be made to fail: its true address and which calls fail.
+// A function that can be made to fail: its real address and the calls that fail.
 struct HookedFunction {
   const char* name;
   FARPROC replacement;
@@ -112,8 +112,7 @@ HookedFunction g_functions[] = {
     {"GetDeviceCaps", AsProc(GetDeviceCapsReplacement)},
 };
 
-// Puts the replacement between the module and the true function; null if the module has no use for
-// that function.
+// Replaces the function for the module; null if the module does not import it.
 HookedFunction* Hook(HMODULE module, HookedFunction& function) {
   if (function.slot) return &function;
   function.slot = FindImport(module, function.name);

@@ -9,9 +9,9 @@
 
 namespace quor::workbench {
 
-// Makes Windows functions fail or do something else for one module alone, by standing between it
-// and what it imports. The module must be loaded; other modules keep the true functions. One module
-// at a time.
+// Makes Windows functions fail or behave differently for one module, by replacing entries in its
+// import table. The module must be loaded; other modules are not affected. Serves one module at a
+// time.
 class CImportFaults {
  public:
   CImportFaults() = default;
@@ -19,18 +19,18 @@ class CImportFaults {
   CImportFaults(const CImportFaults&) = delete;
   CImportFaults& operator=(const CImportFaults&) = delete;
 
-  // Throws CScenarioError for a function the workbench has no stand-in for, or that the module does
-  // not import. `calls.status` is the last error that the failing call leaves.
+  // Throws CScenarioError for a function that the workbench cannot replace or the module does not
+  // import. `calls.status` is the error code that the failing call sets.
   void Fail(HMODULE module, const std::string& name, const FailingCalls& calls);
-  // Every timer that the module sets from now on ticks as often as Windows can.
+  // Makes every timer that the module sets from now on tick as often as Windows can.
   void HastenTimers(HMODULE module);
-  // What the module asks Windows to open for the user is noted instead: the last, in the ANSI code
-  // page; empty where there was nothing.
+  // Records what the module asks Windows to open instead of opening it: the last path, in the ANSI
+  // code page, or empty.
   void CatchOpening(HMODULE module);
   static const std::string& LastOpened();
-  // The screen has so many dots per inch for the module; 0: as many as it has.
+  // Shows the module a screen of this many dots per inch; 0: the real value.
   void ShowDotsPerInch(HMODULE module, int dotsPerInch);
-  // The faults are over; call it before the module goes.
+  // Ends the faults; call it before the module is unloaded.
   static void Forget();
 };
 

@@ -5,11 +5,11 @@
 
 namespace quor::workbench {
 
-// Where a loaded module keeps the address of a function that it imports by name; null where it does
+// Where a loaded module stores the address of a function that it imports by name; null if it does
 // not.
 FARPROC* FindImport(HMODULE module, const char* function);
 
-// The module calls `address` from now on.
+// Makes the module call `address` from now on.
 void WriteSlot(FARPROC* slot, FARPROC address);
 
 template <typename Function>

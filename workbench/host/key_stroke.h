@@ -8,17 +8,17 @@
 
 namespace quor::workbench {
 
-// A key as a person at the keyboard presses it: "Tab", "Shift+Tab", "Alt+l", or a text that is
-// typed. Its modifiers are down while this object lives.
+// A key stroke: "Tab", "Shift+Tab", "Alt+l", or a typed text. The modifiers are down while this
+// object exists.
 class CKeyStroke {
  public:
-  // Throws CScenarioError for a key that no keyboard has.
+  // Throws CScenarioError for an unknown key.
   explicit CKeyStroke(const std::string& key);
   ~CKeyStroke();
   CKeyStroke(const CKeyStroke&) = delete;
   CKeyStroke& operator=(const CKeyStroke&) = delete;
 
-  // Sends the key to the window that has the focus on this thread.
+  // Sends the key to the window with the focus on this thread.
   void Post() const;
 
  private:

@@ -7,7 +7,8 @@ namespace quor::workbench {
 
 namespace {
 
-// An add-in whose windows post to themselves without end must not hang the scenario here.
+// Limit per pump, so that an add-in window that posts to itself without end does not hang the
+// scenario.
 constexpr int kMostMessages = 100'000;
 constexpr int kMostPaints = 50;
 constexpr ULONGLONG kLongestHold = 3'000;  // milliseconds
@@ -26,11 +27,11 @@ bool CMessageLoop::HandleOne(UINT first, UINT last) {
 }
 
 void CMessageLoop::Handle(MSG& message) {
-  // A copy: the filter may take itself away.
+  // A copy: the filter may remove itself.
   if (const Filter filter = m_filter; filter && filter(message)) return;
   TranslateMessage(&message);
   const auto handle = [&message] { DispatchMessageW(&message); };
-  // A copy: what is handled may end the watch.
+  // A copy: the handled message may end the watch.
   const Watcher watcher = WatcherOf(message);
   if (watcher) {
     watcher(handle);
@@ -86,7 +87,8 @@ void CMessageLoop::Pump() {
   int paints = 0;
   for (int i = 0; i < kMostMessages; ++i) {
     if (PumpOne()) continue;
-    // A window that is never done with painting must not stop the others.
+    // Limits paint messages, so that a window that never finishes painting does not block the
+    // others.
     if (++paints > kMostPaints || !HandleOne(WM_PAINT, WM_PAINT)) return;
   }
 }

@@ -7,30 +7,30 @@
 
 namespace quor::workbench {
 
-// Outlook's message loop, with the clock in the scenario's hand: what is posted is handled at once,
-// timers only while the scenario waits. So the same scenario sees the same order every time.
+// Outlook's message loop, with the scenario in control of time: posted messages are handled at
+// once, timers only while the scenario waits. So each run of a scenario sees the same order.
 class CMessageLoop {
  public:
   void Pump();
-  // Handles one message that is posted; false when there is none.
+  // Handles one posted message; false if there is none.
   bool PumpOne();
-  // False when `milliseconds` pass before `done`, which is asked after every message.
+  // Calls `done` after every message. False if it is not true within `milliseconds`.
   bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds);
-  // For a person: everything as it comes, until the application ends.
+  // For interactive use: handles everything until the application ends.
   void Run();
 
-  // The add-in's one-shot timer, due at once, goes before its repeating one, however slowly the
-  // machine started it: until the first has come, ticks of the second are dropped.
+  // Lets the add-in's one-shot timer, due at once, tick before its repeating one, even on a slow
+  // machine: drops ticks of the second until the first has come.
   void ExpectTimerFirst(UINT_PTR first, UINT_PTR second);
-  // `watcher` gets each message of a timer instead, as an action that handles it; 0: no longer.
+  // `watcher` receives each message of a timer as an action that handles it; 0: none.
   using Watcher = std::function<void(const std::function<void()>& handle)>;
   void WatchTimer(UINT_PTR timer, Watcher watcher);
-  // The same for messages of an application's own that are posted to a module's windows.
+  // The same for private messages posted to a module's windows.
   void WatchPosted(HMODULE module, Watcher watcher);
-  // `filter` sees each message first, and says whether it has used it; null: no longer.
+  // `filter` sees each message first and returns whether it has used it; null: none.
   using Filter = std::function<bool(MSG& message)>;
   void SetFilter(Filter filter) { m_filter = std::move(filter); }
-  // Whether this loop, rather than a window's own, has handed out the message that is handled now.
+  // Whether this loop, not a window's own, dispatched the current message.
   bool HandedOut(HWND window, UINT message, LPARAM lParam) const;
 
  private:

@@ -7,8 +7,8 @@
 
 namespace quor::workbench {
 
-// What one module takes of memory and time, seen from between it and what it imports. One module at
-// a time; to be put there before anything else comes in between, and taken away after it.
+// Measures one module's memory and time by replacing entries in its import table. Serves one module
+// at a time. Install it before other replacements and remove it after them.
 class CModuleMeter {
  public:
   CModuleMeter() = default;
@@ -21,9 +21,9 @@ class CModuleMeter {
 
   // Memory blocks that the module has allocated since Watch and not freed.
   static int64_t Blocks();
-  // Milliseconds since Watch. Saving: from asking for a document to write to the new file in the
-  // place of the old one. Windows: in placing, showing, drawing and activating its own, and in
-  // letting those of the thread paint while it is busy.
+  // Milliseconds since Watch. Saving: from creating the document until the new file replaces the
+  // old one. Windows: placing, showing, drawing and activating the module's windows, and letting
+  // other windows of the thread paint meanwhile.
   struct Times {
     double saving = 0;
     double windows = 0;

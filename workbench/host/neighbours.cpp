@@ -8,12 +8,12 @@ namespace quor::workbench {
 
 namespace {
 
-// Leaves its region invalid, so that WM_PAINT comes for ever.
+// Leaves its update region invalid, so that WM_PAINT never stops.
 LRESULT CALLBACK NeverValidate(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   return message == WM_PAINT ? 0 : DefWindowProcW(window, message, wParam, lParam);
 }
 
-// Paints, and asks to be painted again.
+// Paints, then invalidates itself again.
 LRESULT CALLBACK InvalidateAgain(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message != WM_PAINT) return DefWindowProcW(window, message, wParam, lParam);
   PAINTSTRUCT paint;
@@ -24,7 +24,7 @@ LRESULT CALLBACK InvalidateAgain(HWND window, UINT message, WPARAM wParam, LPARA
   return 0;
 }
 
-// Looks at the queue itself while it is asked about a message.
+// Examines the message queue while the hook is called for a message.
 LRESULT CALLBACK OnMessage(int code, WPARAM wParam, LPARAM lParam) {
   static bool inside = false;
   if (code == HC_ACTION && !std::exchange(inside, true)) {

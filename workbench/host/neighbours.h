@@ -9,7 +9,7 @@
 
 namespace quor::workbench {
 
-// What other add-ins do on Outlook's thread, right or wrong. They leave with this object.
+// Other add-ins on Outlook's thread, well-behaved or not. They are removed with this object.
 class CNeighbours {
  public:
   CNeighbours() = default;
@@ -17,7 +17,7 @@ class CNeighbours {
   CNeighbours(const CNeighbours&) = delete;
   CNeighbours& operator=(const CNeighbours&) = delete;
 
-  // Returns for Neighbour::ModalLoop only when the neighbours leave.
+  // For Neighbour::ModalLoop, returns only when the neighbours are removed.
   void MoveIn(Neighbour neighbour);
   void Leave();
 

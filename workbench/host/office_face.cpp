@@ -56,7 +56,7 @@ void COfficeFace::LoadRibbon(const std::string& ribbonId, const std::string& doc
 void COfficeFace::UnloadRibbons() {
   for (const auto& parts : m_windows) {
     parts->window->SetRibbon(nullptr);
-    // It may be calling the add-in just now.
+    // Destroyed later, because it may be calling the add-in now.
     m_session->Model().RunLater([view = std::shared_ptr<CRibbonView>(std::move(parts->ribbon))] {});
   }
   if (m_explorerRibbon) m_explorerRibbon->Unload();

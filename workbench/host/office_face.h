@@ -13,49 +13,49 @@
 
 namespace quor::workbench {
 
-// The faces of Outlook's windows: for each explorer and inspector its command bars or its ribbon,
-// as the version has them, and a real window for those who look for one.
+// The appearance of Outlook's windows: for each explorer and inspector the version's command bars
+// or ribbon, and a real window for code that searches for one.
 class COfficeFace final : public IOutlookFace {
  public:
-  // `askRibbon` is called when a window is about to show a ribbon that the add-in was not asked
-  // for. Windows that are not `painted` cost nothing to change and stay blank on the screen.
+  // `askRibbon` is called when a window first shows a ribbon that the add-in was not asked for.
+  // Unless `painted`, windows stay blank on the screen and changes to them cost nothing.
   COfficeFace(int version, bool painted,
               std::function<void(const std::string& ribbonId)> askRibbon);
   ~COfficeFace();
   COfficeFace(const COfficeFace&) = delete;
   COfficeFace& operator=(const COfficeFace&) = delete;
 
-  // Before the first window opens; the session is made with the face in its hand. The panel is
-  // shown in explorers; null for none.
+  // Call before the first window opens; the session's constructor needs this object. Explorers show
+  // the panel; null for none.
   void Attach(CSession& session, IBasePanel* panel) {
     m_session = &session;
     m_panel = panel;
   }
 
-  // The add-in's document for a ribbon; `callbacks` answers for it.
+  // The add-in's document for a ribbon; `callbacks` has its callbacks.
   void LoadRibbon(const std::string& ribbonId, const std::string& document, IUnknown* callbacks);
-  // The add-in goes.
+  // The add-in is about to end.
   void UnloadRibbons();
-  // What real Office would say of the ribbon documents and callbacks when told to show errors.
+  // What Office would report about the ribbon documents and callbacks if set to show add-in errors.
   std::vector<std::string> RibbonMessages() const;
 
-  // Asks what the add-in has invalidated, and draws the windows in which that was anything.
+  // Queries invalidated values again and redraws the windows that show them.
   void DrawStale();
-  // Draws what is stale and says what the ribbons cost since the last time.
+  // The same; returns the ribbons' cost since the last call.
   RibbonFigures TakeRibbonFigures();
 
-  // Pictures of the window as it would look, with or without a screen.
+  // Saves a picture of the window, with or without a screen.
   void RenderToPng(CWindowObject* window, const std::wstring& path, const PictureLook& look);
-  // Leaves a menu open, so that a picture shows it; an empty path closes all.
+  // Opens a menu for a picture; an empty path closes all.
   void OpenMenu(CWindowObject* window, const std::vector<std::wstring>& path);
 
-  // The ribbons ask for every image again.
+  // Makes the ribbons query every image again.
   void ForgetImages();
 
-  // From now on, in every main window.
+  // Applies to all main windows from now on.
   void ShowCalendarAsTable(bool table);
 
-  // The controls of an explorer (null: the first) or of an inspector.
+  // The controls of an explorer (null: the first) or inspector.
   std::vector<ControlFace> Controls(CWindowObject* window);
   void Click(CWindowObject* window, const std::vector<std::wstring>& path);
   void DeleteControl(const std::vector<std::wstring>& path);
@@ -80,7 +80,7 @@ class COfficeFace final : public IOutlookFace {
     std::unique_ptr<CRibbonView> ribbon;
     std::unique_ptr<COutlookWindow> window;
   };
-  // Whoever acts on a window holds its parts: a callback of the add-in's may close it.
+  // Code that acts on a window must hold its parts: a callback of the add-in may close the window.
   using PartsPtr = std::shared_ptr<WindowParts>;
 
   PartsPtr PartsOf(CExplorer& explorer);

@@ -47,7 +47,7 @@ COptionsPage::COptionsPage(CSession& session, IPageFrame& frame, const OptionsPa
     if (m_page == nullptr || m_control == nullptr) {
       throw CModelError(E_NOINTERFACE, "The page is no PropertyPage or no control.");
     }
-    // As the control asks for it: OLEMISC_SETCLIENTSITEFIRST.
+    // The site is set first because the control has OLEMISC_SETCLIENTSITEFIRST.
     Check(m_control->SetClientSite(m_site.get()), "The page refuses its site.");
     if (auto* stored = Ask<IPersistStreamInit>(m_object, IID_IPersistStreamInit)) {
       const HRESULT made = stored->InitNew();

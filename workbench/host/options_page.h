@@ -15,19 +15,19 @@ struct IPropertyPage : IDispatch {
   virtual HRESULT STDMETHODCALLTYPE Apply() = 0;
 };
 
-// One page of an add-in's in Outlook's options dialog: a control from its first activation to its
-// last release. Everything throws CModelError when the page is not what it should be.
+// An add-in's page in Outlook's options dialog: a control from its first activation to its last
+// release. Every member throws CModelError if the page misbehaves.
 class COptionsPage {
  public:
-  // Makes a page that was handed over by ProgID.
+  // Creates the page's control if it was handed over by ProgID.
   COptionsPage(CSession& session, IPageFrame& frame, const OptionsPage& page);
-  // The page leaves its site and is let go of.
+  // Removes the site and releases the page.
   ~COptionsPage();
   COptionsPage(const COptionsPage&) = delete;
   COptionsPage& operator=(const COptionsPage&) = delete;
 
   const std::wstring& Title() const noexcept { return m_title; }
-  // Activates the page where the frame says, or takes it off the screen.
+  // Activates the page at the frame's position, or hides it.
   void Show();
   void Hide() noexcept;
   bool IsDirty();

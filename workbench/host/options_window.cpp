@@ -56,7 +56,7 @@ void COptionsWindow::AddPages() {
 void COptionsWindow::Close() noexcept {
   if (m_window == nullptr) return;
   m_loop.SetFilter(nullptr);
-  // First, or another program's window would come to the front.
+  // Enable the owner first: otherwise another program's window would come to the front.
   EnableWindow(std::exchange(m_owner, nullptr), TRUE);
   m_pages.clear();
   SetActivePage(nullptr);
@@ -76,7 +76,7 @@ RECT COptionsWindow::PagePlace() {
 void COptionsWindow::OnPageStatus() {
   const bool dirty = std::ranges::any_of(m_pages, [](const auto& page) { return page->IsDirty(); });
   const HWND apply = GetDlgItem(m_window, IDC_OPTIONS_APPLY);
-  // A disabled button must not keep the focus.
+  // Move the focus away from a button before it is disabled.
   if (!dirty && GetFocus() == apply) {
     SendMessageW(m_window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(m_window, IDOK)),
                  TRUE);
@@ -122,7 +122,7 @@ bool COptionsWindow::OnCommand(int id) {
   }
 }
 
-// Keys go to the active page first, then to the dialog.
+// Passes keys to the active page first, then to the dialog.
 bool COptionsWindow::TakesKey(MSG& message) {
   const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
   if (!isKey || !IsChild(m_window, message.hwnd)) return false;
@@ -146,7 +146,7 @@ INT_PTR CALLBACK COptionsWindow::DialogProcedure(HWND window, UINT message, WPAR
       self->ShowChosenPage();
     }
   } catch (const CModelError& error) {
-    // As Outlook: the dialog stays open and says why.
+    // As in Outlook, the dialog stays open and shows the error.
     SetWindowTextA(GetDlgItem(window, IDC_OPTIONS_ERROR), error.what());
   }
   return FALSE;

@@ -11,8 +11,8 @@
 namespace quor::workbench {
 
 // Outlook's options dialog, "Outlook Options", with the add-ins' pages as tabs and OK, Cancel and
-// Apply below. It keeps Outlook's main window disabled as a modal dialog does, but has no message
-// loop of its own, so that the clock stays in the scenario's hand.
+// Apply below. Like a modal dialog it disables Outlook's main window, but it has no message loop,
+// so that the scenario stays in control of time.
 class COptionsWindow final : private IPageFrame {
  public:
   COptionsWindow(COutlook& outlook, CMessageLoop& loop);
@@ -20,10 +20,10 @@ class COptionsWindow final : private IPageFrame {
   COptionsWindow(const COptionsWindow&) = delete;
   COptionsWindow& operator=(const COptionsWindow&) = delete;
 
-  // Asks the add-ins for their pages and shows the first. Throws CModelError when a page cannot be
-  // shown, CMailboxError when the dialog is open already.
+  // Asks the add-ins for their pages and shows the first one. Throws CModelError if a page cannot
+  // be shown, CMailboxError if the dialog is already open.
   void Open(HWND owner);
-  // As by Cancel; nothing if it is not open.
+  // Closes like Cancel; does nothing if it is not open.
   void Close() noexcept;
   HWND Window() const noexcept { return m_window; }
 

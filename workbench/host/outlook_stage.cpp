@@ -8,7 +8,7 @@ namespace quor::workbench {
 
 namespace {
 
-// What the user cannot do is a mistake of the scenario's.
+// Turns an action that a user cannot do into an error of the scenario.
 template <typename Action>
 auto AsUser(Action action) {
   try {

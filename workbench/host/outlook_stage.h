@@ -7,7 +7,7 @@
 
 namespace quor::workbench {
 
-// The stand-in Outlook as scenarios act on it: names for its errors, faults and accounting.
+// The stand-in Outlook for scenarios: names for its errors, faults and accounting.
 class COutlookStage final : public IOutlookStage {
  public:
   COutlookStage(COutlook& outlook, CFigureStage& figures)
@@ -44,7 +44,7 @@ class COutlookStage final : public IOutlookStage {
   void FailMember(const std::string& member, const FailingCalls& calls) override;
   void HealMembers() override;
   void DuringMember(const std::string& member, unsigned nth, std::function<void()> action) override;
-  // Objects, sinks, and misuses such as one release too many.
+  // Held objects and sinks, and misuses such as a release too many.
   std::vector<std::string> Held() override;
 
  private:

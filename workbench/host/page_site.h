@@ -5,23 +5,23 @@
 
 namespace quor::workbench {
 
-// What a page tells the dialog that shows it.
+// Receives a page's notifications; the dialog that shows the page.
 class IPageFrame {
  public:
   virtual HWND FrameWindow() = 0;
-  // Where a page belongs in that window.
+  // The page's position in that window.
   virtual RECT PagePlace() = 0;
-  // What a page holds has changed: ask it.
+  // The page's values changed; query it.
   virtual void OnPageStatus() = 0;
-  // The page that wants the keyboard, counted by the frame; null for none.
+  // The page that wants keyboard input, with a reference counted by the frame; null for none.
   virtual void SetActivePage(IOleInPlaceActiveObject* page) = 0;
 
  protected:
   ~IPageFrame() = default;
 };
 
-// PropertyPageSite, and with it everything that a page meets of its container: client site,
-// in-place site, frame and control site. What a page keeps of it counts as held.
+// PropertyPageSite and all other parts of a page's container: client site, in-place site, frame and
+// control site. References that a page keeps count as held.
 class CPageSite final : public COutlookObject,
                         public IOleClientSite,
                         public IOleInPlaceSite,
@@ -30,7 +30,7 @@ class CPageSite final : public COutlookObject,
  public:
   CPageSite(CSession& session, IPageFrame& frame);
 
-  // The dialog goes: nothing reaches it any more.
+  // The dialog closes: no call reaches it any more.
   void Leave() noexcept { m_frame = nullptr; }
   bool IsActive() const noexcept { return m_active; }
 
@@ -80,7 +80,7 @@ class CPageSite final : public COutlookObject,
   STDMETHODIMP LockInPlaceActive(BOOL) override { return E_NOTIMPL; }
   STDMETHODIMP GetExtendedControl(IDispatch** control) override;
   STDMETHODIMP TransformCoords(POINTL*, POINTF*, DWORD) override { return E_NOTIMPL; }
-  // A key that the page has no use for: the dialog's.
+  // The page does not use the key: leave it to the dialog.
   STDMETHODIMP TranslateAccelerator(LPMSG, DWORD) override { return S_FALSE; }
   STDMETHODIMP OnFocus(BOOL) override { return S_OK; }
   STDMETHODIMP ShowPropertyFrame() override { return E_NOTIMPL; }

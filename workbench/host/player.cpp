@@ -15,7 +15,8 @@ std::string FolderOf(const std::string& path) {
   return end == std::string::npos ? std::string() : path.substr(0, end + 1);
 }
 
-// Lines "11 14 Application.Explorers": the versions, then the member. '#' begins a comment.
+// Parses lines such as "11 14 Application.Explorers": versions, then the member. "#" begins a
+// comment.
 std::vector<std::string> ReadOutcomes(const std::string& text, int version) {
   std::vector<std::string> members;
   for (const Statement& line : ParseScript(text, version)) {
@@ -81,7 +82,7 @@ int CPlayer::PlayScenario(const std::vector<Statement>& statements) {
   return played && finished ? kGood : kFailed;
 }
 
-// With each round it is one call later, until there is no such call any more.
+// Each round fails the next call, until the session has no such call.
 int CPlayer::Sweep(const std::vector<Statement>& statements) {
   if (!m_options.outcomes.empty()) {
     m_idleAfter = ReadOutcomes(ReadNamedFile(m_options.outcomes), m_options.outlookVersion);
@@ -94,7 +95,7 @@ int CPlayer::Sweep(const std::vector<Statement>& statements) {
   return good ? kGood : kFailed;
 }
 
-// False when the session has no such call any more.
+// False if the session has no such call.
 bool CPlayer::SweepRound(const std::vector<Statement>& statements, uint64_t call, bool& good) {
   Open();
   m_called.reset();
@@ -169,13 +170,13 @@ void CPlayer::ActInside(CRun& run) {
         return;
     }
   } catch (const CScenarioError&) {
-    // Too early or too late in the session for it.
+    // The session is not at a point where this can be done.
   } catch (const CExpectationFailure& failure) {
     m_failedInside = failure.what();
   }
 }
 
-// After the failure the telephone still works: a frame of the base is read and handled.
+// Checks that the telephone still works after the failure: a frame of the base is read and handled.
 bool CPlayer::CheckOutcome(CRun& run, const std::string& member) {
   bool works = false;
   m_executor.Do([&] {
@@ -183,14 +184,14 @@ bool CPlayer::CheckOutcome(CRun& run, const std::string& member) {
       run.ForgetLog();
       ISimulatedBase& base = m_workbench->Base();
       if (base.DeviceCount() == 0) base.Plug();
-      m_workbench->Host().Poll();  // finds the base, if need be
+      m_workbench->Host().Poll();  // finds the base if necessary
       base.Queue(CallOnLine1());
       m_workbench->Host().Poll();
       m_workbench->Host().Pump();
       for (const std::string& line : run.NewLogLines())
         works = works || line.find("OnEventGet") != std::string::npos;
     } catch (const std::runtime_error&) {
-      // No window for the timers, or no log: no telephone.
+      // Without a window for the timers or a log there is no telephone.
     }
   });
   const bool mayBeIdle =

@@ -13,20 +13,19 @@
 
 namespace quor::workbench {
 
-// What a run ends with; scripts read it.
+// Exit codes of the program; scripts read them.
 enum ExitCode { kGood = 0, kFailed = 1, kNotPlayed = 2, kOtherVersion = 77 };
 
-// The version to be where nothing asks for another: what a person of today and one of then would
-// start.
+// The default Outlook version.
 inline constexpr int kUsualVersion = sizeof(void*) == 8 ? 16 : 11;
 
-// Plays the scenario, the sweep or the replay that the command line asks for. Lives on the script's
-// thread; every workbench is made and ended on Outlook's.
+// Plays the scenario, sweep or replay of the command line. Lives on the script's thread; every
+// workbench is created and destroyed on Outlook's thread.
 class CPlayer {
  public:
   CPlayer(const Options& options, CMessageLoop& loop, CThreadExecutor& executor);
 
-  // The exit code. Throws what a person at the keyboard must be told.
+  // Returns the exit code. Throws errors to show to the user.
   int Play();
 
  private:
@@ -36,7 +35,7 @@ class CPlayer {
   int PlayScenario(const std::vector<Statement>& statements);
   int Sweep(const std::vector<Statement>& statements);
   bool SweepRound(const std::vector<Statement>& statements, uint64_t call, bool& good);
-  // Has the round's call fail, or something else happen inside it.
+  // Makes the round's call fail, or something else happen inside it.
   void Aim(CRun& run, uint64_t call);
   void ActInside(CRun& run);
   bool CheckOutcome(CRun& run, const std::string& member);
@@ -47,9 +46,9 @@ class CPlayer {
   CThreadExecutor& m_executor;
   CConsole m_console;
   std::unique_ptr<CWorkbench> m_workbench;
-  std::optional<std::string> m_called;   // the member of the round's call, once it was made
-  std::string m_failedInside;            // what went wrong inside it
-  std::vector<std::string> m_idleAfter;  // members whose failure may leave no telephone
+  std::optional<std::string> m_called;   // the member of the round's call, after the call
+  std::string m_failedInside;            // the error inside it
+  std::vector<std::string> m_idleAfter;  // members whose failure may disable the telephone
 };
 
 }  // namespace quor::workbench

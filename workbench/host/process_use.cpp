@@ -13,7 +13,7 @@ namespace quor::workbench {
 
 namespace {
 
-// Wine leaves the first out.
+// Wine does not supply the first.
 int64_t PrivateBytes() {
   PROCESS_MEMORY_COUNTERS_EX counters = {};
   counters.cb = sizeof(counters);
@@ -22,7 +22,7 @@ int64_t PrivateBytes() {
   return static_cast<int64_t>(std::max(counters.PrivateUsage, counters.PagefileUsage));
 }
 
-// What winternl.h and the import library leave out.
+// For functions missing in winternl.h and the import library.
 template <typename Function>
 Function* NtFunction(const char* name) {
   const HMODULE library = GetModuleHandleW(L"ntdll.dll");
@@ -46,8 +46,8 @@ struct HandleList {
   HandleEntry first;
 };
 
-// Where the process is not told its own count, as under Wine, its handles are counted in the list
-// of everybody's.
+// Where the process cannot query its own count, as under Wine, its handles are counted in the
+// system-wide list.
 int64_t Handles() {
   DWORD own = 0;
   if (GetProcessHandleCount(GetCurrentProcess(), &own) && own != 0) return own;
@@ -81,7 +81,7 @@ struct GdiEntry {
   uint64_t user;
 };
 
-// Likewise; Wine keeps the list where Windows does, but not for 32-bit processes.
+// The same for GDI objects. Wine keeps this list where Windows does, but not for 32-bit processes.
 std::optional<int64_t> GdiObjects() {
   const DWORD own = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
   if (own != 0) return own;

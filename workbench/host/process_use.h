@@ -5,7 +5,7 @@
 
 namespace quor::workbench {
 
-// What this process holds of the system; `windows` counts those of the calling thread.
+// The system resources that this process holds; `windows` counts those of the calling thread.
 ResourceUse MeasureProcess();
 
 }  // namespace quor::workbench

@@ -37,7 +37,7 @@ std::wstring ReadText(HKEY root, const std::wstring& key, const wchar_t* name) {
   return value;
 }
 
-// The only add-in below the key; more than one is for the user to choose from.
+// The only add-in under the key; if there are several, the user must choose.
 std::wstring OnlyAddIn(HKEY root) {
   HKEY key = nullptr;
   if (RegOpenKeyExW(root, kAddInsKey, 0, KEY_READ, &key) != ERROR_SUCCESS) return {};

@@ -7,18 +7,18 @@
 
 namespace quor::workbench {
 
-// What the registry says of an add-in, as Outlook looks it up.
+// An add-in's registry entries, as Outlook reads them.
 struct RegisteredAddIn {
   std::wstring progId;
   std::wstring friendlyName;
-  DWORD loadBehavior = 0;  // the user's value goes before the machine's
+  DWORD loadBehavior = 0;  // the user's value takes precedence over the machine's
   CLSID classId = {};
   std::wstring modulePath;
 };
 
-// The one add-in under Outlook's Addins keys, or the named one. Throws std::runtime_error, in words
-// for the person at the keyboard, when there is none, when it is not to be loaded at start-up, or
-// when its class leads nowhere.
+// Finds the named add-in, or the only one under Outlook's Addins keys. Throws std::runtime_error
+// with a text for the user if there is none, if it is not loaded at start-up, or if its class
+// cannot be found.
 RegisteredAddIn FindRegisteredAddIn(const std::wstring& progId);
 
 }  // namespace quor::workbench

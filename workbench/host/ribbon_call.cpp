@@ -27,7 +27,7 @@ std::string AnswerText(const VARIANT& answer) {
   }
 }
 
-// The arguments in the order of DISPPARAMS, in the form that the call asks for.
+// The arguments in the order of DISPPARAMS, passed in the form that the call requests.
 class CCallArguments {
  public:
   CCallArguments(const RibbonCall& call, IDispatch* control) {

@@ -12,8 +12,8 @@
 
 namespace quor::workbench {
 
-// Calls a callback of the ribbon documents by its name, as any caller may at any time. `control`
-// may be null. What Invoke returned; the answer reads "yes", "no", a number, a text, "object" or
+// Calls a callback of the ribbon documents by name, as any program may at any time. `control` may
+// be null. Returns Invoke's result; `answer` is "yes", "no", a number, a text, "object" or
 // "nothing".
 HRESULT CallRibbonCallback(IUnknown& addIn, const RibbonCall& call, IDispatch* control,
                            std::string& answer);

@@ -35,7 +35,7 @@ std::vector<std::wstring> WidePath(const std::vector<std::string>& path) {
   return wide;
 }
 
-// What the user cannot do is for the scenario to know.
+// Turns an action that a user cannot do into an error of the scenario.
 template <typename Action>
 void AsUser(Action action) {
   try {
@@ -118,7 +118,7 @@ void CScreenStage::Enter(const std::string& title, int field, const std::string&
   EnterText(AllWindows(), title, field, text);
 }
 
-// The key's modifiers are down until it has been handled.
+// The modifiers stay down until the key has been handled.
 void CScreenStage::PressKey(const std::string& title, const std::string& key) {
   ActivateByUser(AllWindows(), title);
   m_host.Pump();
@@ -132,12 +132,12 @@ void CScreenStage::CloseWindow(const std::string& title) {
 }
 
 std::string CScreenStage::Screenshot(const std::string& name) {
-  // What the add-in has invalidated since is asked again first.
+  // First query what the add-in has invalidated.
   AsUser([&] { m_face.OnChanged(); });
   return SaveScreenshot(m_pictureFolder + "\\" + name + ".png");
 }
 
-// Office asks for its pictures in the size that the screen needs.
+// Office queries its pictures in the screen's size.
 void CScreenStage::ShowScale(int scale) {
   if (scale == m_scale) return;
   m_scale = scale;

@@ -11,7 +11,7 @@
 
 namespace quor::workbench {
 
-// What a user does with toolbar, ribbon and the add-in's windows.
+// A user's actions on toolbar, ribbon and the add-in's windows.
 class CScreenStage final : public IScreenStage {
  public:
   CScreenStage(COutlook& outlook, COfficeFace& face, CAddInHost& host, COptionsWindow& options,
@@ -36,7 +36,7 @@ class CScreenStage final : public IScreenStage {
   static constexpr int kUsualScale = 100;  // per cent
 
   CWindowObject* InspectorOf(const std::string& name);
-  // The add-in's windows and Outlook's options, which show its page.
+  // The add-in's windows, and Outlook's options dialog with its page.
   std::vector<HWND> AllWindows() const;
   void ShowScale(int scale);
 

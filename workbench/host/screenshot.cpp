@@ -4,7 +4,7 @@
 #include <windows.h>
 #include <objidl.h>
 #include <algorithm>
-// GDI+ wants these as names of its own, and NOMINMAX took the macros away.
+// GDI+ uses min and max unqualified, and NOMINMAX has removed the macros.
 namespace Gdiplus { using std::max; using std::min; }
 #include <gdiplus.h>
 // clang-format on
@@ -22,7 +22,7 @@ namespace {
 constexpr CLSID kPngEncoder = {
     0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
 
-// Wine without a display draws nowhere.
+// Wine without a display has no screen.
 bool HasScreen() {
   wchar_t driver[32] = {};
   DWORD size = sizeof(driver);
@@ -61,17 +61,17 @@ BOOL CALLBACK Repaint(HWND window, LPARAM) {
   return TRUE;
 }
 
-// The display puts windows up in its own time, and what was drawn before is lost: draws until
-// nothing changes any more. Handles no message but the display's own.
+// The display maps windows asynchronously and loses what was drawn before, so draw until nothing
+// changes. Handles only messages of the display.
 HBITMAP CopySettledScreen() {
   constexpr int kMostTries = 40;
-  constexpr int kSettledAfter = 5;  // tries with nothing new
+  constexpr int kSettledAfter = 5;  // tries without a change
   constexpr DWORD kInterval = 100;  // milliseconds
   HBITMAP bitmap = CopyScreen();
   int unchanged = 0;
   for (int tries = 0; tries < kMostTries && unchanged < kSettledAfter; ++tries) {
     EnumThreadWindows(GetCurrentThreadId(), Repaint, 0);
-    // What is drawn reaches the screen when the program looks for messages.
+    // Drawing reaches the screen when the program checks for messages.
     MSG message;
     PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_NOREMOVE | PM_QS_PAINT);
     Sleep(kInterval);

@@ -5,7 +5,7 @@
 
 namespace quor::workbench {
 
-// Saves what is on the screen as PNG; returns the path, or nothing where there is no screen.
+// Saves the screen as PNG. Returns the path, or an empty text if there is no screen.
 std::string SaveScreenshot(const std::string& path);
 
 }  // namespace quor::workbench

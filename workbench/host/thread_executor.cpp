@@ -10,7 +10,7 @@ namespace {
 
 constexpr UINT kRunJob = WM_APP;
 constexpr wchar_t kClassName[] = L"quor workbench executor";
-// A step that takes longer is asked whether it sits in a window's own message loop.
+// Milliseconds. After this time, check whether the step runs a window's own message loop.
 constexpr DWORD kPatience = 250;
 
 }  // namespace
@@ -69,8 +69,8 @@ void CThreadExecutor::RethrowLateErrors() {
   }
 }
 
-// A message posted now is handled only where something handles messages: in a window's own loop, or
-// in ours, which a step may run as well and then goes on.
+// Posts a message to find out: it is handled only in a message loop, either a window's own or ours,
+// which a step may also run.
 bool CThreadExecutor::IsInsideWindow() {
   const JobPtr probe = Post([] {});
   return WaitForSingleObject(probe->finished, kPatience) == WAIT_OBJECT_0 && probe->insideWindow;

@@ -13,13 +13,13 @@
 
 namespace quor::workbench {
 
-// Runs the steps of a scenario, which is read on a thread of its own, on Outlook's thread. A step
-// that opens a window with a message loop of its own does not come back until that window closes;
-// the steps after it then run inside that loop, as a person goes on clicking.
+// Runs the steps of a scenario on Outlook's thread; the scenario is read on another thread. A step
+// that opens a window with its own message loop returns only when that window closes. The following
+// steps run inside that loop, as when a user goes on clicking.
 class CThreadExecutor final : public IExecutor {
  public:
-  // Made on Outlook's thread. `stuck` is called on the other thread when Outlook's does not answer
-  // within the limit; it must end the process.
+  // Construct on Outlook's thread. If that thread does not answer within the limit, `stuck` is
+  // called on the other thread and must end the process.
   CThreadExecutor(CMessageLoop& loop, DWORD limit, std::function<void()> stuck);
   ~CThreadExecutor();
   CThreadExecutor(const CThreadExecutor&) = delete;
@@ -27,7 +27,7 @@ class CThreadExecutor final : public IExecutor {
 
   void Do(const std::function<void()>& action) override;
 
-  // On Outlook's thread: runs the script on another one and serves it until it returns.
+  // On Outlook's thread: runs the script on another thread and serves it until it returns.
   void Serve(const std::function<void()>& script);
 
  private:
@@ -35,7 +35,7 @@ class CThreadExecutor final : public IExecutor {
     std::function<void()> action;
     HANDLE finished;
     std::exception_ptr error;
-    bool insideWindow = false;  // it was a window's own loop that ran it
+    bool insideWindow = false;  // a window's own loop ran it
 
     ~Job() { CloseHandle(finished); }
   };

@@ -37,8 +37,8 @@ std::wstring ClassIdText(const CLSID& classId) {
   return text;
 }
 
-// "call  Items.Item of Contacts (3): ContactItem", with the code of a failure; of an event the time
-// that the add-in took.
+// "call  Items.Item of Contacts (3): ContactItem", plus the error code of a failure; for an event,
+// the time that the add-in took.
 std::string LineOf(const CallRecord& record) {
   const bool event = record.kind == CallRecord::Kind::Event;
   std::string line = (event ? "    event " : "    call  ") + record.member;
@@ -117,7 +117,7 @@ void CWorkbench::OnAddInGone() {
   m_face.UnloadRibbons();
 }
 
-// COMAddIn.Connect set by code, or the check mark in the COM add-ins dialog.
+// COMAddIn.Connect was set by code or by the check mark in the COM add-ins dialog.
 void CWorkbench::OnConnectSet(bool connect) {
   constexpr int kAfterStartup = 0;
   constexpr int kUserClosed = 1;

@@ -19,12 +19,11 @@
 
 namespace quor::workbench {
 
-// One session of the stand-in: Outlook with its first window open, the base, the run's own
-// application data, and the registered add-in, not loaded yet. Lives on Outlook's thread.
+// One session: Outlook with its first window open, the base, the run's application data, and the
+// registered add-in, not yet loaded. Lives on Outlook's thread.
 class CWorkbench final : IAddInSurroundings {
  public:
-  // Throws std::runtime_error, for the person at the keyboard, when no add-in is registered and the
-  // like.
+  // Throws std::runtime_error with a text for the user, for example if no add-in is registered.
   CWorkbench(const Options& options, CMessageLoop& loop);
   ~CWorkbench();
   CWorkbench(const CWorkbench&) = delete;

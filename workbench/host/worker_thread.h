@@ -7,10 +7,10 @@
 
 namespace quor::workbench {
 
-// A thread that runs one function to its end. The compiler's thread model has no std::thread.
+// A thread that runs one function. The compiler's thread model has no std::thread.
 class CWorkerThread {
  public:
-  // The body must not throw. Throws std::system_error when there is no thread to be had.
+  // The body must not throw. Throws std::system_error if the thread cannot be created.
   explicit CWorkerThread(std::function<void()> body);
   // Waits for the end of the body.
   ~CWorkerThread() { Join(); }

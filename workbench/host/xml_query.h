@@ -6,8 +6,8 @@
 
 namespace quor::workbench {
 
-// Texts of the nodes at an XPath, in document order. Throws CExpectationFailure for a file that is
-// missing or not well-formed, CScenarioError for a bad XPath.
+// Texts of the nodes at an XPath, in document order. Throws CExpectationFailure if the file is
+// missing or not well-formed, CScenarioError for an invalid XPath.
 std::vector<std::string> QueryXmlFile(const std::wstring& path, const std::string& xpath);
 
 }  // namespace quor::workbench
