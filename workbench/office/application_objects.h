@@ -36,7 +36,7 @@ class CApplication final : public COutlookObject {
   bool IsTrusted();
 };
 
-// _NameSpace, the one called "MAPI".
+// _NameSpace; the only one, "MAPI".
 class CNameSpace final : public COutlookObject {
  public:
   explicit CNameSpace(CSession& session);
@@ -54,15 +54,15 @@ class CNameSpace final : public COutlookObject {
   bool CompareEntryIds(const CArguments& arguments);
 };
 
-// A page that a sink of OptionsPagesAdd handed over: either the ProgID of a control or the page
-// object itself, counted.
+// A page that a sink of OptionsPagesAdd handed over: the ProgID of a control or the page object
+// itself, with a reference.
 struct OptionsPage {
   std::wstring progId;
   CValue object;  // VT_DISPATCH, or VT_EMPTY
   std::wstring title;
 };
 
-// PropertyPages, alive for one raising of the event and as long as somebody holds it.
+// PropertyPages. Exists while the event is raised and as long as it is referenced.
 class CPropertyPages final : public COutlookObject {
  public:
   explicit CPropertyPages(CSession& session);
@@ -89,14 +89,14 @@ struct ComAddInInfo {
   std::wstring classId;  // with braces
 };
 
-// COMAddIn: given to OnConnection as the add-in's own instance.
+// COMAddIn, passed to OnConnection as the add-in's own instance.
 class CComAddIn final : public CAutomation {
  public:
   CComAddIn(CSession& session, ComAddInInfo info, std::function<void(bool)> onConnect);
 
   std::string ObjectName() const override;
   void SetConnected(bool connected) noexcept { m_connected = connected; }
-  IDispatch* AddInObject() const noexcept;  // what the add-in published as its Object; may be null
+  IDispatch* AddInObject() const noexcept;  // the add-in's Object property; may be null
   const std::wstring& ProgIdText() const noexcept { return m_info.progId; }
 
  protected:

@@ -7,7 +7,7 @@
 namespace quor::workbench {
 namespace {
 
-// Answered by the model's own objects only, with a pointer to the C++ object.
+// Only the model's own objects implement this interface; QueryInterface returns the C++ object.
 constexpr IID kModelObjectId = {
     0x6B0A2C53, 0x4E0D, 0x4C0E, {0x9B, 0x5E, 0x3D, 0x0A, 0x6F, 0x1E, 0x77, 0x12}};
 
@@ -23,7 +23,7 @@ bool Fits(MemberKind kind, WORD flags) noexcept {
   return false;
 }
 
-// What the caller of Invoke gets for a failure inside the member.
+// Invoke's result for a failure inside the member.
 HRESULT ExceptionResult(HRESULT code, const char* description, EXCEPINFO* exception) {
   if (exception != nullptr) {
     *exception = {};
@@ -112,7 +112,7 @@ void CCounted::Settle() noexcept {
   if (m_inside != 0 || m_outside != 0 || m_dead) return;
   m_dead = true;
   if (m_model == nullptr) {
-    delete this;  // the session is over, there is nothing to let go of
+    delete this;  // the session has ended and there is nothing to release
     return;
   }
   OnGone();
@@ -171,7 +171,7 @@ STDMETHODIMP CAutomation::QueryInterface(REFIID iid, void** object) {
   if (const HRESULT usable = Usability(); FAILED(usable)) return usable;
   if (iid == kModelObjectId) {
     *object = this;
-    return S_OK;  // no reference: for the model only
+    return S_OK;  // without a reference; used by the model only
   }
   const CModel::CTimeInside inside(Model());
   if (iid == IID_IUnknown || iid == IID_IDispatch || m_members.HasInterface(iid)) {
@@ -204,7 +204,7 @@ STDMETHODIMP CAutomation::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count,
   try {
     const CModelPtr<CAutomation> self(this);
     const CModel::CTimeInside inside(Model());
-    // Only the member's own name has an id: no argument here is passed by name.
+    // Only the member's own name gets an id: arguments are never passed by name.
     std::fill_n(ids, count, DISPID_UNKNOWN);
     const std::optional<HRESULT> answer = Model().Enter(m_members.NamesSite());
     const Member* member = m_members.FindByName(names[0]);
@@ -238,7 +238,7 @@ STDMETHODIMP CAutomation::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPA
 
 HRESULT CAutomation::Call(const Member& member, const DISPPARAMS& parameters, VARIANT* result,
                           EXCEPINFO* exception, UINT* badArgument) {
-  const CModelPtr<CAutomation> self(this);  // the caller may let go of us inside the call
+  const CModelPtr<CAutomation> self(this);  // the caller may release this object inside the call
   CModel& model = Model();
   const CArguments arguments(member.id, parameters);
   CallRecord record;

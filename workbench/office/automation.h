@@ -12,7 +12,7 @@
 #include "workbench/office/model.h"
 #include "workbench/office/value.h"
 
-// The base of every object of the stand-in. To make one:
+// Base class of every object of the stand-in. Example of a derived class:
 //
 //   class CSelection final : public CAutomation {
 //    public:
@@ -24,26 +24,28 @@
 //                                        Method<&CSelection::Item>(L"Item", 0x51, 1)});
 //       return table;
 //     }
-//     long Count();                          // a getter may take no argument at all
-//     CValue Item(const CArguments& args);   // or whatever a CValue can be made from, or a
-//     CModelPtr
+//     long Count();                          // a getter may have no parameter
+//     CValue Item(const CArguments& args);   // or return any type that converts to CValue, or a
+//                                            // CModelPtr
 //   };
 //
-// Members throw CModelError to fail. Objects are made with MakeObject<T>() and held by the
-// workbench through CModelPtr only; AddRef belongs to the add-in, and what is left of it at the end
-// is what the add-in still holds.
+// Members throw CModelError to fail. Create objects with MakeObject<T>(). The workbench holds them
+// through CModelPtr only; AddRef is for the add-in, and references counted by it at the end are
+// those that the add-in still holds.
 
 namespace quor::workbench {
 
-// Two counts: references from outside (AddRef, values handed to the add-in) and the workbench's own
-// (CModelPtr). The object ends when both are gone.
+// Counts references from outside (AddRef, values passed to the add-in) and the workbench's own
+// (CModelPtr) separately. The object ends when both counts are zero.
 class CCounted {
  public:
   CCounted(const CCounted&) = delete;
   CCounted& operator=(const CCounted&) = delete;
 
   virtual std::string TypeName() const = 0;
-  virtual std::string ObjectName() const { return {}; }  // tells equals apart in a report
+  virtual std::string ObjectName() const {
+    return {};
+  }  // distinguishes objects of one type in a report
   virtual void ReportSinks(std::vector<AdvisedSink>&) const {}
 
   unsigned long References() const noexcept { return m_outside; }
@@ -56,14 +58,16 @@ class CCounted {
   virtual ~CCounted();
 
   CModel& Model() const noexcept { return *m_model; }
-  // S_OK, or why the object cannot be called: over (noted as a misuse), or a wrong thread (noted).
+  // S_OK, or why the object cannot be called: the session is over, the object was released
+  // (recorded as a misuse), or the thread is wrong (recorded).
   HRESULT Usability() const noexcept;
   ULONG AddOutside() noexcept;
   ULONG ReleaseOutside() noexcept;
 
-  virtual void OnLetGo() noexcept {}  // the last reference from outside went; may come repeatedly
-  // The last reference of all went. Let go of everything here rather than in the destructor: the
-  // body may be kept for a while.
+  virtual void OnLetGo() noexcept {
+  }  // the last outside reference was released; may happen repeatedly
+  // The last reference was released. Release members here, not in the destructor: the memory may be
+  // kept for a while.
   virtual void OnGone() noexcept {}
 
  private:
@@ -77,7 +81,7 @@ class CCounted {
   bool m_dead = false;
 };
 
-// The workbench's own reference. Never counts as held by the add-in.
+// The workbench's own reference. Does not count as held by the add-in.
 template <class T>
 class CModelPtr {
  public:
@@ -122,14 +126,14 @@ struct Member {
   const wchar_t* name = nullptr;
   DISPID id = 0;
   MemberKind kind = MemberKind::Method;
-  UINT least = 0;  // arguments; a property write counts the value too
+  UINT least = 0;  // number of arguments; a property write counts the value, too
   UINT most = 0;
   MemberHandler handler = nullptr;
   CModel::CallSite site;
 };
 
-// The published face of one type: its interface ids, names and dispatch ids. A derived type takes
-// over all of its base's and may replace members by giving the same id and kind again.
+// The published members of one type: interface ids, names and dispatch ids. A derived type inherits
+// its base's entries and may replace a member with the same id and kind.
 class CMemberTable {
  public:
   CMemberTable(const char* type, std::vector<IID> interfaces, const CMemberTable* base,
@@ -150,8 +154,8 @@ class CMemberTable {
   CModel::CallSite m_names;       // "Type.GetIDsOfNames"
 };
 
-// IUnknown and IDispatch over a member table. Every interface id of the table answers the one
-// IDispatch pointer: callers bind late.
+// IUnknown and IDispatch over a member table. Every interface id of the table returns the same
+// IDispatch pointer, because callers bind late.
 class CAutomation : public CCounted, public IDispatch {
  public:
   std::string TypeName() const override { return m_members.Type(); }
@@ -170,8 +174,8 @@ class CAutomation : public CCounted, public IDispatch {
   CAutomation(CModel& model, const CMemberTable& members) : CCounted(model), m_members(members) {}
   const CMemberTable& MemberTable() const noexcept { return m_members; }
 
-  // Interfaces beside IDispatch, such as IOleWindow. The pointer is answered with a reference added
-  // through AddRef; null: not known.
+  // Other interfaces, such as IOleWindow. QueryInterface adds a reference to the returned pointer
+  // through AddRef; null: not supported.
   virtual void* OtherInterface(REFIID) { return nullptr; }
 
  private:
@@ -182,8 +186,8 @@ class CAutomation : public CCounted, public IDispatch {
   const CMemberTable& m_members;
 };
 
-// The model's own object behind an interface pointer that a caller hands back (a folder given to
-// CurrentFolder, say); borrowed. Null when it is none of the model's, or not a T.
+// The model's object behind an interface pointer from a caller, for example a folder assigned to
+// CurrentFolder; borrowed. Null if it is not an object of the model, or not a T.
 CAutomation* ModelObjectBehind(IUnknown* pointer) noexcept;
 template <class T>
 T* ObjectBehind(IUnknown* pointer) noexcept {
@@ -235,7 +239,7 @@ CValue CallMember(CAutomation& self, const CArguments& arguments) {
 
 }  // namespace detail
 
-// A property read; indexed ones take arguments.
+// A property read; an indexed property has arguments.
 template <auto function>
 Member Get(const wchar_t* name, DISPID id, UINT least = 0, UINT most = 0) {
   return {
@@ -243,7 +247,7 @@ Member Get(const wchar_t* name, DISPID id, UINT least = 0, UINT most = 0) {
       {}};
 }
 
-// A property write; the value is the last argument, before it come `indices` others.
+// A property write; the value is the last argument, after `indices` others.
 template <auto function>
 Member Put(const wchar_t* name, DISPID id, UINT indices = 0) {
   return {name, id, MemberKind::Put, indices + 1, indices + 1, &detail::CallMember<function>, {}};

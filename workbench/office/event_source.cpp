@@ -8,7 +8,7 @@
 namespace quor::workbench {
 namespace {
 
-// An object in an event's arguments is named, so that the transcript tells which contact came.
+// Names an object in an event's arguments, so that the transcript shows which contact it was.
 std::string ArgumentSummary(const VARIANT& value) {
   const CAutomation* object =
       V_VT(&value) == VT_DISPATCH ? ModelObjectBehind(V_DISPATCH(&value)) : nullptr;
@@ -17,7 +17,7 @@ std::string ArgumentSummary(const VARIANT& value) {
   return name.empty() ? object->TypeName() : object->TypeName() + ' ' + name;
 }
 
-// Enumerates pointers that are counted by the enumerator while it lives.
+// Enumerates pointers; holds a reference to each.
 template <class Interface, class Element>
 class CEnumerator final : public Interface {
  public:
@@ -85,7 +85,7 @@ class CEnumerator final : public Interface {
 
 }  // namespace
 
-// One event interface of a source. Counted on its own; does not keep the source alive.
+// One event interface of a source. Has its own reference count and does not hold the source.
 class CConnectionPoint final : public CCounted, public IConnectionPoint {
  public:
   CConnectionPoint(CModel& model, CEventSource& source, size_t index)
@@ -135,7 +135,7 @@ class CConnectionPoint final : public CCounted, public IConnectionPoint {
   const std::string m_type;
 };
 
-// A face of the source itself: same identity, same count.
+// Part of the source: same identity, same reference count.
 class CEventSource::CContainer final : public IConnectionPointContainer {
  public:
   explicit CContainer(CEventSource& source) : m_source(source) {}
@@ -268,7 +268,7 @@ void CEventSource::Fire(DISPID event, std::vector<CValue> arguments) {
     }
   }
   DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
-  // Sinks come and go while others are being told; who is gone when its turn comes is not called.
+  // Sinks may be added or removed while others are called; a removed sink is not called any more.
   const std::vector<Connection> turns = m_connections;
   for (const Connection& turn : turns) {
     const bool connected =

@@ -9,8 +9,8 @@
 
 namespace quor::workbench {
 
-// One published event interface of a source; "ItemsEvents.Advise" and "ItemsEvents.Unadvise" are
-// the names under which its connections count as calls.
+// A published event interface of a source. Its connections count as the calls "ItemsEvents.Advise"
+// and "ItemsEvents.Unadvise".
 struct EventInterface {
   EventInterface(REFIID eventIid, const char* eventName)
       : iid(eventIid),
@@ -29,25 +29,25 @@ struct EventName {
   const char* name;  // "ItemAdd", for the transcript
 };
 
-// What one type of source raises; lives to the end of the program.
+// The events of one type of source. Tables are static.
 struct EventTable {
   std::vector<EventInterface> interfaces;
   std::vector<EventName> names;
 };
 
-// An object that raises events. Answers IConnectionPointContainer with one connection point for
-// each of its event interfaces; a sink advised on any of them receives every event.
+// An object that raises events. IConnectionPointContainer returns one connection point per event
+// interface; a sink advised on any of them receives every event.
 //
-// Advise refuses a sink that does not answer the event interface (CONNECT_E_CANNOTCONNECT); an
-// unknown interface is CONNECT_E_NOCONNECTION. Both count as calls and can be made to fail. When
-// the last reference from outside to the source goes, its sinks are dropped: a connection point
-// alone keeps nothing alive.
+// Advise rejects a sink without the event interface (CONNECT_E_CANNOTCONNECT); for an unknown
+// interface the result is CONNECT_E_NOCONNECTION. Both count as calls and can be made to fail. When
+// the last outside reference to the source is released, its sinks are dropped: a connection point
+// alone holds nothing.
 class CEventSource : public CAutomation {
  public:
-  // Delivers an event to every sink that is advised when its turn comes. Arguments in declaration
-  // order. Sinks may unadvise, advise, release the source or call back meanwhile.
+  // Delivers an event to every sink that is still advised when its turn comes. Arguments in the
+  // order of declaration. Meanwhile sinks may advise, unadvise, release the source or call it.
   void Fire(DISPID event, std::vector<CValue> arguments = {});
-  // The same for an event with a Cancel flag as its last argument; true if a sink set it.
+  // The same for an event whose last argument is a Cancel flag; true if a sink set it.
   bool FireCancellable(DISPID event, std::vector<CValue> arguments = {});
 
   size_t SinkCount() const noexcept { return m_connections.size(); }
@@ -67,7 +67,7 @@ class CEventSource : public CAutomation {
   struct Connection {
     DWORD cookie;
     size_t interfaceIndex;
-    IDispatch* sink;  // counted
+    IDispatch* sink;  // with a reference
   };
 
   HRESULT Advise(size_t interfaceIndex, IUnknown* sink, DWORD* cookie);

@@ -26,8 +26,7 @@ const wchar_t* MessageClassOf(ItemType type) {
   }
 }
 
-// OlDefaultFolders and OlItemType name the same kinds by different numbers; Folders.Add takes the
-// former.
+// OlDefaultFolders and OlItemType number the same kinds differently; Folders.Add takes the former.
 ItemType ItemTypeOfDefaultFolder(long olDefaultFolder, ItemType fallback) {
   switch (olDefaultFolder) {
     case 6:

@@ -10,13 +10,13 @@
 
 namespace quor::workbench {
 
-// MAPIFolder. Its members fail once the folder is gone.
+// MAPIFolder. Its members fail after the folder was deleted.
 class CFolder final : public COutlookObject {
  public:
   CFolder(CSession& session, FolderNode& node);
 
   std::string ObjectName() const override;
-  FolderNode& Node() const;  // throws a CModelError once the folder is gone
+  FolderNode& Node() const;  // throws a CModelError after the folder was deleted
   void Forget() noexcept { m_node = nullptr; }
 
  protected:
@@ -45,8 +45,8 @@ class CFolder final : public COutlookObject {
   FolderNode* m_node;
 };
 
-// _Folders: the subfolders of a folder, or the stores' top folders where there is no folder. A new
-// object at every read, with a cursor of its own.
+// _Folders: the subfolders of a folder, or without a folder the stores' top folders. Each read of
+// the property creates an object with its own cursor.
 class CFolders final : public COutlookObject {
  public:
   CFolders(CSession& session, FolderNode* node);
@@ -79,7 +79,7 @@ class CFolders final : public COutlookObject {
   CCursor m_cursor;
 };
 
-// _Items. A new object at every read, with its own cursor and order.
+// _Items. Each read of the property creates an object with its own cursor and order.
 class CItems final : public COutlookObject {
  public:
   CItems(CSession& session, FolderNode& node);
@@ -92,7 +92,7 @@ class CItems final : public COutlookObject {
   void OnGone() noexcept override;
 
  private:
-  // [Property] = 'text', the one form of filter understood here.
+  // [Property] = 'text', the only supported filter.
   struct Filter {
     DISPID property = 0;
     std::wstring text;

@@ -237,7 +237,7 @@ std::wstring CContactItem::DerivedText(DISPID property) const {
   return DefaultFileAs(names);
 }
 
-// A full name falls into its parts: the last word is the last name.
+// Splits a full name: the last word is the last name.
 void CContactItem::OnTextSet(DISPID property, const std::wstring& text) {
   if (property != field::kFullName) return;
   const size_t blank = text.find_last_of(L' ');

@@ -11,14 +11,14 @@ namespace quor::workbench {
 // The dispatch id of an item's text property. Throws CModelError(E_INVALIDARG).
 DISPID TextPropertyByName(std::wstring_view name);
 
-// File As as Outlook makes it from the other fields: "Last, First", or what there is of the two,
-// or the company, or the full name.
+// Outlook's default File As: "Last, First", or the one of the two that exists, or the company, or
+// the full name.
 std::wstring DefaultFileAs(const CFieldSet& fields);
 
 class CLinks;
 
-// What all kinds of item share. Changes wait in the object until Save; a new item gets its entry id
-// there and joins its folder. There is one live object for an item.
+// Common members of all items. Changes stay in the object until Save, which also gives a new item
+// its entry id and adds it to its folder. There is one live object per item.
 class CItem : public COutlookObject {
  public:
   std::string ObjectName() const override;
@@ -26,7 +26,7 @@ class CItem : public COutlookObject {
   std::wstring Text(DISPID property) const;
   void SetText(DISPID property, const std::wstring& text);  // raises PropertyChange
   bool IsNew() const noexcept { return m_new; }
-  void SaveChanges();  // Write, then the store; throws a CModelError
+  void SaveChanges();  // raises Write, then stores; throws a CModelError
   void DiscardChanges() noexcept;
   bool RaiseOpen();   // false: cancelled
   bool RaiseClose();  // false: cancelled
@@ -38,7 +38,9 @@ class CItem : public COutlookObject {
   static const CMemberTable& ItemMembers();
   CValue Parent() override;
   void OnGone() noexcept override;
-  virtual std::wstring DerivedText(DISPID) const { return {}; }  // for a property never set
+  virtual std::wstring DerivedText(DISPID) const {
+    return {};
+  }  // the value of a property never set
   virtual void OnTextSet(DISPID, const std::wstring&) {}
   CFieldSet& Changes() noexcept { return m_changes; }
 
@@ -58,7 +60,7 @@ class CItem : public COutlookObject {
   CModelPtr<CInspector> OpenInspector() const;
 
   StoredItemPtr m_item;
-  std::wstring m_homeId;  // where a new item goes
+  std::wstring m_homeId;  // the folder for a new item
   bool m_new;
   CFieldSet m_changes;
 };
@@ -86,7 +88,7 @@ class CDistListItem final : public CItem {
   long MemberCount();
 };
 
-// The start is kept as the text of its DATE, the duration as that of its minutes.
+// The start is stored as the text of its DATE, the duration as the text of its minutes.
 class CJournalItem final : public CItem {
  public:
   CJournalItem(CSession& session, StoredItemPtr item, FolderNode* home);
@@ -100,7 +102,7 @@ class CJournalItem final : public CItem {
   CModelPtr<CLinks> Links();
 };
 
-// The contacts that an item belongs to.
+// The contacts linked to an item.
 class CLinks final : public COutlookObject {
  public:
   CLinks(CSession& session, StoredItemPtr item);

@@ -118,7 +118,7 @@ std::wstring CMailbox::Key(std::wstring_view entryId) {
   return key;
 }
 
-// Flags, the store's unique id, the number of the node: the layout of a personal folders file.
+// Flags, the store's unique id, the node's number: the layout of a personal folders file.
 std::wstring CMailbox::NewEntryId(Store& store) {
   std::wstring id = L"00000000" + store.uid + Hex(store.lastNode += 0x20, 8);
   while (id.size() < m_entryIdStyle.digits) {

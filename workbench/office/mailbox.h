@@ -17,7 +17,7 @@ class CFolder;
 class CItems;
 class CFolders;
 
-// OlItemType, as far as folders and items here have it.
+// OlItemType, for the supported folders and items.
 enum class ItemType {
   Mail = 0,
   Appointment = 1,
@@ -28,7 +28,7 @@ enum class ItemType {
   DistributionList = 7,
 };
 
-// A folder, item or store that was asked for does not exist, or an operation makes no sense.
+// The folder, item or store does not exist, or the operation is not possible.
 class CMailboxError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -50,15 +50,15 @@ class CFieldSet {
 struct FolderNode;
 struct Store;
 
-// An item as the store keeps it. COM objects for it are made when somebody asks.
+// An item as stored. Its COM object is created on demand.
 struct StoredItem {
   ItemType type = ItemType::Contact;
   std::wstring entryId;  // hexadecimal digits; empty until saved
   CFieldSet fields;
   std::vector<std::wstring> members;  // of a distribution list
   std::vector<std::wstring> links;    // of a journal entry: the contacts' File As
-  FolderNode* folder = nullptr;       // null once deleted for good, or not yet saved
-  CItem* object = nullptr;            // the last live object, if any
+  FolderNode* folder = nullptr;       // null if deleted permanently or not yet saved
+  CItem* object = nullptr;            // the last live object or null
 };
 using StoredItemPtr = std::shared_ptr<StoredItem>;
 
@@ -72,7 +72,7 @@ struct FolderNode {
   std::vector<StoredItemPtr> items;
   uint64_t changes = 0;  // counts additions and removals of items
 
-  // Live objects over this folder; the collections raise its events.
+  // Live objects for this folder; the collections raise its events.
   std::vector<CFolder*> objects;
   std::vector<CItems*> itemCollections;
   std::vector<CFolders*> folderCollections;
@@ -86,26 +86,26 @@ struct Store {
   FolderNode* deletedItems = nullptr;
   uint32_t lastNode = 0x20;
 
-  // What its provider does not answer: the store among others, its entry id, its name.
+  // What the store's provider refuses: the store in the list of stores, its entry id, or its name.
   enum class Refusal { None, Item, EntryId, Name } refusal = Refusal::None;
   int32_t refusalCode = 0;  // an HRESULT
 };
 
 struct EntryIdStyle {
-  bool newOnMove = false;  // also within a store, as some store providers do
+  bool newOnMove = false;  // also within a store, as for some store providers
   bool lowerCase = false;
-  size_t digits = 48;  // at least 48; 140 looks like Exchange
+  size_t digits = 48;  // at least 48; 140 as in Exchange
 };
 
-// The stores with their folders and items: plain data, no events. Every id is a matter of counting,
-// so the same book loaded twice has the same ids.
+// The stores with their folders and items: plain data, no events. Ids are consecutive numbers, so
+// the same book loaded twice has the same ids.
 class CMailbox {
  public:
   explicit CMailbox(int version);
 
-  // Of those that are given from now on.
+  // Applies to ids assigned from now on.
   void SetEntryIdStyle(const EntryIdStyle& style) noexcept { m_entryIdStyle = style; }
-  // Has a Contacts and a Deleted Items folder of its own.
+  // The store has its own Contacts and Deleted Items folders.
   void AddSecondaryStore(std::wstring name);
 
   std::vector<std::unique_ptr<Store>>& Stores() noexcept { return m_stores; }
@@ -113,24 +113,25 @@ class CMailbox {
   Store& DefaultStore() const noexcept { return *m_stores.front(); }
 
   FolderNode* DefaultFolder(long olDefaultFolder) const noexcept;  // null: no such folder
-  // Ids compare without regard to the case of their digits. An empty store id means any store.
+  // Compares ids without regard to case. An empty store id means any store.
   FolderNode* FolderById(std::wstring_view entryId, std::wstring_view storeId) const;
   StoredItemPtr ItemById(std::wstring_view entryId, std::wstring_view storeId) const;
 
   // "Contacts/Friends" below the default store's top folder, or with the store's name in front.
-  // Throws CMailboxError.
+  // Throws CMailboxError if it does not exist.
   FolderNode& FolderByPath(std::wstring_view path) const;
-  FolderNode& MakePath(std::wstring_view path, ItemType type);  // makes what is missing
+  FolderNode& MakePath(std::wstring_view path, ItemType type);  // creates missing folders
   std::wstring PathOf(const FolderNode& folder) const;  // as Outlook: \\Personal Folders\Contacts
 
   FolderNode& AddFolder(FolderNode& parent, std::wstring name, ItemType type);
-  void MoveFolder(FolderNode& folder, FolderNode& parent);  // throws if it would end inside itself
-  void RemoveFolder(FolderNode& folder);                    // for good, with all below it
+  void MoveFolder(FolderNode& folder,
+                  FolderNode& parent);    // throws if `parent` lies inside `folder`
+  void RemoveFolder(FolderNode& folder);  // permanently, with its contents
 
   StoredItemPtr AddItem(FolderNode& folder, ItemType type);
   void InsertItem(FolderNode& folder, const StoredItemPtr& item);  // assigns the id if it has none
   void MoveItem(const StoredItemPtr& item, FolderNode& folder);
-  void RemoveItem(const StoredItemPtr& item);  // for good
+  void RemoveItem(const StoredItemPtr& item);  // permanently
 
   size_t ItemCount(const Store& store) const noexcept;
   static bool IsBelow(const FolderNode& folder, const FolderNode& ancestor) noexcept;

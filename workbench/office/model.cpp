@@ -12,8 +12,8 @@ constexpr size_t kGraves = 20000;
 constexpr UINT kRunLater = WM_APP;
 constexpr wchar_t kLaterClass[] = L"quor workbench later";
 
-// The processor's own counter: a start-up scan switches sides some 150,000 times, and the system's
-// clock would cost as much as what is measured.
+// The processor's time-stamp counter. A start-up scan enters and leaves the model some 150,000
+// times; the system's clock would cost as much as the work measured.
 int64_t Ticks() noexcept {
   return static_cast<int64_t>(__builtin_ia32_rdtsc());
 }
@@ -48,7 +48,7 @@ std::string Lower(std::string_view text) {
   return lower;
 }
 
-// A call's name as faults and hooks choose it, ready for comparing.
+// Normalises a call's name for faults and hooks.
 std::string Pattern(std::string_view member) {
   if (!member.empty() && member.front() == '_') member.remove_prefix(1);
   return Lower(member);
@@ -171,7 +171,7 @@ std::optional<HRESULT> CModel::Enter(const CallSite& site) {
   }
   std::erase_if(m_triggers,
                 [](const Trigger& one) { return one.last != 0 && one.seen >= one.last; });
-  // Last, because an action may well call the model, set faults or end the session.
+  // Run the actions last: they may call the model, set faults or end the session.
   for (const auto& action : actions) {
     const CTimeOutside outside(*this);
     try {

@@ -18,43 +18,43 @@ namespace quor::workbench {
 class CCounted;
 
 // Names of calls. "Items.Item" is a method or a property read, "ContactItem.FullName=" a property
-// write, "Items.GetIDsOfNames" and "ItemsEvents.Advise" are what their names say. Types go without
-// the underscore of the type library. Where a call is chosen by name, case does not matter, a
-// leading underscore is ignored, "Items.*" means every call on that type and "*" every call.
+// write; others are "Items.GetIDsOfNames" and "ItemsEvents.Advise". Type names have no leading
+// underscore. Where a name selects calls, case and a leading underscore are ignored, "Items.*"
+// means every call on that type and "*" every call.
 
-// Makes calls fail. Counting starts when the fault is set, so a fault set before the add-in is
-// loaded counts from the first call of the session.
+// Makes calls fail. Counting starts when the fault is set: a fault set before the add-in is loaded
+// counts from the first call of the session.
 struct Fault {
   std::string member = "*";
   uint64_t first = 1;  // from 1
-  uint64_t last = 1;   // 0: for ever
-  // A success code makes the answer empty instead: no text, no object, zero. A method is not even
-  // carried out.
+  uint64_t last = 1;   // 0: no end
+  // A success code returns an empty result instead (no text, no object, zero); a method is then not
+  // executed.
   HRESULT code = E_FAIL;
 };
 
-// Runs something in the middle of one call, before the member does its work: a timer tick, a pump
-// of the message queue, an event. Counted like a fault. What the action throws waits for
-// CModel::RethrowHookFailure: it must not pass through the caller's code.
+// Runs an action inside one call, before the member does its work: a timer tick, a pump of
+// messages, an event. Counted like a fault. Exceptions of the action wait for
+// CModel::RethrowHookFailure, because they must not pass through the caller's code.
 struct Hook {
   std::string member = "*";
   uint64_t nth = 1;
   std::function<void()> action;
 };
 
-// One call made by the add-in, or one event delivered to a sink of its.
+// One call of the add-in, or one event delivered to one of its sinks.
 struct CallRecord {
   enum class Kind { Call, Event };
   Kind kind = Kind::Call;
-  std::string member;     // as above; for an event "Items!ItemAdd" with the event's id if unnamed
-  std::string object;     // which one: a folder's or contact's name, a caption; may be empty
-  std::string arguments;  // declaration order, separated by ", "
-  std::string result;     // summary of the returned value; empty for none
-  HRESULT code = S_OK;    // what the caller gets; a failure inside DISP_E_EXCEPTION is shown itself
+  std::string member;     // as above; for an event "Items!ItemAdd", or its id if it has no name
+  std::string object;     // a folder's or contact's name or a caption; may be empty
+  std::string arguments;  // in the order of declaration, separated by ", "
+  std::string result;     // summary of the result; empty if there is none
+  HRESULT code = S_OK;    // as returned to the caller, but the error itself for DISP_E_EXCEPTION
   double microseconds = 0;
 };
 
-// An object that is held from outside the object model.
+// An object with references from outside the model.
 struct HeldObject {
   std::string type;
   std::string name;
@@ -69,35 +69,34 @@ struct AdvisedSink {
   unsigned long count = 0;
 };
 
-// The engine under every object of the stand-in: counts calls and references, injects failures,
-// runs hooks, tells an observer. One per session, created first and destroyed last. All on one
-// thread.
+// The engine below all objects of the stand-in: counts calls and references, injects failures, runs
+// hooks, notifies an observer. One per session, created first and destroyed last. Single-threaded.
 class CModel {
  public:
   CModel();
-  ~CModel();  // objects still held from outside live on, answer CO_E_OBJNOTCONNECTED
+  ~CModel();  // objects still held from outside survive and return CO_E_OBJNOTCONNECTED
   CModel(const CModel&) = delete;
   CModel& operator=(const CModel&) = delete;
 
-  // Failures and hooks. The number returned withdraws the one fault or hook.
+  // Failures and hooks. The returned number removes this fault or hook.
   int AddFault(Fault fault);
   int AddHook(Hook hook);
   void Withdraw(int number);
   void WithdrawAll();
   uint64_t FaultsFired() const noexcept { return m_faultsFired; }
-  // The call that a fault made fail last: "Items.Item".
+  // The call that last failed because of a fault: "Items.Item".
   const std::string& LastFaulted() const noexcept { return m_lastFaulted; }
-  // The call that faults and hooks were last looked up for.
+  // The call entered last.
   const std::string& LastEntered() const noexcept { return m_lastEntered; }
-  void RethrowHookFailure();  // the first since the last time; nothing if there was none
+  void RethrowHookFailure();  // throws the first since the last time, if any
 
   using Observer = std::function<void(const CallRecord&)>;
   void SetObserver(Observer observer) { m_observer = std::move(observer); }  // empty: none
 
-  // Each call takes so many microseconds more from now on.
+  // Makes each call take this many microseconds longer.
   void SetPace(unsigned microseconds) noexcept;
 
-  // Whether sources release their sinks on a later pump of messages only.
+  // Whether sources release unadvised sinks only when messages are pumped later.
   void DelaySinkRelease(bool on) noexcept { m_delaysSinkRelease = on; }
   bool HoldsOldSinks() const noexcept { return m_oldSinks != 0; }
 
@@ -106,38 +105,39 @@ class CModel {
   double MicrosecondsInModel() const noexcept;  // without the time spent in sinks and hooks
   void ResetFigures();
 
-  // Accounting. Order of creation, so that a report is the same each time.
+  // Accounting, in order of creation, so that every report is the same.
   std::vector<HeldObject> HeldFromOutside() const;
   std::vector<AdvisedSink> AdvisedSinks() const;
   bool IsHeldFromOutside(std::string_view type) const;
-  // Released once too often, used after its last release, called on a wrong thread: one line each.
+  // Misuses, one line each: released once too often, used after the last release, called on a wrong
+  // thread.
   const std::vector<std::string>& Misuses() const noexcept { return m_misuses; }
 
-  // --- for the objects themselves ---
+  // --- for the model's objects ---
 
-  // One member as the model counts it; owned by a table that lives to the end of the program.
+  // One member for the model's counts; owned by a static table.
   struct CallSite {
     CallSite() = default;
     CallSite(std::string_view type, std::string_view member);
     std::string key;    // "Items.Item"
-    std::string lower;  // the same for comparing
+    std::string lower;  // the same in lower case
   };
-  // Counts the call, runs its hooks, and says what it must answer instead of working, if anything.
+  // Counts the call and runs its hooks. Returns the result of an injected fault, if any.
   std::optional<HRESULT> Enter(const CallSite& site);
   bool IsObserved() const noexcept { return static_cast<bool>(m_observer); }
   void Observe(const CallRecord& record) const;
 
-  // While one of these lives the time goes to the model, or to code outside it. They nest.
+  // Attributes time to the model or to outside code while it exists. They nest.
   class CTimeInside;
   class CTimeOutside;
 
   uint64_t Register(CCounted& object);
   void Unregister(const CCounted& object) noexcept;
-  void Bury(CCounted& object);  // dead, kept for a while so that a use after release is noticed
+  void Bury(CCounted& object);  // keeps a dead object for a while to notice uses after release
   void RecordMisuse(std::string text);
-  // Runs the action on a later pump of this thread's messages; not at all once the model has ended.
+  // Runs the action when this thread next pumps messages, but not after the model has ended.
   void RunLater(std::function<void()> action);
-  // Releases a sink that is no longer advised, now or on a later pump.
+  // Releases an unadvised sink, now or when messages are pumped.
   void ReleaseSink(IUnknown& sink);
   bool IsOwnThread() const noexcept { return GetCurrentThreadId() == m_thread; }
   DWORD NextCookie() noexcept { return ++m_lastCookie; }
@@ -173,7 +173,7 @@ class CModel {
   uint64_t m_totalCalls = 0;
   Side m_side = Side::Outside;
   int64_t m_sideSince = 0;
-  int64_t m_dwellTicks = 0;  // in each call, for the pace
+  int64_t m_dwellTicks = 0;  // extra time of each call, for the pace
   int64_t m_ticksInside = 0;
   std::vector<std::string> m_misuses;
   HWND m_laterWindow = nullptr;

@@ -125,7 +125,7 @@ StoredItemPtr COutlook::FindItem(const std::string& item) {
         if (IsCalled(*one, WideFromUtf8(name))) return one;
       }
     } catch (const CMailboxError&) {
-      // A name may well hold a slash itself.
+      // Not an error: a name may contain a slash.
     }
   }
   for (const auto& store : Mailbox().Stores()) {
@@ -209,7 +209,7 @@ CModelPtr<CExplorer> COutlook::OpenExplorer(const std::string& folder) {
 CExplorer& COutlook::ActiveExplorer() {
   const CModelPtr<CExplorer> explorer = m_session->ActiveExplorer();
   if (!explorer) throw CMailboxError("no explorer is open");
-  return *explorer;  // the session keeps it
+  return *explorer;  // the session holds it
 }
 
 void COutlook::CloseExplorer() {

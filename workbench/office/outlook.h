@@ -15,17 +15,17 @@
 
 namespace quor::workbench {
 
-// The stand-in Outlook as its user and the rest of the workbench see it. Each operation here is
-// something a person does, and raises the events that Outlook raises for it.
+// The stand-in Outlook for its user and the rest of the workbench. Each operation is a user's
+// action and raises Outlook's events for it.
 //
-// Texts are UTF-8. Folders go by path from the top of a store, "Contacts/Customers" or with the
-// store's name in front, "Archive Folders/Contacts"; a leading slash changes nothing. Contacts go
-// by File As, by full name or by entry id, the first in walk order when several fit, optionally
-// with the folder in front: "Contacts/Customers/Lee, Anna". What is not there throws
-// CMailboxError; an operation that the object model refuses throws CModelError.
+// Texts are UTF-8. Folders are identified by path from the top of a store, "Contacts/Customers", or
+// with the store's name in front, "Archive Folders/Contacts"; a leading slash is ignored. Contacts
+// are identified by File As, full name or entry id, optionally with the folder in front:
+// "Contacts/Customers/Lee, Anna"; of several matches, the first in walk order counts. A missing
+// object throws CMailboxError, an operation that the object model refuses CModelError.
 //
-// One thread, with COM initialised by the caller. After the add-in has been let go, read Held(),
-// Sinks() and Model().Misuses(); then destroy. Objects still held then stay harmless.
+// One thread, on which the caller has initialised COM. After the add-in is released, read Held(),
+// Sinks() and Model().Misuses(), then destroy. Objects still held then are harmless.
 class COutlook {
  public:
   explicit COutlook(const SessionOptions& options);
@@ -35,29 +35,29 @@ class COutlook {
   // Faults, hooks, the observer, figures and accounting: see CModel.
   CModel& Model() noexcept { return m_model; }
   CSession& Session() noexcept { return *m_session; }
-  CMailbox& Mailbox() noexcept { return m_session->Mailbox(); }  // to look at, not to change
+  CMailbox& Mailbox() noexcept { return m_session->Mailbox(); }  // read only
   int Version() const noexcept { return m_session->Version(); }
 
   // For OnConnection; borrowed.
   IDispatch* Application() noexcept { return &m_session->Application(); }
-  // The entry of the COM add-ins dialog; its Object and Connect belong to the add-in's host.
+  // The entry of the COM add-ins dialog; the add-in's host handles its Object and Connect.
   CModelPtr<CComAddIn> AddAddIn(ComAddInInfo info, std::function<void(bool)> onConnect);
 
-  // The address book. Loading raises no events: it happens before Outlook starts. Errors are the
-  // reader's; cards without one are loaded all the same.
+  // Loads the address book, before Outlook starts and therefore without events. Returns the
+  // reader's errors; cards without an error are loaded.
   std::vector<CardError> LoadCards(std::string_view vcards);
-  // Cards put into a folder while Outlook runs, as if the user had written or imported them: with
-  // events up to 15 cards, without from 16 on.
+  // Adds cards to a folder while Outlook runs, as if the user had typed or imported them: with
+  // events for up to 15 cards, without for 16 and more.
   std::vector<CardError> AddCards(const std::string& folder, std::string_view vcards);
 
   StoredItemPtr FindItem(const std::string& item);
   FolderNode& FindFolder(const std::string& path);
 
-  // Contacts. A property is named as the object model names it, "HomeTelephoneNumber".
+  // Contacts. Properties are named as in the object model: "HomeTelephoneNumber".
   void ChangeContact(const std::string& item, const std::string& property,
                      const std::string& value);  // and saves it
-  void DeleteContact(const std::string& item);   // to Deleted Items; for good when there already
-  void DeleteContacts(const std::vector<std::string>& items);  // in one go
+  void DeleteContact(const std::string& item);  // to Deleted Items, or permanently if already there
+  void DeleteContacts(const std::vector<std::string>& items);  // in one operation
   void MoveContact(const std::string& item, const std::string& folder);
 
   FolderNode& AddFolder(const std::string& path, ItemType type = ItemType::Contact);
@@ -67,31 +67,32 @@ class COutlook {
 
   // Windows. Opening the first explorer shows the Inbox, as Outlook does.
   CModelPtr<CExplorer> OpenExplorer(const std::string& folder = "Inbox");  // with window, Activate
-  void CloseExplorer();                                // the active one; nothing if none is open
-  void CloseFirstExplorer();                           // the one that was active longest ago
-  bool SwitchFolder(const std::string& folder);        // false: a sink cancelled
-  void Select(const std::vector<std::string>& items);  // in the folder shown; empty: none
+  void CloseExplorer();                          // the active one; does nothing if none is open
+  void CloseFirstExplorer();                     // the one that has been inactive longest
+  bool SwitchFolder(const std::string& folder);  // false: a sink cancelled
+  void Select(const std::vector<std::string>& items);            // in the folder shown; empty: none
   CModelPtr<CInspector> OpenInspector(const std::string& item);  // null: a sink cancelled
   CModelPtr<CInspector> OpenNewContact();
   bool CloseInspector(const std::string& item);
   bool CloseInspector(CInspector& inspector);
-  // The window of one item is brought to the front.
+  // Brings one item's window to the front.
   void ActivateInspector(const std::string& item);
-  // The window of one item moves on to another, as with its Next button.
+  // Moves the window of one item on to another, as its Next button does.
   void MoveInspector(const std::string& item, const std::string& next);
   std::vector<CModelPtr<CInspector>> OpenInspectors();
 
   void RaiseStartup();
   void RaiseQuit();
-  // Raises OptionsPagesAdd and hands over what the sinks added. Each page's object is counted:
-  // clear the vector before looking at what the add-in holds.
+  // Raises OptionsPagesAdd and returns the pages that the sinks added. Each page object is
+  // referenced: clear the vector before checking what the add-in holds.
   std::vector<OptionsPage> RaiseOptionsPagesAdd();
 
-  // The entries of the default journal folder: "subject; type; minutes min; links; body", the lines
-  // of the body between bars. One that did not start within the last day says so.
+  // The entries of the default journal folder: "subject; type; minutes min; links; body", with bars
+  // between the body's lines. An entry that did not start within the last day is marked.
   std::vector<std::string> Journal() const;
 
-  // What the add-in still holds: "Items Contacts 1", and sinks: "Explorer Inbox ExplorerEvents 1".
+  // What the add-in still holds: objects such as "Items Contacts 1" and sinks such as "Explorer
+  // Inbox ExplorerEvents 1".
   std::vector<std::string> Held() const;
   std::vector<std::string> Sinks() const;
 

@@ -3,11 +3,11 @@
 
 #include "workbench/office/value.h"
 
-// What Outlook's type library publishes: interface ids, dispatch ids, enumeration values.
+// Values from Outlook's type library: interface ids, dispatch ids, enumeration values.
 
 namespace quor::workbench {
 
-// Identifiers of Outlook and Office differ in their first part only.
+// Interface ids of Outlook and Office differ only in their first part.
 constexpr IID OfficeId(unsigned long head) noexcept {
   return {head, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 }
@@ -108,7 +108,7 @@ inline constexpr NumberProperty kNumberProperties[] = {
     {L"TTYTDDTelephoneNumber", 0x3A4B},
 };
 
-// Failures that Outlook reports.
+// Errors that Outlook returns.
 inline constexpr HRESULT kNotFound = static_cast<HRESULT>(0x8004010FL);  // MAPI_E_NOT_FOUND
 inline constexpr HRESULT kObjectDeleted =
     static_cast<HRESULT>(0x8004010AL);  // MAPI_E_OBJECT_DELETED

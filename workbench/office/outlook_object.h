@@ -7,7 +7,7 @@
 
 namespace quor::workbench {
 
-// What nearly every Outlook object has: Application, Class, Session, Parent.
+// Members common to nearly all Outlook objects: Application, Class, Session, Parent.
 class COutlookObject : public CEventSource {
  protected:
   COutlookObject(CSession& session, const CMemberTable& members, const EventTable& events,
@@ -17,7 +17,7 @@ class COutlookObject : public CEventSource {
   static const EventTable& NoEvents();
 
   CSession& Session() const noexcept { return m_session; }
-  virtual CValue Parent();  // the application, unless said otherwise
+  virtual CValue Parent();  // the application, unless overridden
 
  private:
   CValue Application();
@@ -28,8 +28,8 @@ class COutlookObject : public CEventSource {
   const ObjectClass m_class;
 };
 
-// A position in a collection from an index argument, 1-based there and 0-based here. Throws a
-// CModelError when it is out of range.
+// Converts a 1-based index argument to a 0-based position. Throws a CModelError if it is out of
+// range.
 size_t PositionFromIndex(long index, size_t count);
 
 // GetFirst, GetNext, GetLast and GetPrevious over a list of `count` elements.
@@ -39,7 +39,9 @@ class CCursor {
 
   size_t First(size_t count) noexcept { return At(0, count); }
   size_t Last(size_t count) noexcept { return At(count - 1, count); }
-  size_t Next(size_t count) noexcept { return At(m_position + 1, count); }  // the first, at first
+  size_t Next(size_t count) noexcept {
+    return At(m_position + 1, count);
+  }  // the first one at first
   size_t Previous(size_t count) noexcept {
     if (m_position == kNone || m_position == 0) return m_position = kNone;
     return At(m_position - 1, count);

@@ -17,7 +17,8 @@ constexpr DISPID kFolderAdd = 0xF001;
 constexpr DISPID kFolderChange = 0xF002;
 constexpr DISPID kFolderRemove = 0xF003;
 
-// The collections over a folder when an event is raised; sinks make and drop others meanwhile.
+// The collections over a folder at the time of an event; sinks may create and drop others
+// meanwhile.
 template <class Collection>
 std::vector<CModelPtr<Collection>> Listeners(const std::vector<Collection*>& collections) {
   std::vector<CModelPtr<Collection>> listeners;
@@ -104,7 +105,7 @@ void CSession::FireItemEvent(FolderNode& folder, DISPID event, const StoredItemP
 }
 
 void CSession::RaiseItemRemove(FolderNode& folder) {
-  // Not for the last item of a personal folders file.
+  // Does not apply to the last item of a personal folders file.
   if (m_mailbox.ItemCount(*folder.store) == 0) return;
   for (const auto& items : Listeners(folder.itemCollections))
     items->Fire(kItemRemove);
@@ -220,7 +221,7 @@ void CSession::DeleteFolder(FolderNode& folder) {
   RaiseFolderEvent(parent, kFolderRemove, nullptr);
 }
 
-// Nothing may point into a folder that goes for good.
+// Removes all references to a folder before it is deleted permanently.
 void CSession::LeaveFolder(const FolderNode& folder) {
   for (const auto& child : folder.folders)
     LeaveFolder(*child);
@@ -276,7 +277,7 @@ bool CSession::ShowInspector(CInspector& inspector) {
     inspector.SetShown();
     m_inspectorWindows.push_back(kept);
     m_inspectors->RaiseNewInspector(inspector);
-    if (!inspector.IsOpen()) return false;  // a sink closed it at once
+    if (!inspector.IsOpen()) return false;  // a sink has closed it
     m_face.OnShown(inspector);
   }
   ActivateWindow(inspector);
@@ -323,7 +324,7 @@ void CSession::ActivateWindow(CExplorer& explorer) {
     before->RaiseActivate(false);
   }
   m_inspectorActive = false;
-  // The active window stands last.
+  // The active window is the last one.
   if (std::erase(m_explorerWindows, kept) != 0) m_explorerWindows.push_back(kept);
   explorer.RaiseActivate(true);
 }

@@ -18,24 +18,24 @@ class CInspector;
 class CInspectors;
 class CComAddIns;
 
-// What shows Outlook to the user: supplies the windows and the command bars, and hears what
-// changed. The workbench's user interface implements it; without one there are no windows and no
-// command bars. Must outlive the session.
+// Shows Outlook to the user: supplies windows and command bars, and is notified of changes.
+// Implemented by the workbench's user interface; without one there are no windows and no command
+// bars. Must outlive the session.
 class IOutlookFace {
  public:
-  // The CommandBars object of a window, the same one each time; null: the property answers nothing.
+  // The window's CommandBars object, always the same one; null: the property is empty.
   virtual IDispatch* CommandBarsOf(CExplorer&) { return nullptr; }
   virtual IDispatch* CommandBarsOf(CInspector&) { return nullptr; }
-  // For IOleWindow; null while there is no window.
+  // For IOleWindow; null if there is no window.
   virtual HWND WindowOf(CExplorer&) { return nullptr; }
   virtual HWND WindowOf(CInspector&) { return nullptr; }
-  // After NewExplorer or NewInspector was raised and before the first Activate.
+  // Called after NewExplorer or NewInspector is raised and before the first Activate.
   virtual void OnShown(CExplorer&) {}
   virtual void OnShown(CInspector&) {}
-  // After Close was raised; the object stays valid while somebody holds it.
+  // Called after Close is raised; the object stays valid while it is held.
   virtual void OnClosed(CExplorer&) {}
   virtual void OnClosed(CInspector&) {}
-  virtual void OnChanged() {}  // folders, items, selection: draw again
+  virtual void OnChanged() {}  // folders, items or the selection changed: redraw
 
  protected:
   ~IOutlookFace() = default;
@@ -46,16 +46,16 @@ class CNoFace final : public IOutlookFace {};
 
 struct SessionOptions {
   int version = 16;                 // 9 to 16
-  int itemChangeRepeats = 1;        // ItemChange so many times for one edit
-  bool itemChangeAfterAdd = false;  // ItemChange after ItemAdd for a new item
+  int itemChangeRepeats = 1;        // number of ItemChange events for one edit
+  bool itemChangeAfterAdd = false;  // raise ItemChange after ItemAdd for a new item
 };
 
-// From so many items on, an addition or a removal in one go raises no item events.
+// Adding or removing this many items at once raises no item events.
 inline constexpr size_t kBulkItems = 16;
 
-// What the objects of one Outlook process share: the stores, the windows, the events that follow
-// from a change. The objects change things only through here, so that a change made by the add-in
-// and one made by the user look the same to the sinks.
+// What the objects of one Outlook process share: the stores, the windows, the events for a change.
+// Objects make changes only through this class, so that sinks cannot tell a change by the add-in
+// from one by the user.
 class CSession {
  public:
   CSession(CModel& model, const SessionOptions& options, IOutlookFace& face);
@@ -75,7 +75,8 @@ class CSession {
   CInspectors& Inspectors() const noexcept { return *m_inspectors; }
   CComAddIns& ComAddIns() const noexcept { return *m_comAddIns; }
 
-  // The one live object for a folder or an item, made on demand; or another one each time.
+  // The one live object of a folder or item, created on demand; or, if so configured, a new one
+  // each time.
   CModelPtr<CFolder> FolderObject(FolderNode& folder);
   CModelPtr<CItem> ItemObject(const StoredItemPtr& item);
   CModelPtr<CItem> NewItem(ItemType type, FolderNode& folder);  // not saved yet
@@ -88,24 +89,25 @@ class CSession {
   void NoteItemChange(const StoredItemPtr& item);
   void AddItems(FolderNode& folder, const std::vector<StoredItemPtr>& items);
   void MoveItem(const StoredItemPtr& item, FolderNode& folder);
-  void DeleteItems(const std::vector<StoredItemPtr>& items);  // to Deleted Items, or for good
+  void DeleteItems(const std::vector<StoredItemPtr>& items);  // to Deleted Items, or permanently
   FolderNode& AddFolder(FolderNode& parent, const std::wstring& name, ItemType type);
   void RenameFolder(FolderNode& folder, const std::wstring& name);
   void MoveFolder(FolderNode& folder, FolderNode& parent);
   void DeleteFolder(FolderNode& folder);
 
-  // Windows, in the order in which they were opened; the last activated one is active.
+  // Windows in the order of opening; the last one activated is active.
   std::vector<CModelPtr<CExplorer>>& ExplorerWindows() noexcept { return m_explorerWindows; }
   std::vector<CModelPtr<CInspector>>& InspectorWindows() noexcept { return m_inspectorWindows; }
   CModelPtr<CExplorer> OpenExplorer(FolderNode& folder);  // raises NewExplorer
   void ShowExplorer(CExplorer& explorer);                 // window, then Activate
   void CloseExplorer(CExplorer& explorer);                // raises Close
-  // The inspector of an item, a new one unless it is open already. Joins the collection when shown.
+  // The inspector of an item; a new one if none is open. It joins the collection when shown.
   CModelPtr<CInspector> InspectorFor(CItem& item);
-  // Open on the item, NewInspector, window, Activate. False if a sink cancelled.
+  // Raises Open on the item and NewInspector, shows the window, raises Activate. False if a sink
+  // cancelled.
   bool ShowInspector(CInspector& inspector);
   bool CloseInspector(CInspector& inspector);  // false if a sink cancelled
-  // The window moves on to another item: Close of the one, Open of the other, Activate. False if a
+  // Moves the window to another item: Close of the first, Open of the second, Activate. False if a
   // sink cancelled.
   bool MoveInspector(CInspector& inspector, CItem& next);
   void ActivateWindow(CExplorer& explorer);

@@ -124,7 +124,7 @@ CValue CArguments::Converted(UINT index, VARTYPE type) const {
   const VARTYPE plain = V_VT(&source) & VT_TYPEMASK;
   VARIANT target;
   VariantInit(&target);
-  // An object would be asked for its default member; no member here means that.
+  // VariantChangeType would ask an object for its default member, which no member here accepts.
   if (plain == VT_DISPATCH || plain == VT_UNKNOWN ||
       FAILED(VariantChangeType(&target, const_cast<VARIANT*>(&source), 0, type))) {
     throw CArgumentError(DISP_E_TYPEMISMATCH, PositionOf(index));

@@ -19,11 +19,11 @@ namespace quor::workbench {
 
 std::string Utf8FromWide(std::wstring_view text);
 std::wstring WideFromUtf8(std::string_view text);
-std::wstring WideFromBstr(BSTR text);  // a null one reads as empty
-bool SameText(std::wstring_view left, std::wstring_view right) noexcept;  // case does not matter
+std::wstring WideFromBstr(BSTR text);                                     // empty for a null BSTR
+bool SameText(std::wstring_view left, std::wstring_view right) noexcept;  // ignores case
 
-// A call on the object model failed the way Office reports it: the caller sees DISP_E_EXCEPTION and
-// finds the code in EXCEPINFO.scode.
+// A failed call on the object model, reported as Office does: the caller gets DISP_E_EXCEPTION and
+// the error in EXCEPINFO.scode.
 class CModelError : public std::runtime_error {
  public:
   explicit CModelError(HRESULT code, const char* description = "The operation failed.")
@@ -34,7 +34,8 @@ class CModelError : public std::runtime_error {
   HRESULT m_code;
 };
 
-// An argument is of no use to the member: returned as it is, with the argument's position.
+// An argument that the member does not accept: its error is returned unchanged, with the argument's
+// position.
 class CArgumentError : public std::runtime_error {
  public:
   CArgumentError(HRESULT code, UINT position)
@@ -47,10 +48,10 @@ class CArgumentError : public std::runtime_error {
   UINT m_position;
 };
 
-// What a member returns and what an event carries: a VARIANT that owns what it holds.
+// The result of a member or an argument of an event: a VARIANT with ownership.
 class CValue {
  public:
-  CValue() noexcept { VariantInit(&m_value); }  // VT_EMPTY: the member returns nothing
+  CValue() noexcept { VariantInit(&m_value); }  // VT_EMPTY: no result
   CValue(std::same_as<bool> auto flag) noexcept : CValue() {
     V_VT(&m_value) = VT_BOOL;
     V_BOOL(&m_value) = flag ? VARIANT_TRUE : VARIANT_FALSE;
@@ -63,9 +64,9 @@ class CValue {
   CValue(std::wstring_view text);
   CValue(const std::wstring& text) : CValue(std::wstring_view(text)) {}
   CValue(const wchar_t* text) : CValue(std::wstring_view(text)) {}
-  // Adds a reference of the receiver's. Null is Office's "nothing": VT_DISPATCH, null, S_OK.
+  // Adds a reference. Null is Office's "nothing": VT_DISPATCH, null, S_OK.
   CValue(IDispatch* object) noexcept;
-  // A by-reference flag such as Cancel; the event's sink writes through it.
+  // A by-reference flag such as Cancel; the sink writes through it.
   static CValue Reference(VARIANT_BOOL& flag) noexcept;
   static CValue Copy(const VARIANT& value);
 
@@ -82,27 +83,29 @@ class CValue {
   VARIANT m_value;
 };
 
-// One value for the transcript: 3, True, "text", nothing, missing, object. Long text is cut.
+// A value as shown in the transcript: 3, True, "text", nothing, missing, object. Long text is cut.
 std::string Summary(const VARIANT& value);
 
-// The arguments of one call in declaration order. By-reference arguments are read through; what
-// cannot be read as asked throws CArgumentError(DISP_E_TYPEMISMATCH).
+// The arguments of one call in the order of declaration. By-reference arguments are dereferenced. A
+// wrong type throws CArgumentError(DISP_E_TYPEMISMATCH).
 class CArguments {
  public:
   CArguments(DISPID member, const DISPPARAMS& parameters) noexcept
       : m_member(member), m_parameters(parameters) {}
 
-  DISPID Member() const noexcept { return m_member; }  // for handlers that serve several members
+  DISPID Member() const noexcept {
+    return m_member;
+  }  // for functions that implement several members
   UINT Count() const noexcept { return m_parameters.cArgs; }
-  // Left out at the end, or given as VT_ERROR / DISP_E_PARAMNOTFOUND.
+  // Omitted at the end, or passed as VT_ERROR / DISP_E_PARAMNOTFOUND.
   bool IsMissing(UINT index) const noexcept;
 
   long Long(UINT index) const;
   bool Bool(UINT index) const;
-  std::wstring Text(UINT index) const;  // VT_EMPTY reads as empty
-  IDispatch* Object(UINT index) const;  // borrowed; null for nothing
+  std::wstring Text(UINT index) const;  // empty for VT_EMPTY
+  IDispatch* Object(UINT index) const;  // borrowed; null for "nothing"
   bool IsText(UINT index) const;
-  const VARIANT& Variant(UINT index) const;  // VT_BYREF|VT_VARIANT already followed
+  const VARIANT& Variant(UINT index) const;  // VT_BYREF|VT_VARIANT already dereferenced
 
   long LongOr(UINT index, long fallback) const { return IsMissing(index) ? fallback : Long(index); }
   bool BoolOr(UINT index, bool fallback) const { return IsMissing(index) ? fallback : Bool(index); }

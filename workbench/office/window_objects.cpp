@@ -195,7 +195,7 @@ void CExplorer::ShowFolder(FolderNode& folder) {
   m_selected.clear();
   Session().Face().OnChanged();
   Fire(kFolderSwitch);
-  if (m_folder != &folder) return;  // a sink went on to another folder
+  if (m_folder != &folder) return;  // a sink switched to another folder
   Select(folder.items.empty() ? std::vector<StoredItemPtr>()
                               : std::vector<StoredItemPtr>{folder.items.front()});
 }

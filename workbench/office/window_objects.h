@@ -10,7 +10,7 @@
 
 namespace quor::workbench {
 
-// Place and state of a window as the object model tells it.
+// Position and state of a window in the object model.
 struct WindowPlace {
   long left = 60;
   long top = 40;
@@ -19,10 +19,10 @@ struct WindowPlace {
   long state = 2;  // OlWindowState: normal
 };
 
-// IOleWindow as a second face of a window object: same identity, same count.
+// IOleWindow of a window object: same identity, same reference count.
 class COleWindow;
 
-// What explorer and inspector have in common.
+// Common members of explorer and inspector.
 class CWindowObject : public COutlookObject {
  public:
   WindowPlace& Place() noexcept { return m_place; }
@@ -61,10 +61,10 @@ class CExplorer final : public CWindowObject {
 
   FolderNode& Folder() const noexcept { return *m_folder; }
   const std::vector<StoredItemPtr>& SelectedItems() const noexcept { return m_selected; }
-  // BeforeFolderSwitch, FolderSwitch, then the first item is selected: SelectionChange. False if a
-  // sink cancelled; nothing happens when the folder is shown already.
+  // Raises BeforeFolderSwitch, FolderSwitch and, for the first item selected, SelectionChange.
+  // False if a sink cancelled. Does nothing if the folder is already shown.
   bool SwitchFolder(FolderNode& folder);
-  void LeaveFolder(FolderNode& instead);  // the folder shown is going away; cannot be cancelled
+  void LeaveFolder(FolderNode& instead);  // the folder shown is being deleted; cannot be cancelled
   void Select(std::vector<StoredItemPtr> items);  // SelectionChange
   void Deselect(const StoredItemPtr& item);       // the item left the folder shown
   void RaiseActivate(bool active);
@@ -96,7 +96,7 @@ class CInspector final : public CWindowObject {
   std::wstring CaptionText() const override;
   void SetClosed() noexcept override;
 
-  CItem* Item() const noexcept { return m_item.get(); }  // null once closed
+  CItem* Item() const noexcept { return m_item.get(); }  // null after closing
   bool IsShown() const noexcept { return m_shown; }
   void SetShown() noexcept { m_shown = true; }
   void SetItem(CItem& item) { m_item = CModelPtr<CItem>(&item); }
@@ -121,7 +121,7 @@ class CInspector final : public CWindowObject {
   bool m_shown = false;
 };
 
-// What was selected when the explorer was asked.
+// The selection at the time of the property read.
 class CSelection final : public COutlookObject {
  public:
   CSelection(CSession& session, CExplorer& explorer);

@@ -89,7 +89,7 @@ class CDocumentReader {
     if (node.element != "tab" && node.element != "group") return;
     for (const char* name : {"idMso", "insertBeforeMso", "insertAfterMso"}) {
       if (!node.Has(name) || known(node.Attribute(name))) continue;
-      // On a tab of the document's own every built-in group is missing.
+      // A custom tab has no built-in groups.
       throw CDocumentError(
           node.line, "there is no built-in " + node.element + " " + node.Attribute(name) + " here");
     }
@@ -121,7 +121,7 @@ class CDocumentReader {
   }
 
   const RibbonWindow m_window;
-  std::string m_tab;  // idMso of the tab being read
+  std::string m_tab;  // idMso of the current tab
   std::set<std::string> m_ids;
 };
 

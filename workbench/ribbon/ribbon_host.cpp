@@ -39,7 +39,7 @@ bool Fits(ResultKind expected, VARTYPE type) noexcept {
     case ResultKind::Number:
       return type == VT_I4 || type == VT_INT;
     case ResultKind::Picture:
-      return type == VT_DISPATCH || type == VT_BSTR;  // a text names one of Office's own pictures
+      return type == VT_DISPATCH || type == VT_BSTR;  // a text names a built-in picture of Office
     case ResultKind::None:
       return true;
   }
@@ -147,7 +147,7 @@ HRESULT CRibbonHost::Invoke(const std::string& callback, DISPID number,
   LARGE_INTEGER start;
   LARGE_INTEGER end;
   LARGE_INTEGER frequency;
-  IDispatch* addIn = m_addIn;  // the callback may unload us
+  IDispatch* addIn = m_addIn;  // the callback may unload the document
   addIn->AddRef();
   HRESULT code = S_OK;
   {

@@ -25,12 +25,11 @@ struct RibbonFigures {
   uint64_t invalidations = 0;  // Invalidate and InvalidateControl
 };
 
-// One ribbon document of the add-in: the explorer's or the contact window's. The windows that show
-// it are its views.
+// One ribbon document of the add-in, for explorers or contact windows. The windows that show it are
+// its views.
 //
-// What Office would report when told to show add-in errors (a document it drops, a callback that is
-// missing, fails or answers with the wrong type) becomes a message; nothing is thrown at the
-// add-in.
+// What Office would report if set to show add-in errors becomes a message: an invalid document, or
+// a callback that is missing, fails or returns a wrong type. The add-in sees no error.
 class CRibbonHost {
  public:
   CRibbonHost(CModel& model, RibbonWindow window);
@@ -38,14 +37,14 @@ class CRibbonHost {
   CRibbonHost(const CRibbonHost&) = delete;
   CRibbonHost& operator=(const CRibbonHost&) = delete;
 
-  // Reads the document, asks `addIn` for the IDispatch that knows its callbacks and calls onLoad.
-  // False: the whole document is dropped, Messages() says why. Once per document.
+  // Reads the document, gets the IDispatch with its callbacks from `addIn` and calls onLoad. False
+  // if the document is invalid; Messages() then has the reason. Call once per document.
   bool Load(IUnknown* addIn, const std::wstring& document);
   bool IsLoaded() const noexcept { return m_addIn != nullptr; }
-  // The add-in is gone: its controls vanish, IRibbonUI objects still held fail.
+  // The add-in has ended: its controls disappear, and IRibbonUI objects still held fail.
   void Unload() noexcept;
 
-  // A window begins to show the document. `context`: the explorer or inspector. The host must
+  // A window starts to show the document. `context` is the explorer or inspector. The host must
   // outlive its views.
   std::unique_ptr<CRibbonView> OpenView(CModelPtr<CAutomation> context);
 
@@ -53,7 +52,7 @@ class CRibbonHost {
   void SetMessageHandler(std::function<void(const std::string&)> handler) {
     m_onMessage = std::move(handler);
   }
-  // Called when values are to be asked again, so that a window can draw itself later. May come many
+  // Called when values must be queried again, so that a window can redraw later. May come many
   // times in a row.
   void SetStaleHandler(std::function<void()> handler) { m_onStale = std::move(handler); }
   const RibbonFigures& Figures() const noexcept { return m_figures; }
@@ -71,8 +70,8 @@ class CRibbonHost {
   void AddView(CRibbonView& view) { m_views.push_back(&view); }
   void RemoveView(const CRibbonView& view) noexcept { std::erase(m_views, &view); }
   void Report(const std::string& message);
-  // Calls a callback; arguments in declaration order. Nothing, after a report, where it fails or
-  // answers with something else than was expected.
+  // Calls a callback; arguments in the order of declaration. If it fails or returns a wrong type,
+  // reports this and returns nothing.
   std::optional<CValue> Call(const std::string& callback, const std::string& id,
                              const std::vector<CValue>& arguments, ResultKind expected);
 
@@ -85,7 +84,7 @@ class CRibbonHost {
 
   CModel& m_model;
   const RibbonWindow m_window;
-  IDispatch* m_addIn = nullptr;  // counted
+  IDispatch* m_addIn = nullptr;  // with a reference
   std::optional<RibbonNode> m_document;
   CModelPtr<CRibbonUi> m_ui;
   std::vector<CRibbonView*> m_views;
@@ -94,7 +93,7 @@ class CRibbonHost {
   std::function<void(const std::string&)> m_onMessage;
   std::function<void()> m_onStale;
   RibbonFigures m_figures;
-  int m_askingDepth = 0;  // inside callbacks that supply values
+  int m_askingDepth = 0;  // nesting of callbacks that supply values
 };
 
 }  // namespace quor::workbench

@@ -15,7 +15,7 @@ constexpr DISPID kActivateTab = 4;
 constexpr DISPID kActivateTabMso = 5;
 constexpr DISPID kActivateTabQ = 6;
 
-// A dual interface whose every method is a late-bound call on the object behind it.
+// A dual interface whose methods call the object behind it late-bound.
 template <class Dual>
 class CDualFace : public Dual {
  public:
@@ -41,7 +41,7 @@ class CDualFace : public Dual {
   }
 
  protected:
-  // The vtable way answers the code itself where the late-bound way has it in EXCEPINFO.
+  // Through the vtable the error is the result itself; late-bound it is in EXCEPINFO.
   HRESULT Call(DISPID id, WORD flags, std::vector<CValue> arguments, VARIANT* result) noexcept {
     std::vector<VARIANT> reversed;
     EXCEPINFO exception = {};
@@ -128,7 +128,7 @@ void CRibbonUi::InvalidateControl(const CArguments& arguments) {
   Host().InvalidateOne(arguments.Text(0));
 }
 
-// Nothing of Outlook's own is overridden here, so there is nothing to ask again.
+// The documents override no built-in control, so there is nothing to query again.
 void CRibbonUi::InvalidateBuiltIn(const CArguments&) {
   Host();
 }

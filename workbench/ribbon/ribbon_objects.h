@@ -6,9 +6,9 @@
 
 #include "workbench/office/automation.h"
 
-// The objects that a ribbon hands to the add-in. Both are dual: the pointer that is handed over
-// serves vtable callers, and its IDispatch part late-bound ones. Both ways count as calls on
-// "RibbonUI" and "RibbonControl" and can be made to fail.
+// The objects that a ribbon passes to the add-in. Both are dual: callers may use the vtable or
+// IDispatch. Both kinds of call count as calls on "RibbonUI" and "RibbonControl" and can be made to
+// fail.
 
 namespace quor::workbench {
 
@@ -32,13 +32,13 @@ struct IRibbonControl : public IDispatch {
   virtual HRESULT STDMETHODCALLTYPE get_Tag(BSTR* tag) = 0;
 };
 
-// The ribbon itself, one for each document. Fails with E_FAIL once its document is unloaded.
+// The ribbon itself, one per document. Fails with E_FAIL after its document is unloaded.
 class CRibbonUi final : public CAutomation {
  public:
   CRibbonUi(CModel& model, CRibbonHost& host);
   ~CRibbonUi() override;
 
-  IDispatch* Face() noexcept;  // what the add-in gets
+  IDispatch* Face() noexcept;  // the pointer for the add-in
   void Unload() noexcept { m_host = nullptr; }
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
 
@@ -56,10 +56,10 @@ class CRibbonUi final : public CAutomation {
   std::unique_ptr<CFace> m_face;
 };
 
-// One control of one window's ribbon.
+// One control in one window's ribbon.
 class CRibbonControl final : public CAutomation {
  public:
-  // `context`: the explorer or inspector; null where there is none.
+  // `context` is the explorer or inspector, or null.
   CRibbonControl(CModel& model, std::wstring id, std::wstring tag, CModelPtr<CAutomation> context);
   ~CRibbonControl() override;
 

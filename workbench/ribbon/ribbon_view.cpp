@@ -27,7 +27,7 @@ bool IsToggle(const RibbonNode& node) {
   return node.element == "toggleButton" || node.element == "checkBox";
 }
 
-// Elements that only arrange what they hold.
+// Whether an element only arranges its children.
 bool IsArrangement(const RibbonNode& node) {
   return node.element == "box" || node.element == "buttonGroup" ||
          node.element == "dialogBoxLauncher";
@@ -101,7 +101,7 @@ bool CRibbonView::SelectTab(const std::wstring& tab) {
   return known;
 }
 
-// --- asking ---
+// --- querying ---
 
 IDispatch* CRibbonView::ObjectOf(Entry& entry) {
   if (!entry.object) {
@@ -328,7 +328,7 @@ std::vector<ControlFace> CRibbonView::OpenMenu(int handle) {
   return Faces(Reachable(handle), Extent::Drawn);
 }
 
-// --- what the user does ---
+// --- the user's actions ---
 
 int CRibbonView::HandleAt(std::span<const std::wstring> path) {
   const std::vector<ControlFace> faces = ControlFaces();

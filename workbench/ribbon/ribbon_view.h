@@ -11,12 +11,12 @@
 
 namespace quor::workbench {
 
-// The ribbon of one window. Asks the add-in for a value when it is first needed and keeps it until
-// it is invalidated.
+// The ribbon of one window. Queries a value from the add-in when it is first needed and caches it
+// until it is invalidated.
 //
-// The user's actions throw CUserActionError where a user could not do it: the control is not there,
-// on another tab, invisible, disabled, in a disabled menu. Controls are named by
-// ControlFace::handle, or by a path as FindFace (ui/face.h) reads it.
+// The user's actions throw CUserActionError if a user could not do them: the control is missing, on
+// another tab, invisible, disabled, or in a disabled menu. Controls are identified by
+// ControlFace::handle, or by a path as in FindFace (ui/face.h).
 class CRibbonView {
  public:
   CRibbonView(CRibbonHost& host, CModelPtr<CAutomation> context);
@@ -24,24 +24,25 @@ class CRibbonView {
   CRibbonView(const CRibbonView&) = delete;
   CRibbonView& operator=(const CRibbonView&) = delete;
 
-  // Tabs go by idMso or id: "TabContacts". False where the document has no such tab.
+  // Selects a tab by idMso or id: "TabContacts". False if the document has no such tab.
   bool SelectTab(const std::wstring& tab);
   const std::wstring& ActiveTab() const noexcept { return m_activeTab; }
 
-  // What is asked: Drawn leaves out invisible controls and what closed menus hold, as Office does
-  // when it draws; Everything leaves out nothing.
+  // Which controls are queried: Drawn leaves out invisible controls and the contents of closed
+  // menus, as Office does when it draws; Everything includes them.
   enum class Extent { Drawn, Everything };
-  // Asks what a redraw of the tab needs and is not known; returns the number of callbacks.
+  // Queries what a redraw of the tab needs and is not cached; returns the number of callbacks.
   uint64_t Redraw();
   RibbonTabFace Tab(const std::wstring& tab, Extent extent);
   std::vector<RibbonTabFace> Tabs(Extent extent);
-  std::vector<ControlFace> ControlFaces();  // of the active tab, everything
-  // The items of a menu that is being opened; their own menus are closed.
+  std::vector<ControlFace> ControlFaces();  // all controls of the active tab
+  // Opens a menu and returns its items; their own menus stay closed.
   std::vector<ControlFace> OpenMenu(int handle);
 
-  // --- what the user does ---
+  // --- the user's actions ---
   void Click(std::span<const std::wstring> path);
-  void EnterText(std::span<const std::wstring> path, const std::wstring& text);  // and Enter
+  void EnterText(std::span<const std::wstring> path,
+                 const std::wstring& text);  // then presses Enter
   void PickEntry(std::span<const std::wstring> path, const std::wstring& entry);
   void Click(int handle);
   void EnterText(int handle, const std::wstring& text);
@@ -53,7 +54,7 @@ class CRibbonView {
   void ForgetImages();
 
  private:
-  // Values that were asked, or that the document gives.
+  // Values queried from the add-in or given in the document.
   struct Values {
     std::optional<std::wstring> label;
     std::optional<std::wstring> text;
@@ -70,7 +71,7 @@ class CRibbonView {
     const RibbonNode* node = nullptr;
     int parent = -1;  // index
     std::vector<int> children;
-    CModelPtr<CRibbonControl> object;  // made at the first callback
+    CModelPtr<CRibbonControl> object;  // created at the first callback
     Values values;
   };
 

@@ -13,7 +13,7 @@ constexpr size_t kLongestText = 1024;
 constexpr size_t kLongestDescription = 4096;
 constexpr size_t kLongestKeytip = 3;
 
-// --- groups of attributes that go together ---
+// --- groups of attributes ---
 
 const std::string kIdOwn = " id idQ";
 const std::string kId = kIdOwn + " idMso tag";
@@ -47,7 +47,7 @@ const std::string kSplitButton = kEnabled + kPosition + kVisible + kKeytip + kSh
 const std::string kDynamicMenu = kControl + kDescription + " getContent invalidateContentOnDrop";
 const std::string kBox = kIdOwn + kVisible + kPosition;
 
-// --- groups of children that go together ---
+// --- groups of children ---
 
 const std::string kInMenu =
     "control:ControlInMenu button:ButtonInMenu checkBox:CheckBox gallery:GalleryInMenu "
@@ -63,8 +63,8 @@ const std::string kInButtonGroup =
     "gallery:GalleryInMenu menu:MenuInMenu dynamicMenu:DynamicMenuInMenu "
     "splitButton:SplitButtonInMenu";
 
-// A child is written name:Type, then if need be the least and the greatest number and the rank:
-// "tab:Tab/1/100", "dialogBoxLauncher:DialogBoxLauncher/0/1/1".
+// A child is written name:Type, optionally with minimum, maximum and rank: "tab:Tab/1/100",
+// "dialogBoxLauncher:DialogBoxLauncher/0/1/1".
 struct Row {
   const char* type;
   std::string attributes;

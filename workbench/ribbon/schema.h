@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-// What the Office 2006 custom-UI schema allows, as tables.
+// The Office 2006 custom-UI schema as tables.
 
 namespace quor::workbench {
 
@@ -27,19 +27,19 @@ struct ElementType {
   bool needsId = false;  // exactly one of id, idQ, idMso; else at most one
 };
 
-// Throws std::out_of_range for a type that is not there.
+// Throws std::out_of_range for an unknown type.
 const ElementType& FindElementType(std::string_view type);
 
-// What is wrong with an attribute's value; nothing if it is good.
+// The error in an attribute's value; nothing if it is valid.
 std::optional<std::string> FaultOfAttribute(const std::string& name, const std::string& value);
 
-// Attributes of which an element may have one only.
+// Attributes that exclude each other.
 const std::vector<std::vector<std::string>>& ExclusiveAttributes();
 
 enum class RibbonWindow { Explorer, Contact };
 
 // Whether a window of that kind has the built-in tab, and the tab the built-in group. Only the home
-// tabs and their first groups are known here; others count as missing.
+// tabs and their first groups are known.
 bool HasBuiltInTab(RibbonWindow window, std::string_view tab);
 bool HasBuiltInGroup(RibbonWindow window, std::string_view tab, std::string_view group);
 

@@ -7,9 +7,9 @@ namespace quor::workbench {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr int kDeepest = 256;  // of elements in one another
+constexpr int kDeepest = 256;  // nested elements
 
-using Scope = std::vector<std::pair<std::string, std::string>>;  // prefix, URI; innermost last
+using Scope = std::vector<std::pair<std::string, std::string>>;  // prefix and URI, innermost last
 
 bool IsBlank(char c) {
   return c == ' ' || c == '\t' || c == '\r' || c == '\n';
@@ -113,7 +113,7 @@ class CXmlReader {
     return true;
   }
 
-  // Blanks, comments and processing instructions.
+  // Skips blanks, comments and processing instructions.
   void SkipBetween() {
     for (;;) {
       SkipBlanks();
@@ -223,7 +223,7 @@ class CXmlReader {
     }
   }
 
-  // Behind the "<".
+  // Starts after the "<".
   XmlElement Element(int depth) {
     if (depth > kDeepest) Fail("elements are nested too deep");
     XmlElement element;

@@ -9,7 +9,7 @@
 
 namespace quor::workbench {
 
-// What is wrong with a document, and in which line (from 1).
+// An error in a document, and its line (from 1).
 class CDocumentError : public std::runtime_error {
  public:
   CDocumentError(int line, const std::string& text)
@@ -20,14 +20,14 @@ struct XmlElement {
   std::string space;  // namespace URI, empty for none
   std::string name;   // local name
   int line = 0;
-  // In the order of the document, namespace declarations left out, names as written.
+  // In document order, without namespace declarations; names as written.
   std::vector<std::pair<std::string, std::string>> attributes;
   std::vector<XmlElement> children;
 };
 
-// Reads a document that holds elements and attributes only: text that is not blank, a document type
-// definition and anything not well-formed throw CDocumentError. UTF-8; an encoding declaration is
-// passed over, since the text has been decoded already.
+// Reads a document of elements and attributes only: text other than blanks, a document type
+// definition and malformed XML throw CDocumentError. UTF-8; an encoding declaration is ignored,
+// because the text is already decoded.
 XmlElement ReadXml(std::string_view text);
 
 }  // namespace quor::workbench

@@ -10,11 +10,12 @@
 
 namespace quor::workbench {
 
-// Exactly two hexadecimal digits; anything else leaves `value` alone and answers false.
+// Parses exactly two hexadecimal digits: "0D" gives 13. False, with `value` unchanged, for anything
+// else.
 bool ParseHexByte(std::string_view digits, uint8_t& value);
 
-// "26 01 0D" or "26010D"; each word an even number of hexadecimal digits, and perhaps how often:
-// "41*500". Throws CScenarioError.
+// Parses "26 01 0D" or "26010D". Each word has an even number of hexadecimal digits and optionally
+// a count: "41*500". Throws CScenarioError.
 Bytes ParseHex(std::span<const std::string> words);
 
 // "26 01 0D"; empty for no bytes.

@@ -14,8 +14,8 @@ namespace quor::workbench {
 
 class CRun;
 
-// What follows a command's own words. Every access that the scenario does not satisfy throws
-// CScenarioError in words that fit behind "line 12: ".
+// The words after a command's own. A missing or wrong word throws CScenarioError with a text that
+// fits after "line 12: ".
 class CCommandArguments {
  public:
   CCommandArguments(const Statement& statement, size_t commandWords)
@@ -26,15 +26,15 @@ class CCommandArguments {
   std::span<const std::string> WordsFrom(size_t first) const { return m_words.subspan(first); }
   const std::vector<std::string>& Block() const { return m_statement->block; }
   bool HasBlock() const { return m_statement->hasBlock; }
-  // The block as one text, every line ended by a line feed.
+  // The block as one text, each line with a line feed.
   std::string BlockText() const;
 
   const std::string& Text(size_t index) const;
   bool Is(size_t index, std::string_view word) const;
-  // Decimal, or hexadecimal after 0x; between least and most, both included.
+  // A decimal number, or hexadecimal after 0x, from `least` to `most`.
   int Number(size_t index, int least, int most) const;
   bool YesNo(size_t index) const;
-  // What follows the word `name`, as in "status 4"; nothing when the word is not there.
+  // The word after the word `name`, as in "status 4"; nothing if `name` is missing.
   std::optional<std::string> After(std::string_view name) const;
   std::optional<int> NumberAfter(std::string_view name, int least, int most) const;
 
@@ -43,16 +43,16 @@ class CCommandArguments {
   std::span<const std::string> m_words;
 };
 
-// One command of the language. The table of them is the only place that names commands: running,
-// --help and the manual all read it.
+// One command of the language. Only the table of commands names them: the player, --help and the
+// manual read it.
 struct Command {
   const char* words;      // "expect log"
-  const char* arguments;  // "call N|N-M status S", for people
+  const char* arguments;  // "call N|N-M status S", shown to users
   const char* help;       // one to three sentences
-  size_t least;           // words that must follow
+  size_t least;           // number of words that must follow
   size_t most;
   enum class Block { None, Optional, Required } block;
-  // Null for kRepeatCommand, which the run itself plays.
+  // Null for kRepeatCommand, which the run handles itself.
   void (*run)(CRun& run, const CCommandArguments& arguments);
 };
 
@@ -69,14 +69,14 @@ std::span<const CommandGroup> CommandGroups();
 
 struct FoundCommand {
   const Command* command;
-  size_t words;  // how many of the statement's words name it
+  size_t words;  // number of the statement's words that name it
 };
 
-// The command with the longest match. Throws CScenarioError for an unknown one, for too few or too
-// many arguments, and for a block where none belongs or a missing one.
+// The command with the longest match. Throws CScenarioError for an unknown command, too few or too
+// many arguments, and a missing or unexpected block.
 FoundCommand FindCommand(const Statement& statement);
 
-// Every command with its arguments and help; plain text for the terminal, or Markdown.
+// Every command with its arguments and help, as plain text for the terminal or as Markdown.
 std::string CommandHelp();
 std::string CommandHelpMarkdown();
 

@@ -5,7 +5,7 @@
 
 namespace quor::workbench {
 
-// The parts of the one command table, by subject.
+// The command table's parts, by subject.
 std::span<const Command> SceneCommands();
 std::span<const Command> OutlookCommands();
 std::span<const Command> ContactCommands();

@@ -64,7 +64,7 @@ void Unplug(CRun& run, const CCommandArguments& arguments) {
       arguments.Count() ? static_cast<unsigned>(arguments.Number(0, 1, kMostDevices)) - 1 : 0);
 }
 
-// The words of one piece up to the next "pause".
+// The bytes of one piece, up to the next "pause".
 Bytes PieceBytes(std::span<const std::string> words) {
   if (words.empty()) throw CScenarioError("no bytes before or after a pause");
   return IsIndicationName(words.front()) ? IndicationFromWords(words) : ParseHex(words);
@@ -198,7 +198,7 @@ void Mobiles(CRun& run, const CCommandArguments& arguments) {
   run.stage.base.Enliven().SetCells(reachable, names);
 }
 
-// The calls of every poll that say nothing but "still there".
+// The calls of every poll that only check for the device.
 bool IsEnumeration(const std::string& call) {
   return call.starts_with("SI_GetNumDevices") || call.starts_with("SI_GetProductString");
 }

@@ -1,4 +1,4 @@
-// What the user does with contacts, folders and windows of Outlook's own.
+// The user's actions on contacts, folders and Outlook's own windows.
 
 #include "workbench/scenario/commands.h"
 #include "workbench/scenario/results.h"

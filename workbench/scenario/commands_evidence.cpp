@@ -179,7 +179,7 @@ struct UseLine {
   int64_t noted;
 };
 
-// Without the bytes, which are of the whole process and never the same.
+// Without the bytes: they count the whole process and vary from run to run.
 std::vector<UseLine> CountedUse(CRun& run, const ResourceUse& now) {
   const CRun::NotedUse noted = run.notedUse.value_or(CRun::NotedUse());
   const ResourceUse& then = noted.process;
@@ -230,7 +230,7 @@ std::string OneDecimal(double value) {
   return text;
 }
 
-// Outlook disables an add-in whose median at a moment is above the limit.
+// Outlook disables an add-in whose median time for an event exceeds the limit.
 std::string TimeLine(const char* moment, const std::optional<double>& milliseconds, int limit) {
   if (!milliseconds) return {};
   return std::string(moment) + ": " + OneDecimal(*milliseconds) + " ms, " +
@@ -262,7 +262,7 @@ double MedianOf(const std::vector<Figures::Caller>& callers, double Figures::Cal
   return MedianOf(std::move(values));
 }
 
-// Medians, and the dearest one.
+// Medians and the maximum.
 std::string CallerLine(const std::vector<Figures::Caller>& callers) {
   using Caller = Figures::Caller;
   if (callers.empty()) return {};

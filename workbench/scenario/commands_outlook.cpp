@@ -1,4 +1,4 @@
-// Outlook's life and what it calls on the add-in.
+// Outlook's lifecycle and its calls on the add-in.
 
 #include <climits>
 #include <utility>
@@ -41,7 +41,7 @@ void Connect(CRun& run, const CCommandArguments& arguments) {
 void Start(CRun& run, const CCommandArguments&) {
   ConnectWithMode(run, kStartupMode);
   const uint32_t result = run.lastResult;
-  // An add-in that refuses the connection is left alone.
+  // Outlook makes no further calls on an add-in that refused the connection.
   if (run.stage.host.IsConnected()) {
     std::optional<std::string> document;
     if (run.stage.outlook.Version() >= 14) run.stage.host.CustomUi(kExplorerRibbon, document);
@@ -213,7 +213,7 @@ void MoveIn(CRun& run, const CCommandArguments& arguments) {
 void During(CRun& run, const CCommandArguments& arguments) {
   constexpr int kMostCalls = 1'000'000;
   const int nth = arguments.Number(1, 1, kMostCalls);
-  // The block outlives the command: what it asks for happens inside a later one.
+  // Keep the block: its commands run inside a later command.
   const std::vector<Statement> statements =
       ParseScript(arguments.BlockText(), run.stage.outlook.Version());
   run.stage.outlook.DuringMember(arguments.Text(0), static_cast<unsigned>(nth),

@@ -8,7 +8,7 @@ namespace quor::workbench {
 
 namespace {
 
-// A path in a scenario is relative to the scenario's folder unless it says where it begins.
+// A path is relative to the scenario's folder unless it is absolute.
 std::string PathFrom(const CRun& run, const std::string& path) {
   const bool absolute =
       path.starts_with('/') || path.starts_with('\\') || (path.size() > 1 && path[1] == ':');
@@ -16,7 +16,7 @@ std::string PathFrom(const CRun& run, const std::string& path) {
 }
 
 void Applies(CRun&, const CCommandArguments&) {
-  // Read before the run: a scenario for other versions is not played.
+  // Read before the run: a scenario for other versions is skipped.
 }
 
 void Say(CRun& run, const CCommandArguments& arguments) {

@@ -1,4 +1,4 @@
-// What the user sees and does: toolbar, ribbon, windows.
+// What the user sees and does on toolbar, ribbon and windows.
 
 #include <algorithm>
 
@@ -10,8 +10,8 @@ namespace quor::workbench {
 
 namespace {
 
-// Words that name a control: ID [> ITEM [> ITEM]] [of CONTACT], then whatever else the command
-// takes.
+// Words that name a control: ID [> ITEM [> ITEM]] [of CONTACT], followed by the command's other
+// words.
 struct ControlName {
   std::vector<std::string> path;
   std::string inspector;
@@ -97,7 +97,7 @@ std::string Property(const ControlView& control, const std::string& name) {
   throw CScenarioError("\"" + name + "\" is not caption, text, enabled, visible, picture or items");
 }
 
-// What is not as the words say; nothing when all is.
+// The first difference from what the words say; nothing if there is none.
 std::optional<std::string> ControlDifference(CRun& run, const CCommandArguments& arguments) {
   const ControlName name = ReadControlName(arguments);
   const std::optional<ControlView> control = FindControl(run, name);
@@ -167,7 +167,7 @@ std::string Describe(const WindowView& window) {
   return text;
 }
 
-// "..." at the beginning of an expected text stands for whatever comes before the rest.
+// A leading "..." in an expected text matches any beginning.
 bool Shows(const std::string& text, const std::string& expected) {
   constexpr std::string_view kWhatever = "...";
   if (!expected.starts_with(kWhatever)) return text == expected;
@@ -183,7 +183,7 @@ void ExpectWindow(CRun& run, const CCommandArguments& arguments) {
   if (!arguments.Is(1, "shown") && !arguments.Is(1, "hidden")) {
     throw CScenarioError("usage: expect window TITLE shown|hidden|missing [:]");
   }
-  // Several windows may share a title; it is about the one with these texts, if texts are given.
+  // Several windows may share a title; if texts are given, one of them must have these texts.
   if (found.empty()) throw CExpectationFailure("there is no such window");
   const bool shown = arguments.Is(1, "shown");
   const auto matches = [&](const WindowView& window) {

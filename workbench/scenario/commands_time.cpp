@@ -1,4 +1,4 @@
-// Letting time pass: always up to a condition, never for a number of milliseconds alone.
+// Waiting: always for a condition, never only for a number of milliseconds.
 
 #include "workbench/scenario/commands.h"
 #include "workbench/scenario/run.h"

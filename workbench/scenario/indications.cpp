@@ -19,7 +19,7 @@ const char kIndicationHelp[] =
 
 namespace {
 
-// The name=value words of one indication; every field must be asked for, or it is a spelling slip.
+// The name=value words of one indication. A field that is never read is a spelling mistake.
 class CFields {
  public:
   explicit CFields(std::span<const std::string> words) {

@@ -8,14 +8,15 @@
 
 namespace quor::workbench {
 
-// What the help says about the words that IndicationFromWords understands.
+// Help text for the words that IndicationFromWords accepts.
 extern const char kIndicationHelp[];
 
 // True for "status", "receive-call", "caller-id", "close-popup", "cell-registration".
 bool IsIndicationName(const std::string& word);
 
-// An indication by name and fields, such as: status line1=2 result=1. A field left out takes the
-// value that an idle base sends; end=0D00 replaces the two delimiters. Throws CScenarioError.
+// Builds an indication from its name and fields, for example: status line1=2 result=1. A missing
+// field has the value that an idle base sends; end=0D00 replaces the two delimiters. Throws
+// CScenarioError.
 Bytes IndicationFromWords(std::span<const std::string> words);
 
 }  // namespace quor::workbench

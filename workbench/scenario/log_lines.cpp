@@ -18,7 +18,7 @@ bool HasStamp(std::string_view line) {
   return true;
 }
 
-// How many lines before a difference are worth showing.
+// Number of lines shown before a difference.
 constexpr size_t kContext = 3;
 
 }  // namespace

@@ -6,31 +6,32 @@
 
 namespace quor::workbench {
 
-// What the command line asks for.
+// The command line's options.
 struct Options {
   enum class Task { Interactive, Scenario, Sweep, Replay, Help, HelpMarkdown };
   enum class Telling { Everything, Story, FailuresOnly };
 
   Task task = Task::Interactive;
   Telling telling = Telling::Everything;
-  bool calls = false;        // tells every call of the object model and every event, too
-  int outlookVersion = 0;    // 0: the one that suits the bitness
+  bool calls = false;        // prints every call of the object model and every event
+  int outlookVersion = 0;    // 0: the default for the bitness
   std::string file;          // of a scenario or a diagnostic log
   std::string addIn;         // ProgID; empty: the only one registered
-  std::string dataFolder;    // empty: a fresh one, removed afterwards
+  std::string dataFolder;    // empty: a temporary one
   std::string contactsFile;  // of an interactive session
   std::string pictureFolder = ".";
-  bool painted = true;       // Outlook's own windows, on the screen
+  bool painted = true;       // Outlook's own windows are drawn on the screen
   unsigned stuckAfter = 60;  // seconds
-  unsigned sweepFrom = 1;    // the first call of a sweep
-  // What a sweep does inside each call in turn.
+  unsigned sweepFrom = 1;    // first call of a sweep
+  // What a sweep does inside each call, one call per round.
   enum class Inside { Fail, Disconnect, Release, Quit, Poll, Unplug };
   Inside inside = Inside::Fail;
-  std::string outcomes;     // table of what is left after each failure; empty: not checked
-  bool neighbours = false;  // other add-ins' windows and hook are there all the time
+  std::string
+      outcomes;  // table of members whose failure may disable the telephone; empty: not checked
+  bool neighbours = false;  // other add-ins' windows and hook are always present
 };
 
-// Throws CScenarioError for what makes no sense.
+// Throws CScenarioError for invalid options.
 Options ParseOptions(std::span<const std::string> arguments);
 
 extern const char kUsage[];

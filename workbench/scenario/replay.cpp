@@ -26,7 +26,7 @@ constexpr std::string_view kRecovery = "** Recovery : USB device recovery.";
 constexpr std::string_view kNoDevice = "** Error : Device undefined.";
 constexpr size_t kShortestFrame = 5;
 
-// The two digits after a prefix.
+// The two hexadecimal digits after a prefix.
 std::string HexAfter(const std::string& line, std::string_view prefix) {
   const std::string digits = line.substr(std::min(prefix.size(), line.size()), 2);
   uint8_t value = 0;
@@ -78,7 +78,7 @@ class CLogPlayer {
     Add("ticks 1");
   }
 
-  // Whether the session that begins here finds the base at once; nothing where it does not say.
+  // Whether the session that starts here finds the base at once; nothing if the log does not tell.
   std::optional<bool> SessionBeginsWithBase() const {
     for (size_t i = m_at; i < m_lines.size(); ++i) {
       if (i > m_at && m_lines[i] == kSessionStart) break;
@@ -111,8 +111,7 @@ class CLogPlayer {
     }
   }
 
-  // The second byte of the header is not in the log, nor what was drained beyond the two bytes
-  // shown.
+  // The log has neither the second byte of the header nor the drained bytes beyond the first two.
   void PlayWrongStart(const std::string& byte) {
     std::string bytes = byte + " 00";
     if (m_at + 1 < m_lines.size() && m_lines[m_at + 1].starts_with(kReceived)) {

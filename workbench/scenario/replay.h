@@ -6,19 +6,18 @@
 
 namespace quor::workbench {
 
-// A diagnostic log from the field as a scenario: the base plugged in and pulled out where the log
-// says so, and everything it sent, damaged or not, in order. What the user did is not in a log, so
-// only what comes off the wire is played again.
+// A user's diagnostic log as a scenario: plugs the base in and out where the log shows it, and
+// sends everything it sent, damaged or not, in order. A log does not contain the user's actions, so
+// only the received bytes are replayed.
 struct Replay {
   std::string scenario;
-  int outlookVersion = 0;  // 0: the log does not tell
+  int outlookVersion = 0;  // 0: not in the log
 };
 
-// `lines` without time stamps. Throws CScenarioError for a frame whose count and bytes disagree.
+// `lines` have no time stamps. Throws CScenarioError for a frame whose byte count is wrong.
 Replay ReplayFromLog(const std::vector<std::string>& lines);
 
-// The lines of a log that tell what was received and what became of it. They must be the same when
-// the log is played again.
+// The lines of a log about received data and its handling. A replay must log the same lines.
 std::vector<std::string> ReceptionLines(const std::vector<std::string>& lines);
 
 }  // namespace quor::workbench

@@ -8,7 +8,7 @@
 
 namespace quor::workbench {
 
-// "S_OK", "S_FALSE", "E_FAIL", ... or a number, decimal or 0x. Throws CScenarioError.
+// Parses "S_OK", "S_FALSE", "E_FAIL" and so on, or a number, decimal or 0x. Throws CScenarioError.
 uint32_t ResultFromName(const std::string& name);
 std::string ResultName(uint32_t result);
 
@@ -16,7 +16,7 @@ constexpr bool IsFailure(uint32_t result) {
   return (result & 0x80000000u) != 0;
 }
 
-// "3", "2-5" or "4-" (from the fourth on, for ever). Throws CScenarioError.
+// Parses "3", "2-5" or "4-" (all calls from the fourth on). Throws CScenarioError.
 FailingCalls ParseCalls(const std::string& text, uint32_t status);
 
 }  // namespace quor::workbench

@@ -21,7 +21,7 @@ bool IsRepeat(const Statement& statement) {
   return statement.words.front() == kRepeatCommand;
 }
 
-// The block of a "repeat" inside has rounds of its own.
+// A nested "repeat" numbers its own rounds.
 Statement InRound(Statement statement, int line, int round) {
   const std::string number = std::to_string(round);
   PutRound(statement.source, number);

@@ -10,14 +10,13 @@ namespace quor::workbench {
 
 using PlayStatement = std::function<bool(const Statement&)>;
 
-// Hands over the statements in the order in which they are played, until `play` says that enough is
-// enough; false then. A "repeat" gives way to the statements of its block, once for each round, and
-// "{round}" in them to the round's number. Throws CScenarioError with the place of a "repeat" that
-// makes no sense.
+// Calls `play` for each statement in order until it returns false; the result is then false.
+// Replaces a "repeat" by the statements of its block, once per round, with the round's number for
+// "{round}". Throws CScenarioError with the line of an invalid "repeat".
 bool ForEachStatement(const std::vector<Statement>& statements, int outlookVersion,
                       const PlayStatement& play);
 
-// Where a statement stands and what there is to say about it.
+// A message with the statement's line.
 std::string AtStatement(const Statement& statement, const char* what);
 
 }  // namespace quor::workbench

@@ -12,7 +12,7 @@ namespace quor::workbench {
 namespace {
 
 constexpr int kFirstRibbonVersion = 14;
-// Where a failure may have kept the add-in from polling at all, nobody waits for it long.
+// Milliseconds. A fault may have stopped the polling, so do not wait long.
 constexpr unsigned kTickLimitUnderFaults = 200;
 constexpr char kSettingsFile[] = "Microsoft\\AddIns\\vex_cfg.xml";
 
@@ -76,7 +76,7 @@ void CRun::PlayInside(const std::vector<Statement>& statements) {
       return true;
     });
   } catch (const std::runtime_error& error) {
-    // It must not unwind through the add-in, whose call this is.
+    // The exception must not pass through the add-in's call.
     if (m_failedInside.empty()) m_failedInside = error.what();
   }
 }
@@ -88,7 +88,7 @@ void CRun::PlayUnderFaults(const std::vector<Statement>& statements) {
     try {
       m_executor.Do([&] { Step(statement); });
     } catch (const CScenarioError&) {
-      // The fault took away what this step needs.
+      // The fault made this step impossible.
     } catch (const CExpectationFailure&) {
     }
     return true;
@@ -190,7 +190,7 @@ void CRun::EndOutlook() {
     if (!fast && host.IsLoaded()) host.BeginShutdown();
     stage.outlook.FireQuit();
     host.Pump();
-    // From 14 on nothing more is called: what ends the add-in is the end of the process.
+    // From version 14 on Outlook makes no further calls; the process ends and the add-in with it.
     if (!fast && host.IsLoaded()) host.Disconnect(0);
   }
 }
@@ -207,7 +207,7 @@ void CRun::ReopenOutlook() {
 void CRun::WaitForTicks(int ticks) {
   const unsigned goal = stage.base.Calls("SI_GetNumDevices") + static_cast<unsigned>(ticks);
   const auto reached = [this, goal] { return stage.base.Calls("SI_GetNumDevices") >= goal; };
-  // A poll comes every 100 ms and may itself last for the three seconds of a read.
+  // A poll comes every 100 ms and may itself take 3 s, the read timeout.
   if (!stage.host.PumpUntil(reached, m_tickLimit)) {
     throw CExpectationFailure("the add-in does not poll the base");
   }

@@ -13,13 +13,13 @@
 
 namespace quor::workbench {
 
-// What a run tells whoever watches. The same scenario tells the same, word for word.
+// Receives a run's output. A scenario always produces the same output.
 class ITranscript {
  public:
   virtual void Command(const Statement& statement) = 0;
-  // A line of the story that the scenario tells its reader.
+  // A line of the scenario's story for the reader.
   virtual void Say(const std::string& text) = 0;
-  // Something the scenario asked to see, or an observation on the way; may hold several lines.
+  // Something that the scenario asked to see, or an observation; may have several lines.
   virtual void Show(const std::string& text) = 0;
   virtual void Failure(const std::string& text) = 0;
 
@@ -27,36 +27,35 @@ class ITranscript {
   ~ITranscript() = default;
 };
 
-// Where the steps of a run happen. The Windows side runs each on Outlook's own thread, and goes on
-// with the next while a step is still inside a window that waits for its user.
+// Executes the steps of a run. On Windows each step runs on Outlook's thread; the next one starts
+// while a step is still inside a window that waits for the user.
 class IExecutor {
  public:
-  // What the action throws comes out here, at this call or at a later one.
+  // Exceptions of the action are thrown by this call or a later one.
   virtual void Do(const std::function<void()>& action) = 0;
 
  protected:
   ~IExecutor() = default;
 };
 
-// One scenario on its way: what it has set up and how much of the log and of the wire it has seen.
+// A running scenario: its preparations, and the log lines and bytes it has consumed so far.
 class CRun {
  public:
   CRun(const Stage& stages, ITranscript& watcher, IExecutor& executor)
       : stage(stages), transcript(watcher), m_executor(executor) {}
 
-  // Runs to the end or to the first thing that is not as the scenario says; true when all was.
-  // Afterwards Outlook is left as it is: see Finish.
+  // Runs to the end or to the first failed expectation; true if all succeeded. Outlook is left as
+  // it is then: see Finish.
   bool Play(const std::vector<Statement>& statements);
-  // Plays the same but ignores what is expected and steps that cannot be done any more, since some
-  // call of the object model was made to fail. What must hold even then is checked by Finish.
+  // The same after a fault in the object model: ignores expectations, and steps that are impossible
+  // now. Finish checks what must hold even then.
   void PlayUnderFaults(const std::vector<Statement>& statements);
-  // Plays some commands in the middle of another one. What goes wrong is reported when that one
-  // ends.
+  // Plays commands inside another command, which reports their errors when it ends.
   void PlayInside(const std::vector<Statement>& statements);
-  // Quits Outlook if it still runs and checks that the add-in let go of everything.
+  // Quits Outlook if it still runs, and checks that the add-in has released everything.
   bool Finish();
 
-  // Diagnostic lines and written bytes that no expectation has consumed yet.
+  // Log lines and written bytes that no expectation has consumed yet.
   std::vector<std::string> NewLogLines();
   std::vector<std::string> WholeLog();
   Bytes NewWire();
@@ -66,23 +65,23 @@ class CRun {
   std::vector<std::string> NewUsbCalls();
   void ForgetUsbCalls();
 
-  // Writes the settings file before the add-in is made.
+  // Writes the settings file before the add-in is created.
   void WriteSettings();
-  // The order of calls and events with which this Outlook version ends, unloading included.
+  // The calls and events with which this Outlook version ends, in their order, including unloading.
   void QuitOutlook();
-  // The same up to the moment where Outlook lets the add-in go.
+  // The same up to the release of the add-in.
   void EndOutlook();
-  // Lets the add-in go. Throws CExpectationFailure when it still holds anything of Outlook's.
+  // Releases the add-in. Throws CExpectationFailure if it still holds anything of Outlook's.
   void Unload();
-  // A main window for an Outlook that was quit and is to run again.
+  // Opens a main window for an Outlook that has quit and runs again.
   void ReopenOutlook();
-  // Counts the device polls of the add-in's timer.
+  // Waits for this many polls of the add-in's timer.
   void WaitForTicks(int ticks);
 
   Stage stage;
   ITranscript& transcript;
   uint32_t lastResult = 0;
-  // Relative paths in a scenario begin here; ends in a separator or is empty.
+  // Base of relative paths in a scenario; ends in a separator or is empty.
   std::string scenarioFolder;
   std::vector<std::string> notedHeld;
 
@@ -90,7 +89,7 @@ class CRun {
   std::string givenSettings;
   std::map<std::string, std::string> systemSettings;  // elements of the default file
 
-  // What was held when "note use" asked for it.
+  // What was held at "note use".
   struct NotedUse {
     ResourceUse process;
     size_t objects = 0;
@@ -105,7 +104,7 @@ class CRun {
   IExecutor& m_executor;
   std::string m_failedInside;
   unsigned m_tickLimit = 10'000;  // milliseconds
-  bool m_hasQuit = false;         // and its main window is gone
+  bool m_hasQuit = false;         // and its main window is closed
   size_t m_logSeen = 0;
 };
 

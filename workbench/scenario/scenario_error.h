@@ -6,14 +6,14 @@
 
 namespace quor::workbench {
 
-// The scenario itself is wrong: a word that no command knows, a number out of range. Raised while
-// reading or running a line; whoever knows the line number adds it.
+// An error in the scenario: an unknown word, a number out of range. Thrown while a line is read or
+// run; code that knows the line number adds it.
 class CScenarioError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-// The scenario is right and what it expects did not happen. The text says what was seen instead.
+// A correct scenario's expectation failed. The text describes what was found instead.
 class CExpectationFailure : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

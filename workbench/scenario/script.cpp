@@ -24,7 +24,7 @@ std::string_view Trim(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-// Walks one line; `End` is where the comment starts, or the line ends.
+// Reads one line; End is the start of a comment or the end of the line.
 class CWordReader {
  public:
   explicit CWordReader(std::string_view line) : m_line(line) {}
@@ -90,7 +90,7 @@ class CWordReader {
   size_t m_at = 0;
 };
 
-// The colon of a command with a block stands at the end of its last word, outside quotes.
+// The colon of a command with a block is at the end of its last word, outside quotes.
 bool TakeBlockMark(Statement& statement) {
   if (statement.source.back() != ':') return false;
   std::string& last = statement.words.back();
@@ -112,7 +112,7 @@ Statement ParseStatement(std::string_view line, int number) {
   return statement;
 }
 
-// "14+" or "<14"; nothing for any other word.
+// Evaluates "14+" or "<14"; nothing for any other word.
 std::optional<bool> Condition(std::string_view word, int outlookVersion) {
   const bool below = word.starts_with('<');
   if (!below && !word.ends_with('+')) return std::nullopt;
@@ -124,7 +124,7 @@ std::optional<bool> Condition(std::string_view word, int outlookVersion) {
   return below ? outlookVersion < version : outlookVersion >= version;
 }
 
-// What a block's line holds after its bar; nothing where its condition is not met.
+// The text after a block line's bar; nothing if its condition is false.
 std::optional<std::string_view> BlockLine(std::string_view afterBar, int outlookVersion) {
   const size_t blank = std::min(afterBar.find(' '), afterBar.size());
   const std::string_view text = afterBar.substr(std::min(blank + 1, afterBar.size()));
@@ -147,7 +147,7 @@ std::vector<std::string> SplitWords(std::string_view line) {
 
 namespace {
 
-// "{outlook}" in a block is the version that plays.
+// Replaces "{outlook}" in a block by the running version.
 std::string WithVersion(std::string_view text, int outlookVersion) {
   constexpr std::string_view kPlace = "{outlook}";
   std::string result(text);

@@ -21,7 +21,7 @@ std::string HandleName(const void* handle) {
   return "#" + Number(reinterpret_cast<uintptr_t>(handle));
 }
 
-// Handles are numbers in disguise, and only ever compared.
+// Handles are numbers cast to pointers; they are only compared.
 void* HandleFromNumber(uintptr_t number) {
   return reinterpret_cast<void*>(number);  // NOLINT(performance-no-int-to-ptr)
 }
@@ -193,7 +193,7 @@ int CBaseSimulator::GetProductString(uint32_t device, char* text, uint32_t optio
 }
 
 int CBaseSimulator::Open(uint32_t device, Handle* handle) noexcept {
-  // A library that fails may well have written something; no caller may take it for a handle.
+  // A failing library may have written a value; no caller may use it as a handle.
   if (handle != nullptr) *handle = HandleFromNumber(UINTPTR_MAX);
   return Call(
       UsbFunction::Open,

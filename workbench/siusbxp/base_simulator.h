@@ -37,7 +37,7 @@ class CBaseSimulator final : public ISimulatedBase, public IUsbHost {
   void SetManners(const DriverManners& manners) override { m_manners = manners; }
   void Observe(ICallObserver* observer) override { m_observer = observer; }
 
-  // The library. A missing out parameter is a kSiInvalidParameter.
+  // The library's functions. A null out parameter gives kSiInvalidParameter.
   int GetNumDevices(uint32_t* count) noexcept override;
   int GetProductString(uint32_t device, char* text, uint32_t option) noexcept override;
   int Open(uint32_t device, Handle* handle) noexcept override;
@@ -70,7 +70,8 @@ class CBaseSimulator final : public ISimulatedBase, public IUsbHost {
     uint64_t sequence;
     std::vector<uint8_t> bytes;
   };
-  // For calls firstCall to lastCall as CallCount numbers them: a status to answer, or a size limit.
+  // Applies to calls firstCall to lastCall as CallCount numbers them: a status to return, or a size
+  // limit.
   struct Fault {
     uint64_t firstCall;
     uint64_t lastCall;
@@ -87,8 +88,8 @@ class CBaseSimulator final : public ISimulatedBase, public IUsbHost {
     std::vector<Fault> faults;
   };
 
-  // Counts the call, does the work unless a fault answers for it, and tells the observer. The work
-  // is given the largest size it may move; results are asked for only after success.
+  // Counts the call, does the work unless a fault replaces it, and notifies the observer. The work
+  // gets its size limit; results are formatted only after success.
   template <typename Work, typename Arguments, typename Results>
   int Call(UsbFunction function, Work work, Arguments arguments, Results results);
   Fault CountCall(UsbFunction function);
@@ -116,7 +117,7 @@ class CBaseSimulator final : public ISimulatedBase, public IUsbHost {
   uint32_t m_failedCloses;
   ICallObserver* m_observer = nullptr;
   uint64_t m_sequence;
-  uint64_t m_lastDevice = 0;  // numbers are never used twice, so that old handles stay strangers
+  uint64_t m_lastDevice = 0;  // numbers are never reused, so that old handles stay invalid
   uintptr_t m_lastHandle = 0;
   uint64_t m_now;
   uint32_t m_readTimeout;

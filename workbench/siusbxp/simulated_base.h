@@ -10,10 +10,10 @@
 
 namespace quor::workbench {
 
-// The simulated base lives in the workbench's own program, which moves it by ISimulatedBase. The
-// SiUSBXp.dll that the add-in loads only forwards to it (see usb_host.h), so the workbench holds no
-// reference to the DLL and the add-in alone decides how long it stays loaded. Nothing is plugged in
-// at first. Everything is meant for one thread, the one the add-in calls the library on.
+// The simulated base is part of the workbench program, which controls it through ISimulatedBase.
+// The SiUSBXp.dll that the add-in loads only forwards to it (see usb_host.h), so the workbench
+// holds no reference to the DLL, and the add-in alone decides how long it stays loaded. Initially
+// nothing is plugged in. Single-threaded: use it on the thread that calls the library.
 
 enum class UsbFunction : size_t {
   GetNumDevices,
@@ -46,7 +46,7 @@ constexpr std::optional<UsbFunction> UsbFunctionFromName(std::string_view name) 
   return std::nullopt;
 }
 
-// Statuses as the real library numbers them.
+// Statuses with the real library's numbers.
 inline constexpr int kSiSuccess = 0x00;
 inline constexpr int kSiInvalidHandle = 0x01;
 inline constexpr int kSiReadError = 0x02;
@@ -72,7 +72,7 @@ using ProductStrings = std::array<const char*, 5>;
 inline constexpr ProductStrings kDefaultProductStrings = {
     "0001", "Telephone base", R"(\\?\usb#vid_10c4&pid_ea61#0001)", "10C4", "EA61"};
 
-// Calls counted from 1, beginning with the next one, both ends included.
+// Calls are counted from 1, the next one; both ends included.
 struct CallRange {
   uint32_t first = 1;
   uint32_t last = 1;
@@ -80,17 +80,17 @@ struct CallRange {
 inline constexpr uint32_t kForEver = UINT32_MAX;
 
 struct UsbCall {
-  uint64_t sequence;  // of all calls, from 1
+  uint64_t sequence;  // number among all calls, from 1
   UsbFunction function;
   int status;
-  // "SI_Write(#1, 2B 31 0D) = 0, 3": handles by number, bytes in hexadecimal, then the status and
-  // what came back. Valid during the call.
+  // "SI_Write(#1, 2B 31 0D) = 0, 3": handles as numbers, bytes in hexadecimal, then the status and
+  // the results. Valid during the call.
   std::string_view text;
 };
 
 class ICallObserver {
  public:
-  // After the call has done its work. Must not throw, since the library's caller is C.
+  // Called after the call has done its work. Must not throw, because the library's caller is C.
   virtual void OnCall(const UsbCall& call) noexcept = 0;
 
  protected:
@@ -102,63 +102,63 @@ struct WrittenFrame {
   std::span<const uint8_t> bytes;  // valid until the next SI_Write or Reset
 };
 
-// What differs from one version of the library, or one machine, to the next.
+// Differences between versions of the library and between machines.
 struct DriverManners {
-  int withoutDevice = kSiDeviceNotFound;  // SI_GetNumDevices; kSiSuccess comes with a count of 0
-  int secondOpen = kSiDeviceIoFailed;     // SI_Open of a device that is open
-  uint32_t stringTime = 0;                // milliseconds that SI_GetProductString takes, for real
+  int withoutDevice = kSiDeviceNotFound;  // SI_GetNumDevices; with kSiSuccess the count is 0
+  int secondOpen = kSiDeviceIoFailed;     // SI_Open of an open device
+  uint32_t stringTime = 0;                // real milliseconds that SI_GetProductString takes
   uint32_t openTime = 0;                  // the same for SI_Open
 };
 
 class ISimulatedBase {
  public:
-  // Back to nothing plugged in, nothing queued, nothing counted; open handles become unknown ones.
+  // Unplugs everything, empties queues and resets counts; open handles become invalid.
   virtual void Reset() = 0;
 
-  // Devices are listed in the order they were plugged in. A handle to an unplugged device stays
-  // allocated and answers kSiDeviceIoFailed until it is closed.
+  // Devices are listed in the order of plugging. A handle to an unplugged device stays allocated
+  // and returns kSiDeviceIoFailed until it is closed.
   virtual void Plug(const ProductStrings& strings = kDefaultProductStrings) = 0;
   virtual void Unplug(uint32_t device = 0) = 0;
   virtual uint32_t DeviceCount() const = 0;
 
-  // Bytes from the base, `delay` milliseconds after those queued before them. Time is simulated: it
-  // passes while SI_Read waits for bytes, and by Advance. SI_Read waits until it has what it was
-  // asked for or its timeout is over; then it delivers what there is, or answers kSiReadTimedOut
-  // when there is nothing. An endless timeout ends when nothing more is on its way. Unplugging the
-  // last device loses what was queued.
+  // Queues bytes from the base, `delay` milliseconds after those queued before. Time is simulated:
+  // it passes while SI_Read waits and in Advance. SI_Read waits for all bytes or its timeout; then
+  // it returns what has arrived, or kSiReadTimedOut if nothing has. An infinite timeout ends when
+  // nothing more is queued. Unplugging the last device drops the queue.
   virtual void Queue(std::span<const uint8_t> bytes, uint32_t delay = 0) = 0;
   virtual void Advance(uint32_t milliseconds) = 0;
   virtual uint64_t Now() const = 0;
-  // Waiting takes as long as it says, for a person to feel it. Off at first.
+  // Makes waiting take real time, for interactive use. Off initially.
   virtual void SetRealWaiting(bool on) = 0;
 
-  // What SI_CheckRXQueue says of the next `calls` calls; no count means the true one.
+  // What SI_CheckRXQueue reports in the next `calls` calls; without a count, the real one.
   virtual void ReportQueue(uint32_t status, std::optional<uint32_t> count, uint32_t calls) = 0;
 
-  // Makes calls answer a status and do nothing; a failing SI_Close gives the handle up all the
-  // same, as for a device already gone. A call number n from the start of the run is n - CallCount
-  // here.
+  // Makes calls return a status and do nothing. A failing SI_Close still invalidates the handle, as
+  // for a device already removed. Call number n from the start of the run is n - CallCount here.
   virtual void Fail(UsbFunction function, int status, CallRange calls = {}) = 0;
-  // Makes SI_Read or SI_Write succeed with at most so many bytes; the rest stays queued or unsent.
+  // Makes SI_Read or SI_Write succeed with at most this many bytes; the rest stays queued or
+  // unsent.
   virtual void Shorten(UsbFunction function, uint32_t bytes, CallRange calls = {}) = 0;
-  // Forgets every Fail, Shorten and ReportQueue.
+  // Removes every Fail, Shorten and ReportQueue.
   virtual void Heal() = 0;
 
-  // What was written and is not forgotten, one entry for each SI_Write that reached the wire.
+  // Writes since the last ForgetWritten, one entry for each SI_Write that reached the wire.
   virtual size_t WrittenCount() const = 0;
   virtual WrittenFrame Written(size_t index) const = 0;
   virtual void ForgetWritten() = 0;
 
   virtual uint32_t CallCount(UsbFunction function) const = 0;
   virtual uint32_t OpenHandles() const = 0;
-  // Devices that were open when the DLL was freed: its threads ran in freed code.
+  // Devices still open when the DLL was freed: its threads ran in freed code.
   virtual uint32_t FreedWhileOpen() const = 0;
-  // Calls of SI_Close that answered a failure: whether a thread ended then, the caller cannot know.
+  // Failed calls of SI_Close; the caller cannot know whether the device's thread has ended.
   virtual uint32_t FailedCloses() const = 0;
 
   virtual void SetManners(const DriverManners& manners) = 0;
 
-  // Tells one observer of every call; null for none. Texts are made only for an observer.
+  // Notifies one observer of every call; null for none. Texts are built only if there is an
+  // observer.
   virtual void Observe(ICallObserver* observer) = 0;
 
  protected:

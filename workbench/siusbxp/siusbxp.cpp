@@ -1,6 +1,6 @@
-// SiUSBXp.dll as the add-in loads it: the real library's functions, ordinals and calling convention
-// in front of the base that the program plays. As the real one does, it runs a thread for each open
-// device, which only SI_Close ends.
+// SiUSBXp.dll as the add-in loads it: the real library's functions, ordinals and calling
+// convention, forwarding to the simulated base in the program. Like the real library, it runs a
+// thread for each open device, which only SI_Close ends.
 #include <windows.h>
 
 #include <array>
@@ -42,7 +42,7 @@ int WithHost(Work work) {
   return host ? work(*host) : kSiDeviceNotFound;
 }
 
-// Wakes again and again, so that it does not survive the end of the module's code.
+// Wakes periodically, so that it crashes if the module's code is unloaded.
 DWORD WINAPI ServeDevice(void* stop) {
   constexpr DWORD kBetweenReads = 10;  // milliseconds
   while (WaitForSingleObject(stop, kBetweenReads) == WAIT_TIMEOUT) {
@@ -76,8 +76,8 @@ void StopServing(HANDLE handle) {
   }
 }
 
-// The real library does nothing here, and its threads crash the process. This one notes the
-// caller's fault and ends them, so that the workbench can report it.
+// The real library does nothing here, and its threads crash the process. This one records the
+// caller's error and ends the threads, so that the workbench can report it.
 void NoteFreedWhileOpen() {
   uint32_t devices = 0;
   for (OpenDevice& device : g_open) {

@@ -10,7 +10,7 @@ CBaseSimulator& ProgramBase() {
 
 }  // namespace quor::workbench
 
-// Named as kUsbHostExport says.
+// The name must equal kUsbHostExport.
 extern "C" __declspec(dllexport) quor::workbench::IUsbHost& WB_UsbHost() {
   return quor::workbench::ProgramBase();
 }

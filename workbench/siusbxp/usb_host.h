@@ -6,9 +6,9 @@
 
 namespace quor::workbench {
 
-// What stands behind the simulated SiUSBXp.dll: the library's functions in portable types. The
-// program that plays the base exports it by the name kUsbHostExport; the DLL looks there at each
-// call. In any other program the DLL finds no device.
+// The functions of the simulated SiUSBXp.dll in portable types. The program with the base exports
+// an implementation by the name kUsbHostExport; the DLL looks it up at each call. In any other
+// program the DLL finds no device.
 class IUsbHost {
  public:
   using Handle = void*;
@@ -27,7 +27,7 @@ class IUsbHost {
   // CTS, RTS, DTR, DSR, DCD, XON/XOFF.
   virtual int SetFlowControl(Handle handle, std::span<const int, 6> controls) noexcept = 0;
 
-  // The DLL is freed with so many devices open.
+  // The DLL is freed with this many devices open.
   virtual void OnFreedWhileOpen(uint32_t devices) noexcept = 0;
 
  protected:
@@ -36,7 +36,7 @@ class IUsbHost {
 
 inline constexpr char kUsbHostExport[] = "WB_UsbHost";
 using GetUsbHost = IUsbHost& (*)();
-// Tells the DLL from the vendor's.
+// An ordinal that the vendor's DLL does not have.
 inline constexpr uint16_t kSimulatedLibraryOrdinal = 100;  // "WB_Simulated"
 
 }  // namespace quor::workbench

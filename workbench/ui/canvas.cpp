@@ -7,7 +7,7 @@
 namespace quor::workbench {
 namespace {
 
-constexpr int kSamples = 4;  // each way, for smooth edges
+constexpr int kSamples = 4;  // in each direction, for smooth edges
 
 uint32_t Mixed(uint32_t under, Colour over, int alpha) noexcept {
   const auto channel = [&](int shift) {
@@ -48,7 +48,7 @@ bool IsInside(const std::vector<Point>& points, double x, double y) noexcept {
   return inside;
 }
 
-// How much of the pixel a shape covers, 0 to 255.
+// The part of the pixel that a shape covers, 0 to 255.
 template <class Inside>
 int Coverage(int x, int y, const Inside& inside) noexcept {
   int hits = 0;
@@ -64,12 +64,13 @@ uint32_t Greyed(uint32_t colour) noexcept {
   const uint32_t alpha = colour >> 24;
   const uint32_t grey =
       (((colour >> 16) & 0xFF) * 30 + ((colour >> 8) & 0xFF) * 59 + (colour & 0xFF) * 11) / 100;
-  // Half towards a light grey, and half as strong.
+  // Mixes the colour half and half with light grey and halves the opacity.
   const uint32_t light = (grey + alpha * 160 / 255) / 4;
   return (alpha / 2) << 24 | light << 16 | light << 8 | light;
 }
 
-// Average of the source pixels under one target pixel; or between them when enlarging.
+// The average of the source pixels under one target pixel, or an interpolated colour when
+// enlarging.
 uint32_t Sample(const Pixels& pixels, double left, double top, double right, double bottom) {
   double sums[4] = {};
   double weight = 0;
@@ -264,8 +265,8 @@ HFONT CCanvas::Font(const TextStyle& style) {
   return font;
 }
 
-// Small letters come out of GDI with hard edges where the font asks for it. So text is drawn
-// several times too large beside the picture and shrunk into it.
+// GDI draws small letters without smooth edges if the font says so. So text is drawn several times
+// larger in a second bitmap and scaled down.
 void CCanvas::Text(const Rect& rect, std::wstring_view text, const TextStyle& style) {
   const RECT area = Scaled(rect);
   const int width = static_cast<int>(area.right - area.left);
@@ -311,7 +312,7 @@ void CCanvas::Image(const Rect& rect, const Pixels& pixels, bool greyed) {
       if (greyed) colour = Greyed(colour);
       const int alpha = static_cast<int>(colour >> 24);
       if (alpha == 0) continue;
-      // Blend takes a plain colour: divide the alpha out again.
+      // Blend takes a colour without alpha: divide the alpha out again.
       const auto channel = [&](int shift) {
         const uint32_t value = ((colour >> shift) & 0xFF) * 255 / static_cast<uint32_t>(alpha);
         return std::min<uint32_t>(255, value) << shift;

@@ -40,7 +40,7 @@ void PaintHead(Painting& painting, const Rect& area, const std::wstring& text) {
                        {.size = 15, .colour = painting.palette.paneHeadText, .bold = true});
 }
 
-// Text and background of a row that may be selected.
+// Paints a row's background and returns its text colour.
 Colour PaintRow(Painting& painting, const Rect& row, bool selected) {
   if (!selected) return painting.palette.text;
   painting.canvas.Fill(row, painting.palette.selection);

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-// What a window shows, as plain records. The command bars and the ribbon fill them, the drawing and
-// the scenarios read them.
+// Plain records of what a window shows. Command bars and ribbon fill them; drawing code and
+// scenarios read them.
 
 namespace quor::workbench {
 
@@ -26,34 +26,35 @@ const wchar_t* KindName(ControlKind kind) noexcept;  // "button", "combo box", "
 
 struct ControlFace {
   ControlKind kind = ControlKind::Button;
-  int handle = 0;          // by which user actions name the control; unique in its window
-  std::wstring id;         // tag of a command bar's control, id of a ribbon's
-  std::wstring caption;    // as supplied, ampersands included
+  int handle = 0;          // identifies the control for user actions; unique in its window
+  std::wstring id;         // tag of a command bar's control or id of a ribbon's
+  std::wstring caption;    // as supplied, with ampersands
   std::wstring text;       // in the edit part of a combo box
-  std::wstring screentip;  // tooltip; empty: none supplied
+  std::wstring screentip;  // tooltip; empty if not supplied
   bool enabled = true;
   bool visible = true;
-  bool custom = true;  // else one of Outlook's own
+  bool custom = true;  // otherwise one of Outlook's own
   bool hasPicture = false;
   bool hasMask = false;
-  PixelsPtr picture;         // as it is to be shown, mask or alpha already applied
+  PixelsPtr picture;         // as shown, with mask or alpha applied
   bool showsCaption = true;  // of a button
   bool large = false;
   bool pressed = false;
   bool beginsGroup = false;
-  int width = 0;       // pixels at 100 %; 0: as wide as it needs
+  int width = 0;       // pixels at 100 %; 0: its natural width
   int listWidth = -1;  // of a combo box's list; 0: as wide as the field, -1: as its longest entry
   std::vector<std::wstring> entries;  // of a combo box's list
   std::vector<ControlFace> items;     // of a menu
 };
 
-// A step names a control by id or by caption ("Cell1"); ampersands that mark a letter do not count.
-// The first step is looked for at any depth, ids first; each further one among the items of the one
-// before. Null when there is none.
+// Finds a control. Each step is an id or a caption ("Cell1") without its ampersands. The first step
+// is searched at any depth, ids first; each further step among the items of the previous one. Null
+// if there is none.
 const ControlFace* FindFace(const std::vector<ControlFace>& faces,
                             std::span<const std::wstring> path) noexcept;
 
-// The caption without the marks of its access key: "Call from &cell", "Tom && Co".
+// The caption without access-key marks: "Call from &cell" gives "Call from cell", "Tom && Co" gives
+// "Tom & Co".
 std::wstring PlainCaption(const std::wstring& caption);
 
 // One toolbar.
@@ -88,7 +89,7 @@ struct RibbonTabFace {
   std::vector<RibbonGroupFace> groups;
 };
 
-// A user cannot do what was asked: there is no such control, it is disabled, it cannot be seen.
+// A user could not do the action: the control is missing, disabled or not visible.
 class CUserActionError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

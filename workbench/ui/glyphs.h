@@ -8,9 +8,9 @@
 
 namespace quor::workbench {
 
-// Outlook's own pictures: simple shapes, drawn into the square at the rectangle's middle. A name
-// that is not there draws nothing. Names: mail, calendar, contact, task, note, journal, new,
-// delete, reply, forward, print, find, receive, folder.
+// Outlook's own pictures: simple shapes, drawn at the centre of the rectangle. An unknown name
+// draws nothing. Names: mail, calendar, contact, task, note, journal, new, delete, reply, forward,
+// print, find, receive, folder.
 void DrawGlyph(CCanvas& canvas, const Rect& rect, std::string_view name);
 const char* GlyphOf(Module module) noexcept;
 

@@ -25,7 +25,7 @@ void RegisterWindowClass(WNDPROC procedure) {
   description.hInstance = GetModuleHandleW(nullptr);
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   description.lpszClassName = kClassName;
-  RegisterClassExW(&description);  // fails harmlessly from the second window on
+  RegisterClassExW(&description);  // fails harmlessly for further windows
 }
 
 int ClientWidth(HWND window, int scale) {
@@ -90,7 +90,7 @@ SceneOptions CMainWindow::Scene(bool withTitleBar) const {
     try {
       part.items = m_content.MenuItems(handle);
     } catch (const CUserActionError&) {
-      break;  // disabled or gone since it was opened
+      break;  // disabled or gone meanwhile
     }
     scene.open.push_back(std::move(part));
   }
@@ -120,12 +120,13 @@ void CMainWindow::Paint() {
       SetWindowTextW(window, face.title.c_str());
     }
   } catch (...) {
-    // Nothing may leave a window procedure; the next painting tries again.
+    // No exception may leave a window procedure; the next painting tries again.
   }
   EndPaint(window, &paint);
 }
 
-// What the user does may close the window, and so destroy this object; false then.
+// Runs a user's action, which may close the window and destroy this object; the result is then
+// false.
 bool CMainWindow::Try(const std::function<void()>& action) {
   const std::weak_ptr<int> life = m_life;
   std::wstring notice;
@@ -244,7 +245,7 @@ LRESULT CALLBACK CMainWindow::EditProcedure(HWND window, UINT message, WPARAM wP
   switch (message) {
     case WM_KEYDOWN:
       if (wParam == VK_RETURN || wParam == VK_ESCAPE || wParam == VK_TAB) {
-        // Posted, because the window cannot go while it handles its own message.
+        // Posted, because the window cannot be destroyed while it handles its own message.
         PostMessageW(owner->m_window, kCommitEdit, wParam != VK_ESCAPE, 0);
         return 0;
       }

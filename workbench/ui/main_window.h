@@ -18,14 +18,14 @@ struct WindowOptions {
   int scale = 100;   // per cent: 100, 150, 200
   int width = 1180;  // of the client area, pixels at 100 %
   int height = 700;
-  bool painted = true;  // false: the screen shows nothing, pictures are drawn all the same
+  bool painted = true;  // false: nothing is drawn on the screen, but pictures are
 };
 
-// A window of the stand-in Outlook, of class rctrl_renwnd32, explorer or inspector. Draws what its
-// content says, and turns what the mouse and the keys do into the content's actions.
+// A window of the stand-in Outlook, of class rctrl_renwnd32, explorer or inspector. Draws its
+// content and turns mouse and keyboard input into the content's actions.
 class CMainWindow {
  public:
-  // `content` must outlive the window. Throws std::runtime_error where no window can be made.
+  // `content` must outlive the window. Throws std::runtime_error if the window cannot be created.
   CMainWindow(IWindowContent& content, const WindowOptions& options);
   ~CMainWindow();
   CMainWindow(const CMainWindow&) = delete;
@@ -33,15 +33,15 @@ class CMainWindow {
 
   HWND Handle() const noexcept { return m_window; }
   void Show();
-  void Redraw();  // later, when messages are handled; cheap to call often
+  void Redraw();  // redraws when messages are handled; may be called often
 
-  // Menus, and the list of a combo box, as the user opens them: each handle inside the one before.
-  // They stay open until something is clicked.
+  // Opens menus, or a combo box's list, as the user does: each handle inside the previous one. They
+  // stay open until the next click.
   void OpenMenus(std::vector<int> handles);
   void CloseMenus();
 
   // Draws the window with its title bar into a file, with or without a screen; scale in per cent.
-  // Throws std::runtime_error where the file cannot be written.
+  // Throws std::runtime_error if the file cannot be written.
   void RenderToPng(const std::wstring& path, int scale);
 
  private:
@@ -55,7 +55,7 @@ class CMainWindow {
   void OnClick(int x, int y);
   void OnDoubleClick(int x, int y);
   void BeginEdit(const HitArea& hit);
-  bool EndEdit(bool commit);  // false: the window is gone
+  bool EndEdit(bool commit);  // false: the window was destroyed
   static LRESULT CALLBACK EditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                         UINT_PTR id, DWORD_PTR self);
   SceneOptions Scene(bool withTitleBar) const;
@@ -73,7 +73,7 @@ class CMainWindow {
   std::vector<int> m_open;
   std::vector<HitArea> m_hits;  // of the last painting
   std::shared_ptr<int> m_life = std::make_shared<int>(0);
-  std::wstring m_notice;  // why the last action could not be done
+  std::wstring m_notice;  // why the last action failed
 };
 
 }  // namespace quor::workbench

@@ -75,7 +75,8 @@ void PaintMenu(Painting& painting, const Rect& anchor, const OpenPart& part, int
 
 void PaintList(Painting& painting, const Rect& field, const ControlFace& combo) {
   const size_t count = std::min(kMostEntries, combo.entries.size());
-  // Wider than its field where an entry needs it and may, as far as the window goes.
+  // Wider than its field if an entry needs it and the list's width allows it, but within the
+  // window.
   int width = std::max(field.width, combo.listWidth);
   for (size_t entry = 0; combo.listWidth < 0 && entry < count; ++entry)
     width = std::max(width, painting.canvas.TextWidth(combo.entries[entry], kText) + 14);
@@ -124,7 +125,7 @@ void PaintOpenParts(Painting& painting) {
   for (const OpenPart& part : painting.options.open) {
     const Rect* known = painting.AnchorOf(part.handle);
     if (known == nullptr) return;
-    const Rect anchor = *known;  // painting adds anchors
+    const Rect anchor = *known;  // a copy: painting adds anchors
     const ControlFace* control = depth == 0 ? FindControl(painting.face, part.handle) : nullptr;
     if (control != nullptr && control->kind != ControlKind::Menu) {
       const auto field =

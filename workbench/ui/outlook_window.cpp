@@ -99,7 +99,7 @@ void COutlookWindow::SetPanel(IBasePanel* panel) {
   m_window.Redraw();
 }
 
-// --- what the window shows ---
+// --- the window's content ---
 
 WindowFace COutlookWindow::Face() {
   WindowFace face;
@@ -119,7 +119,7 @@ WindowFace COutlookWindow::Face() {
     FillItems(face);
     face.status = L"Items: " + std::to_wstring(m_items.size());
   } else if (m_inspector->Item() != nullptr) {
-    const CItem& item = *m_inspector->Item();  // with changes that are not saved yet
+    const CItem& item = *m_inspector->Item();  // with unsaved changes
     face.module = ModuleOf(item.Stored()->type);
     FillCard(face, NameOf(*item.Stored()), [&](DISPID property) { return item.Text(property); });
   }
@@ -212,7 +212,7 @@ void COutlookWindow::RenderToPng(const std::wstring& path, const PictureLook& lo
   m_theme = m_options.theme;
 }
 
-// --- what the user does ---
+// --- the user's actions ---
 
 void COutlookWindow::ClickControl(int handle) {
   if (m_ribbon != nullptr) {
@@ -256,7 +256,7 @@ void COutlookWindow::PressPanelButton(int id) {
   if (m_panel != nullptr) m_panel->Press(id);
 }
 
-// May destroy this window on the way.
+// May destroy this window.
 void COutlookWindow::Close() {
   if (m_explorer != nullptr) {
     m_session.CloseExplorer(*m_explorer);

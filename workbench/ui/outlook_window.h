@@ -12,7 +12,7 @@
 
 namespace quor::workbench {
 
-// The simulated base as the panel at the right edge of an explorer shows it.
+// The simulated base in the panel at the right edge of an explorer.
 class IBasePanel {
  public:
   virtual PanelFace Face() = 0;
@@ -22,7 +22,7 @@ class IBasePanel {
   ~IBasePanel() = default;
 };
 
-// How a picture of a window is drawn, whatever the window itself looks like.
+// How to draw a picture of a window, independently of the window itself.
 struct PictureLook {
   int scale = 100;  // per cent
   Theme theme = Theme::Light;
@@ -34,8 +34,8 @@ struct OutlookWindowOptions {
   Theme theme = Theme::Light;
 };
 
-// The real window of an explorer or an inspector, filled from the object model, the command bars
-// and the ribbon, and handing the user's clicks to them. Destroy it when the object is closed.
+// The real window of an explorer or inspector. Shows the object model, the command bars and the
+// ribbon, and passes the user's clicks to them. Destroy it when the object is closed.
 class COutlookWindow final : IWindowContent {
  public:
   COutlookWindow(CSession& session, CExplorer& explorer, CCommandBars& bars,
@@ -46,15 +46,15 @@ class COutlookWindow final : IWindowContent {
   COutlookWindow(const COutlookWindow&) = delete;
   COutlookWindow& operator=(const COutlookWindow&) = delete;
 
-  // Null: none, or none any longer. Must outlive the window or be taken back.
+  // Sets the ribbon; null: none. It must outlive the window or be removed before.
   void SetRibbon(CRibbonView* ribbon);
   void SetPanel(IBasePanel* panel);
 
   HWND Handle() const noexcept { return m_window.Handle(); }
   void Show() { m_window.Show(); }
   void Redraw() { m_window.Redraw(); }
-  // Opens a menu, the menus on the way to it, or a combo box's list; named as in FindFace
-  // (face.h). Throws CUserActionError where there is none.
+  // Opens a menu with the menus that lead to it, or a combo box's list; names as in FindFace
+  // (face.h). Throws CUserActionError if there is none.
   void OpenMenu(const std::vector<std::wstring>& path);
   void CloseMenus() { m_window.CloseMenus(); }
   void RenderToPng(const std::wstring& path, const PictureLook& look);
@@ -77,7 +77,7 @@ class COutlookWindow final : IWindowContent {
   void FillFolders(WindowFace& face);
   void AddFolder(WindowFace& face, FolderNode& folder, int depth);
   void FillItems(WindowFace& face);
-  // `textOf` answers for a property of the item.
+  // `textOf` returns a property of the item.
   void FillCard(WindowFace& face, const std::wstring& name,
                 const std::function<std::wstring(DISPID)>& textOf);
   std::vector<ControlFace> Controls() const;

@@ -9,34 +9,34 @@
 
 namespace quor::workbench {
 
-// Something in the window that can be clicked. Later areas lie above earlier ones.
+// A clickable part of the window. Later areas lie above earlier ones.
 struct HitArea {
   enum class Kind { Button, Menu, ComboText, ComboArrow, ComboEntry, Folder, Row, PanelButton };
   Kind kind = Kind::Button;
   Rect rect;
   int handle = 0;    // of the control, or the panel button's id
   size_t index = 0;  // of the entry, folder or row
-  int depth = 0;     // of menus: how many are open around it
+  int depth = 0;     // of menus: number of open menus around it
   bool enabled = true;
 };
 
-// A menu or a combo box's list that lies open.
+// An open menu or combo box list.
 struct OpenPart {
   int handle = 0;
   std::vector<ControlFace> items;  // of a menu
 };
 
 struct SceneOptions {
-  int width = 0;  // pixels at 100 %, title bar left out
+  int width = 0;  // pixels at 100 %, without the title bar
   int height = 0;
   bool titleBar = false;
-  std::vector<OpenPart> open;  // each inside the one before
+  std::vector<OpenPart> open;  // each inside the previous one
   std::wstring notice;         // for the status line
 };
 
 constexpr int kTitleHeight = 30;
 
-// Draws a window; returns what can be clicked in it.
+// Draws a window; returns its clickable parts.
 std::vector<HitArea> PaintWindow(CCanvas& canvas, const WindowFace& face,
                                  const SceneOptions& options);
 

@@ -23,7 +23,7 @@ HBITMAP BitmapOf(IPictureDisp* picture) noexcept {
   return isBitmap ? reinterpret_cast<HBITMAP>(static_cast<ULONG_PTR>(handle)) : nullptr;
 }
 
-// The bits as they are, alpha included where the bitmap has 32 bits.
+// The unchanged bits, with alpha if the bitmap has 32 bits.
 Pixels RawPixels(HBITMAP bitmap) {
   BITMAP header = {};
   Pixels pixels;
@@ -63,7 +63,7 @@ bool IsMultiplied(uint32_t colour) noexcept {
          (colour & 0xFF) <= alpha;
 }
 
-// Bitmaps come with alpha that was multiplied in, that was not, or that was never set.
+// The alpha of a bitmap may be premultiplied, not premultiplied, or never set.
 void NormalizeAlpha(std::vector<uint32_t>& colours) {
   const bool hasAlpha =
       std::any_of(colours.begin(), colours.end(), [](uint32_t c) { return c >> 24 != 0; });

@@ -8,7 +8,7 @@
 
 namespace quor::workbench {
 
-// A counted IPictureDisp that an add-in handed over.
+// A referenced IPictureDisp from an add-in.
 class PicturePtr {
  public:
   PicturePtr() noexcept = default;
@@ -29,17 +29,17 @@ class PicturePtr {
   IPictureDisp* m_picture = nullptr;
 };
 
-// The picture behind a value of Picture or Mask; empty for nothing. Throws CModelError where it is
-// no picture or not a bitmap.
+// The picture in a value of Picture or Mask; empty for none. Throws CModelError if it is not a
+// picture or not a bitmap.
 PicturePtr BitmapPicture(IDispatch* object);
-// A copy of the bitmap on the clipboard; empty where there is none.
+// A copy of the bitmap on the clipboard; empty if there is none.
 PicturePtr PictureFromClipboard();
 
-// As the ribbon shows it: a 32-bit bitmap by its alpha, others opaque. Null where the bits cannot
-// be had.
+// The picture on a ribbon: a 32-bit bitmap with its alpha, others opaque. Null if the bits cannot
+// be read.
 PixelsPtr AlphaPixels(IPictureDisp* picture);
-// As a command bar shows it: alpha ignored; where the mask is white the bar shows through. Without
-// a mask (null) the picture is opaque.
+// The picture on a command bar: alpha is ignored, and the bar shows through where the mask is
+// white. Opaque without a mask (null).
 PixelsPtr MaskedPixels(IPictureDisp* picture, IPictureDisp* mask);
 
 }  // namespace quor::workbench

@@ -2,7 +2,7 @@
 
 #include "workbench/ui/canvas.h"
 
-// gdiplus.h wants ole2.h, and std::min and std::max under their bare names.
+// gdiplus.h requires ole2.h, and min and max unqualified.
 #include <ole2.h>
 
 #include <algorithm>

@@ -20,7 +20,7 @@ constexpr int kArrow = 12;
 constexpr int kComboWidth = 130;
 constexpr TextStyle kText = {.size = 12};
 
-// --- Outlook's own groups, so that the add-in's stands among its usual neighbours ---
+// --- Outlook's own groups, beside which the add-in's appear ---
 
 struct BuiltInGroup {
   const wchar_t* caption;
@@ -131,7 +131,7 @@ void PaintRow(Painting& painting, const Rect& rect, const ControlFace& face, int
   AddHit(painting, rect, face);
 }
 
-// Fills columns of three rows from the top; large controls take a column of their own.
+// Fills columns of three rows from the top; each large control has its own column.
 int PaintControls(Painting& painting, int left, int y, const std::vector<ControlFace>& controls) {
   int x = left;
   for (size_t first = 0; first < controls.size();) {

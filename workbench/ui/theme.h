@@ -10,14 +10,14 @@ struct Palette {
   Colour title;  // title bar
   Colour titleText;
   Colour bar;     // behind toolbars or the ribbon, at the top
-  Colour barEnd;  // and at the bottom
+  Colour barEnd;  // at the bottom
   Colour barEdge;
   Colour tabText;
-  Colour accent;  // selected tab, selected folder's mark, default marks
+  Colour accent;  // selected tab, marker of the selected folder, default markers
   Colour text;
   Colour faintText;  // group names, disabled captions
   Colour separator;
-  Colour field;  // behind text that can be edited, lists
+  Colour field;  // behind editable text and lists
   Colour fieldEdge;
   Colour pane;  // behind folders and panel
   Colour paneHead;

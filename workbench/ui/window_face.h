@@ -6,7 +6,7 @@
 
 #include "workbench/ui/face.h"
 
-// All that one window of the stand-in shows, as plain records, and what its user can do in it.
+// Plain records of what one window of the stand-in shows, and the user's actions in it.
 
 namespace quor::workbench {
 
@@ -26,7 +26,7 @@ struct ListRow {
   bool selected = false;
 };
 
-// One field of the contact or message that is shown large.
+// One field of the contact or message in the reading pane.
 struct CardLine {
   std::wstring label;
   std::wstring value;
@@ -34,14 +34,14 @@ struct CardLine {
 
 enum class Led { None, Off, Green, Amber, Red };
 
-// The simulated base, as a panel at the right edge.
+// The simulated base in a panel at the right edge.
 struct PanelLine {
   std::wstring text;
   Led led = Led::None;
   bool heading = false;
 };
 struct PanelButton {
-  int id = 0;  // handed back when it is pressed
+  int id = 0;  // passed back when it is pressed
   std::wstring caption;
   bool enabled = true;
 };
@@ -68,12 +68,12 @@ struct WindowFace {
   std::wstring status;
 };
 
-// Where a window's content comes from and where its user's actions go. Actions may throw
-// CUserActionError: the window says so in its status line.
+// Supplies a window's content and performs its user's actions. Actions may throw CUserActionError;
+// the window then shows the reason in its status line.
 class IWindowContent {
  public:
   virtual WindowFace Face() = 0;
-  // Items of a menu that the user opens.
+  // The items of a menu that the user opens.
   virtual std::vector<ControlFace> MenuItems(int handle) = 0;
   virtual void ClickControl(int handle) = 0;
   virtual void EnterText(int handle, const std::wstring& text) = 0;

@@ -15,7 +15,7 @@ bool IsNameCharacter(char character) noexcept {
          (character >= '0' && character <= '9') || character == '-' || character == '_';
 }
 
-// Position of the first of `stops` outside double quotes, or npos.
+// Position of the first character of `stops` outside double quotes, or npos.
 size_t FindOutsideQuotes(std::string_view text, std::string_view stops) noexcept {
   bool quoted = false;
   for (size_t i = 0; i < text.size(); ++i) {
@@ -25,7 +25,7 @@ size_t FindOutsideQuotes(std::string_view text, std::string_view stops) noexcept
   return std::string_view::npos;
 }
 
-// One value of a parameter: quotes gone, ^n ^' ^^ undone.
+// One value of a parameter, without quotes and with ^n ^' ^^ decoded.
 std::string ParameterText(std::string_view value) {
   std::string text;
   for (size_t i = 0; i < value.size(); ++i) {
@@ -46,7 +46,7 @@ void AddParameter(std::string_view parameter, CardProperty& property) {
   const bool bare = equals == std::string_view::npos;
   const std::string name = bare ? "TYPE" : UpperAscii(parameter.substr(0, equals));
   std::string_view values = bare ? parameter : parameter.substr(equals + 1);
-  // 4.0 also writes several types as one quoted value: TYPE="work,voice".
+  // vCard 4.0 also writes several types as one quoted value: TYPE="work,voice".
   while (true) {
     const size_t comma = values.find(',');
     property.parameters.emplace_back(name, ParameterText(values.substr(0, comma)));
@@ -62,7 +62,7 @@ size_t SequenceLength(uint8_t lead) noexcept {
   return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
 }
 
-// The second byte rules out overlong forms, surrogates and what lies beyond U+10FFFF.
+// Checks the second byte: excludes overlong forms, surrogates and codes above U+10FFFF.
 bool IsSecondByteGood(uint8_t lead, uint8_t second) noexcept {
   switch (lead) {
     case 0xE0:

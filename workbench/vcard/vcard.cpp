@@ -40,7 +40,7 @@ std::string PercentDecoded(std::string_view text) {
   return decoded;
 }
 
-// "tel:+1-555-0100;ext=12;phone-context=..." as a person would write it.
+// A "tel:+1-555-0100;ext=12;phone-context=..." URI as a person would write the number.
 std::string NumberFromUri(std::string_view uri) {
   uri.remove_prefix(4);
   const size_t end = std::min(uri.find(';'), uri.size());
@@ -75,7 +75,7 @@ class CTypes {
   std::vector<std::string> m_types;
 };
 
-// The fields that the number may take, the wished one first.
+// The fields that may hold the number, the preferred one first.
 std::vector<NumberKind> KindsFor(const CTypes& types) {
   struct NamedKind {
     const char* type;

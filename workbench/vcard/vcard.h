@@ -9,27 +9,28 @@ namespace quor::workbench {
 
 // Address books as vCard text, versions 3.0 and 4.0 (RFC 2426, RFC 6350), UTF-8.
 //
-// Read from a card: FN, N, ORG, NOTE, UID, TEL, KIND or X-ADDRESSBOOKSERVER-KIND (a group becomes a
+// Properties read: FN, N, ORG, NOTE, UID, TEL, KIND or X-ADDRESSBOOKSERVER-KIND (a group becomes a
 // distribution list), MEMBER or X-ADDRESSBOOKSERVER-MEMBER, and two of our own:
-//   X-FILE-AS   what Outlook shows for the contact; without it "Last, First", or what there is of
-//               the two, or the company, or FN
-//   X-FOLDER    where the card lies: "Customers/North" below the contacts folder, or from the top
+//   X-FILE-AS   the contact's File As; default: "Last, First", or the one of the two that exists,
+//               or the company, or FN
+//   X-FOLDER    the card's folder: "Customers/North" below the contacts folder, or from the top
 //               with a leading slash: "/Archive Folders/Contacts", "/Deleted Items"
-// Everything else is passed over.
+// Other properties are ignored.
 //
-// A TEL goes by its TYPE values, given as TYPE=a,b, as several TYPEs or bare, in any case:
+// The TYPE values of a TEL select the field. They may be written as TYPE=a,b, as several TYPEs or
+// bare, in any case:
 //   work, home, cell         Business, Home, Mobile; a second work or home Business2, Home2
 //   fax                      with work BusinessFax, with home HomeFax, else OtherFax
 //   pager, car, isdn         Pager, Car, ISDN
 //   textphone or x-tty       TTYTDD
-//   x-assistant, x-callback, x-company, x-other, x-primary, x-radio, x-telex   the one named;
-//                            x-company is CompanyMain
+//   x-assistant, x-callback, x-company, x-other, x-primary, x-radio, x-telex   the field of that
+//                            name; x-company is CompanyMain
 //   pref or PREF=1, alone    Primary
 //   none of these            Other, then Primary
-// A number whose fields are taken goes to Other; when that is taken too it is an error and the card
-// loses it. A value may be a "tel:" URI; its ";ext=12" becomes " x12".
+// A number whose fields are all used goes to Other; if that is used, too, the number is dropped
+// with an error. A value may be a "tel:" URI; its ";ext=12" becomes " x12".
 
-// A contact's nineteen number fields, in the order in which the stand-in lists its properties.
+// A contact's nineteen number fields, in the stand-in's property order.
 enum class NumberKind {
   Assistant,
   Business,
@@ -64,11 +65,11 @@ struct Card {
   std::string firstName;  // with middle names
   std::string lastName;
   std::string company;
-  std::string fileAs;  // never empty where there is any name
+  std::string fileAs;  // not empty if there is any name
   std::string note;
   std::string uid;
   std::string folder;
-  std::vector<CardNumber> numbers;   // at most one of a kind
+  std::vector<CardNumber> numbers;   // at most one of each kind
   std::vector<std::string> members;  // of a group, as written
 };
 
@@ -82,8 +83,7 @@ struct CardFile {
   std::vector<CardError> errors;  // the first hundred
 };
 
-// Reads what can be read: a card with an error in its structure, its version or its encoding is
-// left out, the next one is read.
+// Reads as much as possible: skips a card with an error in its structure, version or encoding.
 CardFile ReadCards(std::string_view text);
 
 }  // namespace quor::workbench
