@@ -125,7 +125,7 @@ class CDoctorWindow {
       if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(window, DWLP_USER, second);
         reinterpret_cast<CDoctorWindow*>(second)->Prepare(window);
-        // Not to the text: Windows would select it.
+        // Do not focus the text: Windows would select it.
         SetFocus(GetDlgItem(window, IDCANCEL));
         return FALSE;
       }

@@ -5,8 +5,8 @@
 
 namespace quor::doctor {
 
-// Shows what is found, with buttons to mend and to look again, until the user closes it. Returns
-// the exit code.
+// Shows the findings, with buttons to repair and to check again, until the user closes the window.
+// Returns the exit code.
 int ShowDoctorWindow(Language language);
 
 }  // namespace quor::doctor

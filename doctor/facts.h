@@ -8,62 +8,62 @@
 
 namespace quor::doctor {
 
-// What was found on a computer, before anything is concluded from it. Texts are UTF-8.
+// What was found on a computer, before any conclusions. Texts are UTF-8.
 
-// For whom something is registered.
+// The users that a registration applies to.
 enum class Scope { User, Machine };
 
 struct OutlookInstall {
   int version = 0;  // 11, 12, 14, 15 or 16
-  int bitness = 0;  // 0: could not be told
+  int bitness = 0;  // 0: unknown
   std::string path;
   std::string fileVersion;
 };
 
-// One InprocServer32 of the add-in's class.
+// An InprocServer32 key of the add-in's class.
 struct ClassRegistration {
   Scope scope = Scope::Machine;
-  int bitness = 0;  // the view of the registry that it is in
+  int bitness = 0;  // registry view that contains it
   std::string path;
   bool fileExists = false;
   int fileBitness = 0;
   std::string fileVersion;
 };
 
-// The add-in's key below Outlook's "Addins".
+// The add-in's key under Outlook's "Addins".
 struct AddInKey {
   Scope scope = Scope::Machine;
-  int bitness = 0;  // 0 for the user, who has one for both
+  int bitness = 0;  // 0 for the user's key, which both bitnesses share
   std::optional<uint32_t> loadBehavior;
 };
 
-// An entry about the add-in in a list that Outlook keeps for itself.
+// An entry about the add-in in one of Outlook's own lists.
 struct OutlookListEntry {
   enum class List {
-    Disabled,  // DisabledItems: not loaded any more
+    Disabled,  // DisabledItems: no longer loaded
     Crashing,  // CrashingAddinList
-    Kept,      // DoNotDisableAddinList: loads in spite of what happened
+    Kept,      // DoNotDisableAddinList: stays enabled
   };
   List list = List::Disabled;
   int version = 0;
-  std::string name;     // the value's
-  uint32_t reason = 0;  // of Kept and Crashing
+  std::string name;     // name of the value
+  uint32_t reason = 0;  // for Kept and Crashing
 };
 
-// What an administrator prescribes for Outlook.
+// An administrator's policies for Outlook.
 struct Policy {
   int version = 0;
-  std::string addIn;        // AddinList: "0" never, "1" always, "2" as the user likes; or empty
-  bool onlyListed = false;  // RestrictToList: what is not listed stays off
+  std::string addIn;        // AddinList: "0" never, "1" always, "2" the user decides; or empty
+  bool onlyListed = false;  // RestrictToList: unlisted add-ins stay off
   bool signedOnly = false;  // RequireAddinSig
   bool allAddInsDisabled = false;  // DisableAllAddins
 };
 
-// The USB library where an add-in of that bitness looks for it.
+// The USB library, where an add-in of that bitness searches for it.
 struct UsbLibrary {
   int bitness = 0;      // of the add-in
   std::string path;     // empty: not found
-  int fileBitness = 0;  // 0: no library of Intel's processors
+  int fileBitness = 0;  // 0: not a library for Intel processors
   std::vector<uint32_t> missingOrdinals;
 };
 
@@ -80,15 +80,15 @@ struct SettingsFile {
 struct RunningOutlook {
   bool runs = false;
   bool elevated = false;
-  bool answers = false;           // could be asked for its add-ins
-  std::optional<bool> connected;  // ours; nothing: not among its add-ins
+  bool answers = false;           // it returned its add-ins
+  std::optional<bool> connected;  // our add-in; nothing: not in the list
 };
 
 struct Facts {
   std::string windows;
   std::vector<OutlookInstall> outlooks;
   bool newOutlookInstalled = false;
-  bool newOutlookChosen = false;  // the user has switched over
+  bool newOutlookChosen = false;  // the user has switched to it
   bool storeOutlook = false;
   std::vector<ClassRegistration> classes;
   std::vector<AddInKey> addInKeys;

@@ -19,7 +19,7 @@ std::wstring ApplicationData() {
   return folder;
 }
 
-// The names of the files that match, without their folder.
+// Names of the matching files, without their folder.
 std::vector<std::wstring> FilesLike(const std::wstring& pattern) {
   std::vector<std::wstring> names;
   WIN32_FIND_DATAW found;
@@ -32,14 +32,14 @@ std::vector<std::wstring> FilesLike(const std::wstring& pattern) {
   return names;
 }
 
-// Reads the file with the parser that the add-in uses.
+// Reads the file with the add-in's parser.
 void ReadSettings(const std::wstring& path, SettingsFile& settings) {
   IXMLDOMDocument* document = nullptr;
   CLSID classId;
   if (FAILED(CLSIDFromProgID(L"MSXML.DOMDocument", &classId)) ||
       FAILED(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument,
                               reinterpret_cast<void**>(&document)))) {
-    return;  // nothing is known of the file then
+    return;  // nothing is known about the file then
   }
   VARIANT source;
   VariantInit(&source);
@@ -138,7 +138,7 @@ SettingsFile GatherSettings() {
   const std::wstring logs = ApplicationData() + L"\\Temp\\";
   std::wstring newest;
   for (const std::wstring& name : FilesLike(logs + L"catlog????????.txt")) {
-    if (name > newest) newest = name;  // the names are dates
+    if (name > newest) newest = name;  // names contain the date
   }
   if (!newest.empty()) settings.newestLog = Utf8(logs + newest);
   return settings;

@@ -15,10 +15,10 @@ std::wstring Wide(const std::string& utf8);
 
 bool FileExists(const std::wstring& path);
 
-// The first 32 MB of a file; nothing when it cannot be read.
+// The first 32 MB of a file; nothing if it cannot be read.
 std::optional<std::vector<uint8_t>> ReadFileBytes(const std::wstring& path);
 
-// "1.0.0.0" from the version resource, empty without one.
+// The version in the version resource, such as "1.0.0.0"; empty if there is none.
 std::string FileVersion(const std::wstring& path);
 
 // The add-in's files in the user's application-data folder.

@@ -19,7 +19,7 @@ struct Entry {
   std::array<Text, kLanguages> texts;
 };
 
-// In the order of FindingKind. {0}, {1} are the finding's arguments.
+// In the order of FindingKind. {0}, {1} stand for the finding's arguments.
 constexpr std::array<Entry, kKinds> kEntries = {{
     {"no-outlook",
      {{{"There is no classic Outlook on this computer.",

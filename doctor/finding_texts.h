@@ -14,13 +14,14 @@ struct Sentences {
   std::string cure;
 };
 
-// A finding in words, UTF-8.
+// The texts of a finding, UTF-8.
 Sentences InWords(const Finding& finding, Language language);
 
-// Word for a finding that does not change with language or wording: "library-missing".
+// A finding's fixed name, in every language: "library-missing".
 const char* Name(FindingKind kind);
 
-// What a LoadBehavior means, and why an add-in is on Outlook's list of those that it keeps enabled.
+// The meaning of a LoadBehavior value, and the reason for an entry in Outlook's list of add-ins
+// that stay enabled.
 std::string LoadBehaviorInWords(uint32_t value, Language language);
 std::string ReasonInWords(uint32_t reason, Language language);
 

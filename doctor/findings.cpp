@@ -60,7 +60,7 @@ class CExamination {
     if (m_facts.storeOutlook) Add(FindingKind::StoreOutlook);
   }
 
-  // The class that an Outlook of that bitness takes: the user's before everybody's.
+  // The class that an Outlook of that bitness uses: the user's takes precedence over the machine's.
   const ClassRegistration* EffectiveClass(int bitness) const {
     const ClassRegistration* found = nullptr;
     for (const ClassRegistration& registration : m_facts.classes) {
@@ -149,7 +149,8 @@ class CExamination {
   void LookAtLibraries() {
     const std::set<int> bitnesses = Bitnesses();
     for (const UsbLibrary& library : m_facts.libraries) {
-      // Without the add-in there is no folder to look in, and set-up sees to the library too.
+      // Without the add-in there is no folder to search, and installing it installs the library,
+      // too.
       if (!bitnesses.contains(library.bitness)) continue;
       if (EffectiveClass(library.bitness) == nullptr) continue;
       const std::string bits = Number(static_cast<uint64_t>(library.bitness));

@@ -8,7 +8,8 @@
 
 namespace quor::doctor {
 
-// Why the telephone may not be there. The texts in finding_texts.cpp are in this order.
+// Possible reasons why the telephone is missing. The texts in finding_texts.cpp have the same
+// order.
 enum class FindingKind {
   NoOutlook,
   NewOutlook,
@@ -47,14 +48,14 @@ struct Finding {
   bool operator==(const Finding&) const = default;
 };
 
-// Whether "--fix" mends it.
+// Whether "--fix" repairs it.
 bool IsMendable(FindingKind kind);
 
-// Good to know, and no reason for the telephone to be away.
+// Information only; not a reason why the telephone is missing.
 bool IsNote(FindingKind kind);
 
-// The gravest first. Looks at the bitness of each Outlook that is there; where none is known, at
-// each bitness for which something of the add-in is registered.
+// The findings, most serious first. Checks the bitness of each installed Outlook; if none is known,
+// each bitness for which some part of the add-in is registered.
 std::vector<Finding> Examine(const Facts& facts);
 
 }  // namespace quor::doctor

@@ -55,7 +55,7 @@ std::vector<OutlookInstall> GatherOutlooks() {
       path += L"OUTLOOK.EXE";
       if (!FileExists(path)) continue;
       OutlookInstall outlook{version, BitnessOf(path), Utf8(path), FileVersion(path)};
-      // A 64-bit Office tells the 32-bit view of itself as well.
+      // A 64-bit Office appears in the 32-bit registry view, too.
       const bool known = std::ranges::any_of(
           outlooks, [&](const OutlookInstall& other) { return other.path == outlook.path; });
       if (!known) outlooks.push_back(std::move(outlook));
@@ -91,7 +91,7 @@ void GatherRegistration(Facts& facts) {
         facts.classes.push_back(
             {scope, view, Utf8(*path), FileExists(*path), BitnessOf(*path), FileVersion(*path)});
       }
-      // The user has one add-in key for both bitnesses.
+      // The user's add-in key is shared by both bitnesses.
       if (scope == Scope::User && view != RegistryViews().front()) continue;
       const CRegistryKey addIn(root, AddInKeyPath(), view);
       if (addIn.IsThere()) {
@@ -139,7 +139,7 @@ void GatherPolicies(Facts& facts) {
   }
 }
 
-// The system folder that programs of that bitness see, as a 32-bit program names it.
+// The system folder of programs of that bitness, in the path that a 32-bit program must use.
 std::wstring SystemFolder(int bitness) {
   wchar_t folder[MAX_PATH] = L"";
   GetWindowsDirectoryW(folder, MAX_PATH);
@@ -149,7 +149,7 @@ std::wstring SystemFolder(int bitness) {
   return std::wstring(folder) + (bitness == 64 ? L"\\Sysnative" : L"\\System32");
 }
 
-// Where the add-in of that bitness looks: in its own folder, then in the system's.
+// Searches where the add-in of that bitness does: its own folder, then the system folder.
 void GatherLibrary(Facts& facts, int bitness) {
   UsbLibrary library;
   library.bitness = bitness;
@@ -158,7 +158,7 @@ void GatherLibrary(Facts& facts, int bitness) {
     if (registration.bitness != bitness) continue;
     const std::wstring path = Wide(registration.path);
     folders.push_back(path.substr(0, path.find_last_of(L'\\')));
-    break;  // the user's comes first
+    break;  // the user's takes precedence
   }
   folders.push_back(SystemFolder(bitness));
   for (const std::wstring& folder : folders) {
@@ -188,7 +188,7 @@ std::wstring ResiliencyPath(int version, const std::wstring& list) {
 }
 
 bool MeansAddIn(const std::wstring& valueName, const std::vector<uint8_t>& data) {
-  // The lists hold paths and names in UTF-16 among other things, in lower case or as they came.
+  // The lists contain paths and names in UTF-16 among other data, in lower or original case.
   std::wstring text = valueName + L'\n';
   for (const size_t start : {0, 1}) {
     for (size_t i = start; i + 1 < data.size(); i += 2) {

@@ -9,17 +9,18 @@ namespace quor::doctor {
 
 inline constexpr wchar_t kProgId[] = L"QuorTelephoneToolbar.Addin";
 
-// Every version of Outlook that can be met; the registry names them "16.0".
+// All versions of Outlook that are checked; the registry spells them "16.0".
 inline constexpr int kOutlookVersions[] = {9, 10, 11, 12, 14, 15, 16};
 
 std::wstring AddInKeyPath();
-// "Software\Microsoft\Office\16.0\Outlook\Resiliency\" and the list's name.
+// Path of one of Outlook's lists, such as
+// "Software\Microsoft\Office\16.0\Outlook\Resiliency\DisabledItems".
 std::wstring ResiliencyPath(int version, const std::wstring& list);
 
-// Whether a value of one of Outlook's binary lists is about the add-in.
+// Whether a value in one of Outlook's binary lists refers to the add-in.
 bool MeansAddIn(const std::wstring& valueName, const std::vector<uint8_t>& data);
 
-// Looks at this computer, and changes nothing. COM must be initialised.
+// Examines this computer without changing anything. COM must be initialised.
 Facts Gather();
 
 }  // namespace quor::doctor

@@ -1,4 +1,4 @@
-// What doctor.exe is asked on its command line; without a word it shows its window.
+// doctor.exe's command line; without arguments it shows its window.
 #include <windows.h>
 
 #include <objbase.h>
@@ -41,7 +41,7 @@ struct CommandLine {
   Wish wish = Wish::Window;
   Language language = Language::English;
   bool agreed = false;
-  std::wstring file;  // of Report and Library
+  std::wstring file;  // for Report and Library
 };
 
 Language SystemLanguage() {
@@ -55,7 +55,7 @@ Language SystemLanguage() {
   }
 }
 
-// False for words that are not understood.
+// False for unknown arguments.
 bool Read(const std::vector<std::wstring>& words, CommandLine& line) {
   line.language = SystemLanguage();
   for (size_t i = 0; i < words.size(); ++i) {
@@ -90,8 +90,8 @@ bool Read(const std::vector<std::wstring>& words, CommandLine& line) {
   return true;
 }
 
-// A program with a window has no console of its own: it writes to what it was given, and else to
-// the console that it was started from.
+// A program with windows has no console: it writes to its redirected output, or otherwise to the
+// console of its parent.
 void Print(const std::string& utf8) {
   HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
   if (output == nullptr || output == INVALID_HANDLE_VALUE) {
@@ -109,8 +109,8 @@ void Print(const std::string& utf8) {
   }
 }
 
-// What the set-up program asks: 32 or 64 for a USB library of that bitness with all that the add-in
-// calls.
+// For the set-up program: returns 32 or 64 for a USB library of that bitness that exports
+// everything the add-in calls.
 int CheckLibrary(const std::wstring& path) {
   const std::optional<std::vector<uint8_t>> file = ReadFileBytes(path);
   if (!file) return kCouldNotLook;

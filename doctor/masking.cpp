@@ -33,7 +33,7 @@ int HexDigit(char c) {
   return -1;
 }
 
-// The bytes of "[R] (3) 26 01 00"; nothing for other lines.
+// The bytes of a dump such as "[R] (3) 26 01 00"; nothing for other lines.
 std::optional<std::vector<uint8_t>> ReadDump(std::string_view message) {
   if (message.size() < 4 || message[0] != '[' || message[2] != ']') return std::nullopt;
   const size_t start = message.find(')');
@@ -52,8 +52,8 @@ bool Begins(const std::vector<uint8_t>& bytes, uint8_t start, uint8_t code) {
   return bytes.size() >= 2 && bytes[0] == start && bytes[1] == code;
 }
 
-// What is no whole frame is not taken apart: every digit and letter goes, and what may be the
-// packed number of a caller.
+// An incomplete frame is not parsed: masks every digit and letter, and every byte that may belong
+// to a caller's packed number.
 void BlankText(std::vector<uint8_t>& bytes, size_t from) {
   constexpr uint8_t kTwoZeros = 0xAA;
   if (Begins(bytes, kIndicationStart, static_cast<uint8_t>(Indication::CallerId))) {
@@ -173,7 +173,7 @@ std::string CMasking::Text(std::string_view text) {
   std::string masked(text);
   if (const size_t at = masked.find(kFirstOfName); at != std::string::npos) {
     const size_t value = at + kFirstOfName.size();
-    // "N" of the placeholder, where there is a name.
+    // The "N" of the placeholder, if the frame has a name.
     const std::string code = masked.substr(value, 2);
     if (code != "00" && code != "20") masked.replace(value, 2, "4E");
   }

@@ -9,15 +9,14 @@
 
 namespace quor::doctor {
 
-// Takes telephone numbers and people's names out of a diagnostic log, so that it can be sent to
-// somebody. One number keeps one placeholder of its length throughout, in the frames as in the
-// text, so that one caller stays one caller and the frames can be replayed: 0551234567 becomes
-// 0000000001.
+// Removes telephone numbers and people's names from a diagnostic log, so that users can send it.
+// Each number gets one placeholder of the same length, in frames and texts alike, so that calls
+// from one caller stay recognisable and the frames can be replayed: 0551234567 becomes 0000000001.
 class CMasking {
  public:
-  // A log line as the add-in wrote it, with or without its end.
+  // Masks a log line, with or without its line end.
   std::string Line(std::string_view line);
-  // A text of any kind: takes the user's name out of paths.
+  // Removes the user's name from paths in a text.
   static std::string Paths(std::string_view text);
 
  private:
@@ -27,7 +26,7 @@ class CMasking {
   void CallRequest(std::vector<uint8_t>& bytes);
   void Name(std::vector<uint8_t>& bytes, size_t offset, size_t size);
   std::string Text(std::string_view text);
-  // The text with each digit replaced; same length.
+  // Replaces each digit of the text; the length stays the same.
   std::string Number(std::string_view text);
 
   std::map<std::string, std::string> m_numbers;

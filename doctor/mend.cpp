@@ -17,13 +17,13 @@ constexpr uint32_t kLoadAtEachStart = 3;
 constexpr uint32_t kKeptAfterSlowStart = 1;
 constexpr int kFirstWithKeptList = 15;
 
-// One value that is going to change.
+// A value to change.
 struct Change {
   HKEY root = HKEY_CURRENT_USER;
   int bitness = 0;
   std::wstring path;
   std::wstring name;
-  std::optional<uint32_t> number;  // to be written; nothing: the value goes
+  std::optional<uint32_t> number;  // new value; nothing: delete the value
 };
 
 std::wstring ListName(OutlookListEntry::List list) {
@@ -43,7 +43,7 @@ void PlanLists(const Facts& facts, std::vector<Change>& changes) {
   }
 }
 
-// Outlook writes the user's choice to the user's key, which counts before everybody's.
+// Outlook stores the user's choice in the user's key, which takes precedence over the machine's.
 void PlanLoadBehavior(const Facts& facts, std::vector<Change>& changes) {
   for (const AddInKey& key : facts.addInKeys) {
     if (key.loadBehavior == kLoadAtEachStart) continue;
@@ -66,7 +66,7 @@ std::wstring Escaped(const std::wstring& name) {
   return escaped;
 }
 
-// A line of a .reg file that brings the value back as it is now.
+// A line of a .reg file that restores the value's present content.
 std::wstring Line(const Change& change) {
   const CRegistryKey key(change.root, change.path, change.bitness);
   DWORD type = REG_NONE;

@@ -8,10 +8,10 @@
 
 namespace quor::doctor {
 
-// Takes the add-in off Outlook's lists of disabled and crashing ones, has it kept enabled from now
-// on, and sets its LoadBehavior back to 3. Nothing else is touched; what stood in the registry is
-// written to a .reg file first, whose path is returned. Nothing is returned, and nothing changed,
-// when that file cannot be written.
+// Removes the add-in from Outlook's lists of disabled and crashing add-ins, adds it to the list of
+// those that stay enabled, and sets its LoadBehavior to 3. Changes nothing else. First saves the
+// old registry values to a .reg file and returns its path; if this fails, changes nothing and
+// returns nothing.
 std::optional<std::wstring> Mend(const Facts& facts);
 
 }  // namespace quor::doctor

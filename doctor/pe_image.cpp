@@ -14,12 +14,12 @@ constexpr uint16_t kOptional32 = 0x010B;
 constexpr uint16_t kOptional64 = 0x020B;
 constexpr uint32_t kMostFunctions = 65536;  // ordinals have 16 bits
 
-// Offsets in the headers, as the format has them.
+// Offsets in the headers, from the file format.
 constexpr size_t kPeOffsetAt = 0x3C;
 constexpr size_t kFileHeaderSize = 20;
 constexpr size_t kSectionHeaderSize = 40;
 
-// Little-endian numbers of the file; what lies outside reads as 0.
+// Reads the file's little-endian numbers; beyond the end they are 0.
 class CBytes {
  public:
   explicit CBytes(std::span<const uint8_t> file) : m_file(file) {}
@@ -49,7 +49,7 @@ struct Headers {
 
 constexpr size_t kNowhere = std::numeric_limits<size_t>::max();
 
-// Where the file holds what is loaded at this relative address.
+// The file offset of the content loaded at this relative address.
 size_t FileOffset(const CBytes& bytes, const Headers& headers, uint32_t address) {
   for (size_t i = 0; i < headers.sectionCount; ++i) {
     const size_t section = headers.sections + i * kSectionHeaderSize;
@@ -63,7 +63,7 @@ size_t FileOffset(const CBytes& bytes, const Headers& headers, uint32_t address)
 }
 
 std::vector<uint32_t> ReadOrdinals(const CBytes& bytes, const Headers& headers) {
-  // The data directories end the optional header; the first is the exports.
+  // The data directories are at the end of the optional header; the first one is the exports.
   const uint32_t exports = bytes.Dword(headers.optional + (headers.wide ? 112 : 96));
   if (exports == 0) return {};
   const size_t directory = FileOffset(bytes, headers, exports);
@@ -104,7 +104,7 @@ std::optional<PeImage> ReadPeImage(std::span<const uint8_t> file) {
   if (machine == kMachineI386) image.bitness = 32;
   if (machine == kMachineAmd64) image.bitness = 64;
   image.ordinals = ReadOrdinals(bytes, headers);
-  // A base near the end of the range wraps round.
+  // Ordinals may wrap around, so they need sorting.
   std::ranges::sort(image.ordinals);
   return image;
 }

@@ -8,16 +8,17 @@
 
 namespace quor::doctor {
 
-// What a DLL says of itself, whichever bitness it has: a 32-bit program cannot load a 64-bit one.
+// Facts about a DLL of any bitness, read from the file because a 32-bit program cannot load a
+// 64-bit DLL.
 struct PeImage {
   int bitness = 0;                 // 32 or 64 for Intel processors, 0 for others
-  std::vector<uint32_t> ordinals;  // exported ones, ascending
+  std::vector<uint32_t> ordinals;  // exported ordinals, ascending
 
   bool Exports(uint32_t ordinal) const;
 };
 
-// Reads a file's bytes. Nothing when they are no Windows program or DLL; an export table that leads
-// out of the file has no ordinals. Any bytes are safe to give.
+// Parses a file's bytes. Returns nothing if they are not a Windows program or DLL; an export table
+// that leaves the file gives no ordinals. Any bytes are accepted.
 std::optional<PeImage> ReadPeImage(std::span<const uint8_t> file);
 
 }  // namespace quor::doctor

@@ -3,7 +3,7 @@
 namespace quor::doctor {
 namespace {
 
-constexpr DWORD kLongestName = 16384;  // of a value, as the registry has it
+constexpr DWORD kLongestName = 16384;  // of a value; the registry's limit
 
 REGSAM View(int bitness) noexcept {
   if (bitness == 64) return KEY_WOW64_64KEY;
@@ -25,7 +25,7 @@ CRegistryKey::~CRegistryKey() {
 }
 
 std::optional<std::wstring> CRegistryKey::Text(const std::wstring& name) const {
-  // REG_EXPAND_SZ comes expanded.
+  // A REG_EXPAND_SZ value is returned expanded.
   DWORD size = 0;
   if (RegGetValueW(m_key, nullptr, name.c_str(), RRF_RT_REG_SZ, nullptr, nullptr, &size) !=
       ERROR_SUCCESS) {

@@ -10,10 +10,10 @@
 
 namespace quor::doctor {
 
-// An open key of the registry, for reading. What is not there reads as nothing.
+// A registry key opened for reading. Missing values are read as nothing.
 class CRegistryKey {
  public:
-  // `bitness` is the view: 32, 64, or 0 where both are one.
+  // `bitness` is the view: 32, 64, or 0 if both are the same.
   CRegistryKey(HKEY root, const std::wstring& path, int bitness, REGSAM access = KEY_READ) noexcept;
   ~CRegistryKey();
   CRegistryKey(const CRegistryKey&) = delete;
@@ -31,7 +31,7 @@ class CRegistryKey {
   HKEY m_key = nullptr;
 };
 
-// The views that this Windows has: 64 and 32, or 32 alone.
+// The registry views of this Windows: 64 and 32, or only 32.
 std::vector<int> RegistryViews();
 
 }  // namespace quor::doctor

@@ -87,7 +87,7 @@ void AddFacts(CTextReport& report, const Facts& facts, Language language) {
   }
 }
 
-// A JSON document in the making; the caller sees to the order of keys and values.
+// Builds a JSON document; the caller ensures the order of keys and values.
 class CJson {
  public:
   void Open(char bracket) {

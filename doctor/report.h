@@ -10,11 +10,11 @@
 
 namespace quor::doctor {
 
-// What was found, for people: each finding with its cure, then what was looked at. UTF-8, lines end
+// The report for people: each finding with its remedy, then what was examined. UTF-8, lines end
 // with a line feed.
 std::string TextReport(const Facts& facts, const std::vector<Finding>& findings, Language language);
 
-// The same for programs.
+// The report for programs.
 std::string JsonReport(const Facts& facts, const std::vector<Finding>& findings, Language language);
 
 }  // namespace quor::doctor

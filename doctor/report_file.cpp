@@ -17,7 +17,7 @@ std::string Utf8FromAnsi(const std::string& text) {
   return Utf8(wide);
 }
 
-// Empty without a log.
+// Empty if there is no log.
 std::string MaskedLog(const std::wstring& path) {
   const std::optional<std::vector<uint8_t>> bytes = ReadFileBytes(path);
   if (!bytes) return {};

@@ -9,9 +9,8 @@
 
 namespace quor::doctor {
 
-// Writes what users send to those who help them: the findings and what was looked at, in English,
-// and the newest diagnostic log, all without numbers and names. False when the file cannot be
-// written.
+// Writes a file that users can send to support: the findings and the facts in English, and the
+// newest diagnostic log, without numbers and names. False if the file cannot be written.
 bool WriteReportFile(const std::wstring& path, const Facts& facts,
                      const std::vector<Finding>& findings);
 

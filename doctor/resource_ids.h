@@ -1,7 +1,7 @@
 #ifndef QUOR_DOCTOR_RESOURCE_IDS_H
 #define QUOR_DOCTOR_RESOURCE_IDS_H
 
-// Shared with the resource compiler.
+// Used by C++ and the resource compiler.
 #define IDD_DOCTOR 100
 #define IDC_FINDINGS 101
 #define IDC_MEND 102

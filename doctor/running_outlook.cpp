@@ -12,7 +12,7 @@
 namespace quor::doctor {
 namespace {
 
-// A late-bound object; null when the call that gave it failed.
+// A late-bound object; null if the call that returns it failed.
 class CObject {
  public:
   explicit CObject(IDispatch* object = nullptr) noexcept : m_object(object) {}
@@ -24,7 +24,7 @@ class CObject {
 
   explicit operator bool() const noexcept { return m_object != nullptr; }
 
-  // A property, or a method with one text as argument. False when the object refuses.
+  // Reads a property, or calls a method with one text argument. False on failure.
   bool Get(const wchar_t* name, const wchar_t* argument, VARIANT& result) const noexcept {
     VariantInit(&result);
     LPOLESTR member = const_cast<LPOLESTR>(name);

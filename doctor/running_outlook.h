@@ -5,7 +5,7 @@
 
 namespace quor::doctor {
 
-// Asks the Outlook that runs, if one does. COM must be initialised.
+// Queries the running Outlook, if there is one. COM must be initialised.
 RunningOutlook LookAtRunningOutlook();
 
 }  // namespace quor::doctor

@@ -1,5 +1,5 @@
-// Times the index against its rival, the same tables on hash maps, side by side. The two take turns
-// and medians are shown, with the log off; read the ratios.
+// Compares the index with its rival, the same tables on hash maps, in one run. The two alternate,
+// the log is off, and medians are printed. The ratios are what counts.
 //
 //   contacts_bench                      everything
 //   contacts_bench instructions OP N    does OP N times on 5,000 contacts, for callgrind; no OP:
@@ -28,14 +28,14 @@ constexpr size_t kUsualContacts = 5000;
 constexpr size_t kUsualNumbers = 3;
 constexpr size_t kSampleNumbers = 4096;
 
-// Of this thread's own processor time: what else the machine does is not ours to measure.
+// Processor time of this thread, so that other load on the machine does not count.
 double NowInNs() {
   timespec now{};
   clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
   return static_cast<double>(now.tv_sec) * 1e9 + static_cast<double>(now.tv_nsec);
 }
 
-// Makes the compiler believe that somebody looks at the result.
+// Keeps the compiler from removing the computation of the result.
 void KeepResult(uint64_t result) {
   asm volatile("" : : "r"(result) : "memory");
 }
@@ -50,7 +50,7 @@ double Median(std::vector<double> values) {
   std::exit(1);
 }
 
-// A look-up to race, and the numbers for it.
+// A look-up to measure and its numbers.
 struct Race {
   const char* name;
   bool isSearch;
@@ -62,7 +62,7 @@ size_t LookUp(Contender& contender, const Race& race, const std::string& number)
   return race.isSearch ? contender.Search(number) : contender.Find(number);
 }
 
-// Who runs in a race, over how many numbers, and how long one took in each run.
+// A contender of a race, the numbers it looks up, and the time per look-up in each run.
 template <class Contender>
 struct Runner {
   Contender* contender;
@@ -134,7 +134,7 @@ void RaceLookUps(const char* title, const SampleBook& book) {
 template <class Contender>
 void TimeChanges(SampleBook& book, std::vector<double>& builds, std::vector<double>& changes) {
   const auto each = static_cast<double>(book.size());
-  malloc_trim(0);  // or this one would tidy up after the one before
+  malloc_trim(0);  // otherwise this build would pay for freeing the previous one's memory
   const double start = NowInNs();
   const auto contender = Filled<Contender>(book);
   const double built = NowInNs();
@@ -161,7 +161,7 @@ void RaceChanges(size_t numbersEach) {
   print("change", changes);
 }
 
-// Bytes a contact: after the build, and what one and ten more changes of every contact add.
+// Prints bytes per contact: after the build, after one change of every contact, and after ten more.
 template <class Contender>
 void PrintMemory(const char* name, size_t contacts, size_t numbersEach) {
   SampleBook book = MakeSampleBook(contacts, numbersEach);
@@ -227,7 +227,7 @@ int RunSections(const char* wanted) {
   return 0;
 }
 
-// Does one operation `times` times over; what it costs is the difference between two such runs.
+// Does one operation `times` times; the difference between two such runs gives its cost.
 template <class Contender>
 int CountInstructions(const char* operation, size_t times) {
   SampleBook book = MakeSampleBook(kUsualContacts, kUsualNumbers);

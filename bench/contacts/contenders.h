@@ -24,7 +24,7 @@ class CEveryoneOpens final : public IContactDirectory {
   }
 };
 
-// An index, or something in its place, with what it needs around it.
+// An index or its rival, with the objects it needs.
 template <class Index>
 class CContender {
  public:
@@ -42,7 +42,7 @@ class CContender {
       m_index.TelNoCheckAndUpdate(contact);
   }
 
-  // 0 if nobody has the number; otherwise a value that tells who has.
+  // 0 if the number is not found; otherwise a value that depends on the owner.
   size_t Search(const std::string& number) {
     return m_index.SearchPhoneNumber(number, true, m_match) ? Digest() : 0;
   }

@@ -5,7 +5,7 @@
 
 namespace {
 
-// In front of each block, and wide enough to keep it aligned.
+// Size of the header before each block; keeps the block aligned.
 constexpr size_t kHeader = alignof(std::max_align_t);
 
 size_t g_bytesInUse = 0;

@@ -5,7 +5,7 @@
 
 namespace quor {
 
-// Bytes asked of operator new and not yet given back, in the whole program.
+// Bytes allocated with operator new and not yet freed, in the whole program.
 size_t BytesInUse() noexcept;
 
 }  // namespace quor

@@ -17,9 +17,9 @@
 
 namespace quor {
 
-// The rival: the same nine tables and the same steps, strings as they come and vectors taken out
-// and stored back, but a key is found by a look-up instead of a walk. A key with pause characters
-// is found as it stands only: the rival is spared what such numbers cost the index.
+// The rival: the same nine tables and the same steps, with plain strings and with vectors copied
+// out and stored back, but a hash look-up finds a key instead of a walk. It finds a key with pause
+// characters only in the stored form, so it does not pay for such numbers as the index does.
 class CHashMapIndex {
  public:
   CHashMapIndex(IContactDirectory& directory, CDiagnosticLog& log)

@@ -24,7 +24,7 @@ std::string RandomNumber(std::mt19937& random, bool isInBook) {
   return number;
 }
 
-// One store's entry IDs have a long beginning in common.
+// The entry IDs of one store share a long prefix.
 std::string RandomEntryId(std::mt19937& random) {
   std::string entryId =
       "000000001A447390AA6611CD9BC800AA002FC45A0700"

@@ -8,8 +8,8 @@
 
 namespace quor {
 
-// A contact as Outlook holds it in an Exchange store: an entry ID of 140 hexadecimal digits, and
-// numbers of 12 digits, as filtered, in the first few types from 2 on. Opens in no time.
+// A contact as in an Exchange store: an entry ID of 140 hexadecimal digits, and filtered numbers of
+// 12 digits in the first few types from 2 on. Opening it takes no time.
 class CSampleContact final : public IContactItem {
  public:
   CSampleContact(std::string entryId, std::vector<std::string> numbers)
@@ -33,18 +33,18 @@ using SampleBook = std::vector<CSampleContact>;
 
 enum class Pauses { OneInTwenty, None };
 
-// Random, and the same for the same sizes. No number's fifth character from the end is "7". One
-// number in twenty has a pause character before its last four digits.
+// Random, but equal for equal sizes. No number's fifth character from the end is "7". One number in
+// twenty has a pause character before its last four digits.
 SampleBook MakeSampleBook(size_t contacts, size_t numbersEach, Pauses pauses = Pauses::OneInTwenty);
-// Everybody has one number and that number only.
+// Every contact has the same single number.
 SampleBook MakeSharedNumberBook(size_t contacts);
 
-// Numbers as a caller's network delivers them: as stored, in national form, with the international
-// prefix. Picked at random among those without pause characters.
+// Numbers as networks send them: as stored, in national form, with the international prefix.
+// Randomly chosen among those without pause characters.
 std::vector<std::string> KnownNumbers(const SampleBook& book, size_t count);
-// As stored.
+// Numbers as stored.
 std::vector<std::string> StoredNumbers(const SampleBook& book, size_t count);
-// In the same forms as the known ones; not even their last five characters are in the book.
+// In the same forms as the known ones; even their last five characters are not in the book.
 std::vector<std::string> UnknownNumbers(size_t count);
 
 }  // namespace quor

@@ -1,7 +1,7 @@
-// What a poll tick costs, with nothing to read and with each kind of frame, log off and log on:
+// Measures a poll tick, with nothing to read and with each kind of frame, log off and on:
 //   cmake --preset native-release && ninja -C build/native-release device_bench
 //   build/native-release/bench/device/device_bench
-// "Log on" formats every line and drops it: the file that the product appends it to is not counted.
+// With the log on, every line is formatted and dropped: writing to the file is not measured.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -16,7 +16,7 @@
 namespace quor {
 namespace {
 
-// A base that is always there and sends the same frame for ever.
+// A base that is always connected and always sends the same frame.
 class CCannedUsb final : public IUsbXpress {
  public:
   void Send(std::span<const uint8_t> frame) { m_frame = frame; }

@@ -1,4 +1,4 @@
-// Arbitrary bytes, cut at arbitrary places, from a library whose every answer is arbitrary too.
+// Arbitrary bytes in arbitrary pieces, from a library with arbitrary results.
 //   cmake --preset fuzz && ninja -C build/fuzz device_fuzz && build/fuzz/fuzz/device/device_fuzz
 #include <algorithm>
 #include <cstdint>
@@ -13,7 +13,7 @@
 namespace quor {
 namespace {
 
-// The input, taken from the front; zeros once it is used up.
+// Reads the fuzzer's input from the front; returns zeros after its end.
 class CScript {
  public:
   explicit CScript(std::span<const uint8_t> bytes) : m_bytes(bytes) {}
@@ -38,8 +38,7 @@ void Require(bool held) {
   if (!held) std::abort();
 }
 
-// Most answers are good ones, so that inputs get past the set-up; a byte above kGood says
-// otherwise.
+// Most calls succeed, so that inputs get past the set-up; a byte above kGood makes a call fail.
 class CScriptedUsb final : public IUsbXpress {
  public:
   explicit CScriptedUsb(CScript& script) : m_script(script) {}
@@ -49,7 +48,7 @@ class CScriptedUsb final : public IUsbXpress {
     return Status();
   }
   int GetProductString(uint32_t, char* buffer, ProductString) noexcept override {
-    std::memset(buffer, 'x', kProductStringSize);  // not even terminated
+    std::memset(buffer, 'x', kProductStringSize);  // without a terminator
     return kUsbSuccess;
   }
   int Open(uint32_t, UsbHandle& handle) noexcept override {
@@ -62,7 +61,7 @@ class CScriptedUsb final : public IUsbXpress {
     Require(wanted >= 1 && wanted <= 1024);
     read = static_cast<uint32_t>(m_script.Take({buffer, wanted}));
     const uint8_t cut = m_script.Byte();
-    if (cut > kGood) read = cut * 0x01010101U >> (cut % 32U);  // whatever it says it read
+    if (cut > kGood) read = cut * 0x01010101U >> (cut % 32U);  // an arbitrary count
     return Status();
   }
   int Write(UsbHandle, const uint8_t* bytes, uint32_t count, uint32_t& written) noexcept override {
@@ -93,7 +92,7 @@ class CScriptedUsb final : public IUsbXpress {
   CScript& m_script;
 };
 
-// Counts what is posted and checks that only lines with a slot come along.
+// Counts the posted messages and checks that each has a line with a slot.
 class CCheckedQueue final : public IMessageQueue {
  public:
   explicit CCheckedQueue(CScript& script) : m_script(script) {}

@@ -1,4 +1,4 @@
-// Any bytes are either refused or give keys the registry could hold.
+// Any bytes are either rejected or give keys that the registry can hold.
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>

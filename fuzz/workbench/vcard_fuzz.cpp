@@ -1,4 +1,4 @@
-// Any bytes as an address book: what comes out must keep the reader's promises.
+// Any bytes as an address book: the result must satisfy the reader's contract.
 
 #include <cstddef>
 #include <cstdint>
