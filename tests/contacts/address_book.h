@@ -15,7 +15,7 @@
 
 namespace quor {
 
-// Log lines and calls, one under the other.
+// Collects log lines and calls in order.
 class CTranscript final : public ILogWriter {
  public:
   void WriteLine(std::string_view text) noexcept override { m_lines.emplace_back(text); }
@@ -33,7 +33,7 @@ struct BookContact {
 
 using AddressBook = std::map<std::string, BookContact>;
 
-// Opens the contacts of a book, and says each time that it was asked: with the log off, too.
+// Opens the contacts of a book and records each call, even while the log is off.
 class CBookDirectory final : public IContactDirectory {
  public:
   CBookDirectory(const AddressBook& book, CTranscript& transcript)
@@ -48,14 +48,14 @@ class CBookDirectory final : public IContactDirectory {
     return opens;
   }
 
-  std::function<void()> meanwhile;  // what happens while messages are pumped
+  std::function<void()> meanwhile;  // runs while messages are pumped
 
  private:
   const AddressBook& m_book;
   CTranscript& m_transcript;
 };
 
-// An open contact of the book, with what can go wrong about it.
+// An open contact of the book, with faults that can be switched on.
 class CBookItem final : public IContactItem {
  public:
   CBookItem(std::string entryId, const BookContact& contact)

@@ -1,5 +1,5 @@
-// The start-up scan: whatever happens between its slices and inside its calls, the index is that of
-// one uninterrupted scan of what there is at the end.
+// The start-up scan: whatever happens between its slices and inside its calls, the index equals
+// that of one uninterrupted scan of the final state.
 #include "contacts/contact_scan.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@
 namespace quor {
 namespace {
 
-// Opens nothing: every checked look-up brings the records of a key to light, one after the other.
+// Opens no contact, so that checked look-ups reveal all records of a key, one after the other.
 class CNobody final : public IContactDirectory {
  public:
   bool FindContactFileAs(std::string_view, std::string&) override { return false; }
@@ -58,7 +58,7 @@ class CHost final : public IContactScanHost {
   int closed = 0;
 };
 
-// A tree of folders, the add-in's index and its scan, and the events that Outlook raises.
+// A folder tree, the add-in's index and scan, and Outlook's events.
 class CStage {
  public:
   explicit CStage(unsigned seed = 1) : m_random(seed) { book.log.SetEnabled(true); }
@@ -94,7 +94,7 @@ class CStage {
     return folders[Below(static_cast<unsigned>(folders.size()))];
   }
 
-  // As the folders' sinks hand them on.
+  // Does what the folders' sinks do.
   void Changed(const TreeItemPtr& item) {
     scan.OnPositionsChanged();
     if (!item->isContact) return;
@@ -125,7 +125,7 @@ class CStage {
     return item;
   }
 
-  // Something that Outlook reports.
+  // Makes a change that Outlook reports.
   void DoSomething() {
     const TreeFolderPtr folder = AnyFolder();
     const bool empty = folder->items.empty();
@@ -175,7 +175,7 @@ class CStage {
     scan.OnPositionsChanged();
   }
 
-  // What Outlook does not report: many items at once.
+  // Makes a change that Outlook does not report: many items at once.
   void DoMuchInSilence(bool removes) {
     const TreeFolderPtr folder = AnyFolder();
     if (removes && folder->items.size() < 16) return;
@@ -236,10 +236,10 @@ TEST(ContactScan, WhateverHappensMeanwhileTheIndexIsThatOfTheEnd) {
   for (unsigned seed = 0; seed < 1500; ++seed) {
     CStage stage(seed);
     stage.Fill();
-    // Each may cost a pass, and the last one counts whatever happens.
+    // Each may cause another pass; the last pass counts in any case.
     int events = static_cast<int>(stage.Below(CContactScan::kMostPasses));
     const unsigned inside = stage.Below(2);
-    // Only a changed number of items gives it away.
+    // Only the changed item count reveals it.
     const bool silent = stage.Below(2) == 0;
     const bool removes = stage.Below(2) == 0;
     const auto slice = [&] {
@@ -249,7 +249,7 @@ TEST(ContactScan, WhateverHappensMeanwhileTheIndexIsThatOfTheEnd) {
       if (busy || inside == 0 || stage.Below(100) != 0) return;
       busy = true;
       const unsigned choice = stage.Below(6);
-      // A change that is being read when the scan ends is entered as any later one.
+      // A change that is still being read when the scan ends is entered like any later one.
       if (choice == 0 && stage.reporting == 0) {
         stage.scan.FinishNow();
       } else if (choice == 1 && stage.reporting == 0) {
@@ -282,7 +282,7 @@ TEST(ContactScan, WhateverHappensMeanwhileTheIndexIsThatOfTheEnd) {
   }
 }
 
-// A small tree: three folders deep, with everything that a folder may hold.
+// A small tree: three folders deep, with every kind of item.
 struct SmallStage : CStage {
   SmallStage() {
     for (const TreeFolderPtr& folder : {root, second, third})
@@ -301,7 +301,7 @@ struct SmallStage : CStage {
     second->folders = {third};
   }
 
-  // Something happens in the middle of the nth call.
+  // Runs an event inside the nth call.
   void InCall(int n, std::function<void()> event) {
     access.inside = [this, n, event = std::move(event)] {
       if (access.calls == n) event();
@@ -348,7 +348,7 @@ TEST(ContactScan, AStopKeepsWhatWasReadUpToTheNumberAtHand) {
   SmallStage inside;
   inside.access.inside = [&] {
     if (inside.Knows("4411100")) ADD_FAILURE() << "entered before the end";
-    // 13 calls to count; then the folder, the item, its ID, its name, and the numbers 1 to 7.
+    // 13 calls count the items; then come folder, item, ID, name and the numbers 1 to 7.
     if (inside.access.calls == 13 + 11) inside.host.mustStop = true;
   };
   inside.Begin();
@@ -446,7 +446,7 @@ TEST(ContactScan, OneBeyondTheLimitIsKnownOnceOutlookReportsIt) {
   EXPECT_EQ(stage.host.shown, 1);
 }
 
-// A broken store: two thousand million items of which none opens.
+// A broken store: two billion items, none of which opens.
 class CEndlessFolder final : public IScanFolder {
  public:
   explicit CEndlessFolder(int& calls) : m_calls(calls) {}

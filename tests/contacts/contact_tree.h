@@ -12,7 +12,7 @@
 
 namespace quor {
 
-// An item of a contacts folder; what it lacks cannot be read.
+// An item of a contacts folder; missing parts cannot be read.
 struct TreeItem {
   std::string entryId;
   std::array<std::string, 13> numbers;  // by type
@@ -29,11 +29,11 @@ struct TreeFolder {
 };
 using TreeFolderPtr = std::shared_ptr<TreeFolder>;
 
-// What every call into the tree goes through.
+// All calls into the tree pass through this.
 struct TreeAccess {
-  std::function<void()> inside;  // what happens while the call pumps messages
+  std::function<void()> inside;  // runs while the call pumps messages
   int calls = 0;
-  int held = 0;  // folders and contacts that somebody holds
+  int held = 0;  // folders and contacts that are referenced
 
   void Call() {
     ++calls;
@@ -52,7 +52,7 @@ class CHeld {
   TreeAccess& m_access;
 };
 
-// An open contact: reads the item as it is at the call, like a fresh one of Outlook's.
+// An open contact: each call reads the item's present state, like a new object of Outlook's.
 class CTreeContact final : public CHeld, public IContactItem {
  public:
   CTreeContact(TreeAccess& access, TreeItemPtr item) : CHeld(access), m_item(std::move(item)) {}
@@ -79,7 +79,7 @@ class CTreeContact final : public CHeld, public IContactItem {
   TreeItemPtr m_item;
 };
 
-// An open folder. Collections are live, as Outlook's are.
+// An open folder. Its collections are live, like Outlook's.
 class COpenFolder final : public CHeld, public IScanFolder {
  public:
   COpenFolder(TreeAccess& access, TreeFolderPtr folder)

@@ -1,5 +1,5 @@
-// Long random histories: whatever is done to the index, its results, its log and the contacts it
-// opens equal those of the naive model. QUOR_INDEX_STEPS=5000000 makes it a soak.
+// Random histories: after any operation, the index's results, its log and the contacts it opens
+// equal the naive model's. QUOR_INDEX_STEPS=5000000 makes this a soak test.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -17,7 +17,8 @@ constexpr int kStepsOfHistory = 400;
 class CHistory {
  public:
   explicit CHistory(unsigned seed) : m_random(seed) {
-    // Around the 48 characters that an entry ID does not share, with equal and different folders.
+    // Entry IDs around 48 characters, the part that is not shared, with equal and different
+    // folders.
     const std::string message(46, '0');
     for (const char* const folder : {"", "A", "B", "AA"}) {
       for (const char* const last : {"01", "1A", "1a"})
@@ -54,8 +55,8 @@ class CHistory {
     }
   }
 
-  // Looks every key up unchecked, then, with no contact that opens, checked until it is gone: all
-  // records show.
+  // Looks up every key, first unchecked, then checked without any contact that opens until nothing
+  // is left: this shows all records.
   void Drain() {
     SetLogEnabled(true);
     const auto tables = m_model.Tables();

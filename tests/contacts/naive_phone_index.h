@@ -15,9 +15,8 @@
 
 namespace quor {
 
-// The index as its tables describe it: nine ordered maps that are walked from the first key on, and
-// a tenth for the keys of each contact. Slow on purpose; what the real one answers is measured
-// against this.
+// The index as its documentation describes it: nine ordered maps, walked from the first key, and a
+// tenth for the keys of each contact. Slow on purpose; the real index is compared with it.
 class CNaivePhoneIndex {
  public:
   CNaivePhoneIndex(IContactDirectory& directory, CDiagnosticLog& log)

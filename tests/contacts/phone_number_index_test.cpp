@@ -54,9 +54,9 @@ TEST_F(PhoneNumberIndex, MatchesTailsOfFiveToTwelveCharacters) {
       {"0123", "", ""},
       {"00491715550123", "A", "A"},
       {"0049171555012399", "", ""},
-      {"99991715550123", "", "A"},  // its last twelve characters are not A's, its last ten are
+      {"99991715550123", "", "A"},  // only its last ten characters are A's
       {"1234", "B", ""},            // short numbers are found whole only
-      {"01234", "", ""},            // too short to lose its zero
+      {"01234", "", ""},            // too short for the zero to be removed
       {"", "", ""},
   };
   for (const auto& row : rows) {
@@ -70,9 +70,9 @@ TEST_F(PhoneNumberIndex, LeavesPauseCharactersOutOnlyWhenChecked) {
   Store("B", "12P4");
   EXPECT_EQ(Find("12345p67", false), "A");
   EXPECT_EQ(Find("1234567", false), "");
-  EXPECT_EQ(Find("1234567"), "");     // that is another table
-  EXPECT_EQ(Search("1234567"), "A");  // where all are tried
-  EXPECT_EQ(Search("12FF4"), "B");    // and table 0 with them
+  EXPECT_EQ(Find("1234567"), "");     // the key is in another table
+  EXPECT_EQ(Search("1234567"), "A");  // searches all tables
+  EXPECT_EQ(Search("12FF4"), "B");    // table 0 included
   EXPECT_EQ(Find("124"), "B");
 }
 
@@ -86,7 +86,7 @@ TEST_F(PhoneNumberIndex, OnlyTheFirstMatchingKeyOfATableIsTried) {
   Store("gone", "123456F");
   Store("there", "123456P");
   m_book["gone"].opens = false;
-  EXPECT_EQ(Search("123456"), "");  // every tail meets the one that is gone first
+  EXPECT_EQ(Search("123456"), "");  // every tail finds the missing contact first
   EXPECT_EQ(Search("123456"), "there");
 }
 
@@ -95,7 +95,7 @@ TEST_F(PhoneNumberIndex, OldNumbersStayUntilTheirContactIsGone) {
   Change("A", 7, "7777777");
   Change("A", 1, "");
   Change("A", 7, "");
-  EXPECT_EQ(Search("1111111"), "A");  // type 1's own keys had been forgotten by then
+  EXPECT_EQ(Search("1111111"), "A");  // type 1's own keys were already dropped
   EXPECT_EQ(Search("7777777"), "A");
   m_book["A"].opens = false;
   EXPECT_EQ(Search("7777777"), "");
@@ -136,7 +136,7 @@ TEST_F(PhoneNumberIndex, IgnoresTypesAndTablesThatDoNotExist) {
   EXPECT_EQ(Search("1234567"), "");
 }
 
-// Of two folders, whose entry IDs differ in their beginnings only.
+// Entry IDs from two folders differ only in their prefixes.
 TEST_F(PhoneNumberIndex, KeepsThousandsApart) {
   constexpr unsigned kContacts = 20'000;
   constexpr unsigned kInFolder = kContacts / 2;
@@ -158,7 +158,7 @@ TEST_F(PhoneNumberIndex, KeepsThousandsApart) {
   }
 }
 
-// While a contact is opened, messages are pumped: the index may be changed underneath.
+// Opening a contact pumps messages, so the index may be changed meanwhile.
 
 TEST_F(PhoneNumberIndex, SurvivesThatTheRecordsGoWhileOneIsTried) {
   Store("of the next key", "123456P");

@@ -5,7 +5,7 @@
 
 namespace quor {
 
-// Calls of operator new in this program so far. Linking allocation_count.cpp replaces the operator.
+// Number of calls of operator new so far. Linking allocation_count.cpp replaces the operator.
 size_t AllocationCount() noexcept;
 
 }  // namespace quor

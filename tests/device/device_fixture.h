@@ -22,7 +22,7 @@ namespace quor {
 
 using workbench::UsbFunction;
 
-// The simulated base as the link sees it.
+// Connects the link to the simulated base.
 class CSimulatedUsb final : public IUsbXpress {
  public:
   explicit CSimulatedUsb(workbench::CBaseSimulator& base) : m_base(base) {}
@@ -72,7 +72,7 @@ class CRecordedLog final : public ILogWriter {
   std::string text;
 };
 
-// Posted events as "5001", or "5102:2" where a line type came along; a space between two.
+// Posted events as "5001", or "5102:2" with a line type; separated by blanks.
 class CRecordedQueue final : public IMessageQueue {
  public:
   bool PostDeviceEvent(DeviceEvent event, uint8_t lineType) noexcept override;
@@ -82,28 +82,27 @@ class CRecordedQueue final : public IMessageQueue {
   bool accepts = true;
 };
 
-// Log lines that come in blocks.
+// Groups of log lines that belong together.
 extern const std::string kStartupSent;
 extern const std::string kConnected;
 extern const std::string kDisconnected;
 extern const std::string kLost;       // closed, then disconnected
 extern const std::string kRecovered;  // one tick from plugged in to open
 
-// "26 01 0D" as bytes, and the other way.
+// Converts between "26 01 0D" and bytes.
 std::vector<uint8_t> Bytes(std::string_view hex);
 std::string Hex(std::span<const uint8_t> bytes);
 
-// A link with a base of its own and everything it says. Log(), Events() and Wire() each give what
-// is new since they were last asked.
+// A link with its own base. Log(), Events() and Wire() return what is new since their last call.
 class CDeviceLinkTest : public ::testing::Test {
  protected:
   CDeviceLinkTest() { m_log.SetEnabled(true); }
 
-  // Plugged in, opened by a tick, and nothing of that left to be seen.
+  // Plugs the base in, opens it by a tick, and drops what this has logged and sent.
   void Open();
   void Feed(std::string_view hex, uint32_t delay = 0) { m_base.Queue(Bytes(hex), delay); }
   bool Tick() { return m_link.ReceiveFrame(); }
-  // One frame through an open link; true when it was dispatched.
+  // Sends one frame through an open link; true if it was dispatched.
   bool Receive(std::string_view hex);
 
   std::string Log() { return std::exchange(m_lines.text, {}); }

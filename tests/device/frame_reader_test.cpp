@@ -16,7 +16,7 @@ const std::string kNoStart = "** Error : Delimit error STX.(41)... ---> Exec SI_
 class CFrameReaderTest : public CDeviceLinkTest {
  protected:
   CFrameReaderTest() { Open(); }
-  // Takes what a short read has left in the queue.
+  // Removes what a short read has left in the queue.
   void Drain() { m_usb.FlushBuffers(reinterpret_cast<UsbHandle>(1), true, true); }
 };
 
@@ -36,7 +36,7 @@ TEST_F(CFrameReaderTest, WaitsForAFrameInPieces) {
   EXPECT_EQ(Log(), kStatusRead);
 }
 
-// What the link says of a queue it cannot read from; nothing is purged, nothing is read.
+// What the link logs about a queue that cannot be read; nothing is purged or read.
 TEST_F(CFrameReaderTest, QueueNotReady) {
   const std::vector<std::tuple<uint32_t, uint32_t, std::string>> kReports = {
       {0, 10, ""},
@@ -51,7 +51,7 @@ TEST_F(CFrameReaderTest, QueueNotReady) {
     EXPECT_EQ(Log(), lines);
   }
   EXPECT_TRUE(Tick());
-  EXPECT_EQ(m_base.CallCount(UsbFunction::FlushBuffers), 1U);  // the set-up's
+  EXPECT_EQ(m_base.CallCount(UsbFunction::FlushBuffers), 1U);  // the set-up's call
 }
 
 TEST_F(CFrameReaderTest, QueueCheckThatFailsLosesTheDevice) {
@@ -61,7 +61,7 @@ TEST_F(CFrameReaderTest, QueueCheckThatFailsLosesTheDevice) {
   EXPECT_EQ(Events(), "5001");
 }
 
-// Reads that end early: in the header (the first read) and in the body (the second).
+// Reads that end early: in the header (first read) and in the body (second read).
 TEST_F(CFrameReaderTest, SurpriseRemoval) {
   for (const uint32_t read : {1U, 2U}) {
     Feed(kStatusFrame);
@@ -124,7 +124,7 @@ TEST_F(CFrameReaderTest, DrainsNoMoreThanItsBuffer) {
   EXPECT_EQ(Log(), kNoStart + "[R] (2) 55 00\n");
 }
 
-// The device is lost once, whichever step of the resynchronisation finds out.
+// The device is lost once, whichever step of the resynchronisation notices it.
 TEST_F(CFrameReaderTest, LostWhileResynchronising) {
   const std::vector<std::tuple<UsbFunction, uint32_t, std::string>> kFailures = {
       {UsbFunction::CheckRxQueue, 2, kLost + "** Error : SI_CheckRXQueue error.\n"},
@@ -177,7 +177,7 @@ TEST_F(CFrameReaderTest, OneRightDelimiterIsEnough) {
 
 TEST_F(CFrameReaderTest, AllocatesNothingWhileTheLogIsOff) {
   m_log.SetEnabled(false);
-  m_queue.accepts = false;  // the recording would allocate
+  m_queue.accepts = false;  // recording would allocate
   for (uint8_t type = 1; type <= 5; ++type) {
     std::vector<uint8_t> frame(kHeaderSize + IndicationBodySize(type), kLine2);
     frame[0] = kIndicationStart;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* kStatusFrame = "26 01 00 01 02 01 00 0F 0D 0A";
 
-// Of a caller-ID frame, in hexadecimal.
+// Fields of a caller-ID frame, in hexadecimal.
 struct CallerIdFields {
   std::string reasons = "00";
   std::string flags = "00";
@@ -24,7 +24,7 @@ std::string CallerIdFrame(const CallerIdFields& fields = {}) {
          fields.numberLength + " " + fields.number + " " + fields.lineType + " EE EE 07 0D 0A";
 }
 
-// Four names, each of one byte fourteen times.
+// Each of the four names repeats one byte fourteen times.
 std::string CellFrame(const char* first, const char* second, const char* third,
                       const char* fourth) {
   std::string frame = "26 05 0B";
@@ -37,7 +37,7 @@ std::string CellFrame(const char* first, const char* second, const char* third,
 
 class CIndicationTest : public CDeviceLinkTest {
  protected:
-  // The log without the dump of the frame, which frame_reader_test looks at.
+  // The log without the frame's dump, which frame_reader_test checks.
   std::string LogAfterDump() {
     const std::string lines = Log();
     return lines.substr(lines.find('\n') + 1);

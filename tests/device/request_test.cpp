@@ -65,7 +65,7 @@ TEST_F(CRequestTest, NumberLengthsOnTheWire) {
 
 TEST_F(CRequestTest, NumberThatFillsItsField) {
   SetDial(0, std::string(25, '7'));
-  SetDial(1, "8");  // begins where a reader that misses the end would go on
+  SetDial(1, "8");  // a reader that misses the terminator would read on here
   m_handlers.OnCallRequest(kLine1);
   EXPECT_EQ(m_base.Written(m_base.WrittenCount() - 1).bytes.size(), 31U);
 }
@@ -84,7 +84,7 @@ TEST_F(CRequestTest, OnHook) {
   EXPECT_EQ(m_display.refreshed, 1);
 }
 
-// A write the library refuses, and one it cuts short, for each request.
+// For each request: a write that the library refuses, and one that it shortens.
 TEST_F(CRequestTest, WritesThatFail) {
   struct Request {
     void (CRequestHandlers::*post)(uint32_t);

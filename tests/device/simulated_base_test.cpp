@@ -1,4 +1,4 @@
-// What the scenarios rely on in the simulated base, beyond what the link's own tests show of it.
+// What scenarios require from the simulated base and the link's own tests do not show.
 #include "tests/device/device_fixture.h"
 
 namespace quor {
@@ -14,7 +14,7 @@ class CSimulatedBaseTest : public ::testing::Test {
     m_base.SetTimeouts(3000, 3000);
   }
 
-  // "status: bytes" of one SI_Read.
+  // Result of one SI_Read: "status: bytes".
   std::string Read(uint32_t wanted) {
     std::vector<uint8_t> buffer(wanted);
     uint32_t read = 0;

@@ -1,5 +1,5 @@
-// The real loading and binding of SiUSBXp.dll, with the simulated libraries in place of the real
-// one, and one session of the link through it.
+// Loads and binds SiUSBXp.dll for real, with the simulated libraries in its place, and runs one
+// session of the link through it.
 #include "device/usbxpress_library.h"
 
 #include <gtest/gtest.h>

@@ -26,7 +26,7 @@ struct CLogLines final : ILogWriter {
   std::string text;
 };
 
-// The add-in, as far as a dialog knows it.
+// The add-in as a dialog sees it.
 struct CCountedAddin final : IUnknown {
   STDMETHODIMP QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
   STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
@@ -34,14 +34,14 @@ struct CCountedAddin final : IUnknown {
   ULONG references = 1;
 };
 
-// What the add-in and its module must be while a dialog calls back: neither may go.
+// What a dialog must hold while it calls back: the add-in and the module.
 struct HeldDuringCall {
   ULONG references = 0;
   long moduleLocks = 0;
 };
 
-// What every dialog of a test needs: an add-in, resources of this program, a log, and Outlook's
-// main window.
+// What every dialog test needs: an add-in, this program's resources, a log, and Outlook's main
+// window.
 class CDialogStage {
  public:
   CDialogStage();
@@ -61,15 +61,15 @@ class CDialogStage {
   HWND outlook;
 };
 
-// The dialogs of this thread with this caption, visible or not.
+// This thread's dialogs with this caption, visible or not.
 std::vector<HWND> DialogsNamed(const std::wstring& caption);
 HWND VisibleDialog();
 std::wstring TextOf(HWND window);
 std::wstring TextOf(HWND dialog, int control);
 
-// Runs a loop like Outlook's, which knows nothing of dialogs, until the queue is empty.
+// Runs a message loop like Outlook's, without IsDialogMessage, until the queue is empty.
 void RunLoop();
-// A key goes to the control with the focus, as from the keyboard.
+// Sends a key to the control with the focus, as the keyboard does.
 void PressKey(WPARAM key);
 void PressAlt(wchar_t letter);
 

@@ -47,7 +47,7 @@ TEST_F(KeyQuiet, EveryStrokeBeginsTheHalfSecondAgain) {
 
 TEST_F(KeyQuiet, AHeldKeyNeverCountsUntilItIsPressedAgain) {
   m_quiet.Begin(0);
-  for (const uint32_t time : {900u, 930u, 960u}) {  // after the longest delay before repetition
+  for (const uint32_t time : {900u, 930u, 960u}) {  // after the longest repeat delay
     EXPECT_FALSE(Repeat(time));
     EXPECT_FALSE(Character(time, true));
   }
@@ -61,7 +61,7 @@ TEST_F(KeyQuiet, AHeldKeyNeverCountsUntilItIsPressedAgain) {
 }
 
 TEST_F(KeyQuiet, AStrokeThatWaitedInTheQueueCountsFromWhenItWasStruck) {
-  m_quiet.Begin(0xFFFFFF00);  // the tick wraps in between
+  m_quiet.Begin(0xFFFFFF00);  // the tick count wraps around during the test
   EXPECT_FALSE(Down(0xFFFFF000));
   EXPECT_FALSE(Down(0xFFFFFFFF));
   EXPECT_FALSE(Down(0xFFFFFF10)) << "late, and no reason to wait less";

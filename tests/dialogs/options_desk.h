@@ -9,7 +9,7 @@
 
 namespace quor {
 
-// A store that keeps what is applied and says what it was asked for.
+// A store that keeps applied values and records its calls.
 struct COptionsDesk final : IOptionsStore {
   OptionValues Load() override {
     if (refuses && !loads) throw 1;
@@ -30,7 +30,7 @@ struct COptionsDesk final : IOptionsStore {
   bool loads = true;
 };
 
-// A control of the window or of a panel inside it.
+// Finds a control of the window or of a panel inside it.
 inline HWND FindControl(HWND window, int id) {
   for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
        child = GetWindow(child, GW_HWNDNEXT)) {
@@ -40,7 +40,7 @@ inline HWND FindControl(HWND window, int id) {
   return nullptr;
 }
 
-// As if the user had picked that row of a list.
+// Selects a row of a list, as the user does.
 inline void Choose(HWND list, int row) {
   SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
   const WPARAM notification = MAKEWPARAM(GetDlgCtrlID(list), CBN_SELCHANGE);

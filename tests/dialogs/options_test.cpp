@@ -60,7 +60,7 @@ TEST_F(OptionsWindow, OkAppliesAndCancelForgets) {
 TEST_F(OptionsWindow, AppliesOnlyWhatWasChosenHere) {
   Open();
   Choose(Control(IDC_OPTIONS_POP_UP + 5), 2);
-  // Outlook's own options dialog has the same page, and is quicker.
+  // Meanwhile the values are changed through Outlook's own options dialog.
   m_desk.stored = {kFrench, {2, 1, 1, 1, 1, 2}};
   Press(IDC_OPTIONS_APPLY);
   EXPECT_EQ(m_desk.applied, (std::vector<OptionValues>{{kFrench, {2, 1, 1, 1, 1, 0}}}));

@@ -3,13 +3,13 @@
 
 #include "com/com_pointers.h"
 
-// ocidl.h needs windows.h before it.
+// ocidl.h requires windows.h first.
 #include <ocidl.h>
 
 namespace quor {
 
-// Outlook's options dialog, as a page sees it: client site with PropertyPageSite, in-place site and
-// frame in one object. Its place in the window is fixed.
+// Outlook's options dialog for a page: client site with PropertyPageSite, in-place site and frame
+// in one object. Its position in the window is fixed.
 class CPageContainer final : public IOleClientSite,
                              public IOleInPlaceSite,
                              public IOleInPlaceFrame,
@@ -21,8 +21,8 @@ class CPageContainer final : public IOleClientSite,
   static constexpr RECT kPlace = {10, 20, 380, 310};
   int statusChanges = 0;
   int keysHandedOn = 0;
-  int active = 0;    // OnInPlaceActivate less OnInPlaceDeactivate
-  int uiActive = 0;  // OnUIActivate less OnUIDeactivate
+  int active = 0;    // OnInPlaceActivate calls minus OnInPlaceDeactivate calls
+  int uiActive = 0;  // OnUIActivate calls minus OnUIDeactivate calls
   bool hasActiveObject = false;
   bool permits = true;
   ULONG references = 1;

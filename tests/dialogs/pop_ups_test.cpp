@@ -25,7 +25,7 @@ struct CAnswers final : IAnswerHandler {
 };
 
 constexpr DWORD kQuietTime = 500;           // milliseconds
-constexpr DWORD kQuiet = kQuietTime + 100;  // and the clock's steps
+constexpr DWORD kQuiet = kQuietTime + 100;  // plus the clock's resolution
 
 class CallerWindow : public testing::Test {
  protected:
@@ -37,7 +37,7 @@ class CallerWindow : public testing::Test {
     m_window.Show();
     RunLoop();
   }
-  // Rings, and lets the keys be quiet for as long as it takes.
+  // Shows a call and waits until keys count.
   void RingAndWait(int slot) {
     Ring(slot);
     Sleep(kQuiet);
@@ -100,13 +100,13 @@ TEST_F(CallerWindow, IgnoresReportsWhileHidden) {
   EXPECT_TRUE(CanAnswer());
 }
 
-// Outlook may release the add-in, and unload it, inside whatever an answer leads to.
+// Outlook may release the add-in, and unload it, inside any call that an answer causes.
 TEST_F(CallerWindow, HoldsTheAddInWhileItAnswers) {
   Ring(0);
   SendMessageW(Button(IDOK), BM_CLICK, 0, 0);
   ASSERT_EQ(m_answers.slots.size(), 1u);
   EXPECT_GT(m_answers.held.references, 1u);
-  EXPECT_GT(m_answers.held.moduleLocks, 0);  // the procedure that watches for keys
+  EXPECT_GT(m_answers.held.moduleLocks, 0);  // held by the procedure that filters keys
   EXPECT_EQ(m_stage.addin.references, 1u);
   EXPECT_EQ(ModuleLockCount(), 0);
 }
@@ -134,8 +134,8 @@ TEST_F(CallerWindow, IsUsedWithTheKeyboardAlone) {
   EXPECT_EQ(m_answers.slots, (std::vector<int>{3, 4}));
 }
 
-// Rings and types, and returns what moved the window. Typing that the machine interrupts for half a
-// second is a pause after which keys count, so it is done again.
+// Shows a call, types, and returns what changed the window. If the machine pauses the typing for
+// half a second, keys count; the typing is then repeated.
 template <typename Strokes>
 std::string CallerWindow::TypeWithoutPause(const Strokes& strokes) {
   std::string moved;
@@ -154,8 +154,8 @@ std::string CallerWindow::TypeWithoutPause(const Strokes& strokes) {
   return moved;
 }
 
-// Through the queue, past a loop that makes characters of keys, or straight to a control: what is
-// typed while the window comes up does nothing.
+// Typing while the window appears has no effect, whether it comes through the queue, through a loop
+// that translates keys to characters, or directly to a control.
 TEST_F(CallerWindow, AKeyMeantForAnotherWindowDoesNothing) {
   for (const WPARAM key : {VK_SPACE, VK_RETURN, VK_ESCAPE, VK_TAB, VK_RIGHT}) {
     EXPECT_EQ(TypeWithoutPause([&](const auto& check) {
@@ -183,8 +183,8 @@ TEST_F(CallerWindow, AKeyMeantForAnotherWindowDoesNothing) {
             "");
 }
 
-// A key that was down before the window came, and is let go or repeated in it; and the next call in
-// the same window.
+// A key that was down before the window appeared and is released or repeated in it; also for the
+// next call in the same window.
 TEST_F(CallerWindow, AHeldKeyDoesNothingHoweverLong) {
   const auto isUnmoved = [&] { return m_window.IsVisible() && GetFocus() == Button(IDOK); };
   RingAndWait(0);

@@ -57,12 +57,12 @@ class OptionsPage : public testing::Test {
     return window;
   }
   HWND Control(int id) { return FindControl(Window(), id); }
-  // Whether the page uses the key that its focused control is about to get.
+  // Whether the page uses the key that its focused control is about to receive.
   bool Uses(UINT message, WPARAM key) {
     MSG typed = {GetFocus(), message, key, 1, 0, {}};
     return m_keys->TranslateAccelerator(&typed) == S_OK;
   }
-  // As Outlook asks: by the published id.
+  // Calls by the published id, as Outlook does.
   HRESULT Ask(DISPID id, WORD flags, _variant_t& result) {
     DISPPARAMS none = {};
     return m_page->Invoke(id, IID_NULL, 0, flags, &none, &result, nullptr, nullptr);
@@ -152,7 +152,7 @@ TEST_F(OptionsPage, ShowsItsPanelWhereTheContainerSays) {
   EXPECT_TRUE(IsWindowVisible(Control(IDC_OPTIONS_ABOUT)));
   EXPECT_TRUE(GetWindowLongPtrW(Window(), GWL_EXSTYLE) & WS_EX_CONTROLPARENT);
 
-  // The lowest control lies inside the size the page asks for.
+  // The lowest control lies within the size that the page requests.
   RECT lowest = {};
   GetWindowRect(Control(IDC_OPTIONS_ABOUT), &lowest);
   MapWindowPoints(nullptr, Window(), reinterpret_cast<POINT*>(&lowest), 2);
@@ -233,7 +233,7 @@ TEST_F(OptionsPage, SurvivesAContainerThatIsGoneFirst) {
   m_page->AddRef();
   IDispatch* last = m_page;
   LetGo();
-  EXPECT_EQ(m_stage.addin.references, 2u);  // the page keeps what it needs
+  EXPECT_EQ(m_stage.addin.references, 2u);  // the page holds what it needs
   last->Release();
 }
 
@@ -243,7 +243,7 @@ TEST_F(OptionsPage, ARefusedActivationLeavesNothingOpen) {
   EXPECT_TRUE(FAILED(m_object->DoVerb(OLEIVERB_SHOW, nullptr, nullptr, 0, nullptr, nullptr)));
   EXPECT_EQ(m_container.active, 0);
   EXPECT_EQ(Window(), nullptr);
-  // Without any site it needs a parent.
+  // Without a site it needs a parent.
   m_object->SetClientSite(nullptr);
   EXPECT_TRUE(FAILED(m_object->DoVerb(OLEIVERB_SHOW, nullptr, nullptr, 0, nullptr, nullptr)));
   EXPECT_EQ(m_object->DoVerb(OLEIVERB_SHOW, nullptr, nullptr, 0, m_stage.outlook, nullptr), S_OK);
@@ -262,7 +262,7 @@ TEST_F(OptionsPage, WithoutValuesThereIsNoPage) {
   IDispatch* page = nullptr;
   EXPECT_ANY_THROW(Make(&page));
   EXPECT_EQ(page, nullptr);
-  EXPECT_EQ(m_stage.addin.references, 2u);  // the other page's
+  EXPECT_EQ(m_stage.addin.references, 2u);  // held by the other page
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ constexpr int kAllDialogs[] = {
     IDD_MESSAGE,          IDD_CALLER,        IDD_LOADING, IDD_SPEED_DIAL_REGIST,
     IDD_SPEED_DIAL_ERASE, IDD_OPTIONS_PANEL, IDD_OPTIONS, IDD_ABOUT};
 
-// The texts that this language itself has: the loader would fill gaps with English.
+// The texts that exist in this language; the loader would take missing ones from English.
 std::map<int, std::wstring> OwnTexts(const Language& language) {
   std::map<int, std::wstring> texts;
   HMODULE module = GetModuleHandleW(nullptr);
@@ -91,7 +91,7 @@ Template CopyOf(const CDialogStage& stage, int id) {
   return {};
 }
 
-// What the font's size in an extended template stands behind: header, menu, class and title.
+// Offset of the font size in an extended template, after header, menu, class and title.
 size_t PointSizeIn(const Template& dialog) {
   size_t at = 26;
   const auto word = [&dialog](size_t offset) {
@@ -111,9 +111,8 @@ size_t PointSizeIn(const Template& dialog) {
   return at;
 }
 
-// A dialog as a user of this language sees it. Every size follows from the font's, so that at 96
-// dots per inch a font twice as large makes the dialog that the screen of twice the dots would
-// show.
+// A dialog as a user of this language sees it. All sizes depend on the font size, so a font twice
+// as large at 96 dpi gives the dialog as on a 192 dpi screen.
 class COpenDialog {
  public:
   COpenDialog(const CDialogStage& stage, int id, int percent = 100) {
@@ -140,8 +139,8 @@ class COpenDialog {
   HWND m_window;
 };
 
-// What the text needs and what the control offers, in pixels. Fonts differ from one Windows to the
-// next: a tenth must be left over.
+// Compares the text's width with the control's, in pixels. A tenth must be left over, because fonts
+// vary between Windows versions.
 void ExpectFits(HWND control, const std::wstring& text, int percent, const std::string& where) {
   RECT room = {};
   GetClientRect(control, &room);
@@ -167,7 +166,7 @@ std::string Place(const Language& language, int dialog, int control) {
          std::to_string(control);
 }
 
-// Each dialog with the texts it has, and with those that it is given.
+// Checks each dialog with its own texts and with those that are set at run time.
 void ExpectTextsFit(const CDialogStage& stage, const Language& language, int percent) {
   const auto place = [&](int dialog, int control) {
     return Place(language, dialog, control) + ", " + std::to_string(percent) + " %";
@@ -245,8 +244,8 @@ TEST(DialogTemplates, HaveTheSameLayoutInEveryLanguage) {
   }
 }
 
-// The letter that, with Alt, reaches or presses the control: the one after "&", of a button without
-// one the first. NUL for a control that has none.
+// The letter that reaches or presses the control with Alt: the one after "&"; for a button without
+// "&" the first letter. NUL if there is none.
 wchar_t AccessKey(HWND control) {
   const std::wstring text = TextOf(control);
   const size_t mark = text.find(L'&');
@@ -257,7 +256,7 @@ wchar_t AccessKey(HWND control) {
   return letter;
 }
 
-// The panel stands inside the options window, whose keys it shares.
+// The panel is inside the options window, so they share their access keys.
 TEST(DialogTemplates, AccessKeysDiffer) {
   CDialogStage stage;
   for (const Language& language : kLanguages) {
@@ -275,7 +274,7 @@ TEST(DialogTemplates, AccessKeysDiffer) {
   }
 }
 
-// Tab goes down the dialog, and along a row from left to right; buttons last.
+// The tab order goes down the dialog, along a row from left to right, and ends with the buttons.
 TEST(DialogTemplates, TabFollowsTheEye) {
   CDialogStage stage;
   for (const int id : kAllDialogs) {
@@ -293,7 +292,8 @@ TEST(DialogTemplates, TabFollowsTheEye) {
   }
 }
 
-// A screen reader names a field by the text before it, and its access key works through that text.
+// A screen reader names a field by the label before it, and the label's access key leads to the
+// field.
 TEST(DialogTemplates, EveryFieldFollowsItsLabel) {
   CDialogStage stage;
   for (const Language& language : kLanguages) {

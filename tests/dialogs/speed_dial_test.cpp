@@ -146,7 +146,7 @@ TEST_F(SpeedDial, IsUsedWithTheKeyboardAlone) {
   RunLoop();
   PressKey(VK_RETURN);
   EXPECT_EQ(m_store.erased, std::vector<size_t>{4});
-  EXPECT_GT(m_store.locksDuringErasure, 0);  // the key's hook is on the stack
+  EXPECT_GT(m_store.locksDuringErasure, 0);  // held by the key's hook
   EXPECT_FALSE(m_erase.IsVisible());
 }
 

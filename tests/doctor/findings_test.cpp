@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// A computer on which all is well: a 64-bit Outlook, the plug-in for everybody in both bitnesses.
+// A computer without problems: a 64-bit Outlook, and the add-in for all users in both bitnesses.
 Facts WellFacts() {
   Facts facts;
   facts.windows = "Windows 10";
@@ -41,7 +41,7 @@ TEST(FindingsTest, AWellComputerHasNone) {
   EXPECT_THAT(NamesOf(running), IsEmpty());
 }
 
-// What is spoilt on a well computer, and what is found then.
+// What is broken on a computer without problems, and the finding.
 struct Case {
   const char* expected;
   void (*spoil)(Facts& facts);
@@ -69,7 +69,7 @@ TEST(FindingsTest, EachFaultIsFoundAlone) {
          f.running.elevated = true;
        }},
       {"switched-off", [](Facts& f) { f.addInKeys[0].loadBehavior = 2; }},
-      // What the user chose counts before what is set for everybody.
+      // The user's choice takes precedence over the setting for all users.
       {"switched-off",
        [](Facts& f) {
          f.addInKeys.push_back({Scope::User, 0, 2});
@@ -134,7 +134,7 @@ TEST(FindingsTest, EachFaultIsFoundAlone) {
 }
 
 TEST(FindingsTest, OnlyTheBitnessOfAnOutlookCounts) {
-  // The 32-bit half may be gone, or be without its library, where Outlook has 64 bits.
+  // With a 64-bit Outlook, the 32-bit add-in or its library may be missing.
   Facts facts = WellFacts();
   facts.classes.pop_back();
   facts.addInKeys.pop_back();
@@ -145,7 +145,7 @@ TEST(FindingsTest, OnlyTheBitnessOfAnOutlookCounts) {
 }
 
 TEST(FindingsTest, AMissingNewOutlookIsNoFault) {
-  // Windows brings it along; it matters only when it is what the user has.
+  // Every Windows has it; it matters only if it is the user's choice.
   Facts facts = WellFacts();
   facts.newOutlookInstalled = true;
   EXPECT_THAT(NamesOf(facts), IsEmpty());

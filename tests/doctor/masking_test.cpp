@@ -18,7 +18,7 @@ TEST(MaskingTest, OneCallerStaysOneCallerInFramesAndText) {
                 "0x41, NumberLength: 0x0A, Number: 0551234567, LineTtype: 0x01"),
             "2009/03/07 08:05:09.043 NoNum: 0x01, NoName: 0x02, LongDistance: 0x01, Name[0]: 0x4E, "
             "NumberLength: 0x0A, Number: 0000000001, LineTtype: 0x01");
-  // Called back, and somebody else.
+  // The same number again, then another one.
   EXPECT_EQ(masking.Line("[S] (16) 2B 32 01 31 30 30 35 35 31 32 33 34 35 36 37 0D"),
             "[S] (16) 2B 32 01 31 30 30 30 30 30 30 30 30 30 30 31 0D");
   EXPECT_EQ(masking.Line("Call request Line1 (#0551234567) complete. ( request size: 13 )"),
@@ -54,7 +54,7 @@ TEST(MaskingTest, WhatIsNoNumberStays) {
 }
 
 TEST(MaskingTest, ABrokenFrameShowsNothing) {
-  // A caller-ID frame whose end is missing: its name and number are somewhere in it.
+  // A caller-ID frame without its end still contains a name and a number.
   CMasking masking;
   EXPECT_EQ(masking.Line("[I] (12) 26 03 21 04 41 4E 4E 41 20 31 32 33"),
             "[I] (12) 26 03 21 04 58 58 58 58 20 30 30 30");

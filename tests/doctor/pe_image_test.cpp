@@ -8,7 +8,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// A DLL of one section at file offset 0x200 and address 0x1000, with its exports at its start.
+// A DLL with one section at file offset 0x200 and address 0x1000 that starts with the exports.
 class CPeImageTest : public testing::Test {
  protected:
   CPeImageTest() : m_file(0x400) {
@@ -16,7 +16,7 @@ class CPeImageTest : public testing::Test {
     Dword(0x3C, 0x80);
     Dword(0x80, 0x4550);
     Machine(0x8664, 0x20B, 112);
-    Word(0x86, 1);  // sections
+    Word(0x86, 1);  // number of sections
     Word(0x94, 240);
     const size_t section = 0x98 + 240;
     Dword(section + 12, 0x1000);
@@ -60,18 +60,18 @@ TEST_F(CPeImageTest, TellsBitnessAndOrdinals) {
   EXPECT_EQ(image->bitness, 32);
   EXPECT_THAT(image->ordinals, ElementsAre(3, 4, 6));
 
-  Word(0x84, 0xAA64);  // for ARM
+  Word(0x84, 0xAA64);  // an ARM machine type
   EXPECT_EQ(ReadPeImage(m_file)->bitness, 0);
 }
 
 TEST_F(CPeImageTest, SurvivesWhatIsNoDll) {
   for (size_t size = 0; size < m_file.size(); ++size) {
-    ReadPeImage(std::span(m_file).first(size));  // cut anywhere
+    ReadPeImage(std::span(m_file).first(size));  // cut off anywhere
   }
   EXPECT_FALSE(ReadPeImage({}));
-  Dword(0x200 + 28, 0xFFFFFFF0);  // the table lies outside
+  Dword(0x200 + 28, 0xFFFFFFF0);  // the table lies outside the file
   EXPECT_THAT(ReadPeImage(m_file)->ordinals, IsEmpty());
-  Dword(0x200 + 28, 0x11FE);  // the table begins inside and leaves the file
+  Dword(0x200 + 28, 0x11FE);  // the table starts inside the file and leaves it
   Dword(0x200 + 20, 0xFFFFFFFF);
   EXPECT_TRUE(ReadPeImage(m_file));
   Word(0x98, 0x107);

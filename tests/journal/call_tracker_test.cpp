@@ -15,8 +15,8 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// Calls as the base tells them, and what is recorded: "slot in|out answered|missed seconds name
-// number", one line a call.
+// Feeds the base's reports and collects the recorded calls: "slot in|out answered|missed seconds
+// name number", one line per call.
 class CCallTrackerTest : public testing::Test,
                          private ITickClock,
                          private ILocalClock,
@@ -49,7 +49,7 @@ class CCallTrackerTest : public testing::Test,
                          std::string(call.number.begin(), call.number.end()));
   }
 
-  uint32_t m_tick = 0xFFFFF000;  // wraps during the tests
+  uint32_t m_tick = 0xFFFFF000;  // wraps around during the tests
   std::vector<std::string> m_recorded;
 
  protected:
@@ -93,7 +93,7 @@ TEST_F(CCallTrackerTest, AnEndThatIsNeverReported) {
   EXPECT_THAT(Recorded(), ElementsAre("0 in missed 0  111"));
   States(kStateInCall);
   Wait(5);
-  Ring(0, L"333");  // waits beside the call
+  Ring(0, L"333");  // waits while the other call goes on
   Ring(0, L"444");
   EXPECT_THAT(Recorded(), ElementsAre("0 in missed 0  333"));
   m_tracker.EndAll();
@@ -116,7 +116,7 @@ TEST_F(CCallTrackerTest, DialledCalls) {
   m_tracker.OnDial(1, {L"", L"667", ""});
   Wait(61);
   States(kStateIdle, kStateIdle);
-  States(kStateIdle, kStateInCall);  // on a handset, long after
+  States(kStateIdle, kStateInCall);  // dialled on a handset, long after
   Wait(2);
   States(kStateIdle, kStateIdle);
   EXPECT_THAT(Recorded(), ElementsAre("1 out answered 2  "));

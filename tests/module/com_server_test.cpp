@@ -25,7 +25,7 @@ VARIANT Long(LONG number) {
   return value;
 }
 
-// The server DLL as COM uses it: loaded, asked for classes, and let go.
+// Uses the server DLL as COM does: loads it, gets classes, unloads it.
 class CComServerTest : public testing::Test {
  protected:
   void SetUp() override {
@@ -78,7 +78,7 @@ class CComServerTest : public testing::Test {
     return id;
   }
 
-  // Calls as Office does: by name, with the arguments in reverse.
+  // Calls by name with the arguments in reverse order, as Office does.
   template <typename... Arguments>
   static HRESULT Call(IDispatch* object, const wchar_t* name, VARIANT* result,
                       Arguments... reversed) {
@@ -111,7 +111,7 @@ TEST_F(CComServerTest, MakesItsClassesAndNoOthers) {
   ASSERT_EQ(Factory(kPropertyPageClsid, &factory), S_OK);
   factory->LockServer(FALSE);
 
-  // This class throws.
+  // This class's creation throws.
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, &object), E_OUTOFMEMORY);
   EXPECT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, &object), E_UNEXPECTED);
   factory->Release();

@@ -4,7 +4,7 @@
 
 namespace quor {
 
-// One line per key and value, as a person would write it down.
+// Prints one line per key and value.
 void PrintTo(const RegistryKey& key, std::ostream* out) {
   *out << (key.root == RegistryRoot::Classes ? "HKCR\\" : "HKLM\\")
        << std::string(key.path.begin(), key.path.end()) << " removal "

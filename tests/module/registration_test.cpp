@@ -11,7 +11,7 @@
 namespace quor {
 namespace {
 
-// A registry in memory that fails at a chosen call.
+// A registry in memory that fails at a given call.
 class CMemoryRegistry final : public IRegistry {
  public:
   using Values = std::map<std::wstring, std::variant<std::wstring, uint32_t>>;
@@ -19,7 +19,7 @@ class CMemoryRegistry final : public IRegistry {
   void FailAt(int call) { m_callsUntilFailure = call; }
   void RegisterOtherBitness(const std::wstring& classKey) { m_otherBitness = classKey; }
 
-  // Every key, in order, with its values.
+  // All keys in order, with their values.
   std::string Dump() const {
     std::ostringstream dump;
     for (const auto& [path, values] : m_keys) {
@@ -74,7 +74,7 @@ class CMemoryRegistry final : public IRegistry {
     return 0;
   }
 
-  // As in a registration for everybody.
+  // As for all users.
   bool IsInCommon(const RegistryKey& key) const override {
     return key.root == RegistryRoot::Classes && !key.path.starts_with(L"CLSID\\");
   }
@@ -193,7 +193,7 @@ HKLM\Software\Microsoft\Office\Outlook\Addins
 
 TEST_F(CRegistrationTest, TakesAwayWhatItWroteAndNothingShared) {
   ApplyScripts(m_scripts, m_registry);
-  // Left in our class by an older version, and put by others where they should not.
+  // Entries under our class, left by an older version or by others.
   m_registry.Add(L"HKCR\\CLSID\\{DA593EC2-67C4-4602-B30E-3FEC47C1C55A}\\Old\\Deep");
   m_registry.Add(L"HKCR\\QuorTelephoneToolbar.Addin\\Foreign");
   EXPECT_EQ(RevokeScripts(m_scripts, m_registry), 0u);

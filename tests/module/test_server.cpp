@@ -1,5 +1,5 @@
-// A COM server of two classes under the product's identifiers. Its add-in can be connected to by
-// hand and no more; its options page cannot be made.
+// A COM server of two classes with the product's identifiers. Its add-in class only allows a
+// connection; its options page class fails to create an object.
 #include <new>
 
 #include "com/type_info_dispatch.h"

@@ -15,19 +15,19 @@ TEST(Placement, StaysInsideTheWorkAreaOfItsMonitor) {
   const ScreenArea second = {-1280, 0, 0, 984};
   EXPECT_EQ(CentreOver({-1380, 900, -1180, 1000}, 400, 200, second), (ScreenPoint{-1280, 784}));
   EXPECT_EQ(CentreOver({-100, -100, 40, 20}, 400, 200, second), (ScreenPoint{-400, 0}));
-  // Larger than the screen: the caption stays within reach.
+  // Larger than the screen: the title bar stays reachable.
   EXPECT_EQ(CentreOver(second, 2000, 1500, second), (ScreenPoint{-1280, 0}));
 }
 
 TEST(Placement, CallerWindowLeavesTheToolbarFree) {
-  // Tall enough to be centred.
+  // High enough to be centred.
   EXPECT_EQ(CentreBelowToolbar({0, 0, 1000, 900}, 400, 200, kWork), (ScreenPoint{300, 350}));
-  // A low Outlook window: below its toolbar, even beyond its lower edge.
+  // A low Outlook window: below its toolbar, even if that is below the window.
   EXPECT_EQ(CentreBelowToolbar({0, 100, 1000, 400}, 400, 200, kWork), (ScreenPoint{300, 300}));
-  // Outlook on the second monitor, larger than that: wholly visible there.
+  // Outlook on the second monitor and larger than it: completely visible there.
   EXPECT_EQ(CentreBelowToolbar({-1300, -20, 20, 1060}, 400, 200, {-1280, 0, 0, 984}),
             (ScreenPoint{-840, 420}));
-  // No room below: the screen's edge wins.
+  // No room below: the screen's edge limits it.
   EXPECT_EQ(CentreBelowToolbar({0, 800, 1000, 1040}, 400, 200, kWork), (ScreenPoint{300, 840}));
 }
 

@@ -27,7 +27,7 @@ XmlElement Parent(std::wstring name, std::vector<XmlElement> children) {
   return {std::move(name), {}, std::move(children)};
 }
 
-// A document with one section.
+// Reads a document with one section.
 DocumentFindings Read(XmlElement section, Configuration& configuration) {
   CFrenchSystem system;
   return ReadConfiguration(Parent(L"Root", {std::move(section)}), system, configuration);
@@ -166,14 +166,14 @@ TEST(ReadConfiguration, ReplacesTheListsAndToolbarsItFinds) {
   EXPECT_TRUE(configuration.histories.empty());
   EXPECT_EQ(configuration.callerLists.size(), 10u);
 
-  // Fields in any order, a missing one empty, strangers between.
+  // Fields in any order, an empty one, unknown ones between.
   Read(Parent(L"CallerLists",
               {Parent(L"CallerList", {Value(L"Number", L"5"), Value(L"Name", L"n")}),
                Parent(L"History", {Value(L"Number", L"6")}), Parent(L"CallerList", {})}),
        configuration);
   EXPECT_EQ(configuration.callerLists, (std::vector<CallEntry>{{L"n", L"", L"5"}, {}}));
 
-  // A section that comes twice goes on where it stopped.
+  // A repeated section continues the list.
   const XmlElement speedDials =
       Parent(L"SpeedDials", {Parent(L"SpeedDial", {Value(L"Number", L"1")})});
   CFrenchSystem system;

@@ -19,10 +19,10 @@ using testing::IsEmpty;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
-// A folder of its own with a configuration file in it.
+// A temporary folder with a configuration file.
 class CConfigurationFileTest : public testing::Test, protected ILogWriter {
  protected:
-  // A name that a URL would read differently.
+  // A URL would decode this name differently.
   void SetUp() override {
     ASSERT_EQ(CoInitialize(nullptr), S_OK);
     char temporary[MAX_PATH];
@@ -68,7 +68,7 @@ class CConfigurationFileTest : public testing::Test, protected ILogWriter {
     return content;
   }
 
-  // "LanguageNo" of what is read from the content; -1 when it cannot be read.
+  // "LanguageNo" as read from the content; -1 if it cannot be read.
   int LanguageIn(const std::string& content) {
     WriteContent(content);
     const auto root = m_file.Load(m_path);
@@ -141,7 +141,7 @@ TEST_F(CConfigurationFileTest, ReadsBackWhateverItSaves) {
   }
 }
 
-// As files were written before texts had a limit, and as somebody may make them.
+// Files from versions without text limits, or edited by users.
 TEST_F(CConfigurationFileTest, ReadsOverlongListsUpToTheirLimit) {
   const std::string name = std::string(250000, 'n');
   const auto list = [](const char* section, const std::string& entry, int count) {
@@ -231,7 +231,7 @@ TEST_F(CConfigurationFileTest, SetsAsideUnderTheFirstFreeNameAndOnlyOnce) {
                                                     "vex_cfg.bad2.xml", "vex_cfg.bad3.xml"));
   EXPECT_EQ(Content("vex_cfg.bad2.xml"), "second");
 
-  // Broken while Outlook runs, and mended again.
+  // Broken while Outlook runs, and then repaired.
   WriteContent("fourth");
   EXPECT_FALSE(m_file.LoadIfChanged(m_path));
   WriteContent("<Root/>");
@@ -243,7 +243,7 @@ TEST_F(CConfigurationFileTest, SetsAsideUnderTheFirstFreeNameAndOnlyOnce) {
 }
 
 TEST_F(CConfigurationFileTest, AFailedSaveLeavesTheOldFile) {
-  // Somebody holds the file in a way that it can be neither replaced nor renamed.
+  // Another program holds the file open, so that it can be neither replaced nor renamed.
   for (const std::string old : {"<Root/>", "broken"}) {
     WriteContent(old);
     m_file.Load(m_path);
@@ -269,7 +269,7 @@ TEST_F(CConfigurationFileTest, WhatTheFileHoldsAlreadyIsNotWrittenAgain) {
   Save();
   EXPECT_THAT(m_lines, IsEmpty());
   CloseHandle(holder);
-  // Somebody else's change is seen once, and what is written then replaces it.
+  // A change by another program is seen once; the next save replaces it.
   EXPECT_FALSE(m_file.LoadIfChanged(m_path));
   WriteContent("<Root/>");
   EXPECT_TRUE(m_file.LoadIfChanged(m_path));
@@ -313,7 +313,7 @@ TEST_F(CConfigurationFileTest, FindsItsPlaceAndLanguage) {
   EXPECT_THAT(path, testing::EndsWith("\\Microsoft\\AddIns\\vex_cfg.xml"));
   const std::string folder = path.substr(0, path.rfind('\\'));
   EXPECT_TRUE(GetFileAttributesA(folder.c_str()) & FILE_ATTRIBUTE_DIRECTORY) << folder;
-  // Wine's KERNEL32.DLL says English.
+  // Wine's KERNEL32.DLL is English.
   EXPECT_EQ(CSystemLanguage().LanguageNumber(), kEnglish);
 }
 

@@ -35,12 +35,12 @@ inline Configuration FullConfiguration() {
     full.callerLists.push_back(SampleCall(i));
   for (int i = 0; i < 9; ++i)
     full.speedDials.push_back({std::to_wstring(i), L"55"});
-  full.speedDials.push_back({});  // an unused entry keeps its place
+  full.speedDials.push_back({});  // an unused entry keeps its position
   return full;
 }
 
-// A text as it may come from a contact, the base or a keyboard, with everything that a file finds
-// hard to carry.
+// A text as from a contact, the base or the keyboard, with every kind of character that is hard to
+// store.
 inline std::wstring RandomText(std::mt19937& random) {
   static constexpr wchar_t kHard[] =
       L"\x00\x01\x08\t\n\r\x1f \"&'<>]\x7f\x85\xa0\xe9\x20ac"
@@ -56,7 +56,7 @@ inline std::wstring RandomText(std::mt19937& random) {
   return text;
 }
 
-// A configuration that the product can come to hold.
+// A configuration that the product may hold.
 inline Configuration RandomConfiguration(unsigned seed) {
   std::mt19937 random(seed);
   Configuration any;
@@ -82,7 +82,7 @@ inline Configuration RandomConfiguration(unsigned seed) {
   return any;
 }
 
-// Each is kept as it stands.
+// Each is stored unchanged.
 inline const wchar_t* const kAwkwardTexts[] = {
     L"<b>&amp;\"'</b>]]>",       L" leading and trailing ", L"   ",    L"tab\tand\nline",
     L"\u00e9\u0416\u4e2d\u20ac", L"\xd83d\xde00 pair",      L"%41%00",

@@ -10,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// A log that keeps its lines, a file in memory and a French Windows.
+// A collected log, a file in memory and a French Windows.
 class CSettingsTest : public testing::Test,
                       private ILogWriter,
                       private IConfigurationFile,
@@ -19,7 +19,7 @@ class CSettingsTest : public testing::Test,
  protected:
   void FileHolds(const Configuration& configuration) { m_file = WriteConfiguration(configuration); }
 
-  // The user edits the file: it holds what it did, changed.
+  // The user edits the file: applies a change to its content.
   template <typename Change>
   void EditByHand(Change change) {
     Configuration edited;
@@ -128,7 +128,7 @@ TEST_F(CSettingsTest, ADialogSeesWhatWasEditedByHand) {
   EXPECT_EQ(values.mainToolBar.left, 77);
   EXPECT_EQ(m_listChanges, 1);
 
-  // The same value changed in both: what the user wrote last, he sees.
+  // The same value changed in both: the file's value is used.
   values.delayBtnEvent = 100;
   EditByHand([](Configuration& file) { file.delayBtnEvent = 200; });
   m_settings.Load();
@@ -136,7 +136,7 @@ TEST_F(CSettingsTest, ADialogSeesWhatWasEditedByHand) {
   EXPECT_EQ(values.popUpModes[0], 2) << "still not saved";
   EXPECT_EQ(m_listChanges, 1);
 
-  // What the file no longer mentions is no change.
+  // A value missing in the file is unchanged.
   m_file = XmlElement{L"Root", {}, {}};
   m_settings.Load();
   EXPECT_EQ(values.delayBtnEvent, 200);
@@ -162,7 +162,7 @@ TEST_F(CSettingsTest, ASaveKeepsWhatWasEditedByHand) {
   EXPECT_EQ(values.speedDials, InFile().speedDials);
   EXPECT_EQ(m_listChanges, 1);
 
-  // Known from here on: memory's later changes are written.
+  // The file's entry is known from here on: memory's later changes are written.
   values.speedDials[0].number = L"110";
   m_settings.Save();
   EXPECT_EQ(InFile().speedDials[0].number, L"110");

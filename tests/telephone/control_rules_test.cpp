@@ -2,8 +2,8 @@
 
 #include "telephone_desk.h"
 
-// What the buttons say, whether they may be used, and what a click does: over every state, both
-// generations of Outlook and every line a call can come in on.
+// Captions, enabled flags and clicks of the buttons agree, for every state, with and without
+// ribbon, and for every line that a call can arrive on.
 
 namespace quor {
 namespace {
@@ -50,7 +50,7 @@ void Set(CTelephoneDesk& desk, const Situation& s) {
   desk.state.caller.cidLine = s.cidLine;
 }
 
-// Clicks and tells from the outside what came of it.
+// Clicks and returns the visible effect.
 Deed Click(CTelephoneDesk& desk, uint8_t lineType) {
   const auto slot = static_cast<size_t>(SlotFromLineType(lineType));
   desk.records.dial[slot] = {};
@@ -112,7 +112,7 @@ Deed PromisedBy(Says says, bool ribbon) {
   return Deed::Nothing;
 }
 
-// The cases listed in docs/telephone-rules.md under "Buttons that do nothing", no more, no less.
+// The cases listed in docs/telephone-rules.md under "Buttons that do nothing", and no others.
 bool IsListed(const Situation& s, int button, bool withAnswer, bool ribbon) {
   const uint8_t own = s.Of(button);
   const bool announced = withAnswer && s.cidLine == kButtonLines[button] && !s.OtherInCall(button);
@@ -143,7 +143,7 @@ TEST_P(LineButtons, SayDoAndKeepTheirWord) {
             << s << " button " << button;
         ASSERT_EQ(IsControlEnabled(desk.state, kButtonControls[button], withAnswer), enabled)
             << s << " button " << button;
-        // No button ever says "Answer" unless a click on it, and it can be clicked, answers.
+        // A button that shows "Answer" is enabled, and a click on it answers.
         if (says == Says::Answer) {
           ASSERT_TRUE(enabled && deed == Deed::Answer) << s;
         }

@@ -10,7 +10,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::Not;
 
-// Line1 is held and dials.
+// Takes Line1, which then dials.
 void Hold(CTelephoneDesk& desk, uint8_t lineType = 1) {
   desk.SetStates(lineType == 1 ? 5 : 2, lineType == 2 ? 5 : 2, lineType >= 17 ? 5 : 2);
   desk.state.cellDialLine = lineType >= 17 ? lineType : 0;
@@ -141,7 +141,7 @@ TEST(DialList, APickedEntryShowsItsTextAndDialsItsNumber) {
   EXPECT_THAT(desk.Deeds(), Contains("box 'Home'"));
   EXPECT_EQ(desk.configuration.histories.front(), (CallEntry{L"Home", L"", L"22F"}));
 
-  // What the list does not have was typed.
+  // An index outside the list counts as typed.
   for (const int index : {-1, 4, 1000})
     EXPECT_FALSE(desk.phone.Dialler().DialCall(index, L"Home"));
   EXPECT_TRUE(desk.phone.Dialler().DialCall(4, L"33"));
@@ -159,7 +159,7 @@ TEST(Ribbon, NumberFirstThenTheLine) {
   desk.SetStates(1, 1, 1);
   desk.configuration.histories = {{L"Office", L"", L"11"}};
   desk.phone.Dialler().StoreBoxText(L"Office");
-  // The list moves under the text after it was picked.
+  // The list changes after the text was picked.
   desk.configuration.histories.insert(desk.configuration.histories.begin(), {L"9", L"", L"9"});
   EXPECT_TRUE(desk.phone.Lines().Click(19));
   EXPECT_EQ(Sent(desk, 4), "11");

@@ -112,8 +112,8 @@ TEST(Events, WithoutASlotOrWithoutANameDoNothing) {
   EXPECT_THAT(desk.Deeds(), ElementsAre());
 }
 
-// Whatever a base can send, in any order, mixed with clicks: nothing breaks, and 100,000 calls
-// leave no more behind than ten.
+// Anything a base can send, in any order, mixed with clicks: nothing breaks, and 100,000 calls
+// leave no more data than ten.
 TEST(Soak, AnythingInAnyOrder) {
   for (const int version : {kToolbarVersion, kRibbonVersion}) {
     CTelephoneDesk desk(version);

@@ -42,7 +42,7 @@ TEST(IncomingCall, FormsThatFailAreLoggedAfterTheCallIsRecorded) {
   }
 }
 
-// Which of the six modes counts: by the line, or for a cell by the unit number of the report.
+// Which of the six modes applies: by the line, or for a cell by the report's unit number.
 TEST(CallerDisplay, EverySlotHasItsOwnMode) {
   const struct {
     uint8_t lineType, unitNo;

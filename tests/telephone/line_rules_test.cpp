@@ -2,13 +2,13 @@
 
 #include "telephone_desk.h"
 
-// The rules of the lines over every state, against a second statement of them: line by line as a
-// person would tell them, where the product has a table.
+// Checks the line rules for every state against a second formulation: line by line in code, where
+// the product has a table.
 
 namespace quor {
 namespace {
 
-constexpr uint8_t kStates = 7;  // 0 to 6: every named state and one that has no name
+constexpr uint8_t kStates = 7;  // 0 to 6: the named states and an unknown one
 constexpr uint8_t kCellSub = 0x0A;
 
 struct Telling {
@@ -18,7 +18,7 @@ struct Telling {
   bool clears;
 };
 
-// A line is held: the other two are reported as a and b.
+// A line is held; the other two are reported as a and b.
 void TellHeld(Telling& t, uint8_t TelephoneRecord::*a, uint8_t reportedA,
               uint8_t TelephoneRecord::*b, uint8_t reportedB, uint8_t dial) {
   t.live.*a = reportedA == 1 ? 2 : reportedA;
@@ -60,7 +60,7 @@ Telling TellRibbon(Telling t, uint8_t l1, uint8_t l2, uint8_t dial, uint8_t c, u
   return t;
 }
 
-// Calls `body` with every triple of states.
+// Calls `body` with every combination of three states.
 template <typename Body>
 void EveryTriple(Body body) {
   for (uint8_t a = 0; a < kStates; ++a) {
@@ -103,9 +103,8 @@ TEST_P(LineReports, EveryReportOnEveryRecord) {
 INSTANTIATE_TEST_SUITE_P(BothGenerations, LineReports,
                          testing::Values(kToolbarVersion, kRibbonVersion));
 
-// Whatever the base reports of the others while a line is held, letting go brings back the record
-// as it was saved, with the others as last reported; a report that moves the held line ends the
-// hold.
+// Whatever is reported for the other lines while a line is held, releasing it restores the saved
+// record with the last reports for the others. A report that changes the held line ends the hold.
 TEST(HeldLine, SurvivesIdleReportsOnlyAndComesBackWhole) {
   CTelephoneDesk desk;
   desk.BeQuiet();
@@ -124,7 +123,7 @@ TEST(HeldLine, SurvivesIdleReportsOnlyAndComesBackWhole) {
         ASSERT_EQ(desk.state.savedState, start);
         for (const auto any : lines)
           ASSERT_NE(desk.state.record.*any, 1);
-        // Another line that the base itself reports as taken holds nothing of ours.
+        // Skip a line that the base itself reports as taken: it is not held by the add-in.
         if (s1 == 5 || s2 == 5 || sc == 5) continue;
 
         desk.phone.Lines().SetUSBState(l1, l2, 0, c, 9);
@@ -146,7 +145,7 @@ TEST(LineState, TakesAndReleasesOnceADebounceTime) {
   CLineControl& lines = desk.phone.Lines();
   desk.configuration.delayBtnEvent = 500;
   desk.SetStates(1, 1, 1);
-  desk.state.lastLineClickTime = 0xFFFFFF00;  // the tick wraps
+  desk.state.lastLineClickTime = 0xFFFFFF00;  // the tick count wraps around
   for (const uint32_t tooSoon : {0xFFFFFF00u, 0xFFFFFFF0u, 500u - 0x100u - 1u}) {
     desk.tick = tooSoon;
     EXPECT_FALSE(lines.SetLineState(1, 5)) << tooSoon;
@@ -160,7 +159,7 @@ TEST(LineState, TakesAndReleasesOnceADebounceTime) {
   desk.tick += 1;
   EXPECT_TRUE(lines.SetLineState(1, 1));
 
-  // Refused, but each accepted click counts for the debounce.
+  // Refused, but each of these clicks restarts the debounce time.
   for (const uint8_t refused : Bytes{1, 0, 2, 3, 4, 6, 255}) {
     desk.tick += 500;
     EXPECT_FALSE(lines.SetLineState(1, refused)) << +refused;

@@ -16,7 +16,7 @@ std::string Show(const CallerValue& value) {
 
 }  // namespace
 
-// The state is the telephone's own; only the tests may put it into any shape they like.
+// The telephone owns its state; only tests modify it directly.
 CTelephoneDesk::CTelephoneDesk(int appVersion)
     : phone(
           {records, *this, *this, *this, *this, *this, *this, configuration, *this, *this, m_log}),
@@ -99,7 +99,7 @@ void CTelephoneDesk::Follow(uint8_t line1, uint8_t line2, uint8_t cell) {
   Note("follow " + std::to_string(line1) + std::to_string(line2) + std::to_string(cell));
 }
 
-// The entry ID of a fake contact is the number it was found by.
+// The entry ID of a fake contact is the number that found it.
 std::optional<CallerMatch> CTelephoneDesk::Look(const std::map<std::string, Contact>& where,
                                                 const char* what, std::string_view number,
                                                 bool check) {

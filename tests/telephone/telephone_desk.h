@@ -18,8 +18,8 @@ using Bytes = std::initializer_list<uint8_t>;
 inline constexpr int kToolbarVersion = 11;
 inline constexpr int kRibbonVersion = 14;
 
-// A telephone on the desk: everything it does outside itself is one line of the journal, in order,
-// log lines included ("log: ..." without the line feed).
+// A telephone whose every effect becomes one line of a journal, in order, log lines included ("log:
+// ..." without the line feed).
 class CTelephoneDesk final : private ILogWriter,
                              private IMessageQueue,
                              private ITelephoneControls,
@@ -34,12 +34,12 @@ class CTelephoneDesk final : private ILogWriter,
 
   // The journal since the last call.
   std::vector<std::string> Journal();
-  // The same without the log lines.
+  // The same without log lines.
   std::vector<std::string> Deeds();
-  // For the loops over everything: no journal, no log.
+  // For exhaustive loops: no journal, no log.
   void BeQuiet();
 
-  // A record as the base would leave it, and its event.
+  // Writes a record as the base does and raises its event.
   void Status(uint8_t line1, uint8_t line2, uint8_t cell, uint8_t dial = 0, uint8_t cellSub = 0,
               uint8_t result = 0);
   void Ring(uint8_t lineType);
@@ -54,16 +54,16 @@ class CTelephoneDesk final : private ILogWriter,
     FormResult form = FormResult::Shown;
   };
 
-  // What tests set.
+  // Inputs that tests set.
   DeviceRecords records;
   Configuration configuration;
   uint32_t tick = 1000000;
   bool postsFail = false;
-  int posts = 0;                            // how many there were
-  std::map<std::string, Contact> found;     // by the number FindPhoneNumber is asked for
-  std::map<std::string, Contact> searched;  // by the number SearchPhoneNumber is asked for
+  int posts = 0;                            // number of posts
+  std::map<std::string, Contact> found;     // by the number given to FindPhoneNumber
+  std::map<std::string, Contact> searched;  // by the number given to SearchPhoneNumber
   FormResult newForm = FormResult::Shown;
-  std::function<void()> whileLookingUp;  // what a pumping look-up lets in
+  std::function<void()> whileLookingUp;  // runs inside a look-up that pumps messages
 
  private:
   CDiagnosticLog m_log{*this};

@@ -19,7 +19,7 @@ namespace quor {
 
 inline constexpr wchar_t kBarName[] = L"Telephone Plug-in";
 
-// What the toolbar told, as one line each.
+// Records the toolbar's calls, one line each.
 struct CNotedActions final : IToolbarActions {
   void ClickLine(uint8_t lineType) override { Note("line " + std::to_string(lineType)); }
   void ClickCell(int) override {}
@@ -34,15 +34,15 @@ struct CNotedActions final : IToolbarActions {
   std::vector<std::string> noted;
 };
 
-// A command-bar toolbar in the stand-in's command bars: what the add-in does, what the user sees
-// and does, and what is left behind.
+// A command-bar toolbar in the stand-in's command bars: the add-in's calls, the user's actions, and
+// what is left behind.
 class CBarStage : protected IFaceSource {
  public:
   CBarStage();
   virtual ~CBarStage() = default;
 
   void Create(const ToolBarRecord& place = {});
-  // Everything that start-up fills in.
+  // Fills everything that start-up fills.
   void Fill();
 
   workbench::BarFace Bar() const;

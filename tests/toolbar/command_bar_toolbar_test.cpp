@@ -55,7 +55,7 @@ TEST_F(CommandBarToolbar, ASecondFillMakesNoNewItemsAndHardlyAnyCalls) {
   EXPECT_TRUE(Face({L"Call from cell", L"Cell3"}).enabled);
 }
 
-// Should Office report our own setting as a change, it is none.
+// If Office reports our own setting as a change, it is ignored.
 TEST_F(CommandBarToolbar, ItsOwnTextIsNoChange) {
   Create();
   const std::vector<std::wstring> box = {L"Telephone Dial Tag"};
@@ -86,12 +86,12 @@ TEST_F(CommandBarToolbar, ComesBackWhereItWas) {
   EXPECT_EQ(Bar().position, kBarIsFloating);
   EXPECT_EQ(Bar().left, 100);
   EXPECT_EQ(Bar().top, 200);
-  // From a monitor that is gone.
+  // Positions on a monitor that is gone.
   place.left = 99999;
   toolbar.Delete();
   Create(place);
   EXPECT_LT(Bar().left, GetSystemMetrics(SM_CXSCREEN));
-  // Hidden by the user.
+  // The user hides the bar.
   bars->ShowBar(kBarName, false);
   toolbar.SavePlace(place);
   toolbar.Delete();
@@ -105,7 +105,7 @@ TEST_F(CommandBarToolbar, LeavesNothingBehind) {
   toolbar.Release();
   EXPECT_TRUE(model.AdvisedSinks().empty());
   EXPECT_TRUE(model.HeldFromOutside().empty());
-  EXPECT_TRUE(Bar().visible);  // Outlook takes a temporary bar away itself
+  EXPECT_TRUE(Bar().visible);  // Outlook deletes a temporary bar itself
   toolbar.Redraw();
   Fill();
   ToolBarRecord place;
@@ -121,8 +121,8 @@ std::vector<size_t> ItemCounts(const CBarStage& stage) {
 const std::vector<size_t> kComplete = {7, 4, 10, 10, 4};
 const std::vector<size_t> kNone = {0, 0, 0, 0, 0};
 
-// Every call fails once, at start-up: either the bar is complete or there is none, and nothing is
-// held. What follows works as if nothing had happened.
+// Each call of the start-up fails once: afterwards the bar is complete or missing, and nothing is
+// held. Later operations work.
 TEST_F(CommandBarToolbar, SurvivesEveryFailure) {
   for (uint64_t call = 1;; ++call) {
     model.AddFault({"*", call, call, E_FAIL});
@@ -147,7 +147,7 @@ TEST_F(CommandBarToolbar, SurvivesEveryFailure) {
   }
 }
 
-// A status report arrives inside any call: what it brought is what is shown in the end.
+// A status report arrives inside each call: the newest state is shown in the end.
 TEST_F(CommandBarToolbar, ShowsTheNewestStateWhenARedrawInterruptsAnother) {
   for (uint64_t call = 1;; ++call) {
     bool interrupted = false;
@@ -181,7 +181,7 @@ TEST_F(CommandBarToolbar, ShowsTheNewestStateWhenARedrawInterruptsAnother) {
   }
 }
 
-// Outlook handles messages inside any call, and one of them may be the shutdown.
+// Outlook pumps messages inside any call, and one of them may shut the add-in down.
 TEST_F(CommandBarToolbar, MayBeReleasedInTheMiddleOfAnyCall) {
   for (uint64_t call = 1;; ++call) {
     bool released = false;

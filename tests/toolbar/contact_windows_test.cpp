@@ -27,7 +27,7 @@ constexpr char kCards[] =
     "BEGIN:VCARD\nVERSION:4.0\nFN:Bob\nEND:VCARD\n"
     "BEGIN:VCARD\nVERSION:4.0\nFN:Team\nKIND:group\nMEMBER:x\nEND:VCARD\n";
 
-// Every window with command bars of its own, whose controls share the process's tags.
+// Gives every window its own command bars; the controls of all windows share tags.
 class CBarsFace final : public workbench::IOutlookFace {
  public:
   IDispatch* CommandBarsOf(workbench::CInspector& inspector) override {
@@ -111,7 +111,7 @@ class ContactWindows : public testing::Test,
     return captions;
   }
   void Click(const Inspector& window, std::vector<std::wstring> path) { Bars(window).Click(path); }
-  // Nothing of any window is held: what is left is what was held before the first.
+  // Whether no more is held than before the first window.
   bool NothingHeld() {
     return m_outlook.Held() == m_heldBefore && m_outlook.Model().Misuses().empty() &&
            m_outlook.Sinks().size() == 1;
@@ -176,7 +176,7 @@ TEST_F(ContactWindows, WithARibbonAreFollowedSilently) {
   EXPECT_EQ(m_invalidations, opened);
   m_windows.Refresh();
   EXPECT_EQ(m_invalidations, opened + 1);
-  // A change that comes just before the end asks for nothing any more.
+  // A change just before the end requests nothing.
   m_outlook.ChangeContact("Anna Lee", "HomeTelephoneNumber", "4");
   m_outlook.CloseInspector(*anna);
   m_windows.Refresh();
@@ -194,7 +194,7 @@ TEST_F(ContactWindows, LeaveOtherItemsAlone) {
   EXPECT_TRUE(NothingHeld());
 }
 
-// Office sends a click to every control of the same tag, whichever window it is in.
+// Office sends a click to every control with the same tag in any window.
 TEST_F(ContactWindows, FiftyAreKeptApartAndLeaveNothing) {
   std::vector<Inspector> open;
   std::set<std::wstring> tags;
@@ -253,7 +253,7 @@ TEST_F(ContactWindows, CloseAllTakesTheBarsAway) {
   EXPECT_EQ(m_lines, "");
 }
 
-// What fails when the window is announced is made up for when it is activated or redrawn.
+// What fails when the window is announced is repeated when it is activated or redrawn.
 TEST_F(ContactWindows, SurviveEveryFailure) {
   workbench::CModel& model = m_outlook.Model();
   for (uint64_t call = 1;; ++call) {

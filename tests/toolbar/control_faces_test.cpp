@@ -29,8 +29,8 @@ TEST_F(ControlFaces, CellsAreEnabledByRegistrationAndAvailability) {
   state.caller.popupLine = 0x12;
   EXPECT_TRUE(Faces().Cell(0).enabled);
   EXPECT_TRUE(Faces().Cell(1).enabled);   // its pop-up is open
-  EXPECT_FALSE(Faces().Cell(2).enabled);  // registered, not available
-  EXPECT_FALSE(Faces().Cell(3).enabled);  // available, not registered
+  EXPECT_FALSE(Faces().Cell(2).enabled);  // registered but not available
+  EXPECT_FALSE(Faces().Cell(3).enabled);  // available but not registered
   EXPECT_EQ(Faces().Cell(3).caption, L"#1147");
   EXPECT_EQ(Faces().Cell(4).caption, L"");
 }

@@ -7,12 +7,12 @@
 
 namespace quor {
 
-// A table whose texts say which number was asked for.
+// A string table whose texts are the requested ids.
 struct CNumberedTexts final : IStringTable {
   std::wstring Text(int id) const override { return L"#" + std::to_wstring(id); }
 };
 
-// A telephone's state and lists, and what the controls show of them.
+// A telephone's state and lists, and the faces of the controls.
 struct FacesFixture {
   TelephoneState state{};
   Configuration configuration;

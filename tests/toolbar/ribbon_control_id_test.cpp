@@ -32,7 +32,7 @@ void Collect(const workbench::XmlElement& element, std::vector<Attributes>& all)
     Collect(child, all);
 }
 
-// The attributes of every element of a document.
+// The attributes of all elements of a document.
 std::vector<Attributes> Elements(const char* path) {
   std::vector<Attributes> all;
   Collect(workbench::ReadXml(ReadSource(path)), all);
@@ -53,7 +53,7 @@ INSTANTIATE_TEST_SUITE_P(Both, RibbonDocument,
                          testing::Values(Document{"src/resources/ribbon_explorer.xml", 7 * 71},
                                          Document{"src/resources/ribbon_contact.xml", 84}));
 
-// What each element says agrees with what the add-in makes of its id.
+// Each element's attributes agree with what the add-in parses from its id.
 TEST_P(RibbonDocument, EveryControlIsUnderstood) {
   const std::map<std::string, std::set<RibbonFunction>> actions = {
       {"Line1Clicked", {RibbonFunction::Line1}},
@@ -85,7 +85,7 @@ TEST_P(RibbonDocument, EveryControlIsUnderstood) {
   EXPECT_EQ(controls, GetParam().controls);
 }
 
-// Office asks for callbacks by these names.
+// Office looks the callbacks up by these names.
 TEST_P(RibbonDocument, EveryCallbackIsInTheTypeLibrary) {
   const std::string idl = ReadSource("src/module/quor_telephone_toolbar.idl");
   for (const Attributes& element : Elements(GetParam().path)) {

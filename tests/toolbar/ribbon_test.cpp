@@ -21,7 +21,7 @@ struct CNoContacts final : IContactRibbon {
   bool IsContactWindow(IDispatch*) override { return false; }
   void ClickLine(IDispatch*, uint8_t) override {}
 
-  std::function<void()> whileAsked;  // what a pumping answer lets in
+  std::function<void()> whileAsked;  // runs inside a callback that pumps messages
 };
 
 struct CCountedPosts final : IMessageQueue {
@@ -33,7 +33,7 @@ struct CCountedPosts final : IMessageQueue {
   int refreshes = 0;
 };
 
-// Office's ribbon object, as much of it as is called.
+// The part of Office's ribbon object that is called.
 class CRibbonCounter final : public IDispatch {
  public:
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
@@ -133,7 +133,7 @@ TEST_F(Ribbon, PicturesAreBitmapsAndMadeOnce) {
 TEST_F(Ribbon, InvalidatesEveryRibbonOnceUntilOfficeHasAsked) {
   CRibbonCounter explorer;
   CRibbonCounter contact;
-  explorer.fails = true;  // and the other is still told
+  explorer.fails = true;  // the other ribbon is still invalidated
   for (IDispatch* ribbon : {static_cast<IDispatch*>(&explorer), static_cast<IDispatch*>(&explorer),
                             static_cast<IDispatch*>(nullptr)}) {
     EXPECT_EQ(m_ribbon.Load(ribbon, RibbonWindow::Explorer), S_OK);
@@ -155,7 +155,7 @@ TEST_F(Ribbon, InvalidatesEveryRibbonOnceUntilOfficeHasAsked) {
   EXPECT_EQ(contact.invalidations, 4);
   EXPECT_EQ(explorer.invalidations, 3);
 
-  // What changes inside a question waits for its end, however deep the questions are nested.
+  // A change inside a callback is deferred to its end, also for nested callbacks.
   m_contacts.whileAsked = [&] {
     m_contacts.whileAsked = [&] { m_ribbon.Invalidate(); };
     Label(L"MenuHome");

@@ -19,7 +19,7 @@ CallerIdReport Caller(uint8_t lineType, const std::string& number = {}) {
   return caller;
 }
 
-// Notes each indication by its type; a status with its result and the three states: "status 0 1 1
+// Records each indication by its type; a status with its result and the three states: "status 0 1 1
 // 1".
 class BelievableBase : public testing::Test, IIndicationLine {
  protected:

@@ -29,7 +29,7 @@ CValue OnePixel() {
   return value;
 }
 
-// An explorer's command bars, seen from the add-in (m_remote) and from the user (m_bars).
+// An explorer's command bars for the add-in (m_remote) and for the user (m_bars).
 class CommandBars : public testing::Test {
  protected:
   CRemote AddBar(const wchar_t* name) {
@@ -79,7 +79,7 @@ TEST_F(CommandBars, FindControlAnswersNothingRatherThanFailing) {
   EXPECT_FALSE(Find(4, L"One"));
   EXPECT_EQ(CRemote::lastCode, S_OK);
   EXPECT_FALSE(Find(1, L"one"));
-  // Hidden bars are left out only when asked for; a bar itself looks deeper only when asked for.
+  // Hidden bars are skipped, and a bar searches its popups, only on request.
   EXPECT_FALSE(m_remote.Object(L"FindControl", {1, kMissing, L"One", true}));
   EXPECT_FALSE(bar.Object(L"FindControl", {1, kMissing, L"One"}));
   EXPECT_TRUE(bar.Object(L"FindControl", {1, kMissing, L"One", false, true}));

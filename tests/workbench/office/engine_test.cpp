@@ -132,7 +132,7 @@ TEST_F(CEngineTest, ConnectionPointsKeepTheRules) {
   EXPECT_EQ(sink.References(), 1u);
   ASSERT_EQ(Advise(items, kItemsEventsId, sink, cookie), S_OK);
   EXPECT_EQ(sink.References(), 2u);
-  items = CRemote();  // the source goes, and its events with it
+  items = CRemote();  // releases the source and so its events
   EXPECT_EQ(sink.References(), 1u);
   Outlook().DeleteContact("Bob");
   EXPECT_THAT(sink.heard, IsEmpty());

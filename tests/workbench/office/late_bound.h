@@ -9,7 +9,7 @@
 
 namespace quor::workbench {
 
-// The test's side of COM: an object as an add-in sees it, called by name through IDispatch.
+// An object as an add-in sees it: called by name through IDispatch.
 class CRemote {
  public:
   CRemote() = default;
@@ -25,7 +25,7 @@ class CRemote {
   IDispatch* Raw() const noexcept { return m_object; }
   explicit operator bool() const noexcept { return m_object != nullptr; }
 
-  // The flags of a method or a property read. Failures become the result of LastCode.
+  // Calls a method or reads a property. LastCode returns the result of a failure.
   CValue Call(const wchar_t* member, std::vector<CValue> arguments = {}) const;
   CValue Get(const wchar_t* member) const;
   CValue Put(const wchar_t* member, CValue value, WORD flags = DISPATCH_PROPERTYPUT) const;
@@ -41,7 +41,7 @@ class CRemote {
   DISPID IdOf(const wchar_t* member) const;
   bool Answers(REFIID iid) const;
 
-  // What the last call of any object returned, and what stood in its exception record.
+  // The last call's result and the error in its exception record, for any object.
   static HRESULT lastCode;
   static HRESULT lastException;
 
@@ -49,7 +49,7 @@ class CRemote {
   IDispatch* m_object = nullptr;
 };
 
-// A sink that notes what it is told, "F001(object)" say, and can act in the middle of it.
+// A sink that records its events, such as "F001(object)", and can run an action inside them.
 class CTestSink final : public IDispatch {
  public:
   explicit CTestSink(REFIID events) : m_events(events) {}
@@ -72,7 +72,7 @@ class CTestSink final : public IDispatch {
   ULONG m_references = 1;
 };
 
-// Connects the sink to the source; the cookie, or the failure.
+// Connects the sink to the source; returns the error, or sets the cookie.
 HRESULT Advise(const CRemote& source, REFIID events, IUnknown& sink, DWORD& cookie);
 HRESULT Unadvise(const CRemote& source, REFIID events, DWORD cookie);
 

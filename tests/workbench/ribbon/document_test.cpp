@@ -10,7 +10,7 @@ namespace {
 const std::string kStart =
     "<customUI xmlns=\"http://schemas.microsoft.com/office/2006/01/customui\"";
 
-// A document around the content of one group on the mail tab.
+// Wraps the content in a document with one group on the mail tab.
 std::string InGroup(const std::string& content) {
   return kStart + "><ribbon><tabs><tab idMso=\"TabMail\"><group id=\"G\">" + content +
          "</group></tab></tabs></ribbon></customUI>";
@@ -57,7 +57,7 @@ TEST(RibbonDocument, AcceptsWhatOfficeAccepts) {
 
 struct Refused {
   std::string document;
-  const char* reason;  // a part of the message
+  const char* reason;  // part of the message
 };
 
 void ExpectRefused(const Refused& refused) {

@@ -9,12 +9,12 @@
 namespace quor::workbench {
 namespace {
 
-// An add-in's callback object: names from a map, and a note of every call.
+// An add-in's callback object: names from a map, and a record of every call.
 class CCallbacks final : public IDispatch {
  public:
   using Answer = std::function<CValue(const DISPPARAMS&)>;
 
-  // Ids follow from the order in which callbacks are set.
+  // Ids are assigned in this order.
   void Set(const wchar_t* name, Answer answer) { m_answers.emplace_back(name, std::move(answer)); }
   std::vector<std::wstring> called;  // "GetLabel One"
   HRESULT code = S_OK;

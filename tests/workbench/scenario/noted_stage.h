@@ -9,7 +9,7 @@
 
 namespace quor::workbench {
 
-// A stage without an add-in: writes down what is asked of it and answers what the test lays out.
+// A stage without an add-in: records its calls and returns what the test has set.
 class CNotedStage final : public IHostStage,
                           public IBaseStage,
                           public IOutlookStage,
@@ -22,7 +22,7 @@ class CNotedStage final : public IHostStage,
  public:
   std::vector<std::string> notes;
 
-  // Answers.
+  // Results.
   uint32_t result = 0;
   int version = 11;
   std::vector<Bytes> written;
@@ -36,11 +36,11 @@ class CNotedStage final : public IHostStage,
   std::vector<std::string> xml;
   std::optional<std::string> registry;
   ResourceUse use;
-  ResourceUse moreAtPoll;  // comes to `use`
+  ResourceUse moreAtPoll;  // added to `use`
 
   Stage Stages() { return {*this, *this, *this, *this, *this, *this}; }
 
-  // Plays a scenario; the failure's text, or empty.
+  // Plays a scenario; returns the failure's text, or an empty text.
   std::string Play(const std::string& scenario);
 
   uint32_t Create() override { return Note("create"); }

@@ -121,7 +121,7 @@ TEST(Run, ControlsAndWindowsAreCompared) {
 
 TEST(Run, UseMustNotGrowButMayShrink) {
   CNotedStage stage;
-  // Each row is what has come to what was noted, and what is said of it.
+  // Each row: the increase since "note use", and the expected message.
   const struct {
     ResourceUse more;
     const char* said;
@@ -134,7 +134,7 @@ TEST(Run, UseMustNotGrowButMayShrink) {
               {{0, 3 * 1024, 0, 0, 0}, "3 KB more"}};
   for (const auto& row : rows) {
     stage.use = {10, 20, 30, 40, 50};
-    // The process uses more from the poll on.
+    // The process uses more after the poll.
     stage.moreAtPoll = row.more;
     const std::string failure = stage.Play("note use\npoll\nexpect use memory 2");
     EXPECT_THAT(failure, HasSubstr(row.said));

@@ -28,7 +28,7 @@ TEST(Face, APathNamesByIdBeforeCaptionAndAtAnyDepth) {
     const ControlFace* found;
   } const rows[] = {
       {{L"B"}, &faces[1]},
-      {{L"A1"}, &faces[0].items[0]},  // the id, not the caption of B
+      {{L"A1"}, &faces[0].items[0]},  // finds the id, not B's caption
       {{L"Deep"}, &faces[0].items[1]},
       {{L"Same"}, &faces[0].items[0]},
       {{L"B", L"Same"}, &faces[1].items[0]},

@@ -8,7 +8,7 @@
 namespace quor::workbench {
 namespace {
 
-// One toolbar with a button (1), a menu (2) that holds a button (3), and a combo box (4).
+// A toolbar with a button (1), a menu (2) that contains a button (3), and a combo box (4).
 class CContent final : public IWindowContent {
  public:
   CContent() {
@@ -65,7 +65,7 @@ class MainWindow : public testing::Test {
     m_window->Show();
   }
 
-  // Clicks where the painter put the control.
+  // Clicks where the painter drew the control.
   void Click(HitArea::Kind kind, int handle, std::vector<OpenPart> open = {}) {
     UpdateWindow(m_window->Handle());
     RECT client = {};
@@ -103,7 +103,7 @@ TEST_F(MainWindow, HasOutlooksClassAndTitle) {
   EXPECT_STREQ(text, L"A window");
   SendMessageW(m_window->Handle(), WM_CLOSE, 0, 0);
   EXPECT_EQ(m_content.done, std::vector<std::string>{"close"});
-  EXPECT_TRUE(IsWindow(m_window->Handle()));  // whether it goes is the content's decision
+  EXPECT_TRUE(IsWindow(m_window->Handle()));  // the content decides whether the window closes
 }
 
 TEST_F(MainWindow, ClicksReachButtonsAndMenuItems) {

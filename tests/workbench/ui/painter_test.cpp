@@ -75,7 +75,7 @@ TEST_P(Painter, OpenMenusAndListsLieAboveTheRest) {
   const HitArea* menu = HitOf(hits, HitArea::Kind::Menu, 3);
   const HitArea* sub = HitOf(hits, HitArea::Kind::Menu, 31);
   EXPECT_GE(sub->rect.y, menu->rect.Bottom());
-  EXPECT_GE(hits.back().rect.x, sub->rect.Right() - 4);  // a submenu opens to the side
+  EXPECT_GE(hits.back().rect.x, sub->rect.Right() - 4);  // a submenu opens beside its menu
   scene.open = {{1, {}}};
   hits = PaintWindow(canvas, Face(GetParam()), scene);
   EXPECT_EQ(hits.back().kind, HitArea::Kind::ComboEntry);

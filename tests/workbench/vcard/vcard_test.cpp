@@ -12,7 +12,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// A card of version 3.0 around the given lines.
+// A version 3.0 card with the given lines.
 std::string CardText(const std::string& lines) {
   return "BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "\r\nEND:VCARD\r\n";
 }
