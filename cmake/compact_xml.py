@@ -3,7 +3,7 @@
 
   compact_xml.py FROM TO
 
-For documents whose text stands in attributes only, such as the ribbon's: they ship inside the DLL.
+For documents with text in attributes only, such as the ribbon documents in the DLL.
 """
 import pathlib
 import re

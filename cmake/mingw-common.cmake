@@ -1,5 +1,5 @@
-# The -win32 compilers: the runtime of the -posix ones brings a thread library into Outlook's process
-# that installs a first exception handler. The price: there is no std::thread and no std::mutex.
+# The -win32 compilers: the -posix ones' runtime brings a thread library into Outlook's process that
+# installs a first-chance exception handler. The price: there is no std::thread and no std::mutex.
 set(CMAKE_C_COMPILER ${QUOR_TRIPLE}-gcc-win32)
 set(CMAKE_CXX_COMPILER ${QUOR_TRIPLE}-g++-win32)
 set(CMAKE_RC_COMPILER ${QUOR_TRIPLE}-windres)

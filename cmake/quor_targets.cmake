@@ -5,7 +5,7 @@ function(quor_logic name)
   add_library(${name} STATIC ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC quor_flags ${ARG_DEPENDS})
   if(NOT WIN32)
-    # Win32 headers expand to old-style casts; the logic has no such excuse.
+    # Win32 headers expand to old-style casts, so the warning is on in native builds only.
     target_compile_options(${name} PRIVATE -Wold-style-cast)
   endif()
 endfunction()

@@ -1,8 +1,8 @@
-# Writes the revision that the sources are of to a C++ file; the file is touched only when that has
-# changed. Run at each build: cmake -D SOURCE=<folder> -D TEMPLATE=<file> -D OUTPUT=<file> -P ...
+# Writes the sources' revision to a C++ file; changes the file only if the revision differs. Run it
+# at each build: cmake -D SOURCE=<folder> -D TEMPLATE=<file> -D OUTPUT=<file> -P ...
 #
-# "unknown" where there is no git or where the sources are no repository of their own, as from an
-# archive; "-modified" when they are not as committed.
+# The revision is "unknown" without git or if the sources are not a repository of their own, as in
+# an archive; "-modified" is appended if there are uncommitted changes.
 
 function(git result)
   execute_process(COMMAND git -C ${SOURCE} ${ARGN} OUTPUT_VARIABLE output ERROR_QUIET RESULT_VARIABLE failure

@@ -3,15 +3,16 @@
 
   make_wxs.py x64|x86 VERSION STAGE RGS... >package.wxs
 
-The registry tables come from the registration scripts that the DLL itself runs, so that the package and
-regsvr32 write the same. STAGE holds x86, x64 (each with the DLL) and doctor.exe.
+The registry tables are generated from the DLL's own registration scripts, so that the package and
+regsvr32 write the same entries. STAGE holds x86, x64 (each with the DLL) and doctor.exe.
 """
 import re
 import sys
 import uuid
 from xml.sax.saxutils import quoteattr
 
-# Kept for ever: the first says which packages replace each other, the others what is installed.
+# Must never change: the first identifies packages that replace each other, the others identify what
+# is installed.
 UPGRADE_CODE = "6A5C4E0E-7B11-4B7E-9A43-3E5B0F1B2C67"
 NAMES = uuid.UUID("b4b5e2f0-6d0f-4f0e-8f62-5e0a7c1d9a21")
 PUBLISHER = "Quor"
@@ -34,7 +35,7 @@ def tokens(text):
 
 
 def registry_values(text):
-    """Every (root, key, name, kind, data) that a script writes; a key without values has kind None."""
+    """Every (root, key, name, kind, data) in a script; a key without values has kind None."""
     stream = list(tokens(text))
     position = 0
 
@@ -90,11 +91,11 @@ def attributes(**values):
 def registry_rows(scripts, bits):
     rows = []
     for root, key, name, kind, data in scripts:
-        # HKCR would be the user's part where there is one.
+        # HKCR would write to the user's hive if the user has such a key.
         if root == "HKCR":
             root, key = "HKLM", f"Software\\Classes\\{key}"
         if kind is None:
-            # "*": made at installation, taken away with the rest.
+            # "*": created at installation, removed with the rest.
             rows.append(attributes(Root=root, Key=key, Name="*", Type="string", Value=""))
             continue
         data = data.replace("%MODULE%", f"[#Dll{bits}]")

@@ -3,15 +3,15 @@
 ;   makensis -DVERSION=1.0.0 -DSTAGE=<folder with x86, x64 and doctor.exe> -DOUTPUT=<file>
 ;            [-DSIGN=<command that signs the file it is given>] setup.nsi
 ;
-; Switches of the program that this makes:
+; Switches of the set-up program:
 ;   /S                    silent: asks nothing and shows nothing
-;   /AllUsers             for everybody; what an elevated start does by itself
+;   /AllUsers             for all users; the default if started elevated
 ;   /CurrentUser          for this user only, even when elevated
-;   /LibraryFrom=FOLDER   where SiUSBXp.dll is taken from; otherwise from beside the set-up program
+;   /LibraryFrom=FOLDER   folder of SiUSBXp.dll; default: the set-up program's folder
 ;   /D=FOLDER             where to install to; must be the last one
-; Exit codes: 0 installed; 1 cancelled by the user; 2 failed; 5 needs an administrator; 3010 installed,
-; but a running Outlook works with the former version until it is started again.
-; The uninstaller knows /S and /RemoveSettings; its exit codes are the same.
+; Exit codes: 0 installed; 1 cancelled by the user; 2 failed; 5 needs an administrator; 3010
+; installed, but a running Outlook uses the former version until it is restarted. The uninstaller
+; has /S and /RemoveSettings; its exit codes are the same.
 
 Unicode true
 SetCompressor /SOLID lzma
@@ -49,11 +49,11 @@ VIAddVersionKey "FileDescription" "Telephone Plug-in for Microsoft Outlook, set-
 VIAddVersionKey "CompanyName" "${PUBLISHER}"
 VIAddVersionKey "LegalCopyright" ""
 
-Var Everybody      ; 1: for everybody, 0: for this user
+Var Everybody      ; 1: all users, 0: this user
 Var Switches       ; of regsvr32
-Var InUse          ; 1: Outlook holds a DLL that was to go
-Var LibraryFolder  ; where SiUSBXp.dll is looked for
-Var LibraryNote    ; what to tell of SiUSBXp.dll, empty when all is well
+Var InUse          ; 1: Outlook holds a DLL that should be removed
+Var LibraryFolder  ; folder searched for SiUSBXp.dll
+Var LibraryNote    ; message about SiUSBXp.dll, empty if there is no problem
 
 !define MUI_ABORTWARNING
 !define MUI_WELCOMEPAGE_TEXT "$(WelcomeText)"
@@ -69,11 +69,10 @@ Var LibraryNote    ; what to tell of SiUSBXp.dll, empty when all is well
 !insertmacro MUI_RESERVEFILE_LANGDLL
 !include "setup_texts.nsh"
 
-; What set-up and removal have in common: NSIS wants functions of the uninstaller under names of their
-; own.
+; Functions of set-up and removal: NSIS requires different names in the uninstaller.
 !macro COMMON_FUNCTIONS UN PROGRAM PARAMETERS
 
-; Everything below is for everybody or for this user.
+; Selects all users or this user for everything below.
 Function ${UN}UseScope
   ${If} $Everybody == 1
     SetShellVarContext all
@@ -87,7 +86,7 @@ Function ${UN}UseScope
   ${EndIf}
 FunctionEnd
 
-; Says it and ends with the exit code on the stack below the text.
+; Shows the text on the stack and ends with the exit code below it.
 Function ${UN}GiveUp
   Pop $0
   MessageBox MB_OK|MB_ICONSTOP "$0" /SD IDOK
@@ -96,7 +95,7 @@ Function ${UN}GiveUp
   Quit
 FunctionEnd
 
-; An elevated start of the same program, when one is needed and a user is there to agree.
+; Starts this program again with elevation if necessary; a user must be present to agree.
 Function ${UN}RequireAdministrator
   UserInfo::GetAccountType
   Pop $0
@@ -116,8 +115,8 @@ Function ${UN}RequireAdministrator
   Call ${UN}GiveUp
 FunctionEnd
 
-; regsvr32 of one bitness on the DLL in that folder of ours: stack: folder, further switches; gives the
-; exit code.
+; Runs regsvr32 of one bitness on the DLL in our folder. Stack: folder, further switches; returns
+; the exit code.
 Function ${UN}RegisterDll
   Exch $1
   Exch
@@ -132,9 +131,9 @@ Function ${UN}RegisterDll
   Exch $0
 FunctionEnd
 
-; Removes the file on the stack, also when Outlook has it loaded: Windows does not delete such a file,
-; but renames it, so that the name is free at once. What was moved aside is deleted when Windows starts
-; next. Outlook is not asked to close: it may hold mails that are not yet written.
+; Removes the file on the stack, even if Outlook has loaded it: Windows does not delete such a file
+; but can rename it, which frees the name at once. The next start of Windows deletes the renamed
+; file. Outlook is not asked to close, because it may contain unsent mail.
 Function ${UN}RemoveFile
   Exch $0
   Push $1
@@ -159,7 +158,7 @@ Function ${UN}RemoveFile
   Pop $0
 FunctionEnd
 
-; Windows deletes files at its start only for an administrator; for a user it runs a command.
+; Only an administrator can have files deleted at Windows' start; for a user a command does it.
 Function ${UN}TidyLater
   ${If} $InUse == 1
   ${AndIf} $Everybody == 0
@@ -170,7 +169,7 @@ FunctionEnd
 
 !macroend
 !insertmacro COMMON_FUNCTIONS "" "$EXEPATH" "$1"
-; What runs then is a copy elsewhere, and knows it by a parameter.
+; The uninstaller runs as a copy in another folder; a parameter marks the copy.
 !insertmacro COMMON_FUNCTIONS "un." "$INSTDIR\uninstall.exe" ""
 
 Function .onInit
@@ -206,7 +205,7 @@ Function .onInit
   ${EndIf}
   Call UseScope
   ${If} $INSTDIR == ""
-    ; An upgrade goes where the former version is.
+    ; An upgrade installs into the former version's folder.
     ReadRegStr $INSTDIR SHCTX "${APPS_KEY}" "InstallLocation"
   ${EndIf}
   ${If} $INSTDIR == ""
@@ -220,15 +219,15 @@ Function .onInit
   ${EndIf}
 FunctionEnd
 
-; Takes over the library for one bitness: stack: our folder (x86, x64), bitness. What lies there
-; already stays when there is no other.
+; Takes over the library for one bitness. Stack: our folder (x86, x64), bitness. An existing library
+; stays if there is no other.
 Function TakeLibrary
   Exch $1  ; bitness
   Exch
   Exch $0  ; folder
   Push $2
   Push $3
-  ; The vendor keeps the two bitnesses in folders of these names.
+  ; The vendor puts the two bitnesses into folders of these names.
   StrCpy $2 "$LibraryFolder\$0\${LIBRARY}"
   ${IfNot} ${FileExists} "$2"
     StrCpy $2 "$LibraryFolder\${LIBRARY}"
@@ -334,7 +333,7 @@ SectionEnd
 
 Function un.onInit
   !insertmacro MUI_UNGETLANGUAGE
-  ; The folder tells for whom this copy was installed.
+  ; The folder shows for whom this copy was installed.
   ${If} ${RunningX64}
     SetRegView 64
   ${EndIf}

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Reads what several plays of one scenario showed, and prints it once with the median of every figure."""
+"""Reads the output of several runs of one scenario, and prints it once with the median of each figure."""
 
 import re
 import statistics
@@ -7,7 +7,7 @@ import sys
 
 NUMBER = re.compile(r"\d+(?:\.\d+)?(?= (?:ms\b|% of|us |calls|invalidations|callbacks|messages,))")
 
-shown = {}  # moment and text without its figures -> the figures of each play
+shown = {}  # event and text without figures -> the figures of each run
 moment = ""
 for line in sys.stdin:
     line = line.strip()

@@ -1,11 +1,11 @@
-# Sourced by the scripts that run Windows programs. Gives a Wine prefix of our own under build/, so
-# that nothing of the user's is touched and every run starts from the same registry.
+# Sourced by scripts that run Windows programs. Creates a Wine prefix under build/, so that the
+# user's own is not used and every run starts with the same registry.
 #
-#   wine_prefix headless|screen [NAME]   makes the prefix if it is missing, starts its server; several
-#                                        prefixes of one kind go by name
-#   wine_stop                            ends everything that still runs in it
+#   wine_prefix headless|screen [NAME]   creates the prefix if it is missing and starts its server;
+#                                        NAME distinguishes several prefixes of one kind
+#   wine_stop                            ends all programs that run in it
 
-# Without a UTF-8 locale Wine cannot make files whose names are not ASCII.
+# Without a UTF-8 locale Wine cannot create files with non-ASCII names.
 export LC_ALL=C.UTF-8
 
 wine_prefix() {
@@ -21,8 +21,8 @@ wine_prefix() {
     wineserver -k || true
     touch "$WINEPREFIX/.ready"
   fi
-  # The server outlives each program: without it every start costs seconds. The first program starts
-  # Wine's helpers, which would inherit and hold our output pipes, so it runs with none.
+  # Keep the server running between programs: starting it takes seconds. The first program starts
+  # Wine's helpers, which would inherit and keep our output pipes, so run it without any.
   wineserver -p </dev/null >/dev/null 2>&1
   wine cmd /c exit </dev/null >/dev/null 2>&1
 }

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Plants faults, one at a time, in a copy of src/contacts/ and says which of them the index's tests
-notice. Exit status 0 if they notice every one. Needs the native-release tests' prerequisites.
+"""Plants faults, one at a time, in a copy of src/contacts/ and prints which of them the index's tests
+notice. Exit status 0 if they notice all. Needs the native-release tests' prerequisites.
 
     tests/contacts/plant_faults.py [word of a fault's name]
 """
@@ -18,7 +18,7 @@ OTHERS = ["src/text/dial_chars.cpp", "src/text/format.cpp", "src/module/diagnost
           "tests/contacts/phone_number_index_test.cpp"]
 
 FAULTS = [
-    # name, file, text, what it becomes
+    # name, file, text, replacement
     ("leading zero of 00", "phone_number_index.cpp", " && number[1] != '0'", ""),
     ("trunk prefix of five characters", "phone_number_index.cpp",
      "number.size() > kShortestTail && number[0]", "number.size() >= kShortestTail && number[0]"),

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Plants one fault after the other in the registry and the files of a Wine prefix, and looks for what
-# doctor.exe finds, in three languages; then has it mended. Needs a Wine prefix in the environment
+# Plants one fault after another in the registry and the files of a Wine prefix, checks doctor.exe's
+# findings in three languages, and lets it repair them. Needs a Wine prefix in the environment
 # (scripts/lib/wine.sh).
 #
 #   doctor_check.sh DOCTOR WIN32_DLL WIN64_DLL WIN64_SIUSBXP
@@ -26,7 +26,7 @@ expect() {  # findings, what was planted
 expect_code() {  # code, arguments
   wine "$doctor" "${@:2}" </dev/null >/dev/null 2>&1
   local code=$?
-  [[ $code == "$1" ]] || { echo "doctor ${*:2}: exit code $code, not $1" >&2; failed=1; }
+  [[ $code == "$1" ]] || { echo "doctor ${*:2}: expected exit code $1, found $code" >&2; failed=1; }
 }
 
 # A 64-bit Outlook: any 64-bit program of that name.
@@ -77,13 +77,13 @@ for language in "en:Outlook (16.0) has disabled the plug-in" "fr:Outlook (16.0) 
   [[ $(wine "$doctor" --text --language "${language%%:*}" </dev/null 2>/dev/null) == *"${language#*:}"* ]] ||
     { echo "no '${language#*:}'" >&2; failed=1; }
 done
-expect_code 1 --fix  # nobody agrees
+expect_code 1 --fix  # without consent
 expect "switched-off disabled crashed" "not agreed"
 expect_code 0 --fix --yes
 expect "kept" "mended"
 wine reg query "HKCU\\$office\\Resiliency\\DisabledItems" </dev/null 2>/dev/null | grep -q Other ||
-  { echo "mending took somebody else's entry" >&2; failed=1; }
-# What stood there comes back from the copy.
+  { echo "the repair removed another add-in's entry" >&2; failed=1; }
+# The copy restores the old values.
 backup=$(find "$drive/users" -name 'telephone-before-*.reg')
 wine regedit /S "$(wine winepath -w "$backup" </dev/null 2>/dev/null | tr -d '\r')" </dev/null >/dev/null 2>&1
 expect "switched-off disabled crashed" "put back"
@@ -110,8 +110,8 @@ rm "$settings/vex_cfg.bad.xml"
 mkdir -p "$settings/../../Temp"
 printf '2026/01/02 03:04:05.678 Call request Line1 (#0551234567) complete.\r\n' >"$settings/../../Temp/catlog20260102.txt"
 expect_code 0 --report 'C:\report.txt'
-grep -q '(#0000000001) complete' "$drive/report.txt" || { echo "the report is without the masked log" >&2; failed=1; }
-grep -qiE '0551234567|\\users\\'"$(id -un)" "$drive/report.txt" && { echo "the report tells a number or a name" >&2; failed=1; }
+grep -q '(#0000000001) complete' "$drive/report.txt" || { echo "the report lacks the masked log" >&2; failed=1; }
+grep -qiE '0551234567|\\users\\'"$(id -un)" "$drive/report.txt" && { echo "the report contains a number or a name" >&2; failed=1; }
 expect_code 2 --report 'Q:\nowhere\report.txt'
 reg delete "HKLM\\$class" /f /reg:64
 expect class-missing "no class"

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Registers a COM server DLL with regsvr32, for everybody and for the user alone, and compares what
-# then stands in the registry with what should; unregisters it and looks for remains. Then registers
-# it along with the DLL of the other bitness. Needs a Wine prefix in the environment
+# Registers a COM server DLL with regsvr32, for all users and for the current user only, and
+# compares the registry with the expected entries; unregisters it and checks for remains. Then
+# registers it together with the DLL of the other bitness. Needs a Wine prefix in the environment
 # (scripts/lib/wine.sh).
 #
 #   registration_check.sh <a DLL made by quor_com_server> <the same of the other bitness>
@@ -9,16 +9,16 @@ set -euo pipefail
 
 dll=$1
 dlls=("$@")
-# A path that a careless script would stumble over.
+# A path with characters that need quoting.
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 
-use() {  # which DLL: it and its regsvr32 and view of the registry are meant from now on
+use() {  # which DLL: sets the DLL, its regsvr32 and its view of the registry
   local copy="$folder/$1 René's 100% {add-in} %MODULE%.dll"
   case $(file -b "${dlls[$1]}") in
     *x86-64*) view=/reg:64 system='C:\windows\system32' ;;
     *80386*) view=/reg:32 system='C:\windows\syswow64' ;;
-    *) echo "${dlls[$1]}: not a DLL of ours" >&2; exit 2 ;;
+    *) echo "${dlls[$1]}: not one of our DLLs" >&2; exit 2 ;;
   esac
   [[ -e $copy ]] || cp "${dlls[$1]}" "$copy"
   path=$(wine winepath -w "$copy" 2>/dev/null | tr -d '\r')
@@ -103,7 +103,7 @@ gone 'HKLM\Software\Microsoft\Office\Outlook\Addins\QuorTelephoneToolbar.Addin'
 regsvr32 /u /n /i:user
 expect_gone "${user[@]}"
 
-# One registration does not touch the other.
+# The registrations for all users and for the user are independent.
 regsvr32 /n /i:user
 regsvr32
 regsvr32 /u /n /i:user
@@ -112,8 +112,8 @@ expect_registered "${everybody[@]}"
 regsvr32 /u
 expect_gone "${everybody[@]}"
 
-# The bitnesses have the names that lead to the classes in common: they go with the last one. Not
-# looked at for the user alone: Wine has one copy of a user's classes, where Windows has two.
+# Both bitnesses share the names that lead to the classes: they are removed with the last one. Not
+# checked for the current user: Wine has one copy of a user's classes, Windows has two.
 for first in 0 1; do
   for earlier in 0 1; do
     for each in "$first" $((1 - first)); do use "$each"; regsvr32; done
@@ -128,14 +128,14 @@ for first in 0 1; do
   done
 done
 
-# The entry points undecorated, only system libraries, and the protections of a modern DLL.
+# Undecorated exports, imports of system libraries only, and the protections of a modern DLL.
 headers=$(objdump -p "$dll")
 exports=$(sed -n 's/^\t\[ *[0-9]*\] \(Dll.*\)/\1/p' <<<"$headers" | xargs)
 [[ $exports == "DllCanUnloadNow DllGetClassObject DllInstall DllRegisterServer DllUnregisterServer" ]] ||
   { echo "exports: $exports" >&2; failed=1; }
 system_libraries='advapi32|comctl32|dbghelp|gdi32|gdiplus|kernel32|msvcrt|ole32|oleaut32|shell32|shlwapi|user32|version|winmm'
 strangers=$(sed -n 's/.*DLL Name: //p' <<<"$headers" | grep -vixE "($system_libraries)\.dll" || true)
-[[ -z $strangers ]] || { echo "imports of no system library: $strangers" >&2; failed=1; }
+[[ -z $strangers ]] || { echo "imports outside the system libraries: $strangers" >&2; failed=1; }
 for flag in DYNAMIC_BASE NX_COMPAT; do
   grep -q "$flag" <<<"$headers" || { echo "$flag is not set" >&2; failed=1; }
 done

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs, upgrades, repairs and removes the packages in fresh Wine prefixes, and compares registry and
-# files before and after as a whole.
+# Installs, upgrades, repairs and removes the packages in new Wine prefixes, and compares the whole
+# registry and all files before and after.
 #
 #   packages_check.sh PACKAGES NEXT     folders that scripts/package filled: the version under test, and
 #                                       the same as a later version
@@ -17,7 +17,7 @@ trap 'rm -rf "$work"' EXIT
 
 fail() { echo "FAILED: $*" >&2; failed=1; }
 expect_code() {  # expected, found, what
-  [[ $1 == "$2" ]] || fail "$3: exit code $2, not $1"
+  [[ $1 == "$2" ]] || fail "$3: expected exit code $1, found $2"
 }
 windows_path() { wine winepath -w "$1" 2>/dev/null </dev/null | tr -d '\r'; }
 
@@ -26,9 +26,9 @@ fresh_prefix() {  # name, win64|win32
   export WINEARCH=$2
   wine_prefix headless "$1"
   drive=$WINEPREFIX/drive_c
-  # Otherwise Wine enters each shortcut in the menus of this machine.
+  # Otherwise Wine enters each shortcut in this machine's menus.
   WINEDLLOVERRIDES+=';winemenubuilder.exe='
-  # As Windows and Office leave them; they are made where they are missing, and not removed.
+  # Exist on every Windows with Office; created if missing, and not removed.
   wine reg add 'HKCU\Software\Classes\CLSID' /f </dev/null >/dev/null 2>&1
   wine reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall' /f </dev/null >/dev/null 2>&1
   mkdir -p "$drive/users/$(id -un)/AppData/Local/Programs"
@@ -44,7 +44,7 @@ snapshot() {  # name
   python3 tests/packaging/snapshot.py "$drive/windows/temp/snapshot.reg" "$drive" >"$work/$1.txt"
 }
 
-# What of a snapshot is registration.
+# The registration entries in a snapshot.
 registration_of() { grep -iE 'QuorTelephoneToolbar\.|DA593EC2-67C4-4602-B30E-3FEC47C1C55A|619B3283-8326-4895-A4F2-E3881DC00D2D' \
   "$work/$1.txt" | grep -viE '^file|\\Installer\\|\\Uninstall\\'; }
 
@@ -88,7 +88,7 @@ plant_settings() {
   echo '<Root><System><LanguageNo>2</LanguageNo></System></Root>' >"$(settings)"
 }
 expect_settings() {  # what
-  grep -q '<LanguageNo>2<' "$(settings)" 2>/dev/null || fail "$1: the settings are not as they were"
+  grep -q '<LanguageNo>2<' "$(settings)" 2>/dev/null || fail "$1: the settings have changed"
 }
 
 wait_gone() {  # path, what
@@ -116,7 +116,7 @@ check_setup() {
   plant_settings
   snapshot before
 
-  echo "set-up program, for everybody"
+  echo "set-up program, for all users"
   wine "$setup" /S </dev/null >/dev/null 2>&1
   expect_code 0 $? "installation"
   folder="$drive/Program Files/Telephone Plug-in"
@@ -126,7 +126,7 @@ check_setup() {
   expect_loads win64 16 "installed"
   expect_loads win32 11 "installed"
 
-  # Registration is regsvr32's, whole.
+  # The registration equals that of regsvr32.
   for each in x86 x64; do regsvr32 $each /u "C:\\Program Files\\Telephone Plug-in\\$each\\QuorTelephoneToolbar.dll"; done
   for each in x86 x64; do regsvr32 $each "C:\\Program Files\\Telephone Plug-in\\$each\\QuorTelephoneToolbar.dll"; done
   snapshot registered
@@ -145,11 +145,11 @@ check_setup() {
   local outlook=$!
   sleep 8
   wine "$next_setup" /S </dev/null >/dev/null 2>&1
-  expect_code $((3010 % 256)) $? "upgrade while Outlook runs"  # of an exit code Linux keeps 8 bits
+  expect_code $((3010 % 256)) $? "upgrade while Outlook runs"  # Linux keeps 8 bits of an exit code
   [[ -n $(find "$folder/x86" -name '*.old') ]] || fail "the loaded DLL was not moved aside"
   kill "$outlook"
   wait "$outlook" 2>/dev/null
-  # Ended like that, the workbench does not put the application-data folder back.
+  # Ended like that, the workbench does not restore the application-data folder.
   wine reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer\User Shell Folders' /v AppData \
     /t REG_EXPAND_SZ /d '%USERPROFILE%\AppData\Roaming' /f </dev/null >/dev/null 2>&1
   find "$folder" -name SiUSBXp.dll -delete
@@ -157,7 +157,7 @@ check_setup() {
   [[ $next_setup == *"-$(apps_value HKLM DisplayVersion)-"* ]] || fail "upgrade: the Apps entry has the former version"
   wine "$next_setup" /S </dev/null >/dev/null 2>&1
   expect_code 0 $? "upgrade"
-  [[ -z $(find "$folder" -name '*.old') ]] || fail "what was moved aside stays"
+  [[ -z $(find "$folder" -name '*.old') ]] || fail "the renamed file stays"
 
   echo "removal"
   uninstall "$folder"
@@ -174,13 +174,13 @@ check_setup() {
   cp build/win64/workbench/old_library/SiUSBXp.dll "$work/wrong/x64/"
   wine "$setup" /S "/LibraryFrom=$(windows_path "$work/wrong")" </dev/null >/dev/null 2>&1
   expect_code 0 $? "installation with libraries that do not fit"
-  [[ -z $(find "$folder" -name SiUSBXp.dll) ]] || fail "a library that does not fit was taken over"
+  [[ -z $(find "$folder" -name SiUSBXp.dll) ]] || fail "a library of the wrong bitness was taken over"
   wine "$setup" /S "/LibraryFrom=$(windows_path "$work/library")" </dev/null >/dev/null 2>&1
   cmp -s "$folder/x86/SiUSBXp.dll" "$work/library/x86/SiUSBXp.dll" || fail "the 32-bit library was not taken over"
   cmp -s "$folder/x64/SiUSBXp.dll" "$work/library/x64/SiUSBXp.dll" || fail "the 64-bit library was not taken over"
-  # Settings go too when that is said.
+  # On request, the settings are removed too.
   uninstall "$folder" /RemoveSettings
-  [[ ! -e $(settings) ]] || fail "the settings stay although they were to go"
+  [[ ! -e $(settings) ]] || fail "/RemoveSettings leaves the settings"
 
   echo "set-up program, for this user"
   plant_settings
@@ -191,7 +191,7 @@ check_setup() {
   folder="$drive/users/$(id -un)/AppData/Local/Programs/Telephone Plug-in"
   [[ -e $folder/x64/QuorTelephoneToolbar.dll ]] || fail "for the user: no DLL"
   diff "$work/before.txt" "$work/installed.txt" | grep -E '^[<>] HKEY_LOCAL_MACHINE' >"$work/difference.txt" &&
-    { fail "installation for the user writes for everybody"; head "$work/difference.txt" >&2; }
+    { fail "installation for the user writes for all users"; head "$work/difference.txt" >&2; }
   uninstall "$folder"
   snapshot after
   expect_same before after "removal for the user"
@@ -209,7 +209,7 @@ check_msi() {  # x64|x86
   if [[ $1 == x64 ]]; then fresh_prefix packages-x64 win64; else fresh_prefix packages-x86 win32; fi
   folder="$drive/Program Files/Telephone Plug-in"
   plant_settings
-  # Windows Installer keeps keys of its own from its first use on.
+  # Windows Installer creates keys of its own at its first use and keeps them.
   msi /i "$package"; msi /x "$package"
   snapshot before
 
@@ -228,10 +228,10 @@ check_msi() {  # x64|x86
 
   rm "$folder/x86/QuorTelephoneToolbar.dll"
   regsvr32 x86 /u "C:\\Program Files\\Telephone Plug-in\\x86\\QuorTelephoneToolbar.dll"
-  # What "msiexec /fa" stands for; Wine knows no /f for a package.
+  # Equivalent of "msiexec /fa"; Wine has no /f for a package.
   msi /i "$package" REINSTALL=ALL REINSTALLMODE=amus
   expect_code 0 $? "repair by msiexec"
-  [[ -e $folder/x86/QuorTelephoneToolbar.dll ]] || fail "repair does not bring the DLL back"
+  [[ -e $folder/x86/QuorTelephoneToolbar.dll ]] || fail "repair does not restore the DLL"
   snapshot repaired
   expect_same_registration installed repaired "repair by Windows Installer"
 

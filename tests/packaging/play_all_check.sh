@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Plays some scenarios with the support archive's play-all.cmd, as a double click would all of them.
+# Plays some scenarios with the support archive's play-all.cmd, as a double click does with all of
+# them.
 #
 #   play_all_check.sh PACKAGES
 set -uo pipefail
@@ -16,7 +17,7 @@ root=$OLDPWD
 (cd "$root" && wine_prefix headless play-all)
 export WINEPREFIX=$root/build/wine/play-all HOME=$root/build/wine/home
 export WINEDEBUG=-all WINEDLLOVERRIDES='mscoree=;mshtml='
-# For everybody: Wine's COM does not look at what is registered for the user.
+# For all users: Wine's COM ignores registrations for the user.
 timeout 600 wine cmd /c play-all.cmd everybody 'start_with*' </dev/null >/dev/null 2>&1
 code=$?
 wineserver -k

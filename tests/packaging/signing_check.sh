@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes packages signed with a throw-away certificate, and looks for the signature in each.
+# Builds packages signed with a temporary certificate and checks each for its signature.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 work=build/signing-check

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Prints the whole registry and all files of a Wine prefix, one value or file a line, for comparing.
+"""Prints the whole registry and all files of a Wine prefix for comparison, one line per value or file.
 
   snapshot.py REGISTRY_EXPORT DRIVE
 
-REGISTRY_EXPORT is what "regedit /E" wrote, DRIVE the prefix's drive_c. Left out is what Wine itself
-changes from one moment to the next.
+REGISTRY_EXPORT is the output of "regedit /E", DRIVE the prefix's drive_c. Values that Wine itself changes
+all the time are left out.
 """
 import hashlib
 import pathlib
@@ -27,8 +27,8 @@ def registry_lines(path):
             entry = key
         else:
             entry = f"{key}|{line}" if line else ""
-            # The workbench gives its runs a folder of their own; and what waits for a start of Windows
-            # is gone after it, which Wine does not do.
+            # Each run of the workbench has a separate folder; and Windows processes pending renames
+            # at its start, which Wine does not do.
             if "Shell Folders|\"AppData\"=" in entry or "|\"PendingFileRenameOperations\"=" in entry:
                 entry = ""
         if key and entry:
@@ -44,7 +44,8 @@ def file_lines(drive):
         if path.is_dir():
             content = "folder"
         elif name.startswith("windows/") or name.endswith(".lnk"):
-            # Wine's own, a gigabyte; and shortcuts hold when their target was last read.
+            # Skip the content of Wine's own files (a gigabyte), and of shortcuts, which contain the
+            # time of the last access to their target.
             content = path.stat().st_size
         else:
             content = hashlib.sha256(path.read_bytes()).hexdigest()[:16]
