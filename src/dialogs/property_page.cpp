@@ -12,8 +12,9 @@ namespace {
 constexpr IID kPropertyPageSite = OfficeId(0x0006307F);
 constexpr DISPID kOnStatusChange = 0x2100;
 
-// The panel's 240 x 172 dialog units at the usual dialog font size, in HIMETRIC (0.01 mm).
-constexpr SIZEL kExtent = {9525, 7408};
+// The panel's 217 x 174 dialog units in Segoe UI 9, 380 x 326 pixels at 96 dots per inch, in
+// HIMETRIC: Outlook gives a page little more.
+constexpr SIZEL kExtent = {10054, 8625};
 
 }  // namespace
 
