@@ -27,10 +27,22 @@ wine_prefix() {
   wine cmd /c exit </dev/null >/dev/null 2>&1
 }
 
+# A LOGFONTW of that height in pixels, weight 400, as bytes for regedit.
+log_font() {
+  python3 - "$1" "$2" <<'PYTHON'
+import struct, sys
+font = struct.pack("<5i8B64s", -int(sys.argv[1]), 0, 0, 0, 400, 0, 0, 0, 0, 0, 0, 0, 0x22, sys.argv[2].encode("utf-16-le"))
+print(font.hex(","))
+PYTHON
+}
+
 wine_registry() {
   local kind=$1
   {
     echo 'REGEDIT4'
+    # Windows shows messages in Segoe UI 9, Wine in MS Shell Dlg 8.
+    echo '[HKEY_CURRENT_USER\Control Panel\Desktop\WindowMetrics]'
+    echo "\"MessageFont\"=hex:$(log_font 12 'Segoe UI')"
     echo '[HKEY_CURRENT_USER\Software\Wine\WineDbg]'
     echo '"ShowCrashDialog"=dword:00000000'
     if [[ $kind == headless ]]; then

@@ -6,16 +6,19 @@ namespace quor {
 
 HRESULT CDialogWindow::CreateHidden(HWND parent) noexcept {
   if (IsWindow()) return S_OK;
-  const DLGTEMPLATE* dialog = m_resources.DialogTemplate(m_templateId);
-  // Some failures set no error code.
-  SetLastError(ERROR_SUCCESS);
-  if (dialog == nullptr ||
-      CreateDialogIndirectParamW(m_resources.Module(), dialog, parent, DialogProcedure,
-                                 reinterpret_cast<LPARAM>(this)) == nullptr) {
-    const DWORD error = GetLastError();
-    return error == ERROR_SUCCESS ? E_FAIL : HRESULT_FROM_WIN32(error);
-  }
-  return S_OK;
+  return GuardComCall(m_log, "dialog", [&]() -> HRESULT {
+    const std::vector<std::byte> dialog = m_resources.DialogTemplate(m_templateId);
+    // Not every failure sets an error code.
+    SetLastError(ERROR_SUCCESS);
+    if (dialog.empty() ||
+        CreateDialogIndirectParamW(m_resources.Module(),
+                                   reinterpret_cast<const DLGTEMPLATE*>(dialog.data()), parent,
+                                   DialogProcedure, reinterpret_cast<LPARAM>(this)) == nullptr) {
+      const DWORD error = GetLastError();
+      return error == ERROR_SUCCESS ? E_FAIL : HRESULT_FROM_WIN32(error);
+    }
+    return S_OK;
+  });
 }
 
 void CDialogWindow::RequireWindow(HWND parent) {

@@ -1,7 +1,11 @@
 #include "resources/resource_loader.h"
 
 #include <cstring>
+#include <optional>
 #include <utility>
+
+#include "resources/dialog_font.h"
+#include "resources/message_font.h"
 
 namespace quor {
 namespace {
@@ -66,12 +70,14 @@ std::vector<std::wstring> CResourceLoader::TextInEveryLanguage(int id) const {
   return texts;
 }
 
-const DLGTEMPLATE* CResourceLoader::DialogTemplate(int id) const noexcept {
+std::vector<std::byte> CResourceLoader::DialogTemplate(int id) const {
   for (const LANGID language : {m_language, kEnglishLanguage}) {
     const std::span<const std::byte> found = Find(RT_DIALOG, id, language);
-    if (!found.empty()) return reinterpret_cast<const DLGTEMPLATE*>(found.data());
+    if (found.empty()) continue;
+    if (const std::optional<DialogFont> font = MessageFont()) return WithFont(found, *font);
+    return {found.begin(), found.end()};
   }
-  return nullptr;
+  return {};
 }
 
 std::span<const std::byte> CResourceLoader::Data(const wchar_t* type, int id) const noexcept {

@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <map>
 #include <set>
 #include <vector>
 
-#include "dialogs/modeless_dialog.h"
+#include "dialogs/msg_pop_dlg.h"
+#include "resources/dialog_font.h"
+#include "resources/message_font.h"
 #include "resources/resource_ids.h"
 #include "tests/dialogs/dialog_stage.h"
 
@@ -67,48 +70,17 @@ TEST(ResourceTexts, AnUnknownLanguageSpeaksEnglish) {
   CDialogStage stage;
   stage.resources.SetLanguage(LANG_GERMAN, SUBLANG_GERMAN);
   EXPECT_EQ(stage.resources.Text(IDS_CALLER_LIST), L"Caller list");
-  EXPECT_NE(stage.resources.DialogTemplate(IDD_CALLER), nullptr);
+  EXPECT_FALSE(stage.resources.DialogTemplate(IDD_CALLER).empty());
   EXPECT_EQ(stage.resources.Text(999), L"");
-  EXPECT_EQ(stage.resources.DialogTemplate(999), nullptr);
+  EXPECT_TRUE(stage.resources.DialogTemplate(999).empty());
 }
 
 INT_PTR CALLBACK NoProcedure(HWND, UINT, WPARAM, LPARAM) {
   return FALSE;
 }
 
-using Template = std::vector<std::byte>;
-
-Template CopyOf(const CDialogStage& stage, int id) {
-  const auto* bytes = reinterpret_cast<const std::byte*>(stage.resources.DialogTemplate(id));
-  HMODULE module = GetModuleHandleW(nullptr);
-  for (const Language& language : kLanguages) {
-    const HRSRC found = FindResourceExW(module, RT_DIALOG, MAKEINTRESOURCEW(id),
-                                        MAKELANGID(language.primary, language.sub));
-    if (LockResource(LoadResource(module, found)) == bytes) {
-      return {bytes, bytes + SizeofResource(module, found)};
-    }
-  }
-  return {};
-}
-
-// Offset of the font size in an extended template, after header, menu, class and title.
-size_t PointSizeIn(const Template& dialog) {
-  size_t at = 26;
-  const auto word = [&dialog](size_t offset) {
-    WORD value = 0;
-    std::memcpy(&value, dialog.data() + offset, sizeof value);
-    return value;
-  };
-  for (int text = 0; text < 3; ++text) {
-    if (word(at) == 0xFFFF) {
-      at += 2 * sizeof(WORD);
-      continue;
-    }
-    while (word(at) != 0)
-      at += sizeof(WORD);
-    at += sizeof(WORD);
-  }
-  return at;
+DialogFont SystemFont() {
+  return MessageFont().value_or(DialogFont{8, FW_NORMAL, false, DEFAULT_CHARSET, u"MS Shell Dlg"});
 }
 
 // A dialog as a user of this language sees it. All sizes depend on the font size, so a font twice
@@ -116,11 +88,11 @@ size_t PointSizeIn(const Template& dialog) {
 class COpenDialog {
  public:
   COpenDialog(const CDialogStage& stage, int id, int percent = 100) {
-    Template dialog = CopyOf(stage, id);
-    const auto points = static_cast<WORD>(8 * percent / 100);
-    std::memcpy(dialog.data() + PointSizeIn(dialog), &points, sizeof points);
+    DialogFont font = SystemFont();
+    font.points = static_cast<uint16_t>(font.points * percent / 100);
+    const std::vector<std::byte> dialog = WithFont(stage.resources.DialogTemplate(id), font);
     m_window = CreateDialogIndirectParamW(stage.resources.Module(),
-                                          reinterpret_cast<DLGTEMPLATE*>(dialog.data()),
+                                          reinterpret_cast<const DLGTEMPLATE*>(dialog.data()),
                                           stage.outlook, NoProcedure, 0);
   }
   ~COpenDialog() { DestroyWindow(m_window); }
@@ -139,26 +111,131 @@ class COpenDialog {
   HWND m_window;
 };
 
-// Compares the text's width with the control's, in pixels. A tenth must be left over, because fonts
-// vary between Windows versions.
-void ExpectFits(HWND control, const std::wstring& text, int percent, const std::string& where) {
-  RECT room = {};
-  GetClientRect(control, &room);
+// How large texts and controls are in a font, in pixels.
+class IFace {
+ public:
+  virtual ~IFace() = default;
+  virtual SIZE Room(HWND control) const = 0;
+  // Of a text in lines of that width, or in one line when it is 0.
+  virtual SIZE Need(HWND control, const std::wstring& text, LONG lineWidth) const = 0;
+};
+
+class CShownFace final : public IFace {
+ public:
+  SIZE Room(HWND control) const override {
+    RECT room = {};
+    GetClientRect(control, &room);
+    return {room.right, room.bottom};
+  }
+  SIZE Need(HWND control, const std::wstring& text, LONG lineWidth) const override {
+    RECT need = {0, 0, lineWidth, 0};
+    HDC context = GetDC(control);
+    HGDIOBJ before =
+        SelectObject(context, reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0)));
+    DrawTextW(context, text.c_str(), -1, &need,
+              DT_CALCRECT | (lineWidth != 0 ? DT_WORDBREAK : DT_SINGLELINE));
+    SelectObject(context, before);
+    ReleaseDC(control, context);
+    return {need.right, need.bottom};
+  }
+};
+
+// The message font of Windows Vista and later at 96 dots per inch: Segoe UI 9, 12 pixels in size,
+// its lines 15 high. Calculated from the font's advance widths, because the tests' machine lacks
+// it.
+class CSegoeFace final : public IFace {
+ public:
+  static constexpr LONG kUnitWidth = 7;    // of 4 horizontal dialog units
+  static constexpr LONG kLineHeight = 15;  // of 8 vertical ones
+
+  SIZE Room(HWND control) const override {
+    const bool hasEdge = (GetWindowLongPtrW(control, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
+    const LONG edges = hasEdge ? 4 : 0;
+    const SIZE whole = SizeIn(GetParent(control), control);
+    return {whole.cx - edges, whole.cy - edges};
+  }
+  // The whole window's, which is that dialog or a control in it.
+  static SIZE SizeIn(HWND dialog, HWND window) {
+    RECT place = {};
+    GetWindowRect(window, &place);
+    RECT shown = {0, 0, 4, 8};
+    MapDialogRect(dialog, &shown);
+    return {MulDiv(place.right - place.left, kUnitWidth, shown.right),
+            MulDiv(place.bottom - place.top, kLineHeight, shown.bottom)};
+  }
+  SIZE Need(HWND, const std::wstring& text, LONG lineWidth) const override {
+    SIZE need = {0, 0};
+    LONG line = 0;
+    LONG blank = 0;  // between the line and its next word
+    const auto newLine = [&] {
+      need.cx = std::max(need.cx, line);
+      need.cy += kLineHeight;
+      line = blank = 0;
+    };
+    for (size_t begin = 0; begin < text.size();) {
+      const size_t end = std::min(text.find_first_of(L" \n", begin), text.size());
+      const LONG word = WidthOf(std::wstring_view(text).substr(begin, end - begin));
+      if (lineWidth != 0 && line != 0 && line + blank + word > lineWidth) newLine();
+      line += blank + word;
+      blank = 0;
+      if (end < text.size() && text[end] == L'\n') newLine();
+      if (end < text.size() && text[end] == L' ') blank = WidthOf(L" ");
+      begin = end + 1;
+    }
+    if (!text.empty()) newLine();
+    return need;
+  }
+  static LONG WidthOf(std::wstring_view text) {
+    LONG width = 0;
+    for (size_t at = 0; at < text.size(); ++at) {
+      if (text[at] == L'&' && at + 1 < text.size()) continue;  // underlines the next
+      width += (AdvanceOf(text[at]) * kSize + kUnitsPerSize / 2) / kUnitsPerSize;
+    }
+    return width;
+  }
+
+ private:
+  static constexpr LONG kSize = 12;
+  static constexpr LONG kUnitsPerSize = 2048;
+
+  // A letter is as wide with an accent as without.
+  static LONG AdvanceOf(wchar_t character) {
+    static constexpr LONG kFromSpaceToTilde[] = {
+        561,  582,  803,  1210, 1104, 1675, 1639, 471,  619,  619,  854,  1401, 444,  819,
+        444,  799,  1104, 1104, 1104, 1104, 1104, 1104, 1104, 1104, 1104, 1104, 444,  444,
+        1401, 1401, 1401, 918,  1956, 1321, 1174, 1268, 1436, 1036, 999,  1406, 1454, 545,
+        731,  1189, 963,  1840, 1532, 1544, 1147, 1544, 1225, 1087, 1073, 1407, 1272, 1913,
+        1208, 1133, 1168, 619,  776,  619,  1401, 850,  549,  1042, 1204, 946,  1206, 1071,
+        641,  1206, 1158, 496,  496,  1018, 496,  1764, 1158, 1200, 1204, 1206, 711,  869,
+        694,  1158, 981,  1479, 940,  990,  927,  619,  490,  619,  1401};
+    wchar_t letters[4] = {};
+    FoldStringW(MAP_COMPOSITE, &character, 1, letters, 4);
+    wchar_t plain = letters[0];
+    if (plain == L'\u2019') plain = L'\'';
+    if (plain == L'\u00A0') plain = L' ';
+    if (plain == L'\u00BF') plain = L'?';
+    if (plain == L'\u00B0' || plain == L'\u00BA') plain = L'0';  // narrower
+    const bool known = plain >= L' ' && plain <= L'~';
+    EXPECT_TRUE(known) << "no width for character " << static_cast<int>(character);
+    return known ? kFromSpaceToTilde[plain - L' '] : 0;
+  }
+};
+
+// Fonts differ from one Windows to the next: a tenth must be left over.
+void ExpectFits(const IFace& face, HWND control, const std::wstring& text, int percent,
+                const std::string& where) {
+  const SIZE room = face.Room(control);
   const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK;
-  const bool isButton = (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) != 0;
+  const LRESULT code = SendMessageW(control, WM_GETDLGCODE, 0, 0);
+  const bool isButton = (code & DLGC_BUTTON) != 0;
   const bool isCheckBox = isButton && style == BS_AUTOCHECKBOX;
-  const bool wraps = room.bottom > 25 * percent / 100 && style != BS_GROUPBOX;
-  RECT need = {0, 0, wraps ? room.right * 10 / 11 : 0, 0};
-  HDC context = GetDC(control);
-  HGDIOBJ before =
-      SelectObject(context, reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0)));
-  DrawTextW(context, text.c_str(), -1, &need, DT_CALCRECT | (wraps ? DT_WORDBREAK : DT_SINGLELINE));
-  SelectObject(context, before);
-  ReleaseDC(control, context);
-  const LONG border = (isCheckBox ? 20 : isButton ? 8 : 0) * percent / 100;
-  EXPECT_LE(need.right * 11 / 10 + border, room.right) << where;
-  EXPECT_LE(need.bottom, room.bottom) << where;
-  EXPECT_TRUE(text.empty() || need.right > 0) << where;
+  const bool isList = (code & (DLGC_WANTARROWS | DLGC_HASSETSEL)) == DLGC_WANTARROWS;
+  const bool wraps = room.cy > 25 * percent / 100 && !isButton && !isList;
+  const SIZE need = face.Need(control, text, wraps ? room.cx * 10 / 11 : 0);
+  const LONG border = (isCheckBox ? 20 : isList ? 28 : isButton ? 8 : 0) * percent / 100;
+  EXPECT_LE(need.cx * 11 / 10 + border, room.cx) << where;
+  EXPECT_LE(need.cy, room.cy) << where;
+  EXPECT_TRUE(text.empty() || need.cx > 0) << where;
 }
 
 std::string Place(const Language& language, int dialog, int control) {
@@ -166,15 +243,17 @@ std::string Place(const Language& language, int dialog, int control) {
          std::to_string(control);
 }
 
-// Checks each dialog with its own texts and with those that are set at run time.
-void ExpectTextsFit(const CDialogStage& stage, const Language& language, int percent) {
+// Each dialog with the texts it has, and with those that it is given.
+void ExpectTextsFit(const CDialogStage& stage, const Language& language, const IFace& face,
+                    const char* faceName, int percent = 100) {
   const auto place = [&](int dialog, int control) {
-    return Place(language, dialog, control) + ", " + std::to_string(percent) + " %";
+    return Place(language, dialog, control) + ", " + faceName + " " + std::to_string(percent) +
+           " %";
   };
   for (const int id : kAllDialogs) {
     const COpenDialog dialog(stage, id, percent);
     for (HWND control : dialog.Controls()) {
-      ExpectFits(control, TextOf(control), percent, place(id, GetDlgCtrlID(control)));
+      ExpectFits(face, control, TextOf(control), percent, place(id, GetDlgCtrlID(control)));
     }
   }
   const struct {
@@ -196,7 +275,7 @@ void ExpectTextsFit(const CDialogStage& stage, const Language& language, int per
   for (const auto& [id, control, first, last] : given) {
     const COpenDialog dialog(stage, id, percent);
     for (int text = first; text <= last; ++text) {
-      ExpectFits(GetDlgItem(dialog.Window(), control), stage.resources.Text(text), percent,
+      ExpectFits(face, GetDlgItem(dialog.Window(), control), stage.resources.Text(text), percent,
                  place(id, text));
     }
   }
@@ -212,8 +291,39 @@ TEST(DialogTemplates, NoTextIsClippedInAnyLanguageAtAnyScale) {
   for (const Language& language : kLanguages) {
     stage.Speak(language);
     for (const int percent : {100, 150, 200})
-      ExpectTextsFit(stage, language, percent);
+      ExpectTextsFit(stage, language, CShownFace(), "message font", percent);
+    ExpectTextsFit(stage, language, CSegoeFace(), "Segoe UI");
   }
+}
+
+// A dialog unit is a quarter of the average width of the 52 letters, as the dialog manager counts.
+TEST(DialogTemplates, SegoeUnitsFollowFromItsWidths) {
+  const LONG letters = CSegoeFace::WidthOf(L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
+  EXPECT_EQ((letters / 26 + 1) / 2, CSegoeFace::kUnitWidth);
+}
+
+// Outlook gives a page of its options some 380 x 330 pixels.
+TEST(DialogTemplates, ThePanelFitsIntoOutlooksOptions) {
+  CDialogStage stage;
+  const COpenDialog dialog(stage, IDD_OPTIONS_PANEL);
+  const SIZE size = CSegoeFace::SizeIn(dialog.Window(), dialog.Window());
+  EXPECT_LE(size.cx, 380);
+  EXPECT_LE(size.cy, 330);
+}
+
+TEST(DialogTemplates, WearTheMessageFont) {
+  NONCLIENTMETRICSW metrics = {};
+  metrics.cbSize = sizeof metrics;
+  ASSERT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
+  CDialogStage stage;
+  CMsgPopDlg dialog(stage.host);
+  dialog.SetOwner(stage.outlook);
+  dialog.ShowMessage(IDS_LINE_BUSY);
+  LOGFONTW font = {};
+  GetObjectW(reinterpret_cast<HGDIOBJ>(SendMessageW(dialog.Window(), WM_GETFONT, 0, 0)),
+             sizeof font, &font);
+  EXPECT_STREQ(font.lfFaceName, metrics.lfMessageFont.lfFaceName);
+  EXPECT_EQ(font.lfHeight, metrics.lfMessageFont.lfHeight);
 }
 
 std::vector<std::string> Layout(const COpenDialog& dialog) {

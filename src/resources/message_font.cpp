@@ -1,0 +1,41 @@
+#include "resources/message_font.h"
+
+#include <windows.h>
+
+#include <cstddef>
+
+namespace quor {
+namespace {
+
+constexpr int kPointsPerInch = 72;
+
+// The metrics are those of the system's resolution, which the screen's device context has too.
+int SystemDotsPerInch() noexcept {
+  const HDC screen = GetDC(nullptr);
+  if (screen == nullptr) return 0;
+  const int dots = GetDeviceCaps(screen, LOGPIXELSY);
+  ReleaseDC(nullptr, screen);
+  return dots;
+}
+
+}  // namespace
+
+std::optional<DialogFont> MessageFont() {
+  NONCLIENTMETRICSW metrics = {};
+  metrics.cbSize = sizeof metrics;
+  if (!SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)) {
+    return std::nullopt;
+  }
+  const LOGFONTW& font = metrics.lfMessageFont;
+  const int dots = SystemDotsPerInch();
+  // A positive height would count the font's leading too; the system gives the negative form.
+  const int points =
+      dots > 0 && font.lfHeight < 0 ? MulDiv(-font.lfHeight, kPointsPerInch, dots) : 0;
+  const std::wstring_view face(font.lfFaceName);
+  if (points <= 0 || face.empty()) return std::nullopt;
+  return DialogFont{static_cast<uint16_t>(points), static_cast<uint16_t>(font.lfWeight),
+                    font.lfItalic != FALSE, font.lfCharSet,
+                    std::u16string(face.begin(), face.end())};
+}
+
+}  // namespace quor
