@@ -8,7 +8,7 @@ HRESULT CDialogWindow::CreateHidden(HWND parent) noexcept {
   if (IsWindow()) return S_OK;
   return GuardComCall(m_log, "dialog", [&]() -> HRESULT {
     const std::vector<std::byte> dialog = m_resources.DialogTemplate(m_templateId);
-    // Not every failure sets an error code.
+    // Some failures set no error code.
     SetLastError(ERROR_SUCCESS);
     if (dialog.empty() ||
         CreateDialogIndirectParamW(m_resources.Module(),

@@ -28,11 +28,11 @@ class CResourceLoader final : public IStringTable {
   std::wstring Text(int id) const override;
   // The text in each language that has it.
   std::vector<std::wstring> TextInEveryLanguage(int id) const;
-  // The template in the user's message font, or in its own where the system does not tell that one;
-  // empty when there is none. The bytes are aligned as a DLGTEMPLATE must be.
+  // The template in the user's message font, or in its own font if Windows does not report that one.
+  // Empty if there is none. Aligned as a DLGTEMPLATE must be.
   std::vector<std::byte> DialogTemplate(int id) const;
-  // The bytes of a language-neutral resource of a type of ours; empty when there is none. Valid as
-  // long as the module is loaded.
+  // The bytes of a language-neutral resource with one of our types; empty if there is none. Valid
+  // while the module is loaded.
   std::span<const std::byte> Data(const wchar_t* type, int id) const noexcept;
 
   HINSTANCE Module() const noexcept { return m_module; }
