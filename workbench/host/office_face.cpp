@@ -56,8 +56,7 @@ void COfficeFace::LoadRibbon(const std::string& ribbonId, const std::string& doc
 void COfficeFace::UnloadRibbons() {
   for (const auto& parts : m_windows) {
     parts->window->SetRibbon(nullptr);
-    // Destroyed later, because it may be calling the add-in now.
-    m_session->Model().RunLater([view = std::shared_ptr<CRibbonView>(std::move(parts->ribbon))] {});
+    parts->ribbon = nullptr;
   }
   if (m_explorerRibbon) m_explorerRibbon->Unload();
   if (m_contactRibbon) m_contactRibbon->Unload();
@@ -141,14 +140,14 @@ void COfficeFace::OpenRibbon(WindowParts& parts) {
   if (!host || !host->IsLoaded() || parts.ribbon) return;
   parts.ribbon = host->OpenView(parts.object);
   if (!parts.isExplorer) parts.ribbon->SelectTab(L"TabContact");
-  parts.window->SetRibbon(parts.ribbon.get());
+  parts.window->SetRibbon(parts.ribbon);
   OnChanged();
 }
 
 void COfficeFace::Show(WindowParts& parts) {
   OpenRibbon(parts);
   parts.window->Show();
-  if (parts.ribbon) parts.ribbon->Redraw();
+  if (const auto ribbon = parts.ribbon) ribbon->Redraw();
 }
 
 void COfficeFace::OnShown(CExplorer& explorer) {
@@ -197,14 +196,15 @@ void COfficeFace::OnChanged() {
 void COfficeFace::DrawStale() {
   const std::vector<PartsPtr> windows = m_windows;
   for (const auto& parts : windows) {
-    if (parts->ribbon && parts->ribbon->Redraw() != 0) parts->window->Redraw();
+    const auto ribbon = parts->ribbon;
+    if (ribbon && ribbon->Redraw() != 0) parts->window->Redraw();
   }
 }
 
 RibbonFigures COfficeFace::TakeRibbonFigures() {
   const std::vector<PartsPtr> windows = m_windows;
   for (const auto& parts : windows) {
-    if (parts->ribbon) parts->ribbon->Redraw();
+    if (const auto ribbon = parts->ribbon) ribbon->Redraw();
   }
   RibbonFigures sum;
   for (CRibbonHost* host : {m_explorerRibbon.get(), m_contactRibbon.get()}) {
@@ -241,12 +241,13 @@ void COfficeFace::ShowCalendarAsTable(bool table) {
 
 std::vector<ControlFace> COfficeFace::Controls(CWindowObject* window) {
   const PartsPtr parts = Find(window);
-  return parts->ribbon ? parts->ribbon->ControlFaces() : parts->bars->ControlFaces();
+  if (const auto ribbon = parts->ribbon) return ribbon->ControlFaces();
+  return parts->bars->ControlFaces();
 }
 
 void COfficeFace::Click(CWindowObject* window, const std::vector<std::wstring>& path) {
   const PartsPtr parts = Find(window);
-  if (parts->ribbon) return parts->ribbon->Click(path);
+  if (const auto ribbon = parts->ribbon) return ribbon->Click(path);
   parts->bars->Click(path);
 }
 
@@ -257,14 +258,14 @@ void COfficeFace::DeleteControl(const std::vector<std::wstring>& path) {
 void COfficeFace::EnterText(CWindowObject* window, const std::wstring& control,
                             const std::wstring& text) {
   const PartsPtr parts = Find(window);
-  if (parts->ribbon) return parts->ribbon->EnterText({&control, 1}, text);
+  if (const auto ribbon = parts->ribbon) return ribbon->EnterText({&control, 1}, text);
   parts->bars->EnterText({&control, 1}, text);
 }
 
 void COfficeFace::PickEntry(CWindowObject* window, const std::wstring& control,
                             const std::wstring& entry) {
   const PartsPtr parts = Find(window);
-  if (parts->ribbon) return parts->ribbon->PickEntry({&control, 1}, entry);
+  if (const auto ribbon = parts->ribbon) return ribbon->PickEntry({&control, 1}, entry);
   parts->bars->PickEntry({&control, 1}, entry);
 }
 

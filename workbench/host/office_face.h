@@ -77,10 +77,11 @@ class COfficeFace final : public IOutlookFace {
     CWindowObject* object = nullptr;
     bool isExplorer = false;
     CModelPtr<CCommandBars> bars;
-    std::unique_ptr<CRibbonView> ribbon;
+    std::shared_ptr<CRibbonView> ribbon;
     std::unique_ptr<COutlookWindow> window;
   };
-  // Code that acts on a window must hold its parts: a callback of the add-in may close the window.
+  // Code that acts on a window must hold its parts, or its ribbon: a callback of the add-in may
+  // close the window or end the add-in.
   using PartsPtr = std::shared_ptr<WindowParts>;
 
   PartsPtr PartsOf(CExplorer& explorer);

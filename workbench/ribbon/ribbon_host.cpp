@@ -82,8 +82,8 @@ void CRibbonHost::Unload() noexcept {
   if (IDispatch* addIn = std::exchange(m_addIn, nullptr)) addIn->Release();
 }
 
-std::unique_ptr<CRibbonView> CRibbonHost::OpenView(CModelPtr<CAutomation> context) {
-  return std::make_unique<CRibbonView>(*this, std::move(context));
+std::shared_ptr<CRibbonView> CRibbonHost::OpenView(CModelPtr<CAutomation> context) {
+  return std::make_shared<CRibbonView>(*this, std::move(context));
 }
 
 void CRibbonHost::Report(const std::string& message) {

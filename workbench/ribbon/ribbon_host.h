@@ -45,8 +45,9 @@ class CRibbonHost {
   void Unload() noexcept;
 
   // A window starts to show the document. `context` is the explorer or inspector. The host must
-  // outlive its views.
-  std::unique_ptr<CRibbonView> OpenView(CModelPtr<CAutomation> context);
+  // outlive its views. Callers must hold a view while they call it: a callback may close the
+  // window.
+  std::shared_ptr<CRibbonView> OpenView(CModelPtr<CAutomation> context);
 
   const std::vector<std::string>& Messages() const noexcept { return m_messages; }
   void SetMessageHandler(std::function<void(const std::string&)> handler) {

@@ -89,8 +89,8 @@ COutlookWindow::~COutlookWindow() {
   m_bars.SetChangeHandler(nullptr);
 }
 
-void COutlookWindow::SetRibbon(CRibbonView* ribbon) {
-  m_ribbon = ribbon;
+void COutlookWindow::SetRibbon(std::shared_ptr<CRibbonView> ribbon) {
+  m_ribbon = std::move(ribbon);
   m_window.Redraw();
 }
 
@@ -109,8 +109,8 @@ WindowFace COutlookWindow::Face() {
   if (!m_object.IsOpen()) return face;
   face.title = m_object.CaptionText();
   if (m_options.skin == Skin::Toolbars) face.bars = m_bars.Faces();
-  if (m_ribbon != nullptr) {
-    face.ribbon = m_ribbon->Tab(m_ribbon->ActiveTab(), CRibbonView::Extent::Drawn);
+  if (const auto ribbon = m_ribbon) {
+    face.ribbon = ribbon->Tab(ribbon->ActiveTab(), CRibbonView::Extent::Drawn);
   }
   if (m_panel != nullptr) face.panel = m_panel->Face();
   if (m_explorer != nullptr) {
@@ -179,11 +179,12 @@ void COutlookWindow::FillCard(WindowFace& face, const std::wstring& name,
 }
 
 std::vector<ControlFace> COutlookWindow::Controls() const {
-  return m_ribbon != nullptr ? m_ribbon->ControlFaces() : m_bars.ControlFaces(true);
+  if (const auto ribbon = m_ribbon) return ribbon->ControlFaces();
+  return m_bars.ControlFaces(true);
 }
 
 std::vector<ControlFace> COutlookWindow::MenuItems(int handle) {
-  if (m_ribbon != nullptr) return m_ribbon->OpenMenu(handle);
+  if (const auto ribbon = m_ribbon) return ribbon->OpenMenu(handle);
   const std::vector<ControlFace> controls = Controls();
   const ControlFace* menu = FindHandle(controls, handle);
   if (menu == nullptr || !menu->enabled || !menu->visible) {
@@ -215,24 +216,24 @@ void COutlookWindow::RenderToPng(const std::wstring& path, const PictureLook& lo
 // --- the user's actions ---
 
 void COutlookWindow::ClickControl(int handle) {
-  if (m_ribbon != nullptr) {
-    m_ribbon->Click(handle);
+  if (const auto ribbon = m_ribbon) {
+    ribbon->Click(handle);
   } else {
     m_bars.Click(handle);
   }
 }
 
 void COutlookWindow::EnterText(int handle, const std::wstring& text) {
-  if (m_ribbon != nullptr) {
-    m_ribbon->EnterText(handle, text);
+  if (const auto ribbon = m_ribbon) {
+    ribbon->EnterText(handle, text);
   } else {
     m_bars.EnterText(handle, text);
   }
 }
 
 void COutlookWindow::PickEntry(int handle, size_t entry) {
-  if (m_ribbon != nullptr) {
-    m_ribbon->PickEntry(handle, entry);
+  if (const auto ribbon = m_ribbon) {
+    ribbon->PickEntry(handle, entry);
   } else {
     m_bars.PickEntry(handle, entry);
   }

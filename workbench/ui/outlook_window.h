@@ -2,6 +2,7 @@
 #define QUOR_WORKBENCH_UI_OUTLOOK_WINDOW_H
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -46,8 +47,8 @@ class COutlookWindow final : IWindowContent {
   COutlookWindow(const COutlookWindow&) = delete;
   COutlookWindow& operator=(const COutlookWindow&) = delete;
 
-  // Sets the ribbon; null: none. It must outlive the window or be removed before.
-  void SetRibbon(CRibbonView* ribbon);
+  // Null: none, or none any longer.
+  void SetRibbon(std::shared_ptr<CRibbonView> ribbon);
   void SetPanel(IBasePanel* panel);
 
   HWND Handle() const noexcept { return m_window.Handle(); }
@@ -87,7 +88,7 @@ class COutlookWindow final : IWindowContent {
   CExplorer* m_explorer;  // one of the two
   CInspector* m_inspector;
   CCommandBars& m_bars;
-  CRibbonView* m_ribbon = nullptr;
+  std::shared_ptr<CRibbonView> m_ribbon;  // held while it is called: a callback may take it away
   IBasePanel* m_panel = nullptr;
   const OutlookWindowOptions m_options;
   Theme m_theme;

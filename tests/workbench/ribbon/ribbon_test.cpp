@@ -118,7 +118,7 @@ class Ribbon : public testing::Test {
   CValue m_count{2};
   std::wstring m_changedTo;
   CRibbonHost m_host{m_model, RibbonWindow::Explorer};
-  std::unique_ptr<CRibbonView> m_view;
+  std::shared_ptr<CRibbonView> m_view;
 };
 
 TEST_F(Ribbon, ABadDocumentIsDroppedAsAWhole) {
