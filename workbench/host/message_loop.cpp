@@ -1,6 +1,7 @@
 #include "workbench/host/message_loop.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace quor::workbench {
@@ -10,7 +11,6 @@ namespace {
 // Limit per pump, so that an add-in window that posts to itself without end does not hang the
 // scenario.
 constexpr int kMostMessages = 100'000;
-constexpr int kMostPaints = 50;
 constexpr ULONGLONG kLongestHold = 3'000;  // milliseconds
 constexpr DWORD kLongestSleep = 50;
 
@@ -83,13 +83,21 @@ bool CMessageLoop::PumpOne() {
          HandleOne(WM_TIMER + 1, 0xFFFFFFFF);
 }
 
+// A window that never finishes painting must not block the others: when no other message is left,
+// each window is painted once.
 void CMessageLoop::Pump() {
-  int paints = 0;
+  std::set<HWND> painted;
   for (int i = 0; i < kMostMessages; ++i) {
-    if (PumpOne()) continue;
-    // Limits paint messages, so that a window that never finishes painting does not block the
-    // others.
-    if (++paints > kMostPaints || !HandleOne(WM_PAINT, WM_PAINT)) return;
+    if (PumpOne()) {
+      painted.clear();
+      continue;
+    }
+    MSG paint;
+    if (!PeekMessageW(&paint, nullptr, WM_PAINT, WM_PAINT, PM_NOREMOVE) ||
+        !painted.insert(paint.hwnd).second) {
+      return;
+    }
+    HandleOne(WM_PAINT, WM_PAINT);
   }
 }
 
