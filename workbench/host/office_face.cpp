@@ -141,7 +141,7 @@ void COfficeFace::OpenRibbon(WindowParts& parts) {
   parts.ribbon = host->OpenView(parts.object);
   if (!parts.isExplorer) parts.ribbon->SelectTab(L"TabContact");
   parts.window->SetRibbon(parts.ribbon);
-  OnChanged();
+  Update(parts);
 }
 
 void COfficeFace::Show(WindowParts& parts) {
@@ -182,15 +182,17 @@ void COfficeFace::OnClosed(CInspector& inspector) {
   Close(inspector);
 }
 
+// Draws the window again, with the tab of the folder that it shows.
+void COfficeFace::Update(WindowParts& parts) {
+  parts.window->Redraw();
+  if (!parts.isExplorer || !parts.ribbon) return;
+  const auto& explorer = static_cast<CExplorer&>(*parts.object);
+  parts.ribbon->SelectTab(TabOf(explorer.Folder().itemType, m_calendarAsTable));
+}
+
 void COfficeFace::OnChanged() {
-  // A copy: a callback may close a window.
-  const std::vector<PartsPtr> windows = m_windows;
-  for (const auto& parts : windows) {
-    parts->window->Redraw();
-    if (!parts->isExplorer || !parts->ribbon) continue;
-    const auto& explorer = static_cast<CExplorer&>(*parts->object);
-    parts->ribbon->SelectTab(TabOf(explorer.Folder().itemType, m_calendarAsTable));
-  }
+  for (const auto& parts : m_windows)
+    Update(*parts);
 }
 
 void COfficeFace::DrawStale() {

@@ -91,6 +91,7 @@ class COfficeFace final : public IOutlookFace {
   PartsPtr Find(CWindowObject* window);
   void Show(WindowParts& parts);
   void OpenRibbon(WindowParts& parts);
+  void Update(WindowParts& parts);
   void Close(CWindowObject& window);
 
   int m_version;
