@@ -12,7 +12,6 @@
 #include "telephone/control_state.h"
 #include "tests/toolbar/faces_fixture.h"
 #include "toolbar/ribbon_faces.h"
-#include "workbench/ribbon/xml_reader.h"
 
 namespace quor {
 namespace {
@@ -26,16 +25,18 @@ std::string ReadSource(const char* path) {
 
 using Attributes = std::map<std::string, std::string>;
 
-void Collect(const workbench::XmlElement& element, std::vector<Attributes>& all) {
-  all.emplace_back(element.attributes.begin(), element.attributes.end());
-  for (const workbench::XmlElement& child : element.children)
-    Collect(child, all);
-}
-
-// The attributes of all elements of a document.
+// The attributes of every element of a document.
 std::vector<Attributes> Elements(const char* path) {
+  std::istringstream text(ReadSource(path));
   std::vector<Attributes> all;
-  Collect(workbench::ReadXml(ReadSource(path)), all);
+  for (std::string element; std::getline(text, element, '>');) {
+    Attributes& attributes = all.emplace_back();
+    for (size_t end = 0, is = 0; (is = element.find("=\"", end)) != std::string::npos; ++end) {
+      const size_t name = element.find_last_of(" \n", is) + 1;
+      end = element.find('"', is + 2);
+      attributes.emplace(element.substr(name, is - name), element.substr(is + 2, end - is - 2));
+    }
+  }
   return all;
 }
 

@@ -6,8 +6,8 @@
 
 #include <cstring>
 
-#include "workbench/host/xml_query.h"
 #include "workbench/office/value.h"
+#include "workbench/office/xml.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -75,7 +75,21 @@ std::optional<std::string> CEvidenceStage::LastOpened() {
 
 std::vector<std::string> CEvidenceStage::ReadXml(const std::string& path,
                                                  const std::string& xpath) {
-  return QueryXmlFile(m_data.FullPath(path), xpath);
+  IXMLDOMDocument2Ptr document;
+  try {
+    document = LoadXml(m_data.FullPath(path));
+  } catch (const CXmlError& error) {
+    throw CExpectationFailure(error.what());
+  }
+  IXMLDOMNodeListPtr nodes;
+  if (document->selectNodes(_bstr_t(WideFromUtf8(xpath).c_str()), &nodes) != S_OK) {
+    throw CScenarioError("not an XPath: " + xpath);
+  }
+  std::vector<std::string> texts;
+  IXMLDOMNodePtr node;
+  while (nodes->nextNode(&node) == S_OK)
+    texts.push_back(XmlText(*node));
+  return texts;
 }
 
 void CEvidenceStage::WatchXml(const std::string& path) {

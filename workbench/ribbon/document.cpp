@@ -1,128 +1,115 @@
 #include "workbench/ribbon/document.h"
 
 #include <algorithm>
-#include <set>
+#include <cctype>
+#include <iterator>
 
-#include "workbench/ribbon/xml_reader.h"
+#include "workbench/office/value.h"
+#include "workbench/office/xml.h"
 
 namespace quor::workbench {
 namespace {
+
+constexpr wchar_t kNamespace[] = L"http://schemas.microsoft.com/office/2006/01/customui";
+
+struct BuiltInTab {
+  RibbonWindow window;
+  std::string_view id;
+  std::string_view firstGroup;
+};
+constexpr BuiltInTab kBuiltInTabs[] = {
+    {RibbonWindow::Explorer, "TabMail", "GroupMailNew"},
+    {RibbonWindow::Explorer, "TabCalendarTableView", "GroupCalendarNew"},
+    {RibbonWindow::Explorer, "TabCalendar", "GroupCalendarNew"},
+    {RibbonWindow::Explorer, "TabContacts", "GroupContactsNew"},
+    {RibbonWindow::Explorer, "TabTasks", "GroupTasksNew"},
+    {RibbonWindow::Explorer, "TabNotes", "GroupNotesNew"},
+    {RibbonWindow::Explorer, "TabJournals", "GroupJournalNew"},
+    {RibbonWindow::Contact, "TabContact", "GroupActions"},
+};
+
+// ribbon_schema.rc puts it into every program that reads documents.
+std::wstring Schema() {
+  const HMODULE program = GetModuleHandleW(nullptr);
+  const HRSRC place = FindResourceW(program, L"CUSTOM_UI", L"XML");
+  const HGLOBAL loaded = LoadResource(program, place);
+  if (loaded == nullptr) throw CXmlError("the program holds no schema");
+  return WideFromUtf8(
+      {static_cast<const char*>(LockResource(loaded)), SizeofResource(program, place)});
+}
 
 class CDocumentReader {
  public:
   explicit CDocumentReader(RibbonWindow window) : m_window(window) {}
 
-  RibbonNode Root(const XmlElement& element) {
-    if (element.name != "customUI") {
-      throw CDocumentError(element.line, "the root element is " + element.name + ", not customUI");
-    }
-    return Node(element, FindElementType("CustomUi"));
-  }
-
- private:
-  RibbonNode Node(const XmlElement& element, const ElementType& type) {
-    if (element.space != kCustomUiNamespace) {
-      throw CDocumentError(element.line,
-                           element.name + " is not in the namespace " + kCustomUiNamespace);
-    }
+  RibbonNode Node(IXMLDOMNode& element) {
     RibbonNode node;
-    node.element = element.name;
-    node.line = element.line;
-    ReadAttributes(element, type, node);
-    CheckExclusive(node);
-    ReadId(type, node);
+    _bstr_t name;
+    element.get_baseName(name.GetAddress());
+    node.element = Utf8FromWide(WideFromBstr(name.GetBSTR()));
+    ReadAttributes(element, node);
+    CheckValues(node);
     CheckBuiltIns(node);
     if (node.element == "tab") m_tab = node.Attribute("idMso");
-    ReadChildren(element, type, node);
+    IXMLDOMNodePtr child;
+    for (element.get_firstChild(&child); child != nullptr;) {
+      DOMNodeType type = NODE_INVALID;
+      child->get_nodeType(&type);
+      if (type == NODE_ELEMENT) node.children.push_back(Node(*child));
+      IXMLDOMNodePtr next;
+      child->get_nextSibling(&next);
+      child = next;
+    }
     return node;
   }
 
-  static void ReadAttributes(const XmlElement& element, const ElementType& type, RibbonNode& node) {
-    for (const auto& [name, value] : element.attributes) {
-      if (std::find(type.attributes.begin(), type.attributes.end(), name) ==
-          type.attributes.end()) {
-        throw CDocumentError(element.line,
-                             "attribute " + name + " is not allowed on " + element.name);
-      }
-      if (const auto fault = FaultOfAttribute(name, value)) {
-        throw CDocumentError(element.line,
-                             "attribute " + name + " of " + element.name + " " + *fault);
-      }
-      node.attributes.emplace(name, value);
+ private:
+  static void ReadAttributes(IXMLDOMNode& element, RibbonNode& node) {
+    IXMLDOMNamedNodeMapPtr attributes;
+    element.get_attributes(&attributes);
+    IXMLDOMNodePtr attribute;
+    while (attributes != nullptr && attributes->nextNode(&attribute) == S_OK) {
+      _bstr_t bstr;
+      attribute->get_nodeName(bstr.GetAddress());
+      const std::string name = Utf8FromWide(WideFromBstr(bstr.GetBSTR()));
+      if (!name.starts_with("xmlns")) node.attributes.emplace(name, XmlText(*attribute));
     }
-    if (element.name == "dynamicMenu" && !node.Has("getContent")) {
-      throw CDocumentError(element.line, "dynamicMenu needs getContent");
-    }
-  }
-
-  static void CheckExclusive(const RibbonNode& node) {
-    for (const auto& set : ExclusiveAttributes()) {
-      const std::string* first = nullptr;
-      for (const std::string& name : set) {
-        if (!node.Has(name)) continue;
-        if (first != nullptr) {
-          throw CDocumentError(node.line, node.element + " has both " + *first + " and " + name);
-        }
-        first = &name;
-      }
-    }
-  }
-
-  void ReadId(const ElementType& type, RibbonNode& node) {
-    node.custom = node.Has("id") || node.Has("idQ");
     for (const char* name : {"id", "idQ", "idMso"}) {
       if (node.Has(name)) node.id = node.Attribute(name);
     }
-    if (type.needsId && node.id.empty()) {
-      throw CDocumentError(node.line, node.element + " has no id");
-    }
-    if (node.Has("id") && !m_ids.insert(node.id).second) {
-      throw CDocumentError(node.line, "the id " + node.id + " is there twice");
+    node.custom = node.Has("id") || node.Has("idQ");
+  }
+
+  static void CheckValues(const RibbonNode& node) {
+    for (const auto& [name, value] : node.attributes) {
+      std::string getter = "get" + name;
+      getter[3] = static_cast<char>(std::toupper(static_cast<unsigned char>(getter[3])));
+      if (node.Has(getter)) {
+        throw CXmlError(node.element + ' ' + node.id + " has both " + name + " and " + getter);
+      }
+      if (node.id.empty() && (name == "onAction" || name.starts_with("get"))) {
+        throw CXmlError(node.element + " has callbacks but no id");
+      }
     }
   }
 
   void CheckBuiltIns(const RibbonNode& node) const {
-    const auto known = [&](const std::string& id) {
-      return node.element == "tab" ? HasBuiltInTab(m_window, id)
-                                   : HasBuiltInGroup(m_window, m_tab, id);
-    };
     if (node.element != "tab" && node.element != "group") return;
     for (const char* name : {"idMso", "insertBeforeMso", "insertAfterMso"}) {
-      if (!node.Has(name) || known(node.Attribute(name))) continue;
-      // A custom tab has no built-in groups.
-      throw CDocumentError(
-          node.line, "there is no built-in " + node.element + " " + node.Attribute(name) + " here");
-    }
-  }
-
-  void ReadChildren(const XmlElement& element, const ElementType& type, RibbonNode& node) {
-    std::map<std::string, size_t> counts;
-    int rank = 0;
-    for (const XmlElement& child : element.children) {
-      const auto rule = std::find_if(type.children.begin(), type.children.end(),
-                                     [&](const ChildRule& one) { return one.name == child.name; });
-      if (rule == type.children.end()) {
-        throw CDocumentError(child.line, child.name + " is not allowed in " + element.name);
-      }
-      if (rule->rank < rank) {
-        throw CDocumentError(child.line, child.name + " comes too late in " + element.name);
-      }
-      rank = rule->rank;
-      ++counts[child.name];
-      node.children.push_back(Node(child, FindElementType(rule->type)));
-    }
-    for (const ChildRule& rule : type.children) {
-      if (counts[rule.name] < rule.least || counts[rule.name] > rule.most) {
-        throw CDocumentError(element.line, element.name + " holds " +
-                                               std::to_string(counts[rule.name]) + " " + rule.name +
-                                               " elements");
-      }
+      if (!node.Has(name)) continue;
+      const std::string id = node.Attribute(name);
+      const bool known =
+          std::any_of(std::begin(kBuiltInTabs), std::end(kBuiltInTabs), [&](const BuiltInTab& tab) {
+            if (tab.window != m_window) return false;
+            // On a tab of the document's own every built-in group is missing.
+            return node.element == "tab" ? tab.id == id : tab.id == m_tab && tab.firstGroup == id;
+          });
+      if (!known) throw CXmlError("there is no built-in " + node.element + ' ' + id + " here");
     }
   }
 
   const RibbonWindow m_window;
-  std::string m_tab;  // idMso of the current tab
-  std::set<std::string> m_ids;
+  std::string m_tab;  // idMso of the tab being read
 };
 
 }  // namespace
@@ -132,8 +119,12 @@ std::string RibbonNode::Attribute(std::string_view attribute) const {
   return found == attributes.end() ? std::string() : found->second;
 }
 
-RibbonNode ReadRibbonDocument(std::string_view xml, RibbonWindow window) {
-  return CDocumentReader(window).Root(ReadXml(xml));
+RibbonNode ReadRibbonDocument(const std::wstring& xml, RibbonWindow window) {
+  const IXMLDOMDocument2Ptr document = ParseXml(xml);
+  ValidateXml(*document, kNamespace, Schema());
+  IXMLDOMElementPtr root;
+  document->get_documentElement(&root);
+  return CDocumentReader(window).Node(*root);
 }
 
 }  // namespace quor::workbench

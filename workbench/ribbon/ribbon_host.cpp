@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
+#include "workbench/office/xml.h"
 #include "workbench/ribbon/ribbon_view.h"
-#include "workbench/ribbon/xml_reader.h"
 
 namespace quor::workbench {
 namespace {
@@ -56,8 +56,8 @@ CRibbonHost::~CRibbonHost() {
 
 bool CRibbonHost::Load(IUnknown* addIn, const std::wstring& document) {
   try {
-    m_document = ReadRibbonDocument(Utf8FromWide(document), m_window);
-  } catch (const CDocumentError& error) {
+    m_document = ReadRibbonDocument(document, m_window);
+  } catch (const CXmlError& error) {
     Report(std::string("the document is dropped, ") + error.what());
     return false;
   }

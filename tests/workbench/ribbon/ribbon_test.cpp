@@ -72,6 +72,7 @@ const wchar_t kDocument[] =
 class Ribbon : public testing::Test {
  protected:
   Ribbon() {
+    CoInitialize(nullptr);
     m_callbacks.Set(L"OnLoad", [this](const DISPPARAMS& arguments) {
       m_ribbonUi = CRemote(V_DISPATCH(&arguments.rgvarg[0]));
       return CValue();
@@ -94,6 +95,8 @@ class Ribbon : public testing::Test {
     });
     m_callbacks.Set(L"OnAction", nullptr);
   }
+
+  ~Ribbon() override { CoUninitialize(); }
 
   void Load() {
     ASSERT_TRUE(m_host.Load(&m_callbacks, kDocument));
@@ -122,8 +125,26 @@ class Ribbon : public testing::Test {
 };
 
 TEST_F(Ribbon, ABadDocumentIsDroppedAsAWhole) {
-  EXPECT_FALSE(m_host.Load(&m_callbacks, L"<customUI/>"));
-  EXPECT_EQ(m_host.Messages().size(), 1u);
+  // One change each to a good document.
+  const std::pair<const wchar_t*, const wchar_t*> faults[] = {
+      {L"</customUI>", L""},                // not well-formed
+      {L"customui\"", L"customui2\""},      // another namespace
+      {L"onLoad", L"onload"},               // an attribute that does not exist
+      {L"id=\"Item\"", L"id=\"One\""},      // an id twice
+      {L"id=\"Item\"", L""},                // none
+      {L"tag=\"the tag\"", L"label=\"\""},  // an empty text
+      {L"<menu id=\"Menu\" label=\"Menu\"", L"<menu id=\"Menu\" size=\"small\""},
+      {L"tag=\"the tag\"", L"label=\"Both\""},  // label and getLabel
+      {L"TabTasks", L"TabTsaks"},               // no such tab in Outlook
+      {L"<group id=\"Other\"", L"<group id=\"Other\" insertBeforeMso=\"GroupMailNew\""},
+  };
+  const std::wstring good = kDocument;
+  for (const auto& [from, to] : faults) {
+    std::wstring bad = good;
+    bad.replace(bad.find(from), std::wstring_view(from).size(), to);
+    EXPECT_FALSE(m_host.Load(&m_callbacks, bad)) << Utf8FromWide(to);
+  }
+  EXPECT_EQ(m_host.Messages().size(), std::size(faults));
   EXPECT_TRUE(m_callbacks.called.empty());
   EXPECT_EQ(m_callbacks.References(), 1u);
 }
