@@ -1,28 +1,16 @@
 #include "workbench/host/screenshot.h"
 
-// clang-format off
-#include <windows.h>
-#include <objidl.h>
-#include <algorithm>
-// GDI+ uses min and max unqualified, and NOMINMAX has removed the macros.
-namespace Gdiplus { using std::max; using std::min; }
-#include <gdiplus.h>
-// clang-format on
-
 #include <cstddef>
-#include <memory>
 #include <vector>
 
 #include "workbench/office/value.h"
+#include "workbench/ui/gdi_plus.h"
 
 namespace quor::workbench {
 
 namespace {
 
-constexpr CLSID kPngEncoder = {
-    0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
-
-// Wine without a display has no screen.
+// Wine without a display draws nowhere.
 bool HasScreen() {
   wchar_t driver[32] = {};
   DWORD size = sizeof(driver);
@@ -61,17 +49,17 @@ BOOL CALLBACK Repaint(HWND window, LPARAM) {
   return TRUE;
 }
 
-// The display maps windows asynchronously and loses what was drawn before, so draw until nothing
-// changes. Handles only messages of the display.
+// The display puts windows up in its own time, and what was drawn before is lost: draws until
+// nothing changes any more. Handles no message but the display's own.
 HBITMAP CopySettledScreen() {
   constexpr int kMostTries = 40;
-  constexpr int kSettledAfter = 5;  // tries without a change
+  constexpr int kSettledAfter = 5;  // tries with nothing new
   constexpr DWORD kInterval = 100;  // milliseconds
   HBITMAP bitmap = CopyScreen();
   int unchanged = 0;
   for (int tries = 0; tries < kMostTries && unchanged < kSettledAfter; ++tries) {
     EnumThreadWindows(GetCurrentThreadId(), Repaint, 0);
-    // Drawing reaches the screen when the program checks for messages.
+    // What is drawn reaches the screen when the program looks for messages.
     MSG message;
     PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_NOREMOVE | PM_QS_PAINT);
     Sleep(kInterval);
@@ -83,25 +71,16 @@ HBITMAP CopySettledScreen() {
   return bitmap;
 }
 
-bool SavePng(HBITMAP bitmap, const std::wstring& path) {
-  ULONG_PTR token = 0;
-  const Gdiplus::GdiplusStartupInput input;
-  if (Gdiplus::GdiplusStartup(&token, &input, nullptr) != Gdiplus::Ok) return false;
-  auto picture = std::make_unique<Gdiplus::Bitmap>(bitmap, nullptr);
-  const bool saved = picture->Save(path.c_str(), &kPngEncoder, nullptr) == Gdiplus::Ok;
-  picture.reset();  // before GDI+ ends
-  Gdiplus::GdiplusShutdown(token);
-  return saved;
-}
-
 }  // namespace
 
 std::string SaveScreenshot(const std::string& path) {
   if (!HasScreen()) return {};
   const HBITMAP bitmap = CopySettledScreen();
-  const bool saved = SavePng(bitmap, WideFromUtf8(path));
+  const CGdiPlus gdiPlus;
+  Gdiplus::Bitmap picture(bitmap, nullptr);
   DeleteObject(bitmap);
-  return saved ? path : std::string();
+  SavePng(picture, WideFromUtf8(path));
+  return path;
 }
 
 }  // namespace quor::workbench

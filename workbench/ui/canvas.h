@@ -1,18 +1,18 @@
 #ifndef QUOR_WORKBENCH_UI_CANVAS_H
 #define QUOR_WORKBENCH_UI_CANVAS_H
 
-#include <windows.h>
-
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "workbench/ui/face.h"
+#include "workbench/ui/gdi_plus.h"
 
 namespace quor::workbench {
 
-// In pixels at 100 %; the canvas scales.
+// Pixels at 100 %; the canvas scales.
 struct Rect {
   int x = 0;
   int y = 0;
@@ -32,7 +32,7 @@ using Colour = uint32_t;  // 0xRRGGBB
 enum class Align { Left, Centre, Right };
 
 struct TextStyle {
-  int size = 12;  // height of the letters' cell in pixels at 100 %
+  int size = 12;  // height of the letters' box in pixels at 100 %
   Colour colour = 0x000000;
   bool bold = false;
   Align align = Align::Left;
@@ -43,75 +43,40 @@ struct Point {
   double y = 0;
 };
 
-// A 32-bit bitmap with a device context. Throws std::runtime_error if it cannot be created.
-class CMemoryBitmap {
- public:
-  CMemoryBitmap(int width, int height);
-  ~CMemoryBitmap();
-  CMemoryBitmap(const CMemoryBitmap&) = delete;
-  CMemoryBitmap& operator=(const CMemoryBitmap&) = delete;
-
-  HDC Context() const noexcept { return m_context; }
-  uint32_t* Bits() const noexcept { return m_bits; }
-  // Average brightness of the pixels that are scaled down to pixel x, y: 0 to 255.
-  int Coverage(int x, int y) const noexcept;
-
- private:
-  const int m_width;
-  HDC m_context = nullptr;
-  HBITMAP m_bitmap = nullptr;
-  HGDIOBJ m_before = nullptr;
-  uint32_t* m_bits = nullptr;
-};
-
-// A 32-bit bitmap in memory. Shapes are drawn with smooth edges, text by GDI; works without a
-// screen.
+// A 32-bit bitmap in memory, drawn with GDI+; works without a screen.
 class CCanvas {
  public:
-  CCanvas(int width, int height, int scale);  // pixels at 100 %; scale in per cent
-  ~CCanvas();
-  CCanvas(const CCanvas&) = delete;
-  CCanvas& operator=(const CCanvas&) = delete;
+  CCanvas(int width, int height, int scale);  // pixels at 100 %; per cent
 
-  int Scale() const noexcept { return m_scale; }
-  HDC Context() const noexcept { return m_bitmap.Context(); }
-  // Real pixels.
-  int PixelWidth() const noexcept { return m_width; }
-  int PixelHeight() const noexcept { return m_height; }
-  const uint32_t* Bits() const noexcept { return m_bitmap.Bits(); }
+  void CopyTo(HDC context);
+  void Save(const std::wstring& path);  // as PNG; throws std::runtime_error
 
   void Fill(const Rect& rect, Colour colour);
   void Gradient(const Rect& rect, Colour top, Colour bottom);
   void Frame(const Rect& rect, Colour colour);
-  void Shade(const Rect& rect, Colour colour, int alpha);  // alpha 0 to 255
-  void Line(int x1, int y1, int x2, int y2,
-            Colour colour);  // horizontal or vertical, one pixel wide
+  void Shade(const Rect& rect, Colour colour, int alpha);    // alpha 0 to 255
+  void Line(int x1, int y1, int x2, int y2, Colour colour);  // level or upright, one pixel wide
   void Rounded(const Rect& rect, int radius, Colour fill);
   void RoundedFrame(const Rect& rect, int radius, Colour fill, Colour border);
   void Polygon(const std::vector<Point>& points, Colour colour);
   void Disc(Point centre, double radius, Colour colour);
-  // One line, cut with an ellipsis, vertically centred.
+  // One line, cut with an ellipsis, in the middle of the rectangle's height.
   void Text(const Rect& rect, std::wstring_view text, const TextStyle& style);
   int TextWidth(std::wstring_view text, const TextStyle& style);  // pixels at 100 %, rounded up
-  // Fits the picture into the centre of the rectangle; `greyed`: as in a disabled control.
+  // Fitted into the square at the rectangle's middle; greyed: as a disabled control shows it.
   void Image(const Rect& rect, const Pixels& pixels, bool greyed);
 
  private:
-  int Scaled(int value) const noexcept { return value * m_scale / 100; }
-  RECT Scaled(const Rect& rect) const noexcept;
-  void Blend(int x, int y, Colour colour, int alpha) noexcept;
-  HFONT Font(const TextStyle& style);
+  void FillPath(const Gdiplus::GraphicsPath& path, Colour colour);
+  const Gdiplus::Font& Font(const TextStyle& style);
 
+  const CGdiPlus m_gdiPlus;
+  Gdiplus::Bitmap m_bitmap;
+  Gdiplus::Graphics m_graphics;
   const int m_scale;
-  const int m_width;
-  const int m_height;
-  CMemoryBitmap m_bitmap;
   std::wstring m_fontName;
-  std::map<std::pair<int, bool>, HFONT> m_fonts;
+  std::map<std::pair<int, bool>, std::unique_ptr<Gdiplus::Font>> m_fonts;
 };
-
-// Throws std::runtime_error if the file cannot be written.
-void SavePng(const CCanvas& canvas, const std::wstring& path);
 
 }  // namespace quor::workbench
 

@@ -101,7 +101,7 @@ void CMainWindow::RenderToPng(const std::wstring& path, int scale) {
   const SceneOptions scene = Scene(true);
   CCanvas canvas(scene.width, scene.height + kTitleHeight, scale);
   PaintWindow(canvas, m_content.Face(), scene);
-  SavePng(canvas, path);
+  canvas.Save(path);
 }
 
 void CMainWindow::Paint() {
@@ -115,8 +115,7 @@ void CMainWindow::Paint() {
     if (m_options.painted && !life.expired() && scene.width > 0 && scene.height > 0) {
       CCanvas canvas(scene.width, scene.height, m_options.scale);
       m_hits = PaintWindow(canvas, face, scene);
-      BitBlt(context, 0, 0, canvas.PixelWidth(), canvas.PixelHeight(), canvas.Context(), 0, 0,
-             SRCCOPY);
+      canvas.CopyTo(context);
       SetWindowTextW(window, face.title.c_str());
     }
   } catch (...) {
