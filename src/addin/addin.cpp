@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "addin/custom_ui.h"
+#include "com/class_table.h"
 #include "com/com_boundary.h"
 #include "dialogs/property_page.h"
-#include "module/class_table.h"
 #include "module/identifiers.h"
 
 namespace quor {

@@ -1,4 +1,4 @@
-#include "module/class_table.h"
+#include "com/class_table.h"
 
 #include "addin/addin.h"
 #include "module/identifiers.h"

@@ -2,8 +2,8 @@
 // connection; its options page class fails to create an object.
 #include <new>
 
+#include "com/class_table.h"
 #include "com/type_info_dispatch.h"
-#include "module/class_table.h"
 #include "module/identifiers.h"
 #include "module/module.h"
 #include "module/quor_telephone_toolbar.h"

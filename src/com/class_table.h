@@ -1,5 +1,5 @@
-#ifndef QUOR_MODULE_CLASS_TABLE_H
-#define QUOR_MODULE_CLASS_TABLE_H
+#ifndef QUOR_COM_CLASS_TABLE_H
+#define QUOR_COM_CLASS_TABLE_H
 
 #include <windows.h>
 

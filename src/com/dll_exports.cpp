@@ -3,7 +3,7 @@
 
 #include <olectl.h>
 
-#include "module/class_factory.h"
+#include "com/class_factory.h"
 #include "module/module.h"
 #include "module/module_registration.h"
 

@@ -1,8 +1,8 @@
-#include "module/class_factory.h"
+#include "com/class_factory.h"
 
 #include <new>
 
-#include "module/class_table.h"
+#include "com/class_table.h"
 #include "module/module.h"
 
 namespace quor {
