@@ -52,10 +52,9 @@ CAddin::~CAddin() {
 HRESULT CAddin::Create(IUnknown* outer, REFIID iid, void** object) {
   if (outer != nullptr) return CLASS_E_NOAGGREGATION;
   CAddin* addin = new CAddin;
-  HRESULT result = addin->FinalConstruct();
-  if (SUCCEEDED(result)) result = addin->QueryInterface(iid, object);
-  addin->Release();
-  return result;
+  const IUnknownPtr alive(&addin->Identity(), false);
+  const HRESULT result = addin->FinalConstruct();
+  return FAILED(result) ? result : addin->QueryInterface(iid, object);
 }
 
 HRESULT CAddin::CreateOptionsPage(IUnknown* outer, REFIID iid, void** object) {
@@ -83,37 +82,15 @@ void CAddin::FinalRelease() noexcept {
   m_language.Leave();
 }
 
-STDMETHODIMP CAddin::QueryInterface(REFIID iid, void** object) {
-  if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (iid == IID_IUnknown) {
-    *object = &Identity();
-  } else if (iid == __uuidof(IDTExtensibility2)) {
-    *object = static_cast<IDTExtensibility2*>(this);
-  } else if (iid == __uuidof(IRibbonExtensibility)) {
-    *object = static_cast<IRibbonExtensibility*>(this);
-  } else if (iid == IID_IDispatch || iid == __uuidof(ITelephoneAddin)) {
-    // Office calls the ribbon's callbacks through the object's IDispatch.
-    *object = static_cast<ITelephoneAddin*>(this);
-  } else {
-    return E_NOINTERFACE;
+void* CAddin::FindInterface(REFIID iid) noexcept {
+  if (iid == IID_IUnknown) return &Identity();
+  if (iid == __uuidof(IDTExtensibility2)) return static_cast<IDTExtensibility2*>(this);
+  if (iid == __uuidof(IRibbonExtensibility)) return static_cast<IRibbonExtensibility*>(this);
+  // Office calls the ribbon's callbacks through the object's IDispatch.
+  if (iid == IID_IDispatch || iid == __uuidof(ITelephoneAddin)) {
+    return static_cast<ITelephoneAddin*>(this);
   }
-  AddRef();
-  return S_OK;
-}
-
-STDMETHODIMP_(ULONG) CAddin::AddRef() {
-  return ++m_references;
-}
-
-STDMETHODIMP_(ULONG) CAddin::Release() {
-  const ULONG left = --m_references;
-  if (left == 0 && !ProcessIsEnding()) {
-    // The destructor calls out, and code called from there may add and release a reference.
-    m_references = 1;
-    delete this;
-  }
-  return left;
+  return nullptr;
 }
 
 void CAddin::Describe(AboutFacts& facts) const {

@@ -8,6 +8,7 @@
 #include "addin/slice_clock.h"
 #include "addin/tick_clock.h"
 #include "addin/user_interface.h"
+#include "com/com_object.h"
 #include "com/type_info_dispatch.h"
 #include "contacts/contact_folders.h"
 #include "contacts/outlook_contact_directory.h"
@@ -36,22 +37,18 @@ namespace quor {
 // The COM object that Outlook loads, and the composition root. It owns one of each collaborator and
 // passes on the events of Outlook, the hidden window and the timers. It contains only the order of
 // start-up and shutdown.
-class CAddin final : public CDispatchPart<IDTExtensibility2>,
-                     public CDispatchPart<IRibbonExtensibility>,
-                     public CDispatchPart<ITelephoneAddin>,
-                     private IEventOwner,
-                     private IWindowHandler,
-                     private IOutlookEvents,
-                     private IContactScanHost,
-                     private IAnswerHandler,
-                     private IAboutSource {
+class CAddin final
+    : public CComObject<CDispatchPart<IDTExtensibility2>, CDispatchPart<IRibbonExtensibility>,
+                        CDispatchPart<ITelephoneAddin>>,
+      private IEventOwner,
+      private IWindowHandler,
+      private IOutlookEvents,
+      private IContactScanHost,
+      private IAnswerHandler,
+      private IAboutSource {
  public:
   // For the class table: creates the object with its hidden window; fails if the window fails.
   static HRESULT Create(IUnknown* outer, REFIID iid, void** object);
-
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
-  STDMETHODIMP_(ULONG) AddRef() override;
-  STDMETHODIMP_(ULONG) Release() override;
 
   // IDTExtensibility2
   STDMETHODIMP OnConnection(IDispatch* application, ext_ConnectMode mode, IDispatch* instance,
@@ -94,6 +91,7 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
   ~CAddin();
   HRESULT FinalConstruct() noexcept;
   void FinalRelease() noexcept;
+  void* FindInterface(REFIID iid) noexcept override;
 
   // IEventOwner
   IUnknown& Identity() noexcept override { return static_cast<IDTExtensibility2&>(*this); }
@@ -160,9 +158,6 @@ class CAddin final : public CDispatchPart<IDTExtensibility2>,
 
   // IAboutSource
   void Describe(AboutFacts& facts) const override;
-
-  CModuleLock m_moduleLock;
-  ULONG m_references = 1;
 
   CLogFile m_logFile;
   CDiagnosticLog m_log{m_logFile};

@@ -105,10 +105,9 @@ void CAddin::OnOptionsPagesAdd(IDispatch* pages) {
   m_log.Write("CAddin::OnOptionsPagesAdd\n");
   const CPropertyPages outlookPages = QueryObject<CPropertyPages>(pages);
   if (!outlookPages) return;
-  IDispatch* created = nullptr;
-  const HRESULT result = CreateOptionsPage(IID_IDispatch, reinterpret_cast<void**>(&created));
+  IDispatchPtr page;
+  const HRESULT result = CreateOptionsPage(IID_IDispatch, reinterpret_cast<void**>(&page));
   if (FAILED(result)) _com_issue_error(result);
-  const IDispatchPtr page(created, false);
   outlookPages.Add(page, m_resources.Text(IDS_PRODUCT_NAME));
 }
 

@@ -3,33 +3,14 @@
 #include <new>
 
 #include "com/class_table.h"
-#include "module/module.h"
+#include "com/com_object.h"
 
 namespace quor {
 namespace {
 
-class CClassFactory final : public IClassFactory {
+class CClassFactory final : public CComObject<IClassFactory> {
  public:
   explicit CClassFactory(const ClassEntry& entry) noexcept : m_entry(entry) {}
-
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (iid != IID_IUnknown && iid != IID_IClassFactory) return E_NOINTERFACE;
-    *object = static_cast<IClassFactory*>(this);
-    AddRef();
-    return S_OK;
-  }
-
-  STDMETHODIMP_(ULONG) AddRef() override {
-    return static_cast<ULONG>(InterlockedIncrement(&m_references));
-  }
-
-  STDMETHODIMP_(ULONG) Release() override {
-    const LONG references = InterlockedDecrement(&m_references);
-    if (references == 0) delete this;
-    return static_cast<ULONG>(references);
-  }
 
   STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
     if (object == nullptr) return E_POINTER;
@@ -53,9 +34,12 @@ class CClassFactory final : public IClassFactory {
   }
 
  private:
+  void* FindInterface(REFIID iid) noexcept override {
+    const bool known = iid == IID_IUnknown || iid == IID_IClassFactory;
+    return known ? static_cast<IClassFactory*>(this) : nullptr;
+  }
+
   const ClassEntry& m_entry;
-  LONG m_references = 1;
-  CModuleLock m_lock;
 };
 
 }  // namespace
@@ -65,11 +49,8 @@ HRESULT GetClassFactory(REFCLSID clsid, REFIID iid, void** factory) noexcept {
   *factory = nullptr;
   for (const ClassEntry& entry : ClassTable()) {
     if (entry.clsid != clsid) continue;
-    auto* created = new (std::nothrow) CClassFactory(entry);
-    if (created == nullptr) return E_OUTOFMEMORY;
-    const HRESULT result = created->QueryInterface(iid, factory);
-    created->Release();
-    return result;
+    const IUnknownPtr created(new (std::nothrow) CClassFactory(entry), false);
+    return created != nullptr ? created->QueryInterface(iid, factory) : E_OUTOFMEMORY;
   }
   return CLASS_E_CLASSNOTAVAILABLE;
 }

@@ -2,6 +2,8 @@
 #include "com/com_pointers.h"
 #include "text/ansi.h"
 
+_COM_SMARTPTR_TYPEDEF(ISupportErrorInfo, IID_ISupportErrorInfo);
+
 namespace _com_util {
 
 BSTR WINAPI ConvertStringToBSTR(const char* text) {
@@ -22,11 +24,10 @@ char* WINAPI ConvertBSTRToString(BSTR text) {
 
 void WINAPI _com_issue_errorex(HRESULT result, IUnknown* object, REFIID iid) {
   IErrorInfo* info = nullptr;
-  ISupportErrorInfo* support = nullptr;
+  ISupportErrorInfoPtr support;
   if (object != nullptr && SUCCEEDED(object->QueryInterface(IID_ISupportErrorInfo,
                                                             reinterpret_cast<void**>(&support)))) {
     if (support->InterfaceSupportsErrorInfo(iid) == S_OK) GetErrorInfo(0, &info);
-    support->Release();
   }
   throw _com_error(result, info, false);
 }

@@ -131,13 +131,13 @@ IDispatchPtr CDispatchObject::ObjectFrom(const _variant_t& result) const {
     case VT_DISPATCH:
       return V_DISPATCH(&result);
     case VT_UNKNOWN: {
-      IDispatch* object = nullptr;
+      IDispatchPtr object;
       IUnknown* unknown = V_UNKNOWN(&result);
       if (unknown == nullptr) return nullptr;
       const HRESULT found =
           unknown->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&object));
       if (FAILED(found)) _com_issue_errorex(found, unknown, *m_iid);
-      return IDispatchPtr(object, false);
+      return object;
     }
     default:
       _com_issue_errorex(DISP_E_TYPEMISMATCH, m_object, *m_iid);

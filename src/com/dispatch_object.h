@@ -107,12 +107,12 @@ class CDispatchObject {
 // Queries the object for T's interface. Empty if there is no object or it lacks the interface.
 template <std::derived_from<CDispatchObject> T>
 T QueryObject(IUnknown* object) {
-  IDispatch* found = nullptr;
+  IDispatchPtr found;
   if (object == nullptr ||
       FAILED(object->QueryInterface(T::InterfaceId(), reinterpret_cast<void**>(&found)))) {
     return T();
   }
-  return T(IDispatchPtr(found, false));
+  return T(found);
 }
 
 }  // namespace quor

@@ -2,10 +2,16 @@
 #define QUOR_COM_EVENT_CONNECTION_H
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "com/com_pointers.h"
 #include "module/diagnostic_log.h"
+
+// ocidl.h needs windows.h before it.
+#include <ocidl.h>
+
+_COM_SMARTPTR_TYPEDEF(IConnectionPoint, IID_IConnectionPoint);
 
 namespace quor {
 
@@ -28,8 +34,6 @@ class CEventArguments {
 
 // Handles every event of the connection, by dispatch id. Exceptions are logged and dropped.
 using EventHandler = std::function<void(DISPID event, const CEventArguments& arguments)>;
-
-class CEventSink;
 
 // The object that owns event connections.
 class IEventOwner {
@@ -73,8 +77,9 @@ class CEventConnection {
   CDiagnosticLog& m_log;
   const char* m_name;
   IUnknownPtr m_source;
-  IConnectionPoint* m_point = nullptr;
-  CEventSink* m_sink = nullptr;
+  IConnectionPointPtr m_point;
+  IDispatchPtr m_sink;
+  std::shared_ptr<EventHandler> m_handler;  // the sink's only way to us
   DWORD m_cookie = 0;
   unsigned m_attempt = 0;  // changes with each Advise and Unadvise
 };

@@ -5,20 +5,18 @@
 #include "module/module.h"
 
 namespace quor {
+namespace {
 
-CTypeInfoDispatch::~CTypeInfoDispatch() {
-  if (m_info != nullptr) m_info->Release();
-}
+_COM_SMARTPTR_TYPEDEF(ITypeLib, IID_ITypeLib);
+
+}  // namespace
 
 HRESULT CTypeInfoDispatch::Load() noexcept {
   if (m_info != nullptr) return S_OK;
   try {
-    ITypeLib* library = nullptr;
-    HRESULT result = LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &library);
-    if (FAILED(result)) return result;
-    result = library->GetTypeInfoOfGuid(m_iid, &m_info);
-    library->Release();
-    return result;
+    ITypeLibPtr library;
+    const HRESULT result = LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, &library);
+    return FAILED(result) ? result : library->GetTypeInfoOfGuid(m_iid, &m_info);
   } catch (const std::exception&) {
     return E_OUTOFMEMORY;
   }
@@ -36,8 +34,7 @@ HRESULT CTypeInfoDispatch::GetTypeInfo(UINT index, LCID /*locale*/, ITypeInfo** 
   if (index != 0) return DISP_E_BADINDEX;
   const HRESULT result = Load();
   if (FAILED(result)) return result;
-  *info = m_info;
-  m_info->AddRef();
+  *info = ITypeInfoPtr(m_info).Detach();
   return S_OK;
 }
 

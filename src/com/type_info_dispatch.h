@@ -7,6 +7,8 @@
 
 #include "com/com_pointers.h"
 
+_COM_SMARTPTR_TYPEDEF(ITypeInfo, IID_ITypeInfo);
+
 namespace quor {
 
 // Implements the four IDispatch methods of one dual interface from the type library embedded in
@@ -15,7 +17,6 @@ class CTypeInfoDispatch {
  public:
   // The id must outlive this object.
   explicit CTypeInfoDispatch(REFIID iid) noexcept : m_iid(iid) {}
-  ~CTypeInfoDispatch();
   CTypeInfoDispatch(const CTypeInfoDispatch&) = delete;
   CTypeInfoDispatch& operator=(const CTypeInfoDispatch&) = delete;
 
@@ -31,7 +32,7 @@ class CTypeInfoDispatch {
   HRESULT Load() noexcept;
 
   const IID& m_iid;
-  ITypeInfo* m_info = nullptr;
+  ITypeInfoPtr m_info;
 };
 
 // Base of an object that implements a dual interface of our type library; supplies the IDispatch

@@ -19,7 +19,7 @@ constexpr SIZEL kExtent = {10054, 8625};
 }  // namespace
 
 CPropPage::CPropPage(const OptionsPageParts& parts)
-    : CWindowedControl(kPropertyPageClsid, kExtent, parts.log),
+    : CComObject(kPropertyPageClsid, kExtent, parts.log),
       m_addin(&parts.addin),
       m_store(parts.store),
       m_resources(parts.resources),
@@ -30,41 +30,17 @@ CPropPage::CPropPage(const OptionsPageParts& parts)
 
 HRESULT CPropPage::Create(const OptionsPageParts& parts, REFIID iid, void** object) {
   *object = nullptr;
-  CPropPage* page = new CPropPage(parts);
-  const HRESULT result = page->QueryInterface(iid, object);
-  page->Release();
-  return result;
+  const IUnknownPtr page(&(new CPropPage(parts))->Identity(), false);
+  return page->QueryInterface(iid, object);
 }
 
-STDMETHODIMP CPropPage::QueryInterface(REFIID iid, void** object) {
-  if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (iid == IID_IUnknown) {
-    *object = &Identity();
-  } else if (iid == IID_IDispatch || iid == __uuidof(ITelephonePropertyPage)) {
-    *object = static_cast<ITelephonePropertyPage*>(this);
-  } else if (iid == __uuidof(PropertyPage)) {
-    *object = static_cast<PropertyPage*>(this);
-  } else {
-    *object = FindInterface(iid);
+void* CPropPage::FindInterface(REFIID iid) noexcept {
+  if (iid == IID_IUnknown) return &Identity();
+  if (iid == IID_IDispatch || iid == __uuidof(ITelephonePropertyPage)) {
+    return static_cast<ITelephonePropertyPage*>(this);
   }
-  if (*object == nullptr) return E_NOINTERFACE;
-  AddRef();
-  return S_OK;
-}
-
-STDMETHODIMP_(ULONG) CPropPage::AddRef() {
-  return ++m_references;
-}
-
-STDMETHODIMP_(ULONG) CPropPage::Release() {
-  const ULONG left = --m_references;
-  if (left == 0) {
-    // Destroying the window calls out, and code called from there may add and release a reference.
-    m_references = 1;
-    delete this;
-  }
-  return left;
+  if (iid == __uuidof(PropertyPage)) return static_cast<PropertyPage*>(this);
+  return FindControlInterface(iid);
 }
 
 STDMETHODIMP CPropPage::GetPageInfo(BSTR*, long*) {
@@ -98,12 +74,9 @@ STDMETHODIMP CPropPage::get_Caption(BSTR* caption) {
 }
 
 void CPropPage::OnClientSite(IOleClientSite* site) {
-  m_pageSite = nullptr;
-  IDispatch* found = nullptr;
-  if (site != nullptr &&
-      SUCCEEDED(site->QueryInterface(kPropertyPageSite, reinterpret_cast<void**>(&found)))) {
-    m_pageSite.Attach(found);
-  }
+  IDispatchPtr found;
+  if (site != nullptr) site->QueryInterface(kPropertyPageSite, reinterpret_cast<void**>(&found));
+  m_pageSite = found;
 }
 
 void CPropPage::OnOptionsChanged() {

@@ -1,10 +1,10 @@
 #ifndef QUOR_DIALOGS_PROPERTY_PAGE_H
 #define QUOR_DIALOGS_PROPERTY_PAGE_H
 
+#include "com/com_object.h"
 #include "com/type_info_dispatch.h"
 #include "dialogs/options_panel.h"
 #include "dialogs/windowed_control.h"
-#include "module/module.h"
 #include "module/quor_telephone_toolbar.h"
 
 namespace quor {
@@ -19,18 +19,13 @@ struct OptionsPageParts {
 };
 
 // The options as a page of Outlook's options dialog: the panel as an ActiveX control.
-class CPropPage final : public CDispatchPart<ITelephonePropertyPage>,
-                        public CDispatchPart<PropertyPage>,
-                        public CWindowedControl,
+class CPropPage final : public CComObject<CWindowedControl, CDispatchPart<ITelephonePropertyPage>,
+                                          CDispatchPart<PropertyPage>>,
                         private IOptionsPanelOwner {
  public:
   // Creates a page that shows the stored values. Returns the interface with one reference, or a
   // failure and a null pointer. May throw.
   static HRESULT Create(const OptionsPageParts& parts, REFIID iid, void** object);
-
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
-  STDMETHODIMP_(ULONG) AddRef() override;
-  STDMETHODIMP_(ULONG) Release() override;
 
   // PropertyPage. Outlook calls get_Dirty after OnStatusChange, and Apply on OK and Apply.
   STDMETHODIMP GetPageInfo(BSTR* helpFile, long* helpContext) override;
@@ -44,6 +39,7 @@ class CPropPage final : public CDispatchPart<ITelephonePropertyPage>,
   explicit CPropPage(const OptionsPageParts& parts);
   ~CPropPage() = default;
   IUnknown& Identity() noexcept { return static_cast<IOleObject&>(*this); }
+  void* FindInterface(REFIID iid) noexcept override;
 
   // CWindowedControl
   void OpenWindow(HWND parent) override { m_panel.Create(parent); }
@@ -58,8 +54,6 @@ class CPropPage final : public CDispatchPart<ITelephonePropertyPage>,
   void OnAboutPressed() override;
   void OnPanelFocus() override { UiActivate(); }
 
-  CModuleLock m_moduleLock;
-  ULONG m_references = 1;
   IUnknownPtr m_addin;
   IOptionsStore& m_store;
   const CResourceLoader& m_resources;

@@ -33,7 +33,7 @@ DWORD KeyModifiers() noexcept {
 
 }  // namespace
 
-void* CWindowedControl::FindInterface(REFIID iid) noexcept {
+void* CWindowedControl::FindControlInterface(REFIID iid) noexcept {
   if (iid == IID_IOleObject) return static_cast<IOleObject*>(this);
   if (iid == IID_IOleInPlaceObject || iid == IID_IOleWindow) {
     return static_cast<IOleInPlaceObject*>(this);
@@ -60,8 +60,7 @@ STDMETHODIMP CWindowedControl::SetClientSite(IOleClientSite* site) {
 
 STDMETHODIMP CWindowedControl::GetClientSite(IOleClientSite** site) {
   if (site == nullptr) return E_POINTER;
-  *site = m_clientSite;
-  if (*site != nullptr) (*site)->AddRef();
+  *site = IOleClientSitePtr(m_clientSite).Detach();
   return S_OK;
 }
 

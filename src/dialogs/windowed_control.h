@@ -109,7 +109,7 @@ class CWindowedControl : public IOleObject,
   ~CWindowedControl() = default;
 
   // One of the interfaces above without a reference; null for any other.
-  void* FindInterface(REFIID iid) noexcept;
+  void* FindControlInterface(REFIID iid) noexcept;
 
   IOleClientSite* ClientSite() const noexcept { return m_clientSite; }
 

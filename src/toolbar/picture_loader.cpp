@@ -29,14 +29,14 @@ IDispatchPtr PictureFromBitmap(HBITMAP bitmap) {
   description.cbSizeofstruct = sizeof description;
   description.picType = PICTYPE_BITMAP;
   description.bmp.hbitmap = bitmap;
-  IDispatch* picture = nullptr;
+  IDispatchPtr picture;
   const HRESULT result = OleCreatePictureIndirect(&description, IID_IPictureDisp, TRUE,
                                                   reinterpret_cast<void**>(&picture));
   if (FAILED(result)) {
     DeleteObject(bitmap);
     _com_issue_error(result);
   }
-  return IDispatchPtr(picture, false);
+  return picture;
 }
 
 void Check(Gdiplus::Status status) {

@@ -3,45 +3,22 @@
 #include <new>
 
 #include "com/class_table.h"
+#include "com/com_object.h"
 #include "com/type_info_dispatch.h"
 #include "module/identifiers.h"
-#include "module/module.h"
 #include "module/quor_telephone_toolbar.h"
 
 namespace quor {
 namespace {
 
-class CTestAddin final : public CDispatchPart<ITelephoneAddin>,
-                         public CDispatchPart<IDTExtensibility2>,
-                         public CDispatchPart<IRibbonExtensibility> {
+class CTestAddin final
+    : public CComObject<CDispatchPart<ITelephoneAddin>, CDispatchPart<IDTExtensibility2>,
+                        CDispatchPart<IRibbonExtensibility>> {
  public:
   static HRESULT Create(IUnknown* outer, REFIID iid, void** object) {
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-    auto* addin = new CTestAddin;
-    const HRESULT result = addin->QueryInterface(iid, object);
-    addin->Release();
-    return result;
-  }
-
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    *object = nullptr;
-    if (iid == IID_IUnknown || iid == IID_IDispatch || iid == __uuidof(ITelephoneAddin)) {
-      *object = static_cast<ITelephoneAddin*>(this);
-    } else if (iid == __uuidof(IDTExtensibility2)) {
-      *object = static_cast<IDTExtensibility2*>(this);
-    } else if (iid == __uuidof(IRibbonExtensibility)) {
-      *object = static_cast<IRibbonExtensibility*>(this);
-    } else {
-      return E_NOINTERFACE;
-    }
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG references = --m_references;
-    if (references == 0) delete this;
-    return references;
+    const IUnknownPtr addin(static_cast<ITelephoneAddin*>(new CTestAddin), false);
+    return addin->QueryInterface(iid, object);
   }
 
   STDMETHODIMP OnConnection(IDispatch*, ext_ConnectMode mode, IDispatch*, SAFEARRAY**) override {
@@ -75,8 +52,13 @@ class CTestAddin final : public CDispatchPart<ITelephoneAddin>,
   STDMETHODIMP ContactLine2Clicked(IDispatch*) override { return E_NOTIMPL; }
 
  private:
-  ULONG m_references = 1;
-  CModuleLock m_lock;
+  void* FindInterface(REFIID iid) noexcept override {
+    if (iid == __uuidof(IDTExtensibility2)) return static_cast<IDTExtensibility2*>(this);
+    if (iid == __uuidof(IRibbonExtensibility)) return static_cast<IRibbonExtensibility*>(this);
+    const bool own =
+        iid == IID_IUnknown || iid == IID_IDispatch || iid == __uuidof(ITelephoneAddin);
+    return own ? static_cast<ITelephoneAddin*>(this) : nullptr;
+  }
 };
 
 HRESULT FailToCreate(IUnknown*, REFIID iid, void**) {
