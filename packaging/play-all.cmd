@@ -1,14 +1,14 @@
 @echo off
 rem Plays every scenario against the add-in of this folder, on the COM, MSXML and GDI+ of this Windows,
-rem in each Outlook version that the stand-in plays. Outlook itself is not needed and not touched. What
-rem was found stands in results.txt afterwards.
+rem in each Outlook version that the stand-in supports. Outlook itself is neither needed nor changed. The
+rem results are in results.txt afterwards.
 rem
 rem   play-all.cmd                 a double click will do
-rem   play-all.cmd everybody       registers for everybody, which needs an administrator
-rem   play-all.cmd user PATTERN    only scenarios of that name, incoming* say
+rem   play-all.cmd everybody       registers for all users, which needs an administrator
+rem   play-all.cmd user PATTERN    only scenarios with matching names, such as incoming*
 rem
-rem While it plays, the add-in of this folder is registered instead of one that may be installed; an
-rem installed one is put back at the end. Close Outlook first: it would load the wrong one.
+rem Meanwhile the add-in of this folder is registered instead of an installed one, whose registration is
+rem restored at the end. Close Outlook first: it would load the wrong add-in.
 setlocal
 cd /d "%~dp0"
 set how=/n /i:user
@@ -24,15 +24,15 @@ set /a failed=0
 
 echo Telephone Plug-in: every scenario in the stand-in Outlook >"%results%" 2>nul
 if errorlevel 1 (
-  echo This folder cannot be written to. Unpack the archive to a folder of yours and start again.
+  echo This folder is not writable. Unpack the archive to another folder and start again.
   goto wait
 )
 ver >>"%results%"
 echo %date% %time% %PROCESSOR_ARCHITECTURE% %PROCESSOR_ARCHITEW6432% >>"%results%"
 
-rem The stand-in gives its runs an application-data folder of their own through this key, and puts it
-rem back; should it be stopped in the middle, this does. If this window was closed in the middle, start
-rem folders.reg by hand.
+rem With this key the stand-in gives each run a separate application-data folder, and restores it; this
+rem script also restores it in case a run is stopped. If this window is closed early, open folders.reg to
+rem restore it.
 set folders=HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer\User Shell Folders
 if not exist folders.reg reg export "%folders%" folders.reg /y >nul
 

@@ -1,4 +1,4 @@
-; What the set-up program says, in its three languages.
+; The set-up program's texts in three languages.
 
 !macro TEXT NAME ENGLISH FRENCH SPANISH
   LangString ${NAME} ${LANG_ENGLISH} "${ENGLISH}"
