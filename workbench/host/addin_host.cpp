@@ -179,7 +179,7 @@ HRESULT CAddInHost::CanUnload() const {
 void CAddInHost::ReleaseInside() {
   ReleaseObject();
   if (m_module && CanUnload() == S_OK) {
-    throw CExpectationFailure("DllCanUnloadNow says yes while the add-in's own code runs");
+    throw CExpectationFailure("DllCanUnloadNow returns S_OK while the add-in's own code runs");
   }
 }
 
@@ -195,7 +195,7 @@ void CAddInHost::Unload() {
   ReleaseObject();
   const bool early = m_surroundings.HoldsOldSinks() && CanUnload() == S_OK;
   m_loop.Pump();
-  if (early) throw CExpectationFailure("DllCanUnloadNow says yes while a sink is still held");
+  if (early) throw CExpectationFailure("DllCanUnloadNow returns S_OK while a sink is held");
   CModuleMeter::Forget();
   CheckModuleGone();
 }
@@ -205,15 +205,15 @@ void CAddInHost::CheckModuleGone() {
   const HRESULT answer = CanUnload();
   m_module = nullptr;
   if (answer != S_OK) {
-    throw CExpectationFailure("its DLL still has objects: DllCanUnloadNow answers " +
+    throw CExpectationFailure("its DLL still has objects: DllCanUnloadNow returns " +
                               ResultName(Result(answer)));
   }
   if (!windows.empty()) {
-    throw CExpectationFailure(std::to_string(windows.size()) + " windows of the add-in stay");
+    throw CExpectationFailure(std::to_string(windows.size()) + " windows of the add-in remain");
   }
   CoFreeUnusedLibrariesEx(0, 0);
   if (!m_keepModule && GetModuleHandleW(m_registered.modulePath.c_str())) {
-    throw CExpectationFailure("its DLL stays in the process");
+    throw CExpectationFailure("its DLL stays loaded");
   }
   // After a failed SI_Close the library's thread may still run, so the DLL must stay loaded.
   if (ProgramBase().FailedCloses() == 0 && GetModuleHandleW(L"SiUSBXp.dll")) {

@@ -76,7 +76,7 @@ HWND FindByTitle(const std::vector<HWND>& windows, const std::string& title) {
 
 void CheckUsable(HWND control, const std::string& name) {
   if (!IsWindowEnabled(control)) throw CScenarioError("\"" + name + "\" is disabled");
-  if (!IsWindowVisible(control)) throw CScenarioError("\"" + name + "\" cannot be seen");
+  if (!IsWindowVisible(control)) throw CScenarioError("\"" + name + "\" is not visible");
 }
 
 bool IsInputField(HWND control) {

@@ -37,7 +37,7 @@ void WriteFolderSetting(const std::wstring& value) {
 void MakeFolders(const std::wstring& path) {
   const int status = SHCreateDirectoryExW(nullptr, path.c_str(), nullptr);
   if (status != ERROR_SUCCESS && status != ERROR_ALREADY_EXISTS && status != ERROR_FILE_EXISTS) {
-    throw CScenarioError("folder cannot be made: " + Utf8FromWide(path));
+    throw CScenarioError("folder cannot be created: " + Utf8FromWide(path));
   }
 }
 

@@ -37,9 +37,8 @@ CallRange Range(const FailingCalls& calls) {
 CBaseStage::CBaseStage(std::wstring addInFolder, std::wstring workbenchFolder)
     : m_addInFolder(std::move(addInFolder)), m_workbenchFolder(std::move(workbenchFolder)) {
   if (!IsSimulated(LibraryPath())) {
-    throw std::runtime_error(
-        "a SiUSBXp.dll that is not the workbench's stands beside the add-in: " +
-        Utf8FromWide(LibraryPath()));
+    throw std::runtime_error("there is another SiUSBXp.dll beside the add-in: " +
+                             Utf8FromWide(LibraryPath()));
   }
   InstallLibrary(Library::Present);
 }
@@ -62,7 +61,7 @@ void CBaseStage::InstallLibrary(Library library) {
   const std::wstring source =
       m_workbenchFolder + (library == Library::Old ? kOldLibraryFolder : L"") + kLibraryName;
   if (!CopyFileW(source.c_str(), path.c_str(), FALSE)) {
-    throw std::runtime_error("the simulated library cannot be put at " + Utf8FromWide(path));
+    throw std::runtime_error("the simulated library cannot be copied to " + Utf8FromWide(path));
   }
   m_base = &ProgramBase();
   m_base->Reset();

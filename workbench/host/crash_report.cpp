@@ -56,7 +56,7 @@ void ReportCrashes() {
 
 void ReportStuck() {
   char line[512];
-  std::snprintf(line, std::size(line), "STUCK Outlook's thread does not come back, %s\n",
+  std::snprintf(line, std::size(line), "STUCK Outlook's thread does not return, %s\n",
                 CConsole::CurrentCommand());
   WriteLine(line);
   TerminateProcess(GetCurrentProcess(), kExitStuck);

@@ -14,7 +14,7 @@ IUnknown* MakeByProgId(const std::wstring& progId) {
   IUnknown* object = nullptr;
   Check(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
                          reinterpret_cast<void**>(&object)),
-        "The page cannot be made.");
+        "The page cannot be created.");
   return object;
 }
 
@@ -45,14 +45,14 @@ COptionsPage::COptionsPage(CSession& session, IPageFrame& frame, const OptionsPa
     m_page = Ask<IPropertyPage>(m_object, kPropertyPageId);
     m_control = Ask<IOleObject>(m_object, IID_IOleObject);
     if (m_page == nullptr || m_control == nullptr) {
-      throw CModelError(E_NOINTERFACE, "The page is no PropertyPage or no control.");
+      throw CModelError(E_NOINTERFACE, "The page lacks PropertyPage or IOleObject.");
     }
     // The site is set first because the control has OLEMISC_SETCLIENTSITEFIRST.
-    Check(m_control->SetClientSite(m_site.get()), "The page refuses its site.");
+    Check(m_control->SetClientSite(m_site.get()), "The page rejects its site.");
     if (auto* stored = Ask<IPersistStreamInit>(m_object, IID_IPersistStreamInit)) {
       const HRESULT made = stored->InitNew();
       stored->Release();
-      Check(made, "The page refuses to begin.");
+      Check(made, "The page's InitNew failed.");
     }
     m_control->SetHostNames(L"Outlook", m_title.c_str());
     BSTR helpFile = nullptr;
@@ -99,7 +99,7 @@ void COptionsPage::Show() {
   Check(m_control->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, m_site.get(), 0, m_frame.FrameWindow(),
                           &place),
         "The page cannot be shown.");
-  if (!m_site->IsActive()) throw CModelError(E_FAIL, "The page did not tell that it is active.");
+  if (!m_site->IsActive()) throw CModelError(E_FAIL, "The page did not call OnInPlaceActivate.");
   if (auto* inPlace = Ask<IOleInPlaceObject>(m_object, IID_IOleInPlaceObject)) {
     inPlace->SetObjectRects(&place, &place);
     inPlace->Release();
@@ -112,12 +112,12 @@ void COptionsPage::Hide() noexcept {
 
 bool COptionsPage::IsDirty() {
   VARIANT_BOOL dirty = VARIANT_FALSE;
-  Check(m_page->get_Dirty(&dirty), "The page does not tell whether it has changed.");
+  Check(m_page->get_Dirty(&dirty), "The page's Dirty property failed.");
   return dirty != VARIANT_FALSE;
 }
 
 void COptionsPage::Apply() {
-  Check(m_page->Apply(), "The page could not apply what was chosen.");
+  Check(m_page->Apply(), "The page could not apply the changes.");
 }
 
 }  // namespace quor::workbench

@@ -121,7 +121,7 @@ bool CPlayer::SweepRound(const std::vector<Statement>& statements, uint64_t call
   Close();
   const std::string round = std::to_string(call) + (m_called ? " " + *m_called : "");
   if (m_called && m_options.telling == Options::Telling::Everything) PrintLine("    " + round);
-  if (!right) PrintLine("  that was in call " + round);
+  if (!right) PrintLine("  in call " + round);
   good = good && right;
   return m_called.has_value();
 }
@@ -197,7 +197,7 @@ bool CPlayer::CheckOutcome(CRun& run, const std::string& member) {
   const bool mayBeIdle =
       std::find(m_idleAfter.begin(), m_idleAfter.end(), member) != m_idleAfter.end();
   if (works || mayBeIdle) return true;
-  PrintLine("FAILED no telephone after the failure of " + member);
+  PrintLine("FAILED the telephone does not work after the failure of " + member);
   return false;
 }
 

@@ -85,11 +85,11 @@ RegisteredAddIn FindRegisteredAddIn(const std::wstring& progId) {
   addIn.loadBehavior = ofUser ? *ofUser : *ofMachine;
   constexpr DWORD kBoth = kLoadAtStart | kConnected;
   if ((addIn.loadBehavior & kBoth) != kBoth) {
-    throw std::runtime_error(name + " is switched off: LoadBehavior " +
+    throw std::runtime_error(name + " is disabled: LoadBehavior " +
                              std::to_string(addIn.loadBehavior));
   }
   if (FAILED(CLSIDFromProgID(addIn.progId.c_str(), &addIn.classId))) {
-    throw std::runtime_error(name + " leads to no class");
+    throw std::runtime_error(name + " has no class");
   }
   const std::wstring server = L"CLSID\\" + ClassIdText(addIn.classId) + L"\\InprocServer32";
   addIn.modulePath = ReadText(HKEY_CLASSES_ROOT, server, nullptr);

@@ -85,7 +85,7 @@ std::string CCommandArguments::BlockText() const {
 }
 
 const std::string& CCommandArguments::Text(size_t index) const {
-  if (index >= m_words.size()) throw CScenarioError("something is missing at the end of the line");
+  if (index >= m_words.size()) throw CScenarioError("a word is missing at the end of the line");
   return m_words[index];
 }
 
@@ -126,7 +126,7 @@ FoundCommand FindCommand(const Statement& statement) {
     }
   }
   if (!found.command) {
-    throw CScenarioError("no command is called \"" + statement.words.front() +
+    throw CScenarioError("unknown command \"" + statement.words.front() +
                          "\"; workbench --help lists them");
   }
   CheckShape(statement, found);

@@ -220,67 +220,65 @@ using Block = Command::Block;
 
 constexpr Command kCommands[] = {
     {"library", "none|old",
-     "There is no SiUSBXp.dll, or one that lacks SI_SetFlowControl; before the add-in is loaded.",
+     "Removes SiUSBXp.dll, or installs an old one without SI_SetFlowControl; before the add-in is "
+     "loaded.",
      1, 1, Block::None, Library},
     {"driver", "[empty STATUS] [busy STATUS] [string MS] [open MS]",
-     "How the USB library behaves from now on: what SI_GetNumDevices answers without a device, "
-     "0xFF "
-     "or 0; what a second SI_Open of a device answers, 8 or 0xFF; and how long a product string "
-     "and "
-     "an SI_Open really take.",
+     "Sets the USB library's behaviour: the result of SI_GetNumDevices without a device, 0xFF or "
+     "0; the result of a second SI_Open of a device, 8 or 0xFF; and the real duration of a product "
+     "string and of SI_Open.",
      0, 8, Block::None, Driver},
     {"plug", "[serial|description|link|vendor|product=TEXT|unreadable]...",
-     "Plugs a base in; its product strings may be chosen or made unreadable.", 0, 5, Block::None,
+     "Plugs a base in; its product strings may be set or made unreadable.", 0, 5, Block::None,
      Plug},
-    {"unplug", "[N]", "Pulls the first base out, or the Nth; its handle stays open but fails.", 0,
-     1, Block::None, Unplug},
+    {"unplug", "[N]", "Unplugs the first base, or the Nth; its handle stays open but fails.", 0, 1,
+     Block::None, Unplug},
     {"queue", "HEX... | INDICATION [FIELD=VALUE...] [pause MS ...]",
-     "Bytes that the base sends: hexadecimal, 41*500 for repeated ones, or an indication by name, "
-     "see the end of this list. "
-     "What follows a pause arrives so many milliseconds later, by the base's own clock, which "
-     "moves "
-     "while the add-in waits in SI_Read and by \"advance\".",
+     "Queues bytes from the base: hexadecimal, 41*500 for repeated ones, or an indication by name "
+     "(see the end of this list). Bytes after a pause arrive that many milliseconds later by the "
+     "base's own clock, which advances while the add-in waits in SI_Read and by \"advance\".",
      1, kAnyNumber, Block::None, Queue},
     {"queue cut", "BYTES MS HEX...|INDICATION",
-     "The same in two pieces: the first so many bytes now, the rest so many milliseconds later.", 3,
-     kAnyNumber, Block::None, QueueCut},
+     "The same in two pieces: BYTES bytes now, the rest MS milliseconds later.", 3, kAnyNumber,
+     Block::None, QueueCut},
     {"report queue", "empty|ready|overrun|STATUS [count N] [calls N]",
-     "What SI_CheckRXQueue says at its next calls instead of the truth.", 1, 5, Block::None,
-     ReportQueue},
+     "Sets what SI_CheckRXQueue reports at its next calls.", 1, 5, Block::None, ReportQueue},
     {"fail", "FUNCTION [call N|N-M|N-] status STATUS",
-     "Makes calls of a USBXpress function fail with a status; calls count from now.", 3, 5,
+     "Makes calls of a USBXpress function fail with a status; calls are counted from now.", 3, 5,
      Block::None, Fail},
     {"shorten", "SI_Read|SI_Write [call N|N-M|N-] to BYTES",
-     "Makes calls succeed with at most so many bytes.", 3, 5, Block::None, Shorten},
-    {"advance", "MS", "Time passes at the base: what was queued with a pause arrives.", 1, 1,
-     Block::None, Advance},
-    {"heal", "", "The functions work again.", 0, 0, Block::None, Heal},
+     "Makes calls succeed with at most this many bytes.", 3, 5, Block::None, Shorten},
+    {"advance", "MS", "Advances the base's clock: delayed bytes arrive.", 1, 1, Block::None,
+     Advance},
+    {"heal", "", "Ends the failures of the USB library.", 0, 0, Block::None, Heal},
     {"base answers", "",
-     "From now on the base answers requests as a real one would: calls go through, lines change "
-     "their states. The commands below do the same.",
+     "From now on the base answers requests like a real one: calls connect, lines change their "
+     "states. So do the commands below.",
      0, 0, Block::None, BaseAnswers},
-    {"ring", "LINE [from NUMBER] [named NAME]", "Somebody calls on line1, line2 or cell1 to cell4.",
+    {"ring", "LINE [from NUMBER] [named NAME]", "A call arrives on line1, line2 or cell1 to cell4.",
      1, 5, Block::None, Ring},
-    {"caller gives up", "", "The one who rings hangs up.", 0, 0, Block::None, GiveUpRinging},
-    {"other side hangs up", "LINE", "The call on the line is ended from outside.", 1, 1,
-     Block::None, HangUp},
-    {"next call is busy", "", "The base will refuse the next call.", 0, 0, Block::None,
+    {"caller gives up", "", "The caller of the ringing call hangs up.", 0, 0, Block::None,
+     GiveUpRinging},
+    {"other side hangs up", "LINE", "The other party ends the call on the line.", 1, 1, Block::None,
+     HangUp},
+    {"next call is busy", "", "The base will refuse the next call as busy.", 0, 0, Block::None,
      RefuseNextCall},
     {"mobiles", "NAME...",
-     "The names of the paired mobiles in reach, \"\" for one that is not; the base "
-     "tells them after the next start-up request.",
+     "Names of the paired mobiles in reach, \"\" for one out of reach; the base reports them after "
+     "the next start-up request.",
      0, 4, Block::None, Mobiles},
-    {"expect wire", "HEX...|nothing", "Exactly what was written to the base and not yet expected.",
-     1, kAnyNumber, Block::None, ExpectWire},
-    {"expect handles", "N", "How many handles to the base are open.", 1, 1, Block::None,
+    {"expect wire", "HEX...|nothing",
+     "Exactly the bytes written to the base since the last such expectation.", 1, kAnyNumber,
+     Block::None, ExpectWire},
+    {"expect handles", "N", "Number of open handles to the base.", 1, 1, Block::None,
      ExpectHandles},
     {"expect usb", "[all]",
      "The block is exactly the calls of the USB library since the last such expectation: "
-     "\"SI_Write(#1, 2B 31 0D) = 0, 3\". Without \"all\" those that only list the devices are left "
-     "out.",
+     "\"SI_Write(#1, 2B 31 0D) = 0, 3\". Without \"all\", calls that only list the devices are "
+     "left out.",
      0, 1, Block::Required, ExpectUsb},
-    {"show wire", "", "Shows what was written to the base and not yet expected.", 0, 0, Block::None,
-     ShowWire},
+    {"show wire", "", "Shows the bytes written to the base since the last expectation.", 0, 0,
+     Block::None, ShowWire},
 };
 
 }  // namespace

@@ -46,8 +46,8 @@ void ExpectLogHas(CRun& run, const CCommandArguments& arguments) {
   const auto count = std::count(lines.begin(), lines.end(), arguments.Text(0));
   const std::optional<int> times = arguments.NumberAfter("times", 0, 100'000);
   if (times ? count != *times : count == 0) {
-    throw CExpectationFailure("it stands there " + std::to_string(count) +
-                              " times; the new lines are\n" + Joined(lines));
+    throw CExpectationFailure("found " + std::to_string(count) + " times; the new lines are\n" +
+                              Joined(lines));
   }
 }
 
@@ -87,7 +87,8 @@ void ExpectFile(CRun& run, const CCommandArguments& arguments) {
     throw CScenarioError(
         "usage: expect file PATH exists|missing, or expect file PATH is: with a block");
   }
-  if (*content != arguments.BlockText()) throw CExpectationFailure("it holds\n" + *content);
+  if (*content != arguments.BlockText())
+    throw CExpectationFailure("the file contains\n" + *content);
 }
 
 void ExpectFiles(CRun& run, const CCommandArguments& arguments) {
@@ -97,7 +98,7 @@ void ExpectFiles(CRun& run, const CCommandArguments& arguments) {
 void ExpectOpened(CRun& run, const CCommandArguments& arguments) {
   const std::optional<std::string> opened = run.stage.evidence.LastOpened();
   if (!opened) throw CExpectationFailure("nothing was opened");
-  if (*opened != arguments.Text(0)) throw CExpectationFailure("it was " + *opened);
+  if (*opened != arguments.Text(0)) throw CExpectationFailure("opened: " + *opened);
 }
 
 void ExpectXml(CRun& run, const CCommandArguments& arguments) {
@@ -107,7 +108,7 @@ void ExpectXml(CRun& run, const CCommandArguments& arguments) {
       arguments.HasBlock()
           ? arguments.Block()
           : std::vector<std::string>(arguments.Words().begin() + 2, arguments.Words().end());
-  if (texts != expected) throw CExpectationFailure("there stands\n" + Joined(texts));
+  if (texts != expected) throw CExpectationFailure("found\n" + Joined(texts));
 }
 
 void ExpectSetting(CRun& run, const CCommandArguments& arguments) {
@@ -125,7 +126,7 @@ void ExpectRegistry(CRun& run, const CCommandArguments& arguments) {
     if (value) throw CExpectationFailure("the value is \"" + *value + "\"");
   } else if (value != arguments.Text(2)) {
     throw CExpectationFailure(value ? "the value is \"" + *value + "\""
-                                    : std::string("there is none"));
+                                    : std::string("there is no such value"));
   }
 }
 
@@ -156,7 +157,7 @@ void ExpectJournal(CRun& run, const CCommandArguments& arguments) {
 
 void ShowHeld(CRun& run, const CCommandArguments&) {
   const std::vector<std::string> held = run.stage.outlook.Held();
-  run.transcript.Show(held.empty() ? "the add-in holds nothing of Outlook's"
+  run.transcript.Show(held.empty() ? "the add-in holds no objects of Outlook"
                                    : "the add-in holds\n" + Joined(held));
 }
 
@@ -202,12 +203,12 @@ void NoteUse(CRun& run, const CCommandArguments&) {
 void ExpectUse(CRun& run, const CCommandArguments& arguments) {
   constexpr int kMostKilobytes = 1'000'000;
   constexpr int kUsualKilobytes = 1024;
-  if (!run.notedUse) throw CScenarioError("nothing was noted");
+  if (!run.notedUse) throw CScenarioError("\"note use\" is missing");
   const ResourceUse now = run.stage.host.Use();
   for (const UseLine& line : CountedUse(run, now)) {
     if (line.now <= line.noted) continue;
     throw CExpectationFailure(std::string(line.what) + ": " + std::to_string(line.now) +
-                              ", noted were " + std::to_string(line.noted));
+                              ", recorded " + std::to_string(line.noted));
   }
   const int most = arguments.NumberAfter("memory", 0, kMostKilobytes).value_or(kUsualKilobytes);
   const int64_t more = (now.bytes - run.notedUse->process.bytes) / 1024;
@@ -307,19 +308,18 @@ using Block = Command::Block;
 
 constexpr Command kCommands[] = {
     {"expect log", "[nothing]",
-     "The block is exactly what the diagnostic log gained since the last such expectation, time "
-     "stamps left off (their shape and order are checked).",
+     "The block is exactly the lines logged since the last such expectation, without their time "
+     "stamps, whose format and order are checked.",
      0, 1, Block::Optional, ExpectLog},
     {"expect whole log", "", "The block is the whole diagnostic log of the run.", 0, 0,
      Block::Required, ExpectWholeLog},
-    {"expect log has", "LINE [times N]", "One line among the new ones; consumes nothing.", 1, 3,
+    {"expect log has", "LINE [times N]", "One of the new lines; consumes nothing.", 1, 3,
      Block::None, ExpectLogHas},
     {"expect log with", "TEXT...",
-     "The block is exactly those of the new lines that contain one of the texts; consumes nothing.",
-     1, kAnyNumber, Block::Required, ExpectLogWith},
+     "The block is exactly the new lines that contain one of the texts; consumes nothing.", 1,
+     kAnyNumber, Block::Required, ExpectLogWith},
     {"expect no log", "", "There is no diagnostic log file.", 0, 0, Block::None, ExpectNoLog},
-    {"forget", "",
-     "The new log lines, written bytes and calls of the USB library are of no interest.", 0, 0,
+    {"forget", "", "Drops the new log lines, written bytes and calls of the USB library.", 0, 0,
      Block::None, Forget},
     {"show log", "", "Shows the new log lines.", 0, 0, Block::None, ShowLog},
     {"expect file", "PATH exists|missing|is",
@@ -328,54 +328,55 @@ constexpr Command kCommands[] = {
     {"expect files", "", "The block is the list of all files in the application-data folder.", 0, 0,
      Block::Required, ExpectFiles},
     {"expect opened", "PATH",
-     "What the add-in has had Windows open for the user, the last time: a folder or file in the "
-     "application-data folder, \".\" for that folder itself. While a scenario is played nothing is "
-     "really opened.",
+     "What the add-in last opened for the user: a folder or file in the application-data folder, "
+     "\".\" for that folder itself. In a scenario nothing is really opened.",
      1, 1, Block::None, ExpectOpened},
     {"expect xml", "PATH XPATH [TEXT...]",
-     "Texts of all nodes at an XPath in an XML file, in order; none means that there are none.", 2,
+     "Texts of all nodes at an XPath in an XML file, in order; without TEXT there must be none.", 2,
      kAnyNumber, Block::Optional, ExpectXml},
-    {"expect setting", "NAME VALUE", "The one element of that name in the settings file.", 2, 2,
-     Block::None, ExpectSetting},
+    {"expect setting", "NAME VALUE",
+     "Text of the only element with that name in the settings file.", 2, 2, Block::None,
+     ExpectSetting},
     {"expect registry", "KEY NAME [VALUE]",
      "A registry value as text; without VALUE there must be none. NAME \"\" is the default value.",
      2, 3, Block::None, ExpectRegistry},
-    {"note held", "", "Notes what of Outlook's objects the add-in holds.", 0, 0, Block::None,
+    {"note held", "", "Records which objects of Outlook the add-in holds.", 0, 0, Block::None,
      NoteHeld},
     {"expect held", "[nothing|noted]",
-     "What of Outlook's objects the add-in holds: nothing, what was noted, or exactly the block.",
+     "The objects of Outlook that the add-in holds: nothing, the recorded ones, or exactly the "
+     "block.",
      0, 1, Block::Optional, ExpectHeld},
     {"expect journal", "",
      "The block is exactly the entries of Outlook's journal folder: subject; type; minutes; linked "
-     "contacts; text. Of a line that ends with \"...\" only the beginning counts.",
+     "contacts; text. A line that ends with \"...\" matches any end.",
      0, 0, Block::Optional, ExpectJournal},
-    {"show held", "", "Shows what of Outlook's objects the add-in holds.", 0, 0, Block::None,
+    {"show held", "", "Shows the objects of Outlook that the add-in holds.", 0, 0, Block::None,
      ShowHeld},
     {"watch xml", "PATH",
-     "From now on another thread reads the settings file, or one like it, again and again.", 1, 1,
+     "From now on another thread reads the settings file, or a similar one, again and again.", 1, 1,
      Block::None, WatchXml},
     {"expect watched", "N",
-     "The watched file was there and whole each time it was read, at least N times; ends the "
-     "watch.",
-     1, 1, Block::None, ExpectWatched},
+     "The watched file was complete in each reading, at least N times; ends the watch.", 1, 1,
+     Block::None, ExpectWatched},
     {"note use", "",
-     "Notes what the process holds: memory, handles, windows, GDI objects where the system tells "
-     "them (under Wine only to 64-bit programs), and what the add-in holds of Outlook's objects.",
+     "Records the process's memory, handles, windows and GDI objects (under Wine for 64-bit "
+     "programs only), and the objects of Outlook that the add-in holds.",
      0, 0, Block::None, NoteUse},
     {"expect use", "[memory KILOBYTES]",
-     "The process holds no more than was noted: not a memory block of the add-in's, handle, GDI "
-     "object, window or object of Outlook's; of memory in all so many kilobytes, or 1024.",
+     "The process holds no more than recorded: no more memory blocks of the add-in, handles, GDI "
+     "objects, windows or objects of Outlook; and at most KILOBYTES (default 1024) more memory in "
+     "total.",
      0, 2, Block::None, ExpectUse},
     {"show use", "", "Shows what the process holds.", 0, 0, Block::None, ShowUse},
     {"expect invalidations", "[N]",
      "How often the add-in has invalidated the ribbon since the last such command or \"show "
-     "figures\"; without N it only begins to count.",
+     "figures\"; without N it only resets the count.",
      0, 1, Block::None, ExpectInvalidations},
     {"show figures", "",
-     "Shows what the add-in cost since the last such command: times as shares of those after which "
-     "Outlook disables an add-in, the start-up scan, the messages that the add-in posts to itself, "
-     "redraws among them, the way from the poll that reads a caller ID to the caller window, the "
-     "ribbon's callbacks. Never twice the same: not for transcripts that are compared.",
+     "Shows what the add-in has cost since the last such command: times as shares of the limits "
+     "after which Outlook disables an add-in, the start-up scan, the messages that the add-in "
+     "posts to itself (redraws included), the time from the poll that reads a caller ID to the "
+     "caller window, the ribbon's callbacks. The figures vary; do not compare them in transcripts.",
      0, 0, Block::None, ShowFigures},
 };
 

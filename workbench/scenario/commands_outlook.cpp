@@ -224,79 +224,74 @@ using Block = Command::Block;
 
 constexpr Command kCommands[] = {
     {"start", "",
-     "Starts Outlook: loads the add-in as registered, OnConnection with mode 1, the explorer's "
-     "ribbon "
-     "from version 14, OnStartupComplete. What the add-in posts is handled; its timers wait for "
-     "\"ticks\".",
+     "Starts Outlook: loads the registered add-in and calls OnConnection with mode 1, the "
+     "explorer's ribbon from version 14 on, and OnStartupComplete. Handles posted messages; the "
+     "add-in's timers wait for \"ticks\".",
      0, 0, Block::None, Start},
-    {"create", "", "Only makes the add-in's object.", 0, 0, Block::None, Create},
+    {"create", "", "Only creates the add-in's object.", 0, 0, Block::None, Create},
     {"connect", "[MODE]",
-     "Only OnConnection, with mode 1 or the given one; makes the object if need be.", 0, 1,
-     Block::None, Connect},
-    {"startup complete", "", "OnStartupComplete.", 0, 0, Block::None, StartupComplete},
-    {"add-ins update", "", "OnAddInsUpdate.", 0, 0, Block::None, AddInsUpdate},
-    {"custom ui", "ID [gives nothing|document]", "GetCustomUI for a ribbon id.", 1, 3, Block::None,
-     CustomUi},
+     "Only calls OnConnection, with mode 1 or the given one; creates the object if necessary.", 0,
+     1, Block::None, Connect},
+    {"startup complete", "", "Calls OnStartupComplete.", 0, 0, Block::None, StartupComplete},
+    {"add-ins update", "", "Calls OnAddInsUpdate.", 0, 0, Block::None, AddInsUpdate},
+    {"custom ui", "ID [gives nothing|document]", "Calls GetCustomUI for a ribbon id.", 1, 3,
+     Block::None, CustomUi},
     {"callback",
      "NAME CONTROL|null|foreign [index N] [text TEXT] [by-reference|by-variant] [gives TEXT]",
-     "Calls a callback of the ribbon documents on the add-in, connected or not, with a control of "
-     "that id, with none, or with an object that is no control. What it gives is a text, a number, "
-     "yes or no, object or nothing.",
+     "Calls a callback of the ribbon documents, whether the add-in is connected or not, with the "
+     "control of that id, with none, or with an object that is not a control. The result is a "
+     "text, a number, yes or no, object or nothing.",
      2, 9, Block::None, Callback},
-    {"new explorer", "", "A second explorer: raises NewExplorer.", 0, 0, Block::None, NewExplorer},
+    {"new explorer", "", "Opens another explorer: raises NewExplorer.", 0, 0, Block::None,
+     NewExplorer},
     {"close explorer", "[first]",
-     "The user closes the main window: raises the explorer's Close. Of several the active one, or "
-     "the "
-     "first.",
+     "The user closes the main window: raises the explorer's Close. If there are several, the "
+     "active one or the first.",
      0, 1, Block::None, CloseExplorer},
-    {"quit event", "", "Raises the application's Quit and nothing else.", 0, 0, Block::None,
-     QuitEvent},
-    {"begin shutdown", "", "OnBeginShutdown.", 0, 0, Block::None, BeginShutdown},
-    {"disconnect", "MODE", "OnDisconnection: 0 Outlook ends, 1 the user removes the add-in.", 1, 1,
+    {"quit event", "", "Only raises the application's Quit.", 0, 0, Block::None, QuitEvent},
+    {"begin shutdown", "", "Calls OnBeginShutdown.", 0, 0, Block::None, BeginShutdown},
+    {"disconnect", "MODE",
+     "Calls OnDisconnection: mode 0 when Outlook ends, 1 when the user removes the add-in.", 1, 1,
      Block::None, Disconnect},
     {"release", "",
-     "Outlook releases the add-in's object and nothing else; \"unload\" later checks that it is "
-     "gone.",
-     0, 0, Block::None, Release},
+     "Outlook only releases the add-in's object; a later \"unload\" checks that it is gone.", 0, 0,
+     Block::None, Release},
     {"unload", "",
-     "Lets the add-in go; its object must die, its DLL leave the process and nothing of Outlook's "
-     "stay held.",
+     "Releases the add-in; its object must be destroyed, its DLL unloaded, and nothing of "
+     "Outlook's held.",
      0, 0, Block::None, Unload},
     {"quit", "",
      "Ends Outlook in the order of its version. Below 14: Close, OnBeginShutdown, Quit, "
-     "OnDisconnection 0. From 14: Close and Quit, nothing more. Then as \"unload\". A scenario "
-     "that "
-     "ends with Outlook running quits it, too.",
+     "OnDisconnection 0. From 14 on: Close and Quit only. Then does \"unload\". A scenario that "
+     "ends while Outlook runs also quits it.",
      0, 0, Block::None, Quit},
     {"end process", "[uninitialized]",
-     "Ends Outlook as \"quit\" does, but then the process ends with all that is alive, the add-in "
-     "included; after OleUninitialize if asked. The exit code is 0 when nothing crashes.",
+     "Ends Outlook as \"quit\" does, but then ends the process with everything alive, the add-in "
+     "included; calls OleUninitialize first if requested. The exit code is 0 if nothing crashes.",
      0, 1, Block::None, EndProcess},
-    {"expect result", "RESULT",
-     "What the last call on the add-in returned: S_OK, S_FALSE, 0x80040202.", 1, 1, Block::None,
-     ExpectResult},
+    {"expect result", "RESULT", "Result of the last call on the add-in: S_OK, S_FALSE, 0x80040202.",
+     1, 1, Block::None, ExpectResult},
     {"pace", "MICROSECONDS",
-     "From now on each call of the object model takes so much longer, as one does that asks a "
-     "message store.",
+     "From now on each call of the object model takes this much longer, as with a message store.",
      1, 1, Block::None, SetPace},
     {"fail member", "NAME|any [call N|N-M|N-] [status HRESULT]",
-     "Makes calls of one member of the object model fail, Folders.Count say, or of any; calls "
-     "count "
-     "from now. Connecting to events counts as \"InspectorsEvents.Advise\" and the like.",
+     "Makes calls of one member of the object model fail, such as Folders.Count, or of any; calls "
+     "are counted from now. Connecting to events counts as \"InspectorsEvents.Advise\" and the "
+     "like.",
      1, 5, Block::None, FailMember},
-    {"heal members", "", "The object model works again.", 0, 0, Block::None, HealMembers},
+    {"heal members", "", "Ends the failures of the object model.", 0, 0, Block::None, HealMembers},
     {"during", "NAME|any N",
-     "Runs the commands of the block in the middle of the Nth call of a member of the object model "
-     "from now, as Outlook does when such a call handles messages.",
+     "Runs the block inside the Nth call of a member of the object model from now on, as when such "
+     "a call pumps messages in Outlook.",
      2, 2, Block::Required, During},
     {"neighbour", "unpainted|repainting|hook|modal|leaves",
-     "What another add-in does on Outlook's thread: a window that never validates its region, one "
-     "that invalidates itself while it paints, a message hook, a message loop of its own. All "
-     "leave together.",
+     "Adds what other add-ins do on Outlook's thread: a window that never validates its region, "
+     "one that invalidates itself while painting, a message hook, a message loop. \"leaves\" "
+     "removes them all.",
      1, 1, Block::None, MoveIn},
     {"fail system", "FUNCTION [call N|N-M|N-] [status ERROR]",
-     "Makes calls of a Windows function fail for the add-in, PostMessageA say.", 1, 5, Block::None,
-     FailSystem},
+     "Makes calls of a Windows function fail for the add-in, such as PostMessageA.", 1, 5,
+     Block::None, FailSystem},
 };
 
 }  // namespace

@@ -273,47 +273,49 @@ using Block = Command::Block;
 
 constexpr Command kCommands[] = {
     {"click", "CONTROL [> ITEM [> ITEM]] [of CONTACT]",
-     "Clicks a button or a menu item, by tag, ribbon id or caption; of a contact's own window.", 1,
-     7, Block::None, Click},
+     "Clicks a button or a menu item, by tag, ribbon id or caption, in the main window or in a "
+     "contact's own window.",
+     1, 7, Block::None, Click},
     {"type", "CONTROL TEXT", "Types into a combo box and presses Enter.", 2, 2, Block::None, Type},
     {"pick", "CONTROL ITEM", "Picks an entry of a combo box by its text.", 2, 2, Block::None, Pick},
     {"expect control",
      "CONTROL [> ITEM [> ITEM]] [of CONTACT] missing | [caption|text|items TEXT] "
      "[enabled|visible|picture yes|no]...",
-     "What a control shows. Items stand between bars: \"Cell1|Cell2\".", 2, kAnyNumber, Block::None,
-     ExpectControl},
-    {"wait control", "as expect control", "Lets everything run until a control shows that.", 2,
-     kAnyNumber, Block::None, WaitControl},
+     "Properties of a control. Items are separated by bars: \"Cell1|Cell2\".", 2, kAnyNumber,
+     Block::None, ExpectControl},
+    {"wait control", "as expect control", "Runs everything until a control has these properties.",
+     2, kAnyNumber, Block::None, WaitControl},
     {"dump controls", "[CONTACT]", "Shows every control with its caption, state and items.", 0, 1,
      Block::None, DumpControls},
     {"expect window", "TITLE shown|hidden|missing",
-     "A window of the add-in by title or class, or \"TITLE with TEXT\" for the one of several in "
-     "which a control shows that text. The block holds the texts of its controls in order, "
-     "disabled ones in brackets; of a text that begins with \"...\" only the end counts.",
+     "A window of the add-in by title or class, or \"TITLE with TEXT\" for one of several in which "
+     "a control has that text. The block lists the texts of its controls in order, disabled ones "
+     "in brackets; \"...\" at the beginning of a text matches any beginning.",
      2, 2, Block::Optional, ExpectWindow},
     {"open options", "",
-     "Opens \"Outlook Options\", where the add-ins' pages are: raises OptionsPagesAdd.", 0, 0,
+     "Opens \"Outlook Options\" with the add-ins' pages: raises OptionsPagesAdd.", 0, 0,
      Block::None, OpenOptions},
     {"dump windows", "", "Shows every window of the add-in with its texts.", 0, 0, Block::None,
      DumpWindows},
     {"delete control", "CONTROL [> ITEM [> ITEM]]",
-     "The user takes a control off the command bar, by Customize.", 1, 5, Block::None,
+     "The user removes a control from the command bar, with Customize.", 1, 5, Block::None,
      DeleteControl},
     {"press", "TITLE BUTTON", "Presses a button of a window by its text.", 2, 2, Block::None,
      Press},
     {"enter", "TITLE FIELD TEXT",
-     "Types into the FIELDth input field of a window, from 1; of a list picks the entry.", 3, 3,
+     "Types into the FIELDth input field of a window, from 1; in a list, selects the entry.", 3, 3,
      Block::None, Enter},
     {"keys", "TITLE KEY...",
      "Presses keys in a window: Tab, Shift+Tab, Alt+l, Enter, Esc, Space, Down and the like; any "
      "other word is typed.",
      2, kAnyNumber, Block::None, Keys},
     {"close window", "TITLE", "Closes a window by its title bar.", 1, 1, Block::None, CloseWindow},
-    {"screenshot", "NAME", "Saves a picture of the screen; without a screen says so and goes on.",
-     1, 1, Block::None, Screenshot},
+    {"screenshot", "NAME",
+     "Saves a picture of the screen; without a screen, prints this and continues.", 1, 1,
+     Block::None, Screenshot},
     {"picture", "NAME [menu CONTROL [> ITEM]...] [scale 100|150|200] [dark]",
-     "Draws the main window as it looks now into a file, with a menu or a combo box's list opened, "
-     "enlarged, in Office's dark theme; needs no screen.",
+     "Draws the main window into a file, optionally with a menu or a combo box's list opened, "
+     "enlarged, or in Office's dark theme; needs no screen.",
      1, kAnyNumber, Block::None, Picture},
 };
 

@@ -69,25 +69,22 @@ using Block = Command::Block;
 
 constexpr Command kCommands[] = {
     {"ticks", "N",
-     "Lets the add-in's timers run until it has polled the base so many times, and handles what is "
-     "posted by then. The deferred build of the contact index runs before the first poll.",
+     "Runs the add-in's timers until it has polled the base N times, and handles the messages "
+     "posted by then. The deferred contact scan runs before the first poll.",
      1, 1, Block::None, Ticks},
     {"poll", "[N]",
-     "The add-in polls the base once, or N times, now: its timer ticks without waiting for the "
-     "clock. What is posted is handled after each.",
+     "The add-in polls the base once, or N times, at once: its timer ticks without waiting for the "
+     "clock. Handles posted messages after each poll.",
      0, 1, Block::None, Poll},
-    {"pump", "",
-     "Handles what is posted, without timers; every command that acts does this anyway.", 0, 0,
-     Block::None, Pump},
-    {"wait", "MS",
-     "Lets everything run for so long. For what leaves no sign to wait for; prefer the others.", 1,
+    {"pump", "", "Handles posted messages, without timers; every command that acts does this, too.",
+     0, 0, Block::None, Pump},
+    {"wait", "MS", "Runs everything for this time. Use it only if there is nothing to wait for.", 1,
      1, Block::None, Wait},
-    {"wait window", "TITLE shown|hidden", "Lets everything run until a window appears or goes.", 2,
+    {"wait window", "TITLE shown|hidden", "Runs everything until a window is shown or hidden.", 2,
      2, Block::None, WaitWindow},
-    {"wait written", "", "Lets everything run until something new is written to the base.", 0, 0,
-     Block::None, WaitWritten},
-    {"wait log", "LINE", "Lets everything run until this diagnostic line comes.", 1, 1, Block::None,
-     WaitLog},
+    {"wait written", "", "Runs everything until bytes are written to the base.", 0, 0, Block::None,
+     WaitWritten},
+    {"wait log", "LINE", "Runs everything until this line is logged.", 1, 1, Block::None, WaitLog},
 };
 
 }  // namespace

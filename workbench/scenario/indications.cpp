@@ -27,7 +27,7 @@ class CFields {
       const size_t equals = word.find('=');
       if (equals == std::string::npos) throw CScenarioError("\"" + word + "\" is not field=value");
       if (!m_fields.emplace(word.substr(0, equals), word.substr(equals + 1)).second) {
-        throw CScenarioError("field \"" + word.substr(0, equals) + "\" stands twice");
+        throw CScenarioError("field \"" + word.substr(0, equals) + "\" is given twice");
       }
     }
   }
@@ -150,10 +150,10 @@ bool IsIndicationName(const std::string& word) {
 }
 
 Bytes IndicationFromWords(std::span<const std::string> words) {
-  if (words.empty()) throw CScenarioError("which indication?");
+  if (words.empty()) throw CScenarioError("the indication's name is missing");
   const auto builder = Builders().find(words.front());
   if (builder == Builders().end()) {
-    throw CScenarioError("no indication is called \"" + words.front() + "\"");
+    throw CScenarioError("unknown indication \"" + words.front() + "\"");
   }
   CFields fields(words.subspan(1));
   const std::optional<std::string> delimiters = fields.Text("end");

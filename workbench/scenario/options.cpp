@@ -9,38 +9,31 @@ namespace quor::workbench {
 
 const char kUsage[] =
     "workbench [OPTIONS] [SCENARIO]\n"
-    "  Plays a scenario with the add-in that is registered on this machine; without one shows "
-    "Outlook\n"
-    "  and the telephone base to a person.\n"
+    "  Plays a scenario with the registered add-in; without a scenario shows Outlook and the\n"
+    "  telephone base for interactive use.\n"
     "\n"
-    "  --outlook N       the Outlook version to be, 9 to 16; else 11 as 32-bit and 16 as 64-bit "
-    "program\n"
-    "  --sweep           plays the scenario again and again, each time with one more call of the "
-    "object\n"
-    "                    model failing, until none is left; nothing must crash, hang or stay held\n"
-    "  --inside WHAT     what a sweep does inside each call instead of failing it: disconnect, "
-    "release,\n"
-    "                    quit, poll or unplug\n"
-    "  --outcomes FILE   the calls whose failure may leave a sweep's session without telephone\n"
-    "  --neighbours      other add-ins' windows and message hook are there all the time\n"
-    "  --from N          where a sweep begins, to look at one call again\n"
-    "  --replay LOG      feeds the frames received in a diagnostic log to the add-in and compares "
-    "logs\n"
-    "  --story           tells only what the scenario says and shows\n"
-    "  --quiet           tells only failures\n"
-    "  --calls           tells what the add-in calls of Outlook and what Outlook tells it\n"
-    "  --addin PROGID    which add-in, if several are registered\n"
+    "  --outlook N       Outlook version, 9 to 16; default 11 in 32-bit and 16 in 64-bit builds\n"
+    "  --sweep           plays the scenario once per object-model call, with this call failing;\n"
+    "                    nothing may crash, hang or stay held\n"
+    "  --inside WHAT     what a sweep does inside each call instead: disconnect, release, quit,\n"
+    "                    poll or unplug\n"
+    "  --outcomes FILE   calls whose failure may disable the telephone in a sweep\n"
+    "  --neighbours      adds other add-ins' windows and message hook\n"
+    "  --from N          first call of a sweep\n"
+    "  --replay LOG      replays the frames received in a diagnostic log and compares the logs\n"
+    "  --story           prints only what the scenario says and shows\n"
+    "  --quiet           prints only failures\n"
+    "  --calls           prints the add-in's calls of Outlook and the events that it receives\n"
+    "  --addin PROGID    selects the add-in if several are registered\n"
     "  --contacts FILE   vCard file with the contacts, without a scenario\n"
-    "  --data FOLDER     application-data folder, kept; else a fresh one, removed afterwards\n"
-    "  --pictures FOLDER where screenshots go\n"
-    "  --unpainted       leaves Outlook's own windows blank: a long play takes a third of the "
-    "time\n"
-    "  --stuck SECONDS   how long one command may take, 60\n"
-    "  --help            this text and every command of the scenario language\n"
-    "  --help-markdown   the commands as the manual has them\n"
+    "  --data FOLDER     application-data folder, kept; default: a temporary one\n"
+    "  --pictures FOLDER folder for screenshots\n"
+    "  --unpainted       leaves Outlook's own windows blank; long runs take a third of the time\n"
+    "  --stuck SECONDS   time limit of one command, default 60\n"
+    "  --help            prints this text and every command of the scenario language\n"
+    "  --help-markdown   prints the commands in the format of docs/workbench.md\n"
     "\n"
-    "  Exit codes: 0 all is as expected, 1 it is not, 2 nothing was played, 3 a crash, 4 it got "
-    "stuck,\n"
+    "  Exit codes: 0 success, 1 failure, 2 nothing was played, 3 crash, 4 hang,\n"
     "  77 the scenario is for other versions.\n";
 
 namespace {
@@ -145,7 +138,7 @@ class COptionReader {
     } else if (option == "--help-markdown") {
       m_options.task = Task::HelpMarkdown;
     } else {
-      throw CScenarioError("no option is called " + option + "; --help lists them");
+      throw CScenarioError("unknown option " + option + "; --help lists them");
     }
   }
 

@@ -46,7 +46,7 @@ uint32_t ResultFromName(const std::string& name) {
     if (name == result.name) return result.value;
   }
   uint32_t value = 0;
-  if (!ParseUnsigned(name, value)) throw CScenarioError("no result is called \"" + name + "\"");
+  if (!ParseUnsigned(name, value)) throw CScenarioError("unknown result \"" + name + "\"");
   return value;
 }
 

@@ -43,7 +43,7 @@ void CRun::Step(const Statement& statement) {
   transcript.Command(statement);
   found.command->run(*this, CCommandArguments(statement, found.words));
   if (!m_failedInside.empty()) {
-    throw CExpectationFailure("in the middle of it: " + std::exchange(m_failedInside, {}));
+    throw CExpectationFailure("inside the call: " + std::exchange(m_failedInside, {}));
   }
 }
 

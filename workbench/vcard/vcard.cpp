@@ -195,7 +195,7 @@ class CReader {
     const std::string& name = property.name;
     if (!IsUtf8(property.value)) return Spoil(property.line, name + " is not UTF-8");
     if (property.value.find('\0') != std::string::npos) {
-      return Spoil(property.line, name + " holds a NUL");
+      return Spoil(property.line, name + " contains a NUL");
     }
     if (name == "VERSION") return ReadVersion(property);
     if (name == "TEL") return ReadNumber(property);
@@ -241,7 +241,7 @@ class CReader {
     number.number = Trimmed(uri ? NumberFromUri(text) : text);
     if (number.number.empty()) return;
     if (!IsUtf8(number.number) || number.number.find('\0') != std::string::npos) {
-      return Error(property.line, "the number's escapes are no text");
+      return Error(property.line, "the number's escapes are not valid text");
     }
     for (const NumberKind kind : KindsFor(CTypes(property))) {
       if (HasNumber(kind)) continue;

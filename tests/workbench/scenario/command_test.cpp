@@ -18,7 +18,7 @@ TEST(Commands, RefuseWhatMakesNoSense) {
     const char* line;
     const char* error;
   } rows[] = {
-      {"plugg", "no command is called \"plugg\""},
+      {"plugg", "unknown command \"plugg\""},
       {"ring line3", "is not line1"},
       {"caller gives up", "nothing rings"},
       {"other side hangs up line1", "no call on that line"},
@@ -35,7 +35,7 @@ TEST(Commands, RefuseWhatMakesNoSense) {
       {"fail SI_Open call 0 status 1", "not a call number"},
       {"fail SI_Open call 5-2 status 1", "not a call number"},
       {"fail member any cal 3", "neither call nor status"},
-      {"expect use", "nothing was noted"},
+      {"expect use", "\"note use\" is missing"},
       {"expect watched 1", "only 0 times"},
       {"expect log", "usage: expect log"},
       {"expect log nothing:\n| x", "usage: expect log"},
@@ -44,7 +44,7 @@ TEST(Commands, RefuseWhatMakesNoSense) {
       {"plug:\n| x", "takes no block"},
       {"ticks many", "not a number"},
       {"ticks 99999999999", "not a number"},
-      {"expect result S_PERHAPS", "no result is called"},
+      {"expect result S_PERHAPS", "unknown result"},
       {"expect window Title", "usage: expect window"},
       {"expect window Title open", "usage: expect window"},
       {"picture idle scale 120", "at 100, 150 and 200 %"},

@@ -43,7 +43,7 @@ TEST(Run, RepeatsABlockAndNamesTheRoundOfAFailure) {
   EXPECT_THAT(stage.Play("plug\nrepeat 0:\n| plug\n"), HasSubstr("line 2: repeat 0:\n  \"0\" is"));
   stage.written = {{0x2B}};
   EXPECT_THAT(stage.Play("during any 1:\n| repeat 2:\n| | expect wire 0{round}\n"),
-              HasSubstr("in the middle of it: on the wire: 2B"));
+              HasSubstr("inside the call: on the wire: 2B"));
 }
 
 TEST(Run, LogExpectationsConsumeWhatTheyCompare) {
@@ -127,7 +127,7 @@ TEST(Run, UseMustNotGrowButMayShrink) {
     const char* said;
   } rows[] = {{{}, ""},
               {{-1, -1, -1, -1, -1}, ""},
-              {{1, 0, 0, 0, 0}, "memory blocks of the add-in: 11, noted were 10"},
+              {{1, 0, 0, 0, 0}, "memory blocks of the add-in: 11, recorded 10"},
               {{0, 0, 1, 0, 0}, "handles: 31"},
               {{0, 0, 0, 1, 0}, "GDI objects: 41"},
               {{0, 0, 0, 0, 1}, "windows: 51"},
@@ -166,7 +166,7 @@ TEST(Run, WhatGoesWrongInTheMiddleOfACallIsTold) {
   EXPECT_EQ(stage.Play("during Items.Count 3:\n| plug\n"), "");
   EXPECT_EQ(stage.notes.back(), "plug");
   EXPECT_THAT(stage.Play("during any 1:\n| expect result S_FALSE\n"),
-              HasSubstr("in the middle of it: the add-in returned S_OK"));
+              HasSubstr("inside the call: the add-in returned S_OK"));
 }
 
 TEST(Run, TheEndChecksWhatIsHeld) {

@@ -130,9 +130,9 @@ TEST(VCard, SaysWhereATextIsWrong) {
   EXPECT_THAT(Errors(CardText("FN:x\nNOTE;LABEL=\"a:b")), ElementsAre("4: no property"));
   EXPECT_THAT(Errors(CardText("FN:\xC3(")), ElementsAre("3: FN is not UTF-8"));
   EXPECT_THAT(Errors(CardText("FN:\xED\xA0\x80")), ElementsAre("3: FN is not UTF-8"));
-  EXPECT_THAT(Errors(CardText(std::string("FN:a\0b", 6))), ElementsAre("3: FN holds a NUL"));
+  EXPECT_THAT(Errors(CardText(std::string("FN:a\0b", 6))), ElementsAre("3: FN contains a NUL"));
   EXPECT_THAT(Errors(CardText("FN:x\nTEL:tel:%00")),
-              ElementsAre("4: the number's escapes are no text"));
+              ElementsAre("4: the number's escapes are not valid text"));
 }
 
 TEST(VCard, ReadsOnAfterABadCard) {
