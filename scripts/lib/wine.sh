@@ -27,7 +27,7 @@ wine_prefix() {
   wine cmd /c exit </dev/null >/dev/null 2>&1
 }
 
-# A LOGFONTW of that height in pixels, weight 400, as bytes for regedit.
+# Prints a LOGFONTW of this height (pixels) and name, weight 400, as bytes for regedit.
 log_font() {
   python3 - "$1" "$2" <<'PYTHON'
 import struct, sys
@@ -40,7 +40,7 @@ wine_registry() {
   local kind=$1
   {
     echo 'REGEDIT4'
-    # Windows shows messages in Segoe UI 9, Wine in MS Shell Dlg 8.
+    # Windows shows messages in Segoe UI 9, Wine by default in MS Shell Dlg 8.
     echo '[HKEY_CURRENT_USER\Control Panel\Desktop\WindowMetrics]'
     echo "\"MessageFont\"=hex:$(log_font 12 'Segoe UI')"
     echo '[HKEY_CURRENT_USER\Software\Wine\WineDbg]'

@@ -9,10 +9,10 @@
 
 namespace quor {
 
-// Base of every COM object of ours, in place of its interfaces: counts its references, keeps the
-// module loaded, and answers QueryInterface from the derived class's FindInterface. Made with "new"
-// and one reference; the last Release destroys it, but never while the process is ending.
-// Counting is safe in any thread.
+// Base of all our COM objects: derive from this instead of from the interfaces. Counts the
+// references, keeps the module loaded, and implements QueryInterface with the derived class's
+// FindInterface. Create objects with "new", which gives one reference; the last Release destroys
+// the object, except while the process is exiting. Counting is thread-safe.
 template <typename First, typename... Others>
 class CComObject : public First, public Others... {
  public:
@@ -40,7 +40,7 @@ class CComObject : public First, public Others... {
   }
 
  protected:
-  // The arguments are the first base's.
+  // The arguments are for the first base's constructor.
   template <typename... Arguments>
   explicit CComObject(Arguments&&... arguments) : First(std::forward<Arguments>(arguments)...) {}
   virtual ~CComObject() = default;

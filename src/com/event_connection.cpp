@@ -48,7 +48,7 @@ class CEventSink final : public CComObject<IDispatch> {
   const char* m_name;
 
   const IID m_events;
-  const std::weak_ptr<EventHandler> m_handler;  // the connection's, while it is advised
+  const std::weak_ptr<EventHandler> m_handler;  // owned by the connection while it is advised
 };
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include "com/com_pointers.h"
 #include "module/diagnostic_log.h"
 
-// ocidl.h needs windows.h before it.
+// ocidl.h requires windows.h first.
 #include <ocidl.h>
 
 _COM_SMARTPTR_TYPEDEF(IConnectionPoint, IID_IConnectionPoint);
@@ -79,7 +79,7 @@ class CEventConnection {
   IUnknownPtr m_source;
   IConnectionPointPtr m_point;
   IDispatchPtr m_sink;
-  std::shared_ptr<EventHandler> m_handler;  // the sink's only way to us
+  std::shared_ptr<EventHandler> m_handler;  // the sink reaches this object only through the handler
   DWORD m_cookie = 0;
   unsigned m_attempt = 0;  // changes with each Advise and Unadvise
 };

@@ -12,8 +12,8 @@ namespace {
 constexpr IID kPropertyPageSite = OfficeId(0x0006307F);
 constexpr DISPID kOnStatusChange = 0x2100;
 
-// The panel's 217 x 174 dialog units in Segoe UI 9, 380 x 326 pixels at 96 dots per inch, in
-// HIMETRIC: Outlook gives a page little more.
+// The panel's 217 x 174 dialog units in Segoe UI 9, 380 x 326 pixels at 96 dpi, in HIMETRIC (0.01
+// mm). Outlook's space for a page is hardly larger.
 constexpr SIZEL kExtent = {10054, 8625};
 
 }  // namespace

@@ -10,7 +10,7 @@ using Bytes = std::span<const std::byte>;
 
 // DLGTEMPLATEEX: version, signature, help id, extended style, style, item count, four coordinates;
 // then menu, class and title, each a text or an ordinal; then, with DS_SETFONT, the font; then the
-// items, each aligned on 4 bytes.
+// items, each aligned to 4 bytes.
 constexpr size_t kStyleOffset = 12;
 constexpr size_t kHeaderSize = 26;
 constexpr uint32_t kExtendedMark = 0xFFFF0001;  // version 1 and signature
@@ -20,7 +20,7 @@ constexpr size_t kItemAlignment = 4;
 
 struct FontPlace {
   size_t begin = 0;
-  size_t end = 0;  // not aligned yet
+  size_t end = 0;  // unaligned
 };
 
 template <typename Number>
@@ -31,7 +31,7 @@ std::optional<Number> Read(Bytes bytes, size_t at) {
   return number;
 }
 
-// Where the text that begins there ends, its NUL included.
+// The end of the text that begins at `at`, after its NUL.
 std::optional<size_t> EndOfText(Bytes bytes, size_t at) {
   for (;; at += sizeof(char16_t)) {
     const std::optional<uint16_t> unit = Read<uint16_t>(bytes, at);

@@ -9,7 +9,7 @@
 
 namespace quor {
 
-// The font of a dialog, from which the dialog manager derives the size of the dialog's units.
+// A dialog's font. The dialog manager derives the size of dialog units from it.
 struct DialogFont {
   uint16_t points = 0;
   uint16_t weight = 0;  // 400 is normal
@@ -18,8 +18,8 @@ struct DialogFont {
   std::u16string face;
 };
 
-// A copy of an extended dialog template (DLGTEMPLATEEX) in another font. A template of another
-// kind, without a font or cut short is copied as it stands.
+// Returns a copy of an extended dialog template (DLGTEMPLATEEX) with another font. A template that
+// is not extended, has no font or is truncated is copied unchanged.
 std::vector<std::byte> WithFont(std::span<const std::byte> dialog, const DialogFont& font);
 
 }  // namespace quor

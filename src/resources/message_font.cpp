@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kPointsPerInch = 72;
 
-// The metrics are those of the system's resolution, which the screen's device context has too.
+// The metrics are for the system's resolution, which is also that of the screen's device context.
 int SystemDotsPerInch() noexcept {
   const HDC screen = GetDC(nullptr);
   if (screen == nullptr) return 0;
@@ -28,7 +28,7 @@ std::optional<DialogFont> MessageFont() {
   }
   const LOGFONTW& font = metrics.lfMessageFont;
   const int dots = SystemDotsPerInch();
-  // A positive height would count the font's leading too; the system gives the negative form.
+  // A positive height would include the font's leading; Windows supplies a negative one.
   const int points =
       dots > 0 && font.lfHeight < 0 ? MulDiv(-font.lfHeight, kPointsPerInch, dots) : 0;
   const std::wstring_view face(font.lfFaceName);

@@ -7,8 +7,8 @@
 
 namespace quor {
 
-// The font in which the user's Windows shows message boxes, as Outlook's own dialogs do: Segoe UI
-// 9, unless the user has chosen larger text. Nothing when the system does not give it.
+// The font of message boxes in the user's Windows, which Outlook's own dialogs also use: Segoe UI
+// 9, unless the user has chosen larger text. Nothing if Windows does not report it.
 std::optional<DialogFont> MessageFont();
 
 }  // namespace quor

@@ -29,7 +29,7 @@ class CResourceLoader final : public IStringTable {
   // The text in each language that has it.
   std::vector<std::wstring> TextInEveryLanguage(int id) const;
   // The template in the user's message font, or in its own font if Windows does not report that
-  // one. Empty if there is none. Aligned as a DLGTEMPLATE must be.
+  // one. Empty if there is none. Aligned as required for a DLGTEMPLATE.
   std::vector<std::byte> DialogTemplate(int id) const;
   // The bytes of a language-neutral resource with one of our types; empty if there is none. Valid
   // while the module is loaded.

@@ -111,12 +111,12 @@ class COpenDialog {
   HWND m_window;
 };
 
-// How large texts and controls are in a font, in pixels.
+// Measures texts and controls in a font, in pixels.
 class IFace {
  public:
   virtual ~IFace() = default;
   virtual SIZE Room(HWND control) const = 0;
-  // Of a text in lines of that width, or in one line when it is 0.
+  // Size of a text in lines of this width, or in one line if it is 0.
   virtual SIZE Need(HWND control, const std::wstring& text, LONG lineWidth) const = 0;
 };
 
@@ -140,13 +140,12 @@ class CShownFace final : public IFace {
   }
 };
 
-// The message font of Windows Vista and later at 96 dots per inch: Segoe UI 9, 12 pixels in size,
-// its lines 15 high. Calculated from the font's advance widths, because the tests' machine lacks
-// it.
+// The message font of Windows Vista and later at 96 dpi: Segoe UI 9, 12 pixels high, line height
+// 15. Calculated from the font's advance widths, because the test machine does not have the font.
 class CSegoeFace final : public IFace {
  public:
-  static constexpr LONG kUnitWidth = 7;    // of 4 horizontal dialog units
-  static constexpr LONG kLineHeight = 15;  // of 8 vertical ones
+  static constexpr LONG kUnitWidth = 7;    // pixels in 4 horizontal dialog units
+  static constexpr LONG kLineHeight = 15;  // pixels in 8 vertical dialog units
 
   SIZE Room(HWND control) const override {
     const bool hasEdge = (GetWindowLongPtrW(control, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
@@ -154,7 +153,7 @@ class CSegoeFace final : public IFace {
     const SIZE whole = SizeIn(GetParent(control), control);
     return {whole.cx - edges, whole.cy - edges};
   }
-  // The whole window's, which is that dialog or a control in it.
+  // Size of `window`, which is the dialog or one of its controls.
   static SIZE SizeIn(HWND dialog, HWND window) {
     RECT place = {};
     GetWindowRect(window, &place);
@@ -166,7 +165,7 @@ class CSegoeFace final : public IFace {
   SIZE Need(HWND, const std::wstring& text, LONG lineWidth) const override {
     SIZE need = {0, 0};
     LONG line = 0;
-    LONG blank = 0;  // between the line and its next word
+    LONG blank = 0;  // blank between the line and the next word
     const auto newLine = [&] {
       need.cx = std::max(need.cx, line);
       need.cy += kLineHeight;
@@ -198,7 +197,7 @@ class CSegoeFace final : public IFace {
   static constexpr LONG kSize = 12;
   static constexpr LONG kUnitsPerSize = 2048;
 
-  // A letter is as wide with an accent as without.
+  // An accent does not change a letter's width.
   static LONG AdvanceOf(wchar_t character) {
     static constexpr LONG kFromSpaceToTilde[] = {
         561,  582,  803,  1210, 1104, 1675, 1639, 471,  619,  619,  854,  1401, 444,  819,
@@ -221,7 +220,7 @@ class CSegoeFace final : public IFace {
   }
 };
 
-// Fonts differ from one Windows to the next: a tenth must be left over.
+// A tenth must be left over, because fonts vary between Windows versions.
 void ExpectFits(const IFace& face, HWND control, const std::wstring& text, int percent,
                 const std::string& where) {
   const SIZE room = face.Room(control);
@@ -243,7 +242,7 @@ std::string Place(const Language& language, int dialog, int control) {
          std::to_string(control);
 }
 
-// Each dialog with the texts it has, and with those that it is given.
+// Checks each dialog with its own texts and with those that are set at run time.
 void ExpectTextsFit(const CDialogStage& stage, const Language& language, const IFace& face,
                     const char* faceName, int percent = 100) {
   const auto place = [&](int dialog, int control) {
@@ -296,13 +295,14 @@ TEST(DialogTemplates, NoTextIsClippedInAnyLanguageAtAnyScale) {
   }
 }
 
-// A dialog unit is a quarter of the average width of the 52 letters, as the dialog manager counts.
+// A dialog unit is a quarter of the average width of the 52 letters, as the dialog manager
+// calculates.
 TEST(DialogTemplates, SegoeUnitsFollowFromItsWidths) {
   const LONG letters = CSegoeFace::WidthOf(L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
   EXPECT_EQ((letters / 26 + 1) / 2, CSegoeFace::kUnitWidth);
 }
 
-// Outlook gives a page of its options some 380 x 330 pixels.
+// Outlook's options have about 380 x 330 pixels for a page.
 TEST(DialogTemplates, ThePanelFitsIntoOutlooksOptions) {
   CDialogStage stage;
   const COpenDialog dialog(stage, IDD_OPTIONS_PANEL);

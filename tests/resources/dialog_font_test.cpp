@@ -25,7 +25,7 @@ void Text(Template& bytes, std::u16string_view text) {
 
 constexpr uint16_t kSetFont = 0x40;
 
-// A dialog with one item, whose bytes are made up. Its class is a name or an ordinal.
+// A dialog with one item of arbitrary bytes. Its class is a name or an ordinal.
 Template Dialog(const DialogFont& font, bool classIsOrdinal, uint16_t style = kSetFont,
                 uint16_t signature = 0xFFFF) {
   Template bytes;
@@ -45,7 +45,7 @@ Template Dialog(const DialogFont& font, bool classIsOrdinal, uint16_t style = kS
   return bytes;
 }
 
-// Both parities of the face's length, longer and shorter than the other: the items move with the
+// Font names of even and odd length, longer and shorter than the original: the items move with the
 // font and stay aligned.
 TEST(DialogFont, OnlyTheFontChanges) {
   const DialogFont fonts[] = {{8, 400, false, 1, u"MS Shell Dlg"},

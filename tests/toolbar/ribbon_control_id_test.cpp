@@ -25,7 +25,7 @@ std::string ReadSource(const char* path) {
 
 using Attributes = std::map<std::string, std::string>;
 
-// The attributes of every element of a document.
+// The attributes of all elements of a document.
 std::vector<Attributes> Elements(const char* path) {
   std::istringstream text(ReadSource(path));
   std::vector<Attributes> all;

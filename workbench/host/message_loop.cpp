@@ -83,8 +83,8 @@ bool CMessageLoop::PumpOne() {
          HandleOne(WM_TIMER + 1, 0xFFFFFFFF);
 }
 
-// A window that never finishes painting must not block the others: when no other message is left,
-// each window is painted once.
+// Paints each window once when no other message is left, so that a window that never finishes
+// painting does not block the others.
 void CMessageLoop::Pump() {
   std::set<HWND> painted;
   for (int i = 0; i < kMostMessages; ++i) {

@@ -182,7 +182,7 @@ void COfficeFace::OnClosed(CInspector& inspector) {
   Close(inspector);
 }
 
-// Draws the window again, with the tab of the folder that it shows.
+// Redraws the window with the tab of its folder.
 void COfficeFace::Update(WindowParts& parts) {
   parts.window->Redraw();
   if (!parts.isExplorer || !parts.ribbon) return;

@@ -10,7 +10,7 @@ namespace quor::workbench {
 
 namespace {
 
-// Wine without a display draws nowhere.
+// Wine without a display has no screen.
 bool HasScreen() {
   wchar_t driver[32] = {};
   DWORD size = sizeof(driver);
@@ -49,17 +49,17 @@ BOOL CALLBACK Repaint(HWND window, LPARAM) {
   return TRUE;
 }
 
-// The display puts windows up in its own time, and what was drawn before is lost: draws until
-// nothing changes any more. Handles no message but the display's own.
+// The display maps windows asynchronously and loses what was drawn before, so draw until nothing
+// changes. Handles only messages of the display.
 HBITMAP CopySettledScreen() {
   constexpr int kMostTries = 40;
-  constexpr int kSettledAfter = 5;  // tries with nothing new
+  constexpr int kSettledAfter = 5;  // tries without a change
   constexpr DWORD kInterval = 100;  // milliseconds
   HBITMAP bitmap = CopyScreen();
   int unchanged = 0;
   for (int tries = 0; tries < kMostTries && unchanged < kSettledAfter; ++tries) {
     EnumThreadWindows(GetCurrentThreadId(), Repaint, 0);
-    // What is drawn reaches the screen when the program looks for messages.
+    // Drawing reaches the screen when the program checks for messages.
     MSG message;
     PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_NOREMOVE | PM_QS_PAINT);
     Sleep(kInterval);

@@ -11,7 +11,7 @@
 #include <comdef.h>
 // clang-format on
 
-// MSXML 6, as every reader of XML here uses it.
+// MSXML 6, for all XML reading in the workbench.
 
 namespace quor::workbench {
 
@@ -28,17 +28,17 @@ _COM_SMARTPTR_TYPEDEF(IXMLDOMNodeList, IID_IXMLDOMNodeList);
 _COM_SMARTPTR_TYPEDEF(IXMLDOMParseError, IID_IXMLDOMParseError);
 _COM_SMARTPTR_TYPEDEF(IXMLDOMSchemaCollection, kXmlSchemasId);
 
-// A document that is not well-formed or breaks a rule.
+// The document is not well-formed or violates its schema.
 class CXmlError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-// Both throw CXmlError where there is no well-formed document. Blanks are kept.
+// Both throw CXmlError if the document is not well-formed. Blanks are kept.
 IXMLDOMDocument2Ptr ParseXml(const std::wstring& text);
 IXMLDOMDocument2Ptr LoadXml(const std::wstring& path);
 
-// Throws CXmlError where `document` does not follow the schema of its namespace.
+// Throws CXmlError if `document` violates the schema of its namespace.
 void ValidateXml(IXMLDOMDocument2& document, const std::wstring& space, const std::wstring& schema);
 
 std::string XmlText(IXMLDOMNode& node);

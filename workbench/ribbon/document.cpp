@@ -28,7 +28,7 @@ constexpr BuiltInTab kBuiltInTabs[] = {
     {RibbonWindow::Contact, "TabContact", "GroupActions"},
 };
 
-// ribbon_schema.rc puts it into every program that reads documents.
+// ribbon_schema.rc adds it to every program that reads documents.
 std::wstring Schema() {
   const HMODULE program = GetModuleHandleW(nullptr);
   const HRSRC place = FindResourceW(program, L"CUSTOM_UI", L"XML");
@@ -101,7 +101,7 @@ class CDocumentReader {
       const bool known =
           std::any_of(std::begin(kBuiltInTabs), std::end(kBuiltInTabs), [&](const BuiltInTab& tab) {
             if (tab.window != m_window) return false;
-            // On a tab of the document's own every built-in group is missing.
+            // A custom tab has no built-in groups.
             return node.element == "tab" ? tab.id == id : tab.id == m_tab && tab.firstGroup == id;
           });
       if (!known) throw CXmlError("there is no built-in " + node.element + ' ' + id + " here");
@@ -109,7 +109,7 @@ class CDocumentReader {
   }
 
   const RibbonWindow m_window;
-  std::string m_tab;  // idMso of the tab being read
+  std::string m_tab;  // idMso of the current tab
 };
 
 }  // namespace

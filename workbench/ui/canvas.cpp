@@ -22,7 +22,7 @@ Gdiplus::Rect Area(const Rect& rect) {
   return {rect.x, rect.y, rect.width, rect.height};
 }
 
-// One line; a typographic format adds no blanks of its own at the ends.
+// One line; a typographic format adds no space at the ends.
 class CLineFormat : public Gdiplus::StringFormat {
  public:
   explicit CLineFormat(Align align)
@@ -37,7 +37,7 @@ class CLineFormat : public Gdiplus::StringFormat {
   }
 };
 
-// Grey by brightness, half towards a light grey and half as strong.
+// Converts to grey by brightness, mixes half and half with light grey, and halves the opacity.
 constexpr Gdiplus::ColorMatrix kGreyed = {{{0.15F, 0.15F, 0.15F, 0, 0},
                                            {0.295F, 0.295F, 0.295F, 0, 0},
                                            {0.055F, 0.055F, 0.055F, 0, 0},

@@ -12,7 +12,7 @@
 
 namespace quor::workbench {
 
-// Pixels at 100 %; the canvas scales.
+// In pixels at 100 %; the canvas scales.
 struct Rect {
   int x = 0;
   int y = 0;
@@ -32,7 +32,7 @@ using Colour = uint32_t;  // 0xRRGGBB
 enum class Align { Left, Centre, Right };
 
 struct TextStyle {
-  int size = 12;  // height of the letters' box in pixels at 100 %
+  int size = 12;  // height of the letters' cell in pixels at 100 %
   Colour colour = 0x000000;
   bool bold = false;
   Align align = Align::Left;
@@ -46,7 +46,7 @@ struct Point {
 // A 32-bit bitmap in memory, drawn with GDI+; works without a screen.
 class CCanvas {
  public:
-  CCanvas(int width, int height, int scale);  // pixels at 100 %; per cent
+  CCanvas(int width, int height, int scale);  // pixels at 100 %; scale in per cent
 
   void CopyTo(HDC context);
   void Save(const std::wstring& path);  // as PNG; throws std::runtime_error
@@ -54,16 +54,17 @@ class CCanvas {
   void Fill(const Rect& rect, Colour colour);
   void Gradient(const Rect& rect, Colour top, Colour bottom);
   void Frame(const Rect& rect, Colour colour);
-  void Shade(const Rect& rect, Colour colour, int alpha);    // alpha 0 to 255
-  void Line(int x1, int y1, int x2, int y2, Colour colour);  // level or upright, one pixel wide
+  void Shade(const Rect& rect, Colour colour, int alpha);  // alpha 0 to 255
+  void Line(int x1, int y1, int x2, int y2,
+            Colour colour);  // horizontal or vertical, one pixel wide
   void Rounded(const Rect& rect, int radius, Colour fill);
   void RoundedFrame(const Rect& rect, int radius, Colour fill, Colour border);
   void Polygon(const std::vector<Point>& points, Colour colour);
   void Disc(Point centre, double radius, Colour colour);
-  // One line, cut with an ellipsis, in the middle of the rectangle's height.
+  // One line, cut with an ellipsis, vertically centred.
   void Text(const Rect& rect, std::wstring_view text, const TextStyle& style);
   int TextWidth(std::wstring_view text, const TextStyle& style);  // pixels at 100 %, rounded up
-  // Fitted into the square at the rectangle's middle; greyed: as a disabled control shows it.
+  // Fits the picture into the centre of the rectangle; `greyed`: as in a disabled control.
   void Image(const Rect& rect, const Pixels& pixels, bool greyed);
 
  private:

@@ -1,7 +1,7 @@
 #ifndef QUOR_WORKBENCH_UI_GDI_PLUS_H
 #define QUOR_WORKBENCH_UI_GDI_PLUS_H
 
-// gdiplus.h wants objidl.h, and std::min and std::max under their bare names.
+// gdiplus.h requires objidl.h, and min and max unqualified.
 // clang-format off
 #include <windows.h>
 #include <objidl.h>
@@ -17,7 +17,7 @@ using std::min;
 
 namespace quor::workbench {
 
-// GDI+ for as long as the object lives; whatever draws with it must die first.
+// Keeps GDI+ started; objects of GDI+ must be destroyed before it.
 class CGdiPlus {
  public:
   CGdiPlus();  // throws std::runtime_error
@@ -29,7 +29,7 @@ class CGdiPlus {
   ULONG_PTR m_token = 0;
 };
 
-// Throws std::runtime_error where the file cannot be written.
+// Throws std::runtime_error if the file cannot be written.
 void SavePng(Gdiplus::Bitmap& bitmap, const std::wstring& path);
 
 }  // namespace quor::workbench

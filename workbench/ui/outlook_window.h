@@ -47,7 +47,7 @@ class COutlookWindow final : IWindowContent {
   COutlookWindow(const COutlookWindow&) = delete;
   COutlookWindow& operator=(const COutlookWindow&) = delete;
 
-  // Null: none, or none any longer.
+  // Sets the ribbon; null: none.
   void SetRibbon(std::shared_ptr<CRibbonView> ribbon);
   void SetPanel(IBasePanel* panel);
 
@@ -88,7 +88,7 @@ class COutlookWindow final : IWindowContent {
   CExplorer* m_explorer;  // one of the two
   CInspector* m_inspector;
   CCommandBars& m_bars;
-  std::shared_ptr<CRibbonView> m_ribbon;  // held while it is called: a callback may take it away
+  std::shared_ptr<CRibbonView> m_ribbon;  // held while it is called: a callback may remove it
   IBasePanel* m_panel = nullptr;
   const OutlookWindowOptions m_options;
   Theme m_theme;

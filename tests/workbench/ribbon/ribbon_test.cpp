@@ -125,17 +125,17 @@ class Ribbon : public testing::Test {
 };
 
 TEST_F(Ribbon, ABadDocumentIsDroppedAsAWhole) {
-  // One change each to a good document.
+  // Each changes one thing in a valid document.
   const std::pair<const wchar_t*, const wchar_t*> faults[] = {
       {L"</customUI>", L""},                // not well-formed
       {L"customui\"", L"customui2\""},      // another namespace
       {L"onLoad", L"onload"},               // an attribute that does not exist
-      {L"id=\"Item\"", L"id=\"One\""},      // an id twice
-      {L"id=\"Item\"", L""},                // none
+      {L"id=\"Item\"", L"id=\"One\""},      // a duplicate id
+      {L"id=\"Item\"", L""},                // no id
       {L"tag=\"the tag\"", L"label=\"\""},  // an empty text
       {L"<menu id=\"Menu\" label=\"Menu\"", L"<menu id=\"Menu\" size=\"small\""},
       {L"tag=\"the tag\"", L"label=\"Both\""},  // label and getLabel
-      {L"TabTasks", L"TabTsaks"},               // no such tab in Outlook
+      {L"TabTasks", L"TabTsaks"},               // no such built-in tab
       {L"<group id=\"Other\"", L"<group id=\"Other\" insertBeforeMso=\"GroupMailNew\""},
   };
   const std::wstring good = kDocument;
