@@ -51,8 +51,8 @@ class CDeviceLink {
   void NotePoll(uint32_t began, uint32_t ended) noexcept;
   const LinkHealth& Health() const noexcept { return m_health; }
 
-  // Send a request. False when the frame was not sent completely; the device is then closed and the
-  // disconnect event raised. The number must hold dial characters only; it is cleared whether
+  // Sends a request. False when the frame was not sent completely; the device is then closed and
+  // the disconnect event raised. The number must hold dial characters only; it is cleared whether
   // sending succeeds or not.
   bool SendStartupRequest();
   bool SendCallRequest(uint8_t lineType, std::string& number);

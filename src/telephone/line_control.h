@@ -43,7 +43,7 @@ class CLineControl {
   bool DialOnLine(uint32_t lineType, std::wstring_view number);
 
   // The caller window's "Answer" button. Sends the same request as an answering line button, and
-  // also answers calls on cells, which no line button does.
+  // also answers calls on Cell2 to Cell4, which no line button does.
   void AnswerUSB(int slot) noexcept;
   // Hangs up. False for a code without a slot or if the post failed.
   bool DropUSB(uint32_t lineType) noexcept;
