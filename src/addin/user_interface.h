@@ -25,7 +25,6 @@ class CUserInterface final : public ITelephoneControls,
                              public IToolbarActions,
                              public IFaceSource,
                              public IListObserver,
-                             private IContactWindowActions,
                              private IContactRibbonDisplay {
  public:
   // All must outlive the user interface.
@@ -77,6 +76,9 @@ class CUserInterface final : public ITelephoneControls,
   void ClickOptions() override { m_dialogs.OpenOptions(); }
   void ChangeDialBox(std::wstring_view text, int listIndex) override;
   void StoreDialText(std::wstring_view text) override;
+  bool PickNumber(std::wstring_view number) override;
+  bool DialsAtOnce(uint8_t lineType) const override;
+  bool DialOnLine(uint8_t lineType, std::wstring_view number) override;
 
   // IListObserver
   void OnListsChanged() noexcept override;
@@ -86,11 +88,6 @@ class CUserInterface final : public ITelephoneControls,
   std::wstring DialText() const override { return m_telephone.Dialler().BoxText(); }
 
  private:
-  // IContactWindowActions
-  bool PickNumber(std::wstring_view number) override;
-  bool DialsAtOnce(uint8_t lineType) const override;
-  bool DialOnLine(uint8_t lineType, std::wstring_view number) override;
-
   // IContactRibbonDisplay
   void InvalidateContactRibbons() noexcept override { m_toolbar.Ribbon().InvalidateContactsOnce(); }
   bool PostRefresh() noexcept override;

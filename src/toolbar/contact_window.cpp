@@ -8,7 +8,7 @@
 
 namespace quor {
 
-CContactWindow::CContactWindow(IContactWindowHost& host, IContactWindowActions& actions,
+CContactWindow::CContactWindow(IContactWindowHost& host, IToolbarActions& actions,
                                CPictureLoader* pictures, ToolBarRecord& place, IEventOwner& owner,
                                CDiagnosticLog& log, unsigned number) noexcept
     : m_host(host),

@@ -15,27 +15,9 @@
 #include "toolbar/control_faces.h"
 #include "toolbar/picture_loader.h"
 #include "toolbar/redraw.h"
+#include "toolbar/toolbar_actions.h"
 
 namespace quor {
-
-// Handles the user's actions in a contact's window. Numbers are as typed in the contact,
-// punctuation included. Called inside a boundary: exceptions are allowed.
-class IContactWindowActions {
- public:
-  // A number was picked from the contact's menu: dials it if a line is ready. True if the number
-  // waits for a line button instead; only on the ribbon.
-  virtual bool PickNumber(std::wstring_view number) = 0;
-  // A line or cell button was clicked, as in the main window. Uses no number of the contact.
-  virtual void ClickLine(uint8_t lineType) = 0;
-  // Whether a click on that button dials at once, as an idle line does on the ribbon. DialOnLine
-  // then handles the click, with the contact's number (empty if there is none); it returns true if
-  // it was dialled.
-  virtual bool DialsAtOnce(uint8_t lineType) const = 0;
-  virtual bool DialOnLine(uint8_t lineType, std::wstring_view number) = 0;
-
- protected:
-  ~IContactWindowActions() = default;
-};
 
 class CContactWindow;
 
@@ -63,7 +45,7 @@ class CContactWindow final : public std::enable_shared_from_this<CContactWindow>
  public:
   // All must outlive the window. `pictures` is null if buttons cannot have pictures. `number` makes
   // the tags of the bar's controls unique; 0 for a window with a ribbon.
-  CContactWindow(IContactWindowHost& host, IContactWindowActions& actions, CPictureLoader* pictures,
+  CContactWindow(IContactWindowHost& host, IToolbarActions& actions, CPictureLoader* pictures,
                  ToolBarRecord& place, IEventOwner& owner, CDiagnosticLog& log,
                  unsigned number) noexcept;
   ~CContactWindow() { Close(); }
@@ -112,7 +94,7 @@ class CContactWindow final : public std::enable_shared_from_this<CContactWindow>
   ContactBarFaces Faces() const;
 
   IContactWindowHost& m_host;
-  IContactWindowActions& m_actions;
+  IToolbarActions& m_actions;
   CPictureLoader* m_pictures;
   ToolBarRecord& m_place;
   IEventOwner& m_owner;

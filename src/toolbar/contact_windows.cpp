@@ -14,7 +14,7 @@ constexpr int32_t kFirstInspectorRibbonVersion = 12;
 
 }  // namespace
 
-CContactWindows::CContactWindows(const IFaceSource& source, IContactWindowActions& actions,
+CContactWindows::CContactWindows(const IFaceSource& source, IToolbarActions& actions,
                                  IContactRibbonDisplay& display, const CResourceLoader& resources,
                                  ToolBarRecord& place, IEventOwner& owner,
                                  CDiagnosticLog& log) noexcept

@@ -36,7 +36,7 @@ class CContactWindows final : public IContactRibbon, private IContactWindowHost 
  public:
   // All must outlive this object. `place` records the position of the contact windows' command bar:
   // each new bar reads it, each closing bar writes it.
-  CContactWindows(const IFaceSource& source, IContactWindowActions& actions,
+  CContactWindows(const IFaceSource& source, IToolbarActions& actions,
                   IContactRibbonDisplay& display, const CResourceLoader& resources,
                   ToolBarRecord& place, IEventOwner& owner, CDiagnosticLog& log) noexcept;
   ~CContactWindows() { CloseAll(); }
@@ -82,7 +82,7 @@ class CContactWindows final : public IContactRibbon, private IContactWindowHost 
   void ForEach(Act act) noexcept;
 
   const IFaceSource& m_source;
-  IContactWindowActions& m_actions;
+  IToolbarActions& m_actions;
   IContactRibbonDisplay& m_display;
   ToolBarRecord& m_place;
   IEventOwner& m_owner;

@@ -10,11 +10,11 @@ namespace quor {
 enum class SpeedDialAction { Call, Add, Edit, Erase };
 inline constexpr size_t kSpeedDialActionCount = 4;
 
-// Handles the user's actions on toolbar and ribbon. Called inside a boundary: exceptions are
-// allowed. Entries count from 0, newest first; an unknown entry is ignored.
+// Handles the user's actions on toolbar, ribbon and contact windows. Called inside a boundary:
+// exceptions are allowed. Entries count from 0, newest first; an unknown entry is ignored.
 class IToolbarActions {
  public:
-  virtual void ClickLine(uint8_t lineType) = 0;  // Line1 or Line2, see line_type.h
+  virtual void ClickLine(uint8_t lineType) = 0;  // see line_type.h
   virtual void ClickCell(int cell) = 0;          // 0 = Cell1 .. 3 = Cell4
   virtual void ClickCaller(size_t entry) = 0;
   virtual void ClickSpeedDial(SpeedDialAction action, size_t entry) = 0;
@@ -24,6 +24,17 @@ class IToolbarActions {
   virtual void ChangeDialBox(std::wstring_view text, int listIndex) = 0;
   // Ribbon: stores the dial box's number for the next click on a line button.
   virtual void StoreDialText(std::wstring_view text) = 0;
+
+  // The following take a contact's number as the user typed it, blanks and brackets included.
+
+  // A number picked from a contact's menu: dialled if a line is ready. True if it must wait for a
+  // click on a line button instead, which happens only on the ribbon.
+  virtual bool PickNumber(std::wstring_view number) = 0;
+  // Whether a click on this button dials at once, as an idle line on the ribbon does. In a
+  // contact's window such a click is DialOnLine with the contact's number, empty if it has none;
+  // true if it was dialled.
+  virtual bool DialsAtOnce(uint8_t lineType) const = 0;
+  virtual bool DialOnLine(uint8_t lineType, std::wstring_view number) = 0;
 
  protected:
   ~IToolbarActions() = default;

@@ -1,12 +1,6 @@
 #include "tests/toolbar/bar_stage.h"
 
-#include "text/ansi.h"
-
 namespace quor {
-
-void CNotedActions::ChangeDialBox(std::wstring_view text, int listIndex) {
-  Note("dial " + AnsiFromWide(text) + ' ' + std::to_string(listIndex));
-}
 
 CBarStage::CBarStage()
     : resources(GetModuleHandleW(nullptr)),

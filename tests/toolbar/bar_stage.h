@@ -11,6 +11,7 @@
 #include "resources/resource_loader.h"
 #include "settings/configuration.h"
 #include "telephone/telephone_state.h"
+#include "tests/toolbar/noted_actions.h"
 #include "tests/toolbar/test_owner.h"
 #include "toolbar/command_bar_toolbar.h"
 #include "workbench/commandbars/command_bars.h"
@@ -18,21 +19,6 @@
 namespace quor {
 
 inline constexpr wchar_t kBarName[] = L"Telephone Plug-in";
-
-// Records the toolbar's calls, one line each.
-struct CNotedActions final : IToolbarActions {
-  void ClickLine(uint8_t lineType) override { Note("line " + std::to_string(lineType)); }
-  void ClickCell(int) override {}
-  void ClickCaller(size_t) override {}
-  void ClickSpeedDial(SpeedDialAction, size_t) override {}
-  void ClickOptions() override {}
-  void ChangeDialBox(std::wstring_view text, int listIndex) override;
-  void StoreDialText(std::wstring_view) override {}
-
-  void Note(const std::string& line) { noted.push_back(line); }
-  std::vector<std::string> Take() { return std::exchange(noted, {}); }
-  std::vector<std::string> noted;
-};
 
 // A command-bar toolbar in the stand-in's command bars: the add-in's calls, the user's actions, and
 // what is left behind.

@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 
+#include "tests/toolbar/noted_actions.h"
 #include "tests/toolbar/test_owner.h"
 #include "text/ansi.h"
 #include "workbench/commandbars/command_bars.h"
@@ -50,22 +51,6 @@ class CBarsFace final : public workbench::IOutlookFace {
   std::shared_ptr<workbench::CControlRegistry> m_registry =
       std::make_shared<workbench::CControlRegistry>();
   std::map<workbench::CInspector*, workbench::CModelPtr<workbench::CCommandBars>> m_bars;
-};
-
-class CNotedContactActions final : public IContactWindowActions {
- public:
-  bool PickNumber(std::wstring_view number) override {
-    Note("dial " + AnsiFromWide(number));
-    return false;
-  }
-  void ClickLine(uint8_t lineType) override { Note("line " + std::to_string(lineType)); }
-  bool DialsAtOnce(uint8_t) const override { return false; }
-  bool DialOnLine(uint8_t, std::wstring_view) override { return false; }
-  std::vector<std::string> Take() { return std::exchange(m_noted, {}); }
-
- private:
-  void Note(std::string line) { m_noted.push_back(std::move(line)); }
-  std::vector<std::string> m_noted;
 };
 
 class ContactWindows : public testing::Test,
@@ -122,7 +107,7 @@ class ContactWindows : public testing::Test,
   CResourceLoader m_resources{GetModuleHandleW(nullptr)};
   std::string m_lines;
   CDiagnosticLog m_log{*this};
-  CNotedContactActions m_actions;
+  CNotedActions m_actions;
   CBarsFace m_face;
   workbench::COutlook m_outlook{{.version = kVersion}, m_face};
   COutlookApplication m_application{IDispatchPtr(m_outlook.Application())};
