@@ -67,7 +67,7 @@ std::wstring CAboutDlg::BaseText(const AboutFacts& facts) const {
     case UsbLibraryState::OtherBitness:
       return Insert(m_resources.Text(IDS_BASE_OTHER_BITNESS), {Architecture()});
     case UsbLibraryState::Incomplete:
-      return Insert(m_resources.Text(IDS_BASE_NO_ORDINAL), {std::to_wstring(facts.missingOrdinal)});
+      return Insert(m_resources.Text(IDS_BASE_NO_ORDINAL), {DecimalText(facts.missingOrdinal)});
     default:
       return m_resources.Text(IDS_BASE_NOT_CONNECTED);
   }
@@ -77,7 +77,7 @@ std::wstring CAboutDlg::ContactsText(const AboutFacts& facts) const {
   if (facts.contactsAreBeingRead) return m_resources.Text(IDS_CONTACTS_READING);
   return Insert(
       m_resources.Text(facts.contactsWereLeftOut ? IDS_CONTACTS_LIMIT : IDS_CONTACTS_READ),
-      {std::to_wstring(facts.contacts), std::to_wstring(facts.items)});
+      {DecimalText(facts.contacts), std::to_wstring(facts.items)});
 }
 
 std::wstring CAboutDlg::ConfigurationText(const AboutFacts& facts) const {
