@@ -1,10 +1,8 @@
 #ifndef QUOR_ADDIN_USER_INTERFACE_H
 #define QUOR_ADDIN_USER_INTERFACE_H
 
-#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "addin/outlook_session.h"
 #include "device/request_handlers.h"
@@ -15,17 +13,18 @@
 #include "telephone/telephone.h"
 #include "toolbar/contact_windows.h"
 #include "toolbar/main_toolbar.h"
+#include "toolbar/user_actions.h"
 
 namespace quor {
 
-// The telephone's controls in Outlook's windows: shows the telephone's state and passes clicks and
-// numbers to it.
+// The telephone's controls in Outlook's windows, wired to the telephone: its state is shown in
+// them, and CUserActions applies what the user does there.
 class CUserInterface final : public ITelephoneControls,
                              public ICallFromCellDisplay,
-                             public IToolbarActions,
                              public IFaceSource,
                              public IListObserver,
-                             private IContactRibbonDisplay {
+                             private IContactRibbonDisplay,
+                             private IActionWindows {
  public:
   // All must outlive the user interface.
   CUserInterface(CTelephone& telephone, COutlookSession& session, CSettings& settings,
@@ -68,18 +67,6 @@ class CUserInterface final : public ITelephoneControls,
   void PutHistory() override { m_toolbar.PutHistory(); }
   void SetDialText(std::wstring_view text) override { m_toolbar.SetDialText(text); }
 
-  // IToolbarActions
-  void ClickLine(uint8_t lineType) override;
-  void ClickCell(int cell) override;
-  void ClickCaller(size_t entry) override;
-  void ClickSpeedDial(SpeedDialAction action, size_t entry) override;
-  void ClickOptions() override { m_dialogs.OpenOptions(); }
-  void ChangeDialBox(std::wstring_view text, int listIndex) override;
-  void StoreDialText(std::wstring_view text) override;
-  bool PickNumber(std::wstring_view number) override;
-  bool DialsAtOnce(uint8_t lineType) const override;
-  bool DialOnLine(uint8_t lineType, std::wstring_view number) override;
-
   // IListObserver
   void OnListsChanged() noexcept override;
 
@@ -92,11 +79,17 @@ class CUserInterface final : public ITelephoneControls,
   void InvalidateContactRibbons() noexcept override { m_toolbar.Ribbon().InvalidateContactsOnce(); }
   bool PostRefresh() noexcept override;
 
-  void DialNumber(std::wstring_view number);
-
-  SpeedDialEntry OfferedEntry();
-  // The number to dial for a text of the dial box; nothing if no candidate has this label.
-  std::optional<std::wstring> CandidateNumber(std::wstring_view text) const;
+  // IActionWindows
+  SelectedContact FindSelectedContact() override;
+  void ShowWaitingNumber() override { m_toolbar.Ribbon().InvalidateOnce(); }
+  void EditSpeedDial(size_t index, const SpeedDialEntry& entry,
+                     const SpeedDialEntry& offered) override {
+    m_dialogs.EditSpeedDial(index, entry, offered);
+  }
+  void EraseSpeedDial(size_t index, const SpeedDialEntry& entry) override {
+    m_dialogs.EraseSpeedDial(index, entry);
+  }
+  void OpenOptions() override { m_dialogs.OpenOptions(); }
 
   CTelephone& m_telephone;
   COutlookSession& m_session;
@@ -105,7 +98,7 @@ class CUserInterface final : public ITelephoneControls,
   IMessageQueue& m_queue;
   const CResourceLoader& m_resources;
   CDiagnosticLog& m_log;
-  std::vector<DialCandidate> m_candidates;
+  CUserActions m_actions;
   CContactWindows m_contactWindows;
   CMainToolbar m_toolbar;
 };

@@ -1,21 +1,13 @@
 #ifndef QUOR_TOOLBAR_CONTACT_NUMBERS_H
 #define QUOR_TOOLBAR_CONTACT_NUMBERS_H
 
-#include <string>
 #include <vector>
 
 #include "module/diagnostic_log.h"
 #include "outlook/object_model.h"
+#include "toolbar/contact_number.h"
 
 namespace quor {
-
-// A contact's number as the user typed it. CControlFaces::ContactNumber gives its label.
-struct ContactNumber {
-  int telNumberType = 0;  // 1 to 12; 0: no number
-  std::wstring number;
-
-  bool operator==(const ContactNumber&) const = default;
-};
 
 // The contact open in an inspector; empty for any other item or without an inspector. Throws
 // _com_error on failure.

@@ -9,7 +9,7 @@
 #include "com/com_pointers.h"
 #include "device/message_queue.h"
 #include "module/diagnostic_log.h"
-#include "toolbar/contact_numbers.h"
+#include "toolbar/contact_number.h"
 #include "toolbar/control_faces.h"
 #include "toolbar/picture_loader.h"
 #include "toolbar/ribbon_control_id.h"

@@ -1,6 +1,7 @@
 #include "toolbar/selected_contact.h"
 
 #include "com/com_boundary.h"
+#include "toolbar/contact_numbers.h"
 
 namespace quor {
 

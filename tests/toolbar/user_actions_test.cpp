@@ -1,0 +1,145 @@
+#include "toolbar/user_actions.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "resources/resource_ids.h"
+#include "tests/telephone/telephone_desk.h"
+#include "tests/toolbar/faces_fixture.h"
+#include "text/ansi.h"
+
+namespace quor {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// A user in front of a telephone with one selected contact.
+class CUserDesk final : private IActionWindows {
+ public:
+  explicit CUserDesk(int appVersion) : desk(appVersion) {}
+
+  // What was sent to the base on Line1, for Line1 to be used again.
+  std::string Sent() {
+    const DialRecord request = std::exchange(desk.records.dial[0], {});
+    return {request.number, request.numberLength};
+  }
+  std::vector<std::string> Opened() { return std::exchange(m_opened, {}); }
+  std::wstring Label(int type, const std::wstring& number) const {
+    return m_texts.Text(IDS_NUMBER_KIND + type) + L": " + number;
+  }
+  const std::wstring& Box() { return desk.phone.Dialler().BoxText(); }
+
+  CTelephoneDesk desk;
+  SelectedContact selected;
+
+ private:
+  void Note(const std::string& line) { m_opened.push_back(line); }
+
+  SelectedContact FindSelectedContact() override { return selected; }
+  void ShowWaitingNumber() override { Note("waiting"); }
+  void EditSpeedDial(size_t index, const SpeedDialEntry& entry,
+                     const SpeedDialEntry& offered) override {
+    Note("edit " + std::to_string(index) + " " + AnsiFromWide(entry.name) + " offer " +
+         AnsiFromWide(offered.name + L"/" + offered.number));
+  }
+  void EraseSpeedDial(size_t index, const SpeedDialEntry& entry) override {
+    Note("erase " + std::to_string(index) + " " + AnsiFromWide(entry.name));
+  }
+  void OpenOptions() override { Note("options"); }
+
+  std::vector<std::string> m_opened;
+  CNumberedTexts m_texts;
+
+ public:
+  CUserActions actions{desk.phone, desk.configuration, m_texts, *this};
+};
+
+TEST(UserActions, OfferTheSelectedContactsNumbersAndDialThemWithoutPunctuation) {
+  CUserDesk user(kToolbarVersion);
+  user.selected = {L"Lee, Anna", {{2, L"+49 (30) 555-0199"}, {7, L"n/a"}}};
+  EXPECT_TRUE(user.actions.OfferSelection());
+  EXPECT_FALSE(user.actions.OfferSelection());
+
+  user.desk.SetStates(kStateTaken, 2, 2);
+  user.actions.ChangeDialBox(user.Label(2, L"+49 (30) 555-0199"), 4);
+  EXPECT_EQ(user.Sent(), "49305550199");
+  // Nothing to dial: the dialler refuses the number as it is written.
+  user.desk.Deeds();
+  user.actions.ChangeDialBox(user.Label(7, L"n/a"), 5);
+  EXPECT_THAT(user.desk.Deeds(), ElementsAre("message 1303"));
+
+  user.actions.Clear();
+  EXPECT_THAT(user.actions.Candidates(), IsEmpty());
+  user.actions.ChangeDialBox(user.Label(2, L"+49 (30) 555-0199"), 4);
+  EXPECT_EQ(user.Sent(), "");
+  EXPECT_TRUE(user.actions.OfferSelection());
+}
+
+TEST(UserActions, KeepANumberForTheRibbonsLineButton) {
+  CUserDesk user(kRibbonVersion);
+  user.desk.SetStates(1, 1, 1);
+  user.desk.configuration.callerLists = {{L"", L"", L"(01) 23"}, {L"", L"", L"withheld"}};
+  user.desk.configuration.speedDials = {{L"Tom", L"4-5"}, {L"Empty", L""}};
+  user.selected.numbers = {{10, L"6 7"}};
+  user.actions.OfferSelection();
+
+  const struct {
+    const char* what;
+    std::function<void()> act;
+    std::wstring box;
+    bool waits;
+  } kRows[] = {
+      {"a caller", [&] { user.actions.ClickCaller(0); }, L"0123", true},
+      {"no number", [&] { user.actions.ClickCaller(1); }, L"", false},
+      {"no such caller", [&] { user.actions.ClickCaller(2); }, L"", false},
+      {"speed dial", [&] { user.actions.ClickSpeedDial(SpeedDialAction::Call, 0); }, L"45", true},
+      {"without number", [&] { user.actions.ClickSpeedDial(SpeedDialAction::Call, 1); }, L"",
+       false},
+      {"beyond", [&] { user.actions.ClickSpeedDial(SpeedDialAction::Erase, 10); }, L"", false},
+      {"candidate", [&] { user.actions.StoreDialText(user.Label(10, L"6 7")); }, L"67", false},
+      {"typed", [&] { user.actions.StoreDialText(L"8 9"); }, L"8 9", false},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.what);
+    user.desk.phone.Dialler().StoreBoxText({});
+    row.act();
+    EXPECT_EQ(user.Box(), row.box);
+    EXPECT_EQ(user.Opened().size(), row.waits ? 1u : 0u);
+  }
+  // The contact's window keeps a picked number itself.
+  user.actions.Clear();
+  EXPECT_TRUE(user.actions.PickNumber(L"6 7"));
+  EXPECT_FALSE(user.actions.PickNumber(L"nobody"));
+  EXPECT_EQ(user.Box(), L"");
+  EXPECT_TRUE(user.actions.DialOnLine(kLine1, L"6 7"));
+  EXPECT_EQ(user.Sent(), "67");
+}
+
+TEST(UserActions, OfferForANewSpeedDialEntry) {
+  CUserDesk user(kToolbarVersion);
+  user.desk.configuration.speedDials = {{L"Tom", L"45"}};
+  user.actions.ClickSpeedDial(SpeedDialAction::Add, 3);
+  EXPECT_THAT(user.Opened(), ElementsAre("edit 3  offer /"));
+  user.desk.configuration.callerLists = {{L"shown", L"Last Caller", L"01 23"}};
+  user.actions.ClickSpeedDial(SpeedDialAction::Edit, 0);
+  EXPECT_THAT(user.Opened(), ElementsAre("edit 0 Tom offer Last Caller/01 23"));
+  user.selected = {L"Lee, Anna", {{7, L"55-5"}, {10, L"66"}}};
+  user.actions.ClickSpeedDial(SpeedDialAction::Add, 9);
+  user.actions.ClickSpeedDial(SpeedDialAction::Erase, 0);
+  EXPECT_THAT(user.Opened(), ElementsAre("edit 9  offer Lee, Anna/55-5", "erase 0 Tom"));
+}
+
+TEST(UserActions, CellsThatTheMenuDoesNotHaveAreIgnored) {
+  CUserDesk user(kToolbarVersion);
+  user.desk.SetStates(1, 1, 1);
+  for (const int cell : {-1, 4}) {
+    user.actions.ClickCell(cell);
+    EXPECT_THAT(user.desk.Journal(), IsEmpty());
+  }
+  user.actions.ClickCell(3);
+  EXPECT_EQ(user.desk.state.cellDialLine, kCell4);
+}
+
+}  // namespace
+}  // namespace quor
