@@ -376,6 +376,7 @@ Section "Uninstall"
   SetShellVarContext current
   Delete "$APPDATA\Microsoft\AddIns\vex_cfg.xml*"
   Delete "$APPDATA\Microsoft\AddIns\vex_cfg.bad*.xml"
+  Delete "$APPDATA\Microsoft\AddIns\vex_times.txt"
   Delete "$APPDATA\Temp\catlog????????.txt"
   RMDir "$APPDATA\Temp"
 keep:

@@ -108,6 +108,8 @@ STDMETHODIMP CAddin::OnConnection(IDispatch* application, ext_ConnectMode, IDisp
                                   SAFEARRAY**) {
   const IUnknownPtr alive = &Identity();
   m_log.Write("CAddin::OnConnection\n");
+  m_sessionClock.Begin();
+  const CSessionClock::CSpan span(m_sessionClock, CSessionClock::Phase::Start);
   const unsigned connection = ++m_connection;
   // A failed start leaves the add-in loaded but idle.
   HRESULT result = S_FALSE;
@@ -133,6 +135,7 @@ STDMETHODIMP CAddin::OnDisconnection(ext_DisconnectMode mode, SAFEARRAY**) {
   }
   m_disconnected = true;
   GuardCall(m_log, "OnDisconnection", [&] { Disconnect(mode); });
+  m_sessionClock.Write(m_settings.Path());
   return S_OK;
 }
 

@@ -5,6 +5,7 @@
 #include "addin/interface_language.h"
 #include "addin/message_window.h"
 #include "addin/outlook_session.h"
+#include "addin/session_clock.h"
 #include "addin/slice_clock.h"
 #include "addin/tick_clock.h"
 #include "addin/user_interface.h"
@@ -121,6 +122,7 @@ class CAddin final
 
   // The shutdown sequences (addin_shutdown.cpp).
   void Disconnect(ext_DisconnectMode mode);
+  void Quit();
   void LetGo(ext_DisconnectMode mode) noexcept;
   void ReleaseExplorer() noexcept;
   void DisconnectEvents() noexcept;
@@ -162,6 +164,7 @@ class CAddin final
   CLogFile m_logFile;
   CDiagnosticLog m_log{m_logFile};
   CTickClock m_clock;
+  CSessionClock m_sessionClock{m_clock};
   CSliceClock m_sliceClock;
   CLocalClock m_localClock;
   CEventObjects m_eventObjects;

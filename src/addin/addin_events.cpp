@@ -119,6 +119,7 @@ void CAddin::OnSelectionChange() {
 
 void CAddin::OnFolderSwitch() {
   m_log.Write("CAddin::OnFolderSwitch\n");
+  const CSessionClock::CSpan span(m_sessionClock, CSessionClock::Phase::FolderSwitch);
   if (HasFinished()) m_ui.OnFolderSwitch();
 }
 

@@ -6,6 +6,13 @@ namespace quor {
 void CAddin::OnQuit() {
   m_log.Write("CAddin::OnQuit\n");
   m_quitting = true;
+  Quit();
+  // Since Outlook 2010 nothing follows.
+  m_sessionClock.Write(m_settings.Path());
+}
+
+void CAddin::Quit() {
+  const CSessionClock::CSpan span(m_sessionClock, CSessionClock::Phase::Shutdown);
   m_link.StopWatchThread();
   m_ui.SavePlaces();
   m_settings.Save();
@@ -17,6 +24,7 @@ void CAddin::OnQuit() {
 
 void CAddin::OnCloseExplorer() {
   m_log.Write("CAddin::OnCloseExplorer\n");
+  const CSessionClock::CSpan span(m_sessionClock, CSessionClock::Phase::Shutdown);
   m_explorerClosed = true;
   m_link.StopWatchThread();
   m_popUps.OnMainWindowClosed();
@@ -35,6 +43,7 @@ void CAddin::ReleaseExplorer() noexcept {
 }
 
 void CAddin::Disconnect(ext_DisconnectMode mode) {
+  const CSessionClock::CSpan span(m_sessionClock, CSessionClock::Phase::Shutdown);
   EndCalls();
   LetGo(mode);
   m_settings.Save();
