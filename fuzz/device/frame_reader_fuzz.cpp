@@ -2,13 +2,13 @@
 //   cmake --preset fuzz && ninja -C build/fuzz device_fuzz && build/fuzz/fuzz/device/device_fuzz
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <span>
 #include <string>
 
 #include "device/device_link.h"
 #include "device/request_handlers.h"
+#include "fuzz/require.h"
 
 namespace quor {
 namespace {
@@ -33,10 +33,6 @@ class CScript {
  private:
   std::span<const uint8_t> m_bytes;
 };
-
-void Require(bool held) {
-  if (!held) std::abort();
-}
 
 // Most calls succeed, so that inputs get past the set-up; a byte above kGood makes a call fail.
 class CScriptedUsb final : public IUsbXpress {

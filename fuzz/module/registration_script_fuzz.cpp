@@ -1,19 +1,12 @@
 // Any bytes are either rejected or give keys that the registry can hold.
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
+#include "fuzz/require.h"
 #include "module/registration_script.h"
 
-namespace {
-
-void Require(bool condition) {
-  if (!condition) std::abort();
-}
-
-}  // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  using quor::Require;
   const std::string_view text(reinterpret_cast<const char*>(data), size);
   const auto script = quor::ParseRegistrationScript(text, L"C:\\'%MODULE%'.dll");
   if (!script) return 0;
