@@ -182,6 +182,7 @@ class CAddin final
   CRequestHandlers m_requests;
 
   COutlookSession m_session;
+  CTrackedFolders m_trackedFolders;
   COutlookContactDirectory m_contacts;
   CPhoneNumberIndex m_index;
   CContactFolders m_folders;

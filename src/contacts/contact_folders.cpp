@@ -1,7 +1,6 @@
 #include "contacts/contact_folders.h"
 
 #include <utility>
-#include <vector>
 
 #include "com/com_boundary.h"
 #include "contacts/outlook_contact.h"
@@ -13,13 +12,6 @@ namespace {
 
 // Ends a walk without an error: the add-in is shutting down.
 constexpr HRESULT kWalkEnded = S_FALSE;
-
-// Deepest folder tree followed; a longer chain of parents is a loop in a broken store.
-constexpr int kDeepestFolder = 256;
-
-bool SameEntryId(const std::wstring& left, std::wstring_view right) {
-  return VarBstrCmp(BstrFromText(left), BstrFromText(right), LOCALE_USER_DEFAULT, 0) == VARCMP_EQ;
-}
 
 }  // namespace
 
@@ -42,7 +34,7 @@ CFolder CContactFolders::DefaultFolder() const {
 
 void CContactFolders::CreateRetrieve() {
   const CFolder contacts = DefaultFolder();
-  m_contactsId = contacts.EntryId();
+  m_tracked.SetContactsFolder(contacts.EntryId());
   RegisterContactFolder(contacts);
   m_log.Write("Create Retrieve End\n");
 }
@@ -84,7 +76,7 @@ HRESULT CContactFolders::ListenTo(const CFolder& folder, const FolderWalkLines& 
   if (m_owner.IsShuttingDown()) return kWalkEnded;
   if (FAILED(result)) return result;
   m_inspContItems[entryId] = sink;
-  m_deletedFolders.erase(entryId);
+  m_tracked.RemoveDeleted(entryId);
 
   CFolders subfolders;
   result = Attempt(lines.folders, [&] { subfolders = folder.Folders(); });
@@ -150,23 +142,6 @@ void CContactFolders::StopScan() noexcept {
   GuardCall(m_log, "stopping the scan", [this] { m_scan.Stop(); });
 }
 
-bool CContactFolders::CheckContactsFolder(IDispatch* folder,
-                                          std::wstring_view defaultFolderId) const {
-  CFolder current = QueryObject<CFolder>(folder);
-  for (int depth = 0; current && depth < kDeepestFolder; ++depth) {
-    bool decided = true;
-    bool tracked = false;
-    const HRESULT result = Attempt(nullptr, [&] {
-      const std::wstring entryId = current.EntryId();
-      tracked = SameEntryId(entryId, defaultFolderId);
-      decided = tracked || m_deletedFolders.contains(entryId);
-      if (!decided) current = QueryObject<CFolder>(current.Parent());
-    });
-    if (FAILED(result) || decided) return SUCCEEDED(result) && tracked;
-  }
-  return false;
-}
-
 void CContactFolders::OnContactChanged(IDispatch* item) {
   const CContactItem contact = QueryObject<CContactItem>(item);
   if (!contact) return;
@@ -195,7 +170,7 @@ void CContactFolders::OnDeleteFolderAdd(IDispatch* folder) {
   m_log.Write("CAddin::OnDeleteFolderAdd\n");
   const CFolder deleted = QueryObject<CFolder>(folder);
   if (!deleted || deleted.DefaultItemType() != kItemTypeContact) return;
-  m_deletedFolders.insert(deleted.EntryId());
+  m_tracked.AddDeleted(deleted.EntryId());
   UnregisterContactFolder(deleted);
 }
 
@@ -205,10 +180,10 @@ void CContactFolders::OnDeleteFolderRemove(const CFolder& deletedItems) {
   const std::wstring store = deletedItems.StoreId();
   const COutlookApplication application = m_application;
   const CNameSpace nameSpace = application.GetNamespace();
-  const std::vector<std::wstring> known(m_deletedFolders.begin(), m_deletedFolders.end());
+  const std::set<std::wstring> known = m_tracked.Deleted();
   for (const std::wstring& entryId : known) {
     if (FAILED(Attempt(nullptr, [&] { nameSpace.GetFolderFromId(entryId, store); }))) {
-      m_deletedFolders.erase(entryId);
+      m_tracked.RemoveDeleted(entryId);
     }
   }
 }

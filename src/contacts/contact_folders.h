@@ -10,8 +10,8 @@
 #include "contacts/contact_items.h"
 #include "contacts/contact_scan.h"
 #include "contacts/folder_walk_lines.h"
-#include "contacts/outlook_contact_directory.h"
 #include "contacts/phone_number_index.h"
+#include "contacts/tracked_folders.h"
 #include "module/diagnostic_log.h"
 #include "outlook/object_model.h"
 
@@ -20,12 +20,14 @@ namespace quor {
 // The contact folders that the index follows: Outlook's default contacts folder and all folders
 // below it. One CContactItems listens to each. When Outlook fails a call, the failure is logged and
 // the walk of that folder ends; the index keeps its contents.
-class CContactFolders final : public IContactItemEvents, public ITrackedFolders {
+class CContactFolders final : public IContactItemEvents {
  public:
   // All must outlive this object; the application may still be empty at construction.
-  CContactFolders(const COutlookApplication& application, CPhoneNumberIndex& index,
-                  IContactScanHost& host, IEventOwner& owner, CDiagnosticLog& log) noexcept
+  CContactFolders(const COutlookApplication& application, CTrackedFolders& tracked,
+                  CPhoneNumberIndex& index, IContactScanHost& host, IEventOwner& owner,
+                  CDiagnosticLog& log) noexcept
       : m_application(application),
+        m_tracked(tracked),
         m_index(index),
         m_owner(owner),
         m_log(log),
@@ -47,11 +49,6 @@ class CContactFolders final : public IContactItemEvents, public ITrackedFolders 
 
   HRESULT RegisterContactFolder(const CFolder& folder);
   HRESULT UnregisterContactFolder(const CFolder& folder);
-  // Whether the folder is the default contacts folder (by entry ID) or lies below it.
-  bool CheckContactsFolder(IDispatch* folder, std::wstring_view defaultFolderId) const;
-
-  // The same, with the default folder found at start-up.
-  bool IsTracked(IDispatch* folder) override { return CheckContactsFolder(folder, m_contactsId); }
 
   // Items and folders that arrive in Deleted Items, and folders that leave it.
   void OnDeleteItemAdd(IDispatch* item);
@@ -78,13 +75,12 @@ class CContactFolders final : public IContactItemEvents, public ITrackedFolders 
   HRESULT Attempt(const char* line, const std::function<void()>& call) const;
 
   const COutlookApplication& m_application;
+  CTrackedFolders& m_tracked;
   CPhoneNumberIndex& m_index;
   IEventOwner& m_owner;
   CDiagnosticLog& m_log;
 
-  std::wstring m_contactsId;
   std::map<std::wstring, std::shared_ptr<CContactItems>> m_inspContItems;  // by folder entry ID
-  std::set<std::wstring> m_deletedFolders;  // contact folders seen in Deleted Items
   CContactScan m_scan;
 };
 

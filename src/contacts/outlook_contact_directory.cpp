@@ -66,7 +66,7 @@ std::shared_ptr<const OpenContact> COutlookContactDirectory::ReadTracked(std::st
     m_log.Write("CAddin::get_FileAs is failed\n");
     return nullptr;
   }
-  if (!m_folders.IsTracked(contact.Parent())) {
+  if (!m_tracked.IsTracked(contact.Parent())) {
     m_log.Write("CAddin::CheckContactsFolder check is failed\n");
     return nullptr;
   }

@@ -8,19 +8,11 @@
 #include <utility>
 
 #include "contacts/contact_directory.h"
+#include "contacts/tracked_folders.h"
 #include "module/diagnostic_log.h"
 #include "outlook/object_model.h"
 
 namespace quor {
-
-// Tells whether a folder is one that the index follows.
-class ITrackedFolders {
- public:
-  virtual bool IsTracked(IDispatch* folder) = 0;
-
- protected:
-  ~ITrackedFolders() = default;
-};
 
 // A contact opened by a checked look-up.
 struct OpenContact {
@@ -33,9 +25,9 @@ struct OpenContact {
 class COutlookContactDirectory final : public IContactDirectory {
  public:
   // All must outlive this object; the application may still be empty at construction.
-  COutlookContactDirectory(const COutlookApplication& application, ITrackedFolders& folders,
+  COutlookContactDirectory(const COutlookApplication& application, const CTrackedFolders& tracked,
                            CDiagnosticLog& log) noexcept
-      : m_application(application), m_folders(folders), m_log(log) {}
+      : m_application(application), m_tracked(tracked), m_log(log) {}
 
   bool FindContactFileAs(std::string_view entryId, std::string& fileAs) override;
   // The contact that the last successful FindContactFileAs opened. A second call returns null.
@@ -62,7 +54,7 @@ class COutlookContactDirectory final : public IContactDirectory {
                            std::wstring_view store);
 
   const COutlookApplication& m_application;
-  ITrackedFolders& m_folders;
+  const CTrackedFolders& m_tracked;
   CDiagnosticLog& m_log;
   std::shared_ptr<const OpenContact> m_opened;
 };
