@@ -23,11 +23,10 @@ CAddin* CAddin::s_addin = nullptr;
 
 CAddin::CAddin()
     : m_telCtrl(m_eventObjects, m_log, m_clock.TickMilliseconds()),
-      m_settings(m_configurationFile, m_systemLanguage, m_ui, m_log),
+      m_settings(m_configurationFile, m_systemLanguage, *this, m_log),
       m_window(Identity(), *this, m_log),
       m_usb(ModuleFolder(), m_log),
       m_link(m_usb, m_window, m_records, m_log),
-      m_requests(m_link, m_records, m_ui, m_log),
       m_session(*this, *this, m_log),
       m_contacts(m_session.Application(), m_trackedFolders, m_log),
       m_index(m_contacts, m_log),
@@ -36,11 +35,12 @@ CAddin::CAddin()
       m_journal(m_session.Application(), m_contacts, m_resources, m_settings.Values(), m_log),
       m_calls(m_clock, m_localClock, m_journal),
       m_popUps({Identity(), m_resources, m_log}, *this),
+      m_ui(m_telephone, m_session, m_settings, m_dialogs, m_window, m_resources, *this, m_log),
       m_dialogs({Identity(), m_resources, m_log}, m_settings, m_ui, m_popUps, m_telCtrl, m_link,
                 *this),
-      m_ui(m_telephone, m_session, m_settings, m_dialogs, m_window, m_resources, *this, m_log),
       m_telephone({m_records, m_window, m_ui, m_popUps, m_popUps.Caller(), m_callers, m_calls,
-                   m_settings.Values(), m_settings, m_clock, m_log}) {
+                   m_settings.Values(), m_settings, m_clock, m_log}),
+      m_requests(m_link, m_records, m_ui, m_log) {
   s_addin = this;
 }
 

@@ -46,6 +46,7 @@ class CAddin final
       private IOutlookEvents,
       private IContactScanHost,
       private IAnswerHandler,
+      private IListObserver,
       private IAboutSource {
  public:
   // For the class table: creates the object with its hidden window; fails if the window fails.
@@ -158,6 +159,9 @@ class CAddin final
   // IAnswerHandler: the caller window's button
   void OnAnswer(int slot) override { m_telephone.Lines().AnswerUSB(slot); }
 
+  // IListObserver
+  void OnListsChanged() noexcept override { m_ui.OnListsChanged(); }
+
   // IAboutSource
   void Describe(AboutFacts& facts) const override;
 
@@ -179,7 +183,6 @@ class CAddin final
   DeviceRecords m_records;
   CUsbXpressLibrary m_usb;
   CDeviceLink m_link;
-  CRequestHandlers m_requests;
 
   COutlookSession m_session;
   CTrackedFolders m_trackedFolders;
@@ -191,9 +194,11 @@ class CAddin final
   CCallTracker m_calls;
 
   CPopUps m_popUps;
-  CUserDialogs m_dialogs;
+  // The user interface keeps references to the next two and uses neither before they exist.
   CUserInterface m_ui;
+  CUserDialogs m_dialogs;
   CTelephone m_telephone;
+  CRequestHandlers m_requests;
 
   // The running add-in, for an options page that Outlook creates.
   static CAddin* s_addin;

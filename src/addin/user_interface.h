@@ -22,7 +22,6 @@ namespace quor {
 class CUserInterface final : public ITelephoneControls,
                              public ICallFromCellDisplay,
                              public IFaceSource,
-                             public IListObserver,
                              private IContactRibbonDisplay,
                              private IActionWindows {
  public:
@@ -67,8 +66,8 @@ class CUserInterface final : public ITelephoneControls,
   void PutHistory() override { m_toolbar.PutHistory(); }
   void SetDialText(std::wstring_view text) override { m_toolbar.SetDialText(text); }
 
-  // IListObserver
-  void OnListsChanged() noexcept override;
+  // Shows the lists that the user has edited in the file.
+  void OnListsChanged() noexcept;
 
   // IFaceSource
   CControlFaces Faces() const override;
