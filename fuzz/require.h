@@ -5,7 +5,7 @@
 
 namespace quor {
 
-// The fuzzer keeps the input for which a property does not hold.
+// Aborts if the property does not hold; the fuzzer then keeps the input.
 inline void Require(bool held) {
   if (!held) std::abort();
 }

@@ -1,4 +1,4 @@
-// Packed ends of numbers behave like the texts that they stand for.
+// Packed tails behave like their texts.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "contacts/dial_tail.h"
@@ -22,7 +22,7 @@ size_t SharedEnding(std::string_view left, std::string_view right) {
   return shared;
 }
 
-// Most inputs are nearly dial strings, so that tails with much in common are frequent.
+// Most inputs are nearly dial strings, so that long common tails are frequent.
 std::string NextText(FuzzedDataProvider& input) {
   std::string text = input.ConsumeRandomLengthString(14);
   if (!input.ConsumeBool()) return text;

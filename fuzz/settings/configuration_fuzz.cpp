@@ -1,4 +1,4 @@
-// Any document can be read; what is then saved is read back the same and stays within the limits.
+// Any document can be read; what is then saved is read back unchanged and stays within the limits.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "fuzz/require.h"
@@ -36,7 +36,7 @@ std::wstring NextText(FuzzedDataProvider& input) {
   return text;
 }
 
-// Changes some texts, names and numbers of children.
+// Changes some texts, names and child counts.
 void Damage(FuzzedDataProvider& input, XmlElement& element) {
   constexpr size_t kSurplus = 30;
   switch (input.ConsumeIntegralInRange(0, 15)) {

@@ -1,4 +1,4 @@
-// Any records and events of the base, mixed with the user's clicks, in both generations of Outlook.
+// Any records and events of the base, mixed with the user's clicks, with and without a ribbon.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <cstring>
@@ -64,7 +64,7 @@ void Act(FuzzedDataProvider& input, CTelephoneDesk& desk) {
   }
 }
 
-// Only complete dial strings wait to be sent, each for its own line.
+// Only complete dial strings are waiting, each for its own line.
 void CheckRequests(const DeviceRecords& records) {
   for (int slot = 0; slot < kSlotCount; ++slot) {
     const DialRecord& dial = records.dial[static_cast<size_t>(slot)];

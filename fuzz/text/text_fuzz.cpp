@@ -1,4 +1,4 @@
-// Numbers as people write them, and texts for and from the ANSI code page.
+// Numbers as people write them, and texts converted to and from the ANSI code page.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "fuzz/require.h"
@@ -22,7 +22,7 @@ void FilterTwice(const std::string& written) {
   Require(without.find_first_of("FPfp") == std::string::npos);
 }
 
-// A byte that is converted to UTF-16 and back stays the same; other characters become one byte.
+// A byte converted to UTF-16 and back is unchanged; any other character becomes one byte.
 void ConvertBothWays(const std::string& ansi, const std::wstring& wide) {
   Require(AnsiFromWide(WideFromAnsi(ansi)) == ansi);
   const std::string replaced = AnsiFromWide(wide);

@@ -1,5 +1,5 @@
-// Any text is a control of ours with an index that its list has, or no control. Pieces of real ids
-// in any order find the ones that nearly match.
+// Any text is either one of our controls with a valid index, or not a control. Pieces of real ids
+// in any order give near misses.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "fuzz/require.h"

@@ -7,7 +7,7 @@ void CAddin::OnQuit() {
   m_log.Write("CAddin::OnQuit\n");
   m_quitting = true;
   Quit();
-  // Since Outlook 2010 nothing follows.
+  // From Outlook 2010 on this is the last call.
   m_sessionClock.Write(m_settings.Path());
 }
 

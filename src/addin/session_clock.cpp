@@ -12,7 +12,7 @@
 namespace quor {
 namespace {
 
-// Some kMostSessions lines take 1.5 KB.
+// kMostSessions lines take about 1.5 KB.
 constexpr size_t kMostBytes = 4096;
 
 std::string ReadStart(const std::string& path) {
@@ -42,7 +42,7 @@ void CSessionClock::Add(Phase phase, uint32_t milliseconds) noexcept {
     case Phase::FolderSwitch:
       m_session.folderSwitch = std::max(m_session.folderSwitch.value_or(0), milliseconds);
       break;
-    case Phase::Shutdown:  // in several parts, of which Outlook's version decides
+    case Phase::Shutdown:  // in several parts, depending on Outlook's version
       m_session.shutdown = m_session.shutdown.value_or(0) + milliseconds;
       break;
   }

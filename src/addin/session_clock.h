@@ -34,7 +34,7 @@ class CSessionClock {
   CSessionClock(const CSessionClock&) = delete;
   CSessionClock& operator=(const CSessionClock&) = delete;
 
-  // A new session begins now.
+  // Starts a new session.
   void Begin();
 
   // Adds the session, or replaces it, in the file beside the configuration file of that path (ANSI

@@ -24,7 +24,7 @@ bool HasShape(std::string_view began) {
   return true;
 }
 
-// Takes " start=212" or " start=-" off the front of the line.
+// Removes " start=212" or " start=-" from the front of the line.
 bool TakeColumn(std::string_view& line, const Column& column, SessionTimes& session) {
   if (!line.starts_with(column.name)) return false;
   line.remove_prefix(column.name.size());

@@ -20,18 +20,18 @@ struct SessionTimes {
   bool operator==(const SessionTimes&) const = default;
 };
 
-// From these times on, as the median of the last five sessions, Outlook 2013 and later disables an
-// add-in. In milliseconds.
+// Outlook 2013 and later disables an add-in if the median of the last five sessions reaches one of
+// these times, in milliseconds.
 inline constexpr uint32_t kStartLimit = 1000;
 inline constexpr uint32_t kFolderSwitchLimit = 500;
 inline constexpr uint32_t kShutdownLimit = 500;
 
-// The times of the last sessions stand in this file beside the configuration file, one session per
+// This file beside the configuration file holds the times of the last sessions, one session per
 // line: "2009-03-07 08:05:09 start=212 folder-switch=15 shutdown=-".
 inline constexpr char kSessionTimesFile[] = "vex_times.txt";
 inline constexpr size_t kMostSessions = 20;
 
-// Skips lines of any other form. Gives the last kMostSessions.
+// Skips invalid lines. Returns the last kMostSessions.
 std::vector<SessionTimes> ParseSessionTimes(std::string_view text);
 // Lines end in CR LF.
 std::string FormatSessionTimes(const std::vector<SessionTimes>& sessions);

@@ -25,10 +25,10 @@ class IToolbarActions {
   // Ribbon: stores the dial box's number for the next click on a line button.
   virtual void StoreDialText(std::wstring_view text) = 0;
 
-  // The following take a contact's number as the user typed it, blanks and brackets included.
+  // These take a contact's number as the user typed it, punctuation included.
 
-  // A number picked from a contact's menu: dialled if a line is ready. True if it must wait for a
-  // click on a line button instead, which happens only on the ribbon.
+  // Dials a number picked from a contact's menu if a line is ready. True if the number must wait
+  // for a click on a line button instead, which happens only on the ribbon.
   virtual bool PickNumber(std::wstring_view number) = 0;
   // Whether a click on this button dials at once, as an idle line on the ribbon does. In a
   // contact's window such a click is DialOnLine with the contact's number, empty if it has none;

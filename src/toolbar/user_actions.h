@@ -20,7 +20,7 @@ class IActionWindows {
  public:
   // The contact selected in the main window now; without numbers if there is none.
   virtual SelectedContact FindSelectedContact() = 0;
-  // A number waits in the dial box for a line.
+  // Shows that a number waits in the dial box for a line.
   virtual void ShowWaitingNumber() = 0;
 
   // `offered` is the suggestion for an entry that is still empty.
