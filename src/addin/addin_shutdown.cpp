@@ -7,7 +7,7 @@ void CAddin::OnQuit() {
   m_log.Write("CAddin::OnQuit\n");
   m_quitting = true;
   Quit();
-  // From Outlook 2010 on this is the last call.
+  // Write now: Outlook 2010 and later makes no further call.
   m_sessionClock.Write(m_settings.Path());
 }
 
