@@ -15,15 +15,11 @@ auto AsUser(Action action) {
     return action();
   } catch (const CMailboxError& error) {
     throw CScenarioError(error.what());
+  } catch (const CCardError& error) {
+    throw CScenarioError(error.what());
   } catch (const CModelError& error) {
     throw CScenarioError(error.what());
   }
-}
-
-void CheckCards(const std::vector<CardError>& errors) {
-  if (errors.empty()) return;
-  throw CScenarioError("vCard line " + std::to_string(errors.front().line) + ": " +
-                       errors.front().text);
 }
 
 }  // namespace
@@ -60,7 +56,7 @@ void COutlookStage::SetEntryIds(const EntryIds& style) {
 void COutlookStage::LoadContacts(const std::string& vcardFile) {
   const std::optional<std::string> text = ReadWholeFile(WideFromUtf8(vcardFile));
   if (!text) throw CScenarioError("no such file: " + vcardFile);
-  AsUser([&] { CheckCards(m_outlook.LoadCards(*text)); });
+  AsUser([&] { m_outlook.LoadCards(*text); });
 }
 
 void COutlookStage::ChangeContact(const std::string& contact, const std::string& property,
@@ -69,7 +65,7 @@ void COutlookStage::ChangeContact(const std::string& contact, const std::string&
 }
 
 void COutlookStage::AddContact(const std::string& folder, const std::string& vcard) {
-  AsUser([&] { CheckCards(m_outlook.AddCards(folder.empty() ? "Contacts" : folder, vcard)); });
+  AsUser([&] { m_outlook.AddCards(folder.empty() ? "Contacts" : folder, vcard); });
 }
 
 void COutlookStage::DeleteContact(const std::string& contact) {

@@ -85,20 +85,18 @@ CModelPtr<CComAddIn> COutlook::AddAddIn(ComAddInInfo info, std::function<void(bo
   return m_session->ComAddIns().AddAddIn(std::move(info), std::move(onConnect));
 }
 
-std::vector<CardError> COutlook::LoadCards(std::string_view vcards) {
-  return ReadInto(nullptr, vcards, false);
+void COutlook::LoadCards(std::string_view vcards) {
+  ReadInto(nullptr, vcards, false);
 }
 
-std::vector<CardError> COutlook::AddCards(const std::string& folder, std::string_view vcards) {
-  return ReadInto(&folder, vcards, true);
+void COutlook::AddCards(const std::string& folder, std::string_view vcards) {
+  ReadInto(&folder, vcards, true);
 }
 
-std::vector<CardError> COutlook::ReadInto(const std::string* folder, std::string_view vcards,
-                                          bool events) {
-  CardFile file = ReadCards(vcards);
+void COutlook::ReadInto(const std::string* folder, std::string_view vcards, bool events) {
   std::map<FolderNode*, std::vector<StoredItemPtr>> items;
   std::vector<FolderNode*> order;
-  for (const Card& card : file.cards) {
+  for (const Card& card : ReadCards(vcards)) {
     FolderNode& target = folder != nullptr
                              ? FindFolder(*folder)
                              : Mailbox().MakePath(WideFromUtf8(CardPath(card)), ItemType::Contact);
@@ -113,7 +111,6 @@ std::vector<CardError> COutlook::ReadInto(const std::string* folder, std::string
     for (const StoredItemPtr& item : items[target])
       Mailbox().InsertItem(*target, item);
   }
-  return std::move(file.errors);
 }
 
 StoredItemPtr COutlook::FindItem(const std::string& item) {

@@ -43,12 +43,12 @@ class COutlook {
   // The entry of the COM add-ins dialog; the add-in's host handles its Object and Connect.
   CModelPtr<CComAddIn> AddAddIn(ComAddInInfo info, std::function<void(bool)> onConnect);
 
-  // Loads the address book, before Outlook starts and therefore without events. Returns the
-  // reader's errors; cards without an error are loaded.
-  std::vector<CardError> LoadCards(std::string_view vcards);
+  // Loads the address book, before Outlook starts and therefore without events. Throws
+  // CCardError, as AddCards does.
+  void LoadCards(std::string_view vcards);
   // Adds cards to a folder while Outlook runs, as if the user had typed or imported them: with
   // events for up to 15 cards, without for 16 and more.
-  std::vector<CardError> AddCards(const std::string& folder, std::string_view vcards);
+  void AddCards(const std::string& folder, std::string_view vcards);
 
   StoredItemPtr FindItem(const std::string& item);
   FolderNode& FindFolder(const std::string& path);
@@ -97,7 +97,7 @@ class COutlook {
   std::vector<std::string> Sinks() const;
 
  private:
-  std::vector<CardError> ReadInto(const std::string* folder, std::string_view vcards, bool events);
+  void ReadInto(const std::string* folder, std::string_view vcards, bool events);
   CExplorer& ActiveExplorer();
   CModelPtr<CInspector> FindInspector(const std::string& item);
 

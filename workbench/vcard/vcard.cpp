@@ -1,274 +1,167 @@
 #include "workbench/vcard/vcard.h"
 
 #include <algorithm>
-#include <initializer_list>
-#include <iterator>
-#include <utility>
-
-#include "workbench/vcard/card_lines.h"
 
 namespace quor::workbench {
 namespace {
 
-constexpr size_t kMostErrors = 100;
-
-std::string Trimmed(std::string_view text) {
-  const size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return std::string(text.substr(first, text.find_last_not_of(" \t") - first + 1));
-}
-
-int HexDigit(char character) noexcept {
-  if (character >= '0' && character <= '9') return character - '0';
-  if (character >= 'a' && character <= 'f') return character - 'a' + 10;
-  if (character >= 'A' && character <= 'F') return character - 'A' + 10;
-  return -1;
-}
-
-std::string PercentDecoded(std::string_view text) {
-  std::string decoded;
-  for (size_t i = 0; i < text.size(); ++i) {
-    const int high = i + 2 < text.size() && text[i] == '%' ? HexDigit(text[i + 1]) : -1;
-    const int low = high >= 0 ? HexDigit(text[i + 2]) : -1;
-    if (low < 0) {
-      decoded += text[i];
-      continue;
-    }
-    decoded += static_cast<char>(high * 16 + low);
-    i += 2;
+std::string Upper(std::string_view text) {
+  std::string upper(text);
+  for (char& one : upper) {
+    if (one >= 'a' && one <= 'z') one = static_cast<char>(one - 'a' + 'A');
   }
-  return decoded;
+  return upper;
 }
 
-// A "tel:+1-555-0100;ext=12;phone-context=..." URI as a person would write the number.
-std::string NumberFromUri(std::string_view uri) {
-  uri.remove_prefix(4);
-  const size_t end = std::min(uri.find(';'), uri.size());
-  std::string number = PercentDecoded(uri.substr(0, end));
-  std::string_view parameters = uri.substr(end);
-  while (!parameters.empty()) {
-    parameters.remove_prefix(1);
-    const std::string_view parameter = parameters.substr(0, parameters.find(';'));
-    if (UpperAscii(parameter.substr(0, 4)) == "EXT=") {
-      number += " x" + PercentDecoded(parameter.substr(4));
-    }
-    parameters.remove_prefix(parameter.size());
-  }
-  return number;
-}
-
-// The TYPE values of a TEL, and whether it is the preferred one.
-class CTypes {
- public:
-  explicit CTypes(const CardProperty& property) {
-    for (const auto& [name, value] : property.parameters) {
-      if (name == "TYPE") m_types.push_back(UpperAscii(value));
-      if (name == "PREF" && value == "1") m_types.emplace_back("PREF");
+// The parts of a value, cut at unescaped semicolons; \n, \, \; and \\ undone.
+std::vector<std::string> Parts(std::string_view value) {
+  std::vector<std::string> parts(1);
+  for (size_t i = 0; i < value.size(); ++i) {
+    if (value[i] == ';') {
+      parts.emplace_back();
+    } else if (value[i] == '\\' && i + 1 < value.size()) {
+      parts.back() += value[++i] == 'n' ? '\n' : value[i];
+    } else {
+      parts.back() += value[i];
     }
   }
-
-  bool Has(std::string_view type) const {
-    return std::find(m_types.begin(), m_types.end(), type) != m_types.end();
-  }
-
- private:
-  std::vector<std::string> m_types;
-};
-
-// The fields that may hold the number, the preferred one first.
-std::vector<NumberKind> KindsFor(const CTypes& types) {
-  struct NamedKind {
-    const char* type;
-    NumberKind kind;
-  };
-  static constexpr NamedKind kNamed[] = {
-      {"X-ASSISTANT", NumberKind::Assistant},
-      {"X-CALLBACK", NumberKind::Callback},
-      {"X-COMPANY", NumberKind::CompanyMain},
-      {"X-PRIMARY", NumberKind::Primary},
-      {"X-RADIO", NumberKind::Radio},
-      {"X-TELEX", NumberKind::Telex},
-      {"X-TTY", NumberKind::TtyTdd},
-      {"TEXTPHONE", NumberKind::TtyTdd},
-      {"X-OTHER", NumberKind::Other},
-      {"PAGER", NumberKind::Pager},
-      {"CAR", NumberKind::Car},
-      {"ISDN", NumberKind::Isdn},
-  };
-  if (types.Has("FAX")) {
-    if (types.Has("WORK")) return {NumberKind::BusinessFax, NumberKind::OtherFax};
-    if (types.Has("HOME")) return {NumberKind::HomeFax, NumberKind::OtherFax};
-    return {NumberKind::OtherFax};
-  }
-  const auto* named = std::find_if(std::begin(kNamed), std::end(kNamed),
-                                   [&types](const NamedKind& one) { return types.Has(one.type); });
-  if (named != std::end(kNamed)) return {named->kind, NumberKind::Other};
-  if (types.Has("CELL")) return {NumberKind::Mobile, NumberKind::Other};
-  if (types.Has("WORK")) return {NumberKind::Business, NumberKind::Business2, NumberKind::Other};
-  if (types.Has("HOME")) return {NumberKind::Home, NumberKind::Home2, NumberKind::Other};
-  if (types.Has("PREF")) return {NumberKind::Primary, NumberKind::Other};
-  return {NumberKind::Other, NumberKind::Primary};
+  return parts;
 }
 
-std::string FileAsFor(const Card& card) {
-  if (!card.fileAs.empty()) return card.fileAs;
-  if (!card.group && !card.lastName.empty() && !card.firstName.empty()) {
-    return card.lastName + ", " + card.firstName;
+std::string Text(std::string_view value) {
+  const std::vector<std::string> parts = Parts(value);
+  std::string text = parts.front();
+  for (size_t i = 1; i < parts.size(); ++i)
+    text += ';' + parts[i];
+  return text;
+}
+
+// The fields that a number of these types may take, the preferred one first. `types` is what
+// stands between name and value: ";VALUE=uri;TYPE="work,fax"", in upper case.
+std::vector<NumberKind> KindsFor(const std::string& types) {
+  using enum NumberKind;
+  const auto has = [&types](const char* type) { return types.find(type) != std::string::npos; };
+  if (has("FAX")) return {has("WORK") ? BusinessFax : has("HOME") ? HomeFax : OtherFax, OtherFax};
+  constexpr std::pair<const char*, NumberKind> kNamed[] = {{"X-ASSISTANT", Assistant},
+                                                           {"X-CALLBACK", Callback},
+                                                           {"X-COMPANY", CompanyMain},
+                                                           {"X-PRIMARY", Primary},
+                                                           {"X-RADIO", Radio},
+                                                           {"X-TELEX", Telex},
+                                                           {"X-TTY", TtyTdd},
+                                                           {"X-OTHER", Other},
+                                                           {"PAGER", Pager},
+                                                           {"CAR", Car},
+                                                           {"ISDN", Isdn},
+                                                           {"CELL", Mobile}};
+  for (const auto& [type, kind] : kNamed) {
+    if (has(type)) return {kind, Other};
   }
-  for (const std::string* name : {&card.lastName, &card.firstName, &card.company}) {
-    if (!card.group && !name->empty()) return *name;
-  }
-  return card.fullName;
+  if (has("WORK")) return {Business, Business2, Other};
+  if (has("HOME")) return {Home, Home2, Other};
+  return {Other, Primary};
 }
 
 class CReader {
  public:
-  explicit CReader(std::string_view text) : m_lines(text) {}
+  explicit CReader(std::string_view text) : m_rest(text) {}
 
-  CardFile Read() {
-    std::string line;
-    int number = 0;
-    CardProperty property;
-    while (m_lines.Next(line, number)) {
-      property.line = number;
-      ReadLine(line, property);
+  std::vector<Card> Read() {
+    bool inCard = false;
+    for (std::string line; NextLine(line);) {
+      const size_t colon = line.find(':');
+      if (colon == std::string::npos) Fail("no property");
+      const std::string head = Upper(line.substr(0, colon));
+      const std::string value = line.substr(colon + 1);
+      if (head == "BEGIN") {
+        if (inCard) Fail("a card begins within a card");
+        m_card = {};
+      } else if (!inCard) {
+        Fail("text outside a card");
+      } else if (head == "END") {
+        EndCard();
+      } else {
+        ReadProperty(head, value);
+      }
+      inCard = head != "END";
     }
-    if (m_inCard) Error(m_card.line, "the card does not end");
-    return std::move(m_file);
+    if (inCard) Fail("the card does not end");
+    return std::move(m_cards);
   }
 
  private:
-  void Error(int line, std::string text) {
-    if (m_file.errors.size() < kMostErrors) m_file.errors.push_back({line, std::move(text)});
-  }
+  [[noreturn]] void Fail(const std::string& text) const { throw CCardError(m_line, text); }
 
-  void Spoil(int line, std::string text) {
-    if (!m_spoilt) Error(line, std::move(text));
-    m_spoilt = true;
-  }
-
-  void ReadLine(std::string_view line, CardProperty& property) {
-    if (!ParseProperty(line, property)) {
-      if (m_inCard) {
-        Spoil(property.line, "no property");
-      } else if (!m_strayNoted) {
-        Error(property.line, "text outside a card");
-        m_strayNoted = true;
-      }
-      return;
+  // Continuation lines begin with a blank; empty lines are skipped.
+  bool NextLine(std::string& line) {
+    line.clear();
+    while (!m_rest.empty() && (line.empty() || m_rest.front() == ' ')) {
+      const size_t end = std::min(m_rest.find('\n'), m_rest.size() - 1);
+      std::string_view piece = m_rest.substr(0, end + 1);
+      m_rest.remove_prefix(end + 1);
+      ++m_line;
+      while (piece.ends_with('\n') || piece.ends_with('\r'))
+        piece.remove_suffix(1);
+      line += line.empty() ? piece : piece.substr(1);
     }
-    const bool ofCard = UpperAscii(Trimmed(property.value)) == "VCARD";
-    if (property.name == "BEGIN" && ofCard) {
-      Begin(property.line);
-    } else if (!m_inCard) {
-      if (!m_strayNoted) Error(property.line, "text outside a card");
-      m_strayNoted = true;
-    } else if (property.name == "END" && ofCard) {
-      End(property.line);
+    return !line.empty();
+  }
+
+  void ReadProperty(const std::string& head, const std::string& value) {
+    const std::string name = head.substr(0, head.find(';'));
+    if (name == "TEL") {
+      ReadNumber(head.substr(name.size()), Text(value));
+    } else if (name == "N") {
+      std::vector<std::string> parts = Parts(value);
+      parts.resize(2);
+      m_card.lastName = parts[0];
+      m_card.firstName = parts[1];
+    } else if (name == "KIND") {
+      m_card.group = Upper(value) == "GROUP";
+    } else if (name == "MEMBER") {
+      m_card.members.push_back(value);
     } else {
-      ReadProperty(property);
+      constexpr std::pair<const char*, std::string Card::*> kTexts[] = {
+          {"FN", &Card::fullName},      {"NOTE", &Card::note},       {"ORG", &Card::company},
+          {"X-FILE-AS", &Card::fileAs}, {"X-FOLDER", &Card::folder},
+      };
+      for (const auto& [known, text] : kTexts) {
+        if (name == known) m_card.*text = Text(value);
+      }
     }
   }
 
-  void Begin(int line) {
-    if (m_inCard) Error(line, "a card begins within a card");
-    m_card = Card();
-    m_card.line = line;
-    m_inCard = true;
-    m_spoilt = false;
-    m_versionSeen = false;
-    m_strayNoted = false;
-  }
-
-  void End(int line) {
-    m_inCard = false;
-    if (!m_versionSeen) Spoil(line, "the card has no version");
-    if (m_spoilt) return;
-    if (m_card.fullName.empty() && !m_card.group) {
-      m_card.fullName = Trimmed(m_card.firstName + ' ' + m_card.lastName);
-    }
-    m_card.fileAs = FileAsFor(m_card);
-    m_file.cards.push_back(std::move(m_card));
-  }
-
-  void ReadProperty(const CardProperty& property) {
-    const std::string& name = property.name;
-    if (!IsUtf8(property.value)) return Spoil(property.line, name + " is not UTF-8");
-    if (property.value.find('\0') != std::string::npos) {
-      return Spoil(property.line, name + " contains a NUL");
-    }
-    if (name == "VERSION") return ReadVersion(property);
-    if (name == "TEL") return ReadNumber(property);
-    if (name == "N") return ReadName(property);
-    if (name == "ORG") {
-      m_card.company = StructuredText(property.value).front();
-    } else if (name == "KIND" || name == "X-ADDRESSBOOKSERVER-KIND") {
-      m_card.group = UpperAscii(Trimmed(property.value)) == "GROUP";
-    } else if (name == "MEMBER" || name == "X-ADDRESSBOOKSERVER-MEMBER") {
-      m_card.members.push_back(UnescapedText(property.value));
-    } else if (std::string* text = TextNamed(name)) {
-      *text = UnescapedText(property.value);
-    }
-  }
-
-  std::string* TextNamed(std::string_view name) {
-    if (name == "FN") return &m_card.fullName;
-    if (name == "NOTE") return &m_card.note;
-    if (name == "UID") return &m_card.uid;
-    if (name == "X-FILE-AS") return &m_card.fileAs;
-    return name == "X-FOLDER" ? &m_card.folder : nullptr;
-  }
-
-  void ReadVersion(const CardProperty& property) {
-    m_versionSeen = true;
-    const std::string version = Trimmed(property.value);
-    if (version != "3.0" && version != "4.0") {
-      Spoil(property.line, "version " + version + " is not 3.0 or 4.0");
-    }
-  }
-
-  void ReadName(const CardProperty& property) {
-    std::vector<std::string> parts = StructuredText(property.value);
-    parts.resize(3);
-    m_card.lastName = Trimmed(parts[0]);
-    m_card.firstName = Trimmed(parts[1] + ' ' + parts[2]);
-  }
-
-  void ReadNumber(const CardProperty& property) {
-    const std::string text = UnescapedText(property.value);
-    const bool uri = UpperAscii(std::string_view(text).substr(0, 4)) == "TEL:";
-    CardNumber number;
-    number.number = Trimmed(uri ? NumberFromUri(text) : text);
-    if (number.number.empty()) return;
-    if (!IsUtf8(number.number) || number.number.find('\0') != std::string::npos) {
-      return Error(property.line, "the number's escapes are not valid text");
-    }
-    for (const NumberKind kind : KindsFor(CTypes(property))) {
-      if (HasNumber(kind)) continue;
-      number.kind = kind;
-      m_card.numbers.push_back(std::move(number));
+  void ReadNumber(const std::string& types, const std::string& value) {
+    const std::string number = value.starts_with("tel:") ? value.substr(4) : value;
+    for (const NumberKind kind : KindsFor(types)) {
+      const bool taken = std::any_of(m_card.numbers.begin(), m_card.numbers.end(),
+                                     [kind](const CardNumber& one) { return one.kind == kind; });
+      if (taken) continue;
+      m_card.numbers.push_back({kind, number});
       return;
     }
-    Error(property.line, "no field is left for the number " + number.number);
+    Fail("no field is left for the number " + number);
   }
 
-  bool HasNumber(NumberKind kind) const {
-    return std::any_of(m_card.numbers.begin(), m_card.numbers.end(),
-                       [kind](const CardNumber& one) { return one.kind == kind; });
+  void EndCard() {
+    if (m_card.fileAs.empty() && !m_card.group) {
+      const bool both = !m_card.lastName.empty() && !m_card.firstName.empty();
+      m_card.fileAs = m_card.lastName + (both ? ", " : "") + m_card.firstName;
+      if (m_card.fileAs.empty()) m_card.fileAs = m_card.company;
+    }
+    if (m_card.fileAs.empty()) m_card.fileAs = m_card.fullName;
+    m_cards.push_back(std::move(m_card));
   }
 
-  CCardLines m_lines;
-  CardFile m_file;
+  std::string_view m_rest;
+  int m_line = 0;
   Card m_card;
-  bool m_inCard = false;
-  bool m_spoilt = false;
-  bool m_versionSeen = false;
-  bool m_strayNoted = false;
+  std::vector<Card> m_cards;
 };
 
 }  // namespace
 
-CardFile ReadCards(std::string_view text) {
+std::vector<Card> ReadCards(std::string_view text) {
   return CReader(text).Read();
 }
 
