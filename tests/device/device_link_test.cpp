@@ -76,6 +76,15 @@ TEST_F(CConnectionTest, EnumerationThatFailsTakesTheDeviceDown) {
                 kDisconnected);
 }
 
+// The base refuses a second open.
+TEST_F(CConnectionTest, AProbeClosesABaseThatAnEarlierConnectionLeftOpen) {
+  Open();
+  m_link.Probe();
+  EXPECT_EQ(Log().find("** Error"), std::string::npos);
+  EXPECT_TRUE(m_link.IsConnected());
+  EXPECT_EQ(m_base.OpenHandles(), 0U);
+}
+
 TEST_F(CConnectionTest, PostThatFailsLeavesTheConnectedFlagChanged) {
   m_queue.accepts = false;
   m_base.Plug();

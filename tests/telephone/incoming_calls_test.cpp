@@ -137,16 +137,24 @@ TEST(CallerWindow, SaysWhyAValueIsMissing) {
   desk.CallerId(1, "");
   EXPECT_THAT(desk.Deeds(), Contains("fill 1400 1400 0"));
 
-  std::set<int> texts;
-  for (uint8_t code = 0; code < 16; ++code) {
-    for (const bool far : {false, true}) {
-      texts.insert(WithheldNumberText(code, far));
-      texts.insert(WithheldNameText(code, far));
-    }
-    EXPECT_NE(WithheldNumberText(code, false), IDS_UNAVAILABLE_NAME);
-    EXPECT_NE(WithheldNameText(code, false), IDS_UNAVAILABLE_NUMBER);
+  // Each code's own text, for the number and for the name.
+  constexpr int kTexts[][2] = {{IDS_UNAVAILABLE_NUMBER, IDS_UNAVAILABLE_NAME},
+                               {IDS_PRIVATE_CALLER, IDS_PRIVATE_CALLER},
+                               {IDS_OUT_OF_AREA, IDS_OUT_OF_AREA},
+                               {IDS_PAY_PHONE, IDS_PAY_PHONE},
+                               {IDS_INTERNATIONAL, IDS_INTERNATIONAL},
+                               {IDS_UNAVAILABLE_NUMBER, IDS_UNAVAILABLE_NAME},
+                               {IDS_UNAVAILABLE_NUMBER, IDS_UNAVAILABLE_NAME},
+                               {IDS_UNAVAILABLE_NAME_AND_NUMBER, IDS_UNAVAILABLE_NAME_AND_NUMBER},
+                               {IDS_COIN_PHONE, IDS_COIN_PHONE},
+                               {IDS_UNKNOWN, IDS_UNKNOWN}};
+  for (uint8_t code = 0; code < std::size(kTexts); ++code) {
+    EXPECT_EQ(WithheldNumberText(code, false), kTexts[code][0]) << +code;
+    EXPECT_EQ(WithheldNameText(code, false), kTexts[code][1]) << +code;
+    EXPECT_EQ(WithheldNumberText(code, true), code == 0 ? IDS_LONG_DISTANCE : kTexts[code][0])
+        << +code;
   }
-  EXPECT_THAT(texts, ElementsAre(1400, 1401, 1402, 1403, 1404, 1405, 1406, 1407, 1408, 1409));
+  EXPECT_EQ(WithheldNameText(0xFF, true), IDS_UNKNOWN);
 }
 
 TEST(CallerWindow, NotShownForACallThatEndedDuringTheLookUp) {

@@ -51,6 +51,12 @@ TEST_F(ControlFaces, SpeedDialOffersWhatCanBeDone) {
   EXPECT_EQ(Faces().SpeedDial(1, SpeedDialAction::Add).caption, L"#1171");
 }
 
+TEST_F(ControlFaces, ACallersCaptionIsCutBeforeItsAmpersandsAreDoubled) {
+  configuration.callerLists = {{L"Tom & " + std::wstring(60, L'x'), L"", L""}};
+  EXPECT_EQ(Faces().Caller(0).caption, L"Tom && " + std::wstring(44, L'x'));
+  EXPECT_EQ(MenuCaption(std::wstring(60, L'x')), std::wstring(50, L'x'));
+}
+
 TEST(ToolbarLayout, EveryTagIsUnique) {
   std::set<std::wstring> tags;
   size_t count = 0;

@@ -84,6 +84,10 @@ void COutlookStage::DeleteFolder(const std::string& path) {
   AsUser([&] { m_outlook.DeleteFolder(path); });
 }
 
+void COutlookStage::MoveFolder(const std::string& path, const std::string& parent) {
+  AsUser([&] { m_outlook.MoveFolder(path, parent); });
+}
+
 void COutlookStage::OpenInspector(const std::string& contact) {
   AsUser([&] { m_outlook.OpenInspector(contact); });
 }

@@ -30,6 +30,7 @@ class COutlookStage final : public IOutlookStage {
   std::vector<std::string> Journal() override { return m_outlook.Journal(); }
   void AddFolder(const std::string& path) override;
   void DeleteFolder(const std::string& path) override;
+  void MoveFolder(const std::string& path, const std::string& parent) override;
   void OpenInspector(const std::string& contact) override;
   void CloseInspector(const std::string& contact) override;
   void ActivateInspector(const std::string& contact) override;

@@ -96,6 +96,11 @@ void DeleteFolder(CRun& run, const CCommandArguments& arguments) {
   run.stage.host.Pump();
 }
 
+void MoveFolder(CRun& run, const CCommandArguments& arguments) {
+  run.stage.outlook.MoveFolder(arguments.Text(0), arguments.Text(1));
+  run.stage.host.Pump();
+}
+
 void Select(CRun& run, const CCommandArguments& arguments) {
   run.stage.outlook.Select(arguments.Text(0));
   run.stage.host.Pump();
@@ -172,6 +177,7 @@ constexpr Command kCommands[] = {
     {"add folder", "PATH", "Creates a contacts folder, by path from the top: Contacts/Customers.",
      1, 1, Block::None, AddFolder},
     {"delete folder", "PATH", "Moves a folder to Deleted Items.", 1, 1, Block::None, DeleteFolder},
+    {"move folder", "PATH PARENT", "Moves a folder into another.", 2, 2, Block::None, MoveFolder},
     {"select", "NAME", "Selects the contact in the main window.", 1, 1, Block::None, Select},
     {"switch folder", "PATH",
      "Shows another folder in the main window: Inbox, Calendar, Contacts, Contacts/Customers.", 1,

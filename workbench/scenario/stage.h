@@ -164,6 +164,7 @@ class IOutlookStage {
   virtual std::vector<std::string> Journal() = 0;
   virtual void AddFolder(const std::string& path) = 0;
   virtual void DeleteFolder(const std::string& path) = 0;
+  virtual void MoveFolder(const std::string& path, const std::string& parent) = 0;
   virtual void OpenInspector(const std::string& contact) = 0;
   virtual void CloseInspector(const std::string& contact) = 0;
   virtual void ActivateInspector(const std::string& contact) = 0;

@@ -101,6 +101,7 @@ class CNotedStage final : public IHostStage,
   std::vector<std::string> Journal() override { return {}; }
   void AddFolder(const std::string&) override {}
   void DeleteFolder(const std::string&) override {}
+  void MoveFolder(const std::string&, const std::string&) override {}
   void OpenInspector(const std::string&) override {}
   void CloseInspector(const std::string&) override {}
   void ActivateInspector(const std::string&) override {}

@@ -1,0 +1,84 @@
+#include "com/com_boundary.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace quor {
+namespace {
+
+struct CLines final : ILogWriter {
+  void WriteLine(std::string_view line) noexcept override { text += line; }
+  std::string text;
+};
+
+TEST(ComBoundary, EveryExceptionBecomesItsResultAndALine) {
+  const struct {
+    void (*thrower)();
+    HRESULT result;
+    const char* line;
+  } rows[] = {
+      {[] { throw _com_error(E_ACCESSDENIED); }, E_ACCESSDENIED, "0x80070005"},
+      // An error that reports success must not look like one.
+      {[] { throw _com_error(S_FALSE); }, E_FAIL, "0x80004005"},
+      {[] { throw std::bad_alloc(); }, E_OUTOFMEMORY, "0x8007000E"},
+      {[] { throw std::runtime_error("x"); }, E_UNEXPECTED, "0x8000FFFF"},
+      {[] { throw 1; }, E_UNEXPECTED, "0x8000FFFF"},
+  };
+  for (const auto& row : rows) {
+    CLines lines;
+    CDiagnosticLog log(lines);
+    log.SetEnabled(true);
+    const auto body = [&row]() -> HRESULT {
+      row.thrower();
+      return S_OK;
+    };
+    EXPECT_EQ(GuardComCall(log, "tick", body), row.result);
+    EXPECT_EQ(lines.text, "** Error : tick failed. (" + std::string(row.line) + ")\n");
+    EXPECT_FALSE(GuardCall(log, "tick", row.thrower));
+  }
+}
+
+TEST(ComBoundary, AResultPassesWithoutALine) {
+  CLines lines;
+  CDiagnosticLog log(lines);
+  log.SetEnabled(true);
+  for (const HRESULT result : {S_OK, S_FALSE, E_NOTIMPL})
+    EXPECT_EQ(GuardComCall(log, "tick", [result] { return result; }), result);
+  EXPECT_TRUE(GuardCall(log, "tick", [] {}));
+  EXPECT_EQ(lines.text, "");
+}
+
+TEST(ComTexts, KeepNulsAndNullIsEmpty) {
+  const std::wstring text(L"a\0b", 3);
+  EXPECT_EQ(TextFromBstr(BstrFromText(text)), text);
+  EXPECT_EQ(TextFromBstr(VariantFromText(text).bstrVal), text);
+  EXPECT_EQ(TextFromBstr(nullptr), L"");
+  const _variant_t missing = MissingArgument();
+  EXPECT_EQ(V_ERROR(&missing), DISP_E_PARAMNOTFOUND);
+}
+
+// What our code relies on: adoption adds no reference, a copy adds one, a move none.
+TEST(ComPointers, AdoptCopyAndMove) {
+  struct CCounted final : IUnknown {
+    STDMETHODIMP QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
+    STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
+    STDMETHODIMP_(ULONG) Release() override { return --references; }
+    ULONG references = 1;
+  } counted;
+  {
+    IUnknownPtr adopted(&counted, false);
+    EXPECT_EQ(counted.references, 1u);
+    IUnknownPtr copy = adopted;
+    EXPECT_EQ(counted.references, 2u);
+    copy = copy.GetInterfacePtr();  // to itself
+    EXPECT_EQ(counted.references, 2u);
+    const IUnknownPtr moved = std::exchange(copy, nullptr);
+    EXPECT_EQ(copy, nullptr);
+    EXPECT_EQ(counted.references, 2u);
+  }
+  EXPECT_EQ(counted.references, 0u);
+}
+
+}  // namespace
+}  // namespace quor
