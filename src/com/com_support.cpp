@@ -37,14 +37,14 @@ namespace quor {
 _bstr_t BstrFromText(std::wstring_view text) {
   BSTR copy = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
   if (copy == nullptr) _com_issue_error(E_OUTOFMEMORY);
-  return _bstr_t(copy, false);
+  return {copy, false};
 }
 
 _variant_t VariantFromText(std::wstring_view text) {
   VARIANT value;
   value.vt = VT_BSTR;
   value.bstrVal = BstrFromText(text).Detach();
-  return _variant_t(value, false);
+  return {value, false};
 }
 
 std::wstring TextFromBstr(BSTR text) {
@@ -52,7 +52,7 @@ std::wstring TextFromBstr(BSTR text) {
 }
 
 _variant_t MissingArgument() {
-  return _variant_t(static_cast<long>(DISP_E_PARAMNOTFOUND), VT_ERROR);
+  return {static_cast<long>(DISP_E_PARAMNOTFOUND), VT_ERROR};
 }
 
 }  // namespace quor

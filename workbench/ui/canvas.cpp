@@ -122,6 +122,7 @@ void CCanvas::RoundedFrame(const Rect& rect, int radius, Colour fill, Colour bor
 
 void CCanvas::Polygon(const std::vector<Point>& points, Colour colour) {
   std::vector<Gdiplus::PointF> corners;
+  corners.reserve(points.size());
   for (const Point& point : points)
     corners.emplace_back(static_cast<float>(point.x), static_cast<float>(point.y));
   Gdiplus::GraphicsPath path;
