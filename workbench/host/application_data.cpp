@@ -19,19 +19,33 @@ constexpr wchar_t kFoldersKey[] =
     L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
 constexpr wchar_t kValueName[] = L"AppData";
 
-std::optional<std::wstring> ReadFolderSetting() {
+// Where the user's own folder is kept while a run uses another. A run that was killed leaves it
+// behind. An empty value means that there was none.
+constexpr wchar_t kKeptKey[] = L"Software\\Quor\\Workbench";
+constexpr wchar_t kRunning[] = L"quor-workbench-application-data";
+
+std::optional<std::wstring> ReadFolder(const wchar_t* key) {
   wchar_t value[MAX_PATH] = {};
   DWORD size = sizeof(value);
   const LSTATUS status =
-      RegGetValueW(HKEY_CURRENT_USER, kFoldersKey, kValueName,
+      RegGetValueW(HKEY_CURRENT_USER, key, kValueName,
                    RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ | RRF_NOEXPAND, nullptr, value, &size);
   if (status != ERROR_SUCCESS) return std::nullopt;
   return std::wstring(value);
 }
 
-void WriteFolderSetting(const std::wstring& value) {
+void WriteFolder(const wchar_t* key, const std::wstring& value) {
   const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
-  RegSetKeyValueW(HKEY_CURRENT_USER, kFoldersKey, kValueName, REG_EXPAND_SZ, value.c_str(), bytes);
+  RegSetKeyValueW(HKEY_CURRENT_USER, key, kValueName, REG_EXPAND_SZ, value.c_str(), bytes);
+}
+
+// An empty one removes the setting.
+void Restore(const std::wstring& folder) {
+  if (folder.empty()) {
+    RegDeleteKeyValueW(HKEY_CURRENT_USER, kFoldersKey, kValueName);
+  } else {
+    WriteFolder(kFoldersKey, folder);
+  }
 }
 
 void MakeFolders(const std::wstring& path) {
@@ -94,23 +108,25 @@ std::optional<std::string> ReadWholeFile(const std::wstring& path) {
 CApplicationData::CApplicationData(const std::wstring& path)
     : m_folder(path.empty() ? FreshFolder() : path),
       m_temporary(path.empty()),
-      m_before(ReadFolderSetting()) {
+      m_running(CreateMutexW(nullptr, FALSE, kRunning)),
+      m_isFirst(GetLastError() != ERROR_ALREADY_EXISTS) {
+  if (const auto kept = ReadFolder(kKeptKey); kept && m_isFirst) Restore(*kept);
+  m_before = ReadFolder(kFoldersKey).value_or(L"");
+  if (m_isFirst) WriteFolder(kKeptKey, m_before);
   RemoveTree(m_folder);
   MakeFolders(m_folder);
   Redirect(m_folder);
 }
 
 CApplicationData::~CApplicationData() {
-  if (m_before) {
-    WriteFolderSetting(*m_before);
-  } else {
-    RegDeleteKeyValueW(HKEY_CURRENT_USER, kFoldersKey, kValueName);
-  }
+  Restore(m_before);
+  if (m_isFirst) RegDeleteKeyW(HKEY_CURRENT_USER, kKeptKey);
+  if (m_running != nullptr) CloseHandle(m_running);
   if (m_temporary) RemoveTree(m_folder);
 }
 
 void CApplicationData::Redirect(const std::wstring& folder) {
-  WriteFolderSetting(folder);
+  WriteFolder(kFoldersKey, folder);
 }
 
 void CApplicationData::PointNowhere() {

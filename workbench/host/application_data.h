@@ -9,7 +9,8 @@ namespace quor::workbench {
 
 // A separate application-data folder for a run. While this object exists, Windows reports it as the
 // user's folder. This setting applies to the whole registry, so runs that share a Wine prefix must
-// not overlap. Paths are relative to the folder, UTF-8, with backslashes.
+// not overlap; what a killed run left is undone by the next one. Paths are relative to the folder,
+// UTF-8, with backslashes.
 class CApplicationData {
  public:
   // Creates the folder, empty. An empty path creates one in the temporary folder, which is deleted
@@ -36,7 +37,9 @@ class CApplicationData {
 
   std::wstring m_folder;
   bool m_temporary;
-  std::optional<std::wstring> m_before;
+  std::wstring m_before;  // the folder setting; empty: there was none
+  void* m_running;        // a mutex that exists while a workbench runs
+  bool m_isFirst;         // no other workbench runs
 };
 
 // The content of any file; nothing if it cannot be read.
