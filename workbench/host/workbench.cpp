@@ -1,10 +1,12 @@
 #include "workbench/host/workbench.h"
 
 #include <cmath>
+#include <stdexcept>
 
 // clang-format off
 #include <windows.h>
 #include <objbase.h>
+#include <oleauto.h>
 // clang-format on
 
 #include "workbench/host/console.h"
@@ -83,9 +85,22 @@ CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
     }
   }
   m_outlook.OpenExplorer();
+  if (options.registerRunning) RegisterRunning();
 }
 
-CWorkbench::~CWorkbench() = default;
+CWorkbench::~CWorkbench() {
+  if (m_running != 0) RevokeActiveObject(m_running, nullptr);
+}
+
+// The table holds no reference, so that what the add-in holds can be counted.
+void CWorkbench::RegisterRunning() {
+  CLSID classId;
+  const HRESULT found = CLSIDFromProgID(L"Outlook.Application", &classId);
+  if (FAILED(found) || FAILED(RegisterActiveObject(m_outlook.Application(), classId,
+                                                   ACTIVEOBJECT_WEAK, &m_running))) {
+    throw std::runtime_error("Outlook.Application cannot be entered as running");
+  }
+}
 
 Stage CWorkbench::Stages() {
   return {m_host, m_baseStage, m_outlookStage, m_screenStage, m_evidenceStage, m_figureStage};

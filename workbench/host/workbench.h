@@ -45,6 +45,7 @@ class CWorkbench final : IAddInSurroundings {
   void OnAddInGone() override;
   bool HoldsOldSinks() override { return m_outlook.Model().HoldsOldSinks(); }
   void OnConnectSet(bool connect);
+  void RegisterRunning();
 
   RegisteredAddIn m_addIn;
   CApplicationData m_data;
@@ -59,6 +60,7 @@ class CWorkbench final : IAddInSurroundings {
   COutlookStage m_outlookStage;
   CScreenStage m_screenStage;
   CEvidenceStage m_evidenceStage;
+  unsigned long m_running = 0;  // the entry in the running-object table
 };
 
 }  // namespace quor::workbench

@@ -26,6 +26,8 @@ const char kUsage[] =
     "  --calls           prints the add-in's calls of Outlook and the events that it receives\n"
     "  --addin PROGID    selects the add-in if several are registered\n"
     "  --contacts FILE   vCard file with the contacts, without a scenario\n"
+    "  --register-running\n"
+    "                    lets other programs find this Outlook by GetActiveObject\n"
     "  --data FOLDER     application-data folder, kept; default: a temporary one\n"
     "  --pictures FOLDER folder for screenshots\n"
     "  --unpainted       leaves Outlook's own windows blank; long runs take a third of the time\n"
@@ -131,6 +133,8 @@ class COptionReader {
       m_options.outcomes = Value(option);
     } else if (option == "--neighbours") {
       m_options.neighbours = true;
+    } else if (option == "--register-running") {
+      m_options.registerRunning = true;
     } else if (option == "--from") {
       m_options.sweepFrom = static_cast<unsigned>(Number(option, 1, 1'000'000));
     } else if (option == "--help") {

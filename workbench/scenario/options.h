@@ -28,7 +28,8 @@ struct Options {
   Inside inside = Inside::Fail;
   std::string
       outcomes;  // table of members whose failure may disable the telephone; empty: not checked
-  bool neighbours = false;  // other add-ins' windows and hook are always present
+  bool registerRunning = false;  // enters the application in the running-object table
+  bool neighbours = false;       // other add-ins' windows and hook are always present
 };
 
 // Throws CScenarioError for invalid options.
