@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "module/session_times.h"
+
 namespace quor::doctor {
 
 // What was found on a computer, before any conclusions. Texts are UTF-8.
@@ -67,6 +69,12 @@ struct UsbLibrary {
   std::vector<uint32_t> missingOrdinals;
 };
 
+// A base that the USB library lists.
+struct UsbBase {
+  std::string description;  // the product string, ASCII
+  bool isFree = false;      // could be opened; else a program uses it
+};
+
 struct SettingsFile {
   std::string path;
   bool exists = false;
@@ -95,7 +103,9 @@ struct Facts {
   std::vector<OutlookListEntry> listed;
   std::vector<Policy> policies;
   std::vector<UsbLibrary> libraries;
+  std::optional<std::vector<UsbBase>> bases;  // nothing: could not be told
   SettingsFile settings;
+  std::vector<SessionTimes> sessions;  // the oldest first
   RunningOutlook running;
 };
 

@@ -144,4 +144,12 @@ SettingsFile GatherSettings() {
   return settings;
 }
 
+std::vector<SessionTimes> GatherSessions() {
+  const std::string name = kSessionTimesFile;
+  const auto bytes = ReadFileBytes(ApplicationData() + L"\\Microsoft\\AddIns\\" +
+                                   std::wstring(name.begin(), name.end()));
+  if (!bytes) return {};
+  return ParseSessionTimes({reinterpret_cast<const char*>(bytes->data()), bytes->size()});
+}
+
 }  // namespace quor::doctor

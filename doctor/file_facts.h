@@ -24,6 +24,9 @@ std::string FileVersion(const std::wstring& path);
 // The add-in's files in the user's application-data folder.
 SettingsFile GatherSettings();
 
+// How long Outlook waited for the add-in, as the add-in has measured it.
+std::vector<SessionTimes> GatherSessions();
+
 }  // namespace quor::doctor
 
 #endif

@@ -202,6 +202,22 @@ constexpr std::array<Entry, kKinds> kEntries = {{
         "Remplacez-la par celle fournie avec la base."},
        {"Esta SiUSBXp.dll es demasiado antigua, le falta la función {1}: {0}",
         "Sustitúyala por la que venía con la base."}}}},
+    {"no-base",
+     {{{"Windows sees no telephone base.",
+        "Plug the base in, and install its driver if Windows asks for one."},
+       {"Windows ne voit aucune base téléphonique.",
+        "Branchez la base, et installez son pilote si Windows le demande."},
+       {"Windows no ve ninguna base telefónica.",
+        "Conecte la base e instale su controlador si Windows lo pide."}}}},
+    {"base-in-use",
+     {{{"A program uses the telephone base, and no Outlook with the plug-in is running: {0}",
+        "Close the program that uses the base, then start Outlook."},
+       {"Un programme utilise la base téléphonique, mais aucun Outlook avec le complément n'est "
+        "ouvert : {0}",
+        "Fermez le programme qui utilise la base, puis démarrez Outlook."},
+       {"Un programa usa la base telefónica y no hay ningún Outlook abierto con el complemento: "
+        "{0}",
+        "Cierre el programa que usa la base y abra Outlook."}}}},
     {"settings-unreadable",
      {{{"The settings file cannot be read: {0}",
         "Nothing needs to be done: at its next start the plug-in sets it aside and begins a new "
@@ -246,6 +262,21 @@ constexpr std::array<Entry, kKinds> kEntries = {{
        {"Outlook está abierto y no conoce el complemento.",
         "Cierre Outlook y vuelva a abrirlo; si no basta, ejecute de nuevo el programa de "
         "instalación."}}}},
+    {"slow",
+     {{{"In its last five sessions Outlook waited {0} ms for the plug-in {2}. From {1} ms on it "
+        "may "
+        "disable add-ins.",
+        "Nothing needs to be done yet; if Outlook disables the plug-in, mend it here and send a "
+        "report."},
+       {"Lors de ses cinq dernières sessions, Outlook a attendu le complément {0} ms {2}. À partir "
+        "de {1} ms, il peut désactiver un complément.",
+        "Il n'y a rien à faire pour l'instant ; si Outlook désactive le complément, réparez ici et "
+        "envoyez un rapport."},
+       {"En sus últimas cinco sesiones Outlook esperó al complemento {0} ms {2}. A partir de {1} "
+        "ms "
+        "puede deshabilitar un complemento.",
+        "Por ahora no hay que hacer nada; si Outlook deshabilita el complemento, repárelo aquí y "
+        "envíe un informe."}}}},
 }};
 
 using Words = std::array<const char*, kLanguages>;
@@ -263,6 +294,13 @@ constexpr Meaning kLoadBehaviors[] = {
     {8, {"on demand, not loaded", "à la demande, non chargé", "a petición, no cargado"}},
     {9, {"on demand, loaded", "à la demande, chargé", "a petición, cargado"}},
     {16, {"at the first start", "au premier démarrage", "en el primer inicio"}},
+};
+
+// The phases of a session, in the order of Slow's third argument.
+constexpr Meaning kPhases[] = {
+    {0, {"at its start", "à son démarrage", "al iniciarse"}},
+    {1, {"when folders changed", "au changement de dossier", "al cambiar de carpeta"}},
+    {2, {"when it closed", "à sa fermeture", "al cerrarse"}},
 };
 
 constexpr Meaning kReasons[] = {
@@ -311,6 +349,9 @@ Sentences InWords(const Finding& finding, Language language) {
   std::vector<std::string> arguments = finding.arguments;
   if (finding.kind == FindingKind::Kept && arguments.size() > 1) {
     arguments[1] = ReasonInWords(static_cast<uint32_t>(std::stoul(arguments[1])), language);
+  }
+  if (finding.kind == FindingKind::Slow && arguments.size() > 2) {
+    arguments[2] = MeaningOf(kPhases, static_cast<uint32_t>(std::stoul(arguments[2])), language);
   }
   return {Filled(text.what, arguments), Filled(text.cure, arguments)};
 }

@@ -27,8 +27,10 @@ class CExamination {
     LookAtPolicies();
     LookAtLists();
     LookAtLibraries();
+    LookAtBases();
     LookAtSettings();
     LookAtRunningOutlook();
+    LookAtTimes();
     return std::move(m_findings);
   }
 
@@ -165,6 +167,15 @@ class CExamination {
     }
   }
 
+  void LookAtBases() {
+    if (!m_facts.bases) return;
+    if (m_facts.bases->empty()) Add(FindingKind::NoBase);
+    const bool inOutlook = m_facts.running.connected.value_or(false);
+    for (const UsbBase& base : *m_facts.bases) {
+      if (!base.isFree && !inOutlook) Add(FindingKind::BaseInUse, {base.description});
+    }
+  }
+
   void LookAtSettings() {
     const SettingsFile& settings = m_facts.settings;
     if (settings.exists && !settings.readable)
@@ -182,6 +193,29 @@ class CExamination {
       Add(FindingKind::NotAmongAddIns);
     } else if (!*running.connected) {
       Add(FindingKind::NotConnected);
+    }
+  }
+
+  // As Outlook counts: the median of the last five sessions.
+  void LookAtTimes() {
+    constexpr size_t kSessions = 5;
+    const struct {
+      std::optional<uint32_t> SessionTimes::*time;
+      uint32_t limit;
+    } phases[] = {{&SessionTimes::start, kStartLimit},
+                  {&SessionTimes::folderSwitch, kFolderSwitchLimit},
+                  {&SessionTimes::shutdown, kShutdownLimit}};
+    for (size_t phase = 0; phase < std::size(phases); ++phase) {
+      std::vector<uint32_t> times;
+      for (auto each = m_facts.sessions.rbegin(); each != m_facts.sessions.rend(); ++each) {
+        const std::optional<uint32_t>& time = (*each).*phases[phase].time;
+        if (time && times.size() < kSessions) times.push_back(*time);
+      }
+      if (times.size() < kSessions) continue;
+      std::ranges::sort(times);
+      const uint32_t median = times[kSessions / 2];
+      if (median < phases[phase].limit) continue;
+      Add(FindingKind::Slow, {Number(median), Number(phases[phase].limit), Number(phase)});
     }
   }
 
@@ -204,7 +238,8 @@ bool IsMendable(FindingKind kind) {
 }
 
 bool IsNote(FindingKind kind) {
-  return kind == FindingKind::Kept || kind == FindingKind::SettingsAside;
+  return kind == FindingKind::Kept || kind == FindingKind::SettingsAside ||
+         kind == FindingKind::Slow;
 }
 
 std::vector<Finding> Examine(const Facts& facts) {

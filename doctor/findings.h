@@ -33,11 +33,14 @@ enum class FindingKind {
   LibraryMissing,
   LibraryOfOtherBitness,
   LibraryIncomplete,
+  NoBase,
+  BaseInUse,
   SettingsUnreadable,
   SettingsReadOnly,
   SettingsAside,
   NotConnected,
   NotAmongAddIns,
+  Slow,
   Count,
 };
 

@@ -15,6 +15,7 @@
 #include "doctor/pe_image.h"
 #include "doctor/registry_key.h"
 #include "doctor/running_outlook.h"
+#include "doctor/usb_bases.h"
 
 namespace quor::doctor {
 namespace {
@@ -177,6 +178,14 @@ void GatherLibrary(Facts& facts, int bitness) {
   facts.libraries.push_back(std::move(library));
 }
 
+void GatherBases(Facts& facts) {
+  constexpr int kOwnBitness = static_cast<int>(sizeof(void*)) * 8;
+  for (const UsbLibrary& library : facts.libraries) {
+    const bool loads = library.bitness == kOwnBitness && library.fileBitness == kOwnBitness;
+    if (loads && library.missingOrdinals.empty()) facts.bases = LookAtBases(Wide(library.path));
+  }
+}
+
 }  // namespace
 
 std::wstring AddInKeyPath() {
@@ -210,7 +219,9 @@ Facts Gather() {
   for (const int bitness : RegistryViews()) {
     GatherLibrary(facts, bitness);
   }
+  GatherBases(facts);
   facts.settings = GatherSettings();
+  facts.sessions = GatherSessions();
   facts.running = LookAtRunningOutlook();
   return facts;
 }

@@ -21,6 +21,13 @@ constexpr Words kEverybody = {"everybody", "tous", "todos"};
 constexpr Words kPlugIn = {"Plug-in", "Complément", "Complemento"};
 constexpr Words kSettings = {"Settings", "Paramètres", "Ajustes"};
 constexpr Words kLog = {"Diagnostic log", "Journal de diagnostic", "Registro de diagnóstico"};
+constexpr Words kBase = {"Base", "Base", "Base"};
+constexpr Words kFree = {"free", "libre", "libre"};
+constexpr Words kInUse = {"in use", "utilisée", "en uso"};
+constexpr Words kWaited = {"Outlook waited for the plug-in: start, folder change, shutdown, in ms",
+                           "Attente d'Outlook : démarrage, changement de dossier, fermeture, en ms",
+                           "Espera de Outlook: inicio, cambio de carpeta, cierre, en ms"};
+constexpr Words kLimits = {"limits", "limites", "límites"};
 constexpr Words kRuns = {"Outlook is running", "Outlook est ouvert", "Outlook está abierto"};
 constexpr Words kLoaded = {"plug-in loaded", "complément chargé", "complemento cargado"};
 
@@ -53,6 +60,30 @@ void AddFindings(CTextReport& report, const std::vector<Finding>& findings, Lang
   }
 }
 
+std::string Milliseconds(const std::optional<uint32_t>& time) {
+  return time ? std::to_string(*time) : "-";
+}
+
+void AddBases(CTextReport& report, const Facts& facts) {
+  if (!facts.bases) return;
+  const std::string start = std::string("  ") + report.Word(kBase) + ": ";
+  if (facts.bases->empty()) report.Line(start + report.Word(kNone));
+  for (const UsbBase& base : *facts.bases) {
+    report.Line(start + base.description + ", " + report.Word(base.isFree ? kFree : kInUse));
+  }
+}
+
+void AddSessions(CTextReport& report, const Facts& facts) {
+  if (facts.sessions.empty()) return;
+  report.Line(std::string("  ") + report.Word(kWaited) + " (" + report.Word(kLimits) + " " +
+              std::to_string(kStartLimit) + ", " + std::to_string(kFolderSwitchLimit) + ", " +
+              std::to_string(kShutdownLimit) + "):");
+  for (const SessionTimes& session : facts.sessions) {
+    report.Line("    " + session.began + ": " + Milliseconds(session.start) + ", " +
+                Milliseconds(session.folderSwitch) + ", " + Milliseconds(session.shutdown));
+  }
+}
+
 void AddFacts(CTextReport& report, const Facts& facts, Language language) {
   report.Line("");
   report.Line(std::string(report.Word(kLookedAt)) + ":");
@@ -76,6 +107,7 @@ void AddFacts(CTextReport& report, const Facts& facts, Language language) {
     report.Line("  SiUSBXp.dll, " + Bits(library.bitness) + ": " +
                 (library.path.empty() ? report.Word(kNone) : library.path));
   }
+  AddBases(report, facts);
   report.Line(std::string("  ") + report.Word(kSettings) + ": " + facts.settings.path +
               (facts.settings.exists ? "" : std::string(", ") + report.Word(kNone)));
   report.Line(std::string("  ") + report.Word(kLog) + ": " +
@@ -85,6 +117,7 @@ void AddFacts(CTextReport& report, const Facts& facts, Language language) {
     report.Line(std::string("  ") + report.Word(kLoaded) + ": " +
                 report.YesNo(facts.running.connected.value_or(false)));
   }
+  AddSessions(report, facts);
 }
 
 // Builds a JSON document; the caller ensures the order of keys and values.
@@ -229,6 +262,33 @@ void AddLibraries(CJson& json, const Facts& facts) {
   json.Close(']');
 }
 
+void AddBases(CJson& json, const Facts& facts) {
+  if (!facts.bases) return;
+  json.Key("bases");
+  json.Open('[');
+  for (const UsbBase& base : *facts.bases) {
+    json.Open('{');
+    json.TextAt("description", base.description);
+    json.FlagAt("free", base.isFree);
+    json.Close('}');
+  }
+  json.Close(']');
+}
+
+void AddSessions(CJson& json, const Facts& facts) {
+  json.Key("sessions");
+  json.Open('[');
+  for (const SessionTimes& session : facts.sessions) {
+    json.Open('{');
+    json.TextAt("began", session.began);
+    if (session.start) json.NumberAt("start", *session.start);
+    if (session.folderSwitch) json.NumberAt("folderSwitch", *session.folderSwitch);
+    if (session.shutdown) json.NumberAt("shutdown", *session.shutdown);
+    json.Close('}');
+  }
+  json.Close(']');
+}
+
 }  // namespace
 
 std::string TextReport(const Facts& facts, const std::vector<Finding>& findings,
@@ -250,7 +310,12 @@ std::string JsonReport(const Facts& facts, const std::vector<Finding>& findings,
   AddLibraries(json, facts);
   json.TextAt("settings", facts.settings.path);
   json.FlagAt("logIsOn", facts.settings.logIsOn);
+  AddBases(json, facts);
+  AddSessions(json, facts);
   json.FlagAt("outlookRuns", facts.running.runs);
+  if (facts.running.answers) {
+    json.FlagAt("connected", facts.running.connected.value_or(false));
+  }
   json.Close('}');
   return json.Take() + "\n";
 }

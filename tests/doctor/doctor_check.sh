@@ -3,9 +3,10 @@
 # findings in three languages, and lets it repair them. Needs a Wine prefix in the environment
 # (scripts/lib/wine.sh).
 #
-#   doctor_check.sh DOCTOR WIN32_DLL WIN64_DLL WIN64_SIUSBXP
+#   doctor_check.sh DOCTOR WIN32_DLL WIN64_DLL WIN64_SIUSBXP WIN32_COUNTED_BASES
 set -uo pipefail
-doctor=$1 dll32=$2 dll64=$3 library=$4
+doctor=$1 dll32=$2 dll64=$3 library=$4 counted=$5
+workbench=$(dirname "$library")/workbench.exe
 failed=0
 drive=$WINEPREFIX/drive_c
 addin='Software\Microsoft\Office\Outlook\Addins\QuorTelephoneToolbar.Addin'
@@ -49,6 +50,36 @@ expect_code 2 --nonsense
 expect_code 64 --library 'C:\Plug-in\x64\SiUSBXp.dll'
 expect_code 1 --library 'C:\Office\OUTLOOK.EXE'
 expect_code 2 --library 'C:\nowhere.dll'
+
+# Bases, which the 32-bit doctor sees through the 32-bit library only.
+cp "$counted" "$drive/Plug-in/x86/SiUSBXp.dll"
+BASES=0 expect "no-base" "no base plugged in"
+BASES=1 expect "" "a base that nobody uses"
+BASES=1 BASES_OPEN=8 expect "base-in-use" "a base that another program uses"
+
+# A running Outlook, with and without the plug-in connected.
+for view in 32 64; do
+  reg add 'HKLM\Software\Classes\Outlook.Application\CLSID' /ve /d '{0006F03A-0000-0000-C000-000000000046}' /f "/reg:$view"
+done
+while_outlook_runs() {  # scenario, findings, what: doctor's findings while the workbench plays it
+  printf '%s\n' "$1" 'wait 30000' >"$drive/running.scn"
+  wine "$workbench" --register-running --quiet 'C:\running.scn' </dev/null >/dev/null 2>&1 &
+  local outlook=$! found='' try
+  for try in $(seq 20); do
+    found=$(BASES=1 BASES_OPEN=8 findings 2>/dev/null)
+    [[ $found == "$2" ]] && break
+    sleep 0.5
+  done
+  [[ $found == "$2" ]] || { echo "$3: expected '$2', found '$found'" >&2; failed=1; }
+  kill "$outlook" 2>/dev/null
+  wait "$outlook" 2>/dev/null
+}
+while_outlook_runs "" "base-in-use not-connected" "Outlook without the plug-in"
+while_outlook_runs "start" "" "Outlook with the plug-in, which uses the base"
+rm "$drive/Plug-in/x86/SiUSBXp.dll"
+# The next run puts back where the application data is, which a killed one has changed.
+echo 'say "Nothing runs."' >"$drive/running.scn"
+wine "$workbench" --quiet 'C:\running.scn' </dev/null >/dev/null 2>&1
 
 planted() {  # finding, key, value, type, data, view: plants one value, looks, takes it away
   reg add "$2" /v "$3" /t "$4" /d "$5" /f "${6:-/reg:64}"
@@ -102,6 +133,14 @@ expect library-of-other-bitness "a 32-bit library"
 cp "$library" "$drive/Plug-in/x64/SiUSBXp.dll"
 settings=$(find "$drive/users" -type d -path "*$(id -un)/AppData/Roaming")/Microsoft/AddIns
 mkdir -p "$settings"
+for day in 1 2 3 4 5; do
+  printf '2026-01-0%s 08:00:00 start=1200 folder-switch=- shutdown=20\r\n' "$day"
+done >"$settings/vex_times.txt"
+expect slow "five slow starts"
+expect_code 0 --text
+[[ $(wine "$doctor" --text --language fr </dev/null 2>/dev/null) == *"2026-01-05 08:00:00: 1200, -, 20"* ]] ||
+  { echo "the times are not shown" >&2; failed=1; }
+rm "$settings/vex_times.txt"
 echo '<Root><System>' >"$settings/vex_cfg.xml"
 expect settings-unreadable "a settings file that is cut off"
 mv "$settings/vex_cfg.xml" "$settings/vex_cfg.bad.xml"
@@ -112,6 +151,14 @@ printf '2026/01/02 03:04:05.678 Call request Line1 (#0551234567) complete.\r\n' 
 expect_code 0 --report 'C:\report.txt'
 grep -q '(#0000000001) complete' "$drive/report.txt" || { echo "the report lacks the masked log" >&2; failed=1; }
 grep -qiE '0551234567|\\users\\'"$(id -un)" "$drive/report.txt" && { echo "the report contains a number or a name" >&2; failed=1; }
+# What is left of a real log gives the same events again.
+mkdir -p "$drive/run"
+wine "$workbench" --quiet --data 'C:\run' "$(wine winepath -w tests/scenarios/incoming_call.scn </dev/null 2>/dev/null | tr -d '\r')" </dev/null >/dev/null 2>&1
+cat "$drive"/run/Temp/catlog*.txt >"$settings/../../Temp/catlog20260103.txt"
+expect_code 0 --report 'C:\report.txt'
+wine "$workbench" --quiet --replay 'C:\report.txt' </dev/null >"$drive/replay.txt" 2>&1 ||
+  { echo "the masked log does not replay" >&2; tail "$drive/replay.txt" >&2; failed=1; }
+grep -aq '\[R\] (39)' "$drive/report.txt" || { echo "the report is without a caller's frame" >&2; failed=1; }
 expect_code 2 --report 'Q:\nowhere\report.txt'
 reg delete "HKLM\\$class" /f /reg:64
 expect class-missing "no class"

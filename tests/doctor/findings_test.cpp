@@ -38,6 +38,9 @@ TEST(FindingsTest, AWellComputerHasNone) {
   EXPECT_THAT(NamesOf(WellFacts()), IsEmpty());
   Facts running = WellFacts();
   running.running = {true, true, true, true};
+  running.bases = {{"Telephone", false}};  // Outlook uses it
+  for (const uint32_t shutdown : {600, 700, 499, 20, 499})
+    running.sessions.push_back({"2009-03-07 08:05:09", 999, 499, shutdown});
   EXPECT_THAT(NamesOf(running), IsEmpty());
 }
 
@@ -107,6 +110,11 @@ TEST(FindingsTest, EachFaultIsFoundAlone) {
       {"library-missing", [](Facts& f) { f.libraries[0].path.clear(); }},
       {"library-of-other-bitness", [](Facts& f) { f.libraries[0].fileBitness = 32; }},
       {"library-incomplete", [](Facts& f) { f.libraries[0].missingOrdinals = {15}; }},
+      {"no-base", [](Facts& f) { f.bases.emplace(); }},
+      {"base-in-use",
+       [](Facts& f) {
+         f.bases = {{"Telephone", false}};
+       }},
       {"settings-unreadable",
        [](Facts& f) {
          f.settings.exists = true;
@@ -121,6 +129,12 @@ TEST(FindingsTest, EachFaultIsFoundAlone) {
       {"not-among-add-ins",
        [](Facts& f) {
          f.running = {true, false, true, std::nullopt};
+       }},
+      // The median of the last five starts.
+      {"slow",
+       [](Facts& f) {
+         for (const uint32_t start : {5, 5, 5, 999, 2000, 1000, 3000, 10})
+           f.sessions.push_back({"2009-03-07 08:05:09", start, {}, {}});
        }},
   };
   std::set<std::string> found;
@@ -157,7 +171,7 @@ TEST(FindingTextsTest, EachFindingHasItsSentencesInEachLanguage) {
   for (size_t kind = 0; kind < static_cast<size_t>(FindingKind::Count); ++kind) {
     std::set<std::string> sentences;
     for (const Language language : {Language::English, Language::French, Language::Spanish}) {
-      const Finding finding{static_cast<FindingKind>(kind), {"{A}", "8"}};
+      const Finding finding{static_cast<FindingKind>(kind), {"{A}", "8", "1"}};
       const Sentences words = InWords(finding, language);
       sentences.insert(words.what);
       for (const std::string& text : {words.what, words.cure}) {

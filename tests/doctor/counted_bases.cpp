@@ -1,0 +1,42 @@
+// A SiUSBXp.dll for doctor.exe: as many bases as the environment's BASES says, which answer SI_Open
+// with BASES_OPEN.
+#include <windows.h>
+
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+int Setting(const char* name) {
+  const char* text = std::getenv(name);
+  return text != nullptr ? std::atoi(text) : 0;
+}
+
+}  // namespace
+
+extern "C" {
+
+int WINAPI SI_GetNumDevices(LPDWORD count) {
+  *count = static_cast<DWORD>(Setting("BASES"));
+  return 0;
+}
+
+int WINAPI SI_GetProductString(DWORD, LPVOID text, DWORD) {
+  std::strcpy(static_cast<char*>(text), "Cordless base");
+  return 0;
+}
+
+int WINAPI SI_Open(DWORD, HANDLE* handle) {
+  *handle = nullptr;
+  return Setting("BASES_OPEN");
+}
+
+int WINAPI SI_Close(HANDLE) {
+  return 0;
+}
+
+int WINAPI Unused() {
+  return 0xFF;
+}
+
+}  // extern "C"
