@@ -202,20 +202,21 @@ class CExamination {
     const struct {
       std::optional<uint32_t> SessionTimes::*time;
       uint32_t limit;
-    } phases[] = {{&SessionTimes::start, kStartLimit},
-                  {&SessionTimes::folderSwitch, kFolderSwitchLimit},
-                  {&SessionTimes::shutdown, kShutdownLimit}};
-    for (size_t phase = 0; phase < std::size(phases); ++phase) {
+      uint64_t number;
+    } phases[] = {{&SessionTimes::start, kStartLimit, 0},
+                  {&SessionTimes::folderSwitch, kFolderSwitchLimit, 1},
+                  {&SessionTimes::shutdown, kShutdownLimit, 2}};
+    for (const auto& phase : phases) {
       std::vector<uint32_t> times;
       for (auto each = m_facts.sessions.rbegin(); each != m_facts.sessions.rend(); ++each) {
-        const std::optional<uint32_t>& time = (*each).*phases[phase].time;
+        const std::optional<uint32_t>& time = (*each).*phase.time;
         if (time && times.size() < kSessions) times.push_back(*time);
       }
       if (times.size() < kSessions) continue;
       std::ranges::sort(times);
       const uint32_t median = times[kSessions / 2];
-      if (median < phases[phase].limit) continue;
-      Add(FindingKind::Slow, {Number(median), Number(phases[phase].limit), Number(phase)});
+      if (median < phase.limit) continue;
+      Add(FindingKind::Slow, {Number(median), Number(phase.limit), Number(phase.number)});
     }
   }
 
