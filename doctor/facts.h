@@ -72,7 +72,7 @@ struct UsbLibrary {
 // A base that the USB library lists.
 struct UsbBase {
   std::string description;  // the product string, ASCII
-  bool isFree = false;      // could be opened; else a program uses it
+  bool isFree = false;      // it could be opened; otherwise a program uses it
 };
 
 struct SettingsFile {
@@ -103,7 +103,7 @@ struct Facts {
   std::vector<OutlookListEntry> listed;
   std::vector<Policy> policies;
   std::vector<UsbLibrary> libraries;
-  std::optional<std::vector<UsbBase>> bases;  // nothing: could not be told
+  std::optional<std::vector<UsbBase>> bases;  // nothing: unknown
   SettingsFile settings;
   std::vector<SessionTimes> sessions;  // the oldest first
   RunningOutlook running;

@@ -24,7 +24,7 @@ std::string FileVersion(const std::wstring& path);
 // The add-in's files in the user's application-data folder.
 SettingsFile GatherSettings();
 
-// How long Outlook waited for the add-in, as the add-in has measured it.
+// How long Outlook waited for the add-in, as measured by the add-in.
 std::vector<SessionTimes> GatherSessions();
 
 }  // namespace quor::doctor

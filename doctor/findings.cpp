@@ -196,7 +196,7 @@ class CExamination {
     }
   }
 
-  // As Outlook counts: the median of the last five sessions.
+  // Uses the median of the last five sessions, as Outlook does.
   void LookAtTimes() {
     constexpr size_t kSessions = 5;
     const struct {

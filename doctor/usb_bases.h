@@ -9,9 +9,9 @@
 
 namespace quor::doctor {
 
-// Queries a complete USB library of this program's bitness. Nothing if the library cannot be loaded
-// or fails. Opens each base for a moment, which is how to tell whether a program uses it; a base in
-// use is not disturbed.
+// Queries a complete USB library of this program's bitness. Returns nothing if the library cannot
+// be loaded or fails. Opens each base briefly, which shows whether a program uses it; a base in use
+// is not disturbed.
 std::optional<std::vector<UsbBase>> LookAtBases(const std::wstring& libraryPath);
 
 }  // namespace quor::doctor

@@ -19,7 +19,7 @@ TEST(ComBoundary, EveryExceptionBecomesItsResultAndALine) {
     const char* line;
   } rows[] = {
       {[] { throw _com_error(E_ACCESSDENIED); }, E_ACCESSDENIED, "0x80070005"},
-      // An error that reports success must not look like one.
+      // An exception with a success code must still be a failure.
       {[] { throw _com_error(S_FALSE); }, E_FAIL, "0x80004005"},
       {[] { throw std::bad_alloc(); }, E_OUTOFMEMORY, "0x8007000E"},
       {[] { throw std::runtime_error("x"); }, E_UNEXPECTED, "0x8000FFFF"},
@@ -58,7 +58,7 @@ TEST(ComTexts, KeepNulsAndNullIsEmpty) {
   EXPECT_EQ(V_ERROR(&missing), DISP_E_PARAMNOTFOUND);
 }
 
-// What our code relies on: adoption adds no reference, a copy adds one, a move none.
+// Our code relies on this: adopting adds no reference, a copy adds one, a move none.
 TEST(ComPointers, AdoptCopyAndMove) {
   struct CCounted final : IUnknown {
     STDMETHODIMP QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }

@@ -19,7 +19,7 @@ class CSource final : public IConnectionPointContainer, public IConnectionPoint 
   HRESULT advise = S_OK;
   HRESULT unadvise = S_OK;
   std::function<void()> whileAdvising;
-  IDispatch* sink = nullptr;  // counted, as Outlook holds it
+  IDispatch* sink = nullptr;  // with a reference, as in Outlook
   ULONG references = 1;
 
   void Raise(DISPID event) {
@@ -69,7 +69,7 @@ class CSource final : public IConnectionPointContainer, public IConnectionPoint 
 class EventConnection : public testing::Test, protected ILogWriter {
  protected:
   EventConnection() { m_log.SetEnabled(true); }
-  // Whatever happened, nothing of the source's is held and no sink is left.
+  // In every case nothing of the source is held and no sink is left.
   void TearDown() override {
     m_connection.Unadvise();
     m_source.LetGo();
@@ -117,7 +117,7 @@ TEST_F(EventConnection, AFailedAdviseHoldsNothing) {
   EXPECT_EQ(m_connection.Advise(nullptr, kEvents, {}), E_POINTER);
   m_source.find = CONNECT_E_NOCONNECTION;
   EXPECT_EQ(Advise(), CONNECT_E_NOCONNECTION);
-  m_source.find = S_FALSE;  // success without a point
+  m_source.find = S_FALSE;  // success without a connection point
   EXPECT_EQ(Advise(), CONNECT_E_NOCONNECTION);
   m_source.find = S_OK;
   m_source.advise = CONNECT_E_ADVISELIMIT;

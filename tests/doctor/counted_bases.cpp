@@ -1,5 +1,5 @@
-// A SiUSBXp.dll for doctor.exe: as many bases as the environment's BASES says, which answer SI_Open
-// with BASES_OPEN.
+// A SiUSBXp.dll for doctor.exe: lists as many bases as the environment variable BASES says, and
+// returns BASES_OPEN from SI_Open.
 #include <windows.h>
 
 #include <cstdlib>

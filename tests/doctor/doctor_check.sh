@@ -51,17 +51,17 @@ expect_code 64 --library 'C:\Plug-in\x64\SiUSBXp.dll'
 expect_code 1 --library 'C:\Office\OUTLOOK.EXE'
 expect_code 2 --library 'C:\nowhere.dll'
 
-# Bases, which the 32-bit doctor sees through the 32-bit library only.
+# The bases; the 32-bit doctor sees them through the 32-bit library only.
 cp "$counted" "$drive/Plug-in/x86/SiUSBXp.dll"
 BASES=0 expect "no-base" "no base plugged in"
 BASES=1 expect "" "a base that nobody uses"
 BASES=1 BASES_OPEN=8 expect "base-in-use" "a base that another program uses"
 
-# A running Outlook, with and without the plug-in connected.
+# A running Outlook, with and without the add-in connected.
 for view in 32 64; do
   reg add 'HKLM\Software\Classes\Outlook.Application\CLSID' /ve /d '{0006F03A-0000-0000-C000-000000000046}' /f "/reg:$view"
 done
-while_outlook_runs() {  # scenario, findings, what: doctor's findings while the workbench plays it
+while_outlook_runs() {  # scenario, findings, what: checks doctor's findings while the workbench plays the scenario
   printf '%s\n' "$1" 'wait 30000' >"$drive/running.scn"
   wine "$workbench" --register-running --quiet 'C:\running.scn' </dev/null >/dev/null 2>&1 &
   local outlook=$! found='' try
@@ -77,7 +77,7 @@ while_outlook_runs() {  # scenario, findings, what: doctor's findings while the 
 while_outlook_runs "" "base-in-use not-connected" "Outlook without the plug-in"
 while_outlook_runs "start" "" "Outlook with the plug-in, which uses the base"
 rm "$drive/Plug-in/x86/SiUSBXp.dll"
-# The next run puts back where the application data is, which a killed one has changed.
+# A killed run has redirected the application data; the next run restores it.
 echo 'say "Nothing runs."' >"$drive/running.scn"
 wine "$workbench" --quiet 'C:\running.scn' </dev/null >/dev/null 2>&1
 
@@ -151,14 +151,14 @@ printf '2026/01/02 03:04:05.678 Call request Line1 (#0551234567) complete.\r\n' 
 expect_code 0 --report 'C:\report.txt'
 grep -q '(#0000000001) complete' "$drive/report.txt" || { echo "the report lacks the masked log" >&2; failed=1; }
 grep -qiE '0551234567|\\users\\'"$(id -un)" "$drive/report.txt" && { echo "the report contains a number or a name" >&2; failed=1; }
-# What is left of a real log gives the same events again.
+# The masked log of a real session gives the same events when replayed.
 mkdir -p "$drive/run"
 wine "$workbench" --quiet --data 'C:\run' "$(wine winepath -w tests/scenarios/incoming_call.scn </dev/null 2>/dev/null | tr -d '\r')" </dev/null >/dev/null 2>&1
 cat "$drive"/run/Temp/catlog*.txt >"$settings/../../Temp/catlog20260103.txt"
 expect_code 0 --report 'C:\report.txt'
 wine "$workbench" --quiet --replay 'C:\report.txt' </dev/null >"$drive/replay.txt" 2>&1 ||
   { echo "the masked log does not replay" >&2; tail "$drive/replay.txt" >&2; failed=1; }
-grep -aq '\[R\] (39)' "$drive/report.txt" || { echo "the report is without a caller's frame" >&2; failed=1; }
+grep -aq '\[R\] (39)' "$drive/report.txt" || { echo "the report lacks a caller's frame" >&2; failed=1; }
 expect_code 2 --report 'Q:\nowhere\report.txt'
 reg delete "HKLM\\$class" /f /reg:64
 expect class-missing "no class"

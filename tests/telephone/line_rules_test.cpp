@@ -31,14 +31,14 @@ TEST(LineReports, ChangeTheRecordAndTheSavedOne) {
   } rows[] = {
       {kToolbarVersion, {1, 1, 1}, 2, 3, 2, 4, {2, 2, 3, 4, kCells, 0, 2}, kept},
       {kToolbarVersion, {1, 1, 1}, 2, 1, 0, 2, {0, 2, 1, 2, kCells, 1, 0}, kept},
-      // A line is held: the others, if idle, count as busy; the saved record has the report.
+      // A line is held: other idle lines become busy, and the saved record gets the report.
       {kToolbarVersion, {5, 1, 1}, 1, 1, 0, 2, {1, 5, 2, 2, 0x15, 1, 1}, {0, 11, 1, 2, 14, 1, 0}},
       {kToolbarVersion, {2, 5, 2}, 3, 1, 1, 1, {1, 3, 5, 2, 0x15, 1, 1}, {1, 3, 12, 1, 14, 1, 1}},
       {kToolbarVersion, {2, 2, 5}, 1, 2, 2, 1, {1, 2, 2, 5, 0x15, 1, 1}, {2, 1, 2, 13, 14, 1, 2}},
       {kToolbarVersion, {5, 5, 1}, 1, 1, 0, 2, {1, 5, 2, 2, 0x15, 1, 1}, {0, 11, 1, 2, 14, 1, 0}},
-      // The report for the held line ends the hold.
+      // A report that changes the held line ends the hold.
       {kToolbarVersion, {5, 1, 1}, 3, 2, 0, 2, {0, 3, 2, 2, kCells, 0, 0}, kept},
-      // The ribbon holds no line, and its box is usable while any line is idle.
+      // The ribbon holds no line, and its dial box is enabled while any line is idle.
       {kRibbonVersion, {5, 1, 1}, 1, 2, 0, 2, {1, 1, 2, 2, kCells, 1, 1}, kept},
       {kRibbonVersion, {1, 1, 1}, 2, 2, 2, 2, {2, 2, 2, 2, kCells, 0, 2}, kept},
   };

@@ -19,8 +19,8 @@ constexpr wchar_t kFoldersKey[] =
     L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
 constexpr wchar_t kValueName[] = L"AppData";
 
-// Where the user's own folder is kept while a run uses another. A run that was killed leaves it
-// behind. An empty value means that there was none.
+// Holds the user's own folder while a run uses another. A killed run leaves it behind. An empty
+// value means that there was none.
 constexpr wchar_t kKeptKey[] = L"Software\\Quor\\Workbench";
 constexpr wchar_t kRunning[] = L"quor-workbench-application-data";
 
@@ -39,7 +39,7 @@ void WriteFolder(const wchar_t* key, const std::wstring& value) {
   RegSetKeyValueW(HKEY_CURRENT_USER, key, kValueName, REG_EXPAND_SZ, value.c_str(), bytes);
 }
 
-// An empty one removes the setting.
+// An empty folder removes the setting.
 void Restore(const std::wstring& folder) {
   if (folder.empty()) {
     RegDeleteKeyValueW(HKEY_CURRENT_USER, kFoldersKey, kValueName);

@@ -39,7 +39,7 @@ class CApplicationData {
   bool m_temporary;
   std::wstring m_before;  // the folder setting; empty: there was none
   void* m_running;        // a mutex that exists while a workbench runs
-  bool m_isFirst;         // no other workbench runs
+  bool m_isFirst;         // no other workbench is running
 };
 
 // The content of any file; nothing if it cannot be read.

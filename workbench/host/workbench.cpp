@@ -92,7 +92,7 @@ CWorkbench::~CWorkbench() {
   if (m_running != 0) RevokeActiveObject(m_running, nullptr);
 }
 
-// The table holds no reference, so that what the add-in holds can be counted.
+// Adds a weak entry, without a reference, so that the counts of what the add-in holds stay correct.
 void CWorkbench::RegisterRunning() {
   CLSID classId;
   const HRESULT found = CLSIDFromProgID(L"Outlook.Application", &classId);

@@ -13,7 +13,7 @@ std::string Upper(std::string_view text) {
   return upper;
 }
 
-// The parts of a value, cut at unescaped semicolons; \n, \, \; and \\ undone.
+// The decoded parts of a value, which are separated by unescaped semicolons.
 std::vector<std::string> Parts(std::string_view value) {
   std::vector<std::string> parts(1);
   for (size_t i = 0; i < value.size(); ++i) {
@@ -36,8 +36,8 @@ std::string Text(std::string_view value) {
   return text;
 }
 
-// The fields that a number of these types may take, the preferred one first. `types` is what
-// stands between name and value: ";VALUE=uri;TYPE="work,fax"", in upper case.
+// The fields that may hold a number of these types, the preferred one first. `types` is the text
+// between name and value in upper case: ";VALUE=uri;TYPE="work,fax"".
 std::vector<NumberKind> KindsFor(const std::string& types) {
   using enum NumberKind;
   const auto has = [&types](const char* type) { return types.find(type) != std::string::npos; };

@@ -8,28 +8,27 @@
 
 namespace quor::workbench {
 
-// Address books as vCard text (RFC 6350), UTF-8, as far as scenarios and make-address-book write
-// it.
+// Address books as vCard text (RFC 6350), UTF-8, to the extent that scenarios and make-address-book
+// use it.
 //
-// Read from a card: FN, N, ORG, NOTE, TEL, KIND (a group becomes a distribution list), MEMBER, and
+// Properties read: FN, N, ORG, NOTE, TEL, KIND (a group becomes a distribution list), MEMBER, and
 // two of our own:
-//   X-FILE-AS   what Outlook shows for the contact; without it "Last, First", or what there is of
-//               the two, or the company, or FN
+//   X-FILE-AS   the contact's File As; default: "Last, First", or the one of the two that exists,
+//               or the company, or FN
 //   X-FOLDER    the card's folder: "Customers/North" below the contacts folder, or from the top
 //               with a leading slash: "/Archive Folders/Contacts", "/Deleted Items"
-// Everything else is skipped.
+// Other properties are ignored.
 //
-// The TYPE of a TEL, a list in any case, chooses the number's field:
+// The TYPE of a TEL, a list in any case, selects the number's field:
 //   work, home, cell         Business, Home, Mobile; a second work or home Business2, Home2
 //   fax                      with work BusinessFax, with home HomeFax, else OtherFax
 //   pager, car, isdn         Pager, Car, ISDN
-//   x-assistant, x-callback, x-company, x-other, x-primary, x-radio, x-telex, x-tty   the one
-//   named;
-//                            x-company is CompanyMain
+//   x-assistant, x-callback, x-company, x-other, x-primary, x-radio, x-telex, x-tty   the field
+//                            of that name; x-company is CompanyMain
 //   none of these            Other, then Primary
-// A number whose fields are taken goes to Other; when that is taken too it is an error.
+// A number whose fields are all used goes to Other; if that is used, too, this is an error.
 
-// A contact's nineteen number fields, in the order in which the stand-in lists its properties.
+// A contact's nineteen number fields, in the stand-in's property order.
 enum class NumberKind {
   Assistant,
   Business,
@@ -63,14 +62,14 @@ struct Card {
   std::string firstName;
   std::string lastName;
   std::string company;
-  std::string fileAs;  // never empty where there is any name
+  std::string fileAs;  // not empty if there is any name
   std::string note;
   std::string folder;
-  std::vector<CardNumber> numbers;   // at most one of a kind
+  std::vector<CardNumber> numbers;   // at most one of each kind
   std::vector<std::string> members;  // of a group, as written
 };
 
-// What is wrong with a text, and in which line (from 1).
+// An error in a text, and its line (from 1).
 class CCardError : public std::runtime_error {
  public:
   CCardError(int line, const std::string& text)

@@ -27,7 +27,7 @@ TEST(ApplicationData, AKilledRunIsUndoneByTheNext) {
   EXPECT_NE(AppData(), before);
   { const CApplicationData next(L""); }
   EXPECT_EQ(AppData(), before);
-  // It is forgotten then: what the user changes later stays.
+  // The saved folder is then dropped: a later change by the user stays.
   { const CApplicationData later(L""); }
   EXPECT_EQ(AppData(), before);
 }
