@@ -10,10 +10,6 @@ namespace {
 
 constexpr const char* kDeleteLine = "CAddin::DeleteContactSearchData";
 
-bool IsIndexedType(int telNumberType) {
-  return telNumberType >= kFirstTelNumberType && telNumberType <= kLastTelNumberType;
-}
-
 // Returns nothing if the key cannot be in the table.
 std::optional<DialTail> PackKey(int digit, std::string_view key) {
   const auto tail = PackDialTail(key);
@@ -68,14 +64,14 @@ void CPhoneNumberIndex::OnContactItemDelete(IContactItem& contact) {
 
 void CPhoneNumberIndex::AddContactSearchData(std::string_view number, std::string_view entryId,
                                              int telNumberType, std::string_view /*fileAs*/) {
-  if (IsIndexedType(telNumberType)) EnterNumber(m_entryIds.Enter(entryId), number, telNumberType);
+  if (IsTelNumberType(telNumberType)) EnterNumber(m_entryIds.Enter(entryId), number, telNumberType);
 }
 
 void CPhoneNumberIndex::InsertContactSearchData(int digit, std::string_view key,
                                                 std::string_view entryId, int telNumberType,
                                                 std::string_view /*fileAs*/) {
   const auto tail = PackKey(digit, key);
-  if (!tail || !IsIndexedType(telNumberType)) return;
+  if (!tail || !IsTelNumberType(telNumberType)) return;
   EnterKeys(m_entryIds.Enter(entryId), {*tail, TableBit(digit)}, telNumberType);
 }
 
@@ -89,7 +85,7 @@ void CPhoneNumberIndex::DeleteContactSearchData(int digit, std::string_view key,
   LogRecord(kDeleteLine, digit, key, entryId, telNumberType);
   const auto tail = PackKey(digit, key);
   const auto owner = m_entryIds.Find(entryId);
-  if (!tail || !owner || !IsIndexedType(telNumberType)) return;
+  if (!tail || !owner || !IsTelNumberType(telNumberType)) return;
   m_postings.RemoveFirst({*tail, TableBit(digit)}, CRecord(*owner, telNumberType));
 }
 
@@ -142,7 +138,7 @@ void CPhoneNumberIndex::DeleteKeysOf(uint32_t owner, int telNumberType) {
       LogRecord(kDeleteLine, digit, UnpackDialTail(KeyInTable(keys.Number(), digit)), entryId,
                 telNumberType);
     }
-    if (IsIndexedType(telNumberType)) {
+    if (IsTelNumberType(telNumberType)) {
       m_postings.RemoveFirst(keys, CRecord(owner, telNumberType));
     }
   }

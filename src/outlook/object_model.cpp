@@ -41,26 +41,26 @@ REFIID CContactItem::InterfaceId() noexcept {
 namespace {
 
 CMemberId& TelephoneMember(int telNumberType) {
-  static CMemberId members[kTelNumberTypeCount] = {CMemberId(L"AssistantTelephoneNumber"),
-                                                   CMemberId(L"BusinessTelephoneNumber"),
-                                                   CMemberId(L"Business2TelephoneNumber"),
-                                                   CMemberId(L"CallbackTelephoneNumber"),
-                                                   CMemberId(L"CarTelephoneNumber"),
-                                                   CMemberId(L"CompanyMainTelephoneNumber"),
-                                                   CMemberId(L"HomeTelephoneNumber"),
-                                                   CMemberId(L"Home2TelephoneNumber"),
-                                                   CMemberId(L"ISDNNumber"),
-                                                   CMemberId(L"MobileTelephoneNumber"),
-                                                   CMemberId(L"OtherTelephoneNumber"),
-                                                   CMemberId(L"PrimaryTelephoneNumber")};
-  if (telNumberType < 1 || telNumberType > kTelNumberTypeCount) _com_issue_error(E_INVALIDARG);
-  return members[telNumberType - 1];
+  static CMemberId members[kLastTelNumberType] = {CMemberId(L"AssistantTelephoneNumber"),
+                                                  CMemberId(L"BusinessTelephoneNumber"),
+                                                  CMemberId(L"Business2TelephoneNumber"),
+                                                  CMemberId(L"CallbackTelephoneNumber"),
+                                                  CMemberId(L"CarTelephoneNumber"),
+                                                  CMemberId(L"CompanyMainTelephoneNumber"),
+                                                  CMemberId(L"HomeTelephoneNumber"),
+                                                  CMemberId(L"Home2TelephoneNumber"),
+                                                  CMemberId(L"ISDNNumber"),
+                                                  CMemberId(L"MobileTelephoneNumber"),
+                                                  CMemberId(L"OtherTelephoneNumber"),
+                                                  CMemberId(L"PrimaryTelephoneNumber")};
+  if (!IsTelNumberType(telNumberType)) _com_issue_error(E_INVALIDARG);
+  return members[telNumberType - kFirstTelNumberType];
 }
 
 }  // namespace
 
 int TelNumberTypeOf(std::wstring_view property) {
-  for (int type = 1; type <= kTelNumberTypeCount; ++type) {
+  for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
     if (property == TelephoneMember(type).Name()) return type;
   }
   return 0;

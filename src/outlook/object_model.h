@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "com/dispatch_object.h"
+#include "outlook/tel_number_type.h"
 
 namespace quor {
 
@@ -46,9 +47,6 @@ inline constexpr DISPID kEventItemRemove = 0xF003;
 inline constexpr DISPID kEventFolderAdd = 0xF001;
 inline constexpr DISPID kEventFolderChange = 0xF002;
 inline constexpr DISPID kEventFolderRemove = 0xF003;
-
-// The contact's number fields that the add-in indexes, in the order of telNumberType 1 to 12.
-inline constexpr int kTelNumberTypeCount = 12;
 
 class CContactItem : public CDispatchObject {
  public:

@@ -88,7 +88,7 @@ void CContactBar::AddMenu(const CCommandBarControls& controls, unsigned number,
   m_menu = CCommandBarPopup(controls.Add(kControlPopup));
   m_menu.SetTag(Tag(kMenuTag, number));
   const CCommandBarControls items = m_menu.Controls();
-  for (int type = 1; type <= kTelNumberTypeCount; ++type) {
+  for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
     m_numbers.push_back(
         std::make_shared<CNumberItem>(items, number, type, actions, m_owner, m_log));
   }

@@ -30,7 +30,7 @@ class IContactBarActions {
 
 struct ContactBarFaces {
   ItemFace menu;
-  std::array<ItemFace, kTelNumberTypeCount> numbers;  // in the order of telNumberType
+  std::array<ItemFace, kLastTelNumberType> numbers;  // in the order of telNumberType
   std::array<ItemFace, 2> lines;
 };
 

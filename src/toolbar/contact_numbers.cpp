@@ -30,7 +30,7 @@ bool IsSameContact(const CContactItem& one, const CContactItem& other) {
 
 std::vector<ContactNumber> NumbersOf(const CContactItem& contact, CDiagnosticLog& log) {
   std::vector<ContactNumber> numbers;
-  for (int type = 1; contact && type <= kTelNumberTypeCount; ++type) {
+  for (int type = kFirstTelNumberType; contact && type <= kLastTelNumberType; ++type) {
     std::wstring number = NumberOf(contact, type, log);
     if (!number.empty()) numbers.push_back({type, std::move(number)});
   }
@@ -38,7 +38,7 @@ std::vector<ContactNumber> NumbersOf(const CContactItem& contact, CDiagnosticLog
 }
 
 ContactNumber FirstNumberOf(const CContactItem& contact, CDiagnosticLog& log) {
-  for (int type = 1; contact && type <= kTelNumberTypeCount; ++type) {
+  for (int type = kFirstTelNumberType; contact && type <= kLastTelNumberType; ++type) {
     std::wstring number = NumberOf(contact, type, log);
     if (!number.empty()) return {type, std::move(number)};
   }

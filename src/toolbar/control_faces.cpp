@@ -1,5 +1,6 @@
 #include "toolbar/control_faces.h"
 
+#include "outlook/tel_number_type.h"
 #include "resources/resource_ids.h"
 #include "telephone/caller_list.h"
 #include "telephone/line_states.h"
@@ -7,8 +8,6 @@
 namespace quor {
 
 namespace {
-
-constexpr int kTelNumberTypes = 12;
 
 int CaptionText(const TelephoneState& state, int control, bool withAnswer) noexcept {
   switch (control) {
@@ -91,7 +90,7 @@ ItemFace CControlFaces::SpeedDial(size_t entry, SpeedDialAction action) const {
 }
 
 ItemFace CControlFaces::ContactNumber(int telNumberType, std::wstring_view number) const {
-  if (telNumberType < 1 || telNumberType > kTelNumberTypes) return {};
+  if (!IsTelNumberType(telNumberType)) return {};
   std::wstring caption = m_texts.Text(IDS_NUMBER_KIND + telNumberType);
   if (number.empty()) return {caption, false, false};
   return {caption + L": " + MenuCaption(number), true, true};
