@@ -4,6 +4,7 @@
 
 #include "com/com_boundary.h"
 #include "device/line_type.h"
+#include "toolbar/flag_scope.h"
 #include "toolbar/telephone_bar.h"
 
 namespace quor {
@@ -21,18 +22,6 @@ long OfficeType(ControlKind kind) noexcept {
       return kControlButton;
   }
 }
-
-class CFlagScope {
- public:
-  explicit CFlagScope(bool& flag) noexcept : m_flag(flag), m_before(std::exchange(flag, true)) {}
-  ~CFlagScope() { m_flag = m_before; }
-  CFlagScope(const CFlagScope&) = delete;
-  CFlagScope& operator=(const CFlagScope&) = delete;
-
- private:
-  bool& m_flag;
-  bool m_before;
-};
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 #include "com/com_boundary.h"
 #include "resources/resource_ids.h"
 #include "telephone/control_state.h"
+#include "toolbar/flag_scope.h"
 
 namespace quor {
 
@@ -66,8 +67,8 @@ void CContactWindow::SwitchContact(const CContactItem& contact) {
 
 void CContactWindow::MakeBar() noexcept {
   if (!HasBar() || m_bar || m_makingBar) return;
-  m_makingBar = true;
   GuardCall(m_log, "command bar of the contact", [this] {
+    const CFlagScope making(m_makingBar);
     const CInspector inspector = m_inspector;
     if (!inspector) return;
     const CCommandBars bars(inspector.CommandBars());
@@ -78,7 +79,6 @@ void CContactWindow::MakeBar() noexcept {
     // Drop the bar if the window closed meanwhile.
     if (m_inspector) m_bar = bar;
   });
-  m_makingBar = false;
   Draw();
 }
 

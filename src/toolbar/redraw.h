@@ -1,6 +1,8 @@
 #ifndef QUOR_TOOLBAR_REDRAW_H
 #define QUOR_TOOLBAR_REDRAW_H
 
+#include "toolbar/flag_scope.h"
+
 namespace quor {
 
 // Serialises the redraws of one object. A redraw calls into Office, which may pump messages and
@@ -13,7 +15,7 @@ class CRedraw {
   void Run(Draw&& draw) {
     ++m_requests;
     if (m_running) return;
-    const CRunning running(m_running);
+    const CFlagScope running(m_running);
     unsigned served = 0;
     do {
       served = m_requests;
@@ -22,17 +24,6 @@ class CRedraw {
   }
 
  private:
-  class CRunning {
-   public:
-    explicit CRunning(bool& flag) noexcept : m_flag(flag) { m_flag = true; }
-    ~CRunning() { m_flag = false; }
-    CRunning(const CRunning&) = delete;
-    CRunning& operator=(const CRunning&) = delete;
-
-   private:
-    bool& m_flag;
-  };
-
   bool m_running = false;
   unsigned m_requests = 0;
 };
