@@ -77,7 +77,7 @@ std::wstring CAboutDlg::ContactsText(const AboutFacts& facts) const {
   if (facts.contactsAreBeingRead) return m_resources.Text(IDS_CONTACTS_READING);
   return Insert(
       m_resources.Text(facts.contactsWereLeftOut ? IDS_CONTACTS_LIMIT : IDS_CONTACTS_READ),
-      {DecimalText(facts.contacts), std::to_wstring(facts.items)});
+      {DecimalText(facts.contacts), DecimalText(facts.items)});
 }
 
 std::wstring CAboutDlg::ConfigurationText(const AboutFacts& facts) const {
