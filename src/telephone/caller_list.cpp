@@ -1,19 +1,8 @@
 #include "telephone/caller_list.h"
 
-#include <algorithm>
-
 #include "settings/entry_text.h"
 
 namespace quor {
-
-std::wstring_view CallerCaption(std::wstring_view label) noexcept {
-  return CutText(label, kCallerCaptionLimit);
-}
-
-CallerListItem CallerItem(const std::vector<CallEntry>& callers, size_t entry) {
-  if (entry >= std::min(callers.size(), kCallerListLimit)) return {};
-  return {std::wstring(CallerCaption(callers[entry].name)), true};
-}
 
 void CCallerList::Add(const std::wstring& name, const std::wstring& number) {
   std::vector<CallEntry>& list = m_with.configuration.callerLists;

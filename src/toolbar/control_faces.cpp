@@ -1,13 +1,17 @@
 #include "toolbar/control_faces.h"
 
+#include <algorithm>
+
 #include "outlook/tel_number_type.h"
 #include "resources/resource_ids.h"
-#include "telephone/caller_list.h"
+#include "settings/entry_text.h"
 #include "telephone/line_states.h"
 
 namespace quor {
 
 namespace {
+
+constexpr size_t kMenuCaptionLimit = 50;  // UTF-16 units
 
 int CaptionText(const TelephoneState& state, int control, bool withAnswer) noexcept {
   switch (control) {
@@ -34,7 +38,7 @@ int CaptionText(const TelephoneState& state, int control, bool withAnswer) noexc
 
 std::wstring MenuCaption(std::wstring_view name) {
   std::wstring caption;
-  for (const wchar_t character : CallerCaption(name)) {
+  for (const wchar_t character : CutText(name, kMenuCaptionLimit)) {
     caption += character;
     if (character == L'&') caption += character;
   }
@@ -65,8 +69,9 @@ ItemFace CControlFaces::Cell(size_t cell) const {
 }
 
 ItemFace CControlFaces::Caller(size_t entry) const {
-  const CallerListItem item = CallerItem(m_configuration.callerLists, entry);
-  return {MenuCaption(item.caption), item.visible, item.visible};
+  const std::vector<CallEntry>& callers = m_configuration.callerLists;
+  if (entry >= std::min(callers.size(), kCallerListLimit)) return {};
+  return {MenuCaption(callers[entry].name), true, true};
 }
 
 bool CControlFaces::IsInUse(size_t speedDialEntry) const noexcept {

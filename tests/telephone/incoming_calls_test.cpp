@@ -179,24 +179,6 @@ TEST(CallerList, TenNewestFirstAndEveryCallCounts) {
   EXPECT_EQ(desk.configuration.callerLists[9].name, L"N 100");
 }
 
-TEST(CallerList, MenuShowsFiftyUnitsAndHidesTheRest) {
-  CTelephoneDesk desk;
-  const std::wstring label(49, L'x');
-  desk.configuration.callerLists = {
-      {label + L"yz", L"", L""},
-      {label + std::wstring{wchar_t{0xD83D}, wchar_t{0xDE00}}, L"", L""},
-      {label, L"", L""}};
-  const auto item = [&](size_t entry) { return CallerItem(desk.configuration.callerLists, entry); };
-  EXPECT_EQ(item(0).caption, label + L"y");
-  EXPECT_EQ(item(1).caption, label) << "no half character";
-  EXPECT_EQ(item(2).caption, label);
-  for (size_t i = 0; i < 12; ++i) {
-    EXPECT_EQ(item(i).visible, i < 3);
-    EXPECT_EQ(item(i).caption.empty(), i >= 3);
-  }
-  EXPECT_EQ(desk.configuration.callerLists[0].name.size(), 51u);
-}
-
 TEST(ClosePopup, HidesTheWindowOrLooksTheNumberUp) {
   CTelephoneDesk desk;
   desk.configuration.popUpModes = {2, 1, 1, 1, 1, 2};

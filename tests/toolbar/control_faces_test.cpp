@@ -75,5 +75,24 @@ TEST(ToolbarLayout, EveryTagIsUnique) {
   EXPECT_EQ(tags.size(), count);
 }
 
+TEST(CallerMenu, ShowsFiftyUnitsAndHidesTheRest) {
+  FacesFixture fixture;
+  const std::wstring label(49, L'x');
+  fixture.configuration.callerLists = {
+      {label + L"yz", L"", L""},
+      {label + std::wstring{wchar_t{0xD83D}, wchar_t{0xDE00}}, L"", L""},
+      {L"Tom & Co", L"", L""}};
+  EXPECT_EQ(fixture.Faces().Caller(0).caption, label + L"y");
+  EXPECT_EQ(fixture.Faces().Caller(1).caption, label) << "no half character";
+  EXPECT_EQ(fixture.Faces().Caller(2).caption, L"Tom && Co") << "no access key";
+  for (size_t entry = 0; entry < 12; ++entry) {
+    EXPECT_EQ(fixture.Faces().Caller(entry).visible, entry < 3);
+    EXPECT_EQ(fixture.Faces().Caller(entry).enabled, entry < 3);
+  }
+  fixture.configuration.callerLists.resize(12);
+  EXPECT_TRUE(fixture.Faces().Caller(9).visible);
+  EXPECT_FALSE(fixture.Faces().Caller(10).visible);
+}
+
 }  // namespace
 }  // namespace quor
