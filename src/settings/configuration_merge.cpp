@@ -7,6 +7,7 @@ constexpr int32_t Configuration::*kNumbers[] = {
     &Configuration::aCheckInterval, &Configuration::connectInterval, &Configuration::dialClear,
     &Configuration::connectWait,    &Configuration::debugLog,        &Configuration::delayBtnEvent,
     &Configuration::languageNo,     &Configuration::callerInfo,      &Configuration::popUp,
+    &Configuration::recordCalls,
 };
 
 constexpr ToolBarRecord Configuration::*kToolBars[] = {&Configuration::mainToolBar,

@@ -114,6 +114,7 @@ TEST_F(CSettingsTest, ADialogSeesWhatWasEditedByHand) {
     file.popUpModes[1] = 2;
     file.languageNo = kFrench;
     file.debugLog = 0;
+    file.recordCalls = 1;
     file.histories.clear();
     file.speedDials[0].number = L"112";
     file.mainToolBar.left = 77;
@@ -122,6 +123,7 @@ TEST_F(CSettingsTest, ADialogSeesWhatWasEditedByHand) {
   EXPECT_EQ(values.popUpModes, (std::array<int32_t, kPopUpSlots>{2, 2, 2, 2, 1, 0}));
   EXPECT_EQ(values.languageNo, kFrench);
   EXPECT_FALSE(m_log.IsEnabled());
+  EXPECT_EQ(values.recordCalls, 1);
   EXPECT_EQ(values.histories.front(), SampleCall(50)) << "not saved yet";
   EXPECT_EQ(values.histories.size(), 21u);
   EXPECT_EQ(values.speedDials[0].number, L"112");
@@ -150,6 +152,7 @@ TEST_F(CSettingsTest, ASaveKeepsWhatWasEditedByHand) {
   EditByHand([](Configuration& file) {
     file.popUpModes[1] = 2;
     file.popUpModes[2] = 0;
+    file.recordCalls = 1;
     file.speedDials[0].number = L"112";
     file.callerLists.clear();
   });
@@ -157,6 +160,7 @@ TEST_F(CSettingsTest, ASaveKeepsWhatWasEditedByHand) {
   values.popUpModes[2] = 1;
   m_settings.Save();
   EXPECT_EQ(InFile().popUpModes, (std::array<int32_t, kPopUpSlots>{0, 2, 1, 2, 1, 0}));
+  EXPECT_EQ(InFile().recordCalls, 1);
   EXPECT_EQ(InFile().speedDials[0].number, L"112");
   EXPECT_EQ(InFile().callerLists.front(), SampleCall(60));
   EXPECT_EQ(values.speedDials, InFile().speedDials);
