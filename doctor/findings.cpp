@@ -206,10 +206,11 @@ class CExamination {
     } phases[] = {{&SessionTimes::start, kStartLimit, 0},
                   {&SessionTimes::folderSwitch, kFolderSwitchLimit, 1},
                   {&SessionTimes::shutdown, kShutdownLimit, 2}};
+    const std::vector<SessionTimes> newestFirst(m_facts.sessions.rbegin(), m_facts.sessions.rend());
     for (const auto& phase : phases) {
       std::vector<uint32_t> times;
-      for (auto each = m_facts.sessions.rbegin(); each != m_facts.sessions.rend(); ++each) {
-        const std::optional<uint32_t>& time = (*each).*phase.time;
+      for (const SessionTimes& session : newestFirst) {
+        const std::optional<uint32_t>& time = session.*phase.time;
         if (time && times.size() < kSessions) times.push_back(*time);
       }
       if (times.size() < kSessions) continue;
