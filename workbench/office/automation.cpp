@@ -1,8 +1,11 @@
 #include "workbench/office/automation.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <new>
 #include <tuple>
+
+#include "workbench/office/arranged_arguments.h"
 
 namespace quor::workbench {
 namespace {
@@ -34,19 +37,32 @@ HRESULT ExceptionResult(HRESULT code, const char* description, EXCEPINFO* except
   return DISP_E_EXCEPTION;
 }
 
-HRESULT CheckParameters(const Member& member, const DISPPARAMS& parameters) {
-  if (member.kind == MemberKind::Put) {
-    if (parameters.cNamedArgs != 1 || parameters.rgdispidNamedArgs == nullptr ||
-        parameters.rgdispidNamedArgs[0] != DISPID_PROPERTYPUT) {
-      return DISP_E_PARAMNOTFOUND;
-    }
-  } else if (parameters.cNamedArgs != 0) {
-    return DISP_E_NONAMEDARGS;
+WORD FlagOf(MemberKind kind) noexcept {
+  switch (kind) {
+    case MemberKind::Get:
+      return DISPATCH_PROPERTYGET;
+    case MemberKind::Put:
+      return DISPATCH_PROPERTYPUT;
+    case MemberKind::Method:
+      break;
   }
-  if (parameters.cArgs < member.least || parameters.cArgs > member.most) {
-    return DISP_E_BADPARAMCOUNT;
-  }
-  return parameters.cArgs != 0 && parameters.rgvarg == nullptr ? E_INVALIDARG : S_OK;
+  return DISPATCH_METHOD;
+}
+
+// How a member of a table differs from what is published; null if it does not.
+const char* Difference(const Member& member, const PublishedMember* published) noexcept {
+  if (published == nullptr) return "has another dispatch id or does not exist";
+  if (!SameText(member.name, published->name)) return "has another name";
+  if ((published->kinds & FlagOf(member.kind)) == 0) return "is of another kind";
+  const bool put = member.kind == MemberKind::Put;
+  if (member.most != published->arguments.size() + (put ? 1 : 0)) return "has other arguments";
+  return nullptr;
+}
+
+std::string Hexadecimal(HRESULT code) {
+  char text[16];
+  std::snprintf(text, sizeof text, "0x%08lX", static_cast<unsigned long>(code));
+  return text;
 }
 
 CValue EmptyLike(const CValue& value) {
@@ -143,6 +159,17 @@ CMemberTable::CMemberTable(const char* type, std::vector<IID> interfaces, const 
   std::sort(m_members.begin(), m_members.end(), [](const Member& left, const Member& right) {
     return std::tie(left.id, left.kind) < std::tie(right.id, right.kind);
   });
+  if (m_interfaces.empty() || !IsPublished(m_interfaces.front())) return;
+  for (Member& member : m_members)
+    Compare(member);
+}
+
+void CMemberTable::Compare(Member& member) {
+  member.published = FindPublished(m_interfaces.front(), member.id);
+  if (const char* difference = Difference(member, member.published)) {
+    m_deviations.push_back(member.site.key + ' ' + difference);
+    member.published = nullptr;
+  }
 }
 
 bool CMemberTable::HasInterface(REFIID iid) const noexcept {
@@ -156,6 +183,26 @@ const Member* CMemberTable::FindByName(std::wstring_view name) const noexcept {
   return nullptr;
 }
 
+HRESULT CMemberTable::IdsOf(std::span<const LPOLESTR> names, DISPID* ids) const noexcept {
+  std::fill_n(ids, names.size(), DISPID_UNKNOWN);
+  const Member* member = FindByName(names.front());
+  if (member == nullptr) return DISP_E_UNKNOWNNAME;
+  ids[0] = member->id;
+  HRESULT code = S_OK;
+  for (size_t at = 1; at < names.size(); ++at) {
+    const auto arguments = member->published != nullptr ? member->published->arguments
+                                                        : std::span<const PublishedArgument>();
+    const auto argument = std::ranges::find_if(
+        arguments, [&](const PublishedArgument& one) { return SameText(one.name, names[at]); });
+    if (argument == arguments.end()) {
+      code = DISP_E_UNKNOWNNAME;
+    } else {
+      ids[at] = static_cast<DISPID>(argument - arguments.begin());
+    }
+  }
+  return code;
+}
+
 const Member* CMemberTable::Find(DISPID id, WORD flags) const noexcept {
   auto member = std::lower_bound(m_members.begin(), m_members.end(), id,
                                  [](const Member& one, DISPID wanted) { return one.id < wanted; });
@@ -163,6 +210,12 @@ const Member* CMemberTable::Find(DISPID id, WORD flags) const noexcept {
     if (Fits(member->kind, flags)) return &*member;
   }
   return nullptr;
+}
+
+CAutomation::CAutomation(CModel& model, const CMemberTable& members)
+    : CCounted(model), m_members(members) {
+  for (const std::string& deviation : members.Deviations())
+    model.RecordMisuse(deviation);
 }
 
 STDMETHODIMP CAutomation::QueryInterface(REFIID iid, void** object) {
@@ -204,14 +257,11 @@ STDMETHODIMP CAutomation::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count,
   try {
     const CModelPtr<CAutomation> self(this);
     const CModel::CTimeInside inside(Model());
-    // Only the member's own name gets an id: arguments are never passed by name.
-    std::fill_n(ids, count, DISPID_UNKNOWN);
     const std::optional<HRESULT> answer = Model().Enter(m_members.NamesSite());
-    const Member* member = m_members.FindByName(names[0]);
-    if (member != nullptr) ids[0] = member->id;
-    HRESULT code = member != nullptr && count == 1 ? S_OK : DISP_E_UNKNOWNNAME;
+    HRESULT code = m_members.IdsOf({names, count}, ids);
+    if (FAILED(code)) Misfit(TypeName() + '.' + Utf8FromWide(names[0]), code);
     if (answer.has_value() && FAILED(*answer)) {
-      ids[0] = DISPID_UNKNOWN;
+      std::fill_n(ids, count, DISPID_UNKNOWN);
       code = *answer;
     }
     if (Model().IsObserved()) {
@@ -231,15 +281,33 @@ STDMETHODIMP CAutomation::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPA
   if (const HRESULT usable = Usability(); FAILED(usable)) return usable;
   const CModel::CTimeInside inside(Model());
   const Member* member = m_members.Find(id, flags);
-  if (member == nullptr) return DISP_E_MEMBERNOTFOUND;
-  if (const HRESULT fit = CheckParameters(*member, *parameters); FAILED(fit)) return fit;
-  return Call(*member, *parameters, result, exception, badArgument);
+  try {
+    if (member == nullptr) {
+      return Misfit(TypeName() + '.' + std::to_string(id), DISP_E_MEMBERNOTFOUND);
+    }
+    CArrangedArguments arranged;
+    if (const HRESULT fit = arranged.Arrange(*member, *parameters); FAILED(fit)) {
+      if (badArgument != nullptr) *badArgument = arranged.Refused();
+      return Misfit(member->site.key, fit);
+    }
+    if (arranged.WasConverted())
+      Model().RecordMisuse(member->site.key + " with a converted argument");
+    return Call(*member, arranged, result, exception, badArgument);
+  } catch (...) {
+    return E_OUTOFMEMORY;
+  }
 }
 
-HRESULT CAutomation::Call(const Member& member, const DISPPARAMS& parameters, VARIANT* result,
+HRESULT CAutomation::Misfit(const std::string& call, HRESULT code) {
+  Model().RecordMisuse(call + " refused with " + Hexadecimal(code));
+  return code;
+}
+
+HRESULT CAutomation::Call(const Member& member, CArrangedArguments& arranged, VARIANT* result,
                           EXCEPINFO* exception, UINT* badArgument) {
   const CModelPtr<CAutomation> self(this);  // the caller may release this object inside the call
   CModel& model = Model();
+  const DISPPARAMS parameters = arranged.Parameters();
   const CArguments arguments(member.id, parameters);
   CallRecord record;
   HRESULT code = S_OK;
@@ -252,7 +320,8 @@ HRESULT CAutomation::Call(const Member& member, const DISPPARAMS& parameters, VA
     answer = ExceptionResult(code, error.what(), exception);
   } catch (const CArgumentError& error) {
     code = answer = error.Code();
-    if (badArgument != nullptr) *badArgument = error.Position();
+    if (badArgument != nullptr) *badArgument = arranged.GivenIndex(error.Position());
+    Misfit(member.site.key, code);
   } catch (const std::bad_alloc&) {
     code = answer = E_OUTOFMEMORY;
   } catch (...) {
@@ -280,6 +349,7 @@ CValue CAutomation::Perform(const Member& member, const CArguments& arguments, C
                  : CValue(static_cast<IDispatch*>(nullptr));
   } else {
     value = member.handler(*this, arguments);
+    CheckResult(member, value.Get());
   }
   if (!record->member.empty()) {
     const CAutomation* object =
@@ -287,6 +357,15 @@ CValue CAutomation::Perform(const Member& member, const CArguments& arguments, C
     record->result = object != nullptr ? object->TypeName() : Summary(value.Get());
   }
   return value;
+}
+
+// A fault of the stand-in's own.
+void CAutomation::CheckResult(const Member& member, const VARIANT& result) {
+  if (member.published == nullptr || member.kind == MemberKind::Put) return;
+  const VARTYPE type = member.published->result;
+  if (type != VT_VARIANT && type != V_VT(&result)) {
+    Model().RecordMisuse(member.site.key + " answers " + Summary(result));
+  }
 }
 
 CAutomation* ModelObjectBehind(IUnknown* pointer) noexcept {

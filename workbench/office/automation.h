@@ -2,6 +2,7 @@
 #define QUOR_WORKBENCH_OFFICE_AUTOMATION_H
 
 #include <concepts>
+#include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include "workbench/office/model.h"
+#include "workbench/office/published_members.h"
 #include "workbench/office/value.h"
 
 // Base class of every object of the stand-in. Example of a derived class:
@@ -116,6 +118,7 @@ CModelPtr<T> MakeObject(Arguments&&... arguments) {
   return CModelPtr<T>(new T(std::forward<Arguments>(arguments)...));
 }
 
+class CArrangedArguments;
 class CAutomation;
 
 enum class MemberKind { Get, Put, Method };
@@ -130,10 +133,12 @@ struct Member {
   UINT most = 0;
   MemberHandler handler = nullptr;
   CModel::CallSite site;
+  const PublishedMember* published = nullptr;  // null where the data lack the whole interface
 };
 
 // The published members of one type: interface ids, names and dispatch ids. A derived type inherits
-// its base's entries and may replace a member with the same id and kind.
+// its base's entries and may replace a member with the same id and kind. The members are compared
+// with what the type's first interface publishes.
 class CMemberTable {
  public:
   CMemberTable(const char* type, std::vector<IID> interfaces, const CMemberTable* base,
@@ -144,18 +149,26 @@ class CMemberTable {
   const std::string& Type() const noexcept { return m_type; }
   bool HasInterface(REFIID iid) const noexcept;
   const Member* FindByName(std::wstring_view name) const noexcept;  // case does not matter
+  // The ids of a member and of arguments of its, as GetIDsOfNames answers.
+  HRESULT IdsOf(std::span<const LPOLESTR> names, DISPID* ids) const noexcept;
   const Member* Find(DISPID id, WORD flags) const noexcept;
   const CModel::CallSite& NamesSite() const noexcept { return m_names; }
+  // One line for each member that is not as published.
+  const std::vector<std::string>& Deviations() const noexcept { return m_deviations; }
 
  private:
+  void Compare(Member& member);
+
   std::string m_type;
   std::vector<IID> m_interfaces;
   std::vector<Member> m_members;  // by id, then kind
   CModel::CallSite m_names;       // "Type.GetIDsOfNames"
+  std::vector<std::string> m_deviations;
 };
 
 // IUnknown and IDispatch over a member table. Every interface id of the table returns the same
-// IDispatch pointer, because callers bind late.
+// IDispatch pointer, because callers bind late. Arguments are converted or refused as
+// ITypeInfo::Invoke does; a call that is refused or needs a conversion is recorded as a misuse.
 class CAutomation : public CCounted, public IDispatch {
  public:
   std::string TypeName() const override { return m_members.Type(); }
@@ -171,7 +184,7 @@ class CAutomation : public CCounted, public IDispatch {
                       VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
 
  protected:
-  CAutomation(CModel& model, const CMemberTable& members) : CCounted(model), m_members(members) {}
+  CAutomation(CModel& model, const CMemberTable& members);
   const CMemberTable& MemberTable() const noexcept { return m_members; }
 
   // Other interfaces, such as IOleWindow. QueryInterface adds a reference to the returned pointer
@@ -179,9 +192,11 @@ class CAutomation : public CCounted, public IDispatch {
   virtual void* OtherInterface(REFIID) { return nullptr; }
 
  private:
-  HRESULT Call(const Member& member, const DISPPARAMS& parameters, VARIANT* result,
+  HRESULT Misfit(const std::string& call, HRESULT code);
+  HRESULT Call(const Member& member, CArrangedArguments& arranged, VARIANT* result,
                EXCEPINFO* exception, UINT* badArgument);
   CValue Perform(const Member& member, const CArguments& arguments, CallRecord* record);
+  void CheckResult(const Member& member, const VARIANT& result);
 
   const CMemberTable& m_members;
 };
@@ -244,13 +259,14 @@ template <auto function>
 Member Get(const wchar_t* name, DISPID id, UINT least = 0, UINT most = 0) {
   return {
       name, id, MemberKind::Get, least, most < least ? least : most, &detail::CallMember<function>,
-      {}};
+      {},   {}};
 }
 
 // A property write; the value is the last argument, after `indices` others.
 template <auto function>
 Member Put(const wchar_t* name, DISPID id, UINT indices = 0) {
-  return {name, id, MemberKind::Put, indices + 1, indices + 1, &detail::CallMember<function>, {}};
+  return {name, id, MemberKind::Put, indices + 1, indices + 1, &detail::CallMember<function>,
+          {},   {}};
 }
 
 template <auto function>
@@ -261,6 +277,7 @@ Member Method(const wchar_t* name, DISPID id, UINT least = 0, UINT most = 0) {
           least,
           most < least ? least : most,
           &detail::CallMember<function>,
+          {},
           {}};
 }
 

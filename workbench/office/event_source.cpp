@@ -188,10 +188,28 @@ STDMETHODIMP CConnectionPoint::EnumConnections(IEnumConnections** connections) {
   return *connections != nullptr ? S_OK : E_OUTOFMEMORY;
 }
 
+EventTable::EventTable(std::vector<EventInterface> eventInterfaces,
+                       std::vector<EventName> eventNames)
+    : interfaces(std::move(eventInterfaces)), names(std::move(eventNames)) {
+  for (const EventInterface& one : interfaces) {
+    if (!IsPublished(one.iid)) deviations.push_back(std::string(one.name) + " is not published");
+  }
+  for (const EventName& event : names) {
+    const PublishedMember* published = FindPublished(interfaces.front().iid, event.id);
+    if (published == nullptr || !SameText(published->name, WideFromUtf8(event.name))) {
+      deviations.push_back(std::string(interfaces.front().name) + '!' + event.name +
+                           " is not published so");
+    }
+  }
+}
+
 CEventSource::CEventSource(CModel& model, const CMemberTable& members, const EventTable& events)
     : CAutomation(model, members),
       m_events(events),
-      m_container(std::make_unique<CContainer>(*this)) {}
+      m_container(std::make_unique<CContainer>(*this)) {
+  for (const std::string& deviation : events.deviations)
+    model.RecordMisuse(deviation);
+}
 
 CEventSource::~CEventSource() = default;
 
@@ -287,6 +305,10 @@ bool CEventSource::FireCancellable(DISPID event, std::vector<CValue> arguments) 
 
 void CEventSource::Deliver(const Connection& connection, DISPID event, DISPPARAMS& parameters,
                            const std::string& summary) {
+  const EventInterface& events = m_events.interfaces[connection.interfaceIndex];
+  const PublishedMember* published = FindPublished(events.iid, event);
+  if (published == nullptr) return;  // a later interface's event
+  CheckArguments(*published, parameters);
   IDispatch* sink = connection.sink;
   sink->AddRef();
   LARGE_INTEGER start;
@@ -312,6 +334,16 @@ void CEventSource::Deliver(const Connection& connection, DISPID event, DISPPARAM
   record.microseconds = static_cast<double>(end.QuadPart - start.QuadPart) * 1e6 /
                         static_cast<double>(frequency.QuadPart);
   Model().Observe(record);
+}
+
+// A fault of the stand-in's own.
+void CEventSource::CheckArguments(const PublishedMember& event, const DISPPARAMS& parameters) {
+  bool same = parameters.cArgs == event.arguments.size();
+  for (UINT at = 0; same && at < parameters.cArgs; ++at) {
+    const VARTYPE type = event.arguments[at].type;
+    same = type == VT_VARIANT || type == V_VT(&parameters.rgvarg[parameters.cArgs - 1 - at]);
+  }
+  if (!same) Model().RecordMisuse(TypeName() + '!' + NameOf(event.id) + " with other arguments");
 }
 
 std::string CEventSource::NameOf(DISPID event) const {

@@ -29,14 +29,18 @@ struct EventName {
   const char* name;  // "ItemAdd", for the transcript
 };
 
-// The events of one type of source. Tables are static.
+// The events of one type of source, compared with what is published. Tables are static.
 struct EventTable {
+  EventTable() = default;
+  EventTable(std::vector<EventInterface> eventInterfaces, std::vector<EventName> eventNames);
+
   std::vector<EventInterface> interfaces;
   std::vector<EventName> names;
+  std::vector<std::string> deviations;  // a line for each event that is not as published
 };
 
 // An object that raises events. IConnectionPointContainer returns one connection point per event
-// interface; a sink advised on any of them receives every event.
+// interface; a sink advised on one of them receives the events that this interface publishes.
 //
 // Advise rejects a sink without the event interface (CONNECT_E_CANNOTCONNECT); for an unknown
 // interface the result is CONNECT_E_NOCONNECTION. Both count as calls and can be made to fail. When
@@ -76,6 +80,7 @@ class CEventSource : public CAutomation {
   void DropSinks() noexcept;
   void Deliver(const Connection& connection, DISPID event, DISPPARAMS& parameters,
                const std::string& summary);
+  void CheckArguments(const PublishedMember& event, const DISPPARAMS& parameters);
   std::string NameOf(DISPID event) const;
 
   const EventTable& m_events;

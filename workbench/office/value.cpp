@@ -57,6 +57,12 @@ CValue CValue::Copy(const VARIANT& source) {
   return value;
 }
 
+CValue CValue::Adopt(const VARIANT& source) noexcept {
+  CValue value;
+  value.m_value = source;
+  return value;
+}
+
 CValue& CValue::operator=(CValue&& other) noexcept {
   if (this != &other) {
     VariantClear(&m_value);

@@ -69,6 +69,7 @@ class CValue {
   // A by-reference flag such as Cancel; the sink writes through it.
   static CValue Reference(VARIANT_BOOL& flag) noexcept;
   static CValue Copy(const VARIANT& value);
+  static CValue Adopt(const VARIANT& value) noexcept;  // its owner from now on
 
   CValue(CValue&& other) noexcept : m_value(other.m_value) { VariantInit(&other.m_value); }
   CValue& operator=(CValue&& other) noexcept;

@@ -385,8 +385,7 @@ CExplorers::CExplorers(CSession& session)
 const CMemberTable& CExplorers::Members() {
   static const CMemberTable table(
       "Explorers", {kExplorersId}, &CommonMembers(),
-      {Get<&CExplorers::Count>(L"Count", 0x50), Method<&CExplorers::Item>(L"Item", 0x51, 1),
-       Method<&CExplorers::Add>(L"Add", 0x5F, 1, 2)});
+      {Get<&CExplorers::Count>(L"Count", 0x50), Method<&CExplorers::Item>(L"Item", 0x51, 1)});
   return table;
 }
 
@@ -406,12 +405,6 @@ long CExplorers::Count() {
 
 CModelPtr<CExplorer> CExplorers::Item(const CArguments& arguments) {
   return WindowByIndex(Session().ExplorerWindows(), arguments);
-}
-
-CModelPtr<CExplorer> CExplorers::Add(const CArguments& arguments) {
-  CFolder* folder = ObjectBehind<CFolder>(arguments.Object(0));
-  if (folder == nullptr) throw CModelError(E_INVALIDARG);
-  return Session().OpenExplorer(folder->Node());
 }
 
 CInspectors::CInspectors(CSession& session)

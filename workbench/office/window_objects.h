@@ -151,7 +151,6 @@ class CExplorers final : public COutlookObject {
 
   long Count();
   CModelPtr<CExplorer> Item(const CArguments& arguments);
-  CModelPtr<CExplorer> Add(const CArguments& arguments);
 };
 
 class CInspectors final : public COutlookObject {

@@ -140,7 +140,7 @@ void CRibbonUi::ActivateTab(const CArguments& arguments) {
 const CMemberTable& CRibbonUi::Members() {
   using Self = CRibbonUi;
   static const CMemberTable table(
-      "RibbonUI", {}, nullptr,
+      "RibbonUI", {kRibbonUiId}, nullptr,
       {Method<&Self::Invalidate>(L"Invalidate", kInvalidate),
        Method<&Self::InvalidateControl>(L"InvalidateControl", kInvalidateControl, 1),
        Method<&Self::InvalidateBuiltIn>(L"InvalidateControlMso", kInvalidateControlMso, 1),
@@ -209,7 +209,7 @@ STDMETHODIMP CRibbonControl::QueryInterface(REFIID iid, void** object) {
 const CMemberTable& CRibbonControl::Members() {
   using Self = CRibbonControl;
   static const CMemberTable table(
-      "RibbonControl", {}, nullptr,
+      "RibbonControl", {kRibbonControlId}, nullptr,
       {Get<&Self::Id>(L"Id", kId), Get<&Self::Context>(L"Context", kContext),
        Get<&Self::Tag>(L"Tag", kTag)});
   return table;

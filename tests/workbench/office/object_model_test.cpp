@@ -10,7 +10,99 @@ namespace {
 
 using ::testing::ElementsAre;
 
-class CObjectModelTest : public COfficeTest {};
+class CObjectModelTest : public COfficeTest {
+ protected:
+  struct Answer {
+    HRESULT code = S_OK;
+    UINT refused = 99;
+    bool operator==(const Answer&) const = default;
+  };
+  // Arguments as they stand in rgvarg: the last one first, before it the named ones.
+  Answer Invoke(const CRemote& object, DISPID id, std::vector<VARIANT> arguments,
+                std::vector<DISPID> names = {}) {
+    DISPPARAMS parameters = {arguments.data(), names.data(), static_cast<UINT>(arguments.size()),
+                             static_cast<UINT>(names.size())};
+    VARIANT result;
+    VariantInit(&result);
+    Answer answer;
+    answer.code = object.Raw()->Invoke(id, IID_NULL, 0, DISPATCH_METHOD, &parameters, &result,
+                                       nullptr, &answer.refused);
+    VariantClear(&result);
+    return answer;
+  }
+};
+
+TEST_F(CObjectModelTest, ArgumentsAreArrangedAsATypeLibraryDoes) {
+  constexpr DISPID kCreateItem = 0x010A;
+  constexpr DISPID kCompareEntryIds = 0xFBFC;
+  constexpr DISPID kGetItemFromId = 0x2109;
+  Start();
+  const CRemote app = App();
+  const CRemote session = Session();
+  const CValue text(L"4");
+  const CValue word(L"four");
+  const CValue number(4);
+  const CValue object(app.Raw());
+  VARIANT missing;
+  V_VT(&missing) = VT_ERROR;
+  V_ERROR(&missing) = DISP_E_PARAMNOTFOUND;
+  VARIANT kept = number.Get();
+  VARIANT reference;
+  V_VT(&reference) = VT_BYREF | VT_VARIANT;
+  V_VARIANTREF(&reference) = &kept;
+
+  EXPECT_EQ(Invoke(app, kCreateItem, {reference}), (Answer{S_OK}));
+  EXPECT_THAT(Outlook().Model().Misuses(), ElementsAre());
+  EXPECT_EQ(Invoke(app, kCreateItem, {text.Get()}), (Answer{S_OK}));
+  EXPECT_EQ(Invoke(app, kCreateItem, {word.Get()}), (Answer{DISP_E_TYPEMISMATCH, 0}));
+  EXPECT_EQ(Invoke(app, kCreateItem, {missing}), (Answer{DISP_E_PARAMNOTOPTIONAL, 0}));
+  EXPECT_THAT(Outlook().Model().Misuses(),
+              ElementsAre("Application.CreateItem with a converted argument",
+                          "Application.CreateItem refused with 0x80020005",
+                          "Application.CreateItem refused with 0x8002000F"));
+
+  EXPECT_EQ(Invoke(session, kCompareEntryIds, {text.Get(), text.Get()}, {1, 0}), (Answer{S_OK}));
+  EXPECT_EQ(Invoke(session, kCompareEntryIds, {text.Get(), text.Get()}, {1}), (Answer{S_OK}));
+  EXPECT_EQ(Invoke(session, kCompareEntryIds, {text.Get(), text.Get()}, {1, 1}),
+            (Answer{DISP_E_PARAMNOTFOUND, 1}));
+  EXPECT_EQ(Invoke(session, kCompareEntryIds, {text.Get(), text.Get()}, {2, 0}),
+            (Answer{DISP_E_PARAMNOTFOUND, 0}));
+  EXPECT_EQ(Invoke(session, kCompareEntryIds, {text.Get(), object.Get()}),
+            (Answer{DISP_E_TYPEMISMATCH, 1}));
+  EXPECT_EQ(Invoke(session, kCompareEntryIds, {text.Get()}).code, DISP_E_BADPARAMCOUNT);
+  EXPECT_EQ(Invoke(session, kGetItemFromId, {number.Get(), text.Get()}, {1}).code,
+            DISP_E_EXCEPTION);  // not found
+  EXPECT_EQ(Invoke(session, kGetItemFromId, {text.Get(), text.Get()}, {1, 2}),
+            (Answer{DISP_E_PARAMNOTFOUND, 1}));
+
+  LPOLESTR names[] = {const_cast<LPOLESTR>(L"compareentryids"),
+                      const_cast<LPOLESTR>(L"SecondEntryID"), const_cast<LPOLESTR>(L"Third")};
+  DISPID ids[3] = {};
+  EXPECT_EQ(session.Raw()->GetIDsOfNames(IID_NULL, names, 2, 0, ids), S_OK);
+  EXPECT_EQ(session.Raw()->GetIDsOfNames(IID_NULL, names, 3, 0, ids), DISP_E_UNKNOWNNAME);
+  EXPECT_THAT(ids, ElementsAre(kCompareEntryIds, 1, DISPID_UNKNOWN));
+}
+
+TEST_F(CObjectModelTest, ATableThatIsNotAsPublishedIsNoticed) {
+  const auto deviations = [](const IID& iid, Member member) {
+    return CMemberTable("Type", {iid}, nullptr, {member}).Deviations();
+  };
+  const auto member = [](const wchar_t* name, DISPID id, MemberKind kind, UINT arguments) {
+    return Member{name, id, kind, arguments, arguments, nullptr, {}, nullptr};
+  };
+  using enum MemberKind;
+  EXPECT_THAT(deviations(kFolderId, member(L"Name", 0x3001, Put, 1)), ElementsAre());
+  EXPECT_THAT(deviations(kFolderId, member(L"Name", 0x3002, Get, 0)),
+              ElementsAre("Type.Name has another dispatch id or does not exist"));
+  EXPECT_THAT(deviations(kFolderId, member(L"Title", 0x3001, Get, 0)),
+              ElementsAre("Type.Title has another name"));
+  EXPECT_THAT(deviations(kFolderId, member(L"Name", 0x3001, Method, 0)),
+              ElementsAre("Type.Name is of another kind"));
+  EXPECT_THAT(deviations(kFolderId, member(L"MoveTo", 0xF034, Method, 2)),
+              ElementsAre("Type.MoveTo has other arguments"));
+  EXPECT_THAT(EventTable({{kFolderId, "Folder"}}, {{0x3001, "Path"}}).deviations,
+              ElementsAre("Folder!Path is not published so"));
+}
 
 TEST_F(CObjectModelTest, CallsThatDoNotFitAreRefusedAsOfficeDoes) {
   Start();
