@@ -15,6 +15,7 @@
 
 #include "workbench/host/console.h"
 #include "workbench/host/crash_report.h"
+#include "workbench/host/dialog_ids.h"
 #include "workbench/host/player.h"
 #include "workbench/host/thread_executor.h"
 #include "workbench/host/workbench.h"
@@ -54,17 +55,37 @@ class CHere final : public IExecutor {
   void Do(const std::function<void()>& action) override { action(); }
 };
 
+constexpr char kLiveStart[] =
+    "base answers\n"
+    "mobiles \"Anna's mobile\" \"Work mobile\"\n"
+    "plug\n"
+    "start\n";
+
+// The address book in the program's resources, as vCard text.
+std::string OwnContacts() {
+  const HRSRC found = FindResourceW(nullptr, MAKEINTRESOURCEW(IDR_CONTACTS), RT_RCDATA);
+  if (found == nullptr) return {};
+  return {static_cast<const char*>(LockResource(LoadResource(nullptr, found))),
+          SizeofResource(nullptr, found)};
+}
+
 // Runs Outlook and the base interactively, until the last main window is closed.
 int Live(const Options& options) {
   constexpr unsigned kFrame = 100;  // milliseconds
   CMessageLoop loop;
   CWorkbench workbench(options, loop);
-  if (!options.contactsFile.empty()) workbench.Stages().outlook.LoadContacts(options.contactsFile);
+  if (options.contactsFile.empty()) {
+    workbench.Stages().outlook.AddContact("", OwnContacts());
+  } else {
+    workbench.Stages().outlook.LoadContacts(options.contactsFile);
+  }
   CConsole console(options.telling);
   CHere here;
   CRun run(workbench.Stages(), console, here);
-  if (!run.Play(ParseScript("base answers\nplug\nstart\n", options.outlookVersion)))
-    return kNotPlayed;
+  // Settings from an earlier session with the same data folder stay.
+  const bool hasSettings = workbench.Data().Read("Microsoft\\AddIns\\vex_cfg.xml").has_value();
+  if (hasSettings) run.settings = CRun::Settings::None;
+  if (!run.Play(ParseScript(kLiveStart, options.outlookVersion))) return kNotPlayed;
   const auto isClosed = [&] { return !workbench.Outlook().Session().ActiveExplorer(); };
   while (!loop.PumpUntil(isClosed, kFrame))
     workbench.Face().DrawStale();

@@ -105,7 +105,7 @@ std::optional<std::string> ReadWholeFile(const std::wstring& path) {
   return content;
 }
 
-CApplicationData::CApplicationData(const std::wstring& path)
+CApplicationData::CApplicationData(const std::wstring& path, Content content)
     : m_folder(path.empty() ? FreshFolder() : path),
       m_temporary(path.empty()),
       m_running(CreateMutexW(nullptr, FALSE, kRunning)),
@@ -113,7 +113,7 @@ CApplicationData::CApplicationData(const std::wstring& path)
   if (const auto kept = ReadFolder(kKeptKey); kept && m_isFirst) Restore(*kept);
   m_before = ReadFolder(kFoldersKey).value_or(L"");
   if (m_isFirst) WriteFolder(kKeptKey, m_before);
-  RemoveTree(m_folder);
+  if (content == Content::Deleted) RemoveTree(m_folder);
   MakeFolders(m_folder);
   Redirect(m_folder);
 }

@@ -13,9 +13,11 @@ namespace quor::workbench {
 // UTF-8, with backslashes.
 class CApplicationData {
  public:
-  // Creates the folder, empty. An empty path creates one in the temporary folder, which is deleted
-  // at the end.
-  explicit CApplicationData(const std::wstring& path);
+  enum class Content { Deleted, Kept };
+
+  // Creates the folder, or deletes the content of one that exists unless it is to be kept. An empty
+  // path creates one in the temporary folder, which is deleted at the end.
+  explicit CApplicationData(const std::wstring& path, Content content = Content::Deleted);
   ~CApplicationData();
   CApplicationData(const CApplicationData&) = delete;
   CApplicationData& operator=(const CApplicationData&) = delete;

@@ -3,6 +3,7 @@
 
 // Ids in workbench.rc.
 #define IDD_OPTIONS 100
+#define IDR_CONTACTS 200
 #define IDC_OPTIONS_TABS 1001
 #define IDC_OPTIONS_APPLY 1002
 #define IDC_OPTIONS_ERROR 1003

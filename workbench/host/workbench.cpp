@@ -56,7 +56,9 @@ std::string LineOf(const CallRecord& record) {
 
 CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
     : m_addIn(FindRegisteredAddIn(WideFromUtf8(options.addIn))),
-      m_data(WideFromUtf8(options.dataFolder)),
+      m_data(WideFromUtf8(options.dataFolder), options.task == Options::Task::Interactive
+                                                   ? CApplicationData::Content::Kept
+                                                   : CApplicationData::Content::Deleted),
       m_face(options.outlookVersion, options.painted,
              [this](const std::string& ribbonId) {
                std::optional<std::string> document;
