@@ -18,7 +18,7 @@ CEntryIds::Parts CEntryIds::Split(std::string_view entryId) const {
   const std::string_view prefix = entryId.substr(0, entryId.size() - kOwnPart);
   const auto folder = std::find(m_folders.begin() + 1, m_folders.end(), prefix);
   if (folder == m_folders.end()) return {0, entryId};
-  return {static_cast<uint32_t>(folder - m_folders.begin()), entryId.substr(prefix.size())};
+  return {static_cast<uint16_t>(folder - m_folders.begin()), entryId.substr(prefix.size())};
 }
 
 size_t CEntryIds::OwnLength(uint32_t owner) const noexcept {
@@ -51,7 +51,8 @@ uint32_t CEntryIds::Enter(std::string_view entryId) {
       [this](uint32_t place) { return m_owners[place].hash; });
   if (owner == kNoPlace) {
     owner = static_cast<uint32_t>(m_owners.size());
-    m_owners.push_back({static_cast<uint32_t>(m_texts.size()), parts.folder, hash, kNoPlace});
+    m_owners.push_back(
+        {static_cast<uint32_t>(m_texts.size()), parts.folder, false, hash, kNoPlace});
     m_texts.insert(m_texts.end(), parts.own.begin(), parts.own.end());
   }
   return owner;
@@ -67,6 +68,7 @@ void CEntryIds::Read(uint32_t owner, std::string& entryId) const {
 }
 
 void CEntryIds::AppendKeys(uint32_t owner, const CNumberKeys& keys) {
+  m_owners[owner].isGone = false;
   uint32_t& block = m_owners[owner].keys;
   if (block == kNoPlace) block = m_keys.NewBlock();
   m_keys.Insert(block, m_keys.Items(block).size(), keys);

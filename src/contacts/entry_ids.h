@@ -29,18 +29,23 @@ class CEntryIds {
   void AppendKeys(uint32_t owner, const CNumberKeys& keys);
   std::vector<CNumberKeys> TakeKeys(uint32_t owner);
 
+  // Whether the contact was deleted since its last key was added.
+  bool IsGone(uint32_t owner) const noexcept { return m_owners[owner].isGone; }
+  void MarkGone(uint32_t owner) noexcept { m_owners[owner].isGone = true; }
+
  private:
   static constexpr size_t kOwnPart = 48;
   static constexpr size_t kMaxFolders = 64;  // entry IDs of further folders are stored whole
 
   struct Owner {
     uint32_t text;  // start of its own part, which ends where the next owner's begins
-    uint32_t folder;
+    uint16_t folder;
+    bool isGone;
     uint32_t hash;
     uint32_t keys;
   };
   struct Parts {
-    uint32_t folder;
+    uint16_t folder;
     std::string_view own;
   };
 

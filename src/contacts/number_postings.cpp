@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 namespace quor {
 namespace {
@@ -43,6 +44,14 @@ void ForEachBucket(const CNumberKeys& keys, InBucket inBucket) {
 
 }  // namespace
 
+std::vector<uint32_t> CMetOwners::Distinct() const {
+  std::vector<uint32_t> owners = m_more;
+  if (m_first) owners.push_back(*m_first);
+  std::sort(owners.begin(), owners.end());
+  owners.erase(std::unique(owners.begin(), owners.end()), owners.end());
+  return owners;
+}
+
 void CNumberPostings::Append(const CNumberKeys& keys, CRecord record) {
   ForEachBucket(keys, [&](const DialTail& ending, const CNumberKeys& inside) {
     AppendToBucket(Bucket(ending), inside, record);
@@ -60,16 +69,20 @@ std::optional<CNumberPostings::KeyRecords> CNumberPostings::FindFirstKey(int dig
                                                                          bool check) const {
   if (number.length > static_cast<unsigned>(digit) + 4) return std::nullopt;
   std::optional<KeyRecords> found;
+  CMetOwners owners;
   for (const Posting& posting : PostingsNear(number)) {
     if ((posting.keys.Tables() & TableBit(digit)) == 0) continue;
     const DialTail key = KeyInTable(posting.keys.Number(), digit);
-    if (found && found->key == key) {
+    const bool isFoundKey = found && found->key == key;
+    if (!isFoundKey && FoldPauses(key, check) != number) continue;
+    if (check) owners.Add(posting.record.Owner());
+    if (isFoundKey) {
       found->count += posting.count;
-    } else if (FoldPauses(key, check) == number &&
-               (!found || UnpackDialTail(key) < UnpackDialTail(found->key))) {
-      found = KeyRecords{key, posting.record, posting.count};
+    } else if (!found || UnpackDialTail(key) < UnpackDialTail(found->key)) {
+      found = KeyRecords{key, posting.record, posting.count, {}};
     }
   }
+  if (found) found->owners = std::move(owners);
   return found;
 }
 

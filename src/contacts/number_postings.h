@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "contacts/item_blocks.h"
 #include "contacts/number_keys.h"
@@ -28,6 +29,25 @@ class CRecord {
   uint32_t m_bits = 0;
 };
 
+// The owners that a look-up met; one alone takes no memory.
+class CMetOwners {
+ public:
+  void Add(uint32_t owner) {
+    if (!m_first) {
+      m_first = owner;
+    } else if (owner != (m_more.empty() ? *m_first : m_more.back())) {
+      m_more.push_back(owner);
+    }
+  }
+  // Each once, in no particular order.
+  std::vector<uint32_t> Distinct() const;
+  bool AreSeveral() const noexcept { return !m_more.empty(); }
+
+ private:
+  std::optional<uint32_t> m_first;
+  std::vector<uint32_t> m_more;
+};
+
 // The nine tables, stored as one posting per number instead of one record per key. A posting holds
 // the number, the tables that still hold its record, and how often the record was added.
 //
@@ -47,6 +67,7 @@ class CNumberPostings {
     DialTail key;
     CRecord first;
     size_t count;
+    CMetOwners owners;  // of all keys that match, when checked
   };
   // Finds the first matching key in byte order. The caller has folded the number as FoldPauses does
   // for `check`.

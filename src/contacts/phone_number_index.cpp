@@ -59,6 +59,7 @@ void CPhoneNumberIndex::OnContactItemDelete(IContactItem& contact) {
   for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
     DeleteContactSearchDataByEntryID(entryId, type);
   }
+  if (const auto owner = m_entryIds.Find(entryId)) m_entryIds.MarkGone(*owner);
   m_log.Write("CAddin::OnContactItemDelete OK\n");
 }
 
@@ -186,7 +187,10 @@ bool CPhoneNumberIndex::FindInTable(int digit, std::string_view number,
 bool CPhoneNumberIndex::TakeOnlyRecord(int digit, const CNumberPostings::KeyRecords& only,
                                        ContactMatch& match) {
   ReadRecord(only.first, match);
-  if (m_directory.FindContactFileAs(match.entryId, match.name)) return true;
+  if (m_directory.FindContactFileAs(match.entryId, match.name)) {
+    RateMatch(only, only.first, match);
+    return true;
+  }
   m_postings.RemoveFirst({only.key, TableBit(digit)}, only.first);
   m_log.Write("CAddin::FindContactSearchData NG Contact Not Found(1)\n");
   return false;
@@ -202,7 +206,10 @@ bool CPhoneNumberIndex::TakeFirstThatOpens(int digit, std::string_view number,
   for (size_t left = several.count; left > 0 && found && found->key == several.key; --left) {
     const CRecord record = found->first;
     ReadRecord(record, match);
-    if (m_directory.FindContactFileAs(match.entryId, match.name)) return true;
+    if (m_directory.FindContactFileAs(match.entryId, match.name)) {
+      RateMatch(*found, record, match);
+      return true;
+    }
     LogRecord("Contact Data Not Found", digit, kept, match.entryId, match.telNumberType);
     m_postings.RemoveFirst({several.key, TableBit(digit)}, record);
     found = m_postings.FindFirstKey(digit, folded, true);
@@ -214,6 +221,17 @@ bool CPhoneNumberIndex::TakeFirstThatOpens(int digit, std::string_view number,
 void CPhoneNumberIndex::ReadRecord(CRecord record, ContactMatch& match) const {
   m_entryIds.Read(record.Owner(), match.entryId);
   match.telNumberType = record.TelNumberType();
+}
+
+// Contacts that have been deleted may still have records.
+void CPhoneNumberIndex::RateMatch(const CNumberPostings::KeyRecords& found, CRecord record,
+                                  ContactMatch& match) const {
+  match.matchedDigits = FoldPauses(found.key, true).length;
+  match.moreContacts = 0;
+  if (!found.owners.AreSeveral()) return;
+  for (const uint32_t owner : found.owners.Distinct()) {
+    if (owner != record.Owner() && !m_entryIds.IsGone(owner)) ++match.moreContacts;
+  }
 }
 
 void CPhoneNumberIndex::LogMissInEveryTable() {

@@ -1,6 +1,7 @@
 #ifndef QUOR_CONTACTS_PHONE_NUMBER_INDEX_H
 #define QUOR_CONTACTS_PHONE_NUMBER_INDEX_H
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -19,6 +20,9 @@ struct ContactMatch {
   std::string entryId;
   std::string name;  // File As; filled by checked look-ups only
   int telNumberType = 0;
+  // How good the match is, pause characters left out; only a checked look-up tells.
+  size_t matchedDigits = 0;  // how many digits of the number, counted from the end
+  size_t moreContacts = 0;   // others with a number that ends in these digits
 };
 
 // The telephone numbers of the tracked contacts, found by their last 5 to 12 characters; shorter
@@ -105,6 +109,8 @@ class CPhoneNumberIndex {
   bool TakeFirstThatOpens(int digit, std::string_view number,
                           const CNumberPostings::KeyRecords& several, ContactMatch& match);
   void ReadRecord(CRecord record, ContactMatch& match) const;
+  void RateMatch(const CNumberPostings::KeyRecords& found, CRecord record,
+                 ContactMatch& match) const;
   void LogMissInEveryTable();
   void LogRecord(const char* what, int digit, std::string_view number, std::string_view entryId,
                  int telNumberType);

@@ -209,11 +209,14 @@ class CHistory {
   }
   template <class LookUp>
   void BothFind(LookUp lookUp) {
-    ContactMatch matches[2] = {{"as before", "as before", 99}, {"as before", "as before", 99}};
+    ContactMatch matches[2] = {{"as before", "as before", 99, 0, 0},
+                               {"as before", "as before", 99, 0, 0}};
     ASSERT_EQ(lookUp(m_index, matches[0]), lookUp(m_model, matches[1]));
     ASSERT_EQ(matches[0].entryId, matches[1].entryId);
     ASSERT_EQ(matches[0].name, matches[1].name);
     ASSERT_EQ(matches[0].telNumberType, matches[1].telNumberType);
+    ASSERT_EQ(matches[0].matchedDigits, matches[1].matchedDigits);
+    ASSERT_EQ(matches[0].moreContacts, matches[1].moreContacts);
     ASSERT_EQ(m_indexTranscript.Take(), m_modelTranscript.Take());
   }
 

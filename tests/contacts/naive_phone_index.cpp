@@ -49,6 +49,7 @@ void CNaivePhoneIndex::OnContactItemDelete(IContactItem& contact) {
   if (!contact.ReadEntryId(entryId) || entryId.empty()) return;
   for (int type = 1; type <= 12; ++type)
     DeleteContactSearchDataByEntryID(entryId, type);
+  m_gone.insert(entryId);
   m_log.Write("CAddin::OnContactItemDelete OK\n");
 }
 
@@ -70,6 +71,7 @@ void CNaivePhoneIndex::InsertContactSearchData(int digit, std::string_view key,
   m_tables[static_cast<size_t>(digit)][std::string(key)].push_back(
       {std::string(entryId), telNumberType});
   m_entryIdIndex[std::string(entryId)].emplace_back(digit, key);
+  m_gone.erase(std::string(entryId));
 }
 
 void CNaivePhoneIndex::DeleteContactSearchDataByEntryID(std::string_view entryId,
@@ -123,8 +125,23 @@ bool CNaivePhoneIndex::FindContactSearchData(int digit, const std::string& numbe
     m_log.Write("CAddin::FindContactSearchData NG Contact Not Found(1>)\n");
     return false;
   }
+  if (check) RateMatch(digit, number, match);
   m_log.Write("CAddin::FindContactSearchData OK\n");
   return true;
+}
+
+void CNaivePhoneIndex::RateMatch(int digit, const std::string& number, ContactMatch& match) const {
+  std::set<std::string> others;
+  for (const auto& [key, records] : m_tables[static_cast<size_t>(digit)]) {
+    if (!Matches(key, number, true)) continue;
+    for (const SearchRecord& record : records) {
+      if (record.entryId != match.entryId && !m_gone.contains(record.entryId)) {
+        others.insert(record.entryId);
+      }
+    }
+  }
+  match.matchedDigits = RemovePauseChars(number).size();
+  match.moreContacts = others.size();
 }
 
 bool CNaivePhoneIndex::TakeSeveral(int digit, SearchTable::iterator key, const std::string& number,

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -43,6 +44,7 @@ class CNaivePhoneIndex {
   const std::array<SearchTable, 9>& Tables() const { return m_tables; }
 
  private:
+  void RateMatch(int digit, const std::string& number, ContactMatch& match) const;
   bool TakeSeveral(int digit, SearchTable::iterator key, const std::string& number,
                    ContactMatch& match);
   void LogRecord(const std::string& what, int digit, std::string_view number,
@@ -52,6 +54,7 @@ class CNaivePhoneIndex {
   CDiagnosticLog& m_log;
   std::array<SearchTable, 9> m_tables;
   std::map<std::string, std::vector<std::pair<int, std::string>>> m_entryIdIndex;
+  std::set<std::string> m_gone;
 };
 
 }  // namespace quor

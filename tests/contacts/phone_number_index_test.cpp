@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "tests/contacts/address_book.h"
+#include "text/format.h"
 
 namespace quor {
 namespace {
@@ -22,6 +23,16 @@ class PhoneNumberIndex : public testing::Test {
   std::string Find(const std::string& number, bool check = true) {
     ContactMatch match;
     return m_index.FindPhoneNumber(number, check, match) ? match.entryId : "";
+  }
+  // "matched digits, kind, entry ID, more contacts" of a number that is found or searched.
+  std::string Rated(const std::string& number) {
+    ContactMatch match;
+    if (!m_index.FindPhoneNumber(number, true, match) &&
+        !m_index.SearchPhoneNumber(number, true, match)) {
+      return "";
+    }
+    return Format("%zu, %d, %s, %zu", match.matchedDigits, match.telNumberType,
+                  match.entryId.c_str(), match.moreContacts);
   }
   std::string Search(const std::string& number) {
     ContactMatch match;
@@ -74,6 +85,30 @@ TEST_F(PhoneNumberIndex, LeavesPauseCharactersOutOnlyWhenChecked) {
   EXPECT_EQ(Search("1234567"), "A");  // searches all tables
   EXPECT_EQ(Search("12FF4"), "B");    // table 0 included
   EXPECT_EQ(Find("124"), "B");
+}
+
+TEST_F(PhoneNumberIndex, RatesItsMatches) {
+  Store("A", "491715550123", 10);
+  EXPECT_EQ(Rated("491715550123"), "12, 10, A, 0");
+  EXPECT_EQ(Rated("01715550123"), "10, 10, A, 0");
+  EXPECT_EQ(Rated("9995550123"), "7, 10, A, 0");
+  EXPECT_EQ(Rated("0049171555P0123"), "12, 10, A, 0");
+  // One contact counts once, however many of its numbers and records there are, and wherever.
+  Store("B", "4411150123", 2);
+  Store("C", "50123", 7);
+  Store("B", "150123", 3);
+  Store("E", "330150123", 2);
+  EXPECT_EQ(Rated("50123"), "5, 10, A, 3");
+  EXPECT_EQ(Rated("0150123"), "6, 2, B, 1");
+  // Who has been deleted no longer counts, though records are left; nor who is found not to open.
+  CBookItem deleted("C", m_book["C"]);
+  m_index.OnContactItemDelete(deleted);
+  EXPECT_EQ(Rated("50123"), "5, 10, A, 2");
+  m_book["A"].opens = false;
+  EXPECT_EQ(Rated("50123"), "5, 2, B, 1");
+  Store("D", "1234", 1);
+  Store("F", "551234", 1);
+  EXPECT_EQ(Rated("1234"), "4, 1, D, 0");
 }
 
 TEST_F(PhoneNumberIndex, FirstKeyInByteOrderWinsEvenOverTheExactOne) {
