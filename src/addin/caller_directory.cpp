@@ -1,5 +1,7 @@
 #include "addin/caller_directory.h"
 
+#include "text/dial_chars.h"
+
 namespace quor {
 namespace {
 
@@ -19,22 +21,25 @@ FormResult Display(const CContactItem& contact) {
 
 }  // namespace
 
-std::optional<CallerMatch> CCallerDirectory::Answer(bool found, const ContactMatch& match) {
+std::optional<CallerMatch> CCallerDirectory::Answer(bool found, std::string_view number,
+                                                    const ContactMatch& match) {
   if (!found) return std::nullopt;
-  return CallerMatch{match.entryId, match.telNumberType, m_contacts.TakeOpened()};
+  const MatchReason reason = {match.telNumberType, match.matchedDigits,
+                              RemovePauseChars(number).size(), match.moreContacts};
+  return CallerMatch{match.entryId, reason, m_contacts.TakeOpened()};
 }
 
 std::optional<CallerMatch> CCallerDirectory::FindPhoneNumber(std::string_view number, bool check) {
   m_folders.FinishScan();
   ContactMatch match;
-  return Answer(m_index.FindPhoneNumber(number, check, match), match);
+  return Answer(m_index.FindPhoneNumber(number, check, match), number, match);
 }
 
 std::optional<CallerMatch> CCallerDirectory::SearchPhoneNumber(std::string_view number,
                                                                bool check) {
   m_folders.FinishScan();
   ContactMatch match;
-  return Answer(m_index.SearchPhoneNumber(number, check, match), match);
+  return Answer(m_index.SearchPhoneNumber(number, check, match), number, match);
 }
 
 std::optional<std::wstring> CCallerDirectory::FindContactFileAs(const CallerMatch& match) {
@@ -42,7 +47,7 @@ std::optional<std::wstring> CCallerDirectory::FindContactFileAs(const CallerMatc
 }
 
 std::optional<std::wstring> CCallerDirectory::FindContactPhoneNumber(const CallerMatch& match) {
-  return m_contacts.PhoneNumber(match.entryId, match.telNumberType, OpenedBy(match));
+  return m_contacts.PhoneNumber(match.entryId, match.reason.telNumberType, OpenedBy(match));
 }
 
 FormResult CCallerDirectory::DisplayContact(std::string_view entryId) {

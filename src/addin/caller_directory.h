@@ -25,7 +25,7 @@ class CCallerDirectory final : public ICallerDirectory {
   FormResult DisplayNewContact(std::wstring_view number) override;
 
  private:
-  std::optional<CallerMatch> Answer(bool found, const ContactMatch& match);
+  std::optional<CallerMatch> Answer(bool found, std::string_view number, const ContactMatch& match);
 
   CPhoneNumberIndex& m_index;
   COutlookContactDirectory& m_contacts;

@@ -61,11 +61,21 @@ class IMessagePopup {
   ~IMessagePopup() = default;
 };
 
+// Why a contact was taken for the caller: its number of this type ends in as many digits of the
+// caller's.
+struct MatchReason {
+  int telNumberType = 0;     // 1 to 12: the contact's phone field that matched
+  size_t matchedDigits = 0;  // pause characters do not count
+  size_t numberDigits = 0;   // of the caller's number, as reported
+  size_t moreContacts = 0;   // others with a number that ends in the matched digits
+};
+
 // A value of the caller window: a text or, if the caller withheld it, the number of the string that
 // gives the reason.
 struct CallerValue {
   std::wstring text;
-  int withheldTextId = 0;  // 0: show `text`, even if it is empty
+  int withheldTextId = 0;               // 0: show `text`, even if it is empty
+  std::optional<MatchReason> reason{};  // of a contact's name
 };
 
 // The simple caller window. It is created hidden; afterwards it is only filled, shown and hidden.
@@ -85,7 +95,7 @@ class ICallerWindow {
 
 struct CallerMatch {
   std::string entryId;
-  int telNumberType = 0;  // 1 to 12: the contact's phone field that matched
+  MatchReason reason;  // an unchecked look-up fills the type only
   // Set by a checked look-up: keeps the contact open for the two reads below. Do not hold it
   // longer.
   std::shared_ptr<const void> opened;

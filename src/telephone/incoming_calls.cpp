@@ -82,7 +82,9 @@ void CIncomingCalls::Identify(const CallerMatch& match, Caller& caller) {
   auto number = m_with.directory.FindContactPhoneNumber(match);
   if (number && !number->empty()) caller.number = *std::move(number);
   auto fileAs = m_with.directory.FindContactFileAs(match);
-  if (fileAs) caller.name = *std::move(fileAs);
+  if (!fileAs) return;
+  caller.name = *std::move(fileAs);
+  caller.reason = match.reason;
 }
 
 void CIncomingCalls::DisplayContactItem(const Caller& caller) {
@@ -119,7 +121,7 @@ bool CIncomingCalls::IsCurrent(const Caller& caller) const noexcept {
 }
 
 void CIncomingCalls::ShowCallerWindow(const Caller& caller, int slot) {
-  CallerValue name{caller.name};
+  CallerValue name{caller.name, 0, caller.reason};
   if (name.text.empty()) {
     name.withheldTextId = WithheldNameText(caller.information.noName, caller.longDistance);
   }

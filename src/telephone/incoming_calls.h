@@ -36,6 +36,7 @@ class CIncomingCalls {
     std::string entryId;  // empty: not a contact
     std::wstring name;
     std::wstring number;
+    std::optional<MatchReason> reason{};  // why the name is the caller's
   };
 
   std::optional<CallerMatch> FindPhoneNumber(bool check, std::string_view number);

@@ -121,6 +121,18 @@ TEST(CallerWindow, LosesALongDistancePrefix) {
   }
 }
 
+TEST(CallerWindow, HasTheReasonOfAContactsNameAlone) {
+  CTelephoneDesk desk;
+  desk.SetStates(2, 2, 2);
+  desk.configuration.popUpModes.fill(kPopUpSimpleWindow);
+  desk.found["5551234"] = {L"Doe", L"555-1234"};
+  desk.CallerId(1, "5551234", "DOE J");
+  EXPECT_THAT(desk.Deeds(), Contains("fill 'Doe' (7 of 7 of kind 3, 2 more) '555-1234' 0"));
+  desk.found["5551234"].readable = false;
+  desk.CallerId(1, "5551234", "DOE J");
+  EXPECT_THAT(desk.Deeds(), Contains("fill 'DOE J' '5551234' 0"));
+}
+
 TEST(CallerWindow, SaysWhyAValueIsMissing) {
   CTelephoneDesk desk;
   desk.SetStates(2, 2, 2);

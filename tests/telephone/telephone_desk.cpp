@@ -4,14 +4,19 @@
 #include <utility>
 
 #include "text/ansi.h"
+#include "text/format.h"
 
 namespace quor {
 
 namespace {
 
 std::string Show(const CallerValue& value) {
-  return value.withheldTextId ? std::to_string(value.withheldTextId)
-                              : "'" + AnsiFromWide(value.text) + "'";
+  if (value.withheldTextId != 0) return std::to_string(value.withheldTextId);
+  std::string shown = "'" + AnsiFromWide(value.text) + "'";
+  if (!value.reason) return shown;
+  return shown + Format(" (%zu of %zu of kind %d, %zu more)", value.reason->matchedDigits,
+                        value.reason->numberDigits, value.reason->telNumberType,
+                        value.reason->moreContacts);
 }
 
 }  // namespace
@@ -107,7 +112,7 @@ std::optional<CallerMatch> CTelephoneDesk::Look(const std::map<std::string, Cont
   if (whileLookingUp) std::exchange(whileLookingUp, nullptr)();
   const auto contact = where.find(std::string(number));
   if (contact == where.end()) return std::nullopt;
-  return CallerMatch{contact->first, 3, nullptr};
+  return CallerMatch{contact->first, {3, 7, number.size(), 2}, nullptr};
 }
 
 std::optional<CallerMatch> CTelephoneDesk::FindPhoneNumber(std::string_view number, bool check) {
@@ -130,8 +135,8 @@ std::optional<std::wstring> CTelephoneDesk::FindContactFileAs(const CallerMatch&
 
 std::optional<std::wstring> CTelephoneDesk::FindContactPhoneNumber(const CallerMatch& match) {
   const Contact& contact = Opened(match.entryId);
-  return contact.readable && match.telNumberType == 3 ? std::optional(contact.number)
-                                                      : std::nullopt;
+  return contact.readable && match.reason.telNumberType == 3 ? std::optional(contact.number)
+                                                             : std::nullopt;
 }
 
 FormResult CTelephoneDesk::DisplayContact(std::string_view entryId) {
