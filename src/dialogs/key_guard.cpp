@@ -1,12 +1,7 @@
 #include "dialogs/key_guard.h"
 
-#include "module/module.h"
-
 namespace quor {
 namespace {
-
-constexpr wchar_t kGuard[] = L"QuorTelephoneToolbarKeyGuard";
-constexpr wchar_t kProcedure[] = L"QuorTelephoneToolbarKeyGuardProcedure";
 
 constexpr LPARAM kWasDown = LPARAM{1} << 30;
 
@@ -26,39 +21,21 @@ KeyStroke StrokeOf(UINT message) noexcept {
 }  // namespace
 
 void CKeyGuard::Attach(HWND dialog) noexcept {
-  Watch(dialog);
+  // If there is no memory for a watch, the message hook still filters keys.
+  WatchWindow(dialog, *this);
   for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr;
        child = GetWindow(child, GW_HWNDNEXT)) {
-    Watch(child);
+    WatchWindow(child, *this);
   }
 }
 
-void CKeyGuard::Watch(HWND window) noexcept {
-  const LONG_PTR procedure = GetWindowLongPtrW(window, GWLP_WNDPROC);
-  // If there is no memory for the property, the message hook still filters keys.
-  if (!SetPropW(window, kGuard, this)) return;
-  if (!SetPropW(window, kProcedure, reinterpret_cast<HANDLE>(procedure))) {
-    RemovePropW(window, kGuard);
-    return;
+std::optional<LRESULT> CKeyGuard::OnMessage(HWND, UINT message, WPARAM wparam,
+                                            LPARAM lparam) noexcept {
+  if (message < WM_KEYFIRST || message > WM_KEYLAST ||
+      Admits(message, wparam, lparam, GetTickCount())) {
+    return std::nullopt;
   }
-  SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure));
-}
-
-LRESULT CALLBACK CKeyGuard::Procedure(HWND window, UINT message, WPARAM wparam,
-                                      LPARAM lparam) noexcept {
-  // The call may destroy the add-in and the guard; this code must stay loaded.
-  const CModuleLock loaded;
-  auto* guard = static_cast<CKeyGuard*>(GetPropW(window, kGuard));
-  const auto procedure = reinterpret_cast<WNDPROC>(GetPropW(window, kProcedure));
-  if (message == WM_NCDESTROY) {
-    RemovePropW(window, kGuard);
-    RemovePropW(window, kProcedure);
-    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
-  } else if (message >= WM_KEYFIRST && message <= WM_KEYLAST &&
-             !guard->Admits(message, wparam, lparam, GetTickCount())) {
-    return 0;
-  }
-  return CallWindowProcW(procedure, window, message, wparam, lparam);
+  return 0;
 }
 
 bool CKeyGuard::Admits(UINT message, WPARAM wparam, LPARAM lparam, DWORD time) noexcept {

@@ -4,12 +4,13 @@
 #include <windows.h>
 
 #include "dialogs/key_quiet.h"
+#include "dialogs/window_watch.h"
 
 namespace quor {
 
 // Blocks keys meant for another window from a dialog and its controls, whether posted or sent, from
 // any message loop. Does not affect the mouse or BM_CLICK.
-class CKeyGuard {
+class CKeyGuard final : private IWindowWatch {
  public:
   CKeyGuard() = default;
   CKeyGuard(const CKeyGuard&) = delete;
@@ -26,9 +27,8 @@ class CKeyGuard {
   bool Admits(UINT message, WPARAM wparam, LPARAM lparam, DWORD time) noexcept;
 
  private:
-  void Watch(HWND window) noexcept;
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam,
-                                    LPARAM lparam) noexcept;
+  std::optional<LRESULT> OnMessage(HWND window, UINT message, WPARAM wparam,
+                                   LPARAM lparam) noexcept override;
 
   CKeyQuiet m_quiet;
 };
