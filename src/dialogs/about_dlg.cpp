@@ -1,26 +1,10 @@
 #include "dialogs/about_dlg.h"
 
-#include <initializer_list>
-
 #include "com/com_boundary.h"
 #include "resources/resource_ids.h"
 #include "text/format.h"
 
 namespace quor {
-namespace {
-
-// Replaces "%1" and so on by the texts.
-std::wstring Insert(std::wstring pattern, std::initializer_list<std::wstring> texts) {
-  wchar_t number = L'1';
-  for (const std::wstring& text : texts) {
-    const size_t at = pattern.find(std::wstring{L'%', number++});
-    if (at != std::wstring::npos) pattern.replace(at, 2, text);
-  }
-  return pattern;
-}
-
-}  // namespace
-
 CAboutDlg::CAboutDlg(const DialogHost& host, IAboutActions& actions) noexcept
     : CModelessDialog(host, IDD_ABOUT), m_actions(actions) {}
 
@@ -65,9 +49,10 @@ std::wstring CAboutDlg::BaseText(const AboutFacts& facts) const {
     case UsbLibraryState::Missing:
       return m_resources.Text(IDS_BASE_NO_LIBRARY);
     case UsbLibraryState::OtherBitness:
-      return Insert(m_resources.Text(IDS_BASE_OTHER_BITNESS), {Architecture()});
+      return InsertTexts(m_resources.Text(IDS_BASE_OTHER_BITNESS), {Architecture()});
     case UsbLibraryState::Incomplete:
-      return Insert(m_resources.Text(IDS_BASE_NO_ORDINAL), {DecimalText(facts.missingOrdinal)});
+      return InsertTexts(m_resources.Text(IDS_BASE_NO_ORDINAL),
+                         {DecimalText(facts.missingOrdinal)});
     default:
       return m_resources.Text(IDS_BASE_NOT_CONNECTED);
   }
@@ -75,7 +60,7 @@ std::wstring CAboutDlg::BaseText(const AboutFacts& facts) const {
 
 std::wstring CAboutDlg::ContactsText(const AboutFacts& facts) const {
   if (facts.contactsAreBeingRead) return m_resources.Text(IDS_CONTACTS_READING);
-  return Insert(
+  return InsertTexts(
       m_resources.Text(facts.contactsWereLeftOut ? IDS_CONTACTS_LIMIT : IDS_CONTACTS_READ),
       {DecimalText(facts.contacts), DecimalText(facts.items)});
 }
@@ -91,13 +76,13 @@ std::wstring CAboutDlg::ConfigurationText(const AboutFacts& facts) const {
 std::wstring CAboutDlg::LinkText(const AboutFacts& facts) const {
   const LinkHealth& link = facts.link;
   const uint32_t reconnections = link.connections > 0 ? link.connections - 1 : 0;
-  const std::wstring counts = Insert(
+  const std::wstring counts = InsertTexts(
       m_resources.Text(IDS_LINK_HEALTH),
       {DecimalText(link.framesRead), DecimalText(link.badStartBytes),
        DecimalText(link.unknownTypes), DecimalText(link.badDelimiters), DecimalText(link.overruns),
        DecimalText(reconnections), DecimalText(link.longestPoll)});
   if (facts.connectedSince.empty()) return counts;
-  return Insert(m_resources.Text(IDS_LINK_SINCE), {facts.connectedSince}) + counts;
+  return InsertTexts(m_resources.Text(IDS_LINK_SINCE), {facts.connectedSince}) + counts;
 }
 
 void CAboutDlg::OnButton(int id) {

@@ -40,4 +40,13 @@ std::wstring DecimalText(long long number) {
   return {digits.begin(), digits.end()};
 }
 
+std::wstring InsertTexts(std::wstring pattern, std::initializer_list<std::wstring> texts) {
+  wchar_t number = L'1';
+  for (const std::wstring& text : texts) {
+    const size_t at = pattern.find(std::wstring{L'%', number++});
+    if (at != std::wstring::npos) pattern.replace(at, 2, text);
+  }
+  return pattern;
+}
+
 }  // namespace quor

@@ -2,6 +2,7 @@
 #define QUOR_TEXT_FORMAT_H
 
 #include <cstdarg>
+#include <initializer_list>
 #include <string>
 
 namespace quor {
@@ -13,6 +14,10 @@ std::string FormatArguments(const char* format, va_list arguments);
 
 // The number in decimal.
 std::wstring DecimalText(long long number);
+
+// The pattern with the first "%1" replaced by the first text, and so on. Only the last text may
+// contain such a mark itself.
+std::wstring InsertTexts(std::wstring pattern, std::initializer_list<std::wstring> texts);
 
 }  // namespace quor
 
