@@ -1,8 +1,12 @@
 #include "dialogs/simple_window.h"
 
+#include <oleacc.h>
+
 #include "com/com_boundary.h"
+#include "dialogs/name_reason.h"
 #include "resources/resource_ids.h"
 #include "telephone/telephone_state.h"
+#include "text/format.h"
 
 namespace quor {
 namespace {
@@ -25,10 +29,11 @@ uint8_t StateOfSlot(int slot, uint8_t line1, uint8_t line2, uint8_t cell) noexce
 }  // namespace
 
 CSimpleWindow::CSimpleWindow(const DialogHost& host, IAnswerHandler& answer) noexcept
-    : CModelessDialog(host, IDD_CALLER), m_answer(answer) {}
+    : CModelessDialog(host, IDD_CALLER), m_answer(answer), m_announcement(ROLE_SYSTEM_ALERT) {}
 
 void CSimpleWindow::Fill(const CallerValue& name, const CallerValue& number, int slot) {
   GuardCall(m_log, "caller window", [&] {
+    Explain(name, number);
     SetItemText(IDC_CALLER_NAME, Shown(name));
     SetItemText(IDC_CALLER_NUMBER, Shown(number));
     SetItemText(IDC_CALLER_LINE, m_resources.Text(IDS_SLOT_NAME + slot));
@@ -51,6 +56,7 @@ void CSimpleWindow::Show() {
 void CSimpleWindow::Hide() {
   if (!IsVisible()) return;
   const unsigned shown = m_shown;
+  m_nameTip.Hide();
   m_focus.Return(Window());
   // Do not hide the window if the next call was shown while the focus moved.
   if (shown == m_shown) CModelessDialog::Hide();
@@ -66,6 +72,9 @@ void CSimpleWindow::Follow(uint8_t line1, uint8_t line2, uint8_t cell) {
 void CSimpleWindow::OnCreated() {
   SetCaptionText(m_resources.Text(IDS_INCOMING_CALL));
   m_keys.Attach(Window());
+  m_announcement.Attach(Window());
+  m_nameExplained.Attach(Control(IDC_CALLER_NAME));
+  m_nameTip.Attach(Control(IDC_CALLER_NAME));
 }
 
 void CSimpleWindow::OnActivation(bool active) {
@@ -86,6 +95,15 @@ void CSimpleWindow::OnButton(int id) {
   const bool answers = id == IDOK && IsVisible() && IsWindowEnabled(Control(IDOK));
   Hide();
   if (answers) m_answer.OnAnswer(m_slot);
+}
+
+// Who calls, for those who hear the window, and why that name, for all.
+void CSimpleWindow::Explain(const CallerValue& name, const CallerValue& number) {
+  const std::wstring caller = name.text.empty() && !number.text.empty() ? number.text : Shown(name);
+  const std::wstring reason = NameReason(name, m_resources);
+  m_announcement.Set({InsertTexts(m_resources.Text(IDS_INCOMING_CALL_FROM), {caller}), reason});
+  m_nameExplained.Set({{}, reason});
+  m_nameTip.SetText(reason);
 }
 
 std::wstring CSimpleWindow::Shown(const CallerValue& value) const {

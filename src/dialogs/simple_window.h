@@ -5,9 +5,11 @@
 #include <string>
 #include <string_view>
 
+#include "dialogs/accessible_texts.h"
 #include "dialogs/focus_return.h"
 #include "dialogs/key_guard.h"
 #include "dialogs/modeless_dialog.h"
+#include "dialogs/tool_tip.h"
 #include "telephone/collaborators.h"
 
 namespace quor {
@@ -51,6 +53,7 @@ class CSimpleWindow final : public CModelessDialog, public ICallerWindow {
   void OnButton(int id) override;
   bool AdmitsKey(const MSG& message) noexcept override;
 
+  void Explain(const CallerValue& name, const CallerValue& number);
   std::wstring Shown(const CallerValue& value) const;
   void EnableAnswer(bool enabled) noexcept;
   void SetCaptionText(std::wstring_view text);
@@ -61,6 +64,9 @@ class CSimpleWindow final : public CModelessDialog, public ICallerWindow {
   int m_slot = 0;
   unsigned m_shown = 0;  // number of times it was shown
   CKeyGuard m_keys;
+  CAccessibleTexts m_announcement;   // of the window
+  CAccessibleTexts m_nameExplained;  // of the name
+  CToolTip m_nameTip;
   CFocusReturn m_focus;
 };
 

@@ -121,6 +121,14 @@
 
 #define IDS_SLOT_NAME 1500 /* 1500 to 1505: Line1, Line2, Cell1 to Cell4 */
 #define IDS_INCOMING_CALL 1510
+/* Spoken when the caller window opens. %1: the caller's name, or else the number */
+#define IDS_INCOMING_CALL_FROM 1511
+/* Why a name is shown. %1: matched digits, %2: digits of the caller's number, %3: the kind of the
+   contact's number, %4: the name */
+#define IDS_NAME_REASON 1512
+#define IDS_NO_MORE_CONTACTS 1513
+#define IDS_ONE_MORE_CONTACT 1514
+#define IDS_MORE_CONTACTS 1515 /* %1: contacts */
 
 #define IDS_POP_UP_MODE 1520   /* 1520 to 1522: "Contact list", "Simple window", "Off" */
 #define IDS_LANGUAGE_NAME 1530 /* 1530 to 1532: each language by its own name */

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 #include <oleacc.h>
+// commctrl.h needs windows.h before it.
+#include <commctrl.h>
 
 #include "dialogs/data_pop_dlg.h"
 #include "dialogs/msg_pop_dlg.h"
@@ -268,33 +270,138 @@ TEST_F(CallerWindow, LogsWhatItCannotShow) {
   EXPECT_FALSE(m_window.IsWindow());
 }
 
-std::vector<std::wstring> g_alerts;  // accessible names
+std::wstring Taken(HRESULT result, BSTR text) {
+  const std::wstring taken(result == S_OK && text != nullptr ? text : L"");
+  SysFreeString(text);
+  return taken;
+}
+VARIANT Self() {
+  VARIANT self = {};
+  self.vt = VT_I4;
+  return self;
+}
+std::wstring NameOf(IAccessible& accessible) {
+  BSTR name = nullptr;
+  const HRESULT result = accessible.get_accName(Self(), &name);
+  return Taken(result, name);
+}
+std::wstring DescriptionOf(IAccessible& accessible) {
+  BSTR description = nullptr;
+  const HRESULT result = accessible.get_accDescription(Self(), &description);
+  return Taken(result, description);
+}
+IAccessible* AccessibleOf(HWND window) {
+  IAccessible* accessible = nullptr;
+  AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                             reinterpret_cast<void**>(&accessible));
+  return accessible;
+}
+
+// The name's tooltip, whose area must be the name's.
+std::wstring TipOfName(HWND dialog) {
+  HWND tip = nullptr;
+  while ((tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr) {
+    if (GetWindow(tip, GW_OWNER) == dialog) break;
+  }
+  wchar_t text[256] = {};
+  TTTOOLINFOW tool = {};
+  tool.cbSize = TTTOOLINFOW_V1_SIZE;
+  tool.lpszText = text;
+  if (SendMessageW(tip, TTM_ENUMTOOLSW, 0, reinterpret_cast<LPARAM>(&tool)) == 0) return L"";
+  RECT name = {};
+  GetWindowRect(GetDlgItem(dialog, IDC_CALLER_NAME), &name);
+  MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&name), 2);
+  EXPECT_TRUE(EqualRect(&tool.rect, &name));
+  return text;
+}
+
+class SpokenCallerWindow : public CallerWindow {
+ protected:
+  SpokenCallerWindow() { CoInitialize(nullptr); }
+  ~SpokenCallerWindow() {
+    m_window.Destroy();
+    CoUninitialize();
+  }
+};
+
+std::vector<std::wstring> g_alerts;  // role, accessible name and description
 
 void CALLBACK OnAlert(HWINEVENTHOOK, DWORD, HWND window, LONG object, LONG child, DWORD, DWORD) {
   IAccessible* accessible = nullptr;
   VARIANT self;
-  BSTR name = nullptr;
   ASSERT_EQ(AccessibleObjectFromEvent(window, static_cast<DWORD>(object), static_cast<DWORD>(child),
                                       &accessible, &self),
             S_OK);
-  ASSERT_EQ(accessible->get_accName(self, &name), S_OK);
-  g_alerts.emplace_back(name);
-  SysFreeString(name);
+  VARIANT role = {};
+  ASSERT_EQ(accessible->get_accRole(self, &role), S_OK);
+  g_alerts.push_back(std::to_wstring(role.lVal) + L": " + NameOf(*accessible) + L". " +
+                     DescriptionOf(*accessible));
   accessible->Release();
 }
 
-TEST_F(CallerWindow, IsAnnouncedToAScreenReader) {
-  ASSERT_EQ(CoInitialize(nullptr), S_OK);
+// Even if another window stays in front.
+TEST_F(SpokenCallerWindow, AnnouncesTheCaller) {
   const HWINEVENTHOOK hook =
       SetWinEventHook(EVENT_SYSTEM_ALERT, EVENT_SYSTEM_ALERT, nullptr, OnAlert,
                       GetCurrentProcessId(), GetCurrentThreadId(), WINEVENT_OUTOFCONTEXT);
   g_alerts.clear();
   Ring(0);
-  EXPECT_EQ(g_alerts, std::vector<std::wstring>{L"Incoming Call"});
-  Ring(1);  // another call in the same window
-  EXPECT_EQ(g_alerts.size(), 2u);
+  Ring(1, {L"Lee, Anna", 0, MatchReason{10, 9, 11, 0}});  // another call in the same window
+  Ring(1, {L"", IDS_UNAVAILABLE_NAME_AND_NUMBER});
+  m_window.Fill({L"", IDS_PRIVATE_CALLER}, {L"", IDS_PRIVATE_CALLER}, 0);
+  m_window.Show();
+  RunLoop();
+  EXPECT_EQ(g_alerts, (std::vector<std::wstring>{
+                          L"8: Incoming Call: Müller & Söhne. ",
+                          L"8: Incoming Call: Lee, Anna. 9 of 11 digits: Mobile of Lee, Anna",
+                          L"8: Incoming Call: 5551234. ", L"8: Incoming Call: Private caller. "}));
   UnhookWinEvent(hook);
-  CoUninitialize();
+}
+
+TEST_F(SpokenCallerWindow, ExplainsAContactsName) {
+  struct {
+    CallerValue name;
+    const wchar_t* reason;
+  } const rows[] = {
+      {{L"Anna Lee", 0, MatchReason{10, 9, 11, 0}}, L"9 of 11 digits: Mobile of Anna Lee"},
+      {{L"100 %1 & Co", 0, MatchReason{2, 12, 14, 2}},
+       L"12 of 14 digits: Business of 100 %1 & Co\r\n2 more contacts end in these digits"},
+      {{L"N", 0, MatchReason{12, 7, 7, 1}},
+       L"7 of 7 digits: Primary of N\r\n1 more contact ends in these digits"},
+      {{L"N", 0, MatchReason{1, 6, 10, 0}},
+       L"6 of 10 digits: Assistant of N\r\nNo other contact ends in these digits"},
+      {{L"N", 0, MatchReason{1, 4, 4, 0}}, L"4 of 4 digits: Assistant of N"},
+      {{L"", IDS_UNKNOWN, MatchReason{1, 9, 9, 0}}, L""},
+      {{L"N", 0}, L""},
+  };
+  for (const auto& row : rows) {
+    Ring(0, row.name);
+    IAccessible* const accessible = AccessibleOf(GetDlgItem(VisibleDialog(), IDC_CALLER_NAME));
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_EQ(DescriptionOf(*accessible), row.reason);
+    EXPECT_EQ(TipOfName(VisibleDialog()), row.reason);
+    accessible->Release();
+  }
+  EXPECT_EQ(ModuleLockCount(), 0);
+}
+
+// A screen reader may keep what it has asked for, and ask on when the window is gone.
+TEST_F(SpokenCallerWindow, SurvivesAScreenReaderThatHoldsOn) {
+  Ring(0, {L"Anna", 0, MatchReason{10, 9, 11, 0}});
+  IAccessible* const accessible = AccessibleOf(VisibleDialog());
+  ASSERT_NE(accessible, nullptr);
+  Ring(0, {L"Ben", 0});
+  EXPECT_EQ(NameOf(*accessible), L"Incoming Call: Ben") << "as it is now";
+  LONG children = 0;
+  EXPECT_EQ(accessible->get_accChildCount(&children), S_OK);
+  EXPECT_EQ(children, 8);
+  EXPECT_GT(ModuleLockCount(), 0);
+  m_window.Destroy();
+  NameOf(*accessible);
+  DescriptionOf(*accessible);
+  accessible->get_accChildCount(&children);
+  EXPECT_EQ(accessible->Release(), 0u);
+  EXPECT_EQ(ModuleLockCount(), 0);
 }
 
 TEST_F(CallerWindow, LeavesTheToolbarUncovered) {
