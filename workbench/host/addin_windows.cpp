@@ -63,17 +63,6 @@ std::string WithoutMarks(const std::string& text) {
   return plain;
 }
 
-HWND FindByTitle(const std::vector<HWND>& windows, const std::string& title) {
-  HWND hidden = nullptr;
-  for (const HWND window : windows) {
-    if (!IsCalled(DescribeWindow(window), title)) continue;
-    if (IsWindowVisible(window)) return window;
-    hidden = window;
-  }
-  if (hidden) throw CScenarioError("the window \"" + title + "\" is hidden");
-  throw CScenarioError("there is no window \"" + title + "\"");
-}
-
 void CheckUsable(HWND control, const std::string& name) {
   if (!IsWindowEnabled(control)) throw CScenarioError("\"" + name + "\" is disabled");
   if (!IsWindowVisible(control)) throw CScenarioError("\"" + name + "\" is not visible");
@@ -101,6 +90,25 @@ void Choose(HWND list, const std::wstring& entry) {
 }
 
 }  // namespace
+
+HWND FindByTitle(const std::vector<HWND>& windows, const std::string& title) {
+  HWND hidden = nullptr;
+  for (const HWND window : windows) {
+    if (!IsCalled(DescribeWindow(window), title)) continue;
+    if (IsWindowVisible(window)) return window;
+    hidden = window;
+  }
+  if (hidden) throw CScenarioError("the window \"" + title + "\" is hidden");
+  throw CScenarioError("there is no window \"" + title + "\"");
+}
+
+HWND FindControl(const std::vector<HWND>& windows, const std::string& title,
+                 const std::string& text) {
+  for (const HWND child : ChildrenOf(FindByTitle(windows, title))) {
+    if (WithoutMarks(TextOf(child)) == text) return child;
+  }
+  throw CScenarioError("\"" + title + "\" shows no \"" + text + "\"");
+}
 
 WindowView DescribeWindow(HWND window) {
   WindowView view;

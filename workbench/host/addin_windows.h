@@ -20,6 +20,10 @@ void PressButton(const std::vector<HWND>& windows, const std::string& title,
 void EnterText(const std::vector<HWND>& windows, const std::string& title, int field,
                const std::string& text);
 void ActivateByUser(const std::vector<HWND>& windows, const std::string& title);
+// A control by its text.
+HWND FindControl(const std::vector<HWND>& windows, const std::string& title,
+                 const std::string& text);
+HWND FindByTitle(const std::vector<HWND>& windows, const std::string& title);
 void CloseByUser(const std::vector<HWND>& windows, const std::string& title);
 
 }  // namespace quor::workbench

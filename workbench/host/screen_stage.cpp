@@ -2,6 +2,7 @@
 
 #include "workbench/host/addin_windows.h"
 #include "workbench/host/key_stroke.h"
+#include "workbench/host/screen_reader.h"
 #include "workbench/host/screenshot.h"
 #include "workbench/scenario/scenario_error.h"
 
@@ -108,6 +109,27 @@ std::vector<WindowView> CScreenStage::Windows() {
   for (const HWND window : AllWindows())
     views.push_back(DescribeWindow(window));
   return views;
+}
+
+std::string CScreenStage::AccessibleName(const std::string& title) {
+  return AccessibleNameOf(FindByTitle(AllWindows(), title));
+}
+
+ExplainedText CScreenStage::Explanation(const std::string& title, const std::string& text) {
+  const HWND control = FindControl(AllWindows(), title, text);
+  return {TooltipOver(control), AccessibleDescriptionOf(control)};
+}
+
+// Without a screen nothing tells the window that the mouse has moved.
+void CScreenStage::PointAt(const std::string& title, const std::string& text) {
+  const HWND control = FindControl(AllWindows(), title, text);
+  RECT area = {};
+  GetWindowRect(control, &area);
+  POINT point = {(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+  SetCursorPos(point.x, point.y);
+  const HWND window = GetParent(control);
+  ScreenToClient(window, &point);
+  PostMessageW(window, WM_MOUSEMOVE, 0, MAKELPARAM(point.x, point.y));
 }
 
 void CScreenStage::Press(const std::string& title, const std::string& button) {

@@ -25,6 +25,9 @@ class CScreenStage final : public IScreenStage {
   void ShowCalendarAsTable(bool table) override { m_face.ShowCalendarAsTable(table); }
   void OpenOptions() override;
   std::vector<WindowView> Windows() override;
+  std::string AccessibleName(const std::string& title) override;
+  void PointAt(const std::string& title, const std::string& text) override;
+  ExplainedText Explanation(const std::string& title, const std::string& text) override;
   void Press(const std::string& title, const std::string& button) override;
   void Enter(const std::string& title, int field, const std::string& text) override;
   void PressKey(const std::string& title, const std::string& key) override;

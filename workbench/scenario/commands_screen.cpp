@@ -197,6 +197,27 @@ void ExpectWindow(CRun& run, const CCommandArguments& arguments) {
   throw CExpectationFailure(text);
 }
 
+void ExpectTooltip(CRun& run, const CCommandArguments& arguments) {
+  const ExplainedText found = run.stage.screen.Explanation(arguments.Text(0), arguments.Text(1));
+  std::string expected;
+  for (const std::string& line : arguments.Block())
+    expected += (expected.empty() ? "" : "\r\n") + line;
+  if (found.tooltip != expected) throw CExpectationFailure("it is \"" + found.tooltip + "\"");
+  if (found.description != expected) {
+    throw CExpectationFailure("a screen reader reads \"" + found.description + "\"");
+  }
+}
+
+void PointAt(CRun& run, const CCommandArguments& arguments) {
+  run.stage.screen.PointAt(arguments.Text(0), arguments.Text(1));
+  run.stage.host.Pump();
+}
+
+void ExpectAnnounced(CRun& run, const CCommandArguments& arguments) {
+  const std::string name = run.stage.screen.AccessibleName(arguments.Text(0));
+  if (name != arguments.Text(1)) throw CExpectationFailure("it is \"" + name + "\"");
+}
+
 void OpenOptions(CRun& run, const CCommandArguments&) {
   run.stage.screen.OpenOptions();
   run.stage.host.Pump();
@@ -292,6 +313,15 @@ constexpr Command kCommands[] = {
      "a control has that text. The block lists the texts of its controls in order, disabled ones "
      "in brackets; \"...\" at the beginning of a text matches any beginning.",
      2, 2, Block::Optional, ExpectWindow},
+    {"expect tooltip", "TITLE TEXT",
+     "The tooltip over a text of a window, which a screen reader must read as the text's "
+     "description, too. The block holds its lines; without a block there is none.",
+     2, 2, Block::Optional, ExpectTooltip},
+    {"point at", "TITLE TEXT",
+     "Moves the mouse over a text of a window; its tooltip comes after a while.", 2, 2, Block::None,
+     PointAt},
+    {"expect announced", "TITLE NAME", "What a screen reader calls a window.", 2, 2, Block::None,
+     ExpectAnnounced},
     {"open options", "",
      "Opens \"Outlook Options\" with the add-ins' pages: raises OptionsPagesAdd.", 0, 0,
      Block::None, OpenOptions},

@@ -103,6 +103,12 @@ struct PictureOrder {
   bool dark = false;              // Office's dark theme, which only the ribbon has
 };
 
+// How a text of a window is explained: to the mouse and to a screen reader.
+struct ExplainedText {
+  std::string tooltip;
+  std::string description;
+};
+
 class IScreenStage {
  public:
   // The controls of the main window, or of the inspector with the named item.
@@ -118,6 +124,9 @@ class IScreenStage {
   virtual void OpenOptions() = 0;
   // Windows are named as for IsCalled.
   virtual std::vector<WindowView> Windows() = 0;
+  virtual std::string AccessibleName(const std::string& title) = 0;
+  virtual ExplainedText Explanation(const std::string& title, const std::string& text) = 0;
+  virtual void PointAt(const std::string& title, const std::string& text) = 0;
   virtual void Press(const std::string& title, const std::string& button) = 0;
   virtual void Enter(const std::string& title, int field, const std::string& text) = 0;
   // Sends and handles "Tab", "Shift+Tab", "Alt+l" or a typed text.

@@ -31,6 +31,7 @@ class CNotedStage final : public IHostStage,
   std::optional<std::string> opened;
   std::vector<ControlView> controls;
   std::vector<WindowView> windows;
+  ExplainedText explained;
   std::vector<std::string> held;
   std::map<std::string, std::string> files;
   std::vector<std::string> xml;
@@ -127,11 +128,14 @@ class CNotedStage final : public IHostStage,
   void Pick(const std::string&, const std::string&) override {}
   void ShowCalendarAsTable(bool) override {}
   std::vector<WindowView> Windows() override { return windows; }
+  std::string AccessibleName(const std::string& title) override { return title; }
+  ExplainedText Explanation(const std::string&, const std::string&) override { return explained; }
   void Press(const std::string&, const std::string&) override {}
   void Enter(const std::string&, int, const std::string&) override {}
   void OpenOptions() override {}
   void PressKey(const std::string&, const std::string&) override {}
   void CloseWindow(const std::string&) override {}
+  void PointAt(const std::string&, const std::string&) override {}
   std::string Screenshot(const std::string& name) override { return name; }
   std::string Picture(const PictureOrder& order) override { return order.name; }
 
