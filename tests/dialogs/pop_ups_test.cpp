@@ -3,6 +3,8 @@
 // commctrl.h needs windows.h before it.
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "dialogs/data_pop_dlg.h"
 #include "dialogs/msg_pop_dlg.h"
 #include "dialogs/simple_window.h"
@@ -402,6 +404,49 @@ TEST_F(SpokenCallerWindow, SurvivesAScreenReaderThatHoldsOn) {
   accessible->get_accChildCount(&children);
   EXPECT_EQ(accessible->Release(), 0u);
   EXPECT_EQ(ModuleLockCount(), 0);
+}
+
+// As high contrast sets them; gives the user's back.
+class CBlackScheme {
+ public:
+  CBlackScheme() {
+    std::transform(kElements, kElements + kCount, m_before, GetSysColor);
+    SetSysColors(kCount, kElements, kColours);
+  }
+  ~CBlackScheme() { SetSysColors(kCount, kElements, m_before); }
+
+  static constexpr COLORREF kBackground = RGB(0, 0, 0);
+  static constexpr COLORREF kText = RGB(255, 255, 0);
+
+ private:
+  static constexpr int kCount = 3;
+  static constexpr int kElements[kCount] = {COLOR_BTNFACE, COLOR_WINDOWTEXT, COLOR_BTNTEXT};
+  static constexpr COLORREF kColours[kCount] = {kBackground, kText, kText};
+  COLORREF m_before[kCount];
+};
+
+TEST_F(CallerWindow, IsDrawnInTheColoursOfHighContrast) {
+  const CBlackScheme scheme;
+  Ring(0);
+  const HDC context = CreateCompatibleDC(nullptr);
+  int texts = 0;
+  for (HWND child = GetWindow(VisibleDialog(), GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    wchar_t name[32] = {};
+    GetClassNameW(child, name, 32);
+    if (std::wstring(name) != L"Static") continue;
+    const auto brush = reinterpret_cast<HBRUSH>(SendMessageW(VisibleDialog(), WM_CTLCOLORSTATIC,
+                                                             reinterpret_cast<WPARAM>(context),
+                                                             reinterpret_cast<LPARAM>(child)));
+    LOGBRUSH drawn = {};
+    GetObjectW(brush, sizeof drawn, &drawn);
+    EXPECT_EQ(drawn.lbColor, CBlackScheme::kBackground);
+    EXPECT_EQ(GetBkColor(context), CBlackScheme::kBackground);
+    EXPECT_EQ(GetTextColor(context), CBlackScheme::kText);
+    ++texts;
+  }
+  EXPECT_EQ(texts, 6);
+  DeleteDC(context);
 }
 
 TEST_F(CallerWindow, LeavesTheToolbarUncovered) {
