@@ -1,6 +1,7 @@
 #ifndef QUOR_WORKBENCH_HOST_PLAYER_H
 #define QUOR_WORKBENCH_HOST_PLAYER_H
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -38,7 +39,9 @@ class CPlayer {
   // Makes the round's call fail, or something else happen inside it.
   void Aim(CRun& run, uint64_t call);
   void ActInside(CRun& run);
+  bool TelephoneWorks(CRun& run);
   bool CheckOutcome(CRun& run, const std::string& member);
+  bool AllOutcomesSeen() const;
   int PlayReplay();
 
   Options m_options;
@@ -46,9 +49,10 @@ class CPlayer {
   CThreadExecutor& m_executor;
   CConsole m_console;
   std::unique_ptr<CWorkbench> m_workbench;
-  std::optional<std::string> m_called;   // the member of the round's call, after the call
-  std::string m_failedInside;            // the error inside it
-  std::vector<std::string> m_idleAfter;  // members whose failure may disable the telephone
+  std::optional<std::string> m_called;  // the member of the round's call, after the call
+  std::string m_failedInside;           // the error inside it
+  // Members whose failure may disable the telephone, and whether one has.
+  std::map<std::string, bool> m_idleAfter;
 };
 
 }  // namespace quor::workbench

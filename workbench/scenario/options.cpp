@@ -20,6 +20,7 @@ const char kUsage[] =
     "  --outcomes FILE   calls whose failure may disable the telephone in a sweep\n"
     "  --neighbours      adds other add-ins' windows and message hook\n"
     "  --from N          first call of a sweep\n"
+    "  --every N         plays only each Nth call of a long sweep\n"
     "  --replay LOG      replays the frames received in a diagnostic log and compares the logs\n"
     "  --story           prints only what the scenario says and shows\n"
     "  --quiet           prints only failures\n"
@@ -137,6 +138,8 @@ class COptionReader {
       m_options.registerRunning = true;
     } else if (option == "--from") {
       m_options.sweepFrom = static_cast<unsigned>(Number(option, 1, 1'000'000));
+    } else if (option == "--every") {
+      m_options.sweepStep = static_cast<unsigned>(Number(option, 1, 1'000'000));
     } else if (option == "--help") {
       m_options.task = Task::Help;
     } else if (option == "--help-markdown") {

@@ -23,6 +23,7 @@ struct Options {
   bool painted = true;       // Outlook's own windows are drawn on the screen
   unsigned stuckAfter = 60;  // seconds
   unsigned sweepFrom = 1;    // first call of a sweep
+  unsigned sweepStep = 1;    // from one call to the next
   // What a sweep does inside each call, one call per round.
   enum class Inside { Fail, Disconnect, Release, Quit, Poll, Unplug };
   Inside inside = Inside::Fail;
