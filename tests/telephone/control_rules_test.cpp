@@ -178,21 +178,5 @@ TEST(Controls, TheOtherFourFollowTheirOwnBytes) {
   }
 }
 
-TEST(CellItems, RegisteredAndAvailableOrPoppedUp) {
-  TelephoneState state;
-  for (int bits = 0; bits < 256; ++bits) {
-    state.cells.cellRegistered = static_cast<uint8_t>(bits & 15);
-    state.record.cellSub = static_cast<uint8_t>(bits >> 4);
-    for (const uint8_t popup : Bytes{0, 1, 17, 18, 19, 20, 21}) {
-      state.caller.popupLine = popup;
-      for (int cell = 0; cell < 4; ++cell) {
-        const bool registered = bits >> cell & 1;
-        const bool available = bits >> (4 + cell) & 1;
-        ASSERT_EQ(IsCellItemEnabled(state, cell), registered && (available || popup == 17 + cell));
-      }
-    }
-  }
-}
-
 }  // namespace
 }  // namespace quor

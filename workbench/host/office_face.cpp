@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "workbench/host/screenshot.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -12,6 +13,7 @@ constexpr int kFirstExplorerRibbon = 14;
 constexpr int kFirstInspectorRibbon = 12;
 constexpr char kExplorerRibbon[] = "Microsoft.Outlook.Explorer";
 constexpr char kContactRibbon[] = "Microsoft.Outlook.Contact";
+
 const wchar_t* TabOf(ItemType type, bool calendarAsTable) {
   switch (type) {
     case ItemType::Appointment:
@@ -93,7 +95,7 @@ COfficeFace::PartsPtr COfficeFace::PartsOf(CExplorer& explorer) {
   if (PartsPtr known = FindKnown(explorer)) return known;
   PartsPtr parts = NewParts(explorer, true);
   OutlookWindowOptions options;
-  options.window.painted = m_painted;
+  options.window.painted = m_painted && HasScreen();
   options.skin = m_version < kFirstExplorerRibbon ? Skin::Toolbars : Skin::Ribbon;
   parts->window = std::make_unique<COutlookWindow>(*m_session, explorer, *parts->bars, options);
   parts->window->SetPanel(m_panel);
@@ -105,7 +107,7 @@ COfficeFace::PartsPtr COfficeFace::PartsOf(CInspector& inspector) {
   if (PartsPtr known = FindKnown(inspector)) return known;
   PartsPtr parts = NewParts(inspector, false);
   OutlookWindowOptions options;
-  options.window.painted = m_painted;
+  options.window.painted = m_painted && HasScreen();
   options.skin = m_version < kFirstInspectorRibbon ? Skin::Toolbars : Skin::Ribbon;
   parts->window = std::make_unique<COutlookWindow>(*m_session, inspector, *parts->bars, options);
   m_windows.push_back(parts);

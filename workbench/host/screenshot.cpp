@@ -10,15 +10,6 @@ namespace quor::workbench {
 
 namespace {
 
-// Wine without a display has no screen.
-bool HasScreen() {
-  wchar_t driver[32] = {};
-  DWORD size = sizeof(driver);
-  RegGetValueW(HKEY_CURRENT_USER, L"Software\\Wine\\Drivers", L"Graphics", RRF_RT_REG_SZ, nullptr,
-               driver, &size);
-  return lstrcmpiW(driver, L"null") != 0;
-}
-
 HBITMAP CopyScreen() {
   const int width = GetSystemMetrics(SM_CXSCREEN);
   const int height = GetSystemMetrics(SM_CYSCREEN);
@@ -72,6 +63,14 @@ HBITMAP CopySettledScreen() {
 }
 
 }  // namespace
+
+bool HasScreen() {
+  wchar_t driver[32] = {};
+  DWORD size = sizeof(driver);
+  RegGetValueW(HKEY_CURRENT_USER, L"Software\\Wine\\Drivers", L"Graphics", RRF_RT_REG_SZ, nullptr,
+               driver, &size);
+  return lstrcmpiW(driver, L"null") != 0;
+}
 
 std::string SaveScreenshot(const std::string& path) {
   if (!HasScreen()) return {};

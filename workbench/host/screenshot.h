@@ -5,6 +5,9 @@
 
 namespace quor::workbench {
 
+// Whether anything is shown: Wine without a display draws nowhere.
+bool HasScreen();
+
 // Saves the screen as PNG. Returns the path, or an empty text if there is no screen.
 std::string SaveScreenshot(const std::string& path);
 

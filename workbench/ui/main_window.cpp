@@ -116,8 +116,8 @@ void CMainWindow::Paint() {
       CCanvas canvas(scene.width, scene.height, m_options.scale);
       m_hits = PaintWindow(canvas, face, scene);
       canvas.CopyTo(context);
-      SetWindowTextW(window, face.title.c_str());
     }
+    if (!life.expired()) SetWindowTextW(window, face.title.c_str());
   } catch (...) {
     // No exception may leave a window procedure; the next painting tries again.
   }
