@@ -51,7 +51,7 @@ CAddin::~CAddin() {
 
 HRESULT CAddin::Create(IUnknown* outer, REFIID iid, void** object) {
   if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-  CAddin* addin = new CAddin;
+  auto* addin = new CAddin;
   const IUnknownPtr alive(&addin->Identity(), false);
   const HRESULT result = addin->FinalConstruct();
   return FAILED(result) ? result : addin->QueryInterface(iid, object);

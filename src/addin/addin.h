@@ -90,7 +90,7 @@ class CAddin final
 
  private:
   CAddin();
-  ~CAddin();
+  ~CAddin() override;
   HRESULT FinalConstruct() noexcept;
   void FinalRelease() noexcept;
   void* FindInterface(REFIID iid) noexcept override;

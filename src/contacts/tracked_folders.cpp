@@ -17,7 +17,7 @@ bool CTrackedFolders::CheckContactsFolder(IDispatch* folder,
   // A copy: start-up may find the default folder again inside a call.
   const std::wstring defaultId(defaultFolderId);
   try {
-    CFolder current = QueryObject<CFolder>(folder);
+    auto current = QueryObject<CFolder>(folder);
     for (int depth = 0; current && depth < kDeepestFolder; ++depth) {
       const std::wstring entryId = current.EntryId();
       if (SameEntryId(entryId, defaultId)) return true;

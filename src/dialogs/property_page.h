@@ -37,7 +37,7 @@ class CPropPage final : public CComObject<CWindowedControl, CDispatchPart<ITelep
 
  private:
   explicit CPropPage(const OptionsPageParts& parts);
-  ~CPropPage() = default;
+  ~CPropPage() override = default;
   IUnknown& Identity() noexcept { return static_cast<IOleObject&>(*this); }
   void* FindInterface(REFIID iid) noexcept override;
 
