@@ -111,6 +111,7 @@ WindowFace COutlookWindow::Face() {
   if (m_options.skin == Skin::Toolbars) face.bars = m_bars.Faces();
   if (const auto ribbon = m_ribbon) {
     face.ribbon = ribbon->Tab(ribbon->ActiveTab(), CRibbonView::Extent::Drawn);
+    if (!m_object.IsOpen()) return face;  // closed inside a callback
   }
   if (m_panel != nullptr) face.panel = m_panel->Face();
   if (m_explorer != nullptr) {
