@@ -98,12 +98,12 @@ void CAddin::OnNewExplorer(IDispatch* explorer) {
 void CAddin::OnNewInspector(IDispatch* inspector) {
   m_log.Write("CAddin::OnNewInspector\n");
   if (!HasFinished()) return;
-  if (const CInspector opened = QueryObject<CInspector>(inspector)) m_ui.OpenContactWindow(opened);
+  if (const auto opened = QueryObject<CInspector>(inspector)) m_ui.OpenContactWindow(opened);
 }
 
 void CAddin::OnOptionsPagesAdd(IDispatch* pages) {
   m_log.Write("CAddin::OnOptionsPagesAdd\n");
-  const CPropertyPages outlookPages = QueryObject<CPropertyPages>(pages);
+  const auto outlookPages = QueryObject<CPropertyPages>(pages);
   if (!outlookPages) return;
   IDispatchPtr page;
   const HRESULT result = CreateOptionsPage(IID_IDispatch, reinterpret_cast<void**>(&page));

@@ -21,7 +21,7 @@ HRESULT FailureFrom(HRESULT result, EXCEPINFO& exception) {
 
 DISPID CMemberId::Resolve(IDispatch& object, REFIID iid) {
   if (m_id == DISPID_UNKNOWN) {
-    LPOLESTR name = const_cast<LPOLESTR>(m_name);  // the interface is not const-correct
+    auto* name = const_cast<LPOLESTR>(m_name);  // the interface is not const-correct
     DISPID id = DISPID_UNKNOWN;
     const HRESULT result = object.GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
     if (FAILED(result)) _com_issue_errorex(result, &object, iid);
@@ -127,13 +127,13 @@ IDispatchPtr CDispatchObject::ObjectFrom(const _variant_t& result) const {
   switch (V_VT(&result)) {
     case VT_EMPTY:
     case VT_NULL:
-      return nullptr;
+      return {};
     case VT_DISPATCH:
       return V_DISPATCH(&result);
     case VT_UNKNOWN: {
       IDispatchPtr object;
       IUnknown* unknown = V_UNKNOWN(&result);
-      if (unknown == nullptr) return nullptr;
+      if (unknown == nullptr) return {};
       const HRESULT found =
           unknown->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&object));
       if (FAILED(found)) _com_issue_errorex(found, unknown, *m_iid);
@@ -141,7 +141,7 @@ IDispatchPtr CDispatchObject::ObjectFrom(const _variant_t& result) const {
     }
     default:
       _com_issue_errorex(DISP_E_TYPEMISMATCH, m_object, *m_iid);
-      return nullptr;
+      return {};
   }
 }
 

@@ -66,7 +66,7 @@ class CDispatchObject {
   void Release() noexcept { const IDispatchPtr released(m_object.Detach(), false); }
 
  protected:
-  CDispatchObject(IDispatchPtr object, REFIID iid) : m_object(std::move(object)), m_iid(&iid) {}
+  CDispatchObject(const IDispatchPtr& object, REFIID iid) : m_object(object), m_iid(&iid) {}
 
   _variant_t GetProperty(CMemberId& member) const;
   // Passes an object as VT_DISPATCH with a plain property put, as Office declares it.

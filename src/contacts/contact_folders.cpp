@@ -143,7 +143,7 @@ void CContactFolders::StopScan() noexcept {
 }
 
 void CContactFolders::OnContactChanged(IDispatch* item) {
-  const CContactItem contact = QueryObject<CContactItem>(item);
+  const auto contact = QueryObject<CContactItem>(item);
   if (!contact) return;
   COutlookContact open(contact);
   if (m_scan.IsRunning()) {
@@ -154,12 +154,12 @@ void CContactFolders::OnContactChanged(IDispatch* item) {
 }
 
 void CContactFolders::OnSubfolderAdded(IDispatch* folder) {
-  if (const CFolder added = QueryObject<CFolder>(folder)) Register(added, kCountLines);
+  if (const auto added = QueryObject<CFolder>(folder)) Register(added, kCountLines);
 }
 
 void CContactFolders::OnDeleteItemAdd(IDispatch* item) {
   m_log.Write("CAddin::OnDeleteItemAdd\n");
-  const CContactItem contact = QueryObject<CContactItem>(item);
+  const auto contact = QueryObject<CContactItem>(item);
   if (!contact) return;
   COutlookContact open(contact);
   if (m_scan.IsRunning()) m_scan.OnContactItemDelete(open);
@@ -168,7 +168,7 @@ void CContactFolders::OnDeleteItemAdd(IDispatch* item) {
 
 void CContactFolders::OnDeleteFolderAdd(IDispatch* folder) {
   m_log.Write("CAddin::OnDeleteFolderAdd\n");
-  const CFolder deleted = QueryObject<CFolder>(folder);
+  const auto deleted = QueryObject<CFolder>(folder);
   if (!deleted || deleted.DefaultItemType() != kItemTypeContact) return;
   m_tracked.AddDeleted(deleted.EntryId());
   UnregisterContactFolder(deleted);

@@ -81,7 +81,7 @@ void CContactItems::OnItemRemove() {
 void CContactItems::OnFolderAdd(IDispatch* folder) {
   m_log.Write("CContactItems::OnFolderAdd\n");
   m_events.OnPositionsChanged();
-  if (const CFolder added = QueryObject<CFolder>(folder); added && m_log.IsEnabled()) {
+  if (const auto added = QueryObject<CFolder>(folder); added && m_log.IsEnabled()) {
     m_log.Print("FolderName=%s\n", AnsiFromWide(added.Name()).c_str());
   }
   m_events.OnSubfolderAdded(folder);

@@ -54,7 +54,7 @@ std::shared_ptr<const OpenContact> COutlookContactDirectory::ReadTracked(std::st
     m_log.Write("CAddin::GetItemFromID is failed\n");
     return nullptr;
   }
-  const CContactItem contact = QueryObject<CContactItem>(item);
+  const auto contact = QueryObject<CContactItem>(item);
   if (!contact) {
     m_log.Write("CAddin::spContactItem is NULL\n");
     return nullptr;

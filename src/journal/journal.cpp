@@ -41,7 +41,7 @@ void CJournal::Write(const CallRecord& call) {
   // A copy, because a shutdown inside a call releases m_application.
   const COutlookApplication application = m_application;
   if (!application) return;
-  const CJournalItem entry = QueryObject<CJournalItem>(application.CreateItem(kItemTypeJournal));
+  const auto entry = QueryObject<CJournalItem>(application.CreateItem(kItemTypeJournal));
   if (!entry) _com_issue_error(E_NOINTERFACE);
   entry.SetSubject(JournalSubject(call, m_texts));
   entry.SetType(kPhoneCall);

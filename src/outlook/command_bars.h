@@ -44,7 +44,7 @@ class CCommandBarControl : public CDispatchObject {
   void Delete() const;
 
  protected:
-  CCommandBarControl(IDispatchPtr object, REFIID iid) : CDispatchObject(std::move(object), iid) {}
+  CCommandBarControl(const IDispatchPtr& object, REFIID iid) : CDispatchObject(object, iid) {}
 };
 
 class CCommandBarButton : public CCommandBarControl {

@@ -258,7 +258,7 @@ void CCommandBarToolbar::SetDialText(std::wstring_view text) {
 
 void CCommandBarToolbar::OnDialBoxChanged(IDispatch* box) {
   if (m_settingDialBox) return;
-  const CCommandBarComboBox changed = QueryObject<CCommandBarComboBox>(box);
+  const auto changed = QueryObject<CCommandBarComboBox>(box);
   if (changed) m_actions.ChangeDialBox(changed.Text(), changed.ListIndex());
 }
 

@@ -55,7 +55,7 @@ CContactWindows::WindowPtr CContactWindows::FindWindow(IDispatch* inspector) con
 
 CContactWindows::WindowPtr CContactWindows::WindowOf(IDispatch* inspector) {
   if (const WindowPtr window = FindWindow(inspector)) return window;
-  const CInspector opened = QueryObject<CInspector>(inspector);
+  const auto opened = QueryObject<CInspector>(inspector);
   return ContactOf(opened) ? OpenWindow(opened, 0) : nullptr;
 }
 

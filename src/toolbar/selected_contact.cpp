@@ -11,7 +11,7 @@ SelectedContact ReadSelectedContact(const CExplorer& explorer, CDiagnosticLog& l
     if (!explorer) return;
     const CSelection selection = explorer.Selection();
     if (!selection || selection.Count() < 1) return;
-    const CContactItem contact = QueryObject<CContactItem>(selection.Item(1));
+    const auto contact = QueryObject<CContactItem>(selection.Item(1));
     if (!contact) return;
     selected.fileAs = contact.FileAs();
     selected.numbers = NumbersOf(contact, log);
