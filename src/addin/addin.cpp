@@ -78,7 +78,7 @@ void CAddin::FinalRelease() noexcept {
   m_link.Close();
   // Release in order while all members exist: releasing Outlook's objects may raise events.
   m_disconnected = true;
-  LetGo(ext_dm_HostShutdown);
+  ReleaseOutlook(ext_dm_HostShutdown);
   m_language.Leave();
 }
 
@@ -119,7 +119,7 @@ STDMETHODIMP CAddin::OnConnection(IDispatch* application, ext_ConnectMode, IDisp
   m_starting = false;
   if (m_disconnected) {
     // Disconnected inside one of the calls: release what was acquired since.
-    LetGo(ext_dm_UserClosed);
+    ReleaseOutlook(ext_dm_UserClosed);
     return S_FALSE;
   }
   if (!m_finished) GiveUpStart(result);

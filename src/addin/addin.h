@@ -124,7 +124,7 @@ class CAddin final
   // The shutdown sequences (addin_shutdown.cpp).
   void Disconnect(ext_DisconnectMode mode);
   void Quit();
-  void LetGo(ext_DisconnectMode mode) noexcept;
+  void ReleaseOutlook(ext_DisconnectMode mode) noexcept;
   void ReleaseExplorer() noexcept;
   void DisconnectEvents() noexcept;
 

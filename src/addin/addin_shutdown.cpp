@@ -45,13 +45,13 @@ void CAddin::ReleaseExplorer() noexcept {
 void CAddin::Disconnect(ext_DisconnectMode mode) {
   const CSessionClock::CSpan span(m_sessionClock, CSessionClock::Phase::Shutdown);
   EndCalls();
-  LetGo(mode);
+  ReleaseOutlook(mode);
   m_settings.Save();
   m_language.Leave();
   m_log.Write("CAddin::OnDisconnection finish\n");
 }
 
-void CAddin::LetGo(ext_DisconnectMode mode) noexcept {
+void CAddin::ReleaseOutlook(ext_DisconnectMode mode) noexcept {
   m_link.StopWatchThread();
   // Do not wait for a running scan: it runs on this thread. If the disconnection happens inside a
   // slice, the scan ends after this call returns to it.

@@ -57,11 +57,11 @@ class CSource final : public IConnectionPointContainer, public IConnectionPoint 
   }
   STDMETHODIMP Unadvise(DWORD cookie) override {
     EXPECT_EQ(cookie, 7u);
-    if (SUCCEEDED(unadvise)) LetGo();
+    if (SUCCEEDED(unadvise)) ReleaseSink();
     return unadvise;
   }
   STDMETHODIMP EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
-  void LetGo() {
+  void ReleaseSink() {
     if (IDispatch* held = std::exchange(sink, nullptr)) held->Release();
   }
 };
@@ -72,7 +72,7 @@ class EventConnection : public testing::Test, protected ILogWriter {
   // In every case nothing of the source is held and no sink is left.
   void TearDown() override {
     m_connection.Unadvise();
-    m_source.LetGo();
+    m_source.ReleaseSink();
     EXPECT_EQ(m_source.references, 1u);
     EXPECT_EQ(ModuleLockCount(), 0);
   }

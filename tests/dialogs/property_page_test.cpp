@@ -29,7 +29,7 @@ class OptionsPage : public testing::Test {
     m_keys = m_page;
   }
   void TearDown() override {
-    LetGo();
+    ReleasePage();
     EXPECT_EQ(m_container.references, 1u);
     EXPECT_EQ(m_stage.addin.references, 1u);
     EXPECT_EQ(ModuleLockCount(), 0);
@@ -44,7 +44,7 @@ class OptionsPage : public testing::Test {
     m_object->SetClientSite(&m_container);
     ASSERT_EQ(m_object->DoVerb(verb, nullptr, &m_container, 0, m_stage.outlook, nullptr), S_OK);
   }
-  void LetGo() {
+  void ReleasePage() {
     if (m_object != nullptr) m_object->SetClientSite(nullptr);
     m_keys = nullptr;
     m_inPlace = nullptr;
@@ -232,7 +232,7 @@ TEST_F(OptionsPage, SurvivesAContainerThatIsGoneFirst) {
   EXPECT_TRUE(IsDirty());
   m_page->AddRef();
   IDispatch* last = m_page;
-  LetGo();
+  ReleasePage();
   EXPECT_EQ(m_stage.addin.references, 2u);  // the page holds what it needs
   last->Release();
 }

@@ -118,7 +118,7 @@ ULONG CCounted::ReleaseOutside() noexcept {
     std::optional<CModel::CTimeInside> inside;
     if (m_model != nullptr) inside.emplace(*m_model);
     Keep();
-    if (m_model != nullptr) OnLetGo();
+    if (m_model != nullptr) OnLastOutsideRelease();
     Drop();
   }
   return left;

@@ -66,7 +66,7 @@ class CCounted {
   ULONG AddOutside() noexcept;
   ULONG ReleaseOutside() noexcept;
 
-  virtual void OnLetGo() noexcept {
+  virtual void OnLastOutsideRelease() noexcept {
   }  // the last outside reference was released; may happen repeatedly
   // The last reference was released. Release members here, not in the destructor: the memory may be
   // kept for a while.

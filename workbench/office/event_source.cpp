@@ -362,7 +362,7 @@ void CEventSource::ReportSinks(std::vector<AdvisedSink>& report) const {
   }
 }
 
-void CEventSource::OnLetGo() noexcept {
+void CEventSource::OnLastOutsideRelease() noexcept {
   DropSinks();
 }
 

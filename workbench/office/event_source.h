@@ -62,7 +62,7 @@ class CEventSource : public CAutomation {
   ~CEventSource() override;
 
   void* OtherInterface(REFIID iid) override;
-  void OnLetGo() noexcept override;
+  void OnLastOutsideRelease() noexcept override;
   void OnGone() noexcept override;
 
  private:
