@@ -7,6 +7,7 @@
 #include <windows.h>
 #include <objbase.h>
 #include <oleauto.h>
+#include <olectl.h>
 // clang-format on
 
 #include "workbench/host/console.h"
@@ -21,6 +22,17 @@ SessionOptions SessionOf(const Options& options) {
   SessionOptions session;
   session.version = options.outlookVersion;
   return session;
+}
+
+// An object with automation, but not of Office: Windows' own empty picture.
+CValue ForeignObject() {
+  IDispatch* picture = nullptr;
+  const HRESULT result =
+      OleCreatePictureIndirect(nullptr, IID_IDispatch, TRUE, reinterpret_cast<void**>(&picture));
+  if (FAILED(result)) throw std::runtime_error("Windows makes no picture");
+  CValue value(picture);
+  picture->Release();
+  return value;
 }
 
 std::wstring FolderOf(const std::wstring& path) {
@@ -123,7 +135,7 @@ void CWorkbench::OnRibbon(const std::string& ribbonId, const std::string& docume
 
 CValue CWorkbench::RibbonControl(const std::string& id) {
   if (id == "null") return CValue(static_cast<IDispatch*>(nullptr));
-  if (id == "foreign") return CValue(m_outlook.Application());
+  if (id == "foreign") return ForeignObject();
   const auto control = MakeObject<CRibbonControl>(m_outlook.Model(), WideFromUtf8(id), L"",
                                                   CModelPtr<CAutomation>());
   return CValue(control->Face());
