@@ -26,12 +26,16 @@ std::string ReadStart(const std::string& path) {
 
 }  // namespace
 
-void CSessionClock::Begin() {
+void CSessionClock::Begin() noexcept {
   SYSTEMTIME now;
   GetLocalTime(&now);
   m_session = {};
-  m_session.began = Format("%04d-%02d-%02d %02d:%02d:%02d", now.wYear, now.wMonth, now.wDay,
-                           now.wHour, now.wMinute, now.wSecond);
+  try {
+    m_session.began = Format("%04d-%02d-%02d %02d:%02d:%02d", now.wYear, now.wMonth, now.wDay,
+                             now.wHour, now.wMinute, now.wSecond);
+  } catch (const std::exception&) {
+    // Out of memory: lose the times of this session.
+  }
 }
 
 void CSessionClock::Add(Phase phase, uint32_t milliseconds) noexcept {

@@ -35,7 +35,7 @@ class CSessionClock {
   CSessionClock& operator=(const CSessionClock&) = delete;
 
   // Starts a new session.
-  void Begin();
+  void Begin() noexcept;
 
   // Adds the session, or replaces it, in the file beside the configuration file of that path (ANSI
   // code page). Does nothing before Begin or without a path. A file that cannot be written is
