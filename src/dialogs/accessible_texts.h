@@ -10,17 +10,17 @@
 
 namespace quor {
 
-// What assistive technology is told about a window, in place of what Windows tells of its class.
+// The texts that a screen reader gets for a window, in place of the ones from its class.
 struct AccessibleTexts {
-  std::wstring name;         // empty: as Windows tells it
+  std::wstring name;         // empty: the one from the class
   std::wstring description;  // empty: none
 };
 
-// Answers for a window's accessible object. A client may keep that object as long as it likes; it
-// reads the texts as they are then.
+// Answers for a window's accessible object. A client may keep that object; it always gets the
+// present texts.
 class CAccessibleTexts final : private IWindowWatch {
  public:
-  // The role is 0 for that of the window's class.
+  // A role of 0 keeps the role of the window's class.
   explicit CAccessibleTexts(long role = 0) noexcept : m_role(role) {}
   CAccessibleTexts(const CAccessibleTexts&) = delete;
   CAccessibleTexts& operator=(const CAccessibleTexts&) = delete;

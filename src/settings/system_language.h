@@ -6,7 +6,7 @@
 namespace quor {
 
 // The language of the installed Windows, from the version resource of its KERNEL32.DLL. English if
-// it is none of ours or cannot be read.
+// the product does not speak it or the resource cannot be read.
 class CSystemLanguage final : public ISystemLanguage {
  public:
   int32_t LanguageNumber() override;
