@@ -107,21 +107,19 @@ HRESULT COutlookSession::ConnectExplorer() {
 void COutlookSession::ReadStores() {
   const COutlookApplication application = m_application;
   const CNameSpace nameSpace = application.GetNamespace();
-  GuardCall(m_log, "reading the stores", [&] {
-    const CFolders stores = nameSpace.Folders();
-    const int32_t count = stores.Count();
-    int unreadable = 0;
-    for (int32_t i = 1; i <= count && unreadable < kMostUnreadableStores; ++i) {
-      if (m_owner.IsShuttingDown()) return;
-      // The telephone must still work if a store is offline or damaged.
-      const bool read = GuardCall(m_log, "reading a store", [&] {
-        const CFolder store = stores.Item(i);
-        const std::wstring entryId = store.EntryId();
-        m_storeNames[entryId] = store.Name();
-      });
-      unreadable = read ? 0 : unreadable + 1;
-    }
-  });
+  const CFolders stores = nameSpace.Folders();
+  const int32_t count = stores.Count();
+  int unreadable = 0;
+  for (int32_t i = 1; i <= count && unreadable < kMostUnreadableStores; ++i) {
+    if (m_owner.IsShuttingDown()) return;
+    // The telephone must still work if a store is offline or damaged.
+    const bool read = GuardCall(m_log, "reading a store", [&] {
+      const CFolder store = stores.Item(i);
+      const std::wstring entryId = store.EntryId();
+      m_storeNames[entryId] = store.Name();
+    });
+    unreadable = read ? 0 : unreadable + 1;
+  }
   if (m_owner.IsShuttingDown()) return;
   const CFolder deletedItems = nameSpace.GetDefaultFolder(kFolderDeletedItems);
   if (!m_owner.IsShuttingDown()) m_deletedItems = deletedItems;
