@@ -15,4 +15,16 @@ void GetContactTelNumber(IContactItem& contact, int telNumberType, std::string& 
   number = FilterDialChars(number);
 }
 
+bool BeginTelNoCheckAndUpdate(IContactItem& contact, std::string& entryId, CDiagnosticLog& log) {
+  log.Write("CAddin::TelNoCheckAndUpdate\n");
+  if (!contact.ReadEntryId(entryId)) return false;
+  if (entryId.empty() && (!contact.Save() || !contact.ReadEntryId(entryId) || entryId.empty())) {
+    return false;
+  }
+  std::string fileAs;
+  if (contact.ReadFileAs(fileAs)) return true;
+  log.Write("get_FileAs is failed\n");
+  return false;
+}
+
 }  // namespace quor

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "module/diagnostic_log.h"
 #include "outlook/tel_number_type.h"
 
 namespace quor {
@@ -24,6 +25,10 @@ class IContactItem {
 // Gives the dial characters among the first 32 characters of the number: "+49 (171) 555-0123" gives
 // "491715550123". Empty if the number cannot be read.
 void GetContactTelNumber(IContactItem& contact, int telNumberType, std::string& number);
+
+// Begins to index an added or changed contact: saves it if it was never saved, and reads its entry
+// ID and its File As name. Returns whether the contact can be indexed; its numbers are read next.
+bool BeginTelNoCheckAndUpdate(IContactItem& contact, std::string& entryId, CDiagnosticLog& log);
 
 }  // namespace quor
 

@@ -331,19 +331,12 @@ void CContactScan::SkipContact() {
 void CContactScan::TelNoCheckAndUpdate(IContactItem& item) {
   m_disturbed = true;
   const uint32_t serial = ++m_reports;
-  m_log.Write("CAddin::TelNoCheckAndUpdate\n");
   ReadContact contact;
-  if (!item.ReadEntryId(contact.entryId)) return;
-  if (contact.entryId.empty() && (!item.Save() || !item.ReadEntryId(contact.entryId))) return;
-  if (contact.entryId.empty()) return;
-  std::string text;
-  if (!item.ReadFileAs(text)) {
-    m_log.Write("get_FileAs is failed\n");
-    return;
-  }
+  if (!BeginTelNoCheckAndUpdate(item, contact.entryId, m_log)) return;
+  std::string number;
   for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
-    GetContactTelNumber(item, type, text);
-    if (!text.empty()) contact.numbers.emplace_back(type, text);
+    GetContactTelNumber(item, type, number);
+    if (!number.empty()) contact.numbers.emplace_back(type, number);
   }
   Report(serial, std::move(contact));
   m_log.Write("CContactItem::TelNoCheckAndUpdate OK\n");

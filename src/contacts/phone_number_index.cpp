@@ -29,17 +29,8 @@ std::string_view WithoutTrunkPrefix(std::string_view number) {
 }  // namespace
 
 void CPhoneNumberIndex::TelNoCheckAndUpdate(IContactItem& contact) {
-  m_log.Write("CAddin::TelNoCheckAndUpdate\n");
   std::string entryId;
-  if (!contact.ReadEntryId(entryId)) return;
-  if (entryId.empty() && (!contact.Save() || !contact.ReadEntryId(entryId) || entryId.empty())) {
-    return;
-  }
-  std::string fileAs;
-  if (!contact.ReadFileAs(fileAs)) {
-    m_log.Write("get_FileAs is failed\n");
-    return;
-  }
+  if (!BeginTelNoCheckAndUpdate(contact, entryId, m_log)) return;
   std::optional<uint32_t> owner = m_entryIds.Find(entryId);
   std::string number;
   for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
