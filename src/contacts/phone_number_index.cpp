@@ -1,6 +1,7 @@
 #include "contacts/phone_number_index.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "contacts/dial_tail.h"
 #include "text/dial_chars.h"
@@ -168,7 +169,7 @@ bool CPhoneNumberIndex::FindInTable(int digit, std::string_view number,
   if (!check) {
     ReadRecord(found->first, match);
   } else if (!(found->count == 1 ? TakeOnlyRecord(digit, *found, match)
-                                 : TakeFirstThatOpens(digit, number, *found, match))) {
+                                 : TakeFirstThatOpens(digit, number, *std::move(found), match))) {
     return false;
   }
   m_log.Write("CAddin::FindContactSearchData OK\n");
@@ -189,12 +190,14 @@ bool CPhoneNumberIndex::TakeOnlyRecord(int digit, const CNumberPostings::KeyReco
 
 // Tries as many records as the key has now, although each try may change the list.
 bool CPhoneNumberIndex::TakeFirstThatOpens(int digit, std::string_view number,
-                                           const CNumberPostings::KeyRecords& several,
+                                           CNumberPostings::KeyRecords several,
                                            ContactMatch& match) {
   const std::string kept(number);
-  const DialTail folded = FoldPauses(several.key, true);
-  std::optional<CNumberPostings::KeyRecords> found = several;
-  for (size_t left = several.count; left > 0 && found && found->key == several.key; --left) {
+  const DialTail key = several.key;
+  const DialTail folded = FoldPauses(key, true);
+  size_t left = several.count;
+  std::optional<CNumberPostings::KeyRecords> found = std::move(several);
+  for (; left > 0 && found && found->key == key; --left) {
     const CRecord record = found->first;
     ReadRecord(record, match);
     if (m_directory.FindContactFileAs(match.entryId, match.name)) {
@@ -202,7 +205,7 @@ bool CPhoneNumberIndex::TakeFirstThatOpens(int digit, std::string_view number,
       return true;
     }
     LogRecord("Contact Data Not Found", digit, kept, match.entryId, match.telNumberType);
-    m_postings.RemoveFirst({several.key, TableBit(digit)}, record);
+    m_postings.RemoveFirst({key, TableBit(digit)}, record);
     found = m_postings.FindFirstKey(digit, folded, true);
   }
   m_log.Write("CAddin::FindContactSearchData NG Contact Not Found(1>)\n");

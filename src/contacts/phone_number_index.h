@@ -106,8 +106,8 @@ class CPhoneNumberIndex {
   bool FindInTable(int digit, std::string_view number, const std::optional<DialTail>& folded,
                    bool check, ContactMatch& match);
   bool TakeOnlyRecord(int digit, const CNumberPostings::KeyRecords& only, ContactMatch& match);
-  bool TakeFirstThatOpens(int digit, std::string_view number,
-                          const CNumberPostings::KeyRecords& several, ContactMatch& match);
+  bool TakeFirstThatOpens(int digit, std::string_view number, CNumberPostings::KeyRecords several,
+                          ContactMatch& match);
   void ReadRecord(CRecord record, ContactMatch& match) const;
   void RateMatch(const CNumberPostings::KeyRecords& found, CRecord record,
                  ContactMatch& match) const;
