@@ -110,7 +110,7 @@ bool CBasePort::Close() noexcept {
 
 void CBasePort::Lose() noexcept {
   Close();
-  m_events.RaiseDisconnect();
+  m_connection.RaiseDisconnect();
 }
 
 bool CBasePort::LoseWith(const char* format, int status) noexcept {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <span>
 
-#include "device/connection_events.h"
+#include "device/base_connection.h"
 #include "device/link_health.h"
 #include "device/usbxpress.h"
 #include "module/diagnostic_log.h"
@@ -17,9 +17,9 @@ namespace quor {
 // later tick opens it again.
 class CBasePort {
  public:
-  CBasePort(IUsbXpress& usb, CConnectionEvents& events, LinkHealth& health,
+  CBasePort(IUsbXpress& usb, CBaseConnection& connection, LinkHealth& health,
             CDiagnosticLog& log) noexcept
-      : m_usb(usb), m_events(events), m_health(health), m_log(log) {}
+      : m_usb(usb), m_connection(connection), m_health(health), m_log(log) {}
   CBasePort(const CBasePort&) = delete;
   CBasePort& operator=(const CBasePort&) = delete;
 
@@ -61,7 +61,7 @@ class CBasePort {
   bool LoseWith(const char* format, int status) noexcept;
 
   IUsbXpress& m_usb;
-  CConnectionEvents& m_events;
+  CBaseConnection& m_connection;
   LinkHealth& m_health;
   CDiagnosticLog& m_log;
   UsbHandle m_handle = nullptr;

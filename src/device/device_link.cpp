@@ -13,8 +13,8 @@ CDeviceLink::CDeviceLink(IUsbXpress& usb, IMessageQueue& queue, DeviceRecords& r
                          CDiagnosticLog& log) noexcept
     : m_records(records),
       m_log(log),
-      m_events(queue, log),
-      m_port(usb, m_events, m_health, log),
+      m_connection(queue, log),
+      m_port(usb, m_connection, m_health, log),
       m_dispatcher(records, queue, log),
       m_reader(m_port, m_dispatcher, m_health, log) {}
 
@@ -23,10 +23,10 @@ void CDeviceLink::Probe() {
   Close();
   uint32_t index = 0;
   if (!m_port.FindDevice(index)) {
-    m_events.RaiseErrorConnect();
+    m_connection.RaiseErrorConnect();
     m_log.Write("** Error : Device undefined.\n");
   } else if (!SetUp(index)) {
-    m_events.RaiseErrorConnect();
+    m_connection.RaiseErrorConnect();
     m_log.Write("** Error : Failed setup device.\n");
   } else {
     m_port.Close();
@@ -42,7 +42,7 @@ bool CDeviceLink::SetUp(uint32_t index) {
     m_log.Write("** Error : Failed to send start up request.\n");
     return false;
   }
-  m_events.RaiseConnect();
+  m_connection.RaiseConnect();
   m_log.Write("Device setup complete.\n");
   return true;
 }
@@ -70,7 +70,7 @@ bool CDeviceLink::Recover(uint32_t index) {
     m_log.Write("** Error : Device set up error.\n");
     return false;
   }
-  m_events.RaiseConnect();  // the second connect event, after SetUp's own; both are posted
+  m_connection.RaiseConnect();  // the second connect event, after SetUp's own; both are posted
   m_records.lastStatus = kNothingReported;
   m_log.Write("** Recovery : USB device recovery.\n");
   ++m_health.connections;
@@ -81,7 +81,7 @@ void CDeviceLink::TakeDown() noexcept {
   if (!m_port.Close()) m_log.Write("** Error : USB device close error.\n");
   m_records.lastStatus = kNothingReported;
   m_log.Write("** Down : USB device down...\n");
-  m_events.RaiseDisconnect();
+  m_connection.RaiseDisconnect();
 }
 
 bool CDeviceLink::Send(RequestCode code, std::span<const uint8_t> payload) {

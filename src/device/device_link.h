@@ -5,8 +5,8 @@
 #include <span>
 #include <string>
 
+#include "device/base_connection.h"
 #include "device/base_port.h"
-#include "device/connection_events.h"
 #include "device/frame_format.h"
 #include "device/frame_reader.h"
 #include "device/indication_dispatcher.h"
@@ -61,7 +61,7 @@ class CDeviceLink {
   bool IsOpen() const noexcept { return m_port.IsOpen(); }
   // Whether the last event raised was a connect event; a connected device may be closed (see
   // IsOpen).
-  bool IsConnected() const noexcept { return m_events.IsConnected(); }
+  bool IsConnected() const noexcept { return m_connection.IsConnected(); }
 
   // Closes the base if it is open, without an event. Call before the library is freed.
   void Close() noexcept;
@@ -81,7 +81,7 @@ class CDeviceLink {
   CDiagnosticLog& m_log;
   LinkHealth m_health;
   bool m_wasOpen = false;  // at the end of the last tick
-  CConnectionEvents m_events;
+  CBaseConnection m_connection;
   CBasePort m_port;
   CIndicationDispatcher m_dispatcher;
   CFrameReader m_reader;

@@ -1,17 +1,17 @@
-#ifndef QUOR_DEVICE_CONNECTION_EVENTS_H
-#define QUOR_DEVICE_CONNECTION_EVENTS_H
+#ifndef QUOR_DEVICE_BASE_CONNECTION_H
+#define QUOR_DEVICE_BASE_CONNECTION_H
 
 #include "device/message_queue.h"
 #include "module/diagnostic_log.h"
 
 namespace quor {
 
-// Posts that the base was connected, was disconnected, or was missing at start-up. Each raise logs
-// a heading, sets the connected flag, posts the event and logs the outcome. The flag changes even
-// if the post fails. True when the post succeeds.
-class CConnectionEvents {
+// Whether the base is connected; posts each change, and that the base was missing at start-up. Each
+// raise logs a heading, sets the connected flag, posts the event and logs the outcome. The flag
+// changes even if the post fails. True when the post succeeds.
+class CBaseConnection {
  public:
-  CConnectionEvents(IMessageQueue& queue, CDiagnosticLog& log) noexcept
+  CBaseConnection(IMessageQueue& queue, CDiagnosticLog& log) noexcept
       : m_queue(queue), m_log(log) {}
 
   bool RaiseConnect() noexcept;
