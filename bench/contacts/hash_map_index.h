@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "contacts/contact_directory.h"
-#include "contacts/contact_item.h"
+#include "contacts/contact_fields.h"
 #include "contacts/phone_number_index.h"
 #include "module/diagnostic_log.h"
 #include "text/dial_chars.h"
@@ -25,7 +25,7 @@ class CHashMapIndex {
   CHashMapIndex(IContactDirectory& directory, CDiagnosticLog& log)
       : m_directory(directory), m_log(log) {}
 
-  void TelNoCheckAndUpdate(IContactItem& contact) {
+  void TelNoCheckAndUpdate(IContactFields& contact) {
     m_log.Write("CAddin::TelNoCheckAndUpdate\n");
     std::string entryId;
     if (!contact.ReadEntryId(entryId) || entryId.empty()) return;

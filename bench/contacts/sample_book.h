@@ -4,13 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "contacts/contact_item.h"
+#include "contacts/contact_fields.h"
 
 namespace quor {
 
 // A contact as in an Exchange store: an entry ID of 140 hexadecimal digits, and filtered numbers of
 // 12 digits in the first few types from 2 on. Opening it takes no time.
-class CSampleContact final : public IContactItem {
+class CSampleContact final : public IContactFields {
  public:
   CSampleContact(std::string entryId, std::vector<std::string> numbers)
       : m_entryId(std::move(entryId)), m_numbers(std::move(numbers)) {}

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "com/com_boundary.h"
-#include "contacts/outlook_contact.h"
-#include "contacts/outlook_contact_folder.h"
+#include "contacts/outlook_contact_fields.h"
+#include "contacts/outlook_scan_folder.h"
 #include "text/ansi.h"
 
 namespace quor {
@@ -131,7 +131,7 @@ void CContactFolders::UnregisterAll() noexcept {
 
 void CContactFolders::CreateContact() {
   const auto readsSubfolders = [this] { return !m_inspContItems.empty(); };
-  m_scan.Begin(std::make_shared<COutlookContactFolder>(DefaultFolder(), readsSubfolders));
+  m_scan.Begin(std::make_shared<COutlookScanFolder>(DefaultFolder(), readsSubfolders));
 }
 
 void CContactFolders::FinishScan() noexcept {
@@ -145,7 +145,7 @@ void CContactFolders::StopScan() noexcept {
 void CContactFolders::OnContactChanged(IDispatch* item) {
   const auto contact = QueryObject<CContactItem>(item);
   if (!contact) return;
-  COutlookContact open(contact);
+  COutlookContactFields open(contact);
   if (m_scan.IsRunning()) {
     m_scan.TelNoCheckAndUpdate(open);
   } else {
@@ -161,7 +161,7 @@ void CContactFolders::OnDeleteItemAdd(IDispatch* item) {
   m_log.Write("CAddin::OnDeleteItemAdd\n");
   const auto contact = QueryObject<CContactItem>(item);
   if (!contact) return;
-  COutlookContact open(contact);
+  COutlookContactFields open(contact);
   if (m_scan.IsRunning()) m_scan.OnContactItemDelete(open);
   m_index.OnContactItemDelete(open);
 }

@@ -20,7 +20,7 @@ namespace quor {
 // The contact folders that the index follows: Outlook's default contacts folder and all folders
 // below it. One CContactItems listens to each. When Outlook fails a call, the failure is logged and
 // the walk of that folder ends; the index keeps its contents.
-class CContactFolders final : public IContactItemEvents {
+class CContactFolders final : public IContactFolderEvents {
  public:
   // All must outlive this object; the application may still be empty at construction.
   CContactFolders(const COutlookApplication& application, CTrackedFolders& tracked,

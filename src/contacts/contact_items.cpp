@@ -4,7 +4,7 @@
 
 namespace quor {
 
-CContactItems::CContactItems(IContactItemEvents& events, IEventOwner& owner,
+CContactItems::CContactItems(IContactFolderEvents& events, IEventOwner& owner,
                              CDiagnosticLog& log) noexcept
     : m_events(events),
       m_log(log),

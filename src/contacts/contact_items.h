@@ -10,7 +10,7 @@
 namespace quor {
 
 // Receives the events of a contact folder.
-class IContactItemEvents {
+class IContactFolderEvents {
  public:
   virtual void OnContactChanged(IDispatch* item) = 0;
   virtual void OnSubfolderAdded(IDispatch* folder) = 0;
@@ -19,7 +19,7 @@ class IContactItemEvents {
   virtual void OnPositionsChanged() = 0;
 
  protected:
-  ~IContactItemEvents() = default;
+  ~IContactFolderEvents() = default;
 };
 
 // Listens to the items and subfolders of one contact folder until destroyed. Always created as a
@@ -27,7 +27,7 @@ class IContactItemEvents {
 class CContactItems : public std::enable_shared_from_this<CContactItems> {
  public:
   // All must outlive this object; `owner` is held while an event is handled.
-  CContactItems(IContactItemEvents& events, IEventOwner& owner, CDiagnosticLog& log) noexcept;
+  CContactItems(IContactFolderEvents& events, IEventOwner& owner, CDiagnosticLog& log) noexcept;
 
   // See CEventConnection::Advise.
   HRESULT AdviseItems(const CItems& items);
@@ -44,7 +44,7 @@ class CContactItems : public std::enable_shared_from_this<CContactItems> {
   void OnFolderChange();
   void OnFolderRemove();
 
-  IContactItemEvents& m_events;
+  IContactFolderEvents& m_events;
   CDiagnosticLog& m_log;
   CEventConnection m_itemsEvents;
   CEventConnection m_foldersEvents;

@@ -132,7 +132,7 @@ void CContactScan::StepToItem() {
     m_levels.back().next = Next::Folders;
     return;
   }
-  std::shared_ptr<IContactItem> contact;
+  std::shared_ptr<IContactFields> contact;
   const int32_t position = m_levels.back().position + 1;
   const std::optional<bool> opened = Call([&] { return folder->Item(position, contact); });
   if (!opened) return;
@@ -156,7 +156,7 @@ void CContactScan::StepToItem() {
 }
 
 void CContactScan::StepInContact() {
-  const std::shared_ptr<IContactItem> item = m_contact;
+  const std::shared_ptr<IContactFields> item = m_contact;
   std::string text;
   switch (m_part) {
     case Part::Id: {
@@ -181,7 +181,7 @@ void CContactScan::StepInContact() {
   }
 }
 
-void CContactScan::StepInNumbers(IContactItem& item) {
+void CContactScan::StepInNumbers(IContactFields& item) {
   std::string number;
   const std::optional<bool> read = Call([&] {
     GetContactTelNumber(item, m_nextType, number);
@@ -240,7 +240,7 @@ void CContactScan::Recount() {
 void CContactScan::BeginWalk(Stage stage) {
   m_stage = stage;
   // Release these last: that calls into Outlook and may re-enter.
-  const std::shared_ptr<IContactItem> contact = std::exchange(m_contact, nullptr);
+  const std::shared_ptr<IContactFields> contact = std::exchange(m_contact, nullptr);
   const std::vector<Level> levels = std::exchange(m_levels, {Level{.folder = m_root}});
 }
 
@@ -316,7 +316,7 @@ void CContactScan::TakeContact() {
   ReadContact* contact = m_read.Find(m_reading.entryId);
   if (contact == nullptr) contact = &m_read.Add(std::move(m_reading));
   Visit(*contact);
-  const std::shared_ptr<IContactItem> done = std::exchange(m_contact, nullptr);
+  const std::shared_ptr<IContactFields> done = std::exchange(m_contact, nullptr);
 }
 
 void CContactScan::Visit(ReadContact& contact) {
@@ -325,10 +325,10 @@ void CContactScan::Visit(ReadContact& contact) {
 
 void CContactScan::SkipContact() {
   m_hasGaps = true;
-  const std::shared_ptr<IContactItem> skipped = std::exchange(m_contact, nullptr);
+  const std::shared_ptr<IContactFields> skipped = std::exchange(m_contact, nullptr);
 }
 
-void CContactScan::TelNoCheckAndUpdate(IContactItem& item) {
+void CContactScan::TelNoCheckAndUpdate(IContactFields& item) {
   m_disturbed = true;
   const uint32_t serial = ++m_reports;
   ReadContact contact;
@@ -357,7 +357,7 @@ void CContactScan::Report(uint32_t serial, ReadContact contact) {
   known->reported = serial;
 }
 
-void CContactScan::OnContactItemDelete(IContactItem& item) {
+void CContactScan::OnContactItemDelete(IContactFields& item) {
   m_disturbed = true;
   std::string entryId;
   if (!item.ReadEntryId(entryId)) return;
@@ -424,7 +424,7 @@ void CContactScan::Forget() noexcept {
   m_visited = {};
   m_read = {};
   // Release these last: that calls into Outlook and may re-enter.
-  const std::shared_ptr<IContactItem> contact = std::exchange(m_contact, nullptr);
+  const std::shared_ptr<IContactFields> contact = std::exchange(m_contact, nullptr);
   const std::vector<Level> levels = std::exchange(m_levels, {});
   const std::shared_ptr<IScanFolder> root = std::exchange(m_root, nullptr);
 }

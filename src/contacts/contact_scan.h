@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "contacts/contact_item.h"
+#include "contacts/contact_fields.h"
 #include "contacts/folder_walk_lines.h"
 #include "contacts/phone_number_index.h"
 #include "contacts/read_contacts.h"
@@ -86,8 +86,8 @@ class CContactScan {
   // Call these only while a scan is running.
   void OnPositionsChanged() noexcept { m_disturbed = true; }
   // As CPhoneNumberIndex::TelNoCheckAndUpdate, but entered at the end of the scan.
-  void TelNoCheckAndUpdate(IContactItem& contact);
-  void OnContactItemDelete(IContactItem& contact);
+  void TelNoCheckAndUpdate(IContactFields& contact);
+  void OnContactItemDelete(IContactFields& contact);
 
  private:
   enum class Stage { Idle, Counting, Reading, Comparing, Entering };
@@ -114,7 +114,7 @@ class CContactScan {
   void TakeItemCount(int32_t count);
   void StepToItem();
   void StepInContact();
-  void StepInNumbers(IContactItem& item);
+  void StepInNumbers(IContactFields& item);
   void StepToFolders();
   void StepToFolderCount();
   void StepToSubfolder(bool last);
@@ -173,7 +173,7 @@ class CContactScan {
   std::vector<const char*> m_failures;  // lines to log
   size_t m_compared = 0;                // number of m_itemCounts compared
 
-  std::shared_ptr<IContactItem> m_contact;  // the contact being read
+  std::shared_ptr<IContactFields> m_contact;  // the contact being read
   Part m_part = Part::Id;
   ReadContact m_reading;
   int m_nextType = kFirstTelNumberType;

@@ -29,7 +29,7 @@ std::string_view WithoutTrunkPrefix(std::string_view number) {
 
 }  // namespace
 
-void CPhoneNumberIndex::TelNoCheckAndUpdate(IContactItem& contact) {
+void CPhoneNumberIndex::TelNoCheckAndUpdate(IContactFields& contact) {
   std::string entryId;
   if (!BeginTelNoCheckAndUpdate(contact, entryId, m_log)) return;
   std::optional<uint32_t> owner = m_entryIds.Find(entryId);
@@ -44,7 +44,7 @@ void CPhoneNumberIndex::TelNoCheckAndUpdate(IContactItem& contact) {
   m_log.Write("CContactItem::TelNoCheckAndUpdate OK\n");
 }
 
-void CPhoneNumberIndex::OnContactItemDelete(IContactItem& contact) {
+void CPhoneNumberIndex::OnContactItemDelete(IContactFields& contact) {
   m_log.Write("CAddin::OnContactItemDelete\n");
   std::string entryId;
   if (!contact.ReadEntryId(entryId) || entryId.empty()) return;

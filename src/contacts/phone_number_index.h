@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "contacts/contact_directory.h"
-#include "contacts/contact_item.h"
+#include "contacts/contact_fields.h"
 #include "contacts/entry_ids.h"
 #include "contacts/number_postings.h"
 #include "module/diagnostic_log.h"
@@ -47,8 +47,8 @@ class CPhoneNumberIndex {
   CPhoneNumberIndex& operator=(const CPhoneNumberIndex&) = delete;
 
   // Indexes an added or changed contact. A contact that was never saved is saved first.
-  void TelNoCheckAndUpdate(IContactItem& contact);
-  void OnContactItemDelete(IContactItem& contact);
+  void TelNoCheckAndUpdate(IContactFields& contact);
+  void OnContactItemDelete(IContactFields& contact);
 
   // Indexes a filtered number under all its tails. Types other than 1 to 12 are not indexed. fileAs
   // is ignored: the name is read from the contact when needed.

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "contacts/contact_item.h"
+#include "contacts/contact_fields.h"
 
 namespace quor {
 
@@ -22,7 +22,7 @@ class IScanFolder {
   virtual bool RecountItems(int32_t& count) = 0;
   // The item at a position, from 1. `contact` is empty if the item is not a contact; false if there
   // is no such item.
-  virtual bool Item(int32_t position, std::shared_ptr<IContactItem>& contact) = 0;
+  virtual bool Item(int32_t position, std::shared_ptr<IContactFields>& contact) = 0;
 
   // False if no folder is listened to: the scan then reads no subfolders.
   virtual bool ReadsSubfolders() = 0;

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "contacts/contact_directory.h"
-#include "contacts/contact_item.h"
+#include "contacts/contact_fields.h"
 #include "module/diagnostic_log.h"
 
 namespace quor {
@@ -56,7 +56,7 @@ class CBookDirectory final : public IContactDirectory {
 };
 
 // An open contact of the book, with faults that can be switched on.
-class CBookItem final : public IContactItem {
+class CBookItem final : public IContactFields {
  public:
   CBookItem(std::string entryId, const BookContact& contact)
       : m_entryId(std::move(entryId)), m_contact(contact) {}

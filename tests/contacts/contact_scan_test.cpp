@@ -456,7 +456,7 @@ class CEndlessFolder final : public IScanFolder {
   }
   bool OpenItems(int32_t& count) override { return CountItems(count); }
   bool RecountItems(int32_t& count) override { return CountItems(count); }
-  bool Item(int32_t, std::shared_ptr<IContactItem>&) override {
+  bool Item(int32_t, std::shared_ptr<IContactFields>&) override {
     ++m_calls;
     return false;
   }

@@ -53,7 +53,7 @@ class CHeld {
 };
 
 // An open contact: each call reads the item's present state, like a new object of Outlook's.
-class CTreeContact final : public CHeld, public IContactItem {
+class CTreeContact final : public CHeld, public IContactFields {
  public:
   CTreeContact(TreeAccess& access, TreeItemPtr item) : CHeld(access), m_item(std::move(item)) {}
 
@@ -92,7 +92,7 @@ class COpenFolder final : public CHeld, public IScanFolder {
   }
   bool OpenItems(int32_t& count) override { return CountItems(count); }
   bool RecountItems(int32_t& count) override { return CountItems(count); }
-  bool Item(int32_t position, std::shared_ptr<IContactItem>& contact) override {
+  bool Item(int32_t position, std::shared_ptr<IContactFields>& contact) override {
     m_access.Call();
     const auto index = static_cast<size_t>(position - 1);
     if (!m_folder->isThere || index >= m_folder->items.size()) return false;

@@ -19,7 +19,7 @@ bool Matches(const std::string& key, const std::string& number, bool check) {
 
 }  // namespace
 
-void CNaivePhoneIndex::TelNoCheckAndUpdate(IContactItem& contact) {
+void CNaivePhoneIndex::TelNoCheckAndUpdate(IContactFields& contact) {
   m_log.Write("CAddin::TelNoCheckAndUpdate\n");
   std::string entryId;
   if (!contact.ReadEntryId(entryId)) return;
@@ -43,7 +43,7 @@ void CNaivePhoneIndex::TelNoCheckAndUpdate(IContactItem& contact) {
   m_log.Write("CContactItem::TelNoCheckAndUpdate OK\n");
 }
 
-void CNaivePhoneIndex::OnContactItemDelete(IContactItem& contact) {
+void CNaivePhoneIndex::OnContactItemDelete(IContactFields& contact) {
   m_log.Write("CAddin::OnContactItemDelete\n");
   std::string entryId;
   if (!contact.ReadEntryId(entryId) || entryId.empty()) return;

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "contacts/contact_directory.h"
-#include "contacts/contact_item.h"
+#include "contacts/contact_fields.h"
 #include "contacts/phone_number_index.h"
 #include "module/diagnostic_log.h"
 
@@ -23,8 +23,8 @@ class CNaivePhoneIndex {
   CNaivePhoneIndex(IContactDirectory& directory, CDiagnosticLog& log)
       : m_directory(directory), m_log(log) {}
 
-  void TelNoCheckAndUpdate(IContactItem& contact);
-  void OnContactItemDelete(IContactItem& contact);
+  void TelNoCheckAndUpdate(IContactFields& contact);
+  void OnContactItemDelete(IContactFields& contact);
   void AddContactSearchData(std::string_view number, std::string_view entryId, int telNumberType,
                             std::string_view fileAs);
   void InsertContactSearchData(int digit, std::string_view key, std::string_view entryId,

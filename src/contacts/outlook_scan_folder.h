@@ -1,5 +1,5 @@
-#ifndef QUOR_CONTACTS_OUTLOOK_CONTACT_FOLDER_H
-#define QUOR_CONTACTS_OUTLOOK_CONTACT_FOLDER_H
+#ifndef QUOR_CONTACTS_OUTLOOK_SCAN_FOLDER_H
+#define QUOR_CONTACTS_OUTLOOK_SCAN_FOLDER_H
 
 #include <functional>
 #include <utility>
@@ -10,16 +10,16 @@
 namespace quor {
 
 // An Outlook folder, for the start-up scan.
-class COutlookContactFolder final : public IScanFolder {
+class COutlookScanFolder final : public IScanFolder {
  public:
   // `readsSubfolders` is the result of ReadsSubfolders. The function must outlive this object.
-  COutlookContactFolder(CFolder folder, const std::function<bool()>& readsSubfolders)
+  COutlookScanFolder(CFolder folder, const std::function<bool()>& readsSubfolders)
       : m_folder(std::move(folder)), m_readsSubfolders(readsSubfolders) {}
 
   bool CountItems(int32_t& count) override;
   bool OpenItems(int32_t& count) override;
   bool RecountItems(int32_t& count) override;
-  bool Item(int32_t position, std::shared_ptr<IContactItem>& contact) override;
+  bool Item(int32_t position, std::shared_ptr<IContactFields>& contact) override;
 
   bool ReadsSubfolders() override { return m_readsSubfolders(); }
   bool OpenFolders() override;

@@ -1,17 +1,17 @@
-#ifndef QUOR_CONTACTS_OUTLOOK_CONTACT_H
-#define QUOR_CONTACTS_OUTLOOK_CONTACT_H
+#ifndef QUOR_CONTACTS_OUTLOOK_CONTACT_FIELDS_H
+#define QUOR_CONTACTS_OUTLOOK_CONTACT_FIELDS_H
 
 #include <utility>
 
-#include "contacts/contact_item.h"
+#include "contacts/contact_fields.h"
 #include "outlook/object_model.h"
 
 namespace quor {
 
-// A contact open in Outlook.
-class COutlookContact final : public IContactItem {
+// The fields of a contact that is open in Outlook.
+class COutlookContactFields final : public IContactFields {
  public:
-  explicit COutlookContact(CContactItem item) noexcept : m_item(std::move(item)) {}
+  explicit COutlookContactFields(CContactItem item) noexcept : m_item(std::move(item)) {}
 
   bool ReadEntryId(std::string& entryId) override;
   bool Save() override;

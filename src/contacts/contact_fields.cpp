@@ -1,4 +1,4 @@
-#include "contacts/contact_item.h"
+#include "contacts/contact_fields.h"
 
 #include "text/dial_chars.h"
 
@@ -9,13 +9,13 @@ constexpr size_t kLongestReadNumber = 32;
 
 }  // namespace
 
-void GetContactTelNumber(IContactItem& contact, int telNumberType, std::string& number) {
+void GetContactTelNumber(IContactFields& contact, int telNumberType, std::string& number) {
   if (!contact.ReadTelNumber(telNumberType, number)) number.clear();
   if (number.size() > kLongestReadNumber) number.resize(kLongestReadNumber);
   number = FilterDialChars(number);
 }
 
-bool BeginTelNoCheckAndUpdate(IContactItem& contact, std::string& entryId, CDiagnosticLog& log) {
+bool BeginTelNoCheckAndUpdate(IContactFields& contact, std::string& entryId, CDiagnosticLog& log) {
   log.Write("CAddin::TelNoCheckAndUpdate\n");
   if (!contact.ReadEntryId(entryId)) return false;
   if (entryId.empty() && (!contact.Save() || !contact.ReadEntryId(entryId) || entryId.empty())) {

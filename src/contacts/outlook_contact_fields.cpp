@@ -1,4 +1,4 @@
-#include "contacts/outlook_contact.h"
+#include "contacts/outlook_contact_fields.h"
 
 #include "text/ansi.h"
 
@@ -17,11 +17,11 @@ bool ReadText(std::string& text, Read read) {
 
 }  // namespace
 
-bool COutlookContact::ReadEntryId(std::string& entryId) {
+bool COutlookContactFields::ReadEntryId(std::string& entryId) {
   return ReadText(entryId, [this] { return m_item.EntryId(); });
 }
 
-bool COutlookContact::Save() {
+bool COutlookContactFields::Save() {
   try {
     m_item.Save();
     return true;
@@ -30,11 +30,11 @@ bool COutlookContact::Save() {
   }
 }
 
-bool COutlookContact::ReadFileAs(std::string& fileAs) {
+bool COutlookContactFields::ReadFileAs(std::string& fileAs) {
   return ReadText(fileAs, [this] { return m_item.FileAs(); });
 }
 
-bool COutlookContact::ReadTelNumber(int telNumberType, std::string& number) {
+bool COutlookContactFields::ReadTelNumber(int telNumberType, std::string& number) {
   return ReadText(number, [&] { return m_item.TelephoneNumber(telNumberType); });
 }
 
