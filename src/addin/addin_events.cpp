@@ -20,7 +20,7 @@ void CAddin::OnDeviceEvent(DeviceEvent event, uint8_t lineType) {
 void CAddin::OnRequest(WindowRequest request, uint32_t parameter) {
   switch (request) {
     case WindowRequest::SetBarState:
-      m_telephone.Bar().OnSetBarState(parameter);
+      m_telephone.Refresh().OnSetBarState(parameter);
       break;
     case WindowRequest::ClearDial:
       m_telephone.Dialler().OnClearDial();

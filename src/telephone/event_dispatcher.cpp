@@ -60,7 +60,7 @@ int CEventDispatcher::OnEventGet(uint32_t event, uint32_t lineType) {
 void CEventDispatcher::OnConnected() {
   m_with.log.Write("OnEventGet::classUsbConnected\n");
   m_lines.SetUSBState(kStateIdle, kStateIdle, 0, kStateIdle, kCellSubOnConnect);
-  m_bar.SetBarState(1);
+  m_refresh.SetBarState(1);
 }
 
 void CEventDispatcher::OnDisconnected() {
@@ -70,7 +70,7 @@ void CEventDispatcher::OnDisconnected() {
   m_lines.SetUSBState(kStateNoBase, kStateNoBase, 0, kStateNoBase, 0);
   m_with.calls.EndAll();
   m_with.callerWindow.Hide();
-  m_bar.SetBarState(0);
+  m_refresh.SetBarState(0);
 }
 
 // Updates the lines, the call and its window before redrawing: a redraw may pump messages and
@@ -84,7 +84,7 @@ void CEventDispatcher::OnStatus() {
   m_lines.SetUSBState(report.line1, report.line2, report.log, report.cell, report.cellSub);
   FollowCall(report);
 
-  m_bar.SetBarState(1);
+  m_refresh.SetBarState(1);
   m_with.controls.PutCallFromCellButton();
   m_with.controls.PutSpeedDialButton();
 }
@@ -115,7 +115,7 @@ void CEventDispatcher::OnReceiveCall(uint32_t lineType) {
   m_with.calls.OnStates(report.line1, report.line2, report.cell);
   m_with.calls.OnRing(slot);
   m_lines.SetUSBState(report.line1, report.line2, report.log, report.cell, report.cellSub);
-  m_bar.SetBarState(1);
+  m_refresh.SetBarState(1);
 }
 
 void CEventDispatcher::OnCallerId(uint32_t lineType) {

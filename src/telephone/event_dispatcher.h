@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "telephone/bar_state.h"
 #include "telephone/collaborators.h"
+#include "telephone/control_refresh.h"
 #include "telephone/incoming_calls.h"
 #include "telephone/line_control.h"
 #include "telephone/telephone_state.h"
@@ -14,9 +14,13 @@ namespace quor {
 // Entry point of all events of the base.
 class CEventDispatcher {
  public:
-  CEventDispatcher(TelephoneState& state, CBarState& bar, CLineControl& lines,
+  CEventDispatcher(TelephoneState& state, CControlRefresh& refresh, CLineControl& lines,
                    CIncomingCalls& incomingCalls, const TelephoneCollaborators& with) noexcept
-      : m_state(state), m_bar(bar), m_lines(lines), m_incomingCalls(incomingCalls), m_with(with) {}
+      : m_state(state),
+        m_refresh(refresh),
+        m_lines(lines),
+        m_incomingCalls(incomingCalls),
+        m_with(with) {}
 
   // Handles the registered message: a DeviceEvent code and, for per-line events, a line type. Both
   // come from a window message, so any value may arrive; unknown ones do nothing. Always returns 0.
@@ -38,7 +42,7 @@ class CEventDispatcher {
   void SetUSBRecvCellRegistInfo(const CellRegistrationRecord& record) noexcept;
 
   TelephoneState& m_state;
-  CBarState& m_bar;
+  CControlRefresh& m_refresh;
   CLineControl& m_lines;
   CIncomingCalls& m_incomingCalls;
   const TelephoneCollaborators& m_with;

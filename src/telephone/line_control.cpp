@@ -22,7 +22,7 @@ bool CLineControl::SetUSBState(uint8_t line1, uint8_t line2, uint8_t dial, uint8
   m_with.log.Write("CAddin::SetUSBState\n");
   if (m_state.HasRibbon()) return SetUSBStateV14(line1, line2, dial, cell, cellSub);
   if (StoreReport(m_state, {line1, line2, dial, cell, cellSub}) == DialBox::Clear) {
-    m_bar.PostClearDialNumber();
+    m_refresh.PostClearDialNumber();
   }
   return true;
 }
@@ -31,7 +31,7 @@ bool CLineControl::SetUSBStateV14(uint8_t line1, uint8_t line2, uint8_t dial, ui
                                   uint8_t cellSub) {
   m_with.log.Write("CAddin::SetUSBStateV14\n");
   if (StoreReportV14(m_state, {line1, line2, dial, cell, cellSub}) == DialBox::Clear) {
-    m_bar.PostClearDialNumber();
+    m_refresh.PostClearDialNumber();
   }
   return true;
 }
@@ -67,7 +67,7 @@ bool CLineControl::Release(uint32_t lineType) {
 bool CLineControl::Take(uint32_t lineType) {
   TakeLine(m_state, lineType);
   if (IsCellSide(lineType)) DisableOtherCells();
-  m_bar.PostClearDialNumber();
+  m_refresh.PostClearDialNumber();
   return true;
 }
 
@@ -111,7 +111,7 @@ bool CLineControl::TakeOrRelease(uint32_t lineType, uint8_t newState, uint32_t c
     m_state.cellDialLine = previousCell;
     return false;
   }
-  m_bar.PostSetBarState(true);
+  m_refresh.PostSetBarState(true);
   return true;
 }
 

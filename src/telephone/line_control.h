@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "telephone/bar_state.h"
 #include "telephone/collaborators.h"
+#include "telephone/control_refresh.h"
 #include "telephone/dialler.h"
 #include "telephone/line_states.h"
 #include "telephone/telephone_state.h"
@@ -16,9 +16,9 @@ namespace quor {
 // follow. Line types are those of line_type.h; any other code means the cell side.
 class CLineControl {
  public:
-  CLineControl(TelephoneState& state, CBarState& bar, CDialler& dialler,
+  CLineControl(TelephoneState& state, CControlRefresh& refresh, CDialler& dialler,
                const TelephoneCollaborators& with) noexcept
-      : m_state(state), m_bar(bar), m_dialler(dialler), m_with(with) {}
+      : m_state(state), m_refresh(refresh), m_dialler(dialler), m_with(with) {}
 
   // Stores a report, by the rules of SetUSBStateV14 if there is a ribbon. Always true.
   bool SetUSBState(uint8_t line1, uint8_t line2, uint8_t dial, uint8_t cell, uint8_t cellSub);
@@ -57,7 +57,7 @@ class CLineControl {
   void DisableOtherCells();
 
   TelephoneState& m_state;
-  CBarState& m_bar;
+  CControlRefresh& m_refresh;
   CDialler& m_dialler;
   const TelephoneCollaborators& m_with;
 };

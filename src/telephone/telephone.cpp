@@ -4,12 +4,12 @@ namespace quor {
 
 CTelephone::CTelephone(const TelephoneCollaborators& with) noexcept
     : m_with(with),
-      m_bar(m_with),
+      m_refresh(m_with),
       m_dialler(m_state, m_with),
-      m_lines(m_state, m_bar, m_dialler, m_with),
+      m_lines(m_state, m_refresh, m_dialler, m_with),
       m_callerList(m_with),
       m_incomingCalls(m_state, m_callerList, m_with),
-      m_events(m_state, m_bar, m_lines, m_incomingCalls, m_with) {}
+      m_events(m_state, m_refresh, m_lines, m_incomingCalls, m_with) {}
 
 void CTelephone::ResetCounters(uint32_t startTime) noexcept {
   m_state.pendingClearLine = kNoLine;

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <string>
 
-#include "telephone/bar_state.h"
 #include "telephone/caller_list.h"
 #include "telephone/collaborators.h"
+#include "telephone/control_refresh.h"
 #include "telephone/dialler.h"
 #include "telephone/event_dispatcher.h"
 #include "telephone/incoming_calls.h"
@@ -31,21 +31,21 @@ class CTelephone {
   // Start-up: clears the dial string and allows no dialling yet.
   void ResetDial();
 
-  // For IsControlEnabled, GetLineCaption and IsCellItemEnabled (control_state.h), the cells' names
+  // For IsControlEnabled, GetLineCaption and IsCellItemEnabled (control_rules.h), the cells' names
   // and the click and dial times.
   const TelephoneState& State() const noexcept { return m_state; }
 
   CEventDispatcher& Events() noexcept { return m_events; }
   CLineControl& Lines() noexcept { return m_lines; }
   CDialler& Dialler() noexcept { return m_dialler; }
-  CBarState& Bar() noexcept { return m_bar; }
+  CControlRefresh& Refresh() noexcept { return m_refresh; }
   CCallerList& CallerList() noexcept { return m_callerList; }
   CIncomingCalls& IncomingCalls() noexcept { return m_incomingCalls; }
 
  private:
   TelephoneCollaborators m_with;
   TelephoneState m_state;
-  CBarState m_bar;
+  CControlRefresh m_refresh;
   CDialler m_dialler;
   CLineControl m_lines;
   CCallerList m_callerList;

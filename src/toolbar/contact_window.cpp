@@ -4,7 +4,7 @@
 
 #include "com/com_boundary.h"
 #include "resources/resource_ids.h"
-#include "telephone/control_state.h"
+#include "telephone/control_rules.h"
 #include "toolbar/flag_scope.h"
 
 namespace quor {

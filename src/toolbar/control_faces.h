@@ -8,7 +8,7 @@
 
 #include "resources/string_table.h"
 #include "settings/configuration.h"
-#include "telephone/control_state.h"
+#include "telephone/control_rules.h"
 #include "telephone/telephone_state.h"
 #include "toolbar/toolbar_actions.h"
 
@@ -40,10 +40,10 @@ class CControlFaces {
                 const IStringTable& texts, std::span<const DialCandidate> candidates = {}) noexcept
       : m_state(state), m_configuration(configuration), m_texts(texts), m_candidates(candidates) {}
 
-  // A control by its number (control_state.h). `withAnswer` selects the rules for a ringing line.
+  // A control by its number (control_rules.h). `withAnswer` selects the rules for a ringing line.
   std::wstring Caption(int control, bool withAnswer) const;
   bool IsEnabled(int control, bool withAnswer) const noexcept;
-  // What a click on a line button (numbered as in control_state.h) does.
+  // What a click on a line button (numbered as in control_rules.h) does.
   LineAction ActionOf(int lineButton, bool withAnswer) const noexcept;
   // Whether a call is ringing that a line or cell button can answer.
   bool IsRinging() const noexcept;

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "resources/resource_ids.h"
-#include "telephone/control_state.h"
+#include "telephone/control_rules.h"
 
 namespace quor {
 namespace {

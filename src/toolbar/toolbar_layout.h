@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string>
 
-#include "telephone/control_state.h"
+#include "telephone/control_rules.h"
 #include "toolbar/toolbar_actions.h"
 
 namespace quor {
@@ -15,7 +15,7 @@ namespace quor {
 enum class ControlKind { ComboBox, Button, Popup };
 
 struct ControlLayout {
-  int control;  // see control_state.h
+  int control;  // see control_rules.h
   ControlKind kind;
   // Office's key for the control; an event goes to every sink with the same tag.
   const wchar_t* tag;

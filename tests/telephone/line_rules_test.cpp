@@ -189,8 +189,8 @@ TEST(Requests, FailedPostsAreLoggedAndNothingElse) {
   desk.postsFail = true;
   desk.phone.Lines().AnswerUSB(1);
   EXPECT_FALSE(desk.phone.Lines().DropUSB(1));
-  desk.phone.Bar().PostSetBarState(true);
-  desk.phone.Bar().PostClearDialNumber();
+  desk.phone.Refresh().PostSetBarState(true);
+  desk.phone.Refresh().PostClearDialNumber();
   EXPECT_EQ(desk.Journal(),
             (std::vector<std::string>{
                 "log: CAddin::AnswerUSB", "post 11 2", "log: CAddin::AnswerUSB post failed",

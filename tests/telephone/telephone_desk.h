@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "telephone/control_state.h"
+#include "telephone/control_rules.h"
 #include "telephone/telephone.h"
 
 namespace quor {

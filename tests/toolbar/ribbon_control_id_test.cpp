@@ -9,7 +9,7 @@
 
 #include "device/line_type.h"
 #include "resources/resource_ids.h"
-#include "telephone/control_state.h"
+#include "telephone/control_rules.h"
 #include "tests/toolbar/faces_fixture.h"
 #include "toolbar/ribbon_faces.h"
 

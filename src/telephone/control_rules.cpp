@@ -1,4 +1,4 @@
-#include "telephone/control_state.h"
+#include "telephone/control_rules.h"
 
 #include <cstddef>
 

@@ -1,20 +1,20 @@
-#include "telephone/bar_state.h"
+#include "telephone/control_refresh.h"
 
 namespace quor {
 
-void CBarState::PostSetBarState(bool connected) noexcept {
+void CControlRefresh::PostSetBarState(bool connected) noexcept {
   m_with.log.Write("CAddin::PostSetBarState\n");
   if (!m_with.queue.PostRequest(WindowRequest::SetBarState, connected ? 1 : 0)) {
     m_with.log.Write("CAddin::PostSetBarState post failed\n");
   }
 }
 
-void CBarState::OnSetBarState(uint32_t connected) {
+void CControlRefresh::OnSetBarState(uint32_t connected) {
   m_with.log.Write("CAddin::OnSetBarState\n");
   SetBarState(connected);
 }
 
-void CBarState::SetBarState(uint32_t connected) {
+void CControlRefresh::SetBarState(uint32_t connected) {
   m_with.log.Write("CAddin::SetBarState\n");
   if (connected == 1) {
     m_with.controls.SetToolBarState();
@@ -23,7 +23,7 @@ void CBarState::SetBarState(uint32_t connected) {
   }
 }
 
-void CBarState::PostClearDialNumber() noexcept {
+void CControlRefresh::PostClearDialNumber() noexcept {
   m_with.log.Write("CAddin::PostClearDialNumber\n");
   if (!m_with.queue.PostRequest(WindowRequest::ClearDial, 0)) {
     m_with.log.Write("CAddin::PostClearDialNumber post failed\n");

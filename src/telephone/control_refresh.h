@@ -1,5 +1,5 @@
-#ifndef QUOR_TELEPHONE_BAR_STATE_H
-#define QUOR_TELEPHONE_BAR_STATE_H
+#ifndef QUOR_TELEPHONE_CONTROL_REFRESH_H
+#define QUOR_TELEPHONE_CONTROL_REFRESH_H
 
 #include <cstdint>
 
@@ -9,9 +9,9 @@ namespace quor {
 
 // Redraws the telephone's controls, at once or through a posted message. The message is for callers
 // inside a control's own click handler.
-class CBarState {
+class CControlRefresh {
  public:
-  explicit CBarState(const TelephoneCollaborators& with) noexcept : m_with(with) {}
+  explicit CControlRefresh(const TelephoneCollaborators& with) noexcept : m_with(with) {}
 
   void PostSetBarState(bool connected) noexcept;
   // Handles WindowRequest::SetBarState.

@@ -1,5 +1,5 @@
-#ifndef QUOR_TELEPHONE_CONTROL_STATE_H
-#define QUOR_TELEPHONE_CONTROL_STATE_H
+#ifndef QUOR_TELEPHONE_CONTROL_RULES_H
+#define QUOR_TELEPHONE_CONTROL_RULES_H
 
 #include "telephone/telephone_state.h"
 
