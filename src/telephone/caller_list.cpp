@@ -5,16 +5,16 @@
 namespace quor {
 
 void CCallerList::Add(const std::wstring& name, const std::wstring& number) {
-  std::vector<CallEntry>& list = m_with.configuration.callerLists;
+  std::vector<CallEntry>& list = m_collaborators.configuration.callerLists;
   if (list.size() >= kCallerListLimit) list.resize(kCallerListLimit - 1);
   list.insert(list.begin(), StorableEntry({name + L" " + number, name, number}));
-  m_with.settings.Save();
+  m_collaborators.settings.Save();
   PutCallerList();
 }
 
 void CCallerList::PutCallerList() {
-  m_with.log.Write("CAddin::PutCallerList\n");
-  m_with.controls.PutCallerList();
+  m_collaborators.log.Write("CAddin::PutCallerList\n");
+  m_collaborators.controls.PutCallerList();
 }
 
 }  // namespace quor

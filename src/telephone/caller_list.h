@@ -10,7 +10,8 @@ namespace quor {
 // The last ten callers (Configuration::callerLists), newest first.
 class CCallerList {
  public:
-  explicit CCallerList(const TelephoneCollaborators& with) noexcept : m_with(with) {}
+  explicit CCallerList(const TelephoneCollaborators& collaborators) noexcept
+      : m_collaborators(collaborators) {}
 
   // Adds a call at the head, saves the configuration file and redraws the menu. A second call from
   // the same caller is a second entry.
@@ -20,7 +21,7 @@ class CCallerList {
   void PutCallerList();
 
  private:
-  const TelephoneCollaborators& m_with;
+  const TelephoneCollaborators& m_collaborators;
 };
 
 }  // namespace quor

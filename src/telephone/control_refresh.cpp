@@ -3,30 +3,30 @@
 namespace quor {
 
 void CControlRefresh::PostSetBarState(bool connected) noexcept {
-  m_with.log.Write("CAddin::PostSetBarState\n");
-  if (!m_with.queue.PostRequest(WindowRequest::SetBarState, connected ? 1 : 0)) {
-    m_with.log.Write("CAddin::PostSetBarState post failed\n");
+  m_collaborators.log.Write("CAddin::PostSetBarState\n");
+  if (!m_collaborators.queue.PostRequest(WindowRequest::SetBarState, connected ? 1 : 0)) {
+    m_collaborators.log.Write("CAddin::PostSetBarState post failed\n");
   }
 }
 
 void CControlRefresh::OnSetBarState(uint32_t connected) {
-  m_with.log.Write("CAddin::OnSetBarState\n");
+  m_collaborators.log.Write("CAddin::OnSetBarState\n");
   SetBarState(connected);
 }
 
 void CControlRefresh::SetBarState(uint32_t connected) {
-  m_with.log.Write("CAddin::SetBarState\n");
+  m_collaborators.log.Write("CAddin::SetBarState\n");
   if (connected == 1) {
-    m_with.controls.SetToolBarState();
+    m_collaborators.controls.SetToolBarState();
   } else {
-    m_with.controls.DisableControls();
+    m_collaborators.controls.DisableControls();
   }
 }
 
 void CControlRefresh::PostClearDialNumber() noexcept {
-  m_with.log.Write("CAddin::PostClearDialNumber\n");
-  if (!m_with.queue.PostRequest(WindowRequest::ClearDial, 0)) {
-    m_with.log.Write("CAddin::PostClearDialNumber post failed\n");
+  m_collaborators.log.Write("CAddin::PostClearDialNumber\n");
+  if (!m_collaborators.queue.PostRequest(WindowRequest::ClearDial, 0)) {
+    m_collaborators.log.Write("CAddin::PostClearDialNumber post failed\n");
   }
 }
 

@@ -11,7 +11,8 @@ namespace quor {
 // inside a control's own click handler.
 class CControlRefresh {
  public:
-  explicit CControlRefresh(const TelephoneCollaborators& with) noexcept : m_with(with) {}
+  explicit CControlRefresh(const TelephoneCollaborators& collaborators) noexcept
+      : m_collaborators(collaborators) {}
 
   void PostSetBarState(bool connected) noexcept;
   // Handles WindowRequest::SetBarState.
@@ -23,7 +24,7 @@ class CControlRefresh {
   void PostClearDialNumber() noexcept;
 
  private:
-  const TelephoneCollaborators& m_with;
+  const TelephoneCollaborators& m_collaborators;
 };
 
 }  // namespace quor

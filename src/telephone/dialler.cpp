@@ -24,10 +24,10 @@ std::string NumberOf(const std::vector<CallEntry>& list, int listIndex, std::str
 }  // namespace
 
 bool CDialler::DialCall(int listIndex, std::wstring_view destination) {
-  m_with.log.Write("CAddin::DialCall\n");
+  m_collaborators.log.Write("CAddin::DialCall\n");
   if (destination.empty()) {
-    m_with.log.Write("CAddin::bstrDest is empty\n");
-    if (m_state.HasRibbon()) m_with.messages.ShowMessage(IDS_INVALID_NUMBER);
+    m_collaborators.log.Write("CAddin::bstrDest is empty\n");
+    if (m_state.HasRibbon()) m_collaborators.messages.ShowMessage(IDS_INVALID_NUMBER);
     return false;
   }
   // A copy: `destination` may refer to the box's own text, which may change during the calls below.
@@ -35,40 +35,41 @@ bool CDialler::DialCall(int listIndex, std::wstring_view destination) {
   std::string typed = AnsiFromWide(destination.substr(0, kDestinationLimit));
   if (typed.empty()) return false;
 
-  std::string number = NumberOf(m_with.configuration.histories, listIndex, std::move(typed));
+  std::string number =
+      NumberOf(m_collaborators.configuration.histories, listIndex, std::move(typed));
   if (!CheckNumber(number)) return false;
   number = UpperPauseChars(number);
 
   std::optional<CallerMatch> contact;
-  if (!number.empty()) contact = m_with.directory.FindPhoneNumber(number, false);
+  if (!number.empty()) contact = m_collaborators.directory.FindPhoneNumber(number, false);
 
   const bool posted = DialUSB(number);
   const uint32_t lineType = m_state.pendingClearLine;
-  m_state.lastDialTime = m_with.clock.TickMilliseconds();
+  m_state.lastDialTime = m_collaborators.clock.TickMilliseconds();
   if (!posted) return false;
 
   std::optional<std::wstring> fileAs;
-  if (contact) fileAs = m_with.directory.FindContactFileAs(*contact);
-  m_with.calls.OnDial(SlotFromLineType(lineType),
-                      {fileAs.value_or(std::wstring()), WideFromAnsi(number),
-                       contact ? contact->entryId : std::string()});
+  if (contact) fileAs = m_collaborators.directory.FindContactFileAs(*contact);
+  m_collaborators.calls.OnDial(SlotFromLineType(lineType),
+                               {fileAs.value_or(std::wstring()), WideFromAnsi(number),
+                                contact ? contact->entryId : std::string()});
   Remember({shown, std::move(fileAs).value_or(std::wstring()), WideFromAnsi(number)});
-  if (!m_state.HasRibbon()) m_with.controls.PutHistory();
+  if (!m_state.HasRibbon()) m_collaborators.controls.PutHistory();
   SetDialText(shown);
-  m_with.log.Write("CAddin::Dial Clear Set\n");
-  m_with.settings.Save();
+  m_collaborators.log.Write("CAddin::Dial Clear Set\n");
+  m_collaborators.settings.Save();
   return true;
 }
 
 bool CDialler::CheckNumber(std::string_view number) {
   const int refusal = NumberRefusal(number);
-  if (refusal != IDS_NONE) m_with.messages.ShowMessage(refusal);
+  if (refusal != IDS_NONE) m_collaborators.messages.ShowMessage(refusal);
   return refusal == IDS_NONE;
 }
 
 void CDialler::Remember(const CallEntry& call) {
   CallEntry entry = StorableEntry(call);
-  std::vector<CallEntry>& list = m_with.configuration.histories;
+  std::vector<CallEntry>& list = m_collaborators.configuration.histories;
   const auto same = std::ranges::find(list, entry.number, &CallEntry::number);
   if (same != list.end()) list.erase(same);
   if (list.size() >= kHistoryLimit) list.resize(kHistoryLimit - 1);
@@ -85,53 +86,53 @@ uint32_t CDialler::ChooseLine() const noexcept {
 }
 
 bool CDialler::DialUSB(std::string_view number) noexcept {
-  m_with.log.Write("CAddin::DialUSB\n");
+  m_collaborators.log.Write("CAddin::DialUSB\n");
   const uint32_t lineType = ChooseLine();
   const int slot = SlotFromLineType(lineType);
   if (slot == kNoSlot) return false;
 
   number = number.substr(0, kDialNumberLimit);
-  DialRecord& request = m_with.records.dial[static_cast<size_t>(slot)];
+  DialRecord& request = m_collaborators.records.dial[static_cast<size_t>(slot)];
   request = {};
   request.lineType = static_cast<uint8_t>(lineType);
   request.numberLength = static_cast<uint8_t>(number.size());
   std::ranges::copy(number, request.number);
 
   m_state.pendingClearLine = lineType;
-  if (m_with.queue.PostRequest(WindowRequest::CallRequest, lineType)) return true;
-  m_with.log.Write("CAddin::DialUSB post failed\n");
+  if (m_collaborators.queue.PostRequest(WindowRequest::CallRequest, lineType)) return true;
+  m_collaborators.log.Write("CAddin::DialUSB post failed\n");
   return false;
 }
 
 void CDialler::OnChangeComboBox(std::wstring_view text, int listIndex) {
-  m_with.log.Write("CAddin::OnChangeComboBox\n");
+  m_collaborators.log.Write("CAddin::OnChangeComboBox\n");
   if (text.empty()) {
-    m_with.log.Write("CAddin::bstrDest is empty\n");
+    m_collaborators.log.Write("CAddin::bstrDest is empty\n");
     return;
   }
   DialCall(listIndex, text);
 }
 
 bool CDialler::DialBoxText() {
-  const std::vector<CallEntry>& list = m_with.configuration.histories;
+  const std::vector<CallEntry>& list = m_collaborators.configuration.histories;
   const auto entry = std::ranges::find(list, m_boxText, &CallEntry::name);
   const int listIndex = entry == list.end() ? 0 : static_cast<int>(entry - list.begin()) + 1;
   return DialCall(listIndex, m_boxText);
 }
 
 void CDialler::OnClearDial() {
-  m_with.log.Write("CAddin::OnClearDial\n");
-  if (m_with.configuration.dialClear != 0) ClearDialNumber();
+  m_collaborators.log.Write("CAddin::OnClearDial\n");
+  if (m_collaborators.configuration.dialClear != 0) ClearDialNumber();
 }
 
 void CDialler::ClearDialNumber() {
-  m_with.log.Write("CAddin::ClearDialNumber\n");
+  m_collaborators.log.Write("CAddin::ClearDialNumber\n");
   SetDialText({});
 }
 
 void CDialler::SetDialText(std::wstring_view text) {
   m_boxText = text;
-  m_with.controls.SetDialText(text);
+  m_collaborators.controls.SetDialText(text);
 }
 
 }  // namespace quor

@@ -16,8 +16,8 @@ namespace quor {
 // the contact's name, if any.
 class CDialler {
  public:
-  CDialler(TelephoneState& state, const TelephoneCollaborators& with) noexcept
-      : m_state(state), m_with(with) {}
+  CDialler(TelephoneState& state, const TelephoneCollaborators& collaborators) noexcept
+      : m_state(state), m_collaborators(collaborators) {}
 
   // All ways to dial end here. `listIndex` is the 1-based entry that the user picked from the
   // dial-number list, and 0 for a number that was typed or comes from a menu; an index beyond the
@@ -51,7 +51,7 @@ class CDialler {
   void SetDialText(std::wstring_view text);
 
   TelephoneState& m_state;
-  const TelephoneCollaborators& m_with;
+  const TelephoneCollaborators& m_collaborators;
   std::wstring m_boxText;
 };
 

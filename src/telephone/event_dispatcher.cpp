@@ -27,7 +27,7 @@ uint8_t CopyText(char (&to)[kTo], const char (&from)[kFrom]) noexcept {
 }  // namespace
 
 int CEventDispatcher::OnEventGet(uint32_t event, uint32_t lineType) {
-  m_with.log.Write("CAddin::OnEventGet\n");
+  m_collaborators.log.Write("CAddin::OnEventGet\n");
   switch (static_cast<DeviceEvent>(event)) {
     case DeviceEvent::Connected:
       OnConnected();
@@ -36,7 +36,7 @@ int CEventDispatcher::OnEventGet(uint32_t event, uint32_t lineType) {
       OnDisconnected();
       break;
     case DeviceEvent::ErrorConnect:
-      m_with.messages.ShowMessage(IDS_DEVICE_NOT_CONNECTED);
+      m_collaborators.messages.ShowMessage(IDS_DEVICE_NOT_CONNECTED);
       break;
     case DeviceEvent::Status:
       OnStatus();
@@ -58,35 +58,35 @@ int CEventDispatcher::OnEventGet(uint32_t event, uint32_t lineType) {
 }
 
 void CEventDispatcher::OnConnected() {
-  m_with.log.Write("OnEventGet::classUsbConnected\n");
+  m_collaborators.log.Write("OnEventGet::classUsbConnected\n");
   m_lines.SetUSBState(kStateIdle, kStateIdle, 0, kStateIdle, kCellSubOnConnect);
   m_refresh.SetBarState(1);
 }
 
 void CEventDispatcher::OnDisconnected() {
-  m_with.log.Write("OnEventGet::classUsbDisconnected\n");
+  m_collaborators.log.Write("OnEventGet::classUsbDisconnected\n");
   // Without a base there is no call to answer.
   m_state.caller.popupLine = m_state.caller.cidLine = kNoLine;
   m_lines.SetUSBState(kStateNoBase, kStateNoBase, 0, kStateNoBase, 0);
-  m_with.calls.EndAll();
-  m_with.callerWindow.Hide();
+  m_collaborators.calls.EndAll();
+  m_collaborators.callerWindow.Hide();
   m_refresh.SetBarState(0);
 }
 
 // Updates the lines, the call and its window before redrawing: a redraw may pump messages and
 // handle the next event, which this report must not undo.
 void CEventDispatcher::OnStatus() {
-  m_with.log.Write("OnEventGet::classSetStatusIndication\n");
-  if (m_with.records.status.result == kBusyReply) ShowBusyReply();
+  m_collaborators.log.Write("OnEventGet::classSetStatusIndication\n");
+  if (m_collaborators.records.status.result == kBusyReply) ShowBusyReply();
 
-  const StatusRecord report = m_with.records.status;
-  m_with.calls.OnStates(report.line1, report.line2, report.cell);
+  const StatusRecord report = m_collaborators.records.status;
+  m_collaborators.calls.OnStates(report.line1, report.line2, report.cell);
   m_lines.SetUSBState(report.line1, report.line2, report.log, report.cell, report.cellSub);
   FollowCall(report);
 
   m_refresh.SetBarState(1);
-  m_with.controls.PutCallFromCellButton();
-  m_with.controls.PutSpeedDialButton();
+  m_collaborators.controls.PutCallFromCellButton();
+  m_collaborators.controls.PutSpeedDialButton();
 }
 
 void CEventDispatcher::FollowCall(const StatusRecord& report) {
@@ -96,53 +96,53 @@ void CEventDispatcher::FollowCall(const StatusRecord& report) {
   if (cellIdle) m_state.caller.popupLine = kNoLine;
   if (cellIdle) m_state.cellDialLine = kNoLine;
 
-  m_with.callerWindow.Follow(report.line1, report.line2, report.cell);
-  if (callOver) m_with.callerWindow.Hide();
+  m_collaborators.callerWindow.Follow(report.line1, report.line2, report.cell);
+  if (callOver) m_collaborators.callerWindow.Hide();
 }
 
 void CEventDispatcher::ShowBusyReply() {
-  m_with.calls.OnDialRefused();
+  m_collaborators.calls.OnDialRefused();
   const bool cell = m_state.cellDialLine != kNoLine;
   m_state.cellDialLine = kNoLine;
-  m_with.messages.ShowMessage(cell ? IDS_CELL_BUSY : IDS_LINE_BUSY);
+  m_collaborators.messages.ShowMessage(cell ? IDS_CELL_BUSY : IDS_LINE_BUSY);
 }
 
 void CEventDispatcher::OnReceiveCall(uint32_t lineType) {
-  m_with.log.Write("OnEventGet::classReceiveCallIndication\n");
+  m_collaborators.log.Write("OnEventGet::classReceiveCallIndication\n");
   const int slot = SlotFromLineType(lineType);
   if (slot == kNoSlot) return;
-  const IncomingCallRecord report = m_with.records.incomingCall[static_cast<size_t>(slot)];
-  m_with.calls.OnStates(report.line1, report.line2, report.cell);
-  m_with.calls.OnRing(slot);
+  const IncomingCallRecord report = m_collaborators.records.incomingCall[static_cast<size_t>(slot)];
+  m_collaborators.calls.OnStates(report.line1, report.line2, report.cell);
+  m_collaborators.calls.OnRing(slot);
   m_lines.SetUSBState(report.line1, report.line2, report.log, report.cell, report.cellSub);
   m_refresh.SetBarState(1);
 }
 
 void CEventDispatcher::OnCallerId(uint32_t lineType) {
-  m_with.log.Write("OnEventGet::classReceiveCIDIndication\n");
+  m_collaborators.log.Write("OnEventGet::classReceiveCIDIndication\n");
   const int slot = SlotFromLineType(lineType);
   if (slot == kNoSlot) return;
-  const CallerIdRecord& record = m_with.records.callerId[static_cast<size_t>(slot)];
+  const CallerIdRecord& record = m_collaborators.records.callerId[static_cast<size_t>(slot)];
   const bool longDistance = record.longDistance != 0;
   SetUSBRecvCIDInfo(record);
   m_incomingCalls.OnCallerId(longDistance);
 }
 
 void CEventDispatcher::OnClosePopupEvent(uint32_t lineType) {
-  m_with.log.Write("OnEventGet::classClosePopUpIndication\n");
+  m_collaborators.log.Write("OnEventGet::classClosePopUpIndication\n");
   const int slot = SlotFromLineType(lineType);
   if (slot == kNoSlot) return;
-  SetUSBRecvCPOPUPInfo(m_with.records.lastCaller[static_cast<size_t>(slot)]);
+  SetUSBRecvCPOPUPInfo(m_collaborators.records.lastCaller[static_cast<size_t>(slot)]);
   m_incomingCalls.OnPopup();
 }
 
 void CEventDispatcher::OnCellRegistration() {
-  SetUSBRecvCellRegistInfo(m_with.records.cells);
-  m_with.controls.PutCallFromCellButton();
+  SetUSBRecvCellRegistInfo(m_collaborators.records.cells);
+  m_collaborators.controls.PutCallFromCellButton();
 }
 
 void CEventDispatcher::SetUSBRecvCIDInfo(const CallerIdRecord& record) noexcept {
-  m_with.log.Write("CAddin::SetUSBRecvCIDInfo\n");
+  m_collaborators.log.Write("CAddin::SetUSBRecvCIDInfo\n");
   CallerInformation& caller = m_state.caller;
   caller = {};
   caller.infoKind = kInfoCallerId;
@@ -155,7 +155,7 @@ void CEventDispatcher::SetUSBRecvCIDInfo(const CallerIdRecord& record) noexcept 
 }
 
 void CEventDispatcher::SetUSBRecvCPOPUPInfo(const LastCallerRecord& record) noexcept {
-  m_with.log.Write("CAddin::SetUSBRecvCPOPUPInfo\n");
+  m_collaborators.log.Write("CAddin::SetUSBRecvCPOPUPInfo\n");
   CallerInformation& caller = m_state.caller;
   caller = {};
   caller.infoKind = kInfoPopup;
@@ -166,7 +166,7 @@ void CEventDispatcher::SetUSBRecvCPOPUPInfo(const LastCallerRecord& record) noex
 // A mobile that registers while a call rings does not end the call, so only the kind of the caller
 // information changes.
 void CEventDispatcher::SetUSBRecvCellRegistInfo(const CellRegistrationRecord& record) noexcept {
-  m_with.log.Write("CAddin::SetUSBRecvCellRegistInfo\n");
+  m_collaborators.log.Write("CAddin::SetUSBRecvCellRegistInfo\n");
   m_state.caller.infoKind = kInfoCellRegistration;
   m_state.cells = {};
   m_state.cells.cellRegistered = record.regInfo;

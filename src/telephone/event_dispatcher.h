@@ -15,12 +15,13 @@ namespace quor {
 class CEventDispatcher {
  public:
   CEventDispatcher(TelephoneState& state, CControlRefresh& refresh, CLineControl& lines,
-                   CIncomingCalls& incomingCalls, const TelephoneCollaborators& with) noexcept
+                   CIncomingCalls& incomingCalls,
+                   const TelephoneCollaborators& collaborators) noexcept
       : m_state(state),
         m_refresh(refresh),
         m_lines(lines),
         m_incomingCalls(incomingCalls),
-        m_with(with) {}
+        m_collaborators(collaborators) {}
 
   // Handles the registered message: a DeviceEvent code and, for per-line events, a line type. Both
   // come from a window message, so any value may arrive; unknown ones do nothing. Always returns 0.
@@ -45,7 +46,7 @@ class CEventDispatcher {
   CControlRefresh& m_refresh;
   CLineControl& m_lines;
   CIncomingCalls& m_incomingCalls;
-  const TelephoneCollaborators& m_with;
+  const TelephoneCollaborators& m_collaborators;
 };
 
 }  // namespace quor

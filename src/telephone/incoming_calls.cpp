@@ -53,10 +53,11 @@ void CIncomingCalls::OnCallerId(bool longDistance) {
   const bool known = match.has_value();
   if (known) Identify(*match, caller);
   match.reset();  // release the contact: the steps below may take long
-  m_with.calls.OnCaller(SlotOf(caller.information), {caller.name, caller.number, caller.entryId});
+  m_collaborators.calls.OnCaller(SlotOf(caller.information),
+                                 {caller.name, caller.number, caller.entryId});
   if (!caller.number.empty()) m_callerList.Add(caller.name, caller.number);
   // Redraw first: a contact form may cover or delay the buttons.
-  m_with.controls.RedrawLineButtons();
+  m_collaborators.controls.RedrawLineButtons();
   if (known) {
     DisplayContactItem(caller);
   } else {
@@ -69,41 +70,41 @@ void CIncomingCalls::OnCallerId(bool longDistance) {
 std::optional<CallerMatch> CIncomingCalls::FindPhoneNumber(bool check, std::string_view number) {
   std::optional<CallerMatch> match;
   if (!number.empty()) {
-    match = m_with.directory.FindPhoneNumber(number, check);
-    if (!match && check) match = m_with.directory.SearchPhoneNumber(number, check);
+    match = m_collaborators.directory.FindPhoneNumber(number, check);
+    if (!match && check) match = m_collaborators.directory.SearchPhoneNumber(number, check);
   }
-  if (!match) m_with.log.Write("FindPhoneNumber not found\n");
+  if (!match) m_collaborators.log.Write("FindPhoneNumber not found\n");
   return match;
 }
 
 // Takes number and name from the contact. What cannot be read stays as the base sent it.
 void CIncomingCalls::Identify(const CallerMatch& match, Caller& caller) {
   caller.entryId = match.entryId;
-  auto number = m_with.directory.FindContactPhoneNumber(match);
+  auto number = m_collaborators.directory.FindContactPhoneNumber(match);
   if (number && !number->empty()) caller.number = *std::move(number);
-  auto fileAs = m_with.directory.FindContactFileAs(match);
+  auto fileAs = m_collaborators.directory.FindContactFileAs(match);
   if (!fileAs) return;
   caller.name = *std::move(fileAs);
   caller.reason = match.reason;
 }
 
 void CIncomingCalls::DisplayContactItem(const Caller& caller) {
-  m_with.log.Write("CAddin::DisplayContactItem\n");
-  if (ShowsForm(caller)) LogForm(m_with.directory.DisplayContact(caller.entryId));
+  m_collaborators.log.Write("CAddin::DisplayContactItem\n");
+  if (ShowsForm(caller)) LogForm(m_collaborators.directory.DisplayContact(caller.entryId));
 }
 
 void CIncomingCalls::DisplayNewContactItem(const Caller& caller) {
-  m_with.log.Write("CAddin::DisplayNewContactItem\n");
-  if (ShowsForm(caller)) LogForm(m_with.directory.DisplayNewContact(caller.number));
+  m_collaborators.log.Write("CAddin::DisplayNewContactItem\n");
+  if (ShowsForm(caller)) LogForm(m_collaborators.directory.DisplayNewContact(caller.number));
 }
 
 bool CIncomingCalls::ShowsForm(const Caller& caller) {
   const int slot = SlotOf(caller.information);
   if (slot == kNoSlot) {
-    m_with.log.Write("CAddin::DisplayContactItem ReciveLineType Error.\n");
+    m_collaborators.log.Write("CAddin::DisplayContactItem ReciveLineType Error.\n");
     return false;
   }
-  switch (m_with.configuration.popUpModes[static_cast<size_t>(slot)]) {
+  switch (m_collaborators.configuration.popUpModes[static_cast<size_t>(slot)]) {
     case kPopUpOff:
       return false;
     case kPopUpSimpleWindow:
@@ -129,8 +130,8 @@ void CIncomingCalls::ShowCallerWindow(const Caller& caller, int slot) {
   if (number.text.empty()) {
     number.withheldTextId = WithheldNumberText(caller.information.noNum, caller.longDistance);
   }
-  m_with.callerWindow.Fill(name, number, slot);
-  m_with.callerWindow.Show();
+  m_collaborators.callerWindow.Fill(name, number, slot);
+  m_collaborators.callerWindow.Show();
 }
 
 void CIncomingCalls::LogForm(FormResult result) {
@@ -138,29 +139,29 @@ void CIncomingCalls::LogForm(FormResult result) {
     case FormResult::Shown:
       return;
     case FormResult::NoContact:
-      m_with.log.Write("CAddin::spContactItem is NULL\n");
+      m_collaborators.log.Write("CAddin::spContactItem is NULL\n");
       return;
     case FormResult::NotDisplayed:
-      m_with.log.Write("CAddin::Inspector can not display\n");
+      m_collaborators.log.Write("CAddin::Inspector can not display\n");
       return;
   }
 }
 
 void CIncomingCalls::OnPopup() {
   const std::string number = m_state.caller.number;
-  m_with.controls.RedrawLineButtons();
+  m_collaborators.controls.RedrawLineButtons();
   const int slot = SlotFromLineType(m_state.caller.popupLine);
   if (slot != kNoSlot &&
-      m_with.configuration.popUpModes[static_cast<size_t>(slot)] == kPopUpSimpleWindow) {
-    m_with.callerWindow.Hide();
+      m_collaborators.configuration.popUpModes[static_cast<size_t>(slot)] == kPopUpSimpleWindow) {
+    m_collaborators.callerWindow.Hide();
     return;
   }
   FindPhoneNumber(false, number);
 }
 
 int CIncomingCalls::OnClosePopup() {
-  m_with.log.Write("CAddin::OnClosePopup\n");
-  m_with.callerWindow.Hide();
+  m_collaborators.log.Write("CAddin::OnClosePopup\n");
+  m_collaborators.callerWindow.Hide();
   return 0;
 }
 

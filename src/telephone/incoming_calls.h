@@ -16,8 +16,8 @@ namespace quor {
 class CIncomingCalls {
  public:
   CIncomingCalls(TelephoneState& state, CCallerList& callerList,
-                 const TelephoneCollaborators& with) noexcept
-      : m_state(state), m_callerList(callerList), m_with(with) {}
+                 const TelephoneCollaborators& collaborators) noexcept
+      : m_state(state), m_callerList(callerList), m_collaborators(collaborators) {}
 
   // Call after a caller-ID record was copied into the caller information.
   void OnCallerId(bool longDistance);
@@ -52,7 +52,7 @@ class CIncomingCalls {
 
   TelephoneState& m_state;
   CCallerList& m_callerList;
-  const TelephoneCollaborators& m_with;
+  const TelephoneCollaborators& m_collaborators;
   std::string m_lastCallerNumber;
 };
 

@@ -19,7 +19,7 @@ bool IsCellSide(uint32_t lineType) noexcept {
 
 bool CLineControl::SetUSBState(uint8_t line1, uint8_t line2, uint8_t dial, uint8_t cell,
                                uint8_t cellSub) {
-  m_with.log.Write("CAddin::SetUSBState\n");
+  m_collaborators.log.Write("CAddin::SetUSBState\n");
   if (m_state.HasRibbon()) return SetUSBStateV14(line1, line2, dial, cell, cellSub);
   if (StoreReport(m_state, {line1, line2, dial, cell, cellSub}) == DialBox::Clear) {
     m_refresh.PostClearDialNumber();
@@ -29,7 +29,7 @@ bool CLineControl::SetUSBState(uint8_t line1, uint8_t line2, uint8_t dial, uint8
 
 bool CLineControl::SetUSBStateV14(uint8_t line1, uint8_t line2, uint8_t dial, uint8_t cell,
                                   uint8_t cellSub) {
-  m_with.log.Write("CAddin::SetUSBStateV14\n");
+  m_collaborators.log.Write("CAddin::SetUSBStateV14\n");
   if (StoreReportV14(m_state, {line1, line2, dial, cell, cellSub}) == DialBox::Clear) {
     m_refresh.PostClearDialNumber();
   }
@@ -41,9 +41,10 @@ uint8_t CLineControl::GetLineState(uint32_t lineType) const noexcept {
 }
 
 bool CLineControl::SetLineState(uint32_t lineType, uint8_t newState) {
-  m_with.log.Write("CAddin::SetLineState\n");
-  const uint32_t now = m_with.clock.TickMilliseconds();
-  const auto delay = static_cast<uint32_t>(std::max(0, m_with.configuration.delayBtnEvent));
+  m_collaborators.log.Write("CAddin::SetLineState\n");
+  const uint32_t now = m_collaborators.clock.TickMilliseconds();
+  const auto delay =
+      static_cast<uint32_t>(std::max(0, m_collaborators.configuration.delayBtnEvent));
   if (now - m_state.lastLineClickTime < delay) return false;
   m_state.lastLineClickTime = now;
 
@@ -60,7 +61,7 @@ bool CLineControl::SetLineState(uint32_t lineType, uint8_t newState) {
 
 bool CLineControl::Release(uint32_t lineType) {
   ReleaseLine(m_state);
-  if (IsCellSide(lineType)) m_with.controls.PutCallFromCellButton();
+  if (IsCellSide(lineType)) m_collaborators.controls.PutCallFromCellButton();
   return true;
 }
 
@@ -73,7 +74,7 @@ bool CLineControl::Take(uint32_t lineType) {
 
 void CLineControl::DisableOtherCells() {
   const uint32_t held = m_state.cellDialLine;
-  if (IsCell(held)) m_with.controls.DisableOtherCellItems(static_cast<int>(held - kCell1));
+  if (IsCell(held)) m_collaborators.controls.DisableOtherCellItems(static_cast<int>(held - kCell1));
 }
 
 bool CLineControl::Click(uint32_t lineType) {
@@ -87,7 +88,7 @@ bool CLineControl::AnswerRinging(uint32_t lineType) noexcept {
 }
 
 bool CLineControl::ClickLineButton(uint32_t lineType) {
-  m_with.log.Write("CAddin::ClickLineButton\n");
+  m_collaborators.log.Write("CAddin::ClickLineButton\n");
   if (AnswerRinging(lineType)) return true;
 
   switch (GetLineState(lineType)) {
@@ -116,7 +117,7 @@ bool CLineControl::TakeOrRelease(uint32_t lineType, uint8_t newState, uint32_t c
 }
 
 bool CLineControl::ClickLineButtonV14(uint32_t lineType) {
-  m_with.log.Write("CAddin::ClickLineButtonV14\n");
+  m_collaborators.log.Write("CAddin::ClickLineButtonV14\n");
   if (AnswerRinging(lineType)) return true;
 
   bool done = false;
@@ -145,7 +146,7 @@ bool CLineControl::DialsAtOnce(uint32_t lineType) const noexcept {
 }
 
 bool CLineControl::DialOnLine(uint32_t lineType, std::wstring_view number) {
-  m_with.log.Write("CAddin::ClickLineButtonV14\n");
+  m_collaborators.log.Write("CAddin::ClickLineButtonV14\n");
   if (!DialsAtOnce(lineType)) return false;
   const uint32_t clearedBefore = m_state.pendingClearLine;
   ChooseLine(lineType);
@@ -156,25 +157,25 @@ bool CLineControl::DialOnLine(uint32_t lineType, std::wstring_view number) {
 }
 
 void CLineControl::AnswerUSB(int slot) noexcept {
-  m_with.log.Write("CAddin::AnswerUSB\n");
+  m_collaborators.log.Write("CAddin::AnswerUSB\n");
   const uint8_t lineType = LineTypeFromSlot(slot);
   if (lineType == kNoLine) return;
-  DialRecord& request = m_with.records.dial[static_cast<size_t>(slot)];
+  DialRecord& request = m_collaborators.records.dial[static_cast<size_t>(slot)];
   request = {};  // no number: answer
   request.lineType = lineType;
   m_state.pendingClearLine = lineType;
-  if (!m_with.queue.PostRequest(WindowRequest::CallRequest, lineType)) {
-    m_with.log.Write("CAddin::AnswerUSB post failed\n");
+  if (!m_collaborators.queue.PostRequest(WindowRequest::CallRequest, lineType)) {
+    m_collaborators.log.Write("CAddin::AnswerUSB post failed\n");
   }
 }
 
 bool CLineControl::DropUSB(uint32_t lineType) noexcept {
-  m_with.log.Write("CAddin::DropUSB\n");
+  m_collaborators.log.Write("CAddin::DropUSB\n");
   const int slot = SlotFromLineType(lineType);
   if (slot == kNoSlot) return false;
-  m_with.records.onHookLine[static_cast<size_t>(slot)] = static_cast<uint8_t>(lineType);
-  if (m_with.queue.PostRequest(WindowRequest::OnHookRequest, lineType)) return true;
-  m_with.log.Write("CAddin::DropUSB post failed\n");
+  m_collaborators.records.onHookLine[static_cast<size_t>(slot)] = static_cast<uint8_t>(lineType);
+  if (m_collaborators.queue.PostRequest(WindowRequest::OnHookRequest, lineType)) return true;
+  m_collaborators.log.Write("CAddin::DropUSB post failed\n");
   return false;
 }
 

@@ -17,8 +17,8 @@ namespace quor {
 class CLineControl {
  public:
   CLineControl(TelephoneState& state, CControlRefresh& refresh, CDialler& dialler,
-               const TelephoneCollaborators& with) noexcept
-      : m_state(state), m_refresh(refresh), m_dialler(dialler), m_with(with) {}
+               const TelephoneCollaborators& collaborators) noexcept
+      : m_state(state), m_refresh(refresh), m_dialler(dialler), m_collaborators(collaborators) {}
 
   // Stores a report, by the rules of SetUSBStateV14 if there is a ribbon. Always true.
   bool SetUSBState(uint8_t line1, uint8_t line2, uint8_t dial, uint8_t cell, uint8_t cellSub);
@@ -59,7 +59,7 @@ class CLineControl {
   TelephoneState& m_state;
   CControlRefresh& m_refresh;
   CDialler& m_dialler;
-  const TelephoneCollaborators& m_with;
+  const TelephoneCollaborators& m_collaborators;
 };
 
 }  // namespace quor

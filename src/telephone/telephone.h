@@ -19,7 +19,7 @@ namespace quor {
 // connects its parts, and gives the rest of the add-in access to them. Single-threaded.
 class CTelephone {
  public:
-  explicit CTelephone(const TelephoneCollaborators& with) noexcept;
+  explicit CTelephone(const TelephoneCollaborators& collaborators) noexcept;
   CTelephone(const CTelephone&) = delete;
   CTelephone& operator=(const CTelephone&) = delete;
 
@@ -43,7 +43,7 @@ class CTelephone {
   CIncomingCalls& IncomingCalls() noexcept { return m_incomingCalls; }
 
  private:
-  TelephoneCollaborators m_with;
+  TelephoneCollaborators m_collaborators;
   TelephoneState m_state;
   CControlRefresh m_refresh;
   CDialler m_dialler;
