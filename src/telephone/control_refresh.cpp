@@ -23,11 +23,4 @@ void CControlRefresh::SetBarState(uint32_t connected) {
   }
 }
 
-void CControlRefresh::PostClearDialNumber() noexcept {
-  m_collaborators.log.Write("CAddin::PostClearDialNumber\n");
-  if (!m_collaborators.queue.PostRequest(WindowRequest::ClearDial, 0)) {
-    m_collaborators.log.Write("CAddin::PostClearDialNumber post failed\n");
-  }
-}
-
 }  // namespace quor

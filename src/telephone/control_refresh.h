@@ -20,9 +20,6 @@ class CControlRefresh {
   // 1: the base is connected; any other value: it is not.
   void SetBarState(uint32_t connected);
 
-  // CDialler::OnClearDial handles the message.
-  void PostClearDialNumber() noexcept;
-
  private:
   const TelephoneCollaborators& m_collaborators;
 };

@@ -120,6 +120,13 @@ bool CDialler::DialBoxText() {
   return DialCall(listIndex, m_boxText);
 }
 
+void CDialler::PostClearDialNumber() noexcept {
+  m_collaborators.log.Write("CAddin::PostClearDialNumber\n");
+  if (!m_collaborators.queue.PostRequest(WindowRequest::ClearDial, 0)) {
+    m_collaborators.log.Write("CAddin::PostClearDialNumber post failed\n");
+  }
+}
+
 void CDialler::OnClearDial() {
   m_collaborators.log.Write("CAddin::OnClearDial\n");
   if (m_collaborators.configuration.dialClear != 0) ClearDialNumber();

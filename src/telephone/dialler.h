@@ -40,7 +40,9 @@ class CDialler {
   // changed since, so the entry is looked up by its text now.
   bool DialBoxText();
 
-  // Handles WindowRequest::ClearDial. If DialClear is 0, the box keeps its text.
+  // Posts WindowRequest::ClearDial, for callers inside a control's own click handler.
+  void PostClearDialNumber() noexcept;
+  // Handles it. If DialClear is 0, the box keeps its text.
   void OnClearDial();
   void ClearDialNumber();
 

@@ -22,7 +22,7 @@ bool CLineControl::SetUSBState(uint8_t line1, uint8_t line2, uint8_t dial, uint8
   m_collaborators.log.Write("CAddin::SetUSBState\n");
   if (m_state.HasRibbon()) return SetUSBStateV14(line1, line2, dial, cell, cellSub);
   if (StoreReport(m_state, {line1, line2, dial, cell, cellSub}) == DialBox::Clear) {
-    m_refresh.PostClearDialNumber();
+    m_dialler.PostClearDialNumber();
   }
   return true;
 }
@@ -31,7 +31,7 @@ bool CLineControl::SetUSBStateV14(uint8_t line1, uint8_t line2, uint8_t dial, ui
                                   uint8_t cellSub) {
   m_collaborators.log.Write("CAddin::SetUSBStateV14\n");
   if (StoreReportV14(m_state, {line1, line2, dial, cell, cellSub}) == DialBox::Clear) {
-    m_refresh.PostClearDialNumber();
+    m_dialler.PostClearDialNumber();
   }
   return true;
 }
@@ -68,7 +68,7 @@ bool CLineControl::Release(uint32_t lineType) {
 bool CLineControl::Take(uint32_t lineType) {
   TakeLine(m_state, lineType);
   if (IsCellSide(lineType)) DisableOtherCells();
-  m_refresh.PostClearDialNumber();
+  m_dialler.PostClearDialNumber();
   return true;
 }
 

@@ -190,7 +190,7 @@ TEST(Requests, FailedPostsAreLoggedAndNothingElse) {
   desk.phone.Lines().AnswerUSB(1);
   EXPECT_FALSE(desk.phone.Lines().DropUSB(1));
   desk.phone.Refresh().PostSetBarState(true);
-  desk.phone.Refresh().PostClearDialNumber();
+  desk.phone.Dialler().PostClearDialNumber();
   EXPECT_EQ(desk.Journal(),
             (std::vector<std::string>{
                 "log: CAddin::AnswerUSB", "post 11 2", "log: CAddin::AnswerUSB post failed",
