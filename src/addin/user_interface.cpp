@@ -1,7 +1,7 @@
 #include "addin/user_interface.h"
 
 #include "com/com_boundary.h"
-#include "toolbar/selected_contact.h"
+#include "toolbar/shown_contact.h"
 
 namespace quor {
 

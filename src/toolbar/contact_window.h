@@ -11,10 +11,10 @@
 #include "outlook/object_model.h"
 #include "settings/configuration.h"
 #include "toolbar/contact_bar.h"
-#include "toolbar/contact_numbers.h"
 #include "toolbar/control_faces.h"
 #include "toolbar/picture_loader.h"
 #include "toolbar/redraw.h"
+#include "toolbar/shown_contact.h"
 #include "toolbar/toolbar_actions.h"
 
 namespace quor {

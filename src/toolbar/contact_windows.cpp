@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "com/com_boundary.h"
-#include "toolbar/contact_numbers.h"
+#include "toolbar/shown_contact.h"
 #include "toolbar/telephone_bar.h"
 
 namespace quor {

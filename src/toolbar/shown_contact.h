@@ -1,11 +1,13 @@
-#ifndef QUOR_TOOLBAR_CONTACT_NUMBERS_H
-#define QUOR_TOOLBAR_CONTACT_NUMBERS_H
+#ifndef QUOR_TOOLBAR_SHOWN_CONTACT_H
+#define QUOR_TOOLBAR_SHOWN_CONTACT_H
 
 #include <vector>
 
 #include "module/diagnostic_log.h"
 #include "outlook/object_model.h"
 #include "toolbar/contact_number.h"
+
+// The contacts that Outlook's windows show, and their numbers.
 
 namespace quor {
 
@@ -22,6 +24,10 @@ bool IsSameContact(const CContactItem& one, const CContactItem& other);
 std::vector<ContactNumber> NumbersOf(const CContactItem& contact, CDiagnosticLog& log);
 // The first of these numbers; does not read the others.
 ContactNumber FirstNumberOf(const CContactItem& contact, CDiagnosticLog& log);
+
+// Reads the first item selected in an explorer. Empty if it is not a contact or cannot be read
+// (logged). The caller must hold the explorer, because any call may close it.
+SelectedContact ReadSelectedContact(const CExplorer& explorer, CDiagnosticLog& log) noexcept;
 
 }  // namespace quor
 

@@ -1,4 +1,4 @@
-#include "toolbar/contact_numbers.h"
+#include "toolbar/shown_contact.h"
 
 #include <utility>
 
@@ -43,6 +43,20 @@ ContactNumber FirstNumberOf(const CContactItem& contact, CDiagnosticLog& log) {
     if (!number.empty()) return {type, std::move(number)};
   }
   return {};
+}
+
+SelectedContact ReadSelectedContact(const CExplorer& explorer, CDiagnosticLog& log) noexcept {
+  SelectedContact selected;
+  GuardCall(log, "the selected contact", [&] {
+    if (!explorer) return;
+    const CSelection selection = explorer.Selection();
+    if (!selection || selection.Count() < 1) return;
+    const auto contact = QueryObject<CContactItem>(selection.Item(1));
+    if (!contact) return;
+    selected.fileAs = contact.FileAs();
+    selected.numbers = NumbersOf(contact, log);
+  });
+  return selected;
 }
 
 }  // namespace quor
