@@ -12,6 +12,8 @@ namespace {
 
 // Enough for figures; a session of 100,000 calls does not need them.
 constexpr size_t kMostCallers = 1000;
+constexpr UINT_PTR kPollTimer = 0x80000002u;
+constexpr double kPollInterval = 100;  // milliseconds
 
 using Clock = std::chrono::steady_clock;
 
@@ -73,12 +75,18 @@ void CFigureStage::TimeCaller(const std::function<void()>& tick,
   }
 }
 
+void CFigureStage::WatchDelays() {
+  m_delays.emplace(kPollTimer, kPollInterval);
+}
+
 Figures CFigureStage::Take() {
   const RibbonFigures ribbon = m_face.TakeRibbonFigures();
   Figures figures = std::exchange(m_figures, {});
   figures.ribbonCallbacks = ribbon.callbacks;
   figures.ribbonInvalidations = ribbon.invalidations;
   figures.ribbonMicroseconds = ribbon.microseconds;
+  if (m_delays) figures.delays = {m_delays->KeyDelay(), m_delays->PollDelay()};
+  m_delays.reset();
   return figures;
 }
 

@@ -2,7 +2,9 @@
 #define QUOR_WORKBENCH_HOST_FIGURE_STAGE_H
 
 #include <functional>
+#include <optional>
 
+#include "workbench/host/delay_probe.h"
 #include "workbench/host/office_face.h"
 #include "workbench/office/model.h"
 #include "workbench/scenario/stage.h"
@@ -27,12 +29,14 @@ class CFigureStage final : public IFigureStage {
   void TimeCaller(const std::function<void()>& tick, const std::function<bool()>& handleMessage,
                   const std::function<bool()>& appears);
 
+  void WatchDelays() override;
   Figures Take() override;
 
  private:
   CModel& m_model;
   COfficeFace& m_face;
   Figures m_figures;
+  std::optional<CDelayProbe> m_delays;
 };
 
 }  // namespace quor::workbench

@@ -281,6 +281,10 @@ std::string CallerLine(const std::vector<Figures::Caller>& callers) {
          share(&Caller::outlookMilliseconds) + "Outlook's objects\n";
 }
 
+void WatchDelays(CRun& run, const CCommandArguments&) {
+  run.stage.figures.WatchDelays();
+}
+
 void ShowFigures(CRun& run, const CCommandArguments&) {
   constexpr int kStartLimit = 1000;
   constexpr int kShutdownLimit = 500;
@@ -291,6 +295,10 @@ void ShowFigures(CRun& run, const CCommandArguments&) {
                      TimeLine("shutdown", figures.shutdown, kShutdownLimit);
   text += WorkLine("start-up scan", figures.scan) + WorkLine("messages", figures.messages);
   text += CallerLine(figures.callers);
+  if (figures.delays) {
+    text += "the longest delay: of a key stroke " + OneDecimal(figures.delays->key) +
+            " ms, of a poll " + OneDecimal(figures.delays->poll) + " ms\n";
+  }
   text += "ribbon: " + std::to_string(figures.ribbonInvalidations) + " invalidations, " +
           std::to_string(figures.ribbonCallbacks) + " callbacks, " +
           OneDecimal(figures.ribbonMicroseconds) + " us in them";
@@ -372,6 +380,11 @@ constexpr Command kCommands[] = {
      "How often the add-in has invalidated the ribbon since the last such command or \"show "
      "figures\"; without N it only resets the count.",
      0, 1, Block::None, ExpectInvalidations},
+    {"watch delays", "",
+     "Measures until the next \"show figures\" how long Outlook's thread lets a key stroke wait "
+     "and "
+     "by how much a poll of the base is late.",
+     0, 0, Block::None, WatchDelays},
     {"show figures", "",
      "Shows what the add-in has cost since the last such command: times as shares of the limits "
      "after which Outlook disables an add-in, the start-up scan, the messages that the add-in "

@@ -323,6 +323,12 @@ struct Figures {
     unsigned messages = 0;  // handled meanwhile
   };
   std::vector<Caller> callers;
+  // The longest, in milliseconds.
+  struct Delays {
+    double key = 0;   // from a key stroke until Outlook's thread takes it
+    double poll = 0;  // by which a poll of the base is late
+  };
+  std::optional<Delays> delays;
   // Milliseconds.
   std::optional<double> connection;
   std::optional<double> shutdown;
@@ -336,6 +342,8 @@ struct Figures {
 
 class IFigureStage {
  public:
+  // Measures delays until the figures are taken.
+  virtual void WatchDelays() = 0;
   virtual Figures Take() = 0;
 
  protected:

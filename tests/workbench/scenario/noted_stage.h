@@ -154,6 +154,7 @@ class CNotedStage final : public IHostStage,
     return registry;
   }
 
+  void WatchDelays() override {}
   Figures Take() override { return {}; }
 
   void Do(const std::function<void()>& action) override { action(); }
