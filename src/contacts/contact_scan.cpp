@@ -53,8 +53,10 @@ void CContactScan::Run(bool inSlices) {
         End(true);
         break;
       }
+      const bool recounts = m_recountDue && IsAmongItems();
       Step();
-      const bool mayPause = inSlices && !IsLastPass() && !m_host.MustStop();
+      // A recount alone is no progress, and in a slow store it may take as long as a slice.
+      const bool mayPause = inSlices && !recounts && !IsLastPass() && !m_host.MustStop();
       if (mayPause && (std::exchange(m_pauseDue, false) || m_host.IsSliceOver())) break;
     }
   } catch (...) {

@@ -407,6 +407,17 @@ TEST(ContactScan, OutOfMemoryInAnyCallEndsIt) {
   }
 }
 
+TEST(ContactScan, SlicesThatAreOverAtOnceStillGetToTheEnd) {
+  SmallStage stage;
+  stage.host.callsLeft = 0;
+  stage.Begin();
+  for (int slices = 0; stage.scan.IsRunning() && slices < 1000; ++slices) {
+    stage.host.callsLeft = 0;
+    stage.scan.Continue();
+  }
+  stage.ExpectIndexOfWhatIsThere();
+}
+
 TEST(ContactScan, AChangeThatIsBeingReadAtTheEndIsEntered) {
   SmallStage stage;
   stage.host.callsLeft = 40;
