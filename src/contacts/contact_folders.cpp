@@ -146,6 +146,7 @@ void CContactFolders::OnContactChanged(IDispatch* item) {
   const auto contact = QueryObject<CContactItem>(item);
   if (!contact) return;
   COutlookContactFields open(contact);
+  if (m_scan.IsEntering()) m_scan.FinishEntering();
   if (m_scan.IsRunning()) {
     m_scan.TelNoCheckAndUpdate(open);
   } else {
@@ -162,6 +163,7 @@ void CContactFolders::OnDeleteItemAdd(IDispatch* item) {
   const auto contact = QueryObject<CContactItem>(item);
   if (!contact) return;
   COutlookContactFields open(contact);
+  if (m_scan.IsEntering()) m_scan.FinishEntering();
   if (m_scan.IsRunning()) m_scan.OnContactItemDelete(open);
   m_index.OnContactItemDelete(open);
 }

@@ -61,7 +61,7 @@ void CContactScan::Run(bool inSlices) {
     }
   } catch (...) {
     --m_runsUnderWay;
-    if (m_run == run) Abandon();
+    if (m_run == run && IsRunning()) Abandon();
     throw;
   }
   --m_runsUnderWay;
@@ -76,7 +76,7 @@ std::optional<bool> CContactScan::Call(Operation operation) {
 }
 
 void CContactScan::Step() {
-  if (m_stage == Stage::Entering) return m_disturbed && !IsLastPass() ? BeginPass() : End(false);
+  if (m_stage == Stage::Entering) return StepInEntering();
   if (std::exchange(m_recountDue, false) && IsAmongItems()) return Recount();
   if (m_contact) return StepInContact();
   switch (m_levels.back().next) {
@@ -297,10 +297,9 @@ void CContactScan::EndWalk() {
 }
 
 void CContactScan::EndPass() {
-  if (m_disturbed || m_firstSlice == m_slice || IsLastPass()) {
-    m_stage = Stage::Entering;
-    return;
-  }
+  if (IsLastPass()) return BeginEntering();
+  if (m_disturbed) return BeginPass();
+  if (m_firstSlice == m_slice) return BeginEntering();
   // Compare in a slice of its own, so that changes during the comparison are rare.
   m_pauseDue = true;
   m_compared = 0;
@@ -308,8 +307,8 @@ void CContactScan::EndPass() {
 }
 
 void CContactScan::EndComparison(bool same) {
-  if (!same) m_disturbed = true;
-  m_stage = Stage::Entering;
+  if (same && !m_disturbed) return BeginEntering();
+  BeginPass();
 }
 
 // If Outlook reported a change while the walk read the contact, keep the reported numbers: they are
@@ -346,6 +345,7 @@ void CContactScan::TelNoCheckAndUpdate(IContactFields& item) {
 
 // The scan may have ended while the contact was read.
 void CContactScan::Report(uint32_t serial, ReadContact contact) {
+  if (IsEntering()) FinishEntering();
   if (!IsRunning()) {
     for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
       m_index.DeleteContactSearchDataByEntryID(contact.entryId, type);
@@ -363,6 +363,7 @@ void CContactScan::OnContactItemDelete(IContactFields& item) {
   m_disturbed = true;
   std::string entryId;
   if (!item.ReadEntryId(entryId)) return;
+  if (IsEntering()) FinishEntering();  // may have begun inside the call
   if (ReadContact* contact = m_read.Find(entryId)) contact->reported = 0;
 }
 
@@ -394,20 +395,49 @@ void CContactScan::End(bool stopped) {
     m_log.Write(line);
   // When stopped within a contact, enter the numbers read so far.
   if (m_contact && m_part == Part::Number) TakeContact();
-  EnterAll(stopped);
+  if (stage != Stage::Entering) CollectToEnter(stopped);
+  EnterRest();
   Forget();
   m_log.Write("Create Contact End\n");
   if (!m_host.PostCloseLoading()) m_log.Write("ClosePost post failed\n");
 }
 
-void CContactScan::EnterAll(bool stopped) {
-  for (const ReadContact* contact : m_visited)
-    Enter(*contact);
+void CContactScan::BeginEntering() {
+  m_stage = Stage::Entering;
+  CollectToEnter(false);
+}
+
+void CContactScan::CollectToEnter(bool stopped) {
+  m_toEnter.assign(m_visited.begin(), m_visited.end());
+  m_entered = 0;
   // A contact that a complete pass did not reach no longer exists.
   if (!stopped && !m_cutShort && !m_hasGaps) return;
   for (const ReadContact& contact : m_read.InOrder()) {
-    if (contact.pass != m_pass && (stopped || contact.reported != 0)) Enter(contact);
+    if (contact.pass != m_pass && (stopped || contact.reported != 0)) m_toEnter.push_back(&contact);
   }
+}
+
+void CContactScan::StepInEntering() {
+  if (m_entered == m_toEnter.size()) return End(false);
+  EnterNext();
+}
+
+void CContactScan::EnterNext() {
+  Enter(*m_toEnter[m_entered++]);
+}
+
+void CContactScan::EnterRest() {
+  try {
+    while (m_entered < m_toEnter.size())
+      EnterNext();
+  } catch (...) {
+    Abandon();
+    throw;
+  }
+}
+
+void CContactScan::FinishEntering() {
+  End(false);
 }
 
 void CContactScan::Enter(const ReadContact& contact) {
@@ -424,6 +454,7 @@ void CContactScan::Abandon() noexcept {
 
 void CContactScan::Forget() noexcept {
   m_visited = {};
+  m_toEnter = {};
   m_read = {};
   // Release these last: that calls into Outlook and may re-enter.
   const std::shared_ptr<IContactFields> contact = std::exchange(m_contact, nullptr);

@@ -39,9 +39,9 @@ class IContactScanHost {
 // A pass over the tree records the contacts in walk order and the numbers read from each. An event,
 // or an item count that differs from the recorded one, means that positions may have changed;
 // another pass then follows. It is short, because it does not read contacts with a known entry ID
-// again. After an undisturbed pass all contacts enter the index at once. A contact that Outlook
-// reports as changed is read when the event arrives; if the walk does not reach it, it is entered
-// last.
+// again. After an undisturbed pass all contacts enter the index. A contact that Outlook reports as
+// changed is read when the event arrives; if the walk does not reach it, it is entered last. Events
+// that arrive while contacts enter belong to the time after the scan.
 //
 // Three kinds of change are missed: those that Outlook does not report, those that leave a folder's
 // item count the same, and those made while the counts of a very large tree are compared at the
@@ -83,6 +83,10 @@ class CContactScan {
   // True from the beginning of the first slice to the end of the last.
   bool IsRunning() const noexcept { return m_stage != Stage::Idle; }
 
+  // True while the contacts enter the index. Before an event is handled then, FinishEntering must
+  // enter the rest and end the scan: the event changes the index itself.
+  bool IsEntering() const noexcept { return m_stage == Stage::Entering; }
+  void FinishEntering();
   // Call these only while a scan is running.
   void OnPositionsChanged() noexcept { m_disturbed = true; }
   // As CPhoneNumberIndex::TelNoCheckAndUpdate, but entered at the end of the scan.
@@ -141,7 +145,11 @@ class CContactScan {
   void End(bool stopped);
   void Abandon() noexcept;
   void Forget() noexcept;
-  void EnterAll(bool stopped);
+  void BeginEntering();
+  void CollectToEnter(bool stopped);
+  void StepInEntering();
+  void EnterNext();
+  void EnterRest();
   void Enter(const ReadContact& contact);
 
   CPhoneNumberIndex& m_index;
@@ -172,6 +180,8 @@ class CContactScan {
   std::vector<int32_t> m_itemCounts;    // of each folder
   std::vector<const char*> m_failures;  // lines to log
   size_t m_compared = 0;                // number of m_itemCounts compared
+  std::vector<const ReadContact*> m_toEnter;
+  size_t m_entered = 0;  // number of m_toEnter entered
 
   std::shared_ptr<IContactFields> m_contact;  // the contact being read
   Part m_part = Part::Id;

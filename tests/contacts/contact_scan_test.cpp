@@ -100,6 +100,7 @@ class CStage {
     if (!item->isContact) return;
     CTreeContact contact(access, item);
     ++reporting;
+    if (scan.IsEntering()) scan.FinishEntering();
     if (scan.IsRunning()) {
       scan.TelNoCheckAndUpdate(contact);
     } else {
@@ -110,6 +111,7 @@ class CStage {
   void Deleted(const TreeItemPtr& item) {
     scan.OnPositionsChanged();
     CTreeContact contact(access, item);
+    if (scan.IsEntering()) scan.FinishEntering();
     if (scan.IsRunning()) scan.OnContactItemDelete(contact);
     book.index.OnContactItemDelete(contact);
   }
@@ -263,7 +265,8 @@ TEST(ContactScan, WhateverHappensMeanwhileTheIndexIsThatOfTheEnd) {
     stage.host.callsLeft = slice();
     stage.Begin();
     while (stage.scan.IsRunning()) {
-      if (events > 0 && stage.Below(3) == 0) {
+      // Later changes would enter in another order.
+      if (events > 0 && !stage.scan.IsEntering() && stage.Below(3) == 0) {
         --events;
         if (silent && stage.Below(3) == 0) {
           stage.DoMuchInSilence(removes);
@@ -432,6 +435,32 @@ TEST(ContactScan, AChangeThatIsBeingReadAtTheEndIsEntered) {
   changed->numbers.at(7) = "9922";
   stage.Changed(changed);
   EXPECT_TRUE(stage.Knows("9922"));
+}
+
+TEST(ContactScan, AChangeWhileContactsEnterChangesTheIndexAfterwards) {
+  for (const bool deleted : {false, true}) {
+    SmallStage stage;
+    const TreeItemPtr first = stage.root->items.front();
+    first->numbers.at(1) = "4433100";
+    stage.host.callsLeft = 1;
+    stage.Begin();
+    while (!stage.scan.IsEntering())
+      stage.scan.Continue();
+    stage.scan.Continue();
+    EXPECT_TRUE(stage.Knows("4433100"));
+    EXPECT_FALSE(stage.Knows("4411114"));
+    if (deleted) {
+      stage.Deleted(first);
+    } else {
+      first->numbers.at(1) = "9911";
+      stage.Changed(first);
+    }
+    EXPECT_FALSE(stage.scan.IsRunning());
+    EXPECT_EQ(stage.host.closed, 1);
+    EXPECT_FALSE(stage.Knows("4433100"));
+    EXPECT_EQ(stage.Knows("9911"), !deleted);
+    EXPECT_TRUE(stage.Knows("4411114"));
+  }
 }
 
 TEST(ContactScan, OneBeyondTheLimitIsKnownOnceOutlookReportsIt) {
