@@ -6,6 +6,7 @@
 #include "device/line_type.h"
 #include "resources/resource_ids.h"
 #include "text/format.h"
+#include "toolbar/contact_window.h"
 #include "toolbar/telephone_bar.h"
 
 namespace quor {
@@ -26,29 +27,29 @@ std::wstring Tag(const wchar_t* control, unsigned window) {
 
 class CContactBar::CNumberItem final : public CMenuItem {
  public:
-  CNumberItem(const CCommandBarControls& menu, unsigned window, int telNumberType,
-              std::weak_ptr<IContactBarActions> actions, IEventOwner& owner, CDiagnosticLog& log)
-      : CMenuItem(menu, Tag(kMenuTag, window) + L' ' + DecimalText(telNumberType),
+  CNumberItem(const CCommandBarControls& menu, unsigned number, int telNumberType,
+              std::weak_ptr<CContactWindow> window, IEventOwner& owner, CDiagnosticLog& log)
+      : CMenuItem(menu, Tag(kMenuTag, number) + L' ' + DecimalText(telNumberType),
                   "contact's number", owner, log),
         m_telNumberType(telNumberType),
-        m_actions(std::move(actions)) {}
+        m_window(std::move(window)) {}
 
  private:
   void OnClick() override {
-    if (const auto actions = m_actions.lock()) actions->DialContact(m_telNumberType);
+    if (const auto window = m_window.lock()) window->DialContact(m_telNumberType);
   }
 
   int m_telNumberType;
-  std::weak_ptr<IContactBarActions> m_actions;
+  std::weak_ptr<CContactWindow> m_window;
 };
 
 class CContactBar::CLineButton final : public CMenuItem {
  public:
   CLineButton(const CCommandBarControls& bar, const std::wstring& tag, uint8_t lineType,
-              std::weak_ptr<IContactBarActions> actions, IEventOwner& owner, CDiagnosticLog& log)
+              IToolbarActions& actions, IEventOwner& owner, CDiagnosticLog& log)
       : CMenuItem(bar, tag, "contact's line button", owner, log),
         m_lineType(lineType),
-        m_actions(std::move(actions)) {
+        m_actions(actions) {
     Button().SetStyle(kButtonIconAndCaption);
   }
 
@@ -58,21 +59,19 @@ class CContactBar::CLineButton final : public CMenuItem {
   }
 
  private:
-  void OnClick() override {
-    if (const auto actions = m_actions.lock()) actions->ClickLine(m_lineType);
-  }
+  void OnClick() override { m_actions.ClickLine(m_lineType); }
 
   uint8_t m_lineType;
-  std::weak_ptr<IContactBarActions> m_actions;
+  IToolbarActions& m_actions;
 };
 
 CContactBar::CContactBar(const CCommandBars& bars, const std::wstring& name, unsigned number,
-                         CPictureLoader* pictures, const std::weak_ptr<IContactBarActions>& actions,
-                         IEventOwner& owner, CDiagnosticLog& log)
+                         CPictureLoader* pictures, const std::weak_ptr<CContactWindow>& window,
+                         IToolbarActions& actions, IEventOwner& owner, CDiagnosticLog& log)
     : m_owner(owner), m_log(log), m_bar(MakeBar(bars, name)) {
   try {
     const CCommandBarControls controls = m_bar.Controls();
-    AddMenu(controls, number, actions);
+    AddMenu(controls, number, window);
     AddLine(controls, Tag(kLine1Tag, number), {kLine1, IDP_LINE1, IDB_LINE1_MASK}, actions,
             pictures);
     AddLine(controls, Tag(kLine2Tag, number), {kLine2, IDP_LINE2, IDB_LINE2_MASK}, actions,
@@ -84,19 +83,17 @@ CContactBar::CContactBar(const CCommandBars& bars, const std::wstring& name, uns
 }
 
 void CContactBar::AddMenu(const CCommandBarControls& controls, unsigned number,
-                          const std::weak_ptr<IContactBarActions>& actions) {
+                          const std::weak_ptr<CContactWindow>& window) {
   m_menu = CCommandBarPopup(controls.Add(kControlPopup));
   m_menu.SetTag(Tag(kMenuTag, number));
   const CCommandBarControls items = m_menu.Controls();
   for (int type = kFirstTelNumberType; type <= kLastTelNumberType; ++type) {
-    m_numbers.push_back(
-        std::make_shared<CNumberItem>(items, number, type, actions, m_owner, m_log));
+    m_numbers.push_back(std::make_shared<CNumberItem>(items, number, type, window, m_owner, m_log));
   }
 }
 
 void CContactBar::AddLine(const CCommandBarControls& controls, const std::wstring& tag,
-                          const LineLayout& layout,
-                          const std::weak_ptr<IContactBarActions>& actions,
+                          const LineLayout& layout, IToolbarActions& actions,
                           CPictureLoader* pictures) {
   const auto button =
       std::make_shared<CLineButton>(controls, tag, layout.lineType, actions, m_owner, m_log);

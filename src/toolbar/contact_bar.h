@@ -17,16 +17,7 @@
 
 namespace quor {
 
-// Handles clicks on a contact's command bar. Called inside a boundary: exceptions are allowed. May
-// remove the bar.
-class IContactBarActions {
- public:
-  virtual void DialContact(int telNumberType) = 0;
-  virtual void ClickLine(uint8_t lineType) = 0;
-
- protected:
-  ~IContactBarActions() = default;
-};
+class CContactWindow;
 
 struct ContactBarFaces {
   ItemFace menu;
@@ -42,10 +33,11 @@ class CContactBar {
   // Creates the temporary bar with its controls, not yet shown. First deletes a bar of the same
   // name, because Outlook may give a new window the bars of a closed one. Skips pictures that fail,
   // and all of them if `pictures` is null. `number` makes the controls' tags unique among windows.
-  // A failing call throws _com_error and leaves no bar.
+  // A failing call throws _com_error and leaves no bar. A number's click goes to the window, which
+  // may remove the bar; a line's click goes to `actions`, which must outlive the bar.
   CContactBar(const CCommandBars& bars, const std::wstring& name, unsigned number,
-              CPictureLoader* pictures, const std::weak_ptr<IContactBarActions>& actions,
-              IEventOwner& owner, CDiagnosticLog& log);
+              CPictureLoader* pictures, const std::weak_ptr<CContactWindow>& window,
+              IToolbarActions& actions, IEventOwner& owner, CDiagnosticLog& log);
   ~CContactBar() { Remove(); }
   CContactBar(const CContactBar&) = delete;
   CContactBar& operator=(const CContactBar&) = delete;
@@ -74,10 +66,9 @@ class CContactBar {
   };
 
   void AddMenu(const CCommandBarControls& controls, unsigned number,
-               const std::weak_ptr<IContactBarActions>& actions);
+               const std::weak_ptr<CContactWindow>& window);
   void AddLine(const CCommandBarControls& controls, const std::wstring& tag,
-               const LineLayout& layout, const std::weak_ptr<IContactBarActions>& actions,
-               CPictureLoader* pictures);
+               const LineLayout& layout, IToolbarActions& actions, CPictureLoader* pictures);
   template <typename Item>
   void ShowItems(const Items<Item>& items, const ItemFace* faces);
 

@@ -5,14 +5,15 @@
 #include "com/com_boundary.h"
 #include "resources/resource_ids.h"
 #include "telephone/control_rules.h"
+#include "toolbar/contact_windows.h"
 #include "toolbar/flag_scope.h"
 
 namespace quor {
 
-CContactWindow::CContactWindow(IContactWindowHost& host, IToolbarActions& actions,
+CContactWindow::CContactWindow(CContactWindows& windows, IToolbarActions& actions,
                                CPictureLoader* pictures, ToolBarRecord& place, IEventOwner& owner,
                                CDiagnosticLog& log, unsigned number) noexcept
-    : m_host(host),
+    : m_windows(windows),
       m_actions(actions),
       m_pictures(pictures),
       m_place(place),
@@ -72,9 +73,9 @@ void CContactWindow::MakeBar() noexcept {
     const CInspector inspector = m_inspector;
     if (!inspector) return;
     const CCommandBars bars(inspector.CommandBars());
-    const std::shared_ptr<IContactBarActions> self(shared_from_this(), this);
-    const auto bar = std::make_shared<CContactBar>(bars, m_host.Faces().Text(IDS_PRODUCT_NAME),
-                                                   m_number, m_pictures, self, m_owner, m_log);
+    const auto bar =
+        std::make_shared<CContactBar>(bars, m_windows.Faces().Text(IDS_PRODUCT_NAME), m_number,
+                                      m_pictures, weak_from_this(), m_actions, m_owner, m_log);
     bar->Place(m_place);
     // Drop the bar if the window closed meanwhile.
     if (m_inspector) m_bar = bar;
@@ -89,7 +90,7 @@ void CContactWindow::OnWindowEvent(DISPID event) {
     case kEventClose:
       if (HasBar()) m_log.Write("CAddin::OnCloseInspector\n");
       Close();
-      return m_host.OnClosed(*this);
+      return m_windows.OnClosed(*this);
     default:
       return;
   }
@@ -100,7 +101,7 @@ void CContactWindow::OnActivate() {
   FollowContact();
   if (!m_inspector) return;
   if (HasBar()) return m_bar ? Draw() : MakeBar();
-  if (NumbersChanged()) m_host.InvalidateRibbon();
+  if (NumbersChanged()) m_windows.InvalidateRibbon();
 }
 
 bool CContactWindow::NumbersChanged() noexcept {
@@ -121,7 +122,7 @@ void CContactWindow::OnContactEvent(DISPID event, const CEventArguments& argumen
                        (event == kEventPropertyChange && TelNumberTypeOf(arguments.Text(0)) != 0);
   if (!changed || m_stale) return;
   m_stale = true;
-  m_host.RequestRefresh();
+  m_windows.RequestRefresh();
 }
 
 bool CContactWindow::Refresh() noexcept {
@@ -138,7 +139,7 @@ ContactBarFaces CContactWindow::Faces() const {
   GuardCall(m_log, "numbers of the contact", [&] {
     if (const CContactItem contact = ContactOf(inspector)) numbers = NumbersOf(contact, m_log);
   });
-  const CControlFaces faces = m_host.Faces();
+  const CControlFaces faces = m_windows.Faces();
   // Only a ringing line shows its answer button.
   const bool ringing = faces.IsRinging();
   ContactBarFaces shown;
@@ -203,7 +204,7 @@ ContactNumber CContactWindow::Picked() {
 }
 
 void CContactWindow::Pick(int telNumberType) {
-  if (std::exchange(m_pick, telNumberType) != telNumberType) m_host.InvalidateRibbon();
+  if (std::exchange(m_pick, telNumberType) != telNumberType) m_windows.InvalidateRibbon();
 }
 
 void CContactWindow::DialContact(int telNumberType) {

@@ -19,33 +19,17 @@
 
 namespace quor {
 
-class CContactWindow;
-
-// Keeps the open windows.
-class IContactWindowHost {
- public:
-  virtual CControlFaces Faces() const = 0;
-  // The contact's numbers or the picked number changed: the ribbon must query its faces again.
-  virtual void InvalidateRibbon() noexcept = 0;
-  // The contact changed. One later Refresh of the window covers any number of changes.
-  virtual void RequestRefresh() noexcept = 0;
-  // The window has closed and released everything.
-  virtual void OnClosed(const CContactWindow& window) noexcept = 0;
-
- protected:
-  ~IContactWindowHost() = default;
-};
+class CContactWindows;
 
 // The window of one open contact: its command bar before Outlook version 12, and from then on the
 // number picked in its ribbon. Follows the contact, also when the user moves to the next contact in
 // the same window. Any call into Outlook may close the window, so callers must hold a reference to
 // it. Always created as a shared_ptr.
-class CContactWindow final : public std::enable_shared_from_this<CContactWindow>,
-                             private IContactBarActions {
+class CContactWindow final : public std::enable_shared_from_this<CContactWindow> {
  public:
   // All must outlive the window. `pictures` is null if buttons cannot have pictures. `number` makes
   // the tags of the bar's controls unique; 0 for a window with a ribbon.
-  CContactWindow(IContactWindowHost& host, IToolbarActions& actions, CPictureLoader* pictures,
+  CContactWindow(CContactWindows& windows, IToolbarActions& actions, CPictureLoader* pictures,
                  ToolBarRecord& place, IEventOwner& owner, CDiagnosticLog& log,
                  unsigned number) noexcept;
   ~CContactWindow() { Close(); }
@@ -64,7 +48,8 @@ class CContactWindow final : public std::enable_shared_from_this<CContactWindow>
   // The number picked in the menu that waits for a line button; none if the contact no longer has
   // it. May throw _com_error.
   ContactNumber Picked();
-  void DialContact(int telNumberType) override;
+  // A number was clicked in the menu.
+  void DialContact(int telNumberType);
   // Dials the picked number, or else the contact's first, on a line that dials at once.
   void CallContact(uint8_t lineType);
 
@@ -78,9 +63,6 @@ class CContactWindow final : public std::enable_shared_from_this<CContactWindow>
   void Close() noexcept;
 
  private:
-  // IContactBarActions
-  void ClickLine(uint8_t lineType) override { m_actions.ClickLine(lineType); }
-
   void OnWindowEvent(DISPID event);
   void OnContactEvent(DISPID event, const CEventArguments& arguments);
   void OnActivate();
@@ -93,7 +75,7 @@ class CContactWindow final : public std::enable_shared_from_this<CContactWindow>
   void Draw() noexcept;
   ContactBarFaces Faces() const;
 
-  IContactWindowHost& m_host;
+  CContactWindows& m_windows;
   IToolbarActions& m_actions;
   CPictureLoader* m_pictures;
   ToolBarRecord& m_place;

@@ -37,9 +37,8 @@ void CContactWindows::Open(const CInspector& inspector, int32_t appVersion) noex
 
 CContactWindows::WindowPtr CContactWindows::OpenWindow(const CInspector& inspector,
                                                        unsigned number) {
-  IContactWindowHost& host = *this;
   const auto window = std::make_shared<CContactWindow>(
-      host, m_actions, m_withPictures ? &m_pictures : nullptr, m_place, m_owner, m_log, number);
+      *this, m_actions, m_withPictures ? &m_pictures : nullptr, m_place, m_owner, m_log, number);
   m_windows.push_back(window);
   if (window->Follow(inspector)) return window;
   OnClosed(*window);

@@ -32,7 +32,7 @@ class IContactRibbonDisplay {
 // The telephone in the windows of open contacts, each followed until it closes. Before Outlook
 // version 12 each has its own command bar; from then on contact windows have a ribbon, which
 // queries its faces.
-class CContactWindows final : public IContactRibbon, private IContactWindowHost {
+class CContactWindows final : public IContactRibbon {
  public:
   // All must outlive this object. `place` records the position of the contact windows' command bar:
   // each new bar reads it, each closing bar writes it.
@@ -65,13 +65,17 @@ class CContactWindows final : public IContactRibbon, private IContactWindowHost 
   bool IsContactWindow(IDispatch* window) override;
   void ClickLine(IDispatch* inspector, uint8_t lineType) override;
 
- private:
-  // IContactWindowHost
-  CControlFaces Faces() const override { return m_source.Faces(); }
-  void InvalidateRibbon() noexcept override { m_display.InvalidateContactRibbons(); }
-  void RequestRefresh() noexcept override;
-  void OnClosed(const CContactWindow& window) noexcept override;
+  // For the windows.
 
+  CControlFaces Faces() const { return m_source.Faces(); }
+  // A contact's numbers or a picked number changed: the ribbon must query its faces again.
+  void InvalidateRibbon() noexcept { m_display.InvalidateContactRibbons(); }
+  // A contact changed. One later Refresh covers any number of changes.
+  void RequestRefresh() noexcept;
+  // The window has closed and released everything.
+  void OnClosed(const CContactWindow& window) noexcept;
+
+ private:
   using WindowPtr = std::shared_ptr<CContactWindow>;
   // Null if the inspector cannot be followed.
   WindowPtr OpenWindow(const CInspector& inspector, unsigned number);
