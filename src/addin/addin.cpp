@@ -35,12 +35,13 @@ CAddin::CAddin()
       m_journal(m_session.Application(), m_contacts, m_resources, m_settings.Values(), m_log),
       m_calls(m_clock, m_localClock, m_journal),
       m_popUps({Identity(), m_resources, m_log}, *this),
-      m_ui(m_telephone, m_session, m_settings, m_dialogs, m_window, m_resources, *this, m_log),
-      m_dialogs({Identity(), m_resources, m_log}, m_settings, m_ui, m_popUps, m_telCtrl, m_link,
-                *this),
-      m_telephone({m_records, m_window, m_ui, m_popUps, m_popUps.Caller(), m_callers, m_calls,
+      m_ui(m_telephone, m_controls, m_session, m_settings, m_dialogs, m_resources, m_log),
+      m_controls(m_ui, m_ui.Actions(), m_window, m_settings.Values(), m_resources, *this, m_log),
+      m_dialogs({Identity(), m_resources, m_log}, m_settings, m_controls, m_popUps, m_telCtrl,
+                m_link, *this),
+      m_telephone({m_records, m_window, m_controls, m_popUps, m_popUps.Caller(), m_callers, m_calls,
                    m_settings.Values(), m_settings, m_clock, m_log}),
-      m_requests(m_link, m_records, m_ui, m_log) {
+      m_requests(m_link, m_records, m_controls, m_log) {
   s_addin = this;
 }
 

@@ -32,6 +32,7 @@
 #include "settings/settings.h"
 #include "settings/system_language.h"
 #include "telephone/telephone.h"
+#include "toolbar/telephone_controls.h"
 
 namespace quor {
 
@@ -194,8 +195,9 @@ class CAddin final
   CCallTracker m_calls;
 
   CPopUps m_popUps;
-  // The user interface keeps references to the next two and uses neither before they exist.
+  // The user interface keeps references to the next three and uses none before they exist.
   CUserInterface m_ui;
+  CTelephoneControls m_controls;
   CUserDialogs m_dialogs;
   CTelephone m_telephone;
   CRequestHandlers m_requests;

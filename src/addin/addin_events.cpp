@@ -26,7 +26,7 @@ void CAddin::OnRequest(WindowRequest request, uint32_t parameter) {
       m_telephone.Dialler().OnClearDial();
       break;
     case WindowRequest::Refresh:
-      m_ui.Refresh();
+      m_controls.Refresh();
       break;
     case WindowRequest::CloseLoading:
       m_popUps.HideLoading();
@@ -98,7 +98,8 @@ void CAddin::OnNewExplorer(IDispatch* explorer) {
 void CAddin::OnNewInspector(IDispatch* inspector) {
   m_log.Write("CAddin::OnNewInspector\n");
   if (!HasFinished()) return;
-  if (const auto opened = QueryObject<CInspector>(inspector)) m_ui.OpenContactWindow(opened);
+  const auto opened = QueryObject<CInspector>(inspector);
+  if (opened) m_controls.ContactWindows().Open(opened, m_session.AppVersion());
 }
 
 void CAddin::OnOptionsPagesAdd(IDispatch* pages) {

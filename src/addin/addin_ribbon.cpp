@@ -1,4 +1,4 @@
-// The ribbon's callbacks; each calls the ribbon or the user interface directly.
+// The ribbon's callbacks; each calls the ribbon.
 #include "addin/addin.h"
 
 namespace quor {
@@ -13,39 +13,39 @@ STDMETHODIMP CAddin::RibbonLoadContact(IDispatch* ribbon) {
 
 HRESULT CAddin::LoadRibbon(IDispatch* ribbon, RibbonWindow window) {
   // A ribbon loaded after the disconnection would never be released.
-  return m_disconnected ? S_OK : m_ui.Ribbon().Load(ribbon, window);
+  return m_disconnected ? S_OK : m_controls.Ribbon().Load(ribbon, window);
 }
 
 STDMETHODIMP CAddin::GetLabel(IDispatch* control, BSTR* label) {
-  return m_ui.Ribbon().GetLabel(control, label);
+  return m_controls.Ribbon().GetLabel(control, label);
 }
 
 STDMETHODIMP CAddin::GetEnabled(IDispatch* control, VARIANT_BOOL* enabled) {
-  return m_ui.Ribbon().GetEnabled(control, enabled);
+  return m_controls.Ribbon().GetEnabled(control, enabled);
 }
 
 STDMETHODIMP CAddin::GetVisible(IDispatch* control, VARIANT_BOOL* visible) {
-  return m_ui.Ribbon().GetVisible(control, visible);
+  return m_controls.Ribbon().GetVisible(control, visible);
 }
 
 STDMETHODIMP CAddin::GetImage(IDispatch* control, IDispatch** picture) {
-  return m_ui.Ribbon().GetImage(control, picture);
+  return m_controls.Ribbon().GetImage(control, picture);
 }
 
 STDMETHODIMP CAddin::GetItemCount(IDispatch* control, long* count) {
-  return m_ui.Ribbon().GetItemCount(control, count);
+  return m_controls.Ribbon().GetItemCount(control, count);
 }
 
 STDMETHODIMP CAddin::GetItemLabel(IDispatch* control, long index, BSTR* label) {
-  return m_ui.Ribbon().GetItemLabel(control, index, label);
+  return m_controls.Ribbon().GetItemLabel(control, index, label);
 }
 
 STDMETHODIMP CAddin::GetTextComboBox(IDispatch* control, BSTR* text) {
-  return m_ui.Ribbon().GetTextComboBox(control, text);
+  return m_controls.Ribbon().GetTextComboBox(control, text);
 }
 
 STDMETHODIMP CAddin::ChangeComboBox(IDispatch* control, BSTR text) {
-  return m_ui.Ribbon().ChangeComboBox(control, text);
+  return m_controls.Ribbon().ChangeComboBox(control, text);
 }
 
 // The control's id selects the action, so every onAction is the same callback.
@@ -79,7 +79,7 @@ STDMETHODIMP CAddin::ContactLine2Clicked(IDispatch* control) {
 
 HRESULT CAddin::RibbonClicked(IDispatch* control) {
   if (m_disconnected) return S_OK;
-  return m_ui.Ribbon().Clicked(control);
+  return m_controls.Ribbon().Clicked(control);
 }
 
 }  // namespace quor

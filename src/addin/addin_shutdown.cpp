@@ -14,7 +14,7 @@ void CAddin::OnQuit() {
 void CAddin::Quit() {
   const CSessionClock::CSpan span(m_sessionClock, CSessionClock::Phase::Shutdown);
   m_link.StopWatchThread();
-  m_ui.SavePlaces();
+  m_controls.SavePlaces();
   m_settings.Save();
   m_folders.StopScan();
   EndCalls();
@@ -29,16 +29,16 @@ void CAddin::OnCloseExplorer() {
   m_link.StopWatchThread();
   m_popUps.OnMainWindowClosed();
   m_dialogs.Destroy();
-  m_ui.ReleaseMainToolbar();
+  m_controls.ReleaseBar();
   m_folders.StopScan();
   // A start in progress notices that the explorer has closed and releases it.
   if (!HasFinished() && m_starting) return;
   ReleaseExplorer();
-  m_ui.CloseContactWindows();
+  m_controls.ContactWindows().CloseAll();
 }
 
 void CAddin::ReleaseExplorer() noexcept {
-  m_ui.ReleaseMainToolbar();
+  m_controls.ReleaseBar();
   m_session.DisconnectExplorer();
 }
 
@@ -58,14 +58,14 @@ void CAddin::ReleaseOutlook(ext_DisconnectMode mode) noexcept {
   m_stopRequested = true;
   m_folders.StopScan();
   DisconnectEvents();
-  m_ui.DisconnectMainToolbar();
+  m_controls.DisconnectBar();
   if (mode == ext_dm_UserClosed) {
-    GuardCall(m_log, "deleting the command bar", [this] { m_ui.DeleteMainToolbar(); });
+    GuardCall(m_log, "deleting the command bar", [this] { m_controls.DeleteBar(); });
   }
   m_popUps.Destroy();
   m_dialogs.Destroy();
-  m_ui.ReleaseMainToolbar();
-  m_ui.ReleaseRibbon();
+  m_controls.ReleaseBar();
+  m_controls.ReleaseRibbon();
   m_session.Release();
   m_finished = false;
 }
@@ -73,7 +73,7 @@ void CAddin::ReleaseOutlook(ext_DisconnectMode mode) noexcept {
 void CAddin::DisconnectEvents() noexcept {
   m_session.Disconnect();
   m_folders.UnregisterAll();
-  m_ui.CloseContactWindows();
+  m_controls.ContactWindows().CloseAll();
 }
 
 }  // namespace quor

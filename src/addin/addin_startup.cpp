@@ -84,7 +84,8 @@ bool CAddin::CreateMainToolbar(const char* failure) {
 HRESULT CAddin::OnNewMainExplorer() {
   m_log.Write("CAddin::OnNewMainExplorer\n");
   const HRESULT result = m_session.ConnectExplorer();
-  return FAILED(result) ? result : m_ui.CreateMainToolbar();
+  if (FAILED(result)) return result;
+  return m_controls.CreateBar(m_session.MainExplorer(), m_session.AppVersion());
 }
 
 bool CAddin::StartController() {
@@ -104,7 +105,7 @@ void CAddin::GiveUpStart(HRESULT result) noexcept {
   if (m_explorerClosed) ReleaseExplorer();
   if (SUCCEEDED(result)) return;
   // After a failure Outlook calls only Release.
-  m_ui.ReleaseMainToolbar();
+  m_controls.ReleaseBar();
   m_session.Release();
   m_language.Leave();
 }
@@ -119,7 +120,7 @@ HRESULT CAddin::FinishStart(unsigned connection) {
   if (stopped()) return S_FALSE;
 
   m_log.Write("point 1\n");
-  m_ui.ClearDialList();
+  m_controls.ClearDialList();
   if (stopped()) return S_FALSE;
   m_telephone.ResetDial();
   m_ui.FillToolbar();

@@ -159,7 +159,7 @@ void CCommandBarToolbar::Redraw() {
   DrawControls();
 }
 
-void CCommandBarToolbar::Disable() {
+void CCommandBarToolbar::DisableControls() {
   m_connected = false;
   DrawControls();
 }
@@ -189,7 +189,7 @@ void CCommandBarToolbar::PutCallFromCellButton() {
   m_cells.Show(CellFaces());
 }
 
-void CCommandBarToolbar::DisableOtherCells(int cell) {
+void CCommandBarToolbar::DisableOtherCellItems(int cell) {
   m_cells.Complete(kCellCount);
   std::vector<ItemFace> cells = CellFaces();
   for (size_t i = 0; i < cells.size(); ++i) {

@@ -40,11 +40,11 @@ class CCommandBarToolbar {
   // Updates captions and enabled flags of the seven controls.
   void Redraw();
   // Disables every control except the options, because the base is disconnected.
-  void Disable();
+  void DisableControls();
 
   void PutCallFromCellButton();
   // Disables the items of the other cells until the cells are shown again.
-  void DisableOtherCells(int cell);
+  void DisableOtherCellItems(int cell);
   void PutCallerList();
   void PutSpeedDialButton();
 

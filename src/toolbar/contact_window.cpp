@@ -170,7 +170,7 @@ void CContactWindow::Redraw() noexcept {
   Draw();
 }
 
-void CContactWindow::Disable() noexcept {
+void CContactWindow::DisableControls() noexcept {
   m_connected = false;
   Draw();
 }

@@ -57,7 +57,7 @@ class CContactWindow final : public std::enable_shared_from_this<CContactWindow>
   bool Refresh() noexcept;
   void Redraw() noexcept;
   // Disables the controls until the next redraw, because the base is disconnected.
-  void Disable() noexcept;
+  void DisableControls() noexcept;
   void SavePlace() noexcept;
   // Removes the command bar and releases everything; does nothing the second time.
   void Close() noexcept;

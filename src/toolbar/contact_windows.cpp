@@ -66,8 +66,8 @@ void CContactWindows::Redraw() noexcept {
   ForEach([](CContactWindow& window) { window.Redraw(); });
 }
 
-void CContactWindows::Disable() noexcept {
-  ForEach([](CContactWindow& window) { window.Disable(); });
+void CContactWindows::DisableControls() noexcept {
+  ForEach([](CContactWindow& window) { window.DisableControls(); });
 }
 
 void CContactWindows::SavePlace() noexcept {

@@ -52,7 +52,7 @@ class CContactWindows final : public IContactRibbon {
   // Updates captions, enabled flags and numbers of every window's command bar.
   void Redraw() noexcept;
   // Disables the controls, because the base is disconnected.
-  void Disable() noexcept;
+  void DisableControls() noexcept;
   // Stores the position of the bar opened last, for a save before the windows close.
   void SavePlace() noexcept;
   // Removes the command bars and releases everything.

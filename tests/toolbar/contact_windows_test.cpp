@@ -132,7 +132,7 @@ TEST_F(ContactWindows, FollowTheTelephone) {
     EXPECT_TRUE(Face(window, {L"Answer to line1"}).enabled);
     EXPECT_FALSE(Face(window, {kMenu}).enabled);
   }
-  m_windows.Disable();
+  m_windows.DisableControls();
   EXPECT_FALSE(Face(anna, {L"Answer to line1"}).enabled);
   m_windows.Redraw();
   EXPECT_TRUE(Face(anna, {L"Answer to line1"}).enabled);
@@ -253,7 +253,7 @@ TEST_F(ContactWindows, SurviveEveryFailure) {
       EXPECT_EQ(Numbers(anna).size(), ignored ? 0u : 2u) << call << ' ' << m_lines;
     }
     m_windows.Redraw();
-    m_windows.Disable();
+    m_windows.DisableControls();
     m_outlook.CloseInspector(*anna);
     model.WithdrawAll();
     ASSERT_TRUE(NothingHeld()) << call;
@@ -278,7 +278,7 @@ TEST_F(ContactWindows, MayCloseInTheMiddleOfAnyCall) {
       m_outlook.ChangeContact("Anna Lee", "HomeTelephoneNumber", std::to_string(call));
       m_windows.Refresh();
       m_windows.Redraw();
-      m_windows.Disable();
+      m_windows.DisableControls();
       if (anna && anna->IsOpen()) m_outlook.Session().ActivateWindow(*anna);
       m_outlook.Model().WithdrawAll();
       if (anna && anna->IsOpen()) m_outlook.CloseInspector(*anna);
