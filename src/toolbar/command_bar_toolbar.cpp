@@ -79,9 +79,9 @@ void CCommandBarToolbar::AddControl(const CCommandBarControls& controls,
 
 void CCommandBarToolbar::SetUp(const CCommandBarControl& control, const ControlLayout& layout) {
   const CControlFaces faces = m_source.Faces();
-  control.SetCaption(faces.Caption(layout.control, faces.IsRinging()));
+  control.SetCaption(faces.BarControl(layout.control).caption);
   control.SetTag(layout.tag);
-  control.SetEnabled(faces.IsEnabled(layout.control, faces.IsRinging()));
+  control.SetEnabled(faces.BarControl(layout.control).enabled);
 }
 
 void CCommandBarToolbar::SetUpDialBox(IDispatchPtr control, const ControlLayout& layout) {
@@ -106,9 +106,7 @@ void CCommandBarToolbar::SetUpButton(IDispatchPtr control, const ControlLayout& 
             if (event == kEventClick) OnButtonClicked(number);
           });
   GuardCall(m_log, "looks of a button", [&button] { button.SetStyle(kButtonIconAndCaption); });
-  if (!m_withPictures) return;
-  button.SetPicture(m_pictures.ButtonPicture(layout.picture));
-  button.SetMask(m_pictures.Mask(layout.mask));
+  if (m_withPictures) SetPicture(button, layout, m_pictures);
 }
 
 void CCommandBarToolbar::SetUpMenu(IDispatchPtr control, const ControlLayout& layout) {
@@ -177,11 +175,9 @@ void CCommandBarToolbar::DrawControl(const ControlLayout& layout) {
   const CCommandBarControl control = Find(layout);
   if (!control) return;
   if (!m_connected) return control.SetEnabled(false);
-  const CControlFaces faces = m_source.Faces();
-  // Only a ringing line shows its answer button.
-  const bool ringing = faces.IsRinging();
-  control.SetCaption(faces.Caption(layout.control, ringing));
-  control.SetEnabled(faces.IsEnabled(layout.control, ringing));
+  const ItemFace face = m_source.Faces().BarControl(layout.control);
+  control.SetCaption(face.caption);
+  control.SetEnabled(face.enabled);
 }
 
 void CCommandBarToolbar::PutCallFromCellButton() {

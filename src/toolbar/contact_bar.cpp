@@ -4,7 +4,6 @@
 
 #include "com/com_boundary.h"
 #include "device/line_type.h"
-#include "resources/resource_ids.h"
 #include "text/format.h"
 #include "toolbar/contact_window.h"
 #include "toolbar/telephone_bar.h"
@@ -53,9 +52,8 @@ class CContactBar::CLineButton final : public CMenuItem {
     Button().SetStyle(kButtonIconAndCaption);
   }
 
-  void SetPicture(CPictureLoader& pictures, int picture, int mask) const {
-    Button().SetPicture(pictures.ButtonPicture(picture));
-    Button().SetMask(pictures.Mask(mask));
+  void SetPicture(const ControlLayout& layout, CPictureLoader& pictures) const {
+    quor::SetPicture(Button(), layout, pictures);
   }
 
  private:
@@ -72,10 +70,8 @@ CContactBar::CContactBar(const CCommandBars& bars, const std::wstring& name, uns
   try {
     const CCommandBarControls controls = m_bar.Controls();
     AddMenu(controls, number, window);
-    AddLine(controls, Tag(kLine1Tag, number), {kLine1, IDP_LINE1, IDB_LINE1_MASK}, actions,
-            pictures);
-    AddLine(controls, Tag(kLine2Tag, number), {kLine2, IDP_LINE2, IDB_LINE2_MASK}, actions,
-            pictures);
+    AddLine(controls, Tag(kLine1Tag, number), kLine1, kLine1Control, actions, pictures);
+    AddLine(controls, Tag(kLine2Tag, number), kLine2, kLine2Control, actions, pictures);
   } catch (...) {
     Remove();
     throw;
@@ -93,13 +89,13 @@ void CContactBar::AddMenu(const CCommandBarControls& controls, unsigned number,
 }
 
 void CContactBar::AddLine(const CCommandBarControls& controls, const std::wstring& tag,
-                          const LineLayout& layout, IToolbarActions& actions,
+                          uint8_t lineType, int control, IToolbarActions& actions,
                           CPictureLoader* pictures) {
   const auto button =
-      std::make_shared<CLineButton>(controls, tag, layout.lineType, actions, m_owner, m_log);
+      std::make_shared<CLineButton>(controls, tag, lineType, actions, m_owner, m_log);
   if (pictures != nullptr) {
     GuardCall(m_log, "picture of the contact's line button",
-              [&] { button->SetPicture(*pictures, layout.picture, layout.mask); });
+              [&] { button->SetPicture(LayoutOf(control), *pictures); });
   }
   m_lines.push_back(button);
 }

@@ -59,16 +59,11 @@ class CContactBar {
   template <typename Item>
   using Items = std::vector<std::shared_ptr<Item>>;
 
-  struct LineLayout {
-    uint8_t lineType;
-    int picture;  // resource ids
-    int mask;
-  };
-
   void AddMenu(const CCommandBarControls& controls, unsigned number,
                const std::weak_ptr<CContactWindow>& window);
-  void AddLine(const CCommandBarControls& controls, const std::wstring& tag,
-               const LineLayout& layout, IToolbarActions& actions, CPictureLoader* pictures);
+  // `control` is the same line's button on the main window's bar.
+  void AddLine(const CCommandBarControls& controls, const std::wstring& tag, uint8_t lineType,
+               int control, IToolbarActions& actions, CPictureLoader* pictures);
   template <typename Item>
   void ShowItems(const Items<Item>& items, const ItemFace* faces);
 

@@ -140,12 +140,11 @@ ContactBarFaces CContactWindow::Faces() const {
     if (const CContactItem contact = ContactOf(inspector)) numbers = NumbersOf(contact, m_log);
   });
   const CControlFaces faces = m_windows.Faces();
-  // Only a ringing line shows its answer button.
-  const bool ringing = faces.IsRinging();
   ContactBarFaces shown;
-  const auto face = [&](int control) -> ItemFace {
-    return {faces.Caption(control, ringing), m_connected && faces.IsEnabled(control, ringing),
-            true};
+  const auto face = [&](int control) {
+    ItemFace drawn = faces.BarControl(control);
+    if (!m_connected) drawn.enabled = false;
+    return drawn;
   };
   // The menu is enabled like the dial box.
   shown.menu = face(kDialBoxControl);

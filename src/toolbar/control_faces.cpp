@@ -45,21 +45,18 @@ std::wstring MenuCaption(std::wstring_view name) {
   return caption;
 }
 
-std::wstring CControlFaces::Caption(int control, bool withAnswer) const {
+ItemFace CControlFaces::Control(int control, bool withAnswer) const {
   const int text = CaptionText(m_state, control, withAnswer);
-  return text == IDS_NONE ? std::wstring() : m_texts.Text(text);
+  return {text == IDS_NONE ? std::wstring() : m_texts.Text(text),
+          IsControlEnabled(m_state, control, withAnswer), true};
 }
 
-bool CControlFaces::IsEnabled(int control, bool withAnswer) const noexcept {
-  return IsControlEnabled(m_state, control, withAnswer);
+ItemFace CControlFaces::BarControl(int control) const {
+  return Control(control, IsAnswerable(m_state));
 }
 
 LineAction CControlFaces::ActionOf(int lineButton, bool withAnswer) const noexcept {
   return GetLineAction(m_state, lineButton, withAnswer);
-}
-
-bool CControlFaces::IsRinging() const noexcept {
-  return IsAnswerable(m_state);
 }
 
 ItemFace CControlFaces::Cell(size_t cell) const {

@@ -41,12 +41,11 @@ class CControlFaces {
       : m_state(state), m_configuration(configuration), m_texts(texts), m_candidates(candidates) {}
 
   // A control by its number (control_rules.h). `withAnswer` selects the rules for a ringing line.
-  std::wstring Caption(int control, bool withAnswer) const;
-  bool IsEnabled(int control, bool withAnswer) const noexcept;
+  ItemFace Control(int control, bool withAnswer) const;
+  // The same for a command bar, where only a ringing line shows its answer button.
+  ItemFace BarControl(int control) const;
   // What a click on a line button (numbered as in control_rules.h) does.
   LineAction ActionOf(int lineButton, bool withAnswer) const noexcept;
-  // Whether a call is ringing that a line or cell button can answer.
-  bool IsRinging() const noexcept;
 
   // Faces of menu items, counted from 0; empty for any other index.
   ItemFace Cell(size_t cell) const;

@@ -12,7 +12,7 @@ namespace {
 constexpr bool kWithAnswer = true;
 
 ItemFace ControlFace(const CControlFaces& faces, int control) {
-  return {faces.Caption(control, kWithAnswer), faces.IsEnabled(control, kWithAnswer), true};
+  return faces.Control(control, kWithAnswer);
 }
 
 // Enabled like the dial box. A picked number replaces the contact's name.

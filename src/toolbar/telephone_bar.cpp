@@ -57,4 +57,10 @@ void ReadPlace(const CCommandBar& bar, ToolBarRecord& place, CDiagnosticLog& log
   });
 }
 
+void SetPicture(const CCommandBarButton& button, const ControlLayout& layout,
+                CPictureLoader& pictures) {
+  button.SetPicture(pictures.ButtonPicture(layout.picture));
+  button.SetMask(pictures.Mask(layout.mask));
+}
+
 }  // namespace quor

@@ -7,6 +7,8 @@
 #include "module/diagnostic_log.h"
 #include "outlook/command_bars.h"
 #include "settings/configuration.h"
+#include "toolbar/picture_loader.h"
+#include "toolbar/toolbar_layout.h"
 
 namespace quor {
 
@@ -30,6 +32,10 @@ void PlaceBar(const CCommandBar& bar, const ToolBarRecord& place, CDiagnosticLog
 // Stores the bar's position. The record is unchanged if the position cannot be read, which is
 // logged.
 void ReadPlace(const CCommandBar& bar, ToolBarRecord& place, CDiagnosticLog& log) noexcept;
+
+// Gives a button its picture and mask. Throws _com_error.
+void SetPicture(const CCommandBarButton& button, const ControlLayout& layout,
+                CPictureLoader& pictures);
 
 }  // namespace quor
 

@@ -15,12 +15,13 @@ class ControlFaces : public testing::Test, protected FacesFixture {};
 
 TEST_F(ControlFaces, AreDrawnWithAnswerOnlyWhileAButtonCanAnswer) {
   Lines(2, 2, 2, 17);
-  EXPECT_TRUE(Faces().IsRinging());
-  EXPECT_EQ(Faces().Caption(kCallFromCellControl, true), L"#1148");
+  EXPECT_EQ(Faces().BarControl(kCallFromCellControl).caption, L"#1148");
+  EXPECT_TRUE(Faces().BarControl(kCallFromCellControl).enabled);
   Lines(2, 2, 2, 18);
-  EXPECT_FALSE(Faces().IsRinging());
-  Lines(3, 2, 2, 1);
-  EXPECT_FALSE(Faces().IsRinging());
+  EXPECT_FALSE(Faces().BarControl(kCallFromCellControl).enabled);
+  Lines(0, 2, 2, 1);
+  EXPECT_FALSE(Faces().BarControl(kLine1Control).enabled);
+  EXPECT_TRUE(Faces().Control(kLine1Control, true).enabled);
 }
 
 TEST_F(ControlFaces, CellsAreEnabledByRegistrationAndAvailability) {
