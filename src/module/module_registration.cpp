@@ -5,6 +5,7 @@
 
 #include "module/module.h"
 #include "module/resource_ids.h"
+#include "resources/resource_data.h"
 
 namespace quor {
 namespace {
@@ -12,13 +13,8 @@ namespace {
 using Scripts = std::array<RegistrationScript, 2>;
 
 std::string_view ScriptText(int id) noexcept {
-  const HMODULE module = ModuleInstance();
-  const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(id), L"REGISTRY");
-  if (resource == nullptr) return {};
-  const HGLOBAL loaded = LoadResource(module, resource);
-  const void* text = loaded == nullptr ? nullptr : LockResource(loaded);
-  if (text == nullptr) return {};
-  return {static_cast<const char*>(text), SizeofResource(module, resource)};
+  const std::span<const std::byte> script = ResourceData(ModuleInstance(), L"REGISTRY", id);
+  return {reinterpret_cast<const char*>(script.data()), script.size()};
 }
 
 // Reads both scripts before either is applied. Empty if one cannot be read.

@@ -6,12 +6,12 @@
 
 #include "resources/dialog_font.h"
 #include "resources/message_font.h"
+#include "resources/resource_data.h"
 
 namespace quor {
 namespace {
 
 constexpr LANGID kEnglishLanguage = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
-constexpr LANGID kNeutralLanguage = MAKELANGID(LANG_NEUTRAL, SUBLANG_NEUTRAL);
 constexpr int kStringsPerBlock = 16;
 
 // A block of a string table has sixteen strings, each a length and that many UTF-16 units; length 0
@@ -51,7 +51,8 @@ void CResourceLoader::SetLanguage(uint16_t primary, uint16_t sub) noexcept {
 std::wstring CResourceLoader::Text(int id) const {
   const int block = id / kStringsPerBlock + 1;
   for (const LANGID language : {m_language, kEnglishLanguage}) {
-    std::wstring text = StringInBlock(Find(RT_STRING, block, language), id % kStringsPerBlock);
+    std::wstring text =
+        StringInBlock(ResourceData(m_module, RT_STRING, block, language), id % kStringsPerBlock);
     if (!text.empty()) return text;
   }
   return {};
@@ -64,7 +65,8 @@ std::vector<std::wstring> CResourceLoader::TextInEveryLanguage(int id) const {
                          reinterpret_cast<LONG_PTR>(&languages));
   std::vector<std::wstring> texts;
   for (const LANGID language : languages) {
-    std::wstring text = StringInBlock(Find(RT_STRING, block, language), id % kStringsPerBlock);
+    std::wstring text =
+        StringInBlock(ResourceData(m_module, RT_STRING, block, language), id % kStringsPerBlock);
     if (!text.empty()) texts.push_back(std::move(text));
   }
   return texts;
@@ -72,7 +74,7 @@ std::vector<std::wstring> CResourceLoader::TextInEveryLanguage(int id) const {
 
 std::vector<std::byte> CResourceLoader::DialogTemplate(int id) const {
   for (const LANGID language : {m_language, kEnglishLanguage}) {
-    const std::span<const std::byte> found = Find(RT_DIALOG, id, language);
+    const std::span<const std::byte> found = ResourceData(m_module, RT_DIALOG, id, language);
     if (found.empty()) continue;
     if (const std::optional<DialogFont> font = MessageFont()) return WithFont(found, *font);
     return {found.begin(), found.end()};
@@ -81,17 +83,7 @@ std::vector<std::byte> CResourceLoader::DialogTemplate(int id) const {
 }
 
 std::span<const std::byte> CResourceLoader::Data(const wchar_t* type, int id) const noexcept {
-  return Find(type, id, kNeutralLanguage);
-}
-
-std::span<const std::byte> CResourceLoader::Find(const wchar_t* type, int id,
-                                                 LANGID language) const noexcept {
-  HRSRC found = FindResourceExW(m_module, type, MAKEINTRESOURCEW(id), language);
-  if (found == nullptr) return {};
-  HGLOBAL loaded = LoadResource(m_module, found);
-  const void* bytes = loaded != nullptr ? LockResource(loaded) : nullptr;
-  if (bytes == nullptr) return {};
-  return {static_cast<const std::byte*>(bytes), SizeofResource(m_module, found)};
+  return ResourceData(m_module, type, id);
 }
 
 }  // namespace quor

@@ -38,8 +38,6 @@ class CResourceLoader final : public IStringTable {
   HINSTANCE Module() const noexcept { return m_module; }
 
  private:
-  std::span<const std::byte> Find(const wchar_t* type, int id, LANGID language) const noexcept;
-
   HINSTANCE m_module;
   LANGID m_language = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
 };
