@@ -48,8 +48,8 @@ class COutlookSession {
   // Returns Outlook's error.
   HRESULT ConnectApplication();
   HRESULT ConnectExplorer();
-  // Reads the names of the stores and opens the Deleted Items folder. A store that cannot be read is
-  // logged and skipped; any other failure is thrown.
+  // Reads the names of the stores and opens the Deleted Items folder. A store that cannot be read
+  // is logged and skipped; any other failure is thrown.
   void ReadStores();
   bool ConnectDeletedItems();
 
