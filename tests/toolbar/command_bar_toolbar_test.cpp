@@ -67,7 +67,7 @@ TEST_F(CommandBarToolbar, ItsOwnTextIsNoChange) {
 TEST_F(CommandBarToolbar, AHeldCellDisablesTheOthers) {
   Create();
   Fill();
-  toolbar.DisableOtherCells(1);
+  toolbar.DisableOtherCellItems(1);
   EXPECT_FALSE(Face({L"Call from cell", L"Cell1"}).enabled);
   EXPECT_TRUE(Face({L"Call from cell", L"Cell2"}).enabled);
   toolbar.PutCallFromCellButton();
@@ -193,7 +193,7 @@ TEST_F(CommandBarToolbar, MayBeReleasedInTheMiddleOfAnyCall) {
       Create();
       Fill();
       toolbar.Redraw();
-      toolbar.Disable();
+      toolbar.DisableControls();
     } catch (const _com_error&) {
     }
     model.WithdrawAll();
