@@ -105,7 +105,7 @@ def registry_rows(scripts, bits):
     return [f"            <RegistryValue{row}/>" for row in rows]
 
 
-def dll_component(bits, stage, scripts):
+def dll_folder(bits, stage, scripts):
     folder = f"x{64 if bits == 64 else 86}"
     win64 = ' Win64="yes"' if bits == 64 else ""
     return [
@@ -119,10 +119,39 @@ def dll_component(bits, stage, scripts):
     ]
 
 
+def doctor_component(architecture, stage, win64):
+    return [
+        f'          <Component Id="Doctor" Guid="{identifier("doctor", architecture)}"{win64}>',
+        f'            <File Id="DoctorExe" Name="doctor.exe" KeyPath="yes" Source={quoteattr(stage + "/doctor.exe")}/>',
+        f'            <Shortcut Id="DoctorShortcut" Directory="ProgramMenuFolder" Name="{NAME} Doctor"'
+        ' Target="[#DoctorExe]"/>',
+        "          </Component>",
+    ]
+
+
+def program_folder(parent, name, parts):
+    return [
+        f'      <Directory Id="{parent}">',
+        f'        <Directory Id="{name}" Name="{NAME}">',
+        *parts,
+        "        </Directory>",
+        "      </Directory>",
+    ]
+
+
+def folders(architecture, stage, scripts):
+    if architecture == "x86":
+        return program_folder("ProgramFilesFolder", "INSTALLDIR", [
+            *doctor_component(architecture, stage, ""), *dll_folder(32, stage, scripts)])
+    # A 32-bit component must not be in the folder for 64-bit programs.
+    return [
+        *program_folder("ProgramFiles64Folder", "INSTALLDIR", [
+            *doctor_component(architecture, stage, ' Win64="yes"'), *dll_folder(64, stage, scripts)]),
+        *program_folder("ProgramFilesFolder", "INSTALLDIR32", dll_folder(32, stage, scripts)),
+    ]
+
+
 def package(architecture, version, stage, scripts):
-    wide = architecture == "x64"
-    programs = "ProgramFiles64Folder" if wide else "ProgramFilesFolder"
-    win64 = ' Win64="yes"' if wide else ""
     yield '<?xml version="1.0" encoding="utf-8"?>'
     yield '<Wix xmlns="http://schemas.microsoft.com/wix/2006/wi">'
     yield "  <Product" + attributes(Id=identifier("product", architecture, version), Name=NAME,
@@ -132,25 +161,18 @@ def package(architecture, version, stage, scripts):
                                       InstallerVersion=300, Compressed="yes",
                                       InstallScope="perMachine", Languages=1033) + "/>"
     yield '    <Media Id="1" Cabinet="files.cab" EmbedCab="yes"/>'
-    if not wide:
+    if architecture == "x86":
         yield ('    <Condition Message="This is a 64-bit Windows: use the x64 package, which serves 32-bit'
                ' and 64-bit Outlook.">NOT VersionNT64</Condition>')
     yield '    <MajorUpgrade DowngradeErrorMessage="A newer version is installed."/>'
     yield f'    <Property Id="ARPCONTACT" Value="{PUBLISHER}"/>'
     yield '    <Property Id="ARPNOMODIFY" Value="1"/>'
     yield '    <Directory Id="TARGETDIR" Name="SourceDir">'
-    yield f'      <Directory Id="{programs}">'
-    yield f'        <Directory Id="INSTALLDIR" Name="{NAME}">'
-    yield f'          <Component Id="Doctor" Guid="{identifier("doctor", architecture)}"{win64}>'
-    yield f'            <File Id="DoctorExe" Name="doctor.exe" KeyPath="yes" Source={quoteattr(stage + "/doctor.exe")}/>'
-    yield "          </Component>"
-    for bits in (32, 64) if wide else (32,):
-        yield from dll_component(bits, stage, scripts)
-    yield "        </Directory>"
-    yield "      </Directory>"
+    yield '      <Directory Id="ProgramMenuFolder"/>'
+    yield from folders(architecture, stage, scripts)
     yield "    </Directory>"
     yield f'    <Feature Id="Main" Title="{NAME}" Level="1">'
-    for component in ("Doctor", "Component32") + (("Component64",) if wide else ()):
+    for component in ("Doctor", "Component32") + (("Component64",) if architecture == "x64" else ()):
         yield f'      <ComponentRef Id="{component}"/>'
     yield "    </Feature>"
     yield "  </Product>"

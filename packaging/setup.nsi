@@ -22,6 +22,7 @@ ManifestSupportedOS all
 !include "MUI2.nsh"
 !include "FileFunc.nsh"
 !include "LogicLib.nsh"
+!include "WordFunc.nsh"
 !include "x64.nsh"
 
 !define DLL "QuorTelephoneToolbar.dll"
@@ -51,15 +52,19 @@ VIAddVersionKey "LegalCopyright" ""
 
 Var Everybody      ; 1: all users, 0: this user
 Var Switches       ; of regsvr32
-Var InUse          ; 1: Outlook holds a DLL that should be removed
+Var InUse          ; 1: Outlook holds a file that should be removed
+Var Renamed        ; 1: some program does, so that the file was only renamed
 Var LibraryFolder  ; folder searched for SiUSBXp.dll
 Var LibraryNote    ; message about SiUSBXp.dll, empty if there is no problem
+Var MissingBits    ; bitnesses without SiUSBXp.dll, such as "32/64"
 
 !define MUI_ABORTWARNING
 !define MUI_WELCOMEPAGE_TEXT "$(WelcomeText)"
 !insertmacro MUI_PAGE_WELCOME
 !insertmacro MUI_PAGE_INSTFILES
 !define MUI_FINISHPAGE_TEXT "$(FinishText)"
+; A renamed file waits for the next start of Windows, but nobody needs to wait for it.
+!define MUI_FINISHPAGE_NOREBOOTSUPPORT
 !insertmacro MUI_PAGE_FINISH
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
@@ -152,18 +157,36 @@ Function ${UN}RemoveFile
       Call ${UN}GiveUp
     ${EndIf}
     StrCpy $InUse 1
-    Delete /REBOOTOK "$0.$1.old"
+    StrCpy $Renamed 1
+    ${If} $Everybody == 1
+      Delete /REBOOTOK "$0.$1.old"
+    ${EndIf}
   ${EndIf}
   Pop $1
   Pop $0
 FunctionEnd
 
-; Only an administrator can have files deleted at Windows' start; for a user a command does it.
+; Deletes the files in the folder on the stack that an earlier run renamed, if nothing holds them any
+; more.
+Function ${UN}RemoveRenamed
+  Exch $0
+  Delete "$0\*.old"
+  ${If} ${FileExists} "$0\*.old"
+    StrCpy $InUse 1
+    StrCpy $Renamed 1
+  ${EndIf}
+  Pop $0
+FunctionEnd
+
+; Only an administrator can have files deleted at Windows' start; for a user a command does it at
+; the next logon. Windows runs a command of at most 260 characters, so the folder stands in it once.
 Function ${UN}TidyLater
-  ${If} $InUse == 1
+  ${If} $Renamed == 1
   ${AndIf} $Everybody == 0
+    ${${UN}GetParent} "$INSTDIR" $0
+    ${${UN}GetFileName} "$INSTDIR" $1
     WriteRegStr HKCU "${RUN_ONCE_KEY}" "QuorTelephoneToolbar" \
-      'cmd.exe /c del /q "$INSTDIR\x86\*.old" "$INSTDIR\x64\*.old" & rmdir "$INSTDIR\x86" "$INSTDIR\x64" "$INSTDIR"'
+      'cmd.exe /c cd /d "$0"&&(del /s /q "$1\*.old"&rmdir "$1\x86" "$1\x64" "$1")'
   ${EndIf}
 FunctionEnd
 
@@ -193,16 +216,18 @@ Function .onInit
       StrCpy $Everybody 1
     ${EndIf}
   ${EndIf}
+  ; Some shells put the quotation marks round the whole switch.
+  ${WordReplace} $0 '"/LibraryFrom=' '/LibraryFrom="' "+" $0
   ClearErrors
   ${GetOptions} $0 "/LibraryFrom=" $LibraryFolder
   ${If} ${Errors}
     StrCpy $LibraryFolder $EXEDIR
   ${EndIf}
 
-  !insertmacro MUI_LANGDLL_DISPLAY
   ${If} $Everybody == 1
     Call RequireAdministrator
   ${EndIf}
+  !insertmacro MUI_LANGDLL_DISPLAY
   Call UseScope
   ${If} $INSTDIR == ""
     ; An upgrade installs into the former version's folder.
@@ -220,7 +245,7 @@ Function .onInit
 FunctionEnd
 
 ; Takes over the library for one bitness. Stack: our folder (x86, x64), bitness. An existing library
-; stays if there is no other.
+; stays if there is no other, even if Outlook has loaded it.
 Function TakeLibrary
   Exch $1  ; bitness
   Exch
@@ -233,14 +258,20 @@ Function TakeLibrary
     StrCpy $2 "$LibraryFolder\${LIBRARY}"
   ${EndIf}
   ${If} ${FileExists} "$2"
+  ${AndIf} $2 != "$INSTDIR\$0\${LIBRARY}"
     ExecWait '"$INSTDIR\doctor.exe" --library "$2"' $3
     ${If} $3 == $1
+      Push "$INSTDIR\$0\${LIBRARY}"
+      Call RemoveFile
       ClearErrors
       CopyFiles /SILENT "$2" "$INSTDIR\$0\${LIBRARY}"
-      ${IfNot} ${Errors}
-        WriteRegDWORD SHCTX "${APPS_KEY}" "Library$1" 1
-        Goto done
+      ${If} ${Errors}
+        Push ${EXIT_FAILED}
+        Push "$(CannotReplace)$\r$\n$INSTDIR\$0\${LIBRARY}"
+        Call GiveUp
       ${EndIf}
+      WriteRegDWORD SHCTX "${APPS_KEY}" "Library$1" 1
+      Goto done
     ${ElseIf} $3 != 32
     ${AndIf} $3 != 64
       StrCpy $LibraryNote "$(LibraryUnfit)"
@@ -255,8 +286,10 @@ Function TakeLibrary
     StrCpy $2 "$WINDIR\Sysnative\${LIBRARY}"
   ${EndIf}
   ${IfNot} ${FileExists} "$2"
-  ${AndIf} $LibraryNote == ""
-    StrCpy $LibraryNote "$(LibraryMissing)"
+    ${If} $MissingBits != ""
+      StrCpy $MissingBits "$MissingBits/"
+    ${EndIf}
+    StrCpy $MissingBits "$MissingBits$1"
   ${EndIf}
 done:
   Pop $3
@@ -267,7 +300,8 @@ FunctionEnd
 
 !macro INSTALL_DLL FOLDER BITNESS
   SetOutPath "$INSTDIR\${FOLDER}"
-  Delete "$INSTDIR\${FOLDER}\*.old"
+  Push "$INSTDIR\${FOLDER}"
+  Call RemoveRenamed
   Push "$INSTDIR\${FOLDER}\${DLL}"
   Call RemoveFile
   File "${STAGE}/${FOLDER}/${DLL}"
@@ -288,9 +322,11 @@ FunctionEnd
 Section
   ClearErrors
   SetOutPath "$INSTDIR"
+  Push "$INSTDIR"
+  Call RemoveRenamed
   Push "$INSTDIR\doctor.exe"
   Call RemoveFile
-  StrCpy $InUse 0  ; only Outlook's use counts
+  StrCpy $InUse 0  ; Outlook does not use the doctor
   File "${STAGE}/doctor.exe"
   ${If} ${Errors}
     Push ${EXIT_FAILED}
@@ -319,6 +355,10 @@ Section
   ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
   WriteRegDWORD SHCTX "${APPS_KEY}" "EstimatedSize" $0
 
+  ${If} $LibraryNote == ""
+  ${AndIf} $MissingBits != ""
+    StrCpy $LibraryNote "$(LibraryMissing)"
+  ${EndIf}
   ${If} $LibraryNote != ""
     DetailPrint "$LibraryNote"
     MessageBox MB_OK|MB_ICONINFORMATION "$LibraryNote" /SD IDOK
@@ -347,6 +387,8 @@ Function un.onInit
 FunctionEnd
 
 !macro UNINSTALL_DLL FOLDER BITNESS
+  Push "$INSTDIR\${FOLDER}"
+  Call un.RemoveRenamed
   ${If} ${FileExists} "$INSTDIR\${FOLDER}\${DLL}"
     Push "${FOLDER}"
     Push "/u"
@@ -361,12 +403,10 @@ FunctionEnd
     Push "$INSTDIR\${FOLDER}\${LIBRARY}"
     Call un.RemoveFile
   ${EndIf}
-  Delete "$INSTDIR\${FOLDER}\*.old"
   RMDir "$INSTDIR\${FOLDER}"
 !macroend
 
 Section "Uninstall"
-  StrCpy $InUse 0
   ${un.GetParameters} $0
   ClearErrors
   ${un.GetOptions} $0 "/RemoveSettings" $1
@@ -381,23 +421,27 @@ Section "Uninstall"
   RMDir "$APPDATA\Temp"
 keep:
   Call un.UseScope
+  Push "$INSTDIR"
+  Call un.RemoveRenamed
+  Push "$INSTDIR\doctor.exe"
+  Call un.RemoveFile
+  StrCpy $InUse 0
   !insertmacro UNINSTALL_DLL x86 32
   ${If} ${RunningX64}
     !insertmacro UNINSTALL_DLL x64 64
   ${EndIf}
-  Delete "$INSTDIR\doctor.exe"
   Delete "$INSTDIR\uninstall.exe"
   Delete "$SMPROGRAMS\Telephone Plug-in Doctor.lnk"
   DeleteRegKey SHCTX "${APPS_KEY}"
   DeleteRegValue HKCU "${RUN_ONCE_KEY}" "QuorTelephoneToolbar"
   Call un.TidyLater
   SetOutPath "$TEMP"
-  ${If} $InUse == 1
+  RMDir "$INSTDIR"
+  ${If} $Renamed == 1
+  ${AndIf} $Everybody == 1
     RMDir /REBOOTOK "$INSTDIR\x86"
     RMDir /REBOOTOK "$INSTDIR\x64"
     RMDir /REBOOTOK "$INSTDIR"
-  ${Else}
-    RMDir "$INSTDIR"
   ${EndIf}
 
   ${If} $InUse == 1

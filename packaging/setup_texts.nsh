@@ -32,9 +32,9 @@
   "Windows no pudo registrar este archivo:"
 
 !insertmacro TEXT LibraryMissing \
-  "SiUSBXp.dll, the library that comes with the telephone base, is not there yet: put it beside this program and run it again, or install the base's own software." \
-  "SiUSBXp.dll, la bibliothèque fournie avec la base téléphonique, manque encore : placez-la à côté de ce programme et relancez-le, ou installez le logiciel de la base." \
-  "Falta SiUSBXp.dll, la biblioteca que viene con la base telefónica: póngala junto a este programa y ejecútelo de nuevo, o instale el software de la base."
+  "SiUSBXp.dll for the $MissingBits-bit Outlook is not there yet. It comes with the telephone base: put it beside this program and run it again, or install the base's own software." \
+  "SiUSBXp.dll pour l'Outlook $MissingBits bits manque encore. Elle est fournie avec la base téléphonique : placez-la à côté de ce programme et relancez-le, ou installez le logiciel de la base." \
+  "Falta SiUSBXp.dll para el Outlook de $MissingBits bits. Viene con la base telefónica: póngala junto a este programa y ejecútelo de nuevo, o instale el software de la base."
 
 !insertmacro TEXT LibraryUnfit \
   "The SiUSBXp.dll found is not one that the plug-in can use, and was not taken over." \

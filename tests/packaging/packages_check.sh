@@ -31,6 +31,7 @@ fresh_prefix() {  # name, win64|win32
   # Exist on every Windows with Office; created if missing, and not removed.
   wine reg add 'HKCU\Software\Classes\CLSID' /f </dev/null >/dev/null 2>&1
   wine reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall' /f </dev/null >/dev/null 2>&1
+  wine reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\RunOnce' /f </dev/null >/dev/null 2>&1
   mkdir -p "$drive/users/$(id -un)/AppData/Local/Programs"
   local root
   for root in HKLM HKCU; do
@@ -71,7 +72,7 @@ expect_loads() {  # win32|win64, Outlook version, what
     "$(windows_path tests/scenarios/start_with_base.scn)" </dev/null >"$work/workbench.txt" 2>&1
   local code=$?
   # The workbench leaves its library beside the add-in.
-  find "$drive/Program Files" -name SiUSBXp.dll -delete
+  find "$drive/Program Files"* -name SiUSBXp.dll -delete
   [[ $code == 0 ]] && return
   fail "$3: the workbench ($1, Outlook $2) ends with $code"
   tail -n 5 "$work/workbench.txt" >&2
@@ -122,6 +123,10 @@ check_setup() {
   folder="$drive/Program Files/Telephone Plug-in"
   [[ $(apps_value HKLM DisplayName) == "Telephone Plug-in" ]] || fail "Apps entry: no name"
   [[ $setup == *"-$(apps_value HKLM DisplayVersion)-"* ]] || fail "Apps entry: version"
+  [[ $(apps_value HKLM Publisher) == Quor ]] || fail "Apps entry: publisher"
+  local size
+  size=$(($(apps_value HKLM EstimatedSize)))
+  ((size > 1500 && size < 5000)) || fail "Apps entry: $size KB"
   snapshot installed
   expect_loads win64 16 "installed"
   expect_loads win32 11 "installed"
@@ -141,17 +146,11 @@ check_setup() {
   expect_same installed repaired "repair"
 
   echo "upgrade while Outlook runs"
-  wine "build/win32/workbench/workbench.exe" --outlook 11 </dev/null >/dev/null 2>&1 &
-  local outlook=$!
-  sleep 8
+  start_outlook
   wine "$next_setup" /S </dev/null >/dev/null 2>&1
   expect_code $((3010 % 256)) $? "upgrade while Outlook runs"  # Linux keeps 8 bits of an exit code
   [[ -n $(find "$folder/x86" -name '*.old') ]] || fail "the loaded DLL was not moved aside"
-  kill "$outlook"
-  wait "$outlook" 2>/dev/null
-  # Ended like that, the workbench does not restore the application-data folder.
-  wine reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer\User Shell Folders' /v AppData \
-    /t REG_EXPAND_SZ /d '%USERPROFILE%\AppData\Roaming' /f </dev/null >/dev/null 2>&1
+  end_outlook
   find "$folder" -name SiUSBXp.dll -delete
   expect_settings "upgrade"
   [[ $next_setup == *"-$(apps_value HKLM DisplayVersion)-"* ]] || fail "upgrade: the Apps entry has the former version"
@@ -167,21 +166,36 @@ check_setup() {
   expect_loads_not win64 16 "removed"
 
   echo "the USB library is taken over"
-  mkdir -p "$work/library/x86" "$work/library/x64" "$work/wrong/x86" "$work/wrong/x64"
-  cp build/win32/workbench/SiUSBXp.dll "$work/library/x86/"
-  cp build/win64/workbench/SiUSBXp.dll "$work/library/x64/"
-  cp build/win64/workbench/SiUSBXp.dll "$work/wrong/x86/"
-  cp build/win64/workbench/old_library/SiUSBXp.dll "$work/wrong/x64/"
-  wine "$setup" /S "/LibraryFrom=$(windows_path "$work/wrong")" </dev/null >/dev/null 2>&1
+  local wrong=$work/wrong library="$work/of the vendor"
+  mkdir -p "$library/x86" "$library/x64" "$wrong/x86" "$wrong/x64"
+  cp build/win32/workbench/SiUSBXp.dll "$library/x86/"
+  cp build/win64/workbench/SiUSBXp.dll "$library/x64/"
+  cp build/win64/workbench/SiUSBXp.dll "$wrong/x86/"
+  cp build/win64/workbench/old_library/SiUSBXp.dll "$wrong/x64/"
+  wine "$setup" /S "/LibraryFrom=$(windows_path "$wrong")" </dev/null >/dev/null 2>&1
   expect_code 0 $? "installation with libraries that do not fit"
-  [[ -z $(find "$folder" -name SiUSBXp.dll) ]] || fail "a library of the wrong bitness was taken over"
-  wine "$setup" /S "/LibraryFrom=$(windows_path "$work/library")" </dev/null >/dev/null 2>&1
-  cmp -s "$folder/x86/SiUSBXp.dll" "$work/library/x86/SiUSBXp.dll" || fail "the 32-bit library was not taken over"
-  cmp -s "$folder/x64/SiUSBXp.dll" "$work/library/x64/SiUSBXp.dll" || fail "the 64-bit library was not taken over"
+  [[ -z $(find "$folder" -name SiUSBXp.dll) ]] || fail "a library of the wrong bitness, or without a function, was taken over"
+  wine "$setup" /S "/LibraryFrom=$(windows_path "$library")" </dev/null >/dev/null 2>&1
+  expect_libraries "$library" "$folder"
+  # The folder is its own source.
+  wine "$setup" /S "/LibraryFrom=$(windows_path "$folder")" </dev/null >/dev/null 2>&1
+  expect_libraries "$library" "$folder"
   # On request, the settings are removed too.
   uninstall "$folder" /RemoveSettings
   [[ ! -e $(settings) ]] || fail "/RemoveSettings leaves the settings"
+}
 
+expect_libraries() {  # from, in
+  local each
+  for each in x86 x64; do
+    cmp -s "$1/$each/SiUSBXp.dll" "$2/$each/SiUSBXp.dll" || fail "the $each library was not taken over"
+  done
+}
+
+check_setup_for_user() {
+  local setup next_setup folder windows_folder each later
+  setup=$(ls "$packages"/*-setup.exe) next_setup=$(ls "$next"/*-setup.exe)
+  fresh_prefix packages win64
   echo "set-up program, for this user"
   plant_settings
   snapshot before
@@ -192,9 +206,52 @@ check_setup() {
   [[ -e $folder/x64/QuorTelephoneToolbar.dll ]] || fail "for the user: no DLL"
   diff "$work/before.txt" "$work/installed.txt" | grep -E '^[<>] HKEY_LOCAL_MACHINE' >"$work/difference.txt" &&
     { fail "installation for the user writes for all users"; head "$work/difference.txt" >&2; }
-  uninstall "$folder"
+  windows_folder=$(windows_path "$folder")
+  for each in x86 x64; do regsvr32 $each /u /n /i:user "$windows_folder\\$each\\QuorTelephoneToolbar.dll"; done
+  for each in x86 x64; do regsvr32 $each /n /i:user "$windows_folder\\$each\\QuorTelephoneToolbar.dll"; done
+  snapshot registered
+  expect_same installed registered "registering for the user with regsvr32"
+
+  echo "upgrade and removal while Outlook runs"
+  # Wine's COM ignores the registrations of users.
+  regsvr32 x86 "$windows_folder\\x86\\QuorTelephoneToolbar.dll"
+  start_outlook
+  regsvr32 x86 /u "$windows_folder\\x86\\QuorTelephoneToolbar.dll"
+  wine "$next_setup" /S /CurrentUser </dev/null >/dev/null 2>&1
+  expect_code $((3010 % 256)) $? "upgrade for the user while Outlook runs"
+  # In place, because only then the uninstaller returns its exit code; Wine would put quotation marks
+  # round the switch.
+  printf '"%s\\uninstall.exe" /S _?=%s\r\nexit %%errorlevel%%\r\n' "$windows_folder" "$windows_folder" >"$drive/windows/temp/uninstall.cmd"
+  wine cmd /c 'C:\windows\temp\uninstall.cmd' </dev/null >/dev/null 2>&1
+  expect_code $((3010 % 256)) $? "removal for the user while Outlook runs"
+  [[ -n $(find "$folder/x86" -name '*.old') ]] || fail "the loaded DLL was not moved aside"
+  end_outlook
+  find "$folder" -name SiUSBXp.dll -delete
+  later=$(wine reg query 'HKCU\Software\Microsoft\Windows\CurrentVersion\RunOnce' /v QuorTelephoneToolbar </dev/null 2>/dev/null |
+    tr -d '\r' | sed -n 's/.*REG_SZ    //p')
+  ((${#later} <= 260)) || fail "Windows does not run a command of ${#later} characters"
+  # The next logon.
+  rm -f "$folder/uninstall.exe"  # in place it cannot remove itself
+  wine reg delete 'HKCU\Software\Microsoft\Windows\CurrentVersion\RunOnce' /v QuorTelephoneToolbar /f </dev/null >/dev/null 2>&1
+  sed 's/[&()]/^&/g' <<<"$later" >"$drive/windows/temp/logon.cmd"
+  wine cmd /c 'C:\windows\temp\logon.cmd' </dev/null >/dev/null 2>&1
   snapshot after
   expect_same before after "removal for the user"
+  expect_settings "removal for the user"
+}
+
+# A stand-in Outlook with the add-in, until end_outlook.
+start_outlook() {
+  wine "build/win32/workbench/workbench.exe" --outlook 11 </dev/null >/dev/null 2>&1 &
+  outlook=$!
+  sleep 8
+}
+end_outlook() {
+  kill "$outlook"
+  wait "$outlook" 2>/dev/null
+  # Ended like that, the workbench does not restore the application-data folder.
+  wine reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer\User Shell Folders' /v AppData \
+    /t REG_EXPAND_SZ /d '%USERPROFILE%\AppData\Roaming' /f </dev/null >/dev/null 2>&1
 }
 
 msi() {  # arguments: msiexec, silent
@@ -202,12 +259,17 @@ msi() {  # arguments: msiexec, silent
 }
 
 check_msi() {  # x64|x86
-  local architecture=$1 package later folder each code parts=(x86)
+  local package later folder each parts=(x86)
   package=$(windows_path "$(ls "$packages"/*-"$1".msi)")
   later=$(windows_path "$(ls "$next"/*-"$1".msi)")
   [[ $1 == x64 ]] && parts=(x86 x64)
   if [[ $1 == x64 ]]; then fresh_prefix packages-x64 win64; else fresh_prefix packages-x86 win32; fi
-  folder="$drive/Program Files/Telephone Plug-in"
+  # On 64-bit Windows the 32-bit DLL is in the folder for 32-bit programs.
+  folder="Program Files"
+  [[ $1 == x64 ]] && folder="Program Files (x86)"
+  declare -A dll=([x64]='C:\Program Files\Telephone Plug-in\x64\QuorTelephoneToolbar.dll'
+    [x86]="C:\\$folder\\Telephone Plug-in\\x86\\QuorTelephoneToolbar.dll")
+  folder="$drive/$folder/Telephone Plug-in"
   plant_settings
   # Windows Installer creates keys of its own at its first use and keeps them.
   msi /i "$package"; msi /x "$package"
@@ -220,14 +282,14 @@ check_msi() {  # x64|x86
   expect_loads win32 11 "installed by Windows Installer"
   [[ $1 == x64 ]] && expect_loads win64 16 "installed by Windows Installer"
 
-  for each in "${parts[@]}"; do regsvr32 "$each" /u "C:\\Program Files\\Telephone Plug-in\\$each\\QuorTelephoneToolbar.dll"; done
-  for each in "${parts[@]}"; do regsvr32 "$each" "C:\\Program Files\\Telephone Plug-in\\$each\\QuorTelephoneToolbar.dll"; done
+  for each in "${parts[@]}"; do regsvr32 "$each" /u "${dll[$each]}"; done
+  for each in "${parts[@]}"; do regsvr32 "$each" "${dll[$each]}"; done
   snapshot registered
   [[ $(registration_of registered | wc -l) -gt 30 ]] || fail "nothing to compare with"
   expect_same_registration registered installed "the package writes something else than regsvr32"
 
   rm "$folder/x86/QuorTelephoneToolbar.dll"
-  regsvr32 x86 /u "C:\\Program Files\\Telephone Plug-in\\x86\\QuorTelephoneToolbar.dll"
+  regsvr32 x86 /u "${dll[x86]}"
   # Equivalent of "msiexec /fa"; Wine has no /f for a package.
   msi /i "$package" REINSTALL=ALL REINSTALLMODE=amus
   expect_code 0 $? "repair by msiexec"
@@ -248,9 +310,10 @@ check_msi() {  # x64|x86
   expect_settings "removal by Windows Installer"
 }
 
-for part in ${PARTS:-setup x64 x86}; do
+for part in ${PARTS:-setup user x64 x86}; do
   case $part in
     setup) check_setup ;;
+    user) check_setup_for_user ;;
     *) check_msi "$part" ;;
   esac
   wine_stop

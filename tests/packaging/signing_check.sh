@@ -12,4 +12,4 @@ unzip -q "$work"/dist/*-support.zip -d "$work"
 while IFS= read -r file; do
   osslsigncode verify -CAfile "$work/certificate.pem" "$file" >"$work/verify.txt" 2>&1 ||
     { echo "$file is not signed"; tail -n 20 "$work/verify.txt"; exit 1; }
-done < <(find "$work" -name '*.msi' -o -name '*setup.exe' -o -name doctor.exe -o -name QuorTelephoneToolbar.dll)
+done < <(find "$work" -name '*.msi' -o -name '*.exe' -o -name '*.dll')

@@ -4,7 +4,7 @@
   snapshot.py REGISTRY_EXPORT DRIVE
 
 REGISTRY_EXPORT is the output of "regedit /E", DRIVE the prefix's drive_c. Values that Wine itself changes
-all the time are left out.
+all the time are left out, and what the stand-in Outlook keeps for itself.
 """
 import hashlib
 import pathlib
@@ -14,7 +14,7 @@ import sys
 PASSING = re.compile(
     r"\\Dynamic Data|\\Control\\Video\\|^HKEY_DYN_DATA|\\HARDWARE\\|\\Control\\Print|\\Explorer\\(RecentDocs|FileExts|StreamMRU|"
     r"SessionInfo)|\\RNG\||\\Sessions\\|\\Volatile Environment|\\MountedDevices|^HKEY_USERS\\(?!S-1-5-21)|"
-    r"^HKEY_CURRENT_CONFIG|^HKEY_CLASSES_ROOT|^HKEY_CURRENT_USER", re.IGNORECASE)
+    r"\\Software\\Quor(\\Workbench|$)|^HKEY_CURRENT_CONFIG|^HKEY_CLASSES_ROOT|^HKEY_CURRENT_USER", re.IGNORECASE)
 
 
 def registry_lines(path):
