@@ -192,101 +192,79 @@ const char* ScopeName(Scope scope) {
   return scope == Scope::User ? "user" : "machine";
 }
 
-void AddFindings(CJson& json, const std::vector<Finding>& findings, Language language) {
-  json.Key("findings");
+// Adds an array with one object per item; `addItem` adds the object's keys.
+template <typename Item, typename AddItem>
+void AddArray(CJson& json, const char* key, const std::vector<Item>& items, AddItem addItem) {
+  json.Key(key);
   json.Open('[');
-  for (const Finding& finding : findings) {
-    const Sentences sentences = InWords(finding, language);
+  for (const Item& item : items) {
     json.Open('{');
-    json.TextAt("name", Name(finding.kind));
-    json.TextAt("what", sentences.what);
-    json.TextAt("cure", sentences.cure);
-    json.FlagAt("note", IsNote(finding.kind));
-    json.FlagAt("mendable", IsMendable(finding.kind));
+    addItem(item);
     json.Close('}');
   }
   json.Close(']');
 }
 
+void AddFindings(CJson& json, const std::vector<Finding>& findings, Language language) {
+  AddArray(json, "findings", findings, [&](const Finding& finding) {
+    const Sentences sentences = InWords(finding, language);
+    json.TextAt("name", Name(finding.kind));
+    json.TextAt("what", sentences.what);
+    json.TextAt("cure", sentences.cure);
+    json.FlagAt("note", IsNote(finding.kind));
+    json.FlagAt("mendable", IsMendable(finding.kind));
+  });
+}
+
+void AddOutlooks(CJson& json, const Facts& facts) {
+  AddArray(json, "outlooks", facts.outlooks, [&](const OutlookInstall& outlook) {
+    json.NumberAt("version", outlook.version);
+    json.NumberAt("bitness", outlook.bitness);
+    json.TextAt("path", outlook.path);
+    json.TextAt("fileVersion", outlook.fileVersion);
+  });
+}
+
 void AddRegistration(CJson& json, const Facts& facts) {
-  json.Key("classes");
-  json.Open('[');
-  for (const ClassRegistration& registration : facts.classes) {
-    json.Open('{');
+  AddArray(json, "classes", facts.classes, [&](const ClassRegistration& registration) {
     json.TextAt("scope", ScopeName(registration.scope));
     json.NumberAt("bitness", registration.bitness);
     json.TextAt("path", registration.path);
     json.FlagAt("exists", registration.fileExists);
     json.NumberAt("fileBitness", registration.fileBitness);
     json.TextAt("version", registration.fileVersion);
-    json.Close('}');
-  }
-  json.Close(']');
-  json.Key("addInKeys");
-  json.Open('[');
-  for (const AddInKey& key : facts.addInKeys) {
-    json.Open('{');
+  });
+  AddArray(json, "addInKeys", facts.addInKeys, [&](const AddInKey& key) {
     json.TextAt("scope", ScopeName(key.scope));
     json.NumberAt("bitness", key.bitness);
     json.NumberAt("loadBehavior", key.loadBehavior ? int64_t{*key.loadBehavior} : -1);
-    json.Close('}');
-  }
-  json.Close(']');
-}
-
-void AddOutlooks(CJson& json, const Facts& facts) {
-  json.Key("outlooks");
-  json.Open('[');
-  for (const OutlookInstall& outlook : facts.outlooks) {
-    json.Open('{');
-    json.NumberAt("version", outlook.version);
-    json.NumberAt("bitness", outlook.bitness);
-    json.TextAt("path", outlook.path);
-    json.TextAt("fileVersion", outlook.fileVersion);
-    json.Close('}');
-  }
-  json.Close(']');
+  });
 }
 
 void AddLibraries(CJson& json, const Facts& facts) {
-  json.Key("libraries");
-  json.Open('[');
-  for (const UsbLibrary& library : facts.libraries) {
-    json.Open('{');
+  AddArray(json, "libraries", facts.libraries, [&](const UsbLibrary& library) {
     json.NumberAt("bitness", library.bitness);
     json.TextAt("path", library.path);
     json.NumberAt("fileBitness", library.fileBitness);
     json.NumberAt("missingOrdinals", static_cast<int64_t>(library.missingOrdinals.size()));
-    json.Close('}');
-  }
-  json.Close(']');
+  });
 }
 
 void AddBases(CJson& json, const Facts& facts) {
   if (!facts.bases) return;
-  json.Key("bases");
-  json.Open('[');
-  for (const UsbBase& base : *facts.bases) {
-    json.Open('{');
+  AddArray(json, "bases", *facts.bases, [&](const UsbBase& base) {
     json.TextAt("description", base.description);
     json.FlagAt("free", base.isFree);
-    json.Close('}');
-  }
-  json.Close(']');
+  });
 }
 
 void AddSessions(CJson& json, const Facts& facts) {
-  json.Key("sessions");
-  json.Open('[');
-  for (const SessionTimes& session : facts.sessions) {
-    json.Open('{');
+  AddArray(json, "sessions", facts.sessions, [&](const SessionTimes& session) {
     json.TextAt("began", session.began);
     if (session.start) json.NumberAt("start", *session.start);
     if (session.folderSwitch) json.NumberAt("folderSwitch", *session.folderSwitch);
     if (session.shutdown) json.NumberAt("shutdown", *session.shutdown);
-    json.Close('}');
-  }
-  json.Close(']');
+  });
 }
 
 }  // namespace
