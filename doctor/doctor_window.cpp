@@ -1,7 +1,5 @@
 #include "doctor/doctor_window.h"
 
-#include <windows.h>
-
 #include <commdlg.h>
 
 #include <algorithm>
@@ -87,7 +85,7 @@ class CDoctorWindow {
   }
 
   void MendAll() {
-    if (MessageBoxW(m_window, Texts().ask, kTitle, MB_OKCANCEL | MB_ICONQUESTION) != IDOK) return;
+    if (!AskToMend(m_window, m_language)) return;
     const std::optional<std::wstring> backup = Mend(m_facts);
     MessageBoxW(m_window, backup ? (Texts().mended + *backup).c_str() : Texts().notMended, kTitle,
                 MB_OK | (backup ? MB_ICONINFORMATION : MB_ICONWARNING));
@@ -147,6 +145,15 @@ class CDoctorWindow {
 };
 
 }  // namespace
+
+bool AskToMend(HWND owner, Language language) {
+  return MessageBoxW(owner, MendQuestion(language).c_str(), kTitle,
+                     MB_OKCANCEL | MB_ICONQUESTION) == IDOK;
+}
+
+std::wstring MendQuestion(Language language) {
+  return kTexts[static_cast<size_t>(language)].ask;
+}
 
 int ShowDoctorWindow(Language language) {
   return CDoctorWindow(language).Show();

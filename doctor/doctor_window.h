@@ -1,9 +1,17 @@
 #ifndef QUOR_DOCTOR_DOCTOR_WINDOW_H
 #define QUOR_DOCTOR_DOCTOR_WINDOW_H
 
+#include <windows.h>
+
+#include <string>
+
 #include "doctor/finding_texts.h"
 
 namespace quor::doctor {
+
+// Asks in a message box whether to repair.
+bool AskToMend(HWND owner, Language language);
+std::wstring MendQuestion(Language language);
 
 // Shows the findings, with buttons to repair and to check again, until the user closes the window.
 // Returns the exit code.

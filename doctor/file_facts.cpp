@@ -8,6 +8,8 @@
 
 #include <shlobj.h>
 
+#include <algorithm>
+
 namespace quor::doctor {
 namespace {
 
@@ -30,6 +32,17 @@ std::vector<std::wstring> FilesLike(const std::wstring& pattern) {
   } while (FindNextFileW(search, &found));
   FindClose(search);
   return names;
+}
+
+// Opens the file for writing, and writes nothing.
+bool IsWritable(const std::wstring& path) {
+  const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  // Another error means only that Outlook is saving the file.
+  if (file == INVALID_HANDLE_VALUE) return GetLastError() != ERROR_ACCESS_DENIED;
+  CloseHandle(file);
+  return true;
 }
 
 // Reads the file with the add-in's parser.
@@ -86,12 +99,26 @@ std::wstring Wide(const std::string& utf8) {
   return text;
 }
 
+std::wstring PathToOpen(const std::wstring& path, int bitness) {
+  constexpr int kOwnBitness = static_cast<int>(sizeof(void*)) * 8;
+  wchar_t windows[MAX_PATH] = L"";
+  GetWindowsDirectoryW(windows, MAX_PATH);
+  const std::wstring system = std::wstring(windows) + L"\\System32\\";
+  const int size = static_cast<int>(system.size());
+  if (bitness == kOwnBitness || path.size() < system.size() ||
+      CompareStringOrdinal(path.c_str(), size, system.c_str(), size, TRUE) != CSTR_EQUAL) {
+    return path;
+  }
+  return std::wstring(windows) + (bitness == 64 ? L"\\Sysnative\\" : L"\\SysWOW64\\") +
+         path.substr(system.size());
+}
+
 bool FileExists(const std::wstring& path) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-std::optional<std::vector<uint8_t>> ReadFileBytes(const std::wstring& path) {
+std::optional<std::vector<uint8_t>> ReadFileBytes(const std::wstring& path, FilePart part) {
   const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ,
                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -100,11 +127,17 @@ std::optional<std::vector<uint8_t>> ReadFileBytes(const std::wstring& path) {
   GetFileSizeEx(file, &size);
   std::vector<uint8_t> bytes(size.QuadPart < kMostBytes ? static_cast<size_t>(size.QuadPart)
                                                         : kMostBytes);
+  const bool isCut = part == FilePart::LastLines && size.QuadPart > kMostBytes;
+  if (isCut) {
+    const LARGE_INTEGER start = {.QuadPart = size.QuadPart - kMostBytes};
+    SetFilePointerEx(file, start, nullptr, FILE_BEGIN);
+  }
   DWORD read = 0;
   const BOOL good = ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr);
   CloseHandle(file);
   if (!good) return std::nullopt;
   bytes.resize(read);
+  if (isCut) bytes.erase(bytes.begin(), std::ranges::find(bytes, uint8_t{'\n'}));
   return bytes;
 }
 
@@ -131,7 +164,7 @@ SettingsFile GatherSettings() {
   settings.path = Utf8(path);
   settings.exists = FileExists(path);
   if (settings.exists) {
-    settings.writable = (GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_READONLY) == 0;
+    settings.writable = IsWritable(path);
     ReadSettings(path, settings);
   }
   settings.asideCopies = static_cast<int>(FilesLike(folder + L"vex_cfg.bad*.xml").size());

@@ -88,6 +88,18 @@ constexpr std::array<Entry, kKinds> kEntries = {{
        {"Hay dos versiones del complemento instaladas: {0} y {1}.",
         "Quite las dos en la lista de aplicaciones de Windows y ejecute el programa de instalación "
         "más reciente."}}}},
+    {"leftover",
+     {{{"A registration of the {0}-bit plug-in is left over; its file is gone or of the other "
+        "kind: "
+        "{1}",
+        "Nothing needs to be done; the set-up program, started as an administrator, replaces it."},
+       {"Il reste un enregistrement du complément {0} bits, dont le fichier a disparu ou est de "
+        "l'autre type : {1}",
+        "Il n'y a rien à faire ; le programme d'installation, lancé en tant qu'administrateur, le "
+        "remplace."},
+       {"Queda un registro del complemento de {0} bits, cuyo archivo falta o es del otro tipo: {1}",
+        "No hay que hacer nada; el programa de instalación, ejecutado como administrador, lo "
+        "sustituye."}}}},
     {"elevated-outlook",
      {{{"Outlook runs as an administrator; it then ignores what is installed for you alone.",
         "Start Outlook normally, or run the set-up program as an administrator."},

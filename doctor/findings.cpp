@@ -22,6 +22,7 @@ class CExamination {
     for (const int bitness : Bitnesses()) {
       LookAtRegistration(bitness);
     }
+    LookAtLeftovers();
     LookAtElevation();
     LookAtLoadBehavior();
     LookAtPolicies();
@@ -96,6 +97,20 @@ class CExamination {
       if (other.fileExists && other.fileVersion != registration->fileVersion) {
         Add(FindingKind::VersionsDiffer, {std::min(other.fileVersion, registration->fileVersion),
                                           std::max(other.fileVersion, registration->fileVersion)});
+      }
+    }
+  }
+
+  // Broken registrations that no installed Outlook uses.
+  void LookAtLeftovers() {
+    const std::set<int> bitnesses = Bitnesses();
+    for (const ClassRegistration& registration : m_facts.classes) {
+      if (registration.fileExists && registration.fileBitness == registration.bitness) continue;
+      const bool isUsed = bitnesses.contains(registration.bitness) &&
+                          EffectiveClass(registration.bitness) == &registration;
+      if (!isUsed) {
+        Add(FindingKind::Leftover,
+            {Number(static_cast<uint64_t>(registration.bitness)), registration.path});
       }
     }
   }
@@ -240,8 +255,8 @@ bool IsMendable(FindingKind kind) {
 }
 
 bool IsNote(FindingKind kind) {
-  return kind == FindingKind::Kept || kind == FindingKind::SettingsAside ||
-         kind == FindingKind::Slow;
+  return kind == FindingKind::Leftover || kind == FindingKind::Kept ||
+         kind == FindingKind::SettingsAside || kind == FindingKind::Slow;
 }
 
 std::vector<Finding> Examine(const Facts& facts) {

@@ -20,6 +20,7 @@ enum class FindingKind {
   FileMissing,
   FileOfOtherBitness,
   VersionsDiffer,
+  Leftover,
   ElevatedOutlook,
   SwitchedOff,
   NotAtStart,

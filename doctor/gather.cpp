@@ -45,6 +45,17 @@ int BitnessOf(const std::wstring& path) {
   return image ? image->bitness : 0;
 }
 
+void AddOutlook(std::vector<OutlookInstall>& outlooks, int version, const std::wstring& path) {
+  if (!FileExists(path)) return;
+  // The registry names one Outlook in several places, not always in the same case.
+  const bool known = std::ranges::any_of(outlooks, [&](const OutlookInstall& other) {
+    return CompareStringOrdinal(Wide(other.path).c_str(), -1, path.c_str(), -1, TRUE) == CSTR_EQUAL;
+  });
+  if (!known) outlooks.push_back({version, BitnessOf(path), Utf8(path), FileVersion(path)});
+}
+
+// Searches where Office enters its folder, then among the programs that Windows starts by their
+// names, in case an installation has no other entry.
 std::vector<OutlookInstall> GatherOutlooks() {
   std::vector<OutlookInstall> outlooks;
   for (const int version : kOutlookVersions) {
@@ -53,14 +64,16 @@ std::vector<OutlookInstall> GatherOutlooks() {
       std::wstring path = key.Text(L"Path").value_or(L"");
       if (path.empty()) continue;
       if (path.back() != L'\\') path += L'\\';
-      path += L"OUTLOOK.EXE";
-      if (!FileExists(path)) continue;
-      OutlookInstall outlook{version, BitnessOf(path), Utf8(path), FileVersion(path)};
-      // A 64-bit Office appears in the 32-bit registry view, too.
-      const bool known = std::ranges::any_of(
-          outlooks, [&](const OutlookInstall& other) { return other.path == outlook.path; });
-      if (!known) outlooks.push_back(std::move(outlook));
+      AddOutlook(outlooks, version, path + L"OUTLOOK.EXE");
     }
+  }
+  for (const int view : RegistryViews()) {
+    const CRegistryKey key(HKEY_LOCAL_MACHINE,
+                           L"Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\OUTLOOK.EXE",
+                           view);
+    std::wstring path = key.Text(L"").value_or(L"");
+    std::erase(path, L'"');
+    AddOutlook(outlooks, std::atoi(FileVersion(path).c_str()), path);
   }
   return outlooks;
 }
@@ -89,8 +102,9 @@ void GatherRegistration(Facts& facts) {
     for (const int view : RegistryViews()) {
       const CRegistryKey server(root, std::wstring(kClassKey) + L"\\InprocServer32", view);
       if (const auto path = server.Text(L"")) {
+        const std::wstring file = PathToOpen(*path, view);
         facts.classes.push_back(
-            {scope, view, Utf8(*path), FileExists(*path), BitnessOf(*path), FileVersion(*path)});
+            {scope, view, Utf8(*path), FileExists(file), BitnessOf(file), FileVersion(file)});
       }
       // The user's add-in key is shared by both bitnesses.
       if (scope == Scope::User && view != RegistryViews().front()) continue;
@@ -140,14 +154,12 @@ void GatherPolicies(Facts& facts) {
   }
 }
 
-// The system folder of programs of that bitness, in the path that a 32-bit program must use.
+// The system folder of programs of that bitness.
 std::wstring SystemFolder(int bitness) {
   wchar_t folder[MAX_PATH] = L"";
   GetWindowsDirectoryW(folder, MAX_PATH);
-  if (sizeof(void*) == 8) {
-    return std::wstring(folder) + (bitness == 64 ? L"\\System32" : L"\\SysWOW64");
-  }
-  return std::wstring(folder) + (bitness == 64 ? L"\\Sysnative" : L"\\System32");
+  const bool isOnWindows64 = bitness == 32 && RegistryViews().size() > 1;
+  return std::wstring(folder) + (isOnWindows64 ? L"\\SysWOW64" : L"\\System32");
 }
 
 // Searches where the add-in of that bitness does: its own folder, then the system folder.
@@ -164,7 +176,7 @@ void GatherLibrary(Facts& facts, int bitness) {
   folders.push_back(SystemFolder(bitness));
   for (const std::wstring& folder : folders) {
     const std::wstring path = folder + kLibraryName;
-    const auto bytes = ReadFileBytes(path);
+    const auto bytes = ReadFileBytes(PathToOpen(path, bitness));
     if (!bytes) continue;
     library.path = Utf8(path);
     if (const auto image = ReadPeImage(*bytes)) {

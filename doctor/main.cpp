@@ -5,12 +5,11 @@
 #include <shellapi.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <cwchar>
 #include <string>
 #include <vector>
 
 #include "device/usbxpress.h"
+#include "doctor/console.h"
 #include "doctor/doctor_window.h"
 #include "doctor/file_facts.h"
 #include "doctor/gather.h"
@@ -90,25 +89,6 @@ bool Read(const std::vector<std::wstring>& words, CommandLine& line) {
   return true;
 }
 
-// A program with windows has no console: it writes to its redirected output, or otherwise to the
-// console of its parent.
-void Print(const std::string& utf8) {
-  HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
-  if (output == nullptr || output == INVALID_HANDLE_VALUE) {
-    if (!AttachConsole(ATTACH_PARENT_PROCESS)) return;
-    output = CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE,
-                         FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
-  }
-  DWORD written = 0;
-  DWORD mode = 0;
-  if (GetConsoleMode(output, &mode)) {
-    const std::wstring text = Wide(utf8);
-    WriteConsoleW(output, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
-  } else {
-    WriteFile(output, utf8.data(), static_cast<DWORD>(utf8.size()), &written, nullptr);
-  }
-}
-
 // For the set-up program: returns 32 or 64 for a USB library of that bitness that exports
 // everything the add-in calls.
 int CheckLibrary(const std::wstring& path) {
@@ -127,37 +107,39 @@ int Code(const std::vector<Finding>& findings) {
   return well ? kWell : kFindings;
 }
 
-bool UserAgrees() {
-  Print("Mend what can be mended? [y/N] ");
-  const int answer = std::getwchar();
-  return answer == L'y' || answer == L'Y';
+bool UserAgrees(const CConsole& console, Language language) {
+  console.Print(Utf8(MendQuestion(language)) + " [y/N] ");
+  const std::optional<char> answer = console.Read();
+  if (!answer) return AskToMend(nullptr, language);
+  console.Print("\n");
+  return *answer == 'y' || *answer == 'Y';
 }
 
-int MendOnConsole(const CommandLine& line, const Facts& facts,
+int MendOnConsole(const CConsole& console, const CommandLine& line, const Facts& facts,
                   const std::vector<Finding>& findings) {
-  Print(TextReport(facts, findings, line.language));
+  console.Print(TextReport(facts, findings, line.language));
   const bool mendable = std::ranges::any_of(
       findings, [](const Finding& finding) { return IsMendable(finding.kind); });
   if (!mendable) return Code(findings);
-  if (!line.agreed && !UserAgrees()) return kFindings;
+  if (!line.agreed && !UserAgrees(console, line.language)) return kFindings;
   const std::optional<std::wstring> backup = Mend(facts);
   if (!backup) return kCouldNotLook;
-  Print("-> " + Utf8(*backup) + "\n\n");
+  console.Print("-> " + Utf8(*backup) + "\n\n");
   const Facts now = Gather();
   const std::vector<Finding> left = Examine(now);
-  Print(TextReport(now, left, line.language));
+  console.Print(TextReport(now, left, line.language));
   return Code(left);
 }
 
 int Run(const std::vector<std::wstring>& words) {
   CommandLine line;
   if (!Read(words, line)) {
-    Print(kUsage);
+    CConsole().Print(kUsage);
     return kCouldNotLook;
   }
   if (line.wish == Wish::Library) return CheckLibrary(line.file);
   if (line.wish == Wish::Usage) {
-    Print(kUsage);
+    CConsole().Print(kUsage);
     return kWell;
   }
   if (line.wish == Wish::Window) return ShowDoctorWindow(line.language);
@@ -166,9 +148,9 @@ int Run(const std::vector<std::wstring>& words) {
   if (line.wish == Wish::Report) {
     return WriteReportFile(line.file, facts, findings) ? Code(findings) : kCouldNotLook;
   }
-  if (line.wish == Wish::Fix) return MendOnConsole(line, facts, findings);
-  Print(line.wish == Wish::Json ? JsonReport(facts, findings, line.language)
-                                : TextReport(facts, findings, line.language));
+  if (line.wish == Wish::Fix) return MendOnConsole(CConsole(), line, facts, findings);
+  CConsole().Print(line.wish == Wish::Json ? JsonReport(facts, findings, line.language)
+                                           : TextReport(facts, findings, line.language));
   return Code(findings);
 }
 

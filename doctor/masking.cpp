@@ -15,6 +15,7 @@ constexpr size_t kCellNames = 4;
 constexpr size_t kCellNameSize = 14;
 constexpr size_t kCallNumberOffset = 5;  // start, code, line type, two digits of length
 constexpr char kNumberCharacters[] = "0123456789*#-()";
+constexpr char kDialCharacters[] = "0123456789*#-()pf";  // with pause and flash
 constexpr std::string_view kFolderName = "FolderName=";
 constexpr std::string_view kFirstOfName = "Name[0]: 0x";
 
@@ -25,6 +26,14 @@ bool IsDigit(char c) {
 bool IsStamp(std::string_view line) {
   return line.size() >= kStampSize && line[4] == '/' && line[13] == ':' && line[19] == '.' &&
          line[23] == ' ';
+}
+
+char LowerCase(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool EqualIgnoringCase(std::string_view left, std::string_view right) {
+  return std::ranges::equal(left, right, {}, LowerCase, LowerCase);
 }
 
 int HexDigit(char c) {
@@ -78,16 +87,18 @@ std::string CMasking::Line(std::string_view line) {
          std::string(line.substr(end));
 }
 
-std::string CMasking::Paths(std::string_view text) {
-  std::string masked(text);
-  for (size_t at = 0; at + 7 <= masked.size(); ++at) {
-    std::string folder = masked.substr(at, 7);
-    std::ranges::transform(folder, folder.begin(), [](char c) {
-      return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    if (folder != "\\users\\") continue;
-    const size_t end = std::min(masked.find_first_of("\\\r\n", at + 7), masked.size());
-    masked.replace(at + 7, end - (at + 7), "USER");
+std::string CMasking::Paths(std::string_view text, std::string_view userName) {
+  std::string masked;
+  bool isUser = false;
+  for (size_t start = 0; start < text.size();) {
+    const size_t end = std::min(text.find_first_of("\\\r\n", start), text.size());
+    const std::string_view folder = text.substr(start, end - start);
+    const bool isFolder = start > 0 && text[start - 1] == '\\';
+    const bool isNamed = isFolder && !userName.empty() && EqualIgnoringCase(folder, userName);
+    masked += isUser || isNamed ? "USER" : folder;
+    isUser = isFolder && EqualIgnoringCase(folder, "users") && text.substr(end).starts_with('\\');
+    if (end < text.size()) masked += text[end];
+    start = end + 1;
   }
   return masked;
 }
@@ -178,11 +189,13 @@ std::string CMasking::Text(std::string_view text) {
     if (code != "00" && code != "20") masked.replace(value, 2, "4E");
   }
   for (size_t i = 0; i < masked.size();) {
-    const size_t end = std::min(masked.find_first_not_of(kNumberCharacters, i), masked.size());
+    const std::string_view before = std::string_view(masked).substr(0, i);
+    size_t end = std::min(masked.find_first_not_of(kNumberCharacters, i), masked.size());
+    const bool isMarked =
+        before.ends_with("Number: ") || masked.substr(i, end - i).find('#') != std::string::npos;
+    if (isMarked) end = std::min(masked.find_first_not_of(kDialCharacters, i), masked.size());
     const std::string run = masked.substr(i, end - i);
     const auto digits = static_cast<size_t>(std::ranges::count_if(run, IsDigit));
-    const std::string_view before = std::string_view(masked).substr(0, i);
-    const bool isMarked = before.ends_with("Number: ") || run.find('#') != std::string::npos;
     const bool isHex = before.ends_with("x");
     if (!isHex && digits >= (isMarked ? kShortestMarkedNumber : kShortestNumber)) {
       masked.replace(i, run.size(), Number(run));

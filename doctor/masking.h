@@ -16,8 +16,9 @@ class CMasking {
  public:
   // Masks a log line, with or without its line end.
   std::string Line(std::string_view line);
-  // Removes the user's name from paths in a text.
-  static std::string Paths(std::string_view text);
+  // Removes the user's name from paths in a text: what follows "\Users\", and each folder that has
+  // this name.
+  static std::string Paths(std::string_view text, std::string_view userName = {});
 
  private:
   std::string Message(std::string_view message);

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <lmcons.h>
+
 #include "doctor/file_facts.h"
 #include "doctor/masking.h"
 #include "doctor/report.h"
@@ -17,9 +19,15 @@ std::string Utf8FromAnsi(const std::string& text) {
   return Utf8(wide);
 }
 
-// Empty if there is no log.
+std::string UserName() {
+  wchar_t name[UNLEN + 1] = L"";
+  DWORD size = UNLEN + 1;
+  return GetUserNameW(name, &size) ? Utf8(name) : std::string();
+}
+
+// The end of a long log; empty if there is none.
 std::string MaskedLog(const std::wstring& path) {
-  const std::optional<std::vector<uint8_t>> bytes = ReadFileBytes(path);
+  const std::optional<std::vector<uint8_t>> bytes = ReadFileBytes(path, FilePart::LastLines);
   if (!bytes) return {};
   const std::string_view log(reinterpret_cast<const char*>(bytes->data()), bytes->size());
   CMasking masking;
@@ -38,7 +46,7 @@ std::string MaskedLog(const std::wstring& path) {
 bool WriteReportFile(const std::wstring& path, const Facts& facts,
                      const std::vector<Finding>& findings) {
   std::string text;
-  for (const char c : CMasking::Paths(TextReport(facts, findings, Language::English))) {
+  for (const char c : CMasking::Paths(TextReport(facts, findings, Language::English), UserName())) {
     if (c == '\n') text += '\r';
     text += c;
   }

@@ -83,6 +83,9 @@ bool IsElevated(HWND window) noexcept {
   if (process != nullptr && OpenProcessToken(process, TOKEN_QUERY, &token)) {
     GetTokenInformation(token, TokenElevation, &elevation, size, &size);
     CloseHandle(token);
+  } else {
+    // Windows refuses a normal program a look at an elevated one.
+    elevation.TokenIsElevated = GetLastError() == ERROR_ACCESS_DENIED;
   }
   if (process != nullptr) CloseHandle(process);
   return elevation.TokenIsElevated != 0;

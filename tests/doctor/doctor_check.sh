@@ -20,9 +20,15 @@ findings() { wine "$doctor" --json </dev/null 2>/dev/null |
 expect() {  # findings, what was planted
   local found
   found=$(findings)
-  [[ $found == "$1" ]] && return
-  echo "$2: expected '$1', found '$found'" >&2
-  failed=1
+  [[ $found == "$1" ]] || { echo "$2: expected '$1', found '$found'" >&2; failed=1; }
+  [[ -z $1 ]] || expect_sentences "$(wc -w <<<"$1")" "$2"
+}
+# Each language has different sentences for each finding.
+expect_sentences() {  # number of findings, what was planted
+  local language count
+  count=$(for language in en fr es; do wine "$doctor" --text --language $language </dev/null 2>/dev/null; done |
+    tr -d '\r' | grep -A 1 -E '^\((!|i)\) ' | grep -v '^--' | sort -u | wc -l)
+  ((count == 6 * $1)) || { echo "$2: $count sentences for $1 findings" >&2; failed=1; }
 }
 expect_code() {  # code, arguments
   wine "$doctor" "${@:2}" </dev/null >/dev/null 2>&1
@@ -50,6 +56,22 @@ expect_code 2 --nonsense
 expect_code 64 --library 'C:\Plug-in\x64\SiUSBXp.dll'
 expect_code 1 --library 'C:\Office\OUTLOOK.EXE'
 expect_code 2 --library 'C:\nowhere.dll'
+
+# The library in the system folder of 64-bit programs, which a 32-bit program sees elsewhere.
+mv "$drive/Plug-in/x64/SiUSBXp.dll" "$drive/windows/system32/"
+expect "" "the library in the system folder"
+wine "$doctor" --text </dev/null 2>/dev/null | grep -qi '64-bit: c:\\windows\\system32\\SiUSBXp.dll' ||
+  { echo "the library's path is not shown" >&2; failed=1; }
+mv "$drive/windows/system32/SiUSBXp.dll" "$drive/Plug-in/x64/"
+
+# Outlook's entries.
+reg delete "HKLM\\$office\\InstallRoot" /v Path /f /reg:64
+# Without one, both bitnesses count.
+expect "no-outlook library-missing" "no Outlook"
+reg add 'HKLM\Software\Microsoft\Windows\CurrentVersion\App Paths\OUTLOOK.EXE' /ve /d '"C:\Office\OUTLOOK.EXE"' /f /reg:64
+expect "" "an Outlook without an installation folder"
+reg add "HKLM\\$office\\InstallRoot" /v Path /d 'C:\Office\' /f /reg:64
+expect "" "an Outlook with two entries"
 
 # The bases; the 32-bit doctor sees them through the 32-bit library only.
 cp "$counted" "$drive/Plug-in/x86/SiUSBXp.dll"
@@ -87,6 +109,10 @@ planted() {  # finding, key, value, type, data, view: plants one value, looks, t
   reg delete "$2" /v "$3" /f "${6:-/reg:64}"
 }
 planted new-outlook "HKCU\\$office\\Preferences" UseNewOutlook REG_DWORD 1
+packages='Software\Classes\Local Settings\Software\Microsoft\Windows\CurrentVersion\AppModel\Repository\Packages'
+planted store-outlook "HKCU\\$packages\\Microsoft.Office.Desktop.Outlook_16.0_x86__8wekyb3d8bbwe" x REG_SZ x
+reg delete "HKCU\\$packages" /f
+planted not-at-start "HKCU\\$addin" LoadBehavior REG_DWORD 8
 planted switched-off "HKCU\\$addin" LoadBehavior REG_DWORD 2
 reg delete "HKCU\\$addin" /f
 planted policy-off "HKCU\\$policies\\Resiliency\\AddinList" QuorTelephoneToolbar.Addin REG_SZ 0
@@ -108,9 +134,9 @@ for language in "en:Outlook (16.0) has disabled the plug-in" "fr:Outlook (16.0) 
   [[ $(wine "$doctor" --text --language "${language%%:*}" </dev/null 2>/dev/null) == *"${language#*:}"* ]] ||
     { echo "no '${language#*:}'" >&2; failed=1; }
 done
-expect_code 1 --fix  # without consent
+expect_code 1 --fix  # no answer
 expect "switched-off disabled crashed" "not agreed"
-expect_code 0 --fix --yes
+echo y | wine "$doctor" --fix >/dev/null 2>&1 || { echo "doctor --fix, agreed: exit code $?" >&2; failed=1; }
 expect "kept" "mended"
 wine reg query "HKCU\\$office\\Resiliency\\DisabledItems" </dev/null 2>/dev/null | grep -q Other ||
   { echo "the repair removed another add-in's entry" >&2; failed=1; }
@@ -121,6 +147,11 @@ expect "switched-off disabled crashed" "put back"
 wine "$doctor" --fix --yes </dev/null >/dev/null 2>&1
 reg delete "HKCU\\$office\\Resiliency" /f
 
+rm "$drive/Plug-in/x86/QuorTelephoneToolbar.dll"
+expect leftover "the DLL of a bitness without an Outlook is gone"
+cp "$drive/windows/syswow64/notepad.exe" "$drive/Plug-in/x86/QuorTelephoneToolbar.dll"
+expect versions-differ "a DLL of another version"
+cp "$dll32" "$drive/Plug-in/x86/QuorTelephoneToolbar.dll"
 cp "$dll32" "$drive/Plug-in/x64/QuorTelephoneToolbar.dll"
 expect file-of-other-bitness "a 32-bit DLL for the 64-bit Outlook"
 rm "$drive/Plug-in/x64/QuorTelephoneToolbar.dll"

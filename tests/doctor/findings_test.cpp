@@ -65,6 +65,16 @@ TEST(FindingsTest, EachFaultIsFoundAlone) {
       {"file-missing", [](Facts& f) { f.classes[0].fileExists = false; }},
       {"file-of-other-bitness", [](Facts& f) { f.classes[0].fileBitness = 32; }},
       {"versions-differ", [](Facts& f) { f.classes[1].fileVersion = "0.9.0.0"; }},
+      // Of a bitness for which there is no Outlook.
+      {"leftover", [](Facts& f) { f.classes[1].fileExists = false; }},
+      {"leftover", [](Facts& f) { f.classes[1].fileBitness = 64; }},
+      // The user's registration takes precedence over the one for all users.
+      {"leftover",
+       [](Facts& f) {
+         f.classes.insert(f.classes.begin(), f.classes[0]);
+         f.classes[0].scope = Scope::User;
+         f.classes[1].fileExists = false;
+       }},
       {"elevated-outlook",
        [](Facts& f) {
          for (ClassRegistration& each : f.classes)

@@ -25,6 +25,11 @@ TEST(MaskingTest, OneCallerStaysOneCallerInFramesAndText) {
             "Call request Line1 (#0000000001) complete. ( request size: 13 )");
   EXPECT_EQ(masking.Line("Call request Line1 (#110) complete."),
             "Call request Line1 (#002) complete.");
+  // With a pause, as it is dialled and as it is logged.
+  EXPECT_EQ(masking.Line("[S] (12) 2B 32 01 30 36 30 35 35 70 31 32 0D"),
+            "[S] (12) 2B 32 01 30 36 30 30 30 70 30 33 0D");
+  EXPECT_EQ(masking.Line("Call request Line1 (#055p12) complete. ( request size: 9 )"),
+            "Call request Line1 (#000p03) complete. ( request size: 9 )");
 }
 
 TEST(MaskingTest, NamesOfMobilesAndFoldersGo) {
@@ -40,6 +45,8 @@ TEST(MaskingTest, NamesOfMobilesAndFoldersGo) {
   EXPECT_EQ(masking.Line(frame + " 0D 0A"), expected + " 0D 0A");
   EXPECT_EQ(masking.Line("FolderName=Smith family\r\n"), "FolderName=FOLDER2\r\n");
   EXPECT_EQ(CMasking::Paths("C:\\Users\\Mary Smith\\AppData"), "C:\\Users\\USER\\AppData");
+  EXPECT_EQ(CMasking::Paths("in c:\\users\\Mary\n\\\\server\\profiles\\MARY\\x, mary\n", "Mary"),
+            "in c:\\users\\USER\n\\\\server\\profiles\\USER\\x, mary\n");
 }
 
 TEST(MaskingTest, WhatIsNoNumberStays) {
