@@ -81,6 +81,8 @@ LRESULT CALLBACK CMessageWindow::WindowProcedure(HWND window, UINT message, WPAR
 }
 
 bool CMessageWindow::Dispatch(UINT message, WPARAM wparam, LPARAM lparam) {
+  // Tools that end programs close all windows, but Outlook may stay.
+  if (message == WM_CLOSE) return true;
   if (message == m_deviceMessage) {
     m_handler.OnDeviceEvent(static_cast<DeviceEvent>(wparam), static_cast<uint8_t>(lparam));
     return true;

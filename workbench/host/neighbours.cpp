@@ -35,6 +35,14 @@ LRESULT CALLBACK OnMessage(int code, WPARAM wParam, LPARAM lParam) {
   return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
+BOOL CALLBACK CloseForeign(HWND window, LPARAM) {
+  const LONG_PTR owner = GetWindowLongPtrW(window, GWLP_HINSTANCE);
+  if (reinterpret_cast<HMODULE>(owner) != GetModuleHandleW(nullptr)) {
+    PostMessageW(window, WM_CLOSE, 0, 0);
+  }
+  return TRUE;
+}
+
 }  // namespace
 
 void CNeighbours::MoveIn(Neighbour neighbour) {
@@ -47,6 +55,9 @@ void CNeighbours::MoveIn(Neighbour neighbour) {
       if (!m_hook) {
         m_hook = SetWindowsHookExW(WH_GETMESSAGE, OnMessage, nullptr, GetCurrentThreadId());
       }
+      return;
+    case Neighbour::ClosesWindows:
+      EnumThreadWindows(GetCurrentThreadId(), CloseForeign, 0);
       return;
     case Neighbour::ModalLoop:
       return RunModalLoop();

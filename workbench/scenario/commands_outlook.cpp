@@ -203,6 +203,7 @@ void MoveIn(CRun& run, const CCommandArguments& arguments) {
       {"unpainted", Neighbour::NeverValidates},
       {"repainting", Neighbour::InvalidatesAgain},
       {"hook", Neighbour::MessageHook},
+      {"closing", Neighbour::ClosesWindows},
       {"modal", Neighbour::ModalLoop}};
   for (const auto& [name, neighbour] : kNeighbours) {
     if (arguments.Is(0, name)) return run.stage.host.MoveIn(neighbour);
@@ -284,10 +285,10 @@ constexpr Command kCommands[] = {
      "Runs the block inside the Nth call of a member of the object model from now on, as when such "
      "a call pumps messages in Outlook.",
      2, 2, Block::Required, During},
-    {"neighbour", "unpainted|repainting|hook|modal|leaves",
+    {"neighbour", "unpainted|repainting|hook|closing|modal|leaves",
      "Adds what other add-ins do on Outlook's thread: a window that never validates its region, "
-     "one that invalidates itself while painting, a message hook, a message loop. \"leaves\" "
-     "removes them all.",
+     "one that invalidates itself while painting, a message hook, WM_CLOSE to all windows but "
+     "Outlook's, a message loop. \"leaves\" removes them all.",
      1, 1, Block::None, MoveIn},
     {"fail system", "FUNCTION [call N|N-M|N-] [status ERROR]",
      "Makes calls of a Windows function fail for the add-in, such as PostMessageA.", 1, 5,

@@ -224,6 +224,7 @@ enum class Neighbour {
   NeverValidates,    // a window whose WM_PAINT never stops
   InvalidatesAgain,  // a window that invalidates itself while painting
   MessageHook,       // a WH_GETMESSAGE hook that examines the queue
+  ClosesWindows,     // asks all windows but Outlook's to close, as tools that end programs do
   ModalLoop,         // its own message loop, until the neighbours are removed
 };
 
