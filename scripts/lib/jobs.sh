@@ -1,5 +1,11 @@
-# Sourced by scripts that play scenarios or package them. Each function prints jobs of the workbench,
-# one per line: preset, Outlook version, scenario, options.
+# Sourced by scripts that play scenarios or package them. Each function whose name ends in jobs prints
+# jobs of the workbench, one per line: preset, Outlook version, scenario, options.
+
+# Writes the address books that the scenarios read.
+make_address_books() {  # folder
+  scripts/make-address-book 5000 "$1/5000.vcf" >/dev/null
+  scripts/make-address-book 20000 "$1/20000-lists.vcf" --lists >/dev/null
+}
 
 # Each scenario in all its Outlook versions.
 scenario_jobs() {
