@@ -87,7 +87,7 @@ int Live(const Options& options) {
   if (hasSettings) run.settings = CRun::Settings::None;
   if (!run.Play(ParseScript(kLiveStart, options.outlookVersion))) return kNotPlayed;
   const auto isClosed = [&] { return !workbench.Outlook().Session().ActiveExplorer(); };
-  while (!loop.PumpUntil(isClosed, kFrame))
+  while (!loop.RunUntil(isClosed, kFrame))
     workbench.Face().DrawStale();
   return run.Finish() ? kGood : kFailed;
 }

@@ -114,12 +114,17 @@ bool CMessageLoop::PumpUntil(const std::function<bool()>& done, unsigned millise
   }
 }
 
-void CMessageLoop::Run() {
-  MSG message;
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
+// Peeks for every message at once: Wine forgets the first click of a double click when it looks at
+// the second one while peeking for other messages.
+bool CMessageLoop::RunUntil(const std::function<bool()>& done, unsigned milliseconds) {
+  const ULONGLONG end = GetTickCount64() + milliseconds;
+  while (!done()) {
+    const ULONGLONG now = GetTickCount64();
+    if (now >= end) return false;
+    if (HandleOne(0, 0)) continue;
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
   }
+  return true;
 }
 
 }  // namespace quor::workbench

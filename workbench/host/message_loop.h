@@ -16,8 +16,9 @@ class CMessageLoop {
   bool PumpOne();
   // Calls `done` after every message. False if it is not true within `milliseconds`.
   bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds);
-  // For interactive use: handles everything until the application ends.
-  void Run();
+  // For interactive use: handles everything in the system's order until `done`. False if it is not
+  // true within `milliseconds`.
+  bool RunUntil(const std::function<bool()>& done, unsigned milliseconds);
 
   // Lets the add-in's one-shot timer, due at once, tick before its repeating one, even on a slow
   // machine: drops ticks of the second until the first has come.
