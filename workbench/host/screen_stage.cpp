@@ -153,10 +153,16 @@ void CScreenStage::CloseWindow(const std::string& title) {
   CloseByUser(AllWindows(), title);
 }
 
-std::string CScreenStage::Screenshot(const std::string& name) {
+// With a slash, which Windows accepts, too: the path is shown to users of both systems.
+std::string CScreenStage::PicturePath(const std::string& name) const {
+  return m_pictureFolder + "/" + name + ".png";
+}
+
+std::string CScreenStage::Screenshot(const std::string& name, const std::string& title) {
   // First query what the add-in has invalidated.
   AsUser([&] { m_face.OnChanged(); });
-  return SaveScreenshot(m_pictureFolder + "\\" + name + ".png");
+  const HWND window = title.empty() ? nullptr : FindByTitle(AllWindows(), title);
+  return SaveScreenshot(PicturePath(name), window);
 }
 
 // Office queries its pictures in the screen's size.
@@ -168,15 +174,16 @@ void CScreenStage::ShowScale(int scale) {
 }
 
 std::string CScreenStage::Picture(const PictureOrder& order) {
-  const std::string path = m_pictureFolder + "\\" + order.name + ".png";
+  const std::string path = PicturePath(order.name);
+  CWindowObject* const window = InspectorOf(order.inspector);
   PictureLook look;
   look.scale = order.scale;
   look.theme = order.dark ? Theme::Dark : Theme::Light;
   ShowScale(order.scale);
   AsUser([&] {
-    m_face.OpenMenu(nullptr, WidePath(order.menu));
-    m_face.RenderToPng(nullptr, WideFromUtf8(path), look);
-    m_face.OpenMenu(nullptr, {});
+    m_face.OpenMenu(window, WidePath(order.menu));
+    m_face.RenderToPng(window, WideFromUtf8(path), look);
+    m_face.OpenMenu(window, {});
   });
   ShowScale(kUsualScale);
   return path;

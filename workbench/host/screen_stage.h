@@ -32,7 +32,7 @@ class CScreenStage final : public IScreenStage {
   void Enter(const std::string& title, int field, const std::string& text) override;
   void PressKey(const std::string& title, const std::string& key) override;
   void CloseWindow(const std::string& title) override;
-  std::string Screenshot(const std::string& name) override;
+  std::string Screenshot(const std::string& name, const std::string& title) override;
   std::string Picture(const PictureOrder& order) override;
 
  private:
@@ -42,6 +42,7 @@ class CScreenStage final : public IScreenStage {
   // The add-in's windows, and Outlook's options dialog with its page.
   std::vector<HWND> AllWindows() const;
   void ShowScale(int scale);
+  std::string PicturePath(const std::string& name) const;
 
   COutlook& m_outlook;
   COfficeFace& m_face;

@@ -1,6 +1,7 @@
 #include "workbench/host/screenshot.h"
 
 #include <cstddef>
+#include <memory>
 #include <vector>
 
 #include "workbench/office/value.h"
@@ -62,6 +63,32 @@ HBITMAP CopySettledScreen() {
   return bitmap;
 }
 
+// Grows the area by an owned pop-up that is shown.
+struct OwnersArea {
+  HWND owner;
+  RECT area;
+};
+
+BOOL CALLBACK AddPopUp(HWND window, LPARAM context) {
+  auto& owners = *reinterpret_cast<OwnersArea*>(context);
+  RECT area = {};
+  if (GetWindow(window, GW_OWNER) == owners.owner && IsWindowVisible(window) &&
+      GetWindowRect(window, &area)) {
+    UnionRect(&owners.area, &owners.area, &area);
+  }
+  return TRUE;
+}
+
+// Where the window and the pop-ups that it owns are on the screen.
+RECT AreaOf(HWND window) {
+  OwnersArea owners = {window, {}};
+  GetWindowRect(window, &owners.area);
+  EnumThreadWindows(GetCurrentThreadId(), AddPopUp, reinterpret_cast<LPARAM>(&owners));
+  const RECT screen = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+  IntersectRect(&owners.area, &owners.area, &screen);
+  return owners.area;
+}
+
 }  // namespace
 
 bool HasScreen() {
@@ -72,13 +99,22 @@ bool HasScreen() {
   return lstrcmpiW(driver, L"null") != 0;
 }
 
-std::string SaveScreenshot(const std::string& path) {
+std::string SaveScreenshot(const std::string& path, HWND window) {
   if (!HasScreen()) return {};
   const HBITMAP bitmap = CopySettledScreen();
   const CGdiPlus gdiPlus;
   Gdiplus::Bitmap picture(bitmap, nullptr);
   DeleteObject(bitmap);
-  SavePng(picture, WideFromUtf8(path));
+  if (window == nullptr) {
+    SavePng(picture, WideFromUtf8(path));
+    return path;
+  }
+  const RECT area = AreaOf(window);
+  const std::unique_ptr<Gdiplus::Bitmap> part(
+      picture.Clone(static_cast<int>(area.left), static_cast<int>(area.top),
+                    static_cast<int>(area.right - area.left),
+                    static_cast<int>(area.bottom - area.top), PixelFormat32bppRGB));
+  SavePng(*part, WideFromUtf8(path));
   return path;
 }
 

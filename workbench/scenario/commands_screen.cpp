@@ -261,17 +261,23 @@ void CloseWindow(CRun& run, const CCommandArguments& arguments) {
 }
 
 void Screenshot(CRun& run, const CCommandArguments& arguments) {
-  const std::string path = run.stage.screen.Screenshot(arguments.Text(0));
+  if (arguments.Count() != 1 && !(arguments.Count() == 3 && arguments.Is(1, "of"))) {
+    throw CScenarioError("usage: screenshot NAME [of TITLE]");
+  }
+  const std::string title = arguments.Count() == 3 ? arguments.Text(2) : std::string();
+  const std::string path = run.stage.screen.Screenshot(arguments.Text(0), title);
   run.transcript.Show(path.empty() ? "no screen to take a picture of" : "picture: " + path);
 }
 
-// [menu CONTROL [> ITEM]...] [scale N] [dark], in any order.
+// [of CONTACT] [menu CONTROL [> ITEM]...] [scale N] [dark], in any order.
 PictureOrder ReadPictureOrder(const CCommandArguments& arguments) {
   PictureOrder order;
   order.name = arguments.Text(0);
   for (size_t at = 1; at < arguments.Count(); ++at) {
     if (arguments.Is(at, "dark")) {
       order.dark = true;
+    } else if (arguments.Is(at, "of")) {
+      order.inspector = arguments.Text(++at);
     } else if (arguments.Is(at, "scale")) {
       order.scale = arguments.Number(++at, 100, 200);
     } else if (arguments.Is(at, "menu")) {
@@ -340,12 +346,13 @@ constexpr Command kCommands[] = {
      "other word is typed.",
      2, kAnyNumber, Block::None, Keys},
     {"close window", "TITLE", "Closes a window by its title bar.", 1, 1, Block::None, CloseWindow},
-    {"screenshot", "NAME",
-     "Saves a picture of the screen; without a screen, prints this and continues.", 1, 1,
-     Block::None, Screenshot},
-    {"picture", "NAME [menu CONTROL [> ITEM]...] [scale 100|150|200] [dark]",
-     "Draws the main window into a file, optionally with a menu or a combo box's list opened, "
-     "enlarged, or in Office's dark theme; needs no screen.",
+    {"screenshot", "NAME [of TITLE]",
+     "Saves a picture of the screen, or of one window with its tooltip; without a screen, prints "
+     "this and continues.",
+     1, 3, Block::None, Screenshot},
+    {"picture", "NAME [of CONTACT] [menu CONTROL [> ITEM]...] [scale 100|150|200] [dark]",
+     "Draws the main window or a contact's own window into a file, optionally with a menu or a "
+     "combo box's list opened, enlarged, or in Office's dark theme; needs no screen.",
      1, kAnyNumber, Block::None, Picture},
 };
 

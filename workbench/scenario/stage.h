@@ -95,9 +95,10 @@ struct WindowView {
 // text of one of its controls.
 bool IsCalled(const WindowView& window, const std::string& name);
 
-// How to take a picture of the main window.
+// How to draw a picture of the main window, or of the inspector with the named item.
 struct PictureOrder {
   std::string name;
+  std::string inspector;          // empty: the main window
   std::vector<std::string> menu;  // opened first; empty: none
   int scale = 100;                // per cent
   bool dark = false;              // Office's dark theme, which only the ribbon has
@@ -132,9 +133,10 @@ class IScreenStage {
   // Sends and handles "Tab", "Shift+Tab", "Alt+l" or a typed text.
   virtual void PressKey(const std::string& title, const std::string& key) = 0;
   virtual void CloseWindow(const std::string& title) = 0;
-  // Returns the path of the picture; empty if there is no screen.
-  virtual std::string Screenshot(const std::string& name) = 0;
-  // Draws the main window into a file, with or without a screen; returns the path.
+  // A picture of the screen, or of one window with its tooltip. Returns the path; empty if there is
+  // no screen.
+  virtual std::string Screenshot(const std::string& name, const std::string& title) = 0;
+  // Draws a window of Outlook into a file, with or without a screen; returns the path.
   virtual std::string Picture(const PictureOrder& order) = 0;
 
  protected:

@@ -136,7 +136,7 @@ class CNotedStage final : public IHostStage,
   void PressKey(const std::string&, const std::string&) override {}
   void CloseWindow(const std::string&) override {}
   void PointAt(const std::string&, const std::string&) override {}
-  std::string Screenshot(const std::string& name) override { return name; }
+  std::string Screenshot(const std::string& name, const std::string&) override { return name; }
   std::string Picture(const PictureOrder& order) override { return order.name; }
 
   void WriteFile(const std::string& path, const std::string& content) override;
