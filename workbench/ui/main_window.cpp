@@ -14,8 +14,9 @@ namespace {
 
 constexpr wchar_t kClassName[] = L"rctrl_renwnd32";
 constexpr UINT_PTR kEditSubclass = 1;
-constexpr int kEditFontSize = 12;         // pixels at 100 %
-constexpr UINT kCommitEdit = WM_APP + 1;  // wParam: commit or not
+constexpr WPARAM kSystemCommand = 0xFFF0;  // the low bits are the system's own
+constexpr int kEditFontSize = 12;          // pixels at 100 %
+constexpr UINT kEndEdit = WM_APP + 1;      // wParam: the key that ends it
 
 void RegisterWindowClass(WNDPROC procedure) {
   WNDCLASSEXW description = {};
@@ -26,6 +27,15 @@ void RegisterWindowClass(WNDPROC procedure) {
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   description.lpszClassName = kClassName;
   RegisterClassExW(&description);  // fails harmlessly for further windows
+}
+
+// The same part in two paintings.
+bool IsSame(const HitArea& left, const HitArea& right) noexcept {
+  return left.kind == right.kind && left.handle == right.handle && left.index == right.index;
+}
+
+bool IsRow(const HitArea& hit) noexcept {
+  return hit.kind == HitArea::Kind::Row || hit.kind == HitArea::Kind::Folder;
 }
 
 int ClientWidth(HWND window, int scale) {
@@ -115,6 +125,7 @@ void CMainWindow::Paint() {
     if (m_options.painted && !life.expired() && scene.width > 0 && scene.height > 0) {
       CCanvas canvas(scene.width, scene.height, m_options.scale);
       m_hits = PaintWindow(canvas, face, scene);
+      PaintFocus(canvas);
       canvas.CopyTo(context);
     }
     if (!life.expired()) SetWindowTextW(window, face.title.c_str());
@@ -122,6 +133,16 @@ void CMainWindow::Paint() {
     // No exception may leave a window procedure; the next painting tries again.
   }
   EndPaint(window, &paint);
+}
+
+void CMainWindow::PaintFocus(CCanvas& canvas) {
+  constexpr Colour kFocus = 0x1F1F1F;
+  const std::vector<HitArea> stops = Stops();
+  if (!m_focus || stops.empty()) return;
+  const auto found =
+      std::ranges::find_if(stops, [this](const HitArea& stop) { return IsSame(stop, *m_focus); });
+  m_focus = found == stops.end() ? stops.front() : *found;
+  canvas.Frame(m_focus->rect, kFocus);
 }
 
 // Runs a user's action, which may close the window and destroy this object; the result is then
@@ -150,6 +171,7 @@ const HitArea* CMainWindow::HitAt(int x, int y) const noexcept {
 }
 
 void CMainWindow::OnClick(int x, int y) {
+  m_focus.reset();
   if (m_edit != nullptr && !EndEdit(true)) return;
   const HitArea* hit = HitAt(x, y);
   if (hit == nullptr || !hit->enabled) {
@@ -210,12 +232,111 @@ void CMainWindow::Act(const HitArea& hit) {
   }
 }
 
+// --- the keyboard ---
+
+// Where the keyboard can go: into the innermost open menu, or else to all but it.
+std::vector<HitArea> CMainWindow::Stops() const {
+  const auto depth = static_cast<int>(m_open.size());
+  std::vector<HitArea> stops;
+  for (const HitArea& hit : m_hits) {
+    if (hit.enabled && hit.depth == depth && hit.kind != HitArea::Kind::ComboArrow) {
+      stops.push_back(hit);
+    }
+  }
+  return stops;
+}
+
+// Moves on to the next stop, around the end; the rows of a list are one stop unless `inside` it.
+void CMainWindow::MoveFocus(int step, bool inside) {
+  const std::vector<HitArea> stops = Stops();
+  const auto count = static_cast<int>(stops.size());
+  if (count == 0) return;
+  const auto found = std::ranges::find_if(
+      stops, [this](const HitArea& stop) { return m_focus && IsSame(stop, *m_focus); });
+  int at = static_cast<int>(found - stops.begin());
+  if (found == stops.end()) at = step > 0 ? -1 : count;
+  do {
+    at = (at + step + count) % count;
+  } while (!inside && m_focus && IsRow(*m_focus) && stops[at].kind == m_focus->kind &&
+           !IsSame(stops[at], *m_focus));
+  m_focus = stops[at];
+  if (m_focus->kind == HitArea::Kind::ComboText) BeginEdit(*m_focus);
+  Redraw();
+}
+
+void CMainWindow::ActOnFocus() {
+  const HitArea hit = *m_focus;
+  if (hit.kind == HitArea::Kind::Row) {
+    Try([this, &hit] { m_content.OpenRow(hit.index); });
+  } else {
+    Try([this, &hit] { Act(hit); });
+  }
+}
+
+void CMainWindow::LeaveMenu() {
+  const int opener = m_open.back();
+  m_open.pop_back();
+  const auto found = std::ranges::find_if(m_hits, [opener](const HitArea& hit) {
+    return hit.handle == opener && hit.kind != HitArea::Kind::ComboArrow;
+  });
+  if (found != m_hits.end()) m_focus = *found;
+  Redraw();
+}
+
+void CMainWindow::OnArrow(WPARAM key) {
+  const int step = key == VK_RIGHT || key == VK_DOWN ? 1 : -1;
+  const bool across = key == VK_RIGHT || key == VK_LEFT;
+  const bool inMenu = !m_open.empty();
+  if (inMenu && key == VK_LEFT) {
+    LeaveMenu();
+  } else if ((key == VK_RIGHT && inMenu && m_focus->kind == HitArea::Kind::Menu) ||
+             (key == VK_DOWN && !inMenu &&
+              (m_focus->kind == HitArea::Kind::Menu ||
+               m_focus->kind == HitArea::Kind::ComboText))) {
+    Try([this] { ActOnMenu(*m_focus); });
+  } else if (!inMenu || !across) {
+    MoveFocus(step, !across);
+    if (m_focus && IsRow(*m_focus) && !across) Try([this, hit = *m_focus] { Act(hit); });
+  }
+}
+
+bool CMainWindow::OnKey(WPARAM key) {
+  if (key == VK_TAB) {
+    if (m_open.empty()) MoveFocus(GetKeyState(VK_SHIFT) < 0 ? -1 : 1, false);
+    return true;
+  }
+  if (!m_focus) return false;
+  switch (key) {
+    case VK_RIGHT:
+    case VK_LEFT:
+    case VK_DOWN:
+    case VK_UP:
+      OnArrow(key);
+      return true;
+    case VK_RETURN:
+    case VK_SPACE:
+      ActOnFocus();
+      return true;
+    case VK_ESCAPE:
+      if (!m_open.empty()) {
+        LeaveMenu();
+      } else {
+        m_focus.reset();
+        Redraw();
+      }
+      return true;
+    default:
+      return false;
+  }
+}
+
 // --- typing into a combo box ---
 
 void CMainWindow::BeginEdit(const HitArea& hit) {
   const auto scaled = [this](int value) { return value * m_options.scale / 100; };
   const Rect field = hit.rect.Inset(2);
   m_editHandle = hit.handle;
+  m_focus = hit;
   m_edit = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL, scaled(field.x),
                            scaled(field.y), scaled(field.width), scaled(field.height), m_window,
                            nullptr, GetModuleHandleW(nullptr), nullptr);
@@ -243,9 +364,9 @@ LRESULT CALLBACK CMainWindow::EditProcedure(HWND window, UINT message, WPARAM wP
   auto* owner = reinterpret_cast<CMainWindow*>(self);
   switch (message) {
     case WM_KEYDOWN:
-      if (wParam == VK_RETURN || wParam == VK_ESCAPE || wParam == VK_TAB) {
+      if (wParam == VK_RETURN || wParam == VK_ESCAPE || wParam == VK_TAB || wParam == VK_DOWN) {
         // Posted, because the window cannot be destroyed while it handles its own message.
-        PostMessageW(owner->m_window, kCommitEdit, wParam != VK_ESCAPE, 0);
+        PostMessageW(owner->m_window, kEndEdit, wParam, 0);
         return 0;
       }
       break;
@@ -278,17 +399,29 @@ LRESULT CMainWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       OnDoubleClick(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
       return 0;
     case WM_KEYDOWN:
-      if (wParam == VK_ESCAPE) CloseMenus();
+      if (!OnKey(wParam) && wParam == VK_ESCAPE) CloseMenus();
       return 0;
-    case kCommitEdit:
-      EndEdit(wParam != 0);
+    case WM_SYSCOMMAND:
+      // Alt alone or F10, which open a menu bar; lParam is the letter of Alt with a letter.
+      if ((wParam & kSystemCommand) != SC_KEYMENU || lParam != 0) break;
+      EndEdit(false);
+      m_focus.reset();
+      MoveFocus(1, false);
+      return 0;
+    case kEndEdit:
+      // Tab moves on and Down opens the list.
+      if (EndEdit(wParam == VK_RETURN || wParam == VK_TAB) && wParam != VK_ESCAPE &&
+          wParam != VK_RETURN) {
+        OnKey(wParam);
+      }
       return 0;
     case WM_CLOSE:
       m_content.Close();
       return 0;
     default:
-      return DefWindowProcW(m_window, message, wParam, lParam);
+      break;
   }
+  return DefWindowProcW(m_window, message, wParam, lParam);
 }
 
 LRESULT CALLBACK CMainWindow::WindowProcedure(HWND window, UINT message, WPARAM wParam,

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -54,6 +55,15 @@ class CMainWindow {
   void ActOnMenu(const HitArea& hit);
   void OnClick(int x, int y);
   void OnDoubleClick(int x, int y);
+  // The keyboard's way through the window: Alt or F10 begins it, Tab and the arrows move on, Enter
+  // acts, Esc leads back.
+  bool OnKey(WPARAM key);  // false: not a key of ours
+  void OnArrow(WPARAM key);
+  std::vector<HitArea> Stops() const;
+  void MoveFocus(int step, bool inside);
+  void ActOnFocus();
+  void LeaveMenu();
+  void PaintFocus(CCanvas& canvas);
   void BeginEdit(const HitArea& hit);
   bool EndEdit(bool commit);  // false: the window was destroyed
   static LRESULT CALLBACK EditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
@@ -71,7 +81,8 @@ class CMainWindow {
   std::unique_ptr<HFONT, FontDeleter> m_editFont;
   int m_editHandle = 0;
   std::vector<int> m_open;
-  std::vector<HitArea> m_hits;  // of the last painting
+  std::vector<HitArea> m_hits;     // of the last painting
+  std::optional<HitArea> m_focus;  // where the keyboard is
   std::shared_ptr<int> m_life = std::make_shared<int>(0);
   std::wstring m_notice;  // why the last action failed
 };

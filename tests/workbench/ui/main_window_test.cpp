@@ -115,6 +115,31 @@ TEST_F(MainWindow, ClicksReachButtonsAndMenuItems) {
   EXPECT_EQ(m_content.done, (std::vector<std::string>{"click 1", "click 3", "pick 4 0"}));
 }
 
+TEST_F(MainWindow, KeysReachButtonsMenusAndLists) {
+  const auto press = [this](HWND window, WPARAM key) {
+    Pump();  // paints, too
+    SendMessageW(window, WM_KEYDOWN, key, 0);
+    Pump();
+  };
+  HWND window = m_window->Handle();
+  press(window, VK_RETURN);  // nothing has the focus yet
+  SendMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, 0);
+  press(window, VK_RETURN);
+  press(window, VK_RIGHT);
+  press(window, VK_DOWN);
+  press(window, VK_ESCAPE);  // closes the menu only
+  press(window, VK_DOWN);
+  press(window, VK_RETURN);
+  SendMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, 0);
+  press(window, VK_TAB);
+  press(window, VK_TAB);
+  HWND field = FindWindowExW(window, nullptr, L"EDIT", nullptr);
+  ASSERT_NE(field, nullptr);
+  press(field, VK_DOWN);
+  press(window, VK_RETURN);
+  EXPECT_EQ(m_content.done, (std::vector<std::string>{"click 1", "click 3", "pick 4 0"}));
+}
+
 TEST_F(MainWindow, EnterInTheFieldHandsOverItsText) {
   Click(HitArea::Kind::ComboText, 4);
   HWND field = FindWindowExW(m_window->Handle(), nullptr, L"EDIT", nullptr);
