@@ -91,17 +91,24 @@ PanelFace CBasePanel::Face() {
   const auto canRing = [&](uint8_t lineType) {
     return plugged && !rings && base.State(lineType) == CBelievableBase::kIdle;
   };
+  const bool used = IsUsedElsewhere(base);
   face.buttons = {
-      {kPlug, L"Plug in", !plugged},
-      {kUnplug, L"Pull out", plugged},
-      {kRingLine1, L"Ring line 1", canRing(kLine1)},
-      {kRingLine2, L"Ring line 2", canRing(kLine2)},
-      {kRingCell, L"Ring mobile 1", canRing(kCell1)},
-      {kGiveUp, L"Caller gives up", plugged && rings},
-      {kHangUp, L"End the call", plugged && LineInCall(base).has_value()},
-      {kRefuse, L"Next is busy", plugged},
-      {kUse, IsUsedElsewhere(base) ? L"Free line 2" : L"Use line 2",
-       IsUsedElsewhere(base) || canRing(kLine2)},
+      {kPlug, L"Plug in", !plugged, L"Connects the base to the computer."},
+      {kUnplug, L"Pull out", plugged, L"Pulls the base's cable out of the computer."},
+      {kRingLine1, L"Ring line 1", canRing(kLine1),
+       L"Anna Smith calls line 1; the base sends her number and name."},
+      {kRingLine2, L"Ring line 2", canRing(kLine2),
+       L"01715550123 calls line 2; the base sends no name, but the number is in the contacts."},
+      {kRingCell, L"Ring mobile 1", canRing(kCell1), L"34915554433 calls the first mobile."},
+      {kGiveUp, L"Caller gives up", plugged && rings,
+       L"The caller hangs up before anybody answers."},
+      {kHangUp, L"End the call", plugged && LineInCall(base).has_value(),
+       L"The other party hangs up."},
+      {kRefuse, L"Next is busy", plugged,
+       L"The base refuses the next call that Outlook asks for: the line is busy."},
+      {kUse, used ? L"Free line 2" : L"Use line 2", used || canRing(kLine2),
+       used ? L"The handset on line 2 hangs up."
+            : L"A handset takes line 2; Outlook cannot use it."},
   };
   return face;
 }

@@ -22,15 +22,15 @@ Gdiplus::Rect Area(const Rect& rect) {
   return {rect.x, rect.y, rect.width, rect.height};
 }
 
-// One line; a typographic format adds no space at the ends.
+// A typographic format adds no space at the ends.
 class CLineFormat : public Gdiplus::StringFormat {
  public:
-  explicit CLineFormat(Align align)
+  explicit CLineFormat(Align align, bool wrapped = false)
       : Gdiplus::StringFormat(Gdiplus::StringFormat::GenericTypographic()) {
-    SetFormatFlags(Gdiplus::StringFormatFlagsNoWrap |
+    SetFormatFlags((wrapped ? 0 : Gdiplus::StringFormatFlagsNoWrap) |
                    Gdiplus::StringFormatFlagsMeasureTrailingSpaces);
     SetTrimming(Gdiplus::StringTrimmingEllipsisCharacter);
-    SetLineAlignment(Gdiplus::StringAlignmentCenter);
+    SetLineAlignment(wrapped ? Gdiplus::StringAlignmentNear : Gdiplus::StringAlignmentCenter);
     SetAlignment(align == Align::Left     ? Gdiplus::StringAlignmentNear
                  : align == Align::Centre ? Gdiplus::StringAlignmentCenter
                                           : Gdiplus::StringAlignmentFar);
@@ -149,7 +149,7 @@ const Gdiplus::Font& CCanvas::Font(const TextStyle& style) {
 
 void CCanvas::Text(const Rect& rect, std::wstring_view text, const TextStyle& style) {
   const Gdiplus::SolidBrush brush(Solid(style.colour));
-  const CLineFormat format(style.align);
+  const CLineFormat format(style.align, style.wrapped);
   const Gdiplus::RectF area(static_cast<float>(rect.x), static_cast<float>(rect.y),
                             static_cast<float>(rect.width), static_cast<float>(rect.height));
   m_graphics.DrawString(text.data(), static_cast<int>(text.size()), &Font(style), area, &format,

@@ -36,6 +36,7 @@ struct TextStyle {
   Colour colour = 0x000000;
   bool bold = false;
   Align align = Align::Left;
+  bool wrapped = false;  // several lines, from the top; otherwise one, vertically centred
 };
 
 struct Point {
@@ -61,7 +62,7 @@ class CCanvas {
   void RoundedFrame(const Rect& rect, int radius, Colour fill, Colour border);
   void Polygon(const std::vector<Point>& points, Colour colour);
   void Disc(Point centre, double radius, Colour colour);
-  // One line, cut with an ellipsis, vertically centred.
+  // Cut with an ellipsis.
   void Text(const Rect& rect, std::wstring_view text, const TextStyle& style);
   int TextWidth(std::wstring_view text, const TextStyle& style);  // pixels at 100 %, rounded up
   // Fits the picture into the centre of the rectangle; `greyed`: as in a disabled control.

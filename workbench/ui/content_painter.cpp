@@ -204,6 +204,7 @@ void PaintPanel(Painting& painting, const Rect& area) {
   y += 8;
   const int width = (area.width - 30) / 2;
   bool left = true;
+  std::wstring hint = L"Point at a button to read what it does.";
   for (const PanelButton& button : painting.face.panel.buttons) {
     const Rect rect = {area.x + (left ? 10 : 20 + width), y, width, kButtonHeight};
     painting.canvas.RoundedFrame(rect, 3, palette.field, palette.fieldEdge);
@@ -212,9 +213,13 @@ void PaintPanel(Painting& painting, const Rect& area) {
                           .colour = button.enabled ? palette.text : palette.faintText,
                           .align = Align::Centre});
     painting.hits.push_back({HitArea::Kind::PanelButton, rect, button.id, 0, 0, button.enabled});
+    if (button.id == painting.options.explained) hint = button.hint;
     if (!left) y += kButtonHeight + 6;
     left = !left;
   }
+  if (!left) y += kButtonHeight + 6;
+  painting.canvas.Text({area.x + 12, y + 6, area.width - 22, area.Bottom() - y - 6}, hint,
+                       {.size = 12, .colour = palette.text, .wrapped = true});
 }
 
 }  // namespace quor::workbench

@@ -94,6 +94,8 @@ SceneOptions CMainWindow::Scene(bool withTitleBar) const {
   scene.width = withTitleBar ? m_options.width : ClientWidth(m_window, m_options.scale);
   scene.height = withTitleBar ? m_options.height : ClientHeight(m_window, m_options.scale);
   scene.notice = m_notice;
+  scene.explained =
+      m_focus && m_focus->kind == HitArea::Kind::PanelButton ? m_focus->handle : m_pointed;
   for (const int handle : m_open) {
     OpenPart part;
     part.handle = handle;
@@ -188,6 +190,12 @@ void CMainWindow::OnDoubleClick(int x, int y) {
     return;
   }
   Try([this, row = hit->index] { m_content.OpenRow(row); });
+}
+
+void CMainWindow::OnPointed(int x, int y) {
+  const HitArea* hit = HitAt(x, y);
+  const int pointed = hit && hit->kind == HitArea::Kind::PanelButton ? hit->handle : -1;
+  if (std::exchange(m_pointed, pointed) != pointed) Redraw();
 }
 
 void CMainWindow::ActOnMenu(const HitArea& hit) {
@@ -397,6 +405,9 @@ LRESULT CMainWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_LBUTTONDBLCLK:
       OnDoubleClick(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
+      return 0;
+    case WM_MOUSEMOVE:
+      OnPointed(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
       return 0;
     case WM_KEYDOWN:
       if (!OnKey(wParam) && wParam == VK_ESCAPE) CloseMenus();

@@ -55,6 +55,7 @@ class CMainWindow {
   void ActOnMenu(const HitArea& hit);
   void OnClick(int x, int y);
   void OnDoubleClick(int x, int y);
+  void OnPointed(int x, int y);
   // The keyboard's way through the window: Alt or F10 begins it, Tab and the arrows move on, Enter
   // acts, Esc leads back.
   bool OnKey(WPARAM key);  // false: not a key of ours
@@ -83,6 +84,7 @@ class CMainWindow {
   std::vector<int> m_open;
   std::vector<HitArea> m_hits;     // of the last painting
   std::optional<HitArea> m_focus;  // where the keyboard is
+  int m_pointed = -1;              // the panel's button under the mouse, or -1
   std::shared_ptr<int> m_life = std::make_shared<int>(0);
   std::wstring m_notice;  // why the last action failed
 };

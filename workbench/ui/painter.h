@@ -32,6 +32,7 @@ struct SceneOptions {
   bool titleBar = false;
   std::vector<OpenPart> open;  // each inside the previous one
   std::wstring notice;         // for the status line
+  int explained = -1;          // the panel's button whose hint is shown, or -1
 };
 
 constexpr int kTitleHeight = 30;

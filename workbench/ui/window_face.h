@@ -44,6 +44,7 @@ struct PanelButton {
   int id = 0;  // passed back when it is pressed
   std::wstring caption;
   bool enabled = true;
+  std::wstring hint;  // what it does
 };
 struct PanelFace {
   std::wstring title;
