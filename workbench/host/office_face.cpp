@@ -103,10 +103,29 @@ COfficeFace::PartsPtr COfficeFace::PartsOf(CExplorer& explorer) {
   return parts;
 }
 
+// Inside the first main window, beside its panel with the base.
+WindowOptions COfficeFace::InspectorPlace() const {
+  constexpr int kInset = 30;  // pixels
+  constexpr int kBelow = 160;
+  WindowOptions place;
+  place.width -= kPanelWidth + 2 * kInset;
+  place.height -= 2 * kBelow;
+  for (const auto& parts : m_windows) {
+    if (!parts->isExplorer) continue;
+    POINT corner = {kInset, kBelow};
+    ClientToScreen(parts->window->Handle(), &corner);
+    place.left = static_cast<int>(corner.x);
+    place.top = static_cast<int>(corner.y);
+    break;
+  }
+  return place;
+}
+
 COfficeFace::PartsPtr COfficeFace::PartsOf(CInspector& inspector) {
   if (PartsPtr known = FindKnown(inspector)) return known;
   PartsPtr parts = NewParts(inspector, false);
   OutlookWindowOptions options;
+  options.window = InspectorPlace();
   options.window.painted = m_painted && HasScreen();
   options.skin = m_version < kFirstInspectorRibbon ? Skin::Toolbars : Skin::Ribbon;
   parts->window = std::make_unique<COutlookWindow>(*m_session, inspector, *parts->bars, options);

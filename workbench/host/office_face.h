@@ -89,6 +89,7 @@ class COfficeFace final : public IOutlookFace {
   PartsPtr FindKnown(const CWindowObject& window);
   PartsPtr NewParts(CWindowObject& window, bool isExplorer);
   PartsPtr Find(CWindowObject* window);
+  WindowOptions InspectorPlace() const;
   void Show(WindowParts& parts);
   void OpenRibbon(WindowParts& parts);
   void Update(WindowParts& parts);

@@ -57,7 +57,7 @@ CMainWindow::CMainWindow(IWindowContent& content, const WindowOptions& options)
   RegisterWindowClass(&WindowProcedure);
   RECT frame = {0, 0, options.width * options.scale / 100, options.height * options.scale / 100};
   AdjustWindowRect(&frame, WS_OVERLAPPEDWINDOW, FALSE);
-  m_window = CreateWindowExW(0, kClassName, L"", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
+  m_window = CreateWindowExW(0, kClassName, L"", WS_OVERLAPPEDWINDOW, options.left, options.top,
                              static_cast<int>(frame.right - frame.left),
                              static_cast<int>(frame.bottom - frame.top), nullptr, nullptr,
                              GetModuleHandleW(nullptr), this);

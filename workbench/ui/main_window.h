@@ -19,6 +19,8 @@ struct WindowOptions {
   int scale = 100;   // per cent: 100, 150, 200
   int width = 1180;  // of the client area, pixels at 100 %
   int height = 700;
+  int left = CW_USEDEFAULT;  // on the screen
+  int top = CW_USEDEFAULT;
   bool painted = true;  // false: nothing is drawn on the screen, but pictures are
 };
 

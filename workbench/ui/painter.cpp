@@ -9,7 +9,6 @@ namespace quor::workbench {
 namespace {
 
 constexpr int kStatusHeight = 22;
-constexpr int kPanelWidth = 230;
 constexpr int kArrowWidth = 18;
 
 void PaintTitle(Painting& painting) {

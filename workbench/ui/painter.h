@@ -36,6 +36,7 @@ struct SceneOptions {
 };
 
 constexpr int kTitleHeight = 30;
+constexpr int kPanelWidth = 230;
 
 // Draws a window; returns its clickable parts.
 std::vector<HitArea> PaintWindow(CCanvas& canvas, const WindowFace& face,
