@@ -13,7 +13,7 @@ wine_prefix() {
   export WINEPREFIX="$PWD/build/wine/$name" HOME="$PWD/build/wine/home"
   export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES='mscoree=;mshtml='
   mkdir -p "$HOME"
-  if [[ ! -e $WINEPREFIX/.ready ]]; then
+  if [[ ! $WINEPREFIX/.ready -nt scripts/lib/wine.sh ]]; then
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"
     (unset DISPLAY; wineboot -i && wineserver -w) </dev/null >/dev/null 2>&1
@@ -34,6 +34,11 @@ import struct, sys
 font = struct.pack("<5i8B64s", -int(sys.argv[1]), 0, 0, 0, 400, 0, 0, 0, 0, 0, 0, 0, 0x22, sys.argv[2].encode("utf-16-le"))
 print(font.hex(","))
 PYTHON
+}
+
+# Prints a list of one text as bytes for regedit's hex(7) in REGEDIT4.
+text_list() {
+  python3 -c 'import sys; print((sys.argv[1] + "\0\0").encode().hex(","))' "$1"
 }
 
 wine_registry() {
@@ -58,6 +63,23 @@ wine_registry() {
       echo '"MS Shell Dlg"="Liberation Sans"'
       echo '"MS Shell Dlg 2"="Liberation Sans"'
       echo '"Segoe UI"="Liberation Sans"'
+      # Where Liberation Sans has no glyph.
+      echo '[HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink]'
+      echo "\"Liberation Sans\"=hex(7):$(text_list 'wqy-microhei.ttc,WenQuanYi Micro Hei')"
+      # Wine draws the title bars, so that a window's picture has no frame of the host; their buttons
+      # are glyphs of Marlett, which Wine finds only here.
+      ln -sf /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+      echo '[HKEY_CURRENT_USER\Software\Wine\X11 Driver]'
+      echo '"Decorated"="N"'
+      echo '[HKEY_CURRENT_USER\Control Panel\Desktop\WindowMetrics]'
+      echo "\"CaptionFont\"=hex:$(log_font 12 'Segoe UI')"
+      echo "\"StatusFont\"=hex:$(log_font 12 'Segoe UI')"
+      echo '"CaptionHeight"="-330"'
+      echo '[HKEY_CURRENT_USER\Control Panel\Colors]'
+      echo '"ActiveTitle"="255 255 255"'
+      echo '"GradientActiveTitle"="255 255 255"'
+      echo '"InactiveTitle"="255 255 255"'
+      echo '"GradientInactiveTitle"="255 255 255"'
     fi
   } >"$WINEPREFIX/settings.reg"
   wine regedit /S "$(winepath -w "$WINEPREFIX/settings.reg" 2>/dev/null)" </dev/null >/dev/null 2>&1
