@@ -62,6 +62,7 @@ void COfficeFace::UnloadRibbons() {
   }
   if (m_explorerRibbon) m_explorerRibbon->Unload();
   if (m_contactRibbon) m_contactRibbon->Unload();
+  m_contactRibbonAsked = false;
 }
 
 std::vector<std::string> COfficeFace::RibbonMessages() const {
