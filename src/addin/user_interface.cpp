@@ -50,8 +50,7 @@ SelectedContact CUserInterface::FindSelectedContact() {
 }
 
 CControlFaces CUserInterface::Faces() const {
-  return CControlFaces(m_telephone.State(), m_settings.Values(), m_resources,
-                       m_actions.Candidates());
+  return {m_telephone.State(), m_settings.Values(), m_resources, m_actions.Candidates()};
 }
 
 }  // namespace quor

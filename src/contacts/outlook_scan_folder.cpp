@@ -42,7 +42,7 @@ bool COutlookScanFolder::Item(int32_t position, std::shared_ptr<IContactFields>&
   const CItems items = m_items;
   IDispatchPtr item;
   if (!Succeeds([&] { item = items.Item(position); }) || !item) return false;
-  if (CContactItem found = QueryObject<CContactItem>(item)) {
+  if (auto found = QueryObject<CContactItem>(item)) {
     contact = std::make_shared<COutlookContactFields>(std::move(found));
   }
   return true;

@@ -13,8 +13,8 @@ namespace quor {
 class COutlookScanFolder final : public IScanFolder {
  public:
   // `readsSubfolders` is the result of ReadsSubfolders. The function must outlive this object.
-  COutlookScanFolder(CFolder folder, const std::function<bool()>& readsSubfolders)
-      : m_folder(std::move(folder)), m_readsSubfolders(readsSubfolders) {}
+  COutlookScanFolder(CFolder folder, std::function<bool()> readsSubfolders)
+      : m_folder(std::move(folder)), m_readsSubfolders(std::move(readsSubfolders)) {}
 
   bool CountItems(int32_t& count) override;
   bool OpenItems(int32_t& count) override;

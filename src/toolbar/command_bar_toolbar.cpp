@@ -84,7 +84,7 @@ void CCommandBarToolbar::SetUp(const CCommandBarControl& control, const ControlL
   control.SetEnabled(faces.BarControl(layout.control).enabled);
 }
 
-void CCommandBarToolbar::SetUpDialBox(IDispatchPtr control, const ControlLayout& layout) {
+void CCommandBarToolbar::SetUpDialBox(const IDispatchPtr& control, const ControlLayout& layout) {
   const CCommandBarComboBox box(control);
   Connect(ConnectionOf(layout.control), control, kCommandBarComboBoxEvents,
           [this](DISPID event, const CEventArguments& arguments) {
@@ -98,7 +98,7 @@ void CCommandBarToolbar::SetUpDialBox(IDispatchPtr control, const ControlLayout&
   });
 }
 
-void CCommandBarToolbar::SetUpButton(IDispatchPtr control, const ControlLayout& layout) {
+void CCommandBarToolbar::SetUpButton(const IDispatchPtr& control, const ControlLayout& layout) {
   const CCommandBarButton button(control);
   const int number = layout.control;
   Connect(ConnectionOf(number), control, kCommandBarButtonEvents,
@@ -109,7 +109,7 @@ void CCommandBarToolbar::SetUpButton(IDispatchPtr control, const ControlLayout& 
   if (m_withPictures) SetPicture(button, layout, m_pictures);
 }
 
-void CCommandBarToolbar::SetUpMenu(IDispatchPtr control, const ControlLayout& layout) {
+void CCommandBarToolbar::SetUpMenu(const IDispatchPtr& control, const ControlLayout& layout) {
   CCommandBarPopup popup(control);
   switch (layout.control) {
     case kCallFromCellControl:

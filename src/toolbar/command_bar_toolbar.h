@@ -69,9 +69,9 @@ class CCommandBarToolbar {
   void AddControls();
   void AddControl(const CCommandBarControls& controls, const ControlLayout& layout);
   void SetUp(const CCommandBarControl& control, const ControlLayout& layout);
-  void SetUpDialBox(IDispatchPtr control, const ControlLayout& layout);
-  void SetUpMenu(IDispatchPtr control, const ControlLayout& layout);
-  void SetUpButton(IDispatchPtr control, const ControlLayout& layout);
+  void SetUpDialBox(const IDispatchPtr& control, const ControlLayout& layout);
+  void SetUpMenu(const IDispatchPtr& control, const ControlLayout& layout);
+  void SetUpButton(const IDispatchPtr& control, const ControlLayout& layout);
   void Connect(CEventConnection& connection, IDispatch* control, REFIID events,
                EventHandler handler);
 

@@ -105,11 +105,10 @@ void CContactBar::Place(const ToolBarRecord& place) {
   if (bar) PlaceBar(bar, place, m_log);
 }
 
-// Any of these calls may pump messages and close the window.
+// Any of these calls may pump messages and close the window: `items` is a copy.
 template <typename Item>
 void CContactBar::ShowItems(const Items<Item>& items, const ItemFace* faces) {
-  const Items<Item> shown = items;
-  for (const auto& item : shown) {
+  for (const auto& item : items) {
     if (!m_bar) return;
     GuardCall(m_log, "contact's control", [&] { item->Show(*faces); });
     ++faces;
@@ -119,8 +118,10 @@ void CContactBar::ShowItems(const Items<Item>& items, const ItemFace* faces) {
 void CContactBar::Show(const ContactBarFaces& faces) {
   if (!m_bar) return;
   GuardCall(m_log, "contact's dial menu", [&] { m_menuFace.Show(m_menu, faces.menu); });
-  ShowItems(m_lines, faces.lines.data());
-  ShowItems(m_numbers, faces.numbers.data());
+  const Items<CLineButton> lines = m_lines;
+  ShowItems(lines, faces.lines.data());
+  const Items<CNumberItem> numbers = m_numbers;
+  ShowItems(numbers, faces.numbers.data());
 }
 
 void CContactBar::SavePlace(ToolBarRecord& place) noexcept {

@@ -37,7 +37,7 @@ void CContactWindows::Open(const CInspector& inspector, int32_t appVersion) noex
 
 CContactWindows::WindowPtr CContactWindows::OpenWindow(const CInspector& inspector,
                                                        unsigned number) {
-  const auto window = std::make_shared<CContactWindow>(
+  auto window = std::make_shared<CContactWindow>(
       *this, m_actions, m_withPictures ? &m_pictures : nullptr, m_place, m_owner, m_log, number);
   m_windows.push_back(window);
   if (window->Follow(inspector)) return window;
@@ -53,7 +53,7 @@ CContactWindows::WindowPtr CContactWindows::FindWindow(IDispatch* inspector) con
 }
 
 CContactWindows::WindowPtr CContactWindows::WindowOf(IDispatch* inspector) {
-  if (const WindowPtr window = FindWindow(inspector)) return window;
+  if (WindowPtr window = FindWindow(inspector)) return window;
   const auto opened = QueryObject<CInspector>(inspector);
   return ContactOf(opened) ? OpenWindow(opened, 0) : nullptr;
 }
