@@ -105,7 +105,7 @@ bool WriteBackup(const std::wstring& path, const std::vector<Change>& changes) {
                                   FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return false;
   DWORD written = 0;
-  const DWORD size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+  const auto size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
   const BOOL good = WriteFile(file, text.data(), size, &written, nullptr);
   CloseHandle(file);
   return good && written == size;

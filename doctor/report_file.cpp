@@ -55,7 +55,7 @@ bool WriteReportFile(const std::wstring& path, const Facts& facts,
                                   FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return false;
   DWORD written = 0;
-  const DWORD size = static_cast<DWORD>(text.size());
+  const auto size = static_cast<DWORD>(text.size());
   const BOOL good = WriteFile(file, text.data(), size, &written, nullptr);
   CloseHandle(file);
   return good && written == size;

@@ -27,7 +27,7 @@ class CObject {
   // Reads a property, or calls a method with one text argument. False on failure.
   bool Get(const wchar_t* name, const wchar_t* argument, VARIANT& result) const noexcept {
     VariantInit(&result);
-    LPOLESTR member = const_cast<LPOLESTR>(name);
+    auto* member = const_cast<LPOLESTR>(name);
     DISPID id = 0;
     if (m_object == nullptr ||
         FAILED(m_object->GetIDsOfNames(IID_NULL, &member, 1, LOCALE_NEUTRAL, &id))) {
