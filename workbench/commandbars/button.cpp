@@ -6,7 +6,7 @@ namespace quor::workbench {
 
 CCommandBarButton::CCommandBarButton(CModel& model, std::shared_ptr<CControlRegistry> registry,
                                      CCommandBar& bar)
-    : CCommandBarControl(model, Members(), Events(), std::move(registry), bar, mso::kButton) {}
+    : CCommandBarControl(model, Members(), std::move(registry), bar, mso::kButton) {}
 
 void CCommandBarButton::OnGone() noexcept {
   m_picture.Reset();
@@ -145,26 +145,18 @@ void CCommandBarButton::ComposeFace() {
   Bar()->Changed();
 }
 
-const EventTable& CCommandBarButton::Events() {
-  static const EventTable table{{{mso::kButtonEventsId, "CommandBarButtonEvents"}},
-                                {{mso::kClick, "Click"}}};
-  return table;
-}
-
 const CMemberTable& CCommandBarButton::Members() {
   using Self = CCommandBarButton;
   static const CMemberTable table(
-      "CommandBarButton", {mso::kButtonId}, &ControlMembers(),
-      {Get<&Self::BuiltInFace>(L"BuiltInFace", 0x60050000),
-       Put<&Self::SetBuiltInFace>(L"BuiltInFace", 0x60050000),
-       Get<&Self::FaceId>(L"FaceId", 0x60050003), Put<&Self::SetFaceId>(L"FaceId", 0x60050003),
-       Method<&Self::PasteFace>(L"PasteFace", 0x60050005),
-       Get<&Self::ShortcutText>(L"ShortcutText", 0x60050006),
-       Put<&Self::SetShortcutText>(L"ShortcutText", 0x60050006),
-       Get<&Self::State>(L"State", 0x60050008), Put<&Self::SetState>(L"State", 0x60050008),
-       Get<&Self::Style>(L"Style", 0x6005000A), Put<&Self::SetStyle>(L"Style", 0x6005000A),
-       Get<&Self::Picture>(L"Picture", 0x6005000E), Put<&Self::SetPicture>(L"Picture", 0x6005000E),
-       Get<&Self::Mask>(L"Mask", 0x60050010), Put<&Self::SetMask>(L"Mask", 0x60050010)});
+      "CommandBarButton", L"_CommandBarButton", &ControlMembers(),
+      {Get<&Self::BuiltInFace>(L"BuiltInFace"), Put<&Self::SetBuiltInFace>(L"BuiltInFace"),
+       Get<&Self::FaceId>(L"FaceId"), Put<&Self::SetFaceId>(L"FaceId"),
+       Method<&Self::PasteFace>(L"PasteFace"), Get<&Self::ShortcutText>(L"ShortcutText"),
+       Put<&Self::SetShortcutText>(L"ShortcutText"), Get<&Self::State>(L"State"),
+       Put<&Self::SetState>(L"State"), Get<&Self::Style>(L"Style"), Put<&Self::SetStyle>(L"Style"),
+       Get<&Self::Picture>(L"Picture"), Put<&Self::SetPicture>(L"Picture"),
+       Get<&Self::Mask>(L"Mask"), Put<&Self::SetMask>(L"Mask")},
+      {L"_CommandBarButtonEvents"});
   return table;
 }
 

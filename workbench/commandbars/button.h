@@ -19,7 +19,6 @@ class CCommandBarButton final : public CCommandBarControl {
 
  private:
   static const CMemberTable& Members();
-  static const EventTable& Events();
 
   bool BuiltInFace() const;
   void SetBuiltInFace(const CArguments& arguments);

@@ -17,7 +17,7 @@ constexpr long kStyleLabel = 1;
 
 CCommandBarComboBox::CCommandBarComboBox(CModel& model, std::shared_ptr<CControlRegistry> registry,
                                          CCommandBar& bar, long type)
-    : CCommandBarControl(model, Members(), Events(), std::move(registry), bar, type) {}
+    : CCommandBarControl(model, Members(), std::move(registry), bar, type) {}
 
 ControlFace CCommandBarComboBox::Face() const {
   ControlFace face = CCommandBarControl::Face();
@@ -169,30 +169,21 @@ void CCommandBarComboBox::WriteNumber(const CArguments& arguments) {
   Bar()->Changed();
 }
 
-const EventTable& CCommandBarComboBox::Events() {
-  static const EventTable table{{{mso::kComboBoxEventsId, "CommandBarComboBoxEvents"}},
-                                {{mso::kChange, "Change"}}};
-  return table;
-}
-
 const CMemberTable& CCommandBarComboBox::Members() {
   using Self = CCommandBarComboBox;
   constexpr auto kRead = &Self::ReadNumber;
   constexpr auto kWrite = &Self::WriteNumber;
   static const CMemberTable table(
-      "CommandBarComboBox", {mso::kComboBoxId}, &ControlMembers(),
-      {Method<&Self::AddItem>(L"AddItem", 0x60050000, 1, 2),
-       Method<&Self::Clear>(L"Clear", 0x60050001), Get<kRead>(L"DropDownLines", kDropDownLines),
-       Put<kWrite>(L"DropDownLines", kDropDownLines), Get<kRead>(L"DropDownWidth", kDropDownWidth),
-       Put<kWrite>(L"DropDownWidth", kDropDownWidth), Get<&Self::List>(L"List", 0x60050006, 1),
-       Put<&Self::SetList>(L"List", 0x60050006, 1), Get<&Self::ListCount>(L"ListCount", 0x60050008),
-       Get<kRead>(L"ListHeaderCount", kListHeaderCount),
-       Put<kWrite>(L"ListHeaderCount", kListHeaderCount),
-       Get<&Self::ListIndex>(L"ListIndex", 0x6005000B),
-       Put<&Self::SetListIndex>(L"ListIndex", 0x6005000B),
-       Method<&Self::RemoveItem>(L"RemoveItem", 0x6005000D, 1), Get<kRead>(L"Style", kStyle),
-       Put<kWrite>(L"Style", kStyle), Get<&Self::Text>(L"Text", 0x60050010),
-       Put<&Self::SetText>(L"Text", 0x60050010)});
+      "CommandBarComboBox", L"_CommandBarComboBox", &ControlMembers(),
+      {Method<&Self::AddItem>(L"AddItem", 1), Method<&Self::Clear>(L"Clear"),
+       Get<kRead>(L"DropDownLines"), Put<kWrite>(L"DropDownLines"), Get<kRead>(L"DropDownWidth"),
+       Put<kWrite>(L"DropDownWidth"), Get<&Self::List>(L"List"), Put<&Self::SetList>(L"List"),
+       Get<&Self::ListCount>(L"ListCount"), Get<kRead>(L"ListHeaderCount"),
+       Put<kWrite>(L"ListHeaderCount"), Get<&Self::ListIndex>(L"ListIndex"),
+       Put<&Self::SetListIndex>(L"ListIndex"), Method<&Self::RemoveItem>(L"RemoveItem"),
+       Get<kRead>(L"Style"), Put<kWrite>(L"Style"), Get<&Self::Text>(L"Text"),
+       Put<&Self::SetText>(L"Text")},
+      {L"_CommandBarComboBoxEvents"});
   return table;
 }
 

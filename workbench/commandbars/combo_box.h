@@ -19,7 +19,6 @@ class CCommandBarComboBox final : public CCommandBarControl {
 
  private:
   static const CMemberTable& Members();
-  static const EventTable& Events();
 
   void AddItem(const CArguments& arguments);
   void Clear();

@@ -56,7 +56,7 @@ CCommandBarComboBox& AsComboBox(CCommandBarControl& control) {
 }  // namespace
 
 CCommandBars::CCommandBars(CModel& model, std::shared_ptr<CControlRegistry> registry, Kind kind)
-    : CEventSource(model, Members(), Events()), m_kind(kind), m_registry(std::move(registry)) {
+    : CEventSource(model, Members()), m_kind(kind), m_registry(std::move(registry)) {
   if (m_kind == Kind::Shown) Restore(BuiltInBars());
 }
 
@@ -313,22 +313,15 @@ void CCommandBars::ShowBar(const std::wstring& name, bool show) {
   Fire(mso::kOnUpdate);
 }
 
-const EventTable& CCommandBars::Events() {
-  static const EventTable table{{{mso::kCommandBarsEventsId, "CommandBarsEvents"}},
-                                {{mso::kOnUpdate, "OnUpdate"}}};
-  return table;
-}
-
 const CMemberTable& CCommandBars::Members() {
   using Self = CCommandBars;
   static const CMemberTable table(
-      "CommandBars", {mso::kCommandBarsId, mso::kDispObjectId}, nullptr,
-      {Get<&Self::Application>(L"Application", 0x60020000),
-       Get<&Self::ActiveMenuBar>(L"ActiveMenuBar", 0x60030001),
-       Method<&Self::Add>(L"Add", 0x60030002, 0, 4), Get<&Self::Count>(L"Count", 0x60030003),
-       Method<&Self::FindControl>(L"FindControl", 0x60030008, 0, 4),
-       Get<&Self::Item>(L"Item", DISPID_VALUE, 1),
-       Method<&Self::FindControls>(L"FindControls", 0x60030015, 0, 4)});
+      "CommandBars", L"_CommandBars", nullptr,
+      {Get<&Self::Application>(L"Application"), Get<&Self::ActiveMenuBar>(L"ActiveMenuBar"),
+       Method<&Self::Add>(L"Add", 0), Get<&Self::Count>(L"Count"),
+       Method<&Self::FindControl>(L"FindControl", 0), Get<&Self::Item>(L"Item"),
+       Method<&Self::FindControls>(L"FindControls", 0)},
+      {L"_CommandBarsEvents"});
   return table;
 }
 

@@ -81,7 +81,6 @@ class CCommandBars final : public CEventSource {
 
  private:
   static const CMemberTable& Members();
-  static const EventTable& Events();
 
   IDispatch* Application() const { return m_application; }
   IDispatch* ActiveMenuBar() const;

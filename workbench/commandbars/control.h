@@ -65,7 +65,7 @@ class CCommandBarControl : public CEventSource {
   virtual void Detach() noexcept;                                 // deleted, or its bar is deleted
 
  protected:
-  CCommandBarControl(CModel& model, const CMemberTable& members, const EventTable& events,
+  CCommandBarControl(CModel& model, const CMemberTable& members,
                      std::shared_ptr<CControlRegistry> registry, CCommandBar& bar, long type);
   void OnGone() noexcept override;
 

@@ -57,10 +57,9 @@ IDispatch* CCommandBarControls::Parent() const {
 
 const CMemberTable& CCommandBarControls::Members() {
   using Self = CCommandBarControls;
-  static const CMemberTable table(
-      "CommandBarControls", {mso::kControlsId, mso::kDispObjectId}, nullptr,
-      {Method<&Self::Add>(L"Add", 0x60030000, 0, 5), Get<&Self::Count>(L"Count", 0x60030001),
-       Get<&Self::Item>(L"Item", DISPID_VALUE, 1), Get<&Self::Parent>(L"Parent", 0x60030004)});
+  static const CMemberTable table("CommandBarControls", L"CommandBarControls", nullptr,
+                                  {Method<&Self::Add>(L"Add", 0), Get<&Self::Count>(L"Count"),
+                                   Get<&Self::Item>(L"Item"), Get<&Self::Parent>(L"Parent")});
   return table;
 }
 

@@ -7,22 +7,6 @@
 
 namespace quor::workbench::mso {
 
-constexpr IID OfficeId(unsigned long number) {
-  return {number, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-}
-constexpr IID kDispObjectId = OfficeId(0x000C0300);
-constexpr IID kOleAccDispObjectId = OfficeId(0x000C0301);
-constexpr IID kCommandBarsId = OfficeId(0x000C0302);
-constexpr IID kCommandBarId = OfficeId(0x000C0304);
-constexpr IID kControlsId = OfficeId(0x000C0306);
-constexpr IID kControlId = OfficeId(0x000C0308);
-constexpr IID kPopupId = OfficeId(0x000C030A);
-constexpr IID kComboBoxId = OfficeId(0x000C030C);
-constexpr IID kButtonId = OfficeId(0x000C030E);
-constexpr IID kButtonEventsId = OfficeId(0x000C0351);
-constexpr IID kCommandBarsEventsId = OfficeId(0x000C0352);
-constexpr IID kComboBoxEventsId = OfficeId(0x000C0354);
-
 constexpr DISPID kClick = 1;
 constexpr DISPID kChange = 1;
 constexpr DISPID kOnUpdate = 1;

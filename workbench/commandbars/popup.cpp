@@ -6,7 +6,7 @@ namespace quor::workbench {
 
 CCommandBarPopup::CCommandBarPopup(CModel& model, std::shared_ptr<CControlRegistry> registry,
                                    CCommandBar& bar)
-    : CCommandBarControl(model, Members(), Events(), registry, bar, mso::kPopup),
+    : CCommandBarControl(model, Members(), registry, bar, mso::kPopup),
       m_menu(MakeObject<CCommandBar>(model, registry, *bar.Owner(), *this)) {}
 
 ControlFace CCommandBarPopup::Face() const {
@@ -32,16 +32,11 @@ CModelPtr<CAutomation> CCommandBarPopup::Controls() const {
   return m_menu->Controls();
 }
 
-const EventTable& CCommandBarPopup::Events() {
-  static const EventTable table{};
-  return table;
-}
-
 const CMemberTable& CCommandBarPopup::Members() {
   using Self = CCommandBarPopup;
-  static const CMemberTable table("CommandBarPopup", {mso::kPopupId}, &ControlMembers(),
-                                  {Get<&Self::CommandBar>(L"CommandBar", 0x60050000),
-                                   Get<&Self::Controls>(L"Controls", 0x60050001)});
+  static const CMemberTable table(
+      "CommandBarPopup", L"CommandBarPopup", &ControlMembers(),
+      {Get<&Self::CommandBar>(L"CommandBar"), Get<&Self::Controls>(L"Controls")});
   return table;
 }
 

@@ -20,7 +20,6 @@ class CCommandBarPopup final : public CCommandBarControl {
 
  private:
   static const CMemberTable& Members();
-  static const EventTable& Events();
 
   IDispatch* CommandBar() const;
   CModelPtr<CAutomation> Controls() const;

@@ -3,12 +3,11 @@
 namespace quor::workbench {
 
 CPageSite::CPageSite(CSession& session, IPageFrame& frame)
-    : COutlookObject(session, Members(), NoEvents(), ObjectClass::PropertyPageSite),
-      m_frame(&frame) {}
+    : COutlookObject(session, Members(), ObjectClass::PropertyPageSite), m_frame(&frame) {}
 
 const CMemberTable& CPageSite::Members() {
-  static const CMemberTable table("PropertyPageSite", {kPropertyPageSiteId}, &CommonMembers(),
-                                  {Method<&CPageSite::OnStatusChange>(L"OnStatusChange", 0x2100)});
+  static const CMemberTable table("PropertyPageSite", L"PropertyPageSite", &CommonMembers(),
+                                  {Method<&CPageSite::OnStatusChange>(L"OnStatusChange")});
   return table;
 }
 

@@ -15,30 +15,20 @@ constexpr DISPID kQuit = 0xF007;
 }  // namespace
 
 CApplication::CApplication(CSession& session)
-    : COutlookObject(session, Members(), Events(), ObjectClass::Application) {}
+    : COutlookObject(session, Members(), ObjectClass::Application) {}
 
 const CMemberTable& CApplication::Members() {
   static const CMemberTable table(
-      "Application", {kApplicationId}, &CommonMembers(),
-      {Get<&CApplication::Name>(L"Name", 0x3001), Get<&CApplication::Version>(L"Version", 0x0116),
-       Method<&CApplication::ActiveExplorer>(L"ActiveExplorer", 0x0111),
-       Method<&CApplication::ActiveInspector>(L"ActiveInspector", 0x0112),
-       Method<&CApplication::ActiveWindow>(L"ActiveWindow", 0x011F),
-       Method<&CApplication::CreateItem>(L"CreateItem", 0x010A, 1),
-       Method<&CApplication::GetNamespace>(L"GetNamespace", 0x0110, 1),
-       Get<&CApplication::ComAddIns>(L"COMAddIns", 0x0118),
-       Get<&CApplication::Explorers>(L"Explorers", 0x0119),
-       Get<&CApplication::Inspectors>(L"Inspectors", 0x011A),
-       Get<&CApplication::IsTrusted>(L"IsTrusted", 0xFBF3)});
-  return table;
-}
-
-const EventTable& CApplication::Events() {
-  static const EventTable table = {
-      {{kApplicationEventsId, "ApplicationEvents"},
-       {kApplicationEvents10Id, "ApplicationEvents_10"},
-       {kApplicationEvents11Id, "ApplicationEvents_11"}},
-      {{kOptionsPagesAdd, "OptionsPagesAdd"}, {kStartup, "Startup"}, {kQuit, "Quit"}}};
+      "Application", L"_Application", &CommonMembers(),
+      {Get<&CApplication::Name>(L"Name"), Get<&CApplication::Version>(L"Version"),
+       Method<&CApplication::ActiveExplorer>(L"ActiveExplorer"),
+       Method<&CApplication::ActiveInspector>(L"ActiveInspector"),
+       Method<&CApplication::ActiveWindow>(L"ActiveWindow"),
+       Method<&CApplication::CreateItem>(L"CreateItem"),
+       Method<&CApplication::GetNamespace>(L"GetNamespace"),
+       Get<&CApplication::ComAddIns>(L"COMAddIns"), Get<&CApplication::Explorers>(L"Explorers"),
+       Get<&CApplication::Inspectors>(L"Inspectors"), Get<&CApplication::IsTrusted>(L"IsTrusted")},
+      {L"ApplicationEvents", L"ApplicationEvents_10", L"ApplicationEvents_11"});
   return table;
 }
 
@@ -112,23 +102,17 @@ bool CApplication::IsTrusted() {
 }
 
 CNameSpace::CNameSpace(CSession& session)
-    : COutlookObject(session, Members(), Events(), ObjectClass::Namespace) {}
+    : COutlookObject(session, Members(), ObjectClass::Namespace) {}
 
 const CMemberTable& CNameSpace::Members() {
-  static const CMemberTable table(
-      "NameSpace", {kNameSpaceId}, &CommonMembers(),
-      {Get<&CNameSpace::Folders>(L"Folders", 0x2103),
-       Method<&CNameSpace::GetDefaultFolder>(L"GetDefaultFolder", 0x210B, 1),
-       Method<&CNameSpace::GetFolderFromId>(L"GetFolderFromID", 0x2108, 1, 2),
-       Method<&CNameSpace::GetItemFromId>(L"GetItemFromID", 0x2109, 1, 2),
-       Method<&CNameSpace::Logon>(L"Logon", 0x2105, 0, 4),
-       Method<&CNameSpace::CompareEntryIds>(L"CompareEntryIDs", 0xFBFC, 2)});
-  return table;
-}
-
-const EventTable& CNameSpace::Events() {
-  static const EventTable table = {{{kNameSpaceEventsId, "NameSpaceEvents"}},
-                                   {{kOptionsPagesAdd, "OptionsPagesAdd"}}};
+  static const CMemberTable table("NameSpace", L"_NameSpace", &CommonMembers(),
+                                  {Get<&CNameSpace::Folders>(L"Folders"),
+                                   Method<&CNameSpace::GetDefaultFolder>(L"GetDefaultFolder"),
+                                   Method<&CNameSpace::GetFolderFromId>(L"GetFolderFromID", 1),
+                                   Method<&CNameSpace::GetItemFromId>(L"GetItemFromID", 1),
+                                   Method<&CNameSpace::Logon>(L"Logon", 0),
+                                   Method<&CNameSpace::CompareEntryIds>(L"CompareEntryIDs")},
+                                  {L"NameSpaceEvents"});
   return table;
 }
 
@@ -165,14 +149,13 @@ bool CNameSpace::CompareEntryIds(const CArguments& arguments) {
 }
 
 CPropertyPages::CPropertyPages(CSession& session)
-    : COutlookObject(session, Members(), NoEvents(), ObjectClass::PropertyPages) {}
+    : COutlookObject(session, Members(), ObjectClass::PropertyPages) {}
 
 const CMemberTable& CPropertyPages::Members() {
   static const CMemberTable table(
-      "PropertyPages", {kPropertyPagesId}, &CommonMembers(),
-      {Get<&CPropertyPages::Count>(L"Count", 0x50), Method<&CPropertyPages::Item>(L"Item", 0x51, 1),
-       Method<&CPropertyPages::Add>(L"Add", 0x5F, 1, 2),
-       Method<&CPropertyPages::Remove>(L"Remove", 0x54, 1)});
+      "PropertyPages", L"PropertyPages", &CommonMembers(),
+      {Get<&CPropertyPages::Count>(L"Count"), Method<&CPropertyPages::Item>(L"Item"),
+       Method<&CPropertyPages::Add>(L"Add", 1), Method<&CPropertyPages::Remove>(L"Remove")});
   return table;
 }
 
@@ -219,12 +202,12 @@ CComAddIn::CComAddIn(CSession& session, ComAddInInfo info, std::function<void(bo
 
 const CMemberTable& CComAddIn::Members() {
   static const CMemberTable table(
-      "COMAddIn", {kComAddInId}, nullptr,
-      {Get<&CComAddIn::Description>(L"Description", 0),
-       Put<&CComAddIn::SetDescription>(L"Description", 0), Get<&CComAddIn::ProgId>(L"ProgId", 3),
-       Get<&CComAddIn::Guid>(L"Guid", 4), Get<&CComAddIn::Connect>(L"Connect", 6),
-       Put<&CComAddIn::SetConnect>(L"Connect", 6), Get<&CComAddIn::Object>(L"Object", 7),
-       Put<&CComAddIn::SetObject>(L"Object", 7), Get<&CComAddIn::Parent>(L"Parent", 8)});
+      "COMAddIn", L"COMAddIn", nullptr,
+      {Get<&CComAddIn::Description>(L"Description"),
+       Put<&CComAddIn::SetDescription>(L"Description"), Get<&CComAddIn::ProgId>(L"ProgId"),
+       Get<&CComAddIn::Guid>(L"Guid"), Get<&CComAddIn::Connect>(L"Connect"),
+       Put<&CComAddIn::SetConnect>(L"Connect"), Get<&CComAddIn::Object>(L"Object"),
+       Put<&CComAddIn::SetObject>(L"Object"), Get<&CComAddIn::Parent>(L"Parent")});
   return table;
 }
 
@@ -280,9 +263,9 @@ CComAddIns::CComAddIns(CSession& session)
 
 const CMemberTable& CComAddIns::Members() {
   static const CMemberTable table(
-      "COMAddIns", {kComAddInsId}, nullptr,
-      {Method<&CComAddIns::Item>(L"Item", 0, 1), Get<&CComAddIns::Count>(L"Count", 1),
-       Method<&CComAddIns::Update>(L"Update", 2), Get<&CComAddIns::Parent>(L"Parent", 3)});
+      "COMAddIns", L"COMAddIns", nullptr,
+      {Method<&CComAddIns::Item>(L"Item"), Get<&CComAddIns::Count>(L"Count"),
+       Method<&CComAddIns::Update>(L"Update"), Get<&CComAddIns::Parent>(L"Parent")});
   return table;
 }
 

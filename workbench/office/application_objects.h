@@ -21,7 +21,6 @@ class CApplication final : public COutlookObject {
 
  private:
   static const CMemberTable& Members();
-  static const EventTable& Events();
 
   CValue Name();
   CValue Version();
@@ -44,7 +43,6 @@ class CNameSpace final : public COutlookObject {
 
  private:
   static const CMemberTable& Members();
-  static const EventTable& Events();
 
   CModelPtr<CFolders> Folders();
   CModelPtr<CFolder> GetDefaultFolder(const CArguments& arguments);

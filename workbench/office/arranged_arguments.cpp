@@ -20,7 +20,6 @@ bool IsMissing(const VARIANT& value) noexcept {
 
 // The published type of the argument at a place; the value of a property write comes last.
 VARTYPE TypeAt(const Member& member, size_t place) noexcept {
-  if (member.published == nullptr) return VT_VARIANT;
   const auto arguments = member.published->arguments;
   const VARTYPE type = place < arguments.size() ? arguments[place].type : member.published->result;
   return static_cast<VARTYPE>(type & ~VT_BYREF);

@@ -49,16 +49,6 @@ WORD FlagOf(MemberKind kind) noexcept {
   return DISPATCH_METHOD;
 }
 
-// How a member of a table differs from what is published; null if it does not.
-const char* Difference(const Member& member, const PublishedMember* published) noexcept {
-  if (published == nullptr) return "has another dispatch id or does not exist";
-  if (!SameText(member.name, published->name)) return "has another name";
-  if ((published->kinds & FlagOf(member.kind)) == 0) return "is of another kind";
-  const bool put = member.kind == MemberKind::Put;
-  if (member.most != published->arguments.size() + (put ? 1 : 0)) return "has other arguments";
-  return nullptr;
-}
-
 std::string Hexadecimal(HRESULT code) {
   char text[16];
   std::snprintf(text, sizeof text, "0x%08lX", static_cast<unsigned long>(code));
@@ -136,40 +126,50 @@ void CCounted::Settle() noexcept {
   m_model->Bury(*this);
 }
 
-CMemberTable::CMemberTable(const char* type, std::vector<IID> interfaces, const CMemberTable* base,
-                           std::vector<Member> members)
+EventInterface::EventInterface(const wchar_t* eventName)
+    : iid(PublishedInterface(eventName)),
+      name(Utf8FromWide(*eventName == L'_' ? eventName + 1 : eventName)),
+      advise(name, "Advise"),
+      unadvise(name, "Unadvise") {}
+
+CMemberTable::CMemberTable(const char* type, const wchar_t* interfaceName, const CMemberTable* base,
+                           std::vector<Member> members,
+                           std::initializer_list<const wchar_t*> events)
     : m_type(type),
-      m_interfaces(std::move(interfaces)),
       m_members(std::move(members)),
+      m_events(events.begin(), events.end()),
       m_names(type, "GetIDsOfNames") {
+  if (interfaceName != nullptr) m_interfaces.push_back(PublishedInterface(interfaceName));
   if (base != nullptr) {
     m_interfaces.insert(m_interfaces.end(), base->m_interfaces.begin(), base->m_interfaces.end());
+    m_events.insert(m_events.end(), base->m_events.begin(), base->m_events.end());
     for (const Member& inherited : base->m_members) {
-      const bool replaced =
-          std::any_of(m_members.begin(), m_members.end(), [&inherited](const Member& own) {
-            return own.id == inherited.id && own.kind == inherited.kind;
-          });
+      const bool replaced = std::ranges::any_of(m_members, [&inherited](const Member& own) {
+        return own.kind == inherited.kind && SameText(own.name, inherited.name);
+      });
       if (!replaced) m_members.push_back(inherited);
     }
   }
+  if (interfaceName != nullptr) Publish(interfaceName);
+}
+
+void CMemberTable::Publish(const wchar_t* interfaceName) {
   for (Member& member : m_members) {
-    const char* suffix = member.kind == MemberKind::Put ? "=" : "";
-    member.site = CModel::CallSite(m_type, Utf8FromWide(member.name) + suffix);
+    const UINT value = member.kind == MemberKind::Put ? 1 : 0;
+    member.site = CModel::CallSite(m_type, Utf8FromWide(member.name) + (value != 0 ? "=" : ""));
+    member.published = FindPublished(interfaceName, member.name, FlagOf(member.kind));
+    if (member.published == nullptr) {
+      m_deviations.push_back(member.site.key + " is not published");
+      continue;
+    }
+    member.id = member.published->id;
+    member.most = static_cast<UINT>(member.published->arguments.size()) + value;
+    member.least = std::min(member.least, member.most);
   }
+  std::erase_if(m_members, [](const Member& member) { return member.published == nullptr; });
   std::sort(m_members.begin(), m_members.end(), [](const Member& left, const Member& right) {
     return std::tie(left.id, left.kind) < std::tie(right.id, right.kind);
   });
-  if (m_interfaces.empty() || !IsPublished(m_interfaces.front())) return;
-  for (Member& member : m_members)
-    Compare(member);
-}
-
-void CMemberTable::Compare(Member& member) {
-  member.published = FindPublished(m_interfaces.front(), member.id);
-  if (const char* difference = Difference(member, member.published)) {
-    m_deviations.push_back(member.site.key + ' ' + difference);
-    member.published = nullptr;
-  }
 }
 
 bool CMemberTable::HasInterface(REFIID iid) const noexcept {
@@ -190,8 +190,7 @@ HRESULT CMemberTable::IdsOf(std::span<const LPOLESTR> names, DISPID* ids) const 
   ids[0] = member->id;
   HRESULT code = S_OK;
   for (size_t at = 1; at < names.size(); ++at) {
-    const auto arguments = member->published != nullptr ? member->published->arguments
-                                                        : std::span<const PublishedArgument>();
+    const auto arguments = member->published->arguments;
     const auto argument = std::ranges::find_if(
         arguments, [&](const PublishedArgument& one) { return SameText(one.name, names[at]); });
     if (argument == arguments.end()) {
@@ -344,10 +343,13 @@ CValue CAutomation::Perform(const Member& member, const CArguments& arguments, C
   CValue value;
   if (const std::optional<HRESULT> answer = model.Enter(member.site); answer.has_value()) {
     if (FAILED(*answer)) throw CModelError(*answer);
-    const bool read = member.kind == MemberKind::Get;
-    value = read ? EmptyLike(member.handler(*this, arguments))
-                 : CValue(static_cast<IDispatch*>(nullptr));
+    value = CValue(static_cast<IDispatch*>(nullptr));
+    if (member.kind == MemberKind::Get) {
+      RequireAlive();
+      value = EmptyLike(member.handler(*this, arguments));
+    }
   } else {
+    RequireAlive();
     value = member.handler(*this, arguments);
     CheckResult(member, value.Get());
   }
@@ -361,7 +363,7 @@ CValue CAutomation::Perform(const Member& member, const CArguments& arguments, C
 
 // A fault of the stand-in's own.
 void CAutomation::CheckResult(const Member& member, const VARIANT& result) {
-  if (member.published == nullptr || member.kind == MemberKind::Put) return;
+  if (member.kind == MemberKind::Put) return;
   const VARTYPE type = member.published->result;
   if (type != VT_VARIANT && type != V_VT(&result)) {
     Model().RecordMisuse(member.site.key + " answers " + Summary(result));

@@ -21,9 +21,9 @@
 //     explicit CSelection(CModel& model) : CAutomation(model, Members()) {}
 //    private:
 //     static const CMemberTable& Members() {
-//       static const CMemberTable table("Selection", {kSelectionId}, &CommonMembers(),
-//                                       {Get<&CSelection::Count>(L"Count", 0x50),
-//                                        Method<&CSelection::Item>(L"Item", 0x51, 1)});
+//       static const CMemberTable table("Selection", L"Selection", &CommonMembers(),
+//                                       {Get<&CSelection::Count>(L"Count"),
+//                                        Method<&CSelection::Item>(L"Item")});
 //       return table;
 //     }
 //     long Count();                          // a getter may have no parameter
@@ -125,24 +125,38 @@ enum class MemberKind { Get, Put, Method };
 
 using MemberHandler = CValue (*)(CAutomation& self, const CArguments& arguments);
 
+inline constexpr UINT kAllArguments = static_cast<UINT>(-1);
+
+// What a type implements; its id and arguments are the published ones.
 struct Member {
   const wchar_t* name = nullptr;
-  DISPID id = 0;
   MemberKind kind = MemberKind::Method;
-  UINT least = 0;  // number of arguments; a property write counts the value, too
-  UINT most = 0;
   MemberHandler handler = nullptr;
-  CModel::CallSite site;
-  const PublishedMember* published = nullptr;  // null where the data lack the whole interface
+  UINT least = kAllArguments;  // number of arguments; a property write counts the value, too
+  UINT most = 0;
+  DISPID id = 0;
+  CModel::CallSite site = {};
+  const PublishedMember* published = nullptr;
 };
 
-// The published members of one type: interface ids, names and dispatch ids. A derived type inherits
-// its base's entries and may replace a member with the same id and kind. The members are compared
-// with what the type's first interface publishes.
+// A published event interface of a source. Its connections count as the calls "ItemsEvents.Advise"
+// and "ItemsEvents.Unadvise"; a leading underscore is not part of the name.
+struct EventInterface {
+  explicit EventInterface(const wchar_t* eventName);
+
+  IID iid;
+  std::string name;
+  CModel::CallSite advise;
+  CModel::CallSite unadvise;
+};
+
+// The members and event interfaces of one type as object_model.tsv publishes them. A derived type
+// inherits its base's interfaces and members and may replace a member of the same name and kind.
 class CMemberTable {
  public:
-  CMemberTable(const char* type, std::vector<IID> interfaces, const CMemberTable* base,
-               std::vector<Member> members);
+  // Without a published interface the table is only the base of others.
+  CMemberTable(const char* type, const wchar_t* interfaceName, const CMemberTable* base,
+               std::vector<Member> members, std::initializer_list<const wchar_t*> events = {});
   CMemberTable(const CMemberTable&) = delete;
   CMemberTable& operator=(const CMemberTable&) = delete;
 
@@ -153,16 +167,18 @@ class CMemberTable {
   HRESULT IdsOf(std::span<const LPOLESTR> names, DISPID* ids) const noexcept;
   const Member* Find(DISPID id, WORD flags) const noexcept;
   const CModel::CallSite& NamesSite() const noexcept { return m_names; }
-  // One line for each member that is not as published.
+  const std::vector<EventInterface>& Events() const noexcept { return m_events; }
+  // One line for each member that is not published.
   const std::vector<std::string>& Deviations() const noexcept { return m_deviations; }
 
  private:
-  void Compare(Member& member);
+  void Publish(const wchar_t* interfaceName);
 
   std::string m_type;
   std::vector<IID> m_interfaces;
   std::vector<Member> m_members;  // by id, then kind
-  CModel::CallSite m_names;       // "Type.GetIDsOfNames"
+  std::vector<EventInterface> m_events;
+  CModel::CallSite m_names;  // "Type.GetIDsOfNames"
   std::vector<std::string> m_deviations;
 };
 
@@ -187,6 +203,8 @@ class CAutomation : public CCounted, public IDispatch {
   CAutomation(CModel& model, const CMemberTable& members);
   const CMemberTable& MemberTable() const noexcept { return m_members; }
 
+  // Called before each member; throws a CModelError once the object has been deleted.
+  virtual void RequireAlive() const {}
   // Other interfaces, such as IOleWindow. QueryInterface adds a reference to the returned pointer
   // through AddRef; null: not supported.
   virtual void* OtherInterface(REFIID) { return nullptr; }
@@ -254,31 +272,21 @@ CValue CallMember(CAutomation& self, const CArguments& arguments) {
 
 }  // namespace detail
 
-// A property read; an indexed property has arguments.
 template <auto function>
-Member Get(const wchar_t* name, DISPID id, UINT least = 0, UINT most = 0) {
-  return {
-      name, id, MemberKind::Get, least, most < least ? least : most, &detail::CallMember<function>,
-      {},   {}};
+Member Get(const wchar_t* name) {
+  return {.name = name, .kind = MemberKind::Get, .handler = &detail::CallMember<function>};
 }
 
-// A property write; the value is the last argument, after `indices` others.
+// The value is the last argument; an indexed property has others before it.
 template <auto function>
-Member Put(const wchar_t* name, DISPID id, UINT indices = 0) {
-  return {name, id, MemberKind::Put, indices + 1, indices + 1, &detail::CallMember<function>,
-          {},   {}};
+Member Put(const wchar_t* name) {
+  return {.name = name, .kind = MemberKind::Put, .handler = &detail::CallMember<function>};
 }
 
+// The data do not tell which arguments may be left out: `least` is the number that may not.
 template <auto function>
-Member Method(const wchar_t* name, DISPID id, UINT least = 0, UINT most = 0) {
-  return {name,
-          id,
-          MemberKind::Method,
-          least,
-          most < least ? least : most,
-          &detail::CallMember<function>,
-          {},
-          {}};
+Member Method(const wchar_t* name, UINT least = kAllArguments) {
+  return {.name = name, .handler = &detail::CallMember<function>, .least = least};
 }
 
 }  // namespace quor::workbench

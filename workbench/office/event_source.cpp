@@ -108,7 +108,7 @@ class CConnectionPoint final : public CCounted, public IConnectionPoint {
   STDMETHODIMP GetConnectionInterface(IID* iid) override {
     if (iid == nullptr) return E_POINTER;
     if (m_source == nullptr) return CO_E_OBJNOTCONNECTED;
-    *iid = m_source->m_events.interfaces[m_index].iid;
+    *iid = m_source->MemberTable().Events()[m_index].iid;
     return S_OK;
   }
   STDMETHODIMP GetConnectionPointContainer(IConnectionPointContainer** container) override {
@@ -149,7 +149,7 @@ class CEventSource::CContainer final : public IConnectionPointContainer {
   STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) override {
     if (point == nullptr) return E_POINTER;
     *point = nullptr;
-    const auto& interfaces = m_source.m_events.interfaces;
+    const auto& interfaces = m_source.MemberTable().Events();
     for (size_t index = 0; index < interfaces.size(); ++index) {
       if (interfaces[index].iid != iid || index >= m_source.m_points.size()) continue;
       return m_source.m_points[index]->QueryInterface(IID_IConnectionPoint,
@@ -188,35 +188,15 @@ STDMETHODIMP CConnectionPoint::EnumConnections(IEnumConnections** connections) {
   return *connections != nullptr ? S_OK : E_OUTOFMEMORY;
 }
 
-EventTable::EventTable(std::vector<EventInterface> eventInterfaces,
-                       std::vector<EventName> eventNames)
-    : interfaces(std::move(eventInterfaces)), names(std::move(eventNames)) {
-  for (const EventInterface& one : interfaces) {
-    if (!IsPublished(one.iid)) deviations.push_back(std::string(one.name) + " is not published");
-  }
-  for (const EventName& event : names) {
-    const PublishedMember* published = FindPublished(interfaces.front().iid, event.id);
-    if (published == nullptr || !SameText(published->name, WideFromUtf8(event.name))) {
-      deviations.push_back(std::string(interfaces.front().name) + '!' + event.name +
-                           " is not published so");
-    }
-  }
-}
-
-CEventSource::CEventSource(CModel& model, const CMemberTable& members, const EventTable& events)
-    : CAutomation(model, members),
-      m_events(events),
-      m_container(std::make_unique<CContainer>(*this)) {
-  for (const std::string& deviation : events.deviations)
-    model.RecordMisuse(deviation);
-}
+CEventSource::CEventSource(CModel& model, const CMemberTable& members)
+    : CAutomation(model, members), m_container(std::make_unique<CContainer>(*this)) {}
 
 CEventSource::~CEventSource() = default;
 
 void* CEventSource::OtherInterface(REFIID iid) {
-  if (iid != IID_IConnectionPointContainer || m_events.interfaces.empty()) return nullptr;
+  if (iid != IID_IConnectionPointContainer || MemberTable().Events().empty()) return nullptr;
   if (m_points.empty()) {
-    for (size_t index = 0; index < m_events.interfaces.size(); ++index) {
+    for (size_t index = 0; index < MemberTable().Events().size(); ++index) {
       m_points.push_back(MakeObject<CConnectionPoint>(Model(), *this, index));
     }
   }
@@ -236,7 +216,7 @@ HRESULT CEventSource::Advise(size_t interfaceIndex, IUnknown* sink, DWORD* cooki
   try {
     const CModelPtr<CEventSource> self(this);
     const CModel::CTimeInside inside(Model());
-    const EventInterface& events = m_events.interfaces[interfaceIndex];
+    const EventInterface& events = MemberTable().Events()[interfaceIndex];
     const std::optional<HRESULT> answer = Model().Enter(events.advise);
     if (answer.has_value() && FAILED(*answer)) return Watched(events.advise, *answer);
     IDispatch* dispatch = nullptr;
@@ -255,7 +235,7 @@ HRESULT CEventSource::Unadvise(size_t interfaceIndex, DWORD cookie) {
   try {
     const CModelPtr<CEventSource> self(this);
     const CModel::CTimeInside inside(Model());
-    const EventInterface& events = m_events.interfaces[interfaceIndex];
+    const EventInterface& events = MemberTable().Events()[interfaceIndex];
     const std::optional<HRESULT> answer = Model().Enter(events.unadvise);
     if (answer.has_value() && FAILED(*answer)) return Watched(events.unadvise, *answer);
     const auto connection =
@@ -305,7 +285,7 @@ bool CEventSource::FireCancellable(DISPID event, std::vector<CValue> arguments) 
 
 void CEventSource::Deliver(const Connection& connection, DISPID event, DISPPARAMS& parameters,
                            const std::string& summary) {
-  const EventInterface& events = m_events.interfaces[connection.interfaceIndex];
+  const EventInterface& events = MemberTable().Events()[connection.interfaceIndex];
   const PublishedMember* published = FindPublished(events.iid, event);
   if (published == nullptr) return;  // a later interface's event
   CheckArguments(*published, parameters);
@@ -347,8 +327,9 @@ void CEventSource::CheckArguments(const PublishedMember& event, const DISPPARAMS
 }
 
 std::string CEventSource::NameOf(DISPID event) const {
-  for (const EventName& one : m_events.names) {
-    if (one.id == event) return one.name;
+  for (const EventInterface& one : MemberTable().Events()) {
+    const PublishedMember* published = FindPublished(one.iid, event);
+    if (published != nullptr) return Utf8FromWide(published->name);
   }
   return std::to_string(event);
 }
@@ -358,7 +339,7 @@ void CEventSource::ReportSinks(std::vector<AdvisedSink>& report) const {
   for (const Connection& connection : m_connections)
     ++counts[connection.interfaceIndex];
   for (const auto& [index, count] : counts) {
-    report.push_back({TypeName(), ObjectName(), m_events.interfaces[index].name, count});
+    report.push_back({TypeName(), ObjectName(), MemberTable().Events()[index].name, count});
   }
 }
 

@@ -9,36 +9,6 @@
 
 namespace quor::workbench {
 
-// A published event interface of a source. Its connections count as the calls "ItemsEvents.Advise"
-// and "ItemsEvents.Unadvise".
-struct EventInterface {
-  EventInterface(REFIID eventIid, const char* eventName)
-      : iid(eventIid),
-        name(eventName),
-        advise(eventName, "Advise"),
-        unadvise(eventName, "Unadvise") {}
-
-  IID iid;
-  const char* name;
-  CModel::CallSite advise;
-  CModel::CallSite unadvise;
-};
-
-struct EventName {
-  DISPID id;
-  const char* name;  // "ItemAdd", for the transcript
-};
-
-// The events of one type of source, compared with what is published. Tables are static.
-struct EventTable {
-  EventTable() = default;
-  EventTable(std::vector<EventInterface> eventInterfaces, std::vector<EventName> eventNames);
-
-  std::vector<EventInterface> interfaces;
-  std::vector<EventName> names;
-  std::vector<std::string> deviations;  // a line for each event that is not as published
-};
-
 // An object that raises events. IConnectionPointContainer returns one connection point per event
 // interface; a sink advised on one of them receives the events that this interface publishes.
 //
@@ -58,7 +28,7 @@ class CEventSource : public CAutomation {
   void ReportSinks(std::vector<AdvisedSink>& report) const override;
 
  protected:
-  CEventSource(CModel& model, const CMemberTable& members, const EventTable& events);
+  CEventSource(CModel& model, const CMemberTable& members);
   ~CEventSource() override;
 
   void* OtherInterface(REFIID iid) override;
@@ -83,7 +53,6 @@ class CEventSource : public CAutomation {
   void CheckArguments(const PublishedMember& event, const DISPPARAMS& parameters);
   std::string NameOf(DISPID event) const;
 
-  const EventTable& m_events;
   std::unique_ptr<CContainer> m_container;
   std::vector<Connection> m_connections;
   std::vector<CModelPtr<class CConnectionPoint>> m_points;

@@ -49,23 +49,21 @@ ItemType ItemTypeOfDefaultFolder(long olDefaultFolder, ItemType fallback) {
 }  // namespace
 
 CFolder::CFolder(CSession& session, FolderNode& node)
-    : COutlookObject(session, Members(), NoEvents(), ObjectClass::Folder), m_node(&node) {
+    : COutlookObject(session, Members(), ObjectClass::Folder), m_node(&node) {
   node.objects.push_back(this);
 }
 
 const CMemberTable& CFolder::Members() {
   static const CMemberTable table(
-      "MAPIFolder", {kFolderId}, &CommonMembers(),
-      {Get<&CFolder::DefaultItemType>(L"DefaultItemType", 0x3106),
-       Get<&CFolder::DefaultMessageClass>(L"DefaultMessageClass", 0x3107),
-       Get<&CFolder::EntryId>(L"EntryID", 0xF01E), Get<&CFolder::Folders>(L"Folders", 0x2103),
-       Get<&CFolder::Items>(L"Items", 0x3100), Get<&CFolder::Name>(L"Name", 0x3001),
-       Put<&CFolder::SetName>(L"Name", 0x3001), Get<&CFolder::StoreId>(L"StoreID", 0x3108),
-       Get<&CFolder::FolderPath>(L"FolderPath", 0xFA78),
-       Method<&CFolder::Display>(L"Display", 0x3104),
-       Method<&CFolder::GetExplorer>(L"GetExplorer", 0x3101, 0, 1),
-       Method<&CFolder::Delete>(L"Delete", 0xF045),
-       Method<&CFolder::MoveTo>(L"MoveTo", 0xF034, 1)});
+      "MAPIFolder", L"MAPIFolder", &CommonMembers(),
+      {Get<&CFolder::DefaultItemType>(L"DefaultItemType"),
+       Get<&CFolder::DefaultMessageClass>(L"DefaultMessageClass"),
+       Get<&CFolder::EntryId>(L"EntryID"), Get<&CFolder::Folders>(L"Folders"),
+       Get<&CFolder::Items>(L"Items"), Get<&CFolder::Name>(L"Name"),
+       Put<&CFolder::SetName>(L"Name"), Get<&CFolder::StoreId>(L"StoreID"),
+       Get<&CFolder::FolderPath>(L"FolderPath"), Method<&CFolder::Display>(L"Display"),
+       Method<&CFolder::GetExplorer>(L"GetExplorer", 0), Method<&CFolder::Delete>(L"Delete"),
+       Method<&CFolder::MoveTo>(L"MoveTo")});
   return table;
 }
 
@@ -151,25 +149,18 @@ void CFolder::MoveTo(const CArguments& arguments) {
 }
 
 CFolders::CFolders(CSession& session, FolderNode* node)
-    : COutlookObject(session, Members(), Events(), ObjectClass::Folders), m_node(node) {
+    : COutlookObject(session, Members(), ObjectClass::Folders), m_node(node) {
   if (m_node != nullptr) m_node->folderCollections.push_back(this);
 }
 
 const CMemberTable& CFolders::Members() {
   static const CMemberTable table(
-      "Folders", {kFoldersId}, &CommonMembers(),
-      {Get<&CFolders::Count>(L"Count", 0x50), Method<&CFolders::Item>(L"Item", 0x51, 1),
-       Method<&CFolders::Add>(L"Add", 0x5F, 1, 2), Method<&CFolders::GetFirst>(L"GetFirst", 0x56),
-       Method<&CFolders::GetLast>(L"GetLast", 0x58), Method<&CFolders::GetNext>(L"GetNext", 0x57),
-       Method<&CFolders::GetPrevious>(L"GetPrevious", 0x59),
-       Method<&CFolders::Remove>(L"Remove", 0x54, 1)});
-  return table;
-}
-
-const EventTable& CFolders::Events() {
-  static const EventTable table = {
-      {{kFoldersEventsId, "FoldersEvents"}},
-      {{0xF001, "FolderAdd"}, {0xF002, "FolderChange"}, {0xF003, "FolderRemove"}}};
+      "Folders", L"_Folders", &CommonMembers(),
+      {Get<&CFolders::Count>(L"Count"), Method<&CFolders::Item>(L"Item"),
+       Method<&CFolders::Add>(L"Add", 1), Method<&CFolders::GetFirst>(L"GetFirst"),
+       Method<&CFolders::GetLast>(L"GetLast"), Method<&CFolders::GetNext>(L"GetNext"),
+       Method<&CFolders::GetPrevious>(L"GetPrevious"), Method<&CFolders::Remove>(L"Remove")},
+      {L"FoldersEvents"});
   return table;
 }
 
@@ -252,28 +243,20 @@ void CFolders::Remove(const CArguments& arguments) {
 }
 
 CItems::CItems(CSession& session, FolderNode& node)
-    : COutlookObject(session, Members(), Events(), ObjectClass::Items), m_node(&node) {
+    : COutlookObject(session, Members(), ObjectClass::Items), m_node(&node) {
   node.itemCollections.push_back(this);
 }
 
 const CMemberTable& CItems::Members() {
   static const CMemberTable table(
-      "Items", {kItemsId}, &CommonMembers(),
-      {Get<&CItems::Count>(L"Count", 0x50), Method<&CItems::Item>(L"Item", 0x51, 1),
-       Method<&CItems::Add>(L"Add", 0x5F, 0, 1), Method<&CItems::GetFirst>(L"GetFirst", 0x56),
-       Method<&CItems::GetLast>(L"GetLast", 0x58), Method<&CItems::GetNext>(L"GetNext", 0x57),
-       Method<&CItems::GetPrevious>(L"GetPrevious", 0x59),
-       Method<&CItems::Remove>(L"Remove", 0x54, 1), Method<&CItems::Find>(L"Find", 0x62, 1),
-       Method<&CItems::FindNext>(L"FindNext", 0x63),
-       Method<&CItems::Restrict>(L"Restrict", 0x64, 1),
-       Method<&CItems::Sort>(L"Sort", 0x61, 1, 2)});
-  return table;
-}
-
-const EventTable& CItems::Events() {
-  static const EventTable table = {
-      {{kItemsEventsId, "ItemsEvents"}},
-      {{0xF001, "ItemAdd"}, {0xF002, "ItemChange"}, {0xF003, "ItemRemove"}}};
+      "Items", L"_Items", &CommonMembers(),
+      {Get<&CItems::Count>(L"Count"), Method<&CItems::Item>(L"Item"),
+       Method<&CItems::Add>(L"Add", 0), Method<&CItems::GetFirst>(L"GetFirst"),
+       Method<&CItems::GetLast>(L"GetLast"), Method<&CItems::GetNext>(L"GetNext"),
+       Method<&CItems::GetPrevious>(L"GetPrevious"), Method<&CItems::Remove>(L"Remove"),
+       Method<&CItems::Find>(L"Find"), Method<&CItems::FindNext>(L"FindNext"),
+       Method<&CItems::Restrict>(L"Restrict"), Method<&CItems::Sort>(L"Sort", 1)},
+      {L"ItemsEvents"});
   return table;
 }
 

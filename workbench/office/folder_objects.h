@@ -60,7 +60,6 @@ class CFolders final : public COutlookObject {
 
  private:
   static const CMemberTable& Members();
-  static const EventTable& Events();
 
   size_t Size();
   CModelPtr<CFolder> At(size_t position);
@@ -99,7 +98,6 @@ class CItems final : public COutlookObject {
   };
 
   static const CMemberTable& Members();
-  static const EventTable& Events();
 
   FolderNode& Node() const;
   const std::vector<StoredItemPtr>& View();

@@ -1,5 +1,6 @@
 #include "workbench/office/item_objects.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "workbench/office/folder_objects.h"
@@ -62,7 +63,7 @@ std::wstring DefaultFileAs(const CFieldSet& fields) {
 
 CItem::CItem(CSession& session, StoredItemPtr item, FolderNode* home, const CMemberTable& members,
              ObjectClass objectClass)
-    : COutlookObject(session, members, Events(), objectClass),
+    : COutlookObject(session, members, objectClass),
       m_item(std::move(item)),
       m_homeId(home != nullptr ? home->entryId : std::wstring()),
       m_new(home != nullptr) {
@@ -71,26 +72,15 @@ CItem::CItem(CSession& session, StoredItemPtr item, FolderNode* home, const CMem
 
 const CMemberTable& CItem::ItemMembers() {
   static const CMemberTable table(
-      "Item", {}, &CommonMembers(),
-      {Get<&CItem::EntryId>(L"EntryID", 0xF01E), Get<&CItem::GetInspector>(L"GetInspector", 0xF03E),
-       Get<&CItem::Saved>(L"Saved", 0xF0A3), Method<&CItem::Save>(L"Save", 0xF048),
-       Method<&CItem::Delete>(L"Delete", 0xF04A), Method<&CItem::Close>(L"Close", 0xF023, 1),
-       Method<&CItem::Display>(L"Display", 0xF0A6, 0, 1),
-       Get<&CItem::GetText>(L"Body", field::kBody), Put<&CItem::PutText>(L"Body", field::kBody),
-       Get<&CItem::GetText>(L"Subject", field::kSubject),
-       Put<&CItem::PutText>(L"Subject", field::kSubject),
-       Get<&CItem::GetText>(L"MessageClass", field::kMessageClass),
-       Put<&CItem::PutText>(L"MessageClass", field::kMessageClass)});
-  return table;
-}
-
-const EventTable& CItem::Events() {
-  static const EventTable table = {{{kItemEventsId, "ItemEvents"}},
-                                   {{0xF001, "Read"},
-                                    {kItemWrite, "Write"},
-                                    {kItemOpen, "Open"},
-                                    {kItemClose, "Close"},
-                                    {kItemPropertyChange, "PropertyChange"}}};
+      "Item", nullptr, &CommonMembers(),
+      {Get<&CItem::EntryId>(L"EntryID"), Get<&CItem::GetInspector>(L"GetInspector"),
+       Get<&CItem::Saved>(L"Saved"), Method<&CItem::Save>(L"Save"),
+       Method<&CItem::Delete>(L"Delete"), Method<&CItem::Close>(L"Close"),
+       Method<&CItem::Display>(L"Display", 0), Get<&CItem::GetText>(L"Body"),
+       Put<&CItem::PutText>(L"Body"), Get<&CItem::GetText>(L"Subject"),
+       Put<&CItem::PutText>(L"Subject"), Get<&CItem::GetText>(L"MessageClass"),
+       Put<&CItem::PutText>(L"MessageClass")},
+      {L"ItemEvents"});
   return table;
 }
 
@@ -213,15 +203,13 @@ CContactItem::CContactItem(CSession& session, StoredItemPtr item, FolderNode* ho
 const CMemberTable& CContactItem::Members() {
   static const CMemberTable table = [] {
     std::vector<Member> members;
-    const auto add = [&members](const wchar_t* name, DISPID id) {
-      members.push_back(Get<&CContactItem::GetText>(name, id));
-      members.push_back(Put<&CContactItem::PutText>(name, id));
+    const auto add = [&members](const auto& property) {
+      members.push_back(Get<&CContactItem::GetText>(property.name));
+      members.push_back(Put<&CContactItem::PutText>(property.name));
     };
-    for (const TextProperty& property : kTextProperties)
-      add(property.name, property.id);
-    for (const NumberProperty& property : kNumberProperties)
-      add(property.name, property.id);
-    return CMemberTable("ContactItem", {kContactItemId}, &ItemMembers(), std::move(members));
+    std::ranges::for_each(kTextProperties, add);
+    std::ranges::for_each(kNumberProperties, add);
+    return CMemberTable("ContactItem", L"_ContactItem", &ItemMembers(), std::move(members));
   }();
   return table;
 }
@@ -250,10 +238,10 @@ CDistListItem::CDistListItem(CSession& session, StoredItemPtr item, FolderNode* 
     : CItem(session, std::move(item), home, Members(), ObjectClass::DistributionList) {}
 
 const CMemberTable& CDistListItem::Members() {
-  static const CMemberTable table("DistListItem", {kDistListItemId}, &ItemMembers(),
-                                  {Get<&CDistListItem::ListName>(L"DLName", 0x8053),
-                                   Put<&CDistListItem::SetListName>(L"DLName", 0x8053),
-                                   Get<&CDistListItem::MemberCount>(L"MemberCount", 0x804B)});
+  static const CMemberTable table(
+      "DistListItem", L"_DistListItem", &ItemMembers(),
+      {Get<&CDistListItem::ListName>(L"DLName"), Put<&CDistListItem::SetListName>(L"DLName"),
+       Get<&CDistListItem::MemberCount>(L"MemberCount")});
   return table;
 }
 
@@ -274,14 +262,11 @@ CJournalItem::CJournalItem(CSession& session, StoredItemPtr item, FolderNode* ho
 
 const CMemberTable& CJournalItem::Members() {
   static const CMemberTable table(
-      "JournalItem", {kJournalItemId}, &ItemMembers(),
-      {Get<&CJournalItem::GetText>(L"Type", field::kJournalType),
-       Put<&CJournalItem::PutText>(L"Type", field::kJournalType),
-       Get<&CJournalItem::Start>(L"Start", field::kJournalStart),
-       Put<&CJournalItem::SetStart>(L"Start", field::kJournalStart),
-       Get<&CJournalItem::Duration>(L"Duration", field::kJournalDuration),
-       Put<&CJournalItem::SetDuration>(L"Duration", field::kJournalDuration),
-       Get<&CJournalItem::Links>(L"Links", 0xF405)});
+      "JournalItem", L"_JournalItem", &ItemMembers(),
+      {Get<&CJournalItem::GetText>(L"Type"), Put<&CJournalItem::PutText>(L"Type"),
+       Get<&CJournalItem::Start>(L"Start"), Put<&CJournalItem::SetStart>(L"Start"),
+       Get<&CJournalItem::Duration>(L"Duration"), Put<&CJournalItem::SetDuration>(L"Duration"),
+       Get<&CJournalItem::Links>(L"Links")});
   return table;
 }
 
@@ -311,12 +296,11 @@ CModelPtr<CLinks> CJournalItem::Links() {
 }
 
 CLinks::CLinks(CSession& session, StoredItemPtr item)
-    : COutlookObject(session, Members(), NoEvents(), ObjectClass::Links), m_item(std::move(item)) {}
+    : COutlookObject(session, Members(), ObjectClass::Links), m_item(std::move(item)) {}
 
 const CMemberTable& CLinks::Members() {
-  static const CMemberTable table(
-      "Links", {}, &CommonMembers(),
-      {Get<&CLinks::Count>(L"Count", 0x50), Method<&CLinks::Add>(L"Add", 0x5F, 1)});
+  static const CMemberTable table("Links", L"Links", &CommonMembers(),
+                                  {Get<&CLinks::Count>(L"Count"), Method<&CLinks::Add>(L"Add")});
   return table;
 }
 
@@ -334,7 +318,7 @@ CMailItem::CMailItem(CSession& session, StoredItemPtr item, FolderNode* home)
     : CItem(session, std::move(item), home, Members(), ObjectClass::Mail) {}
 
 const CMemberTable& CMailItem::Members() {
-  static const CMemberTable table("MailItem", {kMailItemId}, &ItemMembers(), {});
+  static const CMemberTable table("MailItem", L"_MailItem", &ItemMembers(), {});
   return table;
 }
 

@@ -48,8 +48,6 @@ class CItem : public COutlookObject {
   void PutText(const CArguments& arguments);
 
  private:
-  static const EventTable& Events();
-
   CValue EntryId();
   CModelPtr<CInspector> GetInspector();
   bool Saved();

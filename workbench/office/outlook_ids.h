@@ -3,48 +3,13 @@
 
 #include "workbench/office/value.h"
 
-// Values from Outlook's type library: interface ids, dispatch ids, enumeration values.
+// Values from Outlook's type library beside its members: enumerations, ids of fields, errors.
 
 namespace quor::workbench {
 
-// Interface ids of Outlook and Office differ only in their first part.
-constexpr IID OfficeId(unsigned long head) noexcept {
-  return {head, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
-}
-
-inline constexpr IID kApplicationId = OfficeId(0x00063001);
-inline constexpr IID kNameSpaceId = OfficeId(0x00063002);
-inline constexpr IID kExplorerId = OfficeId(0x00063003);
-inline constexpr IID kInspectorId = OfficeId(0x00063005);
-inline constexpr IID kFolderId = OfficeId(0x00063006);
-inline constexpr IID kInspectorsId = OfficeId(0x00063008);
-inline constexpr IID kExplorersId = OfficeId(0x0006300A);
-inline constexpr IID kContactItemId = OfficeId(0x00063021);
-inline constexpr IID kMailItemId = OfficeId(0x00063034);
-inline constexpr IID kJournalItemId = OfficeId(0x00063022);
-inline constexpr IID kFoldersId = OfficeId(0x00063040);
-inline constexpr IID kItemsId = OfficeId(0x00063041);
-inline constexpr IID kPropertyPageId = OfficeId(0x0006307E);
-inline constexpr IID kPropertyPageSiteId = OfficeId(0x0006307F);
-inline constexpr IID kPropertyPagesId = OfficeId(0x00063080);
-inline constexpr IID kDistListItemId = OfficeId(0x00063081);
-inline constexpr IID kSelectionId = OfficeId(0x00063087);
-inline constexpr IID kComAddInsId = OfficeId(0x000C0339);
-inline constexpr IID kComAddInId = OfficeId(0x000C033A);
-
-inline constexpr IID kInspectorEvents10Id = OfficeId(0x0006302A);
-inline constexpr IID kApplicationEvents11Id = OfficeId(0x0006302C);
-inline constexpr IID kApplicationEvents10Id = OfficeId(0x0006300E);
-inline constexpr IID kExplorerEvents10Id = OfficeId(0x0006300F);
-inline constexpr IID kItemEventsId = OfficeId(0x0006303A);
-inline constexpr IID kApplicationEventsId = OfficeId(0x0006304E);
-inline constexpr IID kExplorerEventsId = OfficeId(0x0006304F);
-inline constexpr IID kFoldersEventsId = OfficeId(0x00063076);
-inline constexpr IID kItemsEventsId = OfficeId(0x00063077);
-inline constexpr IID kExplorersEventsId = OfficeId(0x00063078);
-inline constexpr IID kInspectorsEventsId = OfficeId(0x00063079);
-inline constexpr IID kInspectorEventsId = OfficeId(0x0006307D);
-inline constexpr IID kNameSpaceEventsId = OfficeId(0x0006308C);
+// Not in the published members.
+inline constexpr IID kPropertyPageId = {
+    0x0006307E, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 
 enum class ObjectClass : long {
   Application = 0,

@@ -5,20 +5,14 @@
 namespace quor::workbench {
 
 COutlookObject::COutlookObject(CSession& session, const CMemberTable& members,
-                               const EventTable& events, ObjectClass objectClass)
-    : CEventSource(session.Model(), members, events), m_session(session), m_class(objectClass) {}
+                               ObjectClass objectClass)
+    : CEventSource(session.Model(), members), m_session(session), m_class(objectClass) {}
 
 const CMemberTable& COutlookObject::CommonMembers() {
-  static const CMemberTable table("Object", {}, nullptr,
-                                  {Get<&COutlookObject::Application>(L"Application", 0xF000),
-                                   Get<&COutlookObject::Class>(L"Class", 0xF00A),
-                                   Get<&COutlookObject::SessionObject>(L"Session", 0xF00B),
-                                   Get<&COutlookObject::Parent>(L"Parent", 0xF001)});
-  return table;
-}
-
-const EventTable& COutlookObject::NoEvents() {
-  static const EventTable table;
+  static const CMemberTable table(
+      "Object", nullptr, nullptr,
+      {Get<&COutlookObject::Application>(L"Application"), Get<&COutlookObject::Class>(L"Class"),
+       Get<&COutlookObject::SessionObject>(L"Session"), Get<&COutlookObject::Parent>(L"Parent")});
   return table;
 }
 

@@ -10,11 +10,9 @@ namespace quor::workbench {
 // Members common to nearly all Outlook objects: Application, Class, Session, Parent.
 class COutlookObject : public CEventSource {
  protected:
-  COutlookObject(CSession& session, const CMemberTable& members, const EventTable& events,
-                 ObjectClass objectClass);
+  COutlookObject(CSession& session, const CMemberTable& members, ObjectClass objectClass);
 
   static const CMemberTable& CommonMembers();
-  static const EventTable& NoEvents();
 
   CSession& Session() const noexcept { return m_session; }
   virtual CValue Parent();  // the application, unless overridden

@@ -2,11 +2,12 @@
 #define QUOR_WORKBENCH_OFFICE_PUBLISHED_MEMBERS_H
 
 #include <span>
+#include <string_view>
 
 #include "workbench/office/value.h"
 
 // What the type libraries of Outlook and Office publish, from object_model.tsv. The stand-in's own
-// tables are compared with it, and it says which arguments a call may have.
+// tables name the members that it implements; their ids and arguments stand here.
 
 namespace quor::workbench {
 
@@ -16,7 +17,7 @@ struct PublishedArgument {
 };
 
 struct PublishedMember {
-  const wchar_t* interfaceName;
+  std::wstring_view interfaceName;
   IID iid;
   const wchar_t* name;
   DISPID id;
@@ -27,9 +28,13 @@ struct PublishedMember {
 
 std::span<const PublishedMember> PublishedMembers() noexcept;
 
-bool IsPublished(REFIID iid) noexcept;
-// Null when the interface has no such member, or is none of those published here.
+// Throws std::logic_error for an interface that is not published here.
+const IID& PublishedInterface(std::wstring_view interfaceName);
+// Null when the interface has no such member, or is none of those published here. `kind` is one of
+// PublishedMember's kinds; the case of a name does not matter.
 const PublishedMember* FindPublished(REFIID iid, DISPID id) noexcept;
+const PublishedMember* FindPublished(std::wstring_view interfaceName, std::wstring_view name,
+                                     WORD kind) noexcept;
 
 }  // namespace quor::workbench
 

@@ -16,11 +16,6 @@ constexpr DISPID kSelectionChange = 0xF007;
 constexpr DISPID kClose = 0xF008;
 constexpr DISPID kNewWindow = 0xF001;
 
-constexpr DISPID kHeight = 0x2114;
-constexpr DISPID kLeft = 0x2115;
-constexpr DISPID kTop = 0x2116;
-constexpr DISPID kWidth = 0x2117;
-
 template <class Window>
 CModelPtr<Window> WindowByIndex(const std::vector<CModelPtr<Window>>& windows,
                                 const CArguments& arguments) {
@@ -56,26 +51,26 @@ class COleWindow final : public IOleWindow {
 };
 
 CWindowObject::CWindowObject(CSession& session, const CMemberTable& members,
-                             const EventTable& events, ObjectClass objectClass)
-    : COutlookObject(session, members, events, objectClass),
+                             ObjectClass objectClass)
+    : COutlookObject(session, members, objectClass),
       m_oleWindow(std::make_unique<COleWindow>(*this)) {}
 
 CWindowObject::~CWindowObject() = default;
 
 const CMemberTable& CWindowObject::WindowMembers() {
-  static const CMemberTable table = [] {
-    std::vector<Member> members = {Get<&CWindowObject::Caption>(L"Caption", 0x2111)};
-    const std::pair<const wchar_t*, DISPID> places[] = {{L"WindowState", 0x2112},
-                                                        {L"Height", kHeight},
-                                                        {L"Left", kLeft},
-                                                        {L"Top", kTop},
-                                                        {L"Width", kWidth}};
-    for (const auto& [name, id] : places) {
-      members.push_back(Get<&CWindowObject::GetPlace>(name, id));
-      members.push_back(Put<&CWindowObject::PutPlace>(name, id));
-    }
-    return CMemberTable("Window", {}, &CommonMembers(), std::move(members));
-  }();
+  using Self = CWindowObject;
+  static const CMemberTable table(
+      "Window", nullptr, &CommonMembers(),
+      {Get<&Self::Caption>(L"Caption"), Get<&Self::GetPlace<&WindowPlace::state>>(L"WindowState"),
+       Put<&Self::PutPlace<&WindowPlace::state>>(L"WindowState"),
+       Get<&Self::GetPlace<&WindowPlace::height>>(L"Height"),
+       Put<&Self::PutPlace<&WindowPlace::height>>(L"Height"),
+       Get<&Self::GetPlace<&WindowPlace::left>>(L"Left"),
+       Put<&Self::PutPlace<&WindowPlace::left>>(L"Left"),
+       Get<&Self::GetPlace<&WindowPlace::top>>(L"Top"),
+       Put<&Self::PutPlace<&WindowPlace::top>>(L"Top"),
+       Get<&Self::GetPlace<&WindowPlace::width>>(L"Width"),
+       Put<&Self::PutPlace<&WindowPlace::width>>(L"Width")});
   return table;
 }
 
@@ -93,70 +88,20 @@ CValue CWindowObject::Caption() {
   return CValue(CaptionText());
 }
 
-CValue CWindowObject::GetPlace(const CArguments& arguments) {
-  CheckOpen();
-  switch (arguments.Member()) {
-    case kHeight:
-      return m_place.height;
-    case kLeft:
-      return m_place.left;
-    case kTop:
-      return m_place.top;
-    case kWidth:
-      return m_place.width;
-    default:
-      return m_place.state;
-  }
-}
-
-void CWindowObject::PutPlace(const CArguments& arguments) {
-  CheckOpen();
-  const long value = arguments.Long(0);
-  switch (arguments.Member()) {
-    case kHeight:
-      m_place.height = value;
-      break;
-    case kLeft:
-      m_place.left = value;
-      break;
-    case kTop:
-      m_place.top = value;
-      break;
-    case kWidth:
-      m_place.width = value;
-      break;
-    default:
-      m_place.state = value;
-  }
-  Session().Face().OnChanged();
-}
-
 CExplorer::CExplorer(CSession& session, FolderNode& folder)
-    : CWindowObject(session, Members(), Events(), ObjectClass::Explorer), m_folder(&folder) {
+    : CWindowObject(session, Members(), ObjectClass::Explorer), m_folder(&folder) {
   if (!folder.items.empty()) m_selected = {folder.items.front()};
 }
 
 const CMemberTable& CExplorer::Members() {
   static const CMemberTable table(
-      "Explorer", {kExplorerId}, &WindowMembers(),
-      {Get<&CExplorer::CommandBars>(L"CommandBars", 0x2100),
-       Get<&CExplorer::CurrentFolder>(L"CurrentFolder", 0x2101),
-       Put<&CExplorer::SetCurrentFolder>(L"CurrentFolder", 0x2101),
-       Method<&CExplorer::Close>(L"Close", 0x2103), Method<&CExplorer::Display>(L"Display", 0x2104),
-       Method<&CExplorer::Activate>(L"Activate", 0x2113),
-       Get<&CExplorer::Selection>(L"Selection", 0x2202)});
-  return table;
-}
-
-const EventTable& CExplorer::Events() {
-  static const EventTable table = {
-      {{kExplorerEventsId, "ExplorerEvents"}, {kExplorerEvents10Id, "ExplorerEvents_10"}},
-      {{kActivate, "Activate"},
-       {kFolderSwitch, "FolderSwitch"},
-       {kBeforeFolderSwitch, "BeforeFolderSwitch"},
-       {kDeactivate, "Deactivate"},
-       {kSelectionChange, "SelectionChange"},
-       {kClose, "Close"}}};
+      "Explorer", L"_Explorer", &WindowMembers(),
+      {Get<&CExplorer::CommandBars>(L"CommandBars"),
+       Get<&CExplorer::CurrentFolder>(L"CurrentFolder"),
+       Put<&CExplorer::SetCurrentFolder>(L"CurrentFolder"), Method<&CExplorer::Close>(L"Close"),
+       Method<&CExplorer::Display>(L"Display"), Method<&CExplorer::Activate>(L"Activate"),
+       Get<&CExplorer::Selection>(L"Selection")},
+      {L"ExplorerEvents", L"ExplorerEvents_10"});
   return table;
 }
 
@@ -261,23 +206,15 @@ void CExplorer::Activate() {
 }
 
 CInspector::CInspector(CSession& session, CItem& item)
-    : CWindowObject(session, Members(), Events(), ObjectClass::Inspector), m_item(&item) {}
+    : CWindowObject(session, Members(), ObjectClass::Inspector), m_item(&item) {}
 
 const CMemberTable& CInspector::Members() {
-  static const CMemberTable table("Inspector", {kInspectorId}, &WindowMembers(),
-                                  {Get<&CInspector::CommandBars>(L"CommandBars", 0x2100),
-                                   Get<&CInspector::CurrentItem>(L"CurrentItem", 0x2102),
-                                   Get<&CInspector::EditorType>(L"EditorType", 0x2110),
-                                   Method<&CInspector::Close>(L"Close", 0x2103, 1),
-                                   Method<&CInspector::Display>(L"Display", 0x2104, 0, 1),
-                                   Method<&CInspector::Activate>(L"Activate", 0x2113)});
-  return table;
-}
-
-const EventTable& CInspector::Events() {
-  static const EventTable table = {
-      {{kInspectorEventsId, "InspectorEvents"}, {kInspectorEvents10Id, "InspectorEvents_10"}},
-      {{kActivate, "Activate"}, {kDeactivate, "Deactivate"}, {kClose, "Close"}}};
+  static const CMemberTable table(
+      "Inspector", L"_Inspector", &WindowMembers(),
+      {Get<&CInspector::CommandBars>(L"CommandBars"), Get<&CInspector::CurrentItem>(L"CurrentItem"),
+       Get<&CInspector::EditorType>(L"EditorType"), Method<&CInspector::Close>(L"Close"),
+       Method<&CInspector::Display>(L"Display", 0), Method<&CInspector::Activate>(L"Activate")},
+      {L"InspectorEvents", L"InspectorEvents_10"});
   return table;
 }
 
@@ -350,14 +287,14 @@ void CInspector::Activate() {
 }
 
 CSelection::CSelection(CSession& session, CExplorer& explorer)
-    : COutlookObject(session, Members(), NoEvents(), ObjectClass::Selection),
+    : COutlookObject(session, Members(), ObjectClass::Selection),
       m_explorer(&explorer),
       m_items(explorer.SelectedItems()) {}
 
 const CMemberTable& CSelection::Members() {
   static const CMemberTable table(
-      "Selection", {kSelectionId}, &CommonMembers(),
-      {Get<&CSelection::Count>(L"Count", 0x50), Method<&CSelection::Item>(L"Item", 0x51, 1)});
+      "Selection", L"Selection", &CommonMembers(),
+      {Get<&CSelection::Count>(L"Count"), Method<&CSelection::Item>(L"Item")});
   return table;
 }
 
@@ -380,18 +317,13 @@ CModelPtr<CItem> CSelection::Item(const CArguments& arguments) {
 }
 
 CExplorers::CExplorers(CSession& session)
-    : COutlookObject(session, Members(), Events(), ObjectClass::Explorers) {}
+    : COutlookObject(session, Members(), ObjectClass::Explorers) {}
 
 const CMemberTable& CExplorers::Members() {
   static const CMemberTable table(
-      "Explorers", {kExplorersId}, &CommonMembers(),
-      {Get<&CExplorers::Count>(L"Count", 0x50), Method<&CExplorers::Item>(L"Item", 0x51, 1)});
-  return table;
-}
-
-const EventTable& CExplorers::Events() {
-  static const EventTable table = {{{kExplorersEventsId, "ExplorersEvents"}},
-                                   {{kNewWindow, "NewExplorer"}}};
+      "Explorers", L"_Explorers", &CommonMembers(),
+      {Get<&CExplorers::Count>(L"Count"), Method<&CExplorers::Item>(L"Item")},
+      {L"ExplorersEvents"});
   return table;
 }
 
@@ -408,19 +340,14 @@ CModelPtr<CExplorer> CExplorers::Item(const CArguments& arguments) {
 }
 
 CInspectors::CInspectors(CSession& session)
-    : COutlookObject(session, Members(), Events(), ObjectClass::Inspectors) {}
+    : COutlookObject(session, Members(), ObjectClass::Inspectors) {}
 
 const CMemberTable& CInspectors::Members() {
   static const CMemberTable table(
-      "Inspectors", {kInspectorsId}, &CommonMembers(),
-      {Get<&CInspectors::Count>(L"Count", 0x50), Method<&CInspectors::Item>(L"Item", 0x51, 1),
-       Method<&CInspectors::Add>(L"Add", 0x5F, 1)});
-  return table;
-}
-
-const EventTable& CInspectors::Events() {
-  static const EventTable table = {{{kInspectorsEventsId, "InspectorsEvents"}},
-                                   {{kNewWindow, "NewInspector"}}};
+      "Inspectors", L"_Inspectors", &CommonMembers(),
+      {Get<&CInspectors::Count>(L"Count"), Method<&CInspectors::Item>(L"Item"),
+       Method<&CInspectors::Add>(L"Add")},
+      {L"InspectorsEvents"});
   return table;
 }
 

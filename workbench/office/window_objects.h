@@ -25,15 +25,13 @@ class COleWindow;
 // Common members of explorer and inspector.
 class CWindowObject : public COutlookObject {
  public:
-  WindowPlace& Place() noexcept { return m_place; }
   bool IsOpen() const noexcept { return m_open; }
   virtual void SetClosed() noexcept { m_open = false; }
   virtual HWND Window() = 0;
   virtual std::wstring CaptionText() const = 0;
 
  protected:
-  CWindowObject(CSession& session, const CMemberTable& members, const EventTable& events,
-                ObjectClass objectClass);
+  CWindowObject(CSession& session, const CMemberTable& members, ObjectClass objectClass);
   ~CWindowObject() override;
 
   static const CMemberTable& WindowMembers();
@@ -42,8 +40,17 @@ class CWindowObject : public COutlookObject {
 
  private:
   CValue Caption();
-  CValue GetPlace(const CArguments& arguments);
-  void PutPlace(const CArguments& arguments);
+  template <auto part>
+  long GetPlace() const {
+    CheckOpen();
+    return m_place.*part;
+  }
+  template <auto part>
+  void PutPlace(const CArguments& arguments) {
+    CheckOpen();
+    m_place.*part = arguments.Long(0);
+    Session().Face().OnChanged();
+  }
 
   WindowPlace m_place;
   bool m_open = true;
@@ -72,7 +79,6 @@ class CExplorer final : public CWindowObject {
 
  private:
   static const CMemberTable& Members();
-  static const EventTable& Events();
 
   void ShowFolder(FolderNode& folder);
   CValue CommandBars();
@@ -108,7 +114,6 @@ class CInspector final : public CWindowObject {
 
  private:
   static const CMemberTable& Members();
-  static const EventTable& Events();
 
   CValue CommandBars();
   CModelPtr<CItem> CurrentItem();
@@ -147,7 +152,6 @@ class CExplorers final : public COutlookObject {
 
  private:
   static const CMemberTable& Members();
-  static const EventTable& Events();
 
   long Count();
   CModelPtr<CExplorer> Item(const CArguments& arguments);
@@ -160,7 +164,6 @@ class CInspectors final : public COutlookObject {
 
  private:
   static const CMemberTable& Members();
-  static const EventTable& Events();
 
   long Count();
   CModelPtr<CInspector> Item(const CArguments& arguments);

@@ -106,7 +106,9 @@ IDispatch* CRibbonUi::Face() noexcept {
 }
 
 STDMETHODIMP CRibbonUi::QueryInterface(REFIID iid, void** object) {
-  if (iid != kRibbonUiId && iid != IID_IDispatch) return CAutomation::QueryInterface(iid, object);
+  if (!MemberTable().HasInterface(iid) && iid != IID_IDispatch) {
+    return CAutomation::QueryInterface(iid, object);
+  }
   if (object == nullptr) return E_POINTER;
   *object = nullptr;
   if (const HRESULT usable = Usability(); FAILED(usable)) return usable;
@@ -140,13 +142,12 @@ void CRibbonUi::ActivateTab(const CArguments& arguments) {
 const CMemberTable& CRibbonUi::Members() {
   using Self = CRibbonUi;
   static const CMemberTable table(
-      "RibbonUI", {kRibbonUiId}, nullptr,
-      {Method<&Self::Invalidate>(L"Invalidate", kInvalidate),
-       Method<&Self::InvalidateControl>(L"InvalidateControl", kInvalidateControl, 1),
-       Method<&Self::InvalidateBuiltIn>(L"InvalidateControlMso", kInvalidateControlMso, 1),
-       Method<&Self::ActivateTab>(L"ActivateTab", kActivateTab, 1),
-       Method<&Self::ActivateTab>(L"ActivateTabMso", kActivateTabMso, 1),
-       Method<&Self::ActivateTab>(L"ActivateTabQ", kActivateTabQ, 2)});
+      "RibbonUI", L"IRibbonUI", nullptr,
+      {Method<&Self::Invalidate>(L"Invalidate"),
+       Method<&Self::InvalidateControl>(L"InvalidateControl"),
+       Method<&Self::InvalidateBuiltIn>(L"InvalidateControlMso"),
+       Method<&Self::ActivateTab>(L"ActivateTab"), Method<&Self::ActivateTab>(L"ActivateTabMso"),
+       Method<&Self::ActivateTab>(L"ActivateTabQ")});
   return table;
 }
 
@@ -195,7 +196,7 @@ IDispatch* CRibbonControl::Face() noexcept {
 }
 
 STDMETHODIMP CRibbonControl::QueryInterface(REFIID iid, void** object) {
-  if (iid != kRibbonControlId && iid != IID_IDispatch) {
+  if (!MemberTable().HasInterface(iid) && iid != IID_IDispatch) {
     return CAutomation::QueryInterface(iid, object);
   }
   if (object == nullptr) return E_POINTER;
@@ -209,9 +210,8 @@ STDMETHODIMP CRibbonControl::QueryInterface(REFIID iid, void** object) {
 const CMemberTable& CRibbonControl::Members() {
   using Self = CRibbonControl;
   static const CMemberTable table(
-      "RibbonControl", {kRibbonControlId}, nullptr,
-      {Get<&Self::Id>(L"Id", kId), Get<&Self::Context>(L"Context", kContext),
-       Get<&Self::Tag>(L"Tag", kTag)});
+      "RibbonControl", L"IRibbonControl", nullptr,
+      {Get<&Self::Id>(L"Id"), Get<&Self::Context>(L"Context"), Get<&Self::Tag>(L"Tag")});
   return table;
 }
 

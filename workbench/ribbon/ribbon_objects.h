@@ -14,9 +14,6 @@ namespace quor::workbench {
 
 class CRibbonHost;
 
-inline constexpr IID kRibbonUiId = {0x000C03A7, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-inline constexpr IID kRibbonControlId = {0x000C0395, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-
 struct IRibbonUI : public IDispatch {
   virtual HRESULT STDMETHODCALLTYPE Invalidate() = 0;
   virtual HRESULT STDMETHODCALLTYPE InvalidateControl(BSTR controlId) = 0;

@@ -8,6 +8,8 @@
 namespace quor::workbench {
 namespace {
 
+const IID kButtonEventsId = PublishedInterface(L"_CommandBarButtonEvents");
+
 const CValue kMissing = [] {
   VARIANT missing;
   VariantInit(&missing);
@@ -95,12 +97,12 @@ TEST_F(CommandBars, AClickReachesEverySinkOfTheTag) {
   const auto second = MakeObject<CCommandBars>(m_model, m_registry, CCommandBars::Kind::Shown);
   const CRemote distantBar = CRemote(second.get()).Object(L"Add", {L"Ours"});
   const CRemote distant = AddControl(distantBar, 1, L"Distant", L"Same");
-  CTestSink sinks[] = {CTestSink(mso::kButtonEventsId), CTestSink(mso::kButtonEventsId),
-                       CTestSink(mso::kButtonEventsId), CTestSink(mso::kButtonEventsId)};
+  CTestSink sinks[] = {CTestSink(kButtonEventsId), CTestSink(kButtonEventsId),
+                       CTestSink(kButtonEventsId), CTestSink(kButtonEventsId)};
   const CRemote* controls[] = {&one, &two, &other, &distant};
   DWORD cookies[4] = {};
   for (int i = 0; i < 4; ++i)
-    ASSERT_EQ(Advise(*controls[i], mso::kButtonEventsId, sinks[i], cookies[i]), S_OK);
+    ASSERT_EQ(Advise(*controls[i], kButtonEventsId, sinks[i], cookies[i]), S_OK);
   std::wstring clicked;
   sinks[1].during = [&clicked](DISPID, const DISPPARAMS& arguments) {
     ASSERT_EQ(arguments.cArgs, 2u);
@@ -117,11 +119,11 @@ TEST_F(CommandBars, AClickReachesEverySinkOfTheTag) {
 
 TEST_F(CommandBars, EventsStopWhenTheAdvisedControlIsReleased) {
   const CRemote bar = ShownBar();
-  CTestSink sink(mso::kButtonEventsId);
+  CTestSink sink(kButtonEventsId);
   DWORD cookie = 0;
   {
     const CRemote button = AddControl(bar, 1, L"One", L"One");
-    ASSERT_EQ(Advise(button, mso::kButtonEventsId, sink, cookie), S_OK);
+    ASSERT_EQ(Advise(button, kButtonEventsId, sink, cookie), S_OK);
     Click({L"One"});
   }
   EXPECT_EQ(sink.heard.size(), 1u);

@@ -12,6 +12,9 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
+const IID kFoldersEventsId = PublishedInterface(L"FoldersEvents");
+const IID kItemsEventsId = PublishedInterface(L"ItemsEvents");
+
 class CEngineTest : public COfficeTest {};
 
 TEST_F(CEngineTest, TellsWhatIsHeldFromOutsideAndOnlyThat) {

@@ -10,6 +10,11 @@ namespace {
 
 using ::testing::ElementsAre;
 
+const IID kExplorerEventsId = PublishedInterface(L"ExplorerEvents");
+const IID kInspectorEventsId = PublishedInterface(L"InspectorEvents");
+const IID kInspectorsEventsId = PublishedInterface(L"InspectorsEvents");
+const IID kItemsEventsId = PublishedInterface(L"ItemsEvents");
+
 class CObjectModelTest : public COfficeTest {
  protected:
   struct Answer {
@@ -83,25 +88,17 @@ TEST_F(CObjectModelTest, ArgumentsAreArrangedAsATypeLibraryDoes) {
   EXPECT_THAT(ids, ElementsAre(kCompareEntryIds, 1, DISPID_UNKNOWN));
 }
 
-TEST_F(CObjectModelTest, ATableThatIsNotAsPublishedIsNoticed) {
-  const auto deviations = [](const IID& iid, Member member) {
-    return CMemberTable("Type", {iid}, nullptr, {member}).Deviations();
-  };
-  const auto member = [](const wchar_t* name, DISPID id, MemberKind kind, UINT arguments) {
-    return Member{name, id, kind, arguments, arguments, nullptr, {}, nullptr};
-  };
+TEST_F(CObjectModelTest, OnlyPublishedMembersHaveAnId) {
   using enum MemberKind;
-  EXPECT_THAT(deviations(kFolderId, member(L"Name", 0x3001, Put, 1)), ElementsAre());
-  EXPECT_THAT(deviations(kFolderId, member(L"Name", 0x3002, Get, 0)),
-              ElementsAre("Type.Name has another dispatch id or does not exist"));
-  EXPECT_THAT(deviations(kFolderId, member(L"Title", 0x3001, Get, 0)),
-              ElementsAre("Type.Title has another name"));
-  EXPECT_THAT(deviations(kFolderId, member(L"Name", 0x3001, Method, 0)),
-              ElementsAre("Type.Name is of another kind"));
-  EXPECT_THAT(deviations(kFolderId, member(L"MoveTo", 0xF034, Method, 2)),
-              ElementsAre("Type.MoveTo has other arguments"));
-  EXPECT_THAT(EventTable({{kFolderId, "Folder"}}, {{0x3001, "Path"}}).deviations,
-              ElementsAre("Folder!Path is not published so"));
+  const CMemberTable table("Type", L"MAPIFolder", nullptr,
+                           {{L"Name", Put}, {L"Title", Get}, {L"Display", Get}, {L"moveto"}});
+  EXPECT_THAT(table.Deviations(),
+              ElementsAre("Type.Title is not published", "Type.Display is not published"));
+  ASSERT_NE(table.Find(0x3001, DISPATCH_PROPERTYPUT), nullptr);
+  EXPECT_EQ(table.Find(0x3001, DISPATCH_PROPERTYGET), nullptr);
+  ASSERT_NE(table.FindByName(L"MoveTo"), nullptr);
+  EXPECT_EQ(table.FindByName(L"MoveTo")->least, 1u);
+  EXPECT_THROW(CMemberTable("Type", L"_Nothing", nullptr, {}), std::logic_error);
 }
 
 TEST_F(CObjectModelTest, CallsThatDoNotFitAreRefusedAsOfficeDoes) {
