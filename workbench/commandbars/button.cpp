@@ -26,7 +26,6 @@ ControlFace CCommandBarButton::Face() const {
 }
 
 void CCommandBarButton::Activate() {
-  RequireAlive();
   const CModelPtr<CCommandBarControl> self(this);
   for (const auto& twin : Twins()) {
     if (!twin->IsDeleted()) twin->FireCancellable(mso::kClick, {static_cast<IDispatch*>(this)});
@@ -34,12 +33,10 @@ void CCommandBarButton::Activate() {
 }
 
 bool CCommandBarButton::BuiltInFace() const {
-  RequireAlive();
   return !m_picture;
 }
 
 void CCommandBarButton::SetBuiltInFace(const CArguments& arguments) {
-  RequireAlive();
   if (!arguments.Bool(0)) return;
   m_picture.Reset();
   m_mask.Reset();
@@ -47,12 +44,10 @@ void CCommandBarButton::SetBuiltInFace(const CArguments& arguments) {
 }
 
 long CCommandBarButton::FaceId() const {
-  RequireAlive();
   return m_faceId;
 }
 
 void CCommandBarButton::SetFaceId(const CArguments& arguments) {
-  RequireAlive();
   m_faceId = arguments.Long(0);
   m_picture.Reset();
   m_mask.Reset();
@@ -60,7 +55,6 @@ void CCommandBarButton::SetFaceId(const CArguments& arguments) {
 }
 
 void CCommandBarButton::PasteFace() {
-  RequireAlive();
   PicturePtr pasted = PictureFromClipboard();
   if (!pasted) throw CModelError(E_FAIL, "There is no picture on the clipboard.");
   m_picture = std::move(pasted);
@@ -69,22 +63,18 @@ void CCommandBarButton::PasteFace() {
 }
 
 std::wstring CCommandBarButton::ShortcutText() const {
-  RequireAlive();
   return m_shortcut;
 }
 
 void CCommandBarButton::SetShortcutText(const CArguments& arguments) {
-  RequireAlive();
   m_shortcut = arguments.Text(0);
 }
 
 long CCommandBarButton::State() const {
-  RequireAlive();
   return m_state;
 }
 
 void CCommandBarButton::SetState(const CArguments& arguments) {
-  RequireAlive();
   const long state = arguments.Long(0);
   if (state < mso::kButtonDown || state > 2 || state == 1) throw CModelError(E_INVALIDARG);
   m_state = state;
@@ -92,12 +82,10 @@ void CCommandBarButton::SetState(const CArguments& arguments) {
 }
 
 long CCommandBarButton::Style() const {
-  RequireAlive();
   return m_style;
 }
 
 void CCommandBarButton::SetStyle(const CArguments& arguments) {
-  RequireAlive();
   const long style = arguments.Long(0);
   switch (style) {
     case mso::kAutomatic:
@@ -117,24 +105,20 @@ void CCommandBarButton::SetStyle(const CArguments& arguments) {
 }
 
 IDispatch* CCommandBarButton::Picture() const {
-  RequireAlive();
   return m_picture.Get();
 }
 
 void CCommandBarButton::SetPicture(const CArguments& arguments) {
-  RequireAlive();
   m_picture = BitmapPicture(arguments.Object(0));
   if (!m_picture) m_mask.Reset();
   ComposeFace();
 }
 
 IDispatch* CCommandBarButton::Mask() const {
-  RequireAlive();
   return m_mask.Get();
 }
 
 void CCommandBarButton::SetMask(const CArguments& arguments) {
-  RequireAlive();
   if (!m_picture) throw CModelError(E_FAIL, "There is no picture that could be masked.");
   m_mask = BitmapPicture(arguments.Object(0));
   ComposeFace();

@@ -1,16 +1,13 @@
 #include "workbench/commandbars/combo_box.h"
 
 #include <algorithm>
+#include <climits>
 
 #include "workbench/commandbars/command_bar.h"
 
 namespace quor::workbench {
 namespace {
 
-constexpr DISPID kDropDownLines = 0x60050002;
-constexpr DISPID kDropDownWidth = 0x60050004;
-constexpr DISPID kListHeaderCount = 0x60050009;
-constexpr DISPID kStyle = 0x6005000E;
 constexpr long kStyleLabel = 1;
 
 }  // namespace
@@ -63,7 +60,6 @@ size_t CCommandBarComboBox::EntryFromOne(const CArguments& arguments, UINT index
 }
 
 void CCommandBarComboBox::AddItem(const CArguments& arguments) {
-  RequireAlive();
   const std::wstring text = arguments.Text(0);
   const size_t count = m_entries.size();
   const long before = arguments.LongOr(1, static_cast<long>(count) + 1);
@@ -74,14 +70,12 @@ void CCommandBarComboBox::AddItem(const CArguments& arguments) {
 }
 
 void CCommandBarComboBox::Clear() {
-  RequireAlive();
   m_entries.clear();
   m_listIndex = 0;
   Bar()->Changed();
 }
 
 void CCommandBarComboBox::RemoveItem(const CArguments& arguments) {
-  RequireAlive();
   const auto entry = static_cast<long>(EntryFromOne(arguments, 0));
   m_entries.erase(m_entries.begin() + entry);
   FollowText();
@@ -89,29 +83,24 @@ void CCommandBarComboBox::RemoveItem(const CArguments& arguments) {
 }
 
 std::wstring CCommandBarComboBox::List(const CArguments& arguments) const {
-  RequireAlive();
   return m_entries[EntryFromOne(arguments, 0)];
 }
 
 void CCommandBarComboBox::SetList(const CArguments& arguments) {
-  RequireAlive();
   m_entries[EntryFromOne(arguments, 0)] = arguments.Text(1);
   Bar()->Changed();
 }
 
 long CCommandBarComboBox::ListCount() const {
-  RequireAlive();
   return static_cast<long>(m_entries.size());
 }
 
 long CCommandBarComboBox::ListIndex() const {
-  RequireAlive();
   return m_listIndex;
 }
 
 // Raises Change, because it counts as the user's choice.
 void CCommandBarComboBox::SetListIndex(const CArguments& arguments) {
-  RequireAlive();
   if (arguments.Long(0) == 0) {
     m_listIndex = 0;
     return;
@@ -120,68 +109,31 @@ void CCommandBarComboBox::SetListIndex(const CArguments& arguments) {
 }
 
 std::wstring CCommandBarComboBox::Text() const {
-  RequireAlive();
   return m_text;
 }
 
 void CCommandBarComboBox::SetText(const CArguments& arguments) {
-  RequireAlive();
   m_text = arguments.Text(0);
   FollowText();
   Bar()->Changed();
 }
 
-CValue CCommandBarComboBox::ReadNumber(const CArguments& arguments) const {
-  RequireAlive();
-  switch (arguments.Member()) {
-    case kDropDownLines:
-      return m_dropDownLines;
-    case kDropDownWidth:
-      return m_dropDownWidth;
-    case kListHeaderCount:
-      return m_headerCount;
-    default:
-      return m_style;
-  }
-}
-
-void CCommandBarComboBox::WriteNumber(const CArguments& arguments) {
-  RequireAlive();
-  const long number = arguments.Long(0);
-  const bool isStyle = arguments.Member() == kStyle;
-  if (number < (isStyle ? 0 : -1) || (isStyle && number > kStyleLabel)) {
-    throw CModelError(E_INVALIDARG);
-  }
-  switch (arguments.Member()) {
-    case kDropDownLines:
-      m_dropDownLines = number;
-      break;
-    case kDropDownWidth:
-      m_dropDownWidth = number;
-      break;
-    case kListHeaderCount:
-      m_headerCount = number;
-      break;
-    default:
-      m_style = number;
-      break;
-  }
-  Bar()->Changed();
-}
-
 const CMemberTable& CCommandBarComboBox::Members() {
   using Self = CCommandBarComboBox;
-  constexpr auto kRead = &Self::ReadNumber;
-  constexpr auto kWrite = &Self::WriteNumber;
+  constexpr long kMost = LONG_MAX;
   static const CMemberTable table(
       "CommandBarComboBox", L"_CommandBarComboBox", &ControlMembers(),
       {Method<&Self::AddItem>(L"AddItem", 1), Method<&Self::Clear>(L"Clear"),
-       Get<kRead>(L"DropDownLines"), Put<kWrite>(L"DropDownLines"), Get<kRead>(L"DropDownWidth"),
-       Put<kWrite>(L"DropDownWidth"), Get<&Self::List>(L"List"), Put<&Self::SetList>(L"List"),
-       Get<&Self::ListCount>(L"ListCount"), Get<kRead>(L"ListHeaderCount"),
-       Put<kWrite>(L"ListHeaderCount"), Get<&Self::ListIndex>(L"ListIndex"),
-       Put<&Self::SetListIndex>(L"ListIndex"), Method<&Self::RemoveItem>(L"RemoveItem"),
-       Get<kRead>(L"Style"), Put<kWrite>(L"Style"), Get<&Self::Text>(L"Text"),
+       Get<&Self::Read<&Self::m_dropDownLines>>(L"DropDownLines"),
+       Put<&Self::Write<&Self::m_dropDownLines, -1, kMost>>(L"DropDownLines"),
+       Get<&Self::Read<&Self::m_dropDownWidth>>(L"DropDownWidth"),
+       Put<&Self::Write<&Self::m_dropDownWidth, -1, kMost>>(L"DropDownWidth"),
+       Get<&Self::List>(L"List"), Put<&Self::SetList>(L"List"), Get<&Self::ListCount>(L"ListCount"),
+       Get<&Self::Read<&Self::m_headerCount>>(L"ListHeaderCount"),
+       Put<&Self::Write<&Self::m_headerCount, -1, kMost>>(L"ListHeaderCount"),
+       Get<&Self::ListIndex>(L"ListIndex"), Put<&Self::SetListIndex>(L"ListIndex"),
+       Method<&Self::RemoveItem>(L"RemoveItem"), Get<&Self::Read<&Self::m_style>>(L"Style"),
+       Put<&Self::Write<&Self::m_style, 0, kStyleLabel>>(L"Style"), Get<&Self::Text>(L"Text"),
        Put<&Self::SetText>(L"Text")},
       {L"_CommandBarComboBoxEvents"});
   return table;

@@ -1,7 +1,7 @@
 #ifndef QUOR_WORKBENCH_COMMANDBARS_COMBO_BOX_H
 #define QUOR_WORKBENCH_COMMANDBARS_COMBO_BOX_H
 
-#include "workbench/commandbars/control.h"
+#include "workbench/commandbars/command_bar.h"
 
 namespace quor::workbench {
 
@@ -30,8 +30,17 @@ class CCommandBarComboBox final : public CCommandBarControl {
   void SetListIndex(const CArguments& arguments);
   std::wstring Text() const;
   void SetText(const CArguments& arguments);
-  CValue ReadNumber(const CArguments& arguments) const;
-  void WriteNumber(const CArguments& arguments);
+  template <auto number>
+  long Read() const {
+    return this->*number;
+  }
+  template <auto number, long least, long most>
+  void Write(const CArguments& arguments) {
+    const long value = arguments.Long(0);
+    if (value < least || value > most) throw CModelError(E_INVALIDARG);
+    this->*number = value;
+    Bar()->Changed();
+  }
 
   size_t EntryFromOne(const CArguments& arguments, UINT index) const;
   void FollowText();

@@ -1,6 +1,7 @@
 #include "workbench/commandbars/command_bar.h"
 
 #include <algorithm>
+#include <climits>
 
 #include "workbench/commandbars/button.h"
 #include "workbench/commandbars/combo_box.h"
@@ -10,18 +11,6 @@
 
 namespace quor::workbench {
 namespace {
-
-constexpr DISPID kBuiltIn = 0x60040000;
-constexpr DISPID kEnabled = 0x60040005;
-constexpr DISPID kHeight = 0x60040008;
-constexpr DISPID kLeft = 0x6004000C;
-constexpr DISPID kPosition = 0x60040013;
-constexpr DISPID kRowIndex = 0x60040015;
-constexpr DISPID kProtection = 0x60040017;
-constexpr DISPID kTop = 0x6004001B;
-constexpr DISPID kType = 0x6004001D;
-constexpr DISPID kVisible = 0x6004001E;
-constexpr DISPID kWidth = 0x60040020;
 
 constexpr long kUsualHeight = 26;
 
@@ -74,7 +63,6 @@ const std::vector<CModelPtr<CCommandBarControl>>& CCommandBar::LiveControls() co
 }
 
 CModelPtr<CAutomation> CCommandBar::Controls() {
-  RequireAlive();
   return MakeObject<CCommandBarControls>(Model(), CModelPtr<CCommandBar>(this)).get();
 }
 
@@ -173,12 +161,10 @@ long CCommandBar::Width() const {
 }
 
 IDispatch* CCommandBar::Application() const {
-  RequireAlive();
   return m_owner->ApplicationObject();
 }
 
 void CCommandBar::Delete() {
-  RequireAlive();
   if (settings.builtIn || m_popup != nullptr) {
     throw CModelError(E_FAIL, "Only bars that were added can be deleted.");
   }
@@ -186,135 +172,69 @@ void CCommandBar::Delete() {
 }
 
 CModelPtr<CCommandBarControl> CCommandBar::FindControl(const CArguments& arguments) const {
-  RequireAlive();
   std::vector<CModelPtr<CCommandBarControl>> found;
   if (m_owner->FindsControls()) Collect(ControlQuery::FromArguments(arguments, false), found);
   return found.empty() ? CModelPtr<CCommandBarControl>() : found.front();
 }
 
-std::wstring CCommandBar::NameText() const {
-  RequireAlive();
-  return Name();
-}
-
 void CCommandBar::SetName(const CArguments& arguments) {
-  RequireAlive();
   if (settings.builtIn || m_popup != nullptr) throw CModelError(E_FAIL);
   const std::wstring name = arguments.Text(0);
   if (name.empty() || m_owner->FindBar(name) != nullptr) throw CModelError(E_INVALIDARG);
   settings.name = name;
 }
 
-CValue CCommandBar::ReadSetting(const CArguments& arguments) const {
-  RequireAlive();
-  switch (arguments.Member()) {
-    case kBuiltIn:
-      return settings.builtIn;
-    case kEnabled:
-      return settings.enabled;
-    case kHeight:
-      return settings.height != 0 ? settings.height : kUsualHeight;
-    case kLeft:
-      return settings.left;
-    case kPosition:
-      return settings.position;
-    case kRowIndex:
-      return settings.row;
-    case kProtection:
-      return settings.protection;
-    case kTop:
-      return settings.top;
-    case kType:
-      return settings.type;
-    case kVisible:
-      return settings.visible;
-    case kWidth:
-      return Width();
-    default:
-      throw CModelError(E_NOTIMPL);
-  }
+long CCommandBar::Height() const {
+  return settings.height != 0 ? settings.height : kUsualHeight;
 }
 
-void CCommandBar::SetVisible(bool visible) {
+void CCommandBar::SetEnabled(const CArguments& arguments) {
+  settings.enabled = arguments.Bool(0);
+  if (!settings.enabled) settings.visible = false;
+  Changed();
+}
+
+void CCommandBar::SetVisible(const CArguments& arguments) {
+  const bool visible = arguments.Bool(0);
   if (visible && !settings.enabled) throw CModelError(E_FAIL, "The bar is not enabled.");
   settings.visible = visible;
-}
-
-void CCommandBar::WriteSetting(const CArguments& arguments) {
-  RequireAlive();
-  const auto inRange = [&arguments](long least, long most) {
-    const long value = arguments.Long(0);
-    if (value < least || value > most) throw CModelError(E_INVALIDARG);
-    return value;
-  };
-  switch (arguments.Member()) {
-    case kEnabled:
-      settings.enabled = arguments.Bool(0);
-      if (!settings.enabled) settings.visible = false;
-      break;
-    case kHeight:
-      settings.height = inRange(0, 0x7FFF);
-      break;
-    case kLeft:
-      settings.left = arguments.Long(0);
-      break;
-    case kPosition:
-      settings.position = inRange(mso::kLeft, mso::kFloating);
-      break;
-    case kRowIndex:
-      settings.row = inRange(-1, 0x7FFF);
-      break;
-    case kProtection:
-      settings.protection = inRange(0, 0x7F);
-      break;
-    case kTop:
-      settings.top = arguments.Long(0);
-      break;
-    case kVisible:
-      SetVisible(arguments.Bool(0));
-      break;
-    case kWidth:
-      settings.width = inRange(0, 0x7FFF);
-      break;
-    default:
-      throw CModelError(E_NOTIMPL);
-  }
   Changed();
 }
 
 const CMemberTable& CCommandBar::Members() {
   using Self = CCommandBar;
-  constexpr auto kRead = &Self::ReadSetting;
-  constexpr auto kWrite = &Self::WriteSetting;
-  static const CMemberTable table("CommandBar", L"CommandBar", nullptr,
-                                  {Get<&Self::Application>(L"Application"),
-                                   Get<kRead>(L"BuiltIn"),
-                                   Get<&Self::Controls>(L"Controls"),
-                                   Method<&Self::Delete>(L"Delete"),
-                                   Get<kRead>(L"Enabled"),
-                                   Put<kWrite>(L"Enabled"),
-                                   Method<&Self::FindControl>(L"FindControl", 0),
-                                   Get<kRead>(L"Height"),
-                                   Put<kWrite>(L"Height"),
-                                   Get<kRead>(L"Left"),
-                                   Put<kWrite>(L"Left"),
-                                   Get<&Self::NameText>(L"Name"),
-                                   Put<&Self::SetName>(L"Name"),
-                                   Get<&Self::NameText>(L"NameLocal"),
-                                   Put<&Self::SetName>(L"NameLocal"),
-                                   Get<kRead>(L"Position"),
-                                   Put<kWrite>(L"Position"),
-                                   Get<kRead>(L"RowIndex"),
-                                   Put<kWrite>(L"RowIndex"),
-                                   Get<kRead>(L"Protection"),
-                                   Put<kWrite>(L"Protection"),
-                                   Get<kRead>(L"Top"),
-                                   Put<kWrite>(L"Top"),
-                                   Get<kRead>(L"Type"),
-                                   Get<kRead>(L"Visible"),
-                                   Put<kWrite>(L"Visible"),
-                                   Get<kRead>(L"Width"),
-                                   Put<kWrite>(L"Width")});
+  using S = BarSettings;
+  constexpr long kMost = 0x7FFF;
+  static const CMemberTable table(
+      "CommandBar", L"CommandBar", nullptr,
+      {Get<&Self::Application>(L"Application"),
+       Get<&Self::Read<&S::builtIn>>(L"BuiltIn"),
+       Get<&Self::Controls>(L"Controls"),
+       Method<&Self::Delete>(L"Delete"),
+       Get<&Self::Read<&S::enabled>>(L"Enabled"),
+       Put<&Self::SetEnabled>(L"Enabled"),
+       Method<&Self::FindControl>(L"FindControl", 0),
+       Get<&Self::Height>(L"Height"),
+       Put<&Self::Write<&S::height, 0, kMost>>(L"Height"),
+       Get<&Self::Read<&S::left>>(L"Left"),
+       Put<&Self::Write<&S::left, LONG_MIN, LONG_MAX>>(L"Left"),
+       Get<&Self::Name>(L"Name"),
+       Put<&Self::SetName>(L"Name"),
+       Get<&Self::Name>(L"NameLocal"),
+       Put<&Self::SetName>(L"NameLocal"),
+       Get<&Self::Read<&S::position>>(L"Position"),
+       Put<&Self::Write<&S::position, mso::kLeft, mso::kFloating>>(L"Position"),
+       Get<&Self::Read<&S::row>>(L"RowIndex"),
+       Put<&Self::Write<&S::row, -1, kMost>>(L"RowIndex"),
+       Get<&Self::Read<&S::protection>>(L"Protection"),
+       Put<&Self::Write<&S::protection, 0, 0x7F>>(L"Protection"),
+       Get<&Self::Read<&S::top>>(L"Top"),
+       Put<&Self::Write<&S::top, LONG_MIN, LONG_MAX>>(L"Top"),
+       Get<&Self::Read<&S::type>>(L"Type"),
+       Get<&Self::Read<&S::visible>>(L"Visible"),
+       Put<&Self::SetVisible>(L"Visible"),
+       Get<&Self::Width>(L"Width"),
+       Put<&Self::Write<&S::width, 0, kMost>>(L"Width")});
   return table;
 }
 

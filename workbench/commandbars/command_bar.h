@@ -79,16 +79,26 @@ class CCommandBar final : public CAutomation {
  private:
   static const CMemberTable& Members();
 
-  void RequireAlive() const;
+  void RequireAlive() const override;
   IDispatch* Application() const;
   void Delete();
   CModelPtr<CCommandBarControl> FindControl(const CArguments& arguments) const;
-  std::wstring NameText() const;
   void SetName(const CArguments& arguments);
-  CValue ReadSetting(const CArguments& arguments) const;
-  void WriteSetting(const CArguments& arguments);
-  void SetVisible(bool visible);
+  void SetEnabled(const CArguments& arguments);
+  void SetVisible(const CArguments& arguments);
+  long Height() const;
   long Width() const;
+  template <auto setting>
+  CValue Read() const {
+    return settings.*setting;
+  }
+  template <auto setting, long least, long most>
+  void Write(const CArguments& arguments) {
+    const long value = arguments.Long(0);
+    if (value < least || value > most) throw CModelError(E_INVALIDARG);
+    settings.*setting = value;
+    Changed();
+  }
 
   std::shared_ptr<CControlRegistry> m_registry;
   CCommandBars* m_owner;

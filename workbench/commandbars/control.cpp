@@ -7,23 +7,6 @@
 namespace quor::workbench {
 namespace {
 
-constexpr DISPID kBeginGroup = 0x60040000;
-constexpr DISPID kBuiltIn = 0x60040002;
-constexpr DISPID kCaption = 0x60040003;
-constexpr DISPID kDescriptionText = 0x60040008;
-constexpr DISPID kEnabled = 0x6004000A;
-constexpr DISPID kHeight = 0x6004000D;
-constexpr DISPID kId = 0x60040013;
-constexpr DISPID kInstanceId = 0x60040015;
-constexpr DISPID kOnAction = 0x6004001A;
-constexpr DISPID kParameter = 0x6004001D;
-constexpr DISPID kPriority = 0x6004001F;
-constexpr DISPID kTag = 0x60040023;
-constexpr DISPID kTooltipText = 0x60040025;
-constexpr DISPID kType = 0x60040028;
-constexpr DISPID kVisible = 0x60040029;
-constexpr DISPID kWidth = 0x6004002B;
-
 constexpr long kUsualHeight = 22;  // of a control on a toolbar, in pixels
 
 bool IsGiven(const CArguments& arguments, UINT index) {
@@ -113,164 +96,90 @@ std::vector<CModelPtr<CCommandBarControl>> CCommandBarControl::Twins() {
 }
 
 IDispatch* CCommandBarControl::Application() const {
-  RequireAlive();
   return m_bar->Owner()->ApplicationObject();
 }
 
 IDispatch* CCommandBarControl::Parent() const {
-  RequireAlive();
   return m_bar;
 }
 
 void CCommandBarControl::Delete() {
-  RequireAlive();
   m_bar->Remove(*this);
 }
 
 long CCommandBarControl::Index() const {
-  RequireAlive();
   return m_bar->IndexOf(*this);
 }
 
-// Only a window that has drawn the control knows its position.
-long CCommandBarControl::Position() const {
-  RequireAlive();
-  return 0;
+long CCommandBarControl::Height() const {
+  return settings.height != 0 ? settings.height : kUsualHeight;
 }
 
-CValue CCommandBarControl::ReadSetting(const CArguments& arguments) const {
-  RequireAlive();
-  const ControlSettings& s = settings;
-  switch (arguments.Member()) {
-    case kBeginGroup:
-      return s.beginGroup;
-    case kBuiltIn:
-      return s.id != mso::kCustomControl;
-    case kCaption:
-      return s.caption;
-    case kDescriptionText:
-      return s.description;
-    case kEnabled:
-      return s.enabled;
-    case kHeight:
-      return s.height != 0 ? s.height : kUsualHeight;
-    case kId:
-      return s.id;
-    case kInstanceId:
-      return m_instance;
-    case kOnAction:
-      return s.onAction;
-    case kParameter:
-      return s.parameter;
-    case kPriority:
-      return s.priority;
-    case kTag:
-      return s.tag;
-    case kTooltipText:
-      return s.tooltip.empty() ? s.caption : s.tooltip;
-    case kType:
-      return m_type;
-    case kVisible:
-      return s.visible;
-    case kWidth:
-      return s.width != 0 ? s.width : CCommandBar::UsualWidth(Face());
-    default:
-      throw CModelError(E_NOTIMPL);
-  }
+long CCommandBarControl::Width() const {
+  return settings.width != 0 ? settings.width : CCommandBar::UsualWidth(Face());
 }
 
-void CCommandBarControl::WriteSetting(const CArguments& arguments) {
-  RequireAlive();
-  ControlSettings& s = settings;
-  const auto size = [&arguments] {
-    const long value = arguments.Long(0);
-    if (value < 0) throw CModelError(E_INVALIDARG);
-    return value;
-  };
-  switch (arguments.Member()) {
-    case kBeginGroup:
-      s.beginGroup = arguments.Bool(0);
-      break;
-    case kCaption:
-      s.caption = arguments.Text(0);
-      break;
-    case kDescriptionText:
-      s.description = arguments.Text(0);
-      break;
-    case kEnabled:
-      s.enabled = arguments.Bool(0);
-      break;
-    case kHeight:
-      s.height = size();
-      break;
-    case kOnAction:
-      s.onAction = arguments.Text(0);
-      break;
-    case kParameter:
-      s.parameter = arguments.Text(0);
-      break;
-    case kPriority:
-      s.priority = size();
-      break;
-    case kTag:
-      s.tag = arguments.Text(0);
-      break;
-    case kTooltipText:
-      s.tooltip = arguments.Text(0);
-      break;
-    case kVisible:
-      s.visible = arguments.Bool(0);
-      break;
-    case kWidth:
-      s.width = size();
-      break;
-    default:
-      throw CModelError(E_NOTIMPL);
-  }
+std::wstring CCommandBarControl::TooltipText() const {
+  return settings.tooltip.empty() ? settings.caption : settings.tooltip;
+}
+
+void CCommandBarControl::Set(std::wstring& setting, const CArguments& arguments) {
+  setting = arguments.Text(0);
+  m_bar->Changed();
+}
+
+void CCommandBarControl::Set(bool& setting, const CArguments& arguments) {
+  setting = arguments.Bool(0);
+  m_bar->Changed();
+}
+
+void CCommandBarControl::Set(long& setting, const CArguments& arguments) {
+  const long value = arguments.Long(0);
+  if (value < 0) throw CModelError(E_INVALIDARG);
+  setting = value;
   m_bar->Changed();
 }
 
 const CMemberTable& CCommandBarControl::ControlMembers() {
   using Self = CCommandBarControl;
-  constexpr auto kRead = &Self::ReadSetting;
-  constexpr auto kWrite = &Self::WriteSetting;
+  using S = ControlSettings;
   static const CMemberTable table("CommandBarControl", L"CommandBarControl", nullptr,
                                   {Get<&Self::Application>(L"Application"),
-                                   Get<kRead>(L"BeginGroup"),
-                                   Put<kWrite>(L"BeginGroup"),
-                                   Get<kRead>(L"BuiltIn"),
-                                   Get<kRead>(L"Caption"),
-                                   Put<kWrite>(L"Caption"),
+                                   Get<&Self::Read<&S::beginGroup>>(L"BeginGroup"),
+                                   Put<&Self::Write<&S::beginGroup>>(L"BeginGroup"),
+                                   Get<&Self::IsBuiltIn>(L"BuiltIn"),
+                                   Get<&Self::Read<&S::caption>>(L"Caption"),
+                                   Put<&Self::Write<&S::caption>>(L"Caption"),
                                    Method<&Self::Delete>(L"Delete", 0),
-                                   Get<kRead>(L"DescriptionText"),
-                                   Put<kWrite>(L"DescriptionText"),
-                                   Get<kRead>(L"Enabled"),
-                                   Put<kWrite>(L"Enabled"),
+                                   Get<&Self::Read<&S::description>>(L"DescriptionText"),
+                                   Put<&Self::Write<&S::description>>(L"DescriptionText"),
+                                   Get<&Self::Read<&S::enabled>>(L"Enabled"),
+                                   Put<&Self::Write<&S::enabled>>(L"Enabled"),
                                    Method<&Self::Activate>(L"Execute"),
-                                   Get<kRead>(L"Height"),
-                                   Put<kWrite>(L"Height"),
-                                   Get<kRead>(L"Id"),
+                                   Get<&Self::Height>(L"Height"),
+                                   Put<&Self::Write<&S::height>>(L"Height"),
+                                   Get<&Self::Read<&S::id>>(L"Id"),
                                    Get<&Self::Index>(L"Index"),
-                                   Get<kRead>(L"InstanceId"),
+                                   Get<&Self::InstanceId>(L"InstanceId"),
                                    Get<&Self::Position>(L"Left"),
-                                   Get<kRead>(L"OnAction"),
-                                   Put<kWrite>(L"OnAction"),
+                                   Get<&Self::Read<&S::onAction>>(L"OnAction"),
+                                   Put<&Self::Write<&S::onAction>>(L"OnAction"),
                                    Get<&Self::Parent>(L"Parent"),
-                                   Get<kRead>(L"Parameter"),
-                                   Put<kWrite>(L"Parameter"),
-                                   Get<kRead>(L"Priority"),
-                                   Put<kWrite>(L"Priority"),
-                                   Method<&Self::RequireAlive>(L"SetFocus"),
-                                   Get<kRead>(L"Tag"),
-                                   Put<kWrite>(L"Tag"),
-                                   Get<kRead>(L"TooltipText"),
-                                   Put<kWrite>(L"TooltipText"),
+                                   Get<&Self::Read<&S::parameter>>(L"Parameter"),
+                                   Put<&Self::Write<&S::parameter>>(L"Parameter"),
+                                   Get<&Self::Read<&S::priority>>(L"Priority"),
+                                   Put<&Self::Write<&S::priority>>(L"Priority"),
+                                   Method<&Self::SetFocus>(L"SetFocus"),
+                                   Get<&Self::Read<&S::tag>>(L"Tag"),
+                                   Put<&Self::Write<&S::tag>>(L"Tag"),
+                                   Get<&Self::TooltipText>(L"TooltipText"),
+                                   Put<&Self::Write<&S::tooltip>>(L"TooltipText"),
                                    Get<&Self::Position>(L"Top"),
-                                   Get<kRead>(L"Type"),
-                                   Get<kRead>(L"Visible"),
-                                   Put<kWrite>(L"Visible"),
-                                   Get<kRead>(L"Width"),
-                                   Put<kWrite>(L"Width")});
+                                   Get<&Self::TypeNumber>(L"Type"),
+                                   Get<&Self::Read<&S::visible>>(L"Visible"),
+                                   Put<&Self::Write<&S::visible>>(L"Visible"),
+                                   Get<&Self::Width>(L"Width"),
+                                   Put<&Self::Write<&S::width>>(L"Width")});
   return table;
 }
 

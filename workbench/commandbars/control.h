@@ -51,7 +51,7 @@ class CCommandBarControl : public CEventSource {
   std::string ObjectName() const override;
 
   ControlSettings settings;
-  long TypeNumber() const noexcept { return m_type; }
+  long TypeNumber() const { return m_type; }
   int Instance() const noexcept { return m_instance; }
   bool IsDeleted() const noexcept { return m_bar == nullptr; }
   CCommandBar* Bar() const noexcept { return m_bar; }
@@ -70,7 +70,7 @@ class CCommandBarControl : public CEventSource {
   void OnGone() noexcept override;
 
   static const CMemberTable& ControlMembers();
-  void RequireAlive() const;
+  void RequireAlive() const override;
   // All live controls whose sinks receive this control's events, itself included.
   std::vector<CModelPtr<CCommandBarControl>> Twins();
 
@@ -79,10 +79,24 @@ class CCommandBarControl : public CEventSource {
   IDispatch* Parent() const;
   void Delete();
   long Index() const;
-  long Position() const;
-  // Read and write a setting; the member's id selects it.
-  CValue ReadSetting(const CArguments& arguments) const;
-  void WriteSetting(const CArguments& arguments);
+  long InstanceId() const { return m_instance; }
+  bool IsBuiltIn() const { return settings.id != mso::kCustomControl; }
+  long Position() const { return 0; }  // only a window that has drawn the control knows it
+  void SetFocus() {}
+  long Height() const;
+  long Width() const;
+  std::wstring TooltipText() const;
+  template <auto setting>
+  CValue Read() const {
+    return settings.*setting;
+  }
+  template <auto setting>
+  void Write(const CArguments& arguments) {
+    Set(settings.*setting, arguments);
+  }
+  void Set(std::wstring& setting, const CArguments& arguments);
+  void Set(bool& setting, const CArguments& arguments);
+  void Set(long& setting, const CArguments& arguments);  // not negative
 
   std::shared_ptr<CControlRegistry> m_registry;
   CCommandBar* m_bar;

@@ -23,12 +23,10 @@ void CCommandBarPopup::Detach() noexcept {
 }
 
 IDispatch* CCommandBarPopup::CommandBar() const {
-  RequireAlive();
   return m_menu.get();
 }
 
 CModelPtr<CAutomation> CCommandBarPopup::Controls() const {
-  RequireAlive();
   return m_menu->Controls();
 }
 

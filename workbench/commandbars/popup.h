@@ -15,9 +15,6 @@ class CCommandBarPopup final : public CCommandBarControl {
   CCommandBar* Menu() const noexcept override { return m_menu.get(); }
   void Detach() noexcept override;
 
- protected:
-  void* OtherInterface(REFIID) override { return nullptr; }  // a popup raises no events
-
  private:
   static const CMemberTable& Members();
 
