@@ -101,7 +101,7 @@ int Main() {
         PrintLine(std::string(kUsage) + "\n" + CommandHelp());
         return kGood;
       case Options::Task::HelpMarkdown:
-        PrintLine(CommandHelpMarkdown());
+        PrintLine(kCommandHelpMarkdown);
         return kGood;
       case Options::Task::Interactive:
         if (options.outlookVersion == 0) options.outlookVersion = kUsualVersion;

@@ -1,9 +1,9 @@
 #include "workbench/scenario/command.h"
 
 #include <charconv>
+#include <sstream>
 
 #include "workbench/scenario/commands.h"
-#include "workbench/scenario/indications.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -38,11 +38,34 @@ size_t MatchingWords(const Command& command, const std::vector<std::string>& wor
   return names.size();
 }
 
+std::string WithoutBlockMark(const std::string& usage) {
+  for (const std::string_view mark : {" [:]", ":"}) {
+    if (usage.ends_with(mark)) return usage.substr(0, usage.size() - mark.size());
+  }
+  return usage;
+}
+
+// "expect log [nothing]", from the manual's line "- `expect log [nothing] [:]`". The manual has the
+// commands in the order of the tables.
+std::string Usage(const Command& command) {
+  std::istringstream manual(kCommandHelpMarkdown);
+  std::string line;
+  for (const auto& group : CommandGroups()) {
+    for (const Command& one : group) {
+      while (std::getline(manual, line) && !line.starts_with("- `")) {
+      }
+      if (&one != &command) continue;
+      return WithoutBlockMark(line.substr(3, line.size() - 4));
+    }
+  }
+  return command.words;
+}
+
 void CheckShape(const Statement& statement, const FoundCommand& found) {
   const Command& command = *found.command;
   const size_t count = statement.words.size() - found.words;
   if (count < command.least || count > command.most) {
-    throw CScenarioError(std::string("usage: ") + command.words + " " + command.arguments);
+    throw CScenarioError("usage: " + Usage(command));
   }
   if (statement.hasBlock && command.block == Command::Block::None) {
     throw CScenarioError(std::string("\"") + command.words + "\" takes no block");
@@ -56,24 +79,12 @@ void CheckShape(const Statement& statement, const FoundCommand& found) {
   }
 }
 
-std::string Usage(const Command& command) {
-  std::string usage = command.words;
-  if (*command.arguments) usage = usage + " " + command.arguments;
-  if (command.block == Command::Block::Required) usage += ":";
-  if (command.block == Command::Block::Optional) usage += " [:]";
-  return usage;
-}
-
 }  // namespace
 
-std::span<const CommandGroup> CommandGroups() {
-  static const CommandGroup groups[] = {{"Setting the scene", SceneCommands()},
-                                        {"Outlook and the add-in", OutlookCommands()},
-                                        {"The telephone base", BaseCommands()},
-                                        {"Contacts, folders and their windows", ContactCommands()},
-                                        {"Toolbar, ribbon and windows", ScreenCommands()},
-                                        {"Time", TimeCommands()},
-                                        {"Evidence", EvidenceCommands()}};
+std::span<const std::span<const Command>> CommandGroups() {
+  static const std::span<const Command> groups[] = {
+      SceneCommands(),  OutlookCommands(), BaseCommands(),    ContactCommands(),
+      ScreenCommands(), TimeCommands(),    EvidenceCommands()};
   return groups;
 }
 
@@ -119,8 +130,8 @@ std::optional<int> CCommandArguments::NumberAfter(std::string_view name, int lea
 
 FoundCommand FindCommand(const Statement& statement) {
   FoundCommand found = {nullptr, 0};
-  for (const CommandGroup& group : CommandGroups()) {
-    for (const Command& command : group.commands) {
+  for (const auto& group : CommandGroups()) {
+    for (const Command& command : group) {
       const size_t words = MatchingWords(command, statement.words);
       if (words > found.words) found = {&command, words};
     }
@@ -135,27 +146,21 @@ FoundCommand FindCommand(const Statement& statement) {
 
 std::string CommandHelp() {
   std::string text;
-  for (const CommandGroup& group : CommandGroups()) {
-    text += std::string(group.title) + "\n";
-    for (const Command& command : group.commands) {
-      text += "  " + Usage(command) + "\n      " + command.help + "\n";
+  std::istringstream lines(kCommandHelpMarkdown);
+  bool afterTitle = false;
+  for (std::string line; std::getline(lines, line);) {
+    const bool title = line.starts_with("### ");
+    if (title) {
+      text += line.substr(4) + "\n";
+    } else if (line.starts_with("- `")) {
+      text += "  " + line.substr(3, line.size() - 4) + "\n";
+    } else if (line.starts_with("  ")) {
+      text += "    " + line + "\n";
+    } else if (!line.starts_with("```") && !(line.empty() && afterTitle)) {
+      text += line + "\n";
     }
-    text += "\n";
+    afterTitle = title;
   }
-  text += std::string("Indications\n") + kIndicationHelp;
-  return text;
-}
-
-std::string CommandHelpMarkdown() {
-  std::string text;
-  for (const CommandGroup& group : CommandGroups()) {
-    text += std::string("### ") + group.title + "\n\n";
-    for (const Command& command : group.commands) {
-      text += "- `" + Usage(command) + "`\n  " + command.help + "\n";
-    }
-    text += "\n";
-  }
-  text += std::string("### Indications\n\n```\n") + kIndicationHelp + "```\n";
   return text;
 }
 

@@ -43,13 +43,11 @@ class CCommandArguments {
   std::span<const std::string> m_words;
 };
 
-// One command of the language. Only the table of commands names them: the player, --help and the
-// manual read it.
+// One command of the language. Only the table of commands names them. What a command does and which
+// words follow stands in the manual, docs/workbench.md, which --help prints.
 struct Command {
-  const char* words;      // "expect log"
-  const char* arguments;  // "call N|N-M status S", shown to users
-  const char* help;       // one to three sentences
-  size_t least;           // number of words that must follow
+  const char* words;  // "expect log"
+  size_t least;       // number of words that must follow
   size_t most;
   enum class Block { None, Optional, Required } block;
   // Null for kRepeatCommand, which the run handles itself.
@@ -60,12 +58,8 @@ inline constexpr char kRepeatCommand[] = "repeat";
 
 inline constexpr size_t kAnyNumber = static_cast<size_t>(-1);
 
-struct CommandGroup {
-  const char* title;
-  std::span<const Command> commands;
-};
-
-std::span<const CommandGroup> CommandGroups();
+// All commands, in one part for each subject.
+std::span<const std::span<const Command>> CommandGroups();
 
 struct FoundCommand {
   const Command* command;
@@ -76,9 +70,9 @@ struct FoundCommand {
 // many arguments, and a missing or unexpected block.
 FoundCommand FindCommand(const Statement& statement);
 
-// Every command with its arguments and help, as plain text for the terminal or as Markdown.
+// The manual's list of commands, as plain text for the terminal or as it stands there.
 std::string CommandHelp();
-std::string CommandHelpMarkdown();
+extern const char kCommandHelpMarkdown[];
 
 }  // namespace quor::workbench
 

@@ -224,75 +224,29 @@ void During(CRun& run, const CCommandArguments& arguments) {
 using Block = Command::Block;
 
 constexpr Command kCommands[] = {
-    {"start", "",
-     "Starts Outlook: loads the registered add-in and calls OnConnection with mode 1, the "
-     "explorer's ribbon from version 14 on, and OnStartupComplete. Handles posted messages; the "
-     "add-in's timers wait for \"ticks\".",
-     0, 0, Block::None, Start},
-    {"create", "", "Only creates the add-in's object.", 0, 0, Block::None, Create},
-    {"connect", "[MODE]",
-     "Only calls OnConnection, with mode 1 or the given one; creates the object if necessary.", 0,
-     1, Block::None, Connect},
-    {"startup complete", "", "Calls OnStartupComplete.", 0, 0, Block::None, StartupComplete},
-    {"add-ins update", "", "Calls OnAddInsUpdate.", 0, 0, Block::None, AddInsUpdate},
-    {"custom ui", "ID [gives nothing|document]", "Calls GetCustomUI for a ribbon id.", 1, 3,
-     Block::None, CustomUi},
-    {"callback",
-     "NAME CONTROL|null|foreign [index N] [text TEXT] [by-reference|by-variant] [gives TEXT]",
-     "Calls a callback of the ribbon documents, whether the add-in is connected or not, with the "
-     "control of that id, with none, or with an object that is not a control. The result is a "
-     "text, a number, yes or no, object or nothing.",
-     2, 9, Block::None, Callback},
-    {"new explorer", "", "Opens another explorer: raises NewExplorer.", 0, 0, Block::None,
-     NewExplorer},
-    {"close explorer", "[first]",
-     "The user closes the main window: raises the explorer's Close. If there are several, the "
-     "active one or the first.",
-     0, 1, Block::None, CloseExplorer},
-    {"quit event", "", "Only raises the application's Quit.", 0, 0, Block::None, QuitEvent},
-    {"begin shutdown", "", "Calls OnBeginShutdown.", 0, 0, Block::None, BeginShutdown},
-    {"disconnect", "MODE",
-     "Calls OnDisconnection: mode 0 when Outlook ends, 1 when the user removes the add-in.", 1, 1,
-     Block::None, Disconnect},
-    {"release", "",
-     "Outlook only releases the add-in's object; a later \"unload\" checks that it is gone.", 0, 0,
-     Block::None, Release},
-    {"unload", "",
-     "Releases the add-in; its object must be destroyed, its DLL unloaded, and nothing of "
-     "Outlook's held.",
-     0, 0, Block::None, Unload},
-    {"quit", "",
-     "Ends Outlook in the order of its version. Below 14: Close, OnBeginShutdown, Quit, "
-     "OnDisconnection 0. From 14 on: Close and Quit only. Then does \"unload\". A scenario that "
-     "ends while Outlook runs also quits it.",
-     0, 0, Block::None, Quit},
-    {"end process", "[uninitialized]",
-     "Ends Outlook as \"quit\" does, but then ends the process with everything alive, the add-in "
-     "included; calls OleUninitialize first if requested. The exit code is 0 if nothing crashes.",
-     0, 1, Block::None, EndProcess},
-    {"expect result", "RESULT", "Result of the last call on the add-in: S_OK, S_FALSE, 0x80040202.",
-     1, 1, Block::None, ExpectResult},
-    {"pace", "MICROSECONDS",
-     "From now on each call of the object model takes this much longer, as with a message store.",
-     1, 1, Block::None, SetPace},
-    {"fail member", "NAME|any [call N|N-M|N-] [status HRESULT]",
-     "Makes calls of one member of the object model fail, such as Folders.Count, or of any; calls "
-     "are counted from now. Connecting to events counts as \"InspectorsEvents.Advise\" and the "
-     "like.",
-     1, 5, Block::None, FailMember},
-    {"heal members", "", "Ends the failures of the object model.", 0, 0, Block::None, HealMembers},
-    {"during", "NAME|any N",
-     "Runs the block inside the Nth call of a member of the object model from now on, as when such "
-     "a call pumps messages in Outlook.",
-     2, 2, Block::Required, During},
-    {"neighbour", "unpainted|repainting|hook|closing|modal|leaves",
-     "Adds what other add-ins do on Outlook's thread: a window that never validates its region, "
-     "one that invalidates itself while painting, a message hook, WM_CLOSE to all windows but "
-     "Outlook's, a message loop. \"leaves\" removes them all.",
-     1, 1, Block::None, MoveIn},
-    {"fail system", "FUNCTION [call N|N-M|N-] [status ERROR]",
-     "Makes calls of a Windows function fail for the add-in, such as PostMessageA.", 1, 5,
-     Block::None, FailSystem},
+    {"start", 0, 0, Block::None, Start},
+    {"create", 0, 0, Block::None, Create},
+    {"connect", 0, 1, Block::None, Connect},
+    {"startup complete", 0, 0, Block::None, StartupComplete},
+    {"add-ins update", 0, 0, Block::None, AddInsUpdate},
+    {"custom ui", 1, 3, Block::None, CustomUi},
+    {"callback", 2, 9, Block::None, Callback},
+    {"new explorer", 0, 0, Block::None, NewExplorer},
+    {"close explorer", 0, 1, Block::None, CloseExplorer},
+    {"quit event", 0, 0, Block::None, QuitEvent},
+    {"begin shutdown", 0, 0, Block::None, BeginShutdown},
+    {"disconnect", 1, 1, Block::None, Disconnect},
+    {"release", 0, 0, Block::None, Release},
+    {"unload", 0, 0, Block::None, Unload},
+    {"quit", 0, 0, Block::None, Quit},
+    {"end process", 0, 1, Block::None, EndProcess},
+    {"expect result", 1, 1, Block::None, ExpectResult},
+    {"pace", 1, 1, Block::None, SetPace},
+    {"fail member", 1, 5, Block::None, FailMember},
+    {"heal members", 0, 0, Block::None, HealMembers},
+    {"during", 2, 2, Block::Required, During},
+    {"neighbour", 1, 1, Block::None, MoveIn},
+    {"fail system", 1, 5, Block::None, FailSystem},
 };
 
 }  // namespace

@@ -63,35 +63,16 @@ void Contacts(CRun& run, const CCommandArguments& arguments) {
 using Block = Command::Block;
 
 constexpr Command kCommands[] = {
-    {"applies to", "VERSION...",
-     "First line of a scenario for some Outlook versions only: version numbers, command-bar (below "
-     "14) or ribbon (14 and up). For other versions the scenario is skipped, and this is printed.",
-     1, kAnyNumber, Block::None, Applies},
-    {"say", "TEXT",
-     "Prints a text for the reader; --story prints only these texts and what is shown.", 1, 1,
-     Block::None, Say},
-    {kRepeatCommand, "N",
-     "Plays the commands of the block N times; {round} in them and in their blocks is the number "
-     "of the round, from 1.",
-     1, 1, Block::Required, nullptr},
-    {"settings file", "PATH", "Uses a copy of PATH as this run's settings file.", 1, 1, Block::None,
-     SettingsFile},
-    {"settings", "[none]",
-     "Uses the block as this run's settings file, or none. Without this command there is a small "
-     "file with the diagnostic log on and English as language.",
-     0, 1, Block::Optional, SettingsBlock},
-    {"setting", "NAME VALUE",
-     "Sets one element of that small settings file, such as DelayBtnEvent.", 2, 2, Block::None,
-     Setting},
-    {"file", "PATH", "Writes the block to a file in the application-data folder.", 1, 1,
-     Block::Required, File},
-    {"folder", "PATH", "Creates a folder in the application-data folder.", 1, 1, Block::None,
-     Folder},
-    {"no application data", "",
-     "Makes Windows report an application-data folder that does not exist.", 0, 0, Block::None,
-     NoApplicationData},
-    {"contacts", "FILE", "Fills the contacts folder from a vCard file.", 1, 1, Block::None,
-     Contacts},
+    {"applies to", 1, kAnyNumber, Block::None, Applies},
+    {"say", 1, 1, Block::None, Say},
+    {kRepeatCommand, 1, 1, Block::Required, nullptr},
+    {"settings file", 1, 1, Block::None, SettingsFile},
+    {"settings", 0, 1, Block::Optional, SettingsBlock},
+    {"setting", 2, 2, Block::None, Setting},
+    {"file", 1, 1, Block::Required, File},
+    {"folder", 1, 1, Block::None, Folder},
+    {"no application data", 0, 0, Block::None, NoApplicationData},
+    {"contacts", 1, 1, Block::None, Contacts},
 };
 
 }  // namespace

@@ -135,20 +135,17 @@ void DumpControls(CRun& run, const CCommandArguments& arguments) {
   run.transcript.Show(text.empty() ? "no controls" : text);
 }
 
+// The user's action that two texts describe; then Outlook handles messages.
+template <auto action>
+void WithTwoTexts(CRun& run, const CCommandArguments& arguments) {
+  (run.stage.screen.*action)(arguments.Text(0), arguments.Text(1));
+  run.stage.host.Pump();
+}
+
 void Click(CRun& run, const CCommandArguments& arguments) {
   const ControlName name = ReadControlName(arguments);
   ExpectNoMore(arguments, name);
   run.stage.screen.Click(name.inspector, name.path);
-  run.stage.host.Pump();
-}
-
-void Type(CRun& run, const CCommandArguments& arguments) {
-  run.stage.screen.Type(arguments.Text(0), arguments.Text(1));
-  run.stage.host.Pump();
-}
-
-void Pick(CRun& run, const CCommandArguments& arguments) {
-  run.stage.screen.Pick(arguments.Text(0), arguments.Text(1));
   run.stage.host.Pump();
 }
 
@@ -208,11 +205,6 @@ void ExpectTooltip(CRun& run, const CCommandArguments& arguments) {
   }
 }
 
-void PointAt(CRun& run, const CCommandArguments& arguments) {
-  run.stage.screen.PointAt(arguments.Text(0), arguments.Text(1));
-  run.stage.host.Pump();
-}
-
 void ExpectAnnounced(CRun& run, const CCommandArguments& arguments) {
   const std::string name = run.stage.screen.AccessibleName(arguments.Text(0));
   if (name != arguments.Text(1)) throw CExpectationFailure("it is \"" + name + "\"");
@@ -235,11 +227,6 @@ void DeleteControl(CRun& run, const CCommandArguments& arguments) {
   const ControlName name = ReadControlName(arguments);
   ExpectNoMore(arguments, name);
   run.stage.screen.DeleteControl(name.path);
-  run.stage.host.Pump();
-}
-
-void Press(CRun& run, const CCommandArguments& arguments) {
-  run.stage.screen.Press(arguments.Text(0), arguments.Text(1));
   run.stage.host.Pump();
 }
 
@@ -299,61 +286,25 @@ void Picture(CRun& run, const CCommandArguments& arguments) {
 using Block = Command::Block;
 
 constexpr Command kCommands[] = {
-    {"click", "CONTROL [> ITEM [> ITEM]] [of CONTACT]",
-     "Clicks a button or a menu item, by tag, ribbon id or caption, in the main window or in a "
-     "contact's own window.",
-     1, 7, Block::None, Click},
-    {"type", "CONTROL TEXT", "Types into a combo box and presses Enter.", 2, 2, Block::None, Type},
-    {"pick", "CONTROL ITEM", "Picks an entry of a combo box by its text.", 2, 2, Block::None, Pick},
-    {"expect control",
-     "CONTROL [> ITEM [> ITEM]] [of CONTACT] missing | [caption|text|items TEXT] "
-     "[enabled|visible|picture yes|no]...",
-     "Properties of a control. Items are separated by bars: \"Cell1|Cell2\".", 2, kAnyNumber,
-     Block::None, ExpectControl},
-    {"wait control", "as expect control", "Runs everything until a control has these properties.",
-     2, kAnyNumber, Block::None, WaitControl},
-    {"dump controls", "[CONTACT]", "Shows every control with its caption, state and items.", 0, 1,
-     Block::None, DumpControls},
-    {"expect window", "TITLE shown|hidden|missing",
-     "A window of the add-in by title or class, or \"TITLE with TEXT\" for one of several in which "
-     "a control has that text. The block lists the texts of its controls in order, disabled ones "
-     "in brackets; \"...\" at the beginning of a text matches any beginning.",
-     2, 2, Block::Optional, ExpectWindow},
-    {"expect tooltip", "TITLE TEXT",
-     "The tooltip over a text of a window, which a screen reader must read as the text's "
-     "description, too. The block holds its lines; without a block there is none.",
-     2, 2, Block::Optional, ExpectTooltip},
-    {"point at", "TITLE TEXT",
-     "Moves the mouse over a text of a window; its tooltip comes after a while.", 2, 2, Block::None,
-     PointAt},
-    {"expect announced", "TITLE NAME", "What a screen reader calls a window.", 2, 2, Block::None,
-     ExpectAnnounced},
-    {"open options", "",
-     "Opens \"Outlook Options\" with the add-ins' pages: raises OptionsPagesAdd.", 0, 0,
-     Block::None, OpenOptions},
-    {"dump windows", "", "Shows every window of the add-in with its texts.", 0, 0, Block::None,
-     DumpWindows},
-    {"delete control", "CONTROL [> ITEM [> ITEM]]",
-     "The user removes a control from the command bar, with Customize.", 1, 5, Block::None,
-     DeleteControl},
-    {"press", "TITLE BUTTON", "Presses a button of a window by its text.", 2, 2, Block::None,
-     Press},
-    {"enter", "TITLE FIELD TEXT",
-     "Types into the FIELDth input field of a window, from 1; in a list, selects the entry.", 3, 3,
-     Block::None, Enter},
-    {"keys", "TITLE KEY...",
-     "Presses keys in a window: Tab, Shift+Tab, Alt+l, Enter, Esc, Space, Down and the like; any "
-     "other word is typed.",
-     2, kAnyNumber, Block::None, Keys},
-    {"close window", "TITLE", "Closes a window by its title bar.", 1, 1, Block::None, CloseWindow},
-    {"screenshot", "NAME [of TITLE]",
-     "Saves a picture of the screen, or of one window with its tooltip; without a screen, prints "
-     "this and continues.",
-     1, 3, Block::None, Screenshot},
-    {"picture", "NAME [of CONTACT] [menu CONTROL [> ITEM]...] [scale 100|150|200] [dark]",
-     "Draws the main window or a contact's own window into a file, optionally with a menu or a "
-     "combo box's list opened, enlarged, or in Office's dark theme; needs no screen.",
-     1, kAnyNumber, Block::None, Picture},
+    {"click", 1, 7, Block::None, Click},
+    {"type", 2, 2, Block::None, WithTwoTexts<&IScreenStage::Type>},
+    {"pick", 2, 2, Block::None, WithTwoTexts<&IScreenStage::Pick>},
+    {"expect control", 2, kAnyNumber, Block::None, ExpectControl},
+    {"wait control", 2, kAnyNumber, Block::None, WaitControl},
+    {"dump controls", 0, 1, Block::None, DumpControls},
+    {"expect window", 2, 2, Block::Optional, ExpectWindow},
+    {"expect tooltip", 2, 2, Block::Optional, ExpectTooltip},
+    {"point at", 2, 2, Block::None, WithTwoTexts<&IScreenStage::PointAt>},
+    {"expect announced", 2, 2, Block::None, ExpectAnnounced},
+    {"open options", 0, 0, Block::None, OpenOptions},
+    {"dump windows", 0, 0, Block::None, DumpWindows},
+    {"delete control", 1, 5, Block::None, DeleteControl},
+    {"press", 2, 2, Block::None, WithTwoTexts<&IScreenStage::Press>},
+    {"enter", 3, 3, Block::None, Enter},
+    {"keys", 2, kAnyNumber, Block::None, Keys},
+    {"close window", 1, 1, Block::None, CloseWindow},
+    {"screenshot", 1, 3, Block::None, Screenshot},
+    {"picture", 1, kAnyNumber, Block::None, Picture},
 };
 
 }  // namespace

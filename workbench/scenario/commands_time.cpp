@@ -68,23 +68,13 @@ void WaitLog(CRun& run, const CCommandArguments& arguments) {
 using Block = Command::Block;
 
 constexpr Command kCommands[] = {
-    {"ticks", "N",
-     "Runs the add-in's timers until it has polled the base N times, and handles the messages "
-     "posted by then. The deferred contact scan runs before the first poll.",
-     1, 1, Block::None, Ticks},
-    {"poll", "[N]",
-     "The add-in polls the base once, or N times, at once: its timer ticks without waiting for the "
-     "clock. Handles posted messages after each poll.",
-     0, 1, Block::None, Poll},
-    {"pump", "", "Handles posted messages, without timers; every command that acts does this, too.",
-     0, 0, Block::None, Pump},
-    {"wait", "MS", "Runs everything for this time. Use it only if there is nothing to wait for.", 1,
-     1, Block::None, Wait},
-    {"wait window", "TITLE shown|hidden", "Runs everything until a window is shown or hidden.", 2,
-     2, Block::None, WaitWindow},
-    {"wait written", "", "Runs everything until bytes are written to the base.", 0, 0, Block::None,
-     WaitWritten},
-    {"wait log", "LINE", "Runs everything until this line is logged.", 1, 1, Block::None, WaitLog},
+    {"ticks", 1, 1, Block::None, Ticks},
+    {"poll", 0, 1, Block::None, Poll},
+    {"pump", 0, 0, Block::None, Pump},
+    {"wait", 1, 1, Block::None, Wait},
+    {"wait window", 2, 2, Block::None, WaitWindow},
+    {"wait written", 0, 0, Block::None, WaitWritten},
+    {"wait log", 1, 1, Block::None, WaitLog},
 };
 
 }  // namespace

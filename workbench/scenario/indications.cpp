@@ -10,13 +10,6 @@
 
 namespace quor::workbench {
 
-const char kIndicationHelp[] =
-    "status result= line1= line2= cell= log= cellsub=\n"
-    "receive-call line= line1= line2= cell= log=\n"
-    "caller-id line= number= name= no-number= no-name= long-distance= unit= length=\n"
-    "close-popup line=\n"
-    "cell-registration info= cell1= cell2= cell3= cell4=\n";
-
 namespace {
 
 // The name=value words of one indication. A field that is never read is a spelling mistake.

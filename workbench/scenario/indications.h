@@ -8,9 +8,6 @@
 
 namespace quor::workbench {
 
-// Help text for the words that IndicationFromWords accepts.
-extern const char kIndicationHelp[];
-
 // True for "status", "receive-call", "caller-id", "close-popup", "cell-registration".
 bool IsIndicationName(const std::string& word);
 
