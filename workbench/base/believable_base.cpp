@@ -46,10 +46,6 @@ LineReport CBelievableBase::Report() const {
   return report;
 }
 
-void CBelievableBase::SendStatus(bool busyReply) {
-  m_line.Send(StatusFrame(busyReply ? 1 : 0, Report()));
-}
-
 void CBelievableBase::Reset() {
   m_sides = {};
   m_ringing = 0;

@@ -65,7 +65,7 @@ class CBelievableBase {
   Side* SideOf(uint8_t lineType);
   const Side* SideOf(uint8_t lineType) const;
   LineReport Report() const;
-  void SendStatus(bool busyReply = false);
+  void SendStatus(bool busyReply = false) { m_line.Send(StatusFrame(busyReply ? 1 : 0, Report())); }
   void Call(const BaseRequest& request);
   void Answer(uint8_t lineType);
 

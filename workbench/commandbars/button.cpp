@@ -28,12 +28,8 @@ ControlFace CCommandBarButton::Face() const {
 void CCommandBarButton::Activate() {
   const CModelPtr<CCommandBarControl> self(this);
   for (const auto& twin : Twins()) {
-    if (!twin->IsDeleted()) twin->FireCancellable(mso::kClick, {static_cast<IDispatch*>(this)});
+    if (!twin->IsDeleted()) twin->FireCancellable(L"Click", {static_cast<IDispatch*>(this)});
   }
-}
-
-bool CCommandBarButton::BuiltInFace() const {
-  return !m_picture;
 }
 
 void CCommandBarButton::SetBuiltInFace(const CArguments& arguments) {
@@ -41,10 +37,6 @@ void CCommandBarButton::SetBuiltInFace(const CArguments& arguments) {
   m_picture.Reset();
   m_mask.Reset();
   ComposeFace();
-}
-
-long CCommandBarButton::FaceId() const {
-  return m_faceId;
 }
 
 void CCommandBarButton::SetFaceId(const CArguments& arguments) {
@@ -62,27 +54,11 @@ void CCommandBarButton::PasteFace() {
   ComposeFace();
 }
 
-std::wstring CCommandBarButton::ShortcutText() const {
-  return m_shortcut;
-}
-
-void CCommandBarButton::SetShortcutText(const CArguments& arguments) {
-  m_shortcut = arguments.Text(0);
-}
-
-long CCommandBarButton::State() const {
-  return m_state;
-}
-
 void CCommandBarButton::SetState(const CArguments& arguments) {
   const long state = arguments.Long(0);
   if (state < mso::kButtonDown || state > 2 || state == 1) throw CModelError(E_INVALIDARG);
   m_state = state;
   Bar()->Changed();
-}
-
-long CCommandBarButton::Style() const {
-  return m_style;
 }
 
 void CCommandBarButton::SetStyle(const CArguments& arguments) {
@@ -104,18 +80,10 @@ void CCommandBarButton::SetStyle(const CArguments& arguments) {
   Bar()->Changed();
 }
 
-IDispatch* CCommandBarButton::Picture() const {
-  return m_picture.Get();
-}
-
 void CCommandBarButton::SetPicture(const CArguments& arguments) {
   m_picture = BitmapPicture(arguments.Object(0));
   if (!m_picture) m_mask.Reset();
   ComposeFace();
-}
-
-IDispatch* CCommandBarButton::Mask() const {
-  return m_mask.Get();
 }
 
 void CCommandBarButton::SetMask(const CArguments& arguments) {

@@ -20,20 +20,20 @@ class CCommandBarButton final : public CCommandBarControl {
  private:
   static const CMemberTable& Members();
 
-  bool BuiltInFace() const;
+  bool BuiltInFace() const { return !m_picture; }
   void SetBuiltInFace(const CArguments& arguments);
-  long FaceId() const;
+  long FaceId() const { return m_faceId; }
   void SetFaceId(const CArguments& arguments);
   void PasteFace();
-  std::wstring ShortcutText() const;
-  void SetShortcutText(const CArguments& arguments);
-  long State() const;
+  std::wstring ShortcutText() const { return m_shortcut; }
+  void SetShortcutText(const CArguments& arguments) { m_shortcut = arguments.Text(0); }
+  long State() const { return m_state; }
   void SetState(const CArguments& arguments);
-  long Style() const;
+  long Style() const { return m_style; }
   void SetStyle(const CArguments& arguments);
-  IDispatch* Picture() const;
+  IDispatch* Picture() const { return m_picture.Get(); }
   void SetPicture(const CArguments& arguments);
-  IDispatch* Mask() const;
+  IDispatch* Mask() const { return m_mask.Get(); }
   void SetMask(const CArguments& arguments);
   void ComposeFace();
 

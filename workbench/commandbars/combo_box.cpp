@@ -49,7 +49,7 @@ void CCommandBarComboBox::RaiseChange() {
   Bar()->Changed();
   const CModelPtr<CCommandBarControl> self(this);
   for (const auto& twin : Twins()) {
-    if (!twin->IsDeleted()) twin->Fire(mso::kChange, {static_cast<IDispatch*>(this)});
+    if (!twin->IsDeleted()) twin->Fire(L"Change", {static_cast<IDispatch*>(this)});
   }
 }
 
@@ -91,14 +91,6 @@ void CCommandBarComboBox::SetList(const CArguments& arguments) {
   Bar()->Changed();
 }
 
-long CCommandBarComboBox::ListCount() const {
-  return static_cast<long>(m_entries.size());
-}
-
-long CCommandBarComboBox::ListIndex() const {
-  return m_listIndex;
-}
-
 // Raises Change, because it counts as the user's choice.
 void CCommandBarComboBox::SetListIndex(const CArguments& arguments) {
   if (arguments.Long(0) == 0) {
@@ -106,10 +98,6 @@ void CCommandBarComboBox::SetListIndex(const CArguments& arguments) {
     return;
   }
   Pick(EntryFromOne(arguments, 0));
-}
-
-std::wstring CCommandBarComboBox::Text() const {
-  return m_text;
 }
 
 void CCommandBarComboBox::SetText(const CArguments& arguments) {

@@ -25,10 +25,10 @@ class CCommandBarComboBox final : public CCommandBarControl {
   void RemoveItem(const CArguments& arguments);
   std::wstring List(const CArguments& arguments) const;
   void SetList(const CArguments& arguments);
-  long ListCount() const;
-  long ListIndex() const;
+  long ListCount() const { return static_cast<long>(m_entries.size()); }
+  long ListIndex() const { return m_listIndex; }
   void SetListIndex(const CArguments& arguments);
-  std::wstring Text() const;
+  std::wstring Text() const { return m_text; }
   void SetText(const CArguments& arguments);
   template <auto number>
   long Read() const {

@@ -152,10 +152,6 @@ CModelPtr<CCommandBar> CCommandBars::Add(const CArguments& arguments) {
   return AddBar(std::move(settings));
 }
 
-long CCommandBars::Count() const {
-  return static_cast<long>(m_bars.size());
-}
-
 CModelPtr<CCommandBar> CCommandBars::Item(const CArguments& arguments) const {
   if (arguments.IsText(0)) {
     CCommandBar* bar = FindBar(arguments.Text(0));
@@ -263,10 +259,6 @@ void CCommandBars::DeleteControl(int handle) {
   control->Bar()->Remove(*control);
 }
 
-void CCommandBars::Click(std::span<const std::wstring> path) {
-  Click(HandleAt(path));
-}
-
 void CCommandBars::EnterText(std::span<const std::wstring> path, const std::wstring& text) {
   EnterText(HandleAt(path), text);
 }
@@ -304,13 +296,13 @@ void CCommandBars::MoveBar(const std::wstring& name, mso::BarPosition position, 
   settings.top = top;
   settings.row = row;
   Changed();
-  Fire(mso::kOnUpdate);
+  Fire(L"OnUpdate");
 }
 
 void CCommandBars::ShowBar(const std::wstring& name, bool show) {
   BarForUser(name, mso::kNoChangeVisible).settings.visible = show;
   Changed();
-  Fire(mso::kOnUpdate);
+  Fire(L"OnUpdate");
 }
 
 const CMemberTable& CCommandBars::Members() {

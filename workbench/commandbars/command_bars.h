@@ -57,7 +57,7 @@ class CCommandBars final : public CEventSource {
   std::vector<ControlFace> ControlFaces(bool withBuiltIn = false) const;
 
   // --- the user's actions ---
-  void Click(std::span<const std::wstring> path);
+  void Click(std::span<const std::wstring> path) { Click(HandleAt(path)); }
   void EnterText(std::span<const std::wstring> path,
                  const std::wstring& text);  // then presses Enter
   void PickEntry(std::span<const std::wstring> path, const std::wstring& entry);
@@ -85,7 +85,7 @@ class CCommandBars final : public CEventSource {
   IDispatch* Application() const { return m_application; }
   IDispatch* ActiveMenuBar() const;
   CModelPtr<CCommandBar> Add(const CArguments& arguments);
-  long Count() const;
+  long Count() const { return static_cast<long>(m_bars.size()); }
   CModelPtr<CCommandBar> Item(const CArguments& arguments) const;
   CModelPtr<CCommandBarControl> FindControl(const CArguments& arguments) const;
   CModelPtr<CAutomation> FindControls(const CArguments& arguments) const;

@@ -33,10 +33,6 @@ CModelPtr<CCommandBarControl> CCommandBarControls::Add(const CArguments& argumen
   return m_bar->Add(control);
 }
 
-long CCommandBarControls::Count() const {
-  return static_cast<long>(Content().size());
-}
-
 CModelPtr<CCommandBarControl> CCommandBarControls::Item(const CArguments& arguments) const {
   const auto& controls = Content();
   if (arguments.IsText(0)) {
@@ -49,10 +45,6 @@ CModelPtr<CCommandBarControl> CCommandBarControls::Item(const CArguments& argume
   const long index = arguments.Long(0);
   if (index < 1 || static_cast<size_t>(index) > controls.size()) throw CModelError(E_INVALIDARG);
   return controls[static_cast<size_t>(index) - 1];
-}
-
-IDispatch* CCommandBarControls::Parent() const {
-  return m_bar.get();
 }
 
 const CMemberTable& CCommandBarControls::Members() {

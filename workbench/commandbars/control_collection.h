@@ -23,9 +23,9 @@ class CCommandBarControls final : public CAutomation {
 
   const std::vector<CModelPtr<CCommandBarControl>>& Content() const;
   CModelPtr<CCommandBarControl> Add(const CArguments& arguments);
-  long Count() const;
+  long Count() const { return static_cast<long>(Content().size()); }
   CModelPtr<CCommandBarControl> Item(const CArguments& arguments) const;
-  IDispatch* Parent() const;
+  IDispatch* Parent() const { return m_bar.get(); }
 
   CModelPtr<CCommandBar> m_bar;
   std::vector<CModelPtr<CCommandBarControl>> m_found;

@@ -7,10 +7,6 @@
 
 namespace quor::workbench::mso {
 
-constexpr DISPID kClick = 1;
-constexpr DISPID kChange = 1;
-constexpr DISPID kOnUpdate = 1;
-
 enum ControlType : long { kButton = 1, kEdit = 2, kDropdown = 3, kComboBox = 4, kPopup = 10 };
 enum BarPosition : long {
   kLeft = 0,

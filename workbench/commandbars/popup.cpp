@@ -26,10 +26,6 @@ IDispatch* CCommandBarPopup::CommandBar() const {
   return m_menu.get();
 }
 
-CModelPtr<CAutomation> CCommandBarPopup::Controls() const {
-  return m_menu->Controls();
-}
-
 const CMemberTable& CCommandBarPopup::Members() {
   using Self = CCommandBarPopup;
   static const CMemberTable table(

@@ -19,7 +19,7 @@ class CCommandBarPopup final : public CCommandBarControl {
   static const CMemberTable& Members();
 
   IDispatch* CommandBar() const;
-  CModelPtr<CAutomation> Controls() const;
+  CModelPtr<CAutomation> Controls() const { return m_menu->Controls(); }
 
   CModelPtr<CCommandBar> m_menu;
 };

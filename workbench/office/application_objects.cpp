@@ -6,14 +6,6 @@
 #include "workbench/office/window_objects.h"
 
 namespace quor::workbench {
-namespace {
-
-constexpr DISPID kOptionsPagesAdd = 0xF005;
-constexpr DISPID kStartup = 0xF006;
-constexpr DISPID kQuit = 0xF007;
-
-}  // namespace
-
 CApplication::CApplication(CSession& session)
     : COutlookObject(session, Members(), ObjectClass::Application) {}
 
@@ -30,26 +22,6 @@ const CMemberTable& CApplication::Members() {
        Get<&CApplication::Inspectors>(L"Inspectors"), Get<&CApplication::IsTrusted>(L"IsTrusted")},
       {L"ApplicationEvents", L"ApplicationEvents_10", L"ApplicationEvents_11"});
   return table;
-}
-
-void CApplication::RaiseStartup() {
-  Fire(kStartup);
-}
-
-void CApplication::RaiseQuit() {
-  Fire(kQuit);
-}
-
-void CApplication::RaiseOptionsPagesAdd(CPropertyPages& pages) {
-  Fire(kOptionsPagesAdd, {CValue(&pages)});
-}
-
-CValue CApplication::Name() {
-  return CValue(L"Outlook");
-}
-
-CValue CApplication::Version() {
-  return CValue(Session().VersionText());
 }
 
 CModelPtr<CExplorer> CApplication::ActiveExplorer() {
@@ -101,6 +73,10 @@ bool CApplication::IsTrusted() {
   return true;
 }
 
+void CApplication::RaiseOptionsPagesAdd(CPropertyPages& pages) {
+  Fire(L"OptionsPagesAdd", {CValue(&pages)});
+}
+
 CNameSpace::CNameSpace(CSession& session)
     : COutlookObject(session, Members(), ObjectClass::Namespace) {}
 
@@ -118,7 +94,7 @@ const CMemberTable& CNameSpace::Members() {
 
 void CNameSpace::RaiseOptionsPagesAdd(CPropertyPages& pages, FolderNode& folder) {
   const CModelPtr<CFolder> object = Session().FolderObject(folder);
-  Fire(kOptionsPagesAdd, {CValue(&pages), CValue(object.get())});
+  Fire(L"OptionsPagesAdd", {CValue(&pages), CValue(object.get())});
 }
 
 CModelPtr<CFolders> CNameSpace::Folders() {
@@ -159,17 +135,9 @@ const CMemberTable& CPropertyPages::Members() {
   return table;
 }
 
-std::vector<OptionsPage> CPropertyPages::TakePages() {
-  return std::exchange(m_pages, {});
-}
-
 void CPropertyPages::OnGone() noexcept {
   m_pages.clear();
   COutlookObject::OnGone();
-}
-
-long CPropertyPages::Count() {
-  return static_cast<long>(m_pages.size());
 }
 
 CValue CPropertyPages::Item(const CArguments& arguments) {
@@ -211,32 +179,8 @@ const CMemberTable& CComAddIn::Members() {
   return table;
 }
 
-std::string CComAddIn::ObjectName() const {
-  return Utf8FromWide(m_info.progId);
-}
-
 IDispatch* CComAddIn::AddInObject() const noexcept {
   return V_VT(&m_object.Get()) == VT_DISPATCH ? V_DISPATCH(&m_object.Get()) : nullptr;
-}
-
-CValue CComAddIn::Description() {
-  return CValue(m_info.description);
-}
-
-void CComAddIn::SetDescription(const CArguments& arguments) {
-  m_info.description = arguments.Text(0);
-}
-
-CValue CComAddIn::ProgId() {
-  return CValue(m_info.progId);
-}
-
-CValue CComAddIn::Guid() {
-  return CValue(m_info.classId);
-}
-
-bool CComAddIn::Connect() {
-  return m_connected;
 }
 
 void CComAddIn::SetConnect(const CArguments& arguments) {
@@ -244,14 +188,6 @@ void CComAddIn::SetConnect(const CArguments& arguments) {
   if (connected == m_connected) return;
   m_connected = connected;
   if (m_onConnect) m_onConnect(connected);
-}
-
-CValue CComAddIn::Object() {
-  return CValue(AddInObject());
-}
-
-void CComAddIn::SetObject(const CArguments& arguments) {
-  m_object = CValue(arguments.Object(0));
 }
 
 CValue CComAddIn::Parent() {
@@ -272,10 +208,6 @@ const CMemberTable& CComAddIns::Members() {
 CModelPtr<CComAddIn> CComAddIns::AddAddIn(ComAddInInfo info, std::function<void(bool)> onConnect) {
   m_addIns.push_back(MakeObject<CComAddIn>(m_session, std::move(info), std::move(onConnect)));
   return m_addIns.back();
-}
-
-long CComAddIns::Count() {
-  return static_cast<long>(m_addIns.size());
 }
 
 CModelPtr<CComAddIn> CComAddIns::Item(const CArguments& arguments) {

@@ -15,15 +15,15 @@ class CPropertyPages;
 class CApplication final : public COutlookObject {
  public:
   explicit CApplication(CSession& session);
-  void RaiseStartup();
-  void RaiseQuit();
+  void RaiseStartup() { Fire(L"Startup"); }
+  void RaiseQuit() { Fire(L"Quit"); }
   void RaiseOptionsPagesAdd(CPropertyPages& pages);
 
  private:
   static const CMemberTable& Members();
 
-  CValue Name();
-  CValue Version();
+  CValue Name() { return CValue(L"Outlook"); }
+  CValue Version() { return CValue(Session().VersionText()); }
   CModelPtr<CExplorer> ActiveExplorer();
   CModelPtr<CInspector> ActiveInspector();
   CValue ActiveWindow();
@@ -64,7 +64,7 @@ struct OptionsPage {
 class CPropertyPages final : public COutlookObject {
  public:
   explicit CPropertyPages(CSession& session);
-  std::vector<OptionsPage> TakePages();
+  std::vector<OptionsPage> TakePages() { return std::exchange(m_pages, {}); }
 
  protected:
   void OnGone() noexcept override;
@@ -72,7 +72,7 @@ class CPropertyPages final : public COutlookObject {
  private:
   static const CMemberTable& Members();
 
-  long Count();
+  long Count() { return static_cast<long>(m_pages.size()); }
   CValue Item(const CArguments& arguments);
   void Add(const CArguments& arguments);
   void Remove(const CArguments& arguments);
@@ -92,7 +92,7 @@ class CComAddIn final : public CAutomation {
  public:
   CComAddIn(CSession& session, ComAddInInfo info, std::function<void(bool)> onConnect);
 
-  std::string ObjectName() const override;
+  std::string ObjectName() const override { return Utf8FromWide(m_info.progId); }
   void SetConnected(bool connected) noexcept { m_connected = connected; }
   IDispatch* AddInObject() const noexcept;  // the add-in's Object property; may be null
   const std::wstring& ProgIdText() const noexcept { return m_info.progId; }
@@ -103,14 +103,14 @@ class CComAddIn final : public CAutomation {
  private:
   static const CMemberTable& Members();
 
-  CValue Description();
-  void SetDescription(const CArguments& arguments);
-  CValue ProgId();
-  CValue Guid();
-  bool Connect();
+  CValue Description() { return CValue(m_info.description); }
+  void SetDescription(const CArguments& arguments) { m_info.description = arguments.Text(0); }
+  CValue ProgId() { return CValue(m_info.progId); }
+  CValue Guid() { return CValue(m_info.classId); }
+  bool Connect() { return m_connected; }
   void SetConnect(const CArguments& arguments);
-  CValue Object();
-  void SetObject(const CArguments& arguments);
+  CValue Object() { return CValue(AddInObject()); }
+  void SetObject(const CArguments& arguments) { m_object = CValue(arguments.Object(0)); }
   CValue Parent();
 
   CSession& m_session;
@@ -132,7 +132,7 @@ class CComAddIns final : public CAutomation {
  private:
   static const CMemberTable& Members();
 
-  long Count();
+  long Count() { return static_cast<long>(m_addIns.size()); }
   CModelPtr<CComAddIn> Item(const CArguments& arguments);
   void Update() {}
   CValue Parent();

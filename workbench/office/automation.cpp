@@ -126,9 +126,10 @@ void CCounted::Settle() noexcept {
   m_model->Bury(*this);
 }
 
-EventInterface::EventInterface(const wchar_t* eventName)
-    : iid(PublishedInterface(eventName)),
-      name(Utf8FromWide(*eventName == L'_' ? eventName + 1 : eventName)),
+EventInterface::EventInterface(const wchar_t* eventInterface)
+    : publishedName(eventInterface),
+      iid(PublishedInterface(eventInterface)),
+      name(Utf8FromWide(*eventInterface == L'_' ? eventInterface + 1 : eventInterface)),
       advise(name, "Advise"),
       unadvise(name, "Unadvise") {}
 

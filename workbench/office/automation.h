@@ -142,8 +142,9 @@ struct Member {
 // A published event interface of a source. Its connections count as the calls "ItemsEvents.Advise"
 // and "ItemsEvents.Unadvise"; a leading underscore is not part of the name.
 struct EventInterface {
-  explicit EventInterface(const wchar_t* eventName);
+  explicit EventInterface(const wchar_t* eventInterface);
 
+  const wchar_t* publishedName;
   IID iid;
   std::string name;
   CModel::CallSite advise;

@@ -252,7 +252,7 @@ HRESULT CEventSource::Unadvise(size_t interfaceIndex, DWORD cookie) {
   }
 }
 
-void CEventSource::Fire(DISPID event, std::vector<CValue> arguments) {
+void CEventSource::Fire(const wchar_t* event, std::vector<CValue> arguments) {
   const CModelPtr<CEventSource> self(this);
   std::string summary;
   std::vector<VARIANT> reversed;
@@ -276,17 +276,17 @@ void CEventSource::Fire(DISPID event, std::vector<CValue> arguments) {
   }
 }
 
-bool CEventSource::FireCancellable(DISPID event, std::vector<CValue> arguments) {
+bool CEventSource::FireCancellable(const wchar_t* event, std::vector<CValue> arguments) {
   VARIANT_BOOL cancel = VARIANT_FALSE;
   arguments.push_back(CValue::Reference(cancel));
   Fire(event, std::move(arguments));
   return cancel != VARIANT_FALSE;
 }
 
-void CEventSource::Deliver(const Connection& connection, DISPID event, DISPPARAMS& parameters,
-                           const std::string& summary) {
+void CEventSource::Deliver(const Connection& connection, const wchar_t* event,
+                           DISPPARAMS& parameters, const std::string& summary) {
   const EventInterface& events = MemberTable().Events()[connection.interfaceIndex];
-  const PublishedMember* published = FindPublished(events.iid, event);
+  const PublishedMember* published = FindPublished(events.publishedName, event, DISPATCH_METHOD);
   if (published == nullptr) return;  // a later interface's event
   CheckArguments(*published, parameters);
   IDispatch* sink = connection.sink;
@@ -298,8 +298,8 @@ void CEventSource::Deliver(const Connection& connection, DISPID event, DISPPARAM
   {
     const CModel::CTimeOutside outside(Model());
     QueryPerformanceCounter(&start);
-    code = sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr,
-                        nullptr, nullptr);
+    code = sink->Invoke(published->id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
+                        nullptr, nullptr, nullptr);
     QueryPerformanceCounter(&end);
   }
   sink->Release();
@@ -307,7 +307,7 @@ void CEventSource::Deliver(const Connection& connection, DISPID event, DISPPARAM
   QueryPerformanceFrequency(&frequency);
   CallRecord record;
   record.kind = CallRecord::Kind::Event;
-  record.member = TypeName() + '!' + NameOf(event);
+  record.member = TypeName() + '!' + Utf8FromWide(event);
   record.object = ObjectName();
   record.arguments = summary;
   record.code = code;
@@ -323,15 +323,8 @@ void CEventSource::CheckArguments(const PublishedMember& event, const DISPPARAMS
     const VARTYPE type = event.arguments[at].type;
     same = type == VT_VARIANT || type == V_VT(&parameters.rgvarg[parameters.cArgs - 1 - at]);
   }
-  if (!same) Model().RecordMisuse(TypeName() + '!' + NameOf(event.id) + " with other arguments");
-}
-
-std::string CEventSource::NameOf(DISPID event) const {
-  for (const EventInterface& one : MemberTable().Events()) {
-    const PublishedMember* published = FindPublished(one.iid, event);
-    if (published != nullptr) return Utf8FromWide(published->name);
-  }
-  return std::to_string(event);
+  if (!same)
+    Model().RecordMisuse(TypeName() + '!' + Utf8FromWide(event.name) + " with other arguments");
 }
 
 void CEventSource::ReportSinks(std::vector<AdvisedSink>& report) const {
@@ -341,10 +334,6 @@ void CEventSource::ReportSinks(std::vector<AdvisedSink>& report) const {
   for (const auto& [index, count] : counts) {
     report.push_back({TypeName(), ObjectName(), MemberTable().Events()[index].name, count});
   }
-}
-
-void CEventSource::OnLastOutsideRelease() noexcept {
-  DropSinks();
 }
 
 void CEventSource::DropSinks() noexcept {

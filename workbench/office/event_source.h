@@ -18,11 +18,12 @@ namespace quor::workbench {
 // alone holds nothing.
 class CEventSource : public CAutomation {
  public:
-  // Delivers an event to every sink that is still advised when its turn comes. Arguments in the
-  // order of declaration. Meanwhile sinks may advise, unadvise, release the source or call it.
-  void Fire(DISPID event, std::vector<CValue> arguments = {});
+  // Delivers an event, by its published name, to every sink that is still advised when its turn
+  // comes. Arguments in the order of declaration. Meanwhile sinks may advise, unadvise, release the
+  // source or call it.
+  void Fire(const wchar_t* event, std::vector<CValue> arguments = {});
   // The same for an event whose last argument is a Cancel flag; true if a sink set it.
-  bool FireCancellable(DISPID event, std::vector<CValue> arguments = {});
+  bool FireCancellable(const wchar_t* event, std::vector<CValue> arguments = {});
 
   size_t SinkCount() const noexcept { return m_connections.size(); }
   void ReportSinks(std::vector<AdvisedSink>& report) const override;
@@ -32,7 +33,7 @@ class CEventSource : public CAutomation {
   ~CEventSource() override;
 
   void* OtherInterface(REFIID iid) override;
-  void OnLastOutsideRelease() noexcept override;
+  void OnLastOutsideRelease() noexcept override { DropSinks(); }
   void OnGone() noexcept override;
 
  private:
@@ -48,10 +49,9 @@ class CEventSource : public CAutomation {
   HRESULT Unadvise(size_t interfaceIndex, DWORD cookie);
   HRESULT Watched(const CModel::CallSite& site, HRESULT code);
   void DropSinks() noexcept;
-  void Deliver(const Connection& connection, DISPID event, DISPPARAMS& parameters,
+  void Deliver(const Connection& connection, const wchar_t* event, DISPPARAMS& parameters,
                const std::string& summary);
   void CheckArguments(const PublishedMember& event, const DISPPARAMS& parameters);
-  std::string NameOf(DISPID event) const;
 
   std::unique_ptr<CContainer> m_container;
   std::vector<Connection> m_connections;

@@ -87,10 +87,6 @@ CValue CFolder::Parent() {
   return CValue(Session().FolderObject(*parent).get());
 }
 
-long CFolder::DefaultItemType() {
-  return static_cast<long>(Node().itemType);
-}
-
 CValue CFolder::DefaultMessageClass() {
   return CValue(MessageClassOf(Node().itemType));
 }
@@ -118,28 +114,12 @@ CValue CFolder::Name() {
   return CValue(Node().name);
 }
 
-void CFolder::SetName(const CArguments& arguments) {
-  Session().RenameFolder(Node(), arguments.Text(0));
-}
-
-CValue CFolder::StoreId() {
-  return CValue(Node().store->storeId);
-}
-
-CValue CFolder::FolderPath() {
-  return CValue(Session().Mailbox().PathOf(Node()));
-}
-
 void CFolder::Display() {
   Session().ShowExplorer(*GetExplorer());
 }
 
 CModelPtr<CExplorer> CFolder::GetExplorer() {
   return Session().OpenExplorer(Node());
-}
-
-void CFolder::Delete() {
-  Session().DeleteFolder(Node());
 }
 
 void CFolder::MoveTo(const CArguments& arguments) {
@@ -197,10 +177,6 @@ CModelPtr<CFolder> CFolders::At(size_t position) {
     throw CModelError(store.refusalCode);
   }
   return Session().FolderObject(NodeAt(position));
-}
-
-long CFolders::Count() {
-  return static_cast<long>(Size());
 }
 
 CModelPtr<CFolder> CFolders::Item(const CArguments& arguments) {
@@ -304,10 +280,6 @@ const std::vector<StoredItemPtr>& CItems::View() {
 CModelPtr<CItem> CItems::At(size_t position) {
   if (position == CCursor::kNone) return {};
   return Session().ItemObject(View()[position]);
-}
-
-long CItems::Count() {
-  return static_cast<long>(View().size());
 }
 
 CModelPtr<CItem> CItems::Item(const CArguments& arguments) {

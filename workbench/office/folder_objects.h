@@ -26,18 +26,18 @@ class CFolder final : public COutlookObject {
  private:
   static const CMemberTable& Members();
 
-  long DefaultItemType();
+  long DefaultItemType() { return static_cast<long>(Node().itemType); }
   CValue DefaultMessageClass();
   CValue EntryId();
   CModelPtr<CFolders> Folders();
   CModelPtr<CItems> Items();
   CValue Name();
-  void SetName(const CArguments& arguments);
-  CValue StoreId();
-  CValue FolderPath();
+  void SetName(const CArguments& arguments) { Session().RenameFolder(Node(), arguments.Text(0)); }
+  CValue StoreId() { return CValue(Node().store->storeId); }
+  CValue FolderPath() { return CValue(Session().Mailbox().PathOf(Node())); }
   void Display();
   CModelPtr<CExplorer> GetExplorer();
-  void Delete();
+  void Delete() { Session().DeleteFolder(Node()); }
   void MoveTo(const CArguments& arguments);
 
   void CheckAnswers(Store::Refusal question) const;
@@ -63,7 +63,7 @@ class CFolders final : public COutlookObject {
 
   size_t Size();
   CModelPtr<CFolder> At(size_t position);
-  long Count();
+  long Count() { return static_cast<long>(Size()); }
   CModelPtr<CFolder> Item(const CArguments& arguments);
   CModelPtr<CFolder> Add(const CArguments& arguments);
   CModelPtr<CFolder> GetFirst();
@@ -102,7 +102,7 @@ class CItems final : public COutlookObject {
   FolderNode& Node() const;
   const std::vector<StoredItemPtr>& View();
   CModelPtr<CItem> At(size_t position);
-  long Count();
+  long Count() { return static_cast<long>(View().size()); }
   CModelPtr<CItem> Item(const CArguments& arguments);
   CModelPtr<CItem> Add(const CArguments& arguments);
   CModelPtr<CItem> GetFirst();

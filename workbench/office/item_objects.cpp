@@ -9,10 +9,6 @@
 namespace quor::workbench {
 namespace {
 
-constexpr DISPID kItemOpen = 0xF003;
-constexpr DISPID kItemWrite = 0xF002;
-constexpr DISPID kItemClose = 0xF004;
-constexpr DISPID kItemPropertyChange = 0xF009;
 constexpr long kSaveOnClose = 0;
 
 struct TextProperty {
@@ -100,18 +96,14 @@ void CItem::SetText(DISPID property, const std::wstring& text) {
   m_changes.Set(property, text);
   OnTextSet(property, text);
   const Member* member = MemberTable().Find(property, DISPATCH_PROPERTYPUT);
-  if (member != nullptr && SinkCount() != 0) Fire(kItemPropertyChange, {CValue(member->name)});
-}
-
-void CItem::DiscardChanges() noexcept {
-  m_changes.Clear();
+  if (member != nullptr && SinkCount() != 0) Fire(L"PropertyChange", {CValue(member->name)});
 }
 
 void CItem::SaveChanges() {
   if (!m_new && m_item->folder == nullptr) {
     throw CModelError(kObjectDeleted, "The item has been moved or deleted.");
   }
-  if (FireCancellable(kItemWrite)) throw CModelError(kCancelled, "The operation was cancelled.");
+  if (FireCancellable(L"Write")) throw CModelError(kCancelled, "The operation was cancelled.");
   const bool changed = !m_changes.All().empty();
   for (const auto& [property, text] : m_changes.All())
     m_item->fields.Set(property, text);
@@ -127,11 +119,11 @@ void CItem::SaveChanges() {
 }
 
 bool CItem::RaiseOpen() {
-  return !FireCancellable(kItemOpen);
+  return !FireCancellable(L"Open");
 }
 
 bool CItem::RaiseClose() {
-  return !FireCancellable(kItemClose);
+  return !FireCancellable(L"Close");
 }
 
 void CItem::OnGone() noexcept {
@@ -146,28 +138,8 @@ CValue CItem::Parent() {
   return CValue(Session().FolderObject(*folder).get());
 }
 
-CValue CItem::GetText(const CArguments& arguments) {
-  return CValue(Text(arguments.Member()));
-}
-
-void CItem::PutText(const CArguments& arguments) {
-  SetText(arguments.Member(), arguments.Text(0));
-}
-
-CValue CItem::EntryId() {
-  return CValue(m_item->entryId);
-}
-
 CModelPtr<CInspector> CItem::GetInspector() {
   return Session().InspectorFor(*this);
-}
-
-bool CItem::Saved() {
-  return !m_new && m_changes.All().empty();
-}
-
-void CItem::Save() {
-  SaveChanges();
 }
 
 CModelPtr<CInspector> CItem::OpenInspector() const {
@@ -245,14 +217,6 @@ const CMemberTable& CDistListItem::Members() {
   return table;
 }
 
-CValue CDistListItem::ListName() {
-  return CValue(Text(field::kSubject));
-}
-
-void CDistListItem::SetListName(const CArguments& arguments) {
-  SetText(field::kSubject, arguments.Text(0));
-}
-
 long CDistListItem::MemberCount() {
   return static_cast<long>(Stored()->members.size());
 }
@@ -283,10 +247,6 @@ void CJournalItem::SetStart(const CArguments& arguments) {
   SetText(field::kJournalStart, std::to_wstring(V_DATE(&date)));
 }
 
-long CJournalItem::Duration() {
-  return _wtol(Text(field::kJournalDuration).c_str());
-}
-
 void CJournalItem::SetDuration(const CArguments& arguments) {
   SetText(field::kJournalDuration, std::to_wstring(arguments.Long(0)));
 }
@@ -302,10 +262,6 @@ const CMemberTable& CLinks::Members() {
   static const CMemberTable table("Links", L"Links", &CommonMembers(),
                                   {Get<&CLinks::Count>(L"Count"), Method<&CLinks::Add>(L"Add")});
   return table;
-}
-
-long CLinks::Count() {
-  return static_cast<long>(m_item->links.size());
 }
 
 void CLinks::Add(const CArguments& arguments) {

@@ -27,7 +27,7 @@ class CItem : public COutlookObject {
   void SetText(DISPID property, const std::wstring& text);  // raises PropertyChange
   bool IsNew() const noexcept { return m_new; }
   void SaveChanges();  // raises Write, then stores; throws a CModelError
-  void DiscardChanges() noexcept;
+  void DiscardChanges() noexcept { m_changes.Clear(); }
   bool RaiseOpen();   // false: cancelled
   bool RaiseClose();  // false: cancelled
 
@@ -44,14 +44,14 @@ class CItem : public COutlookObject {
   virtual void OnTextSet(DISPID, const std::wstring&) {}
   CFieldSet& Changes() noexcept { return m_changes; }
 
-  CValue GetText(const CArguments& arguments);
-  void PutText(const CArguments& arguments);
+  CValue GetText(const CArguments& arguments) { return CValue(Text(arguments.Member())); }
+  void PutText(const CArguments& arguments) { SetText(arguments.Member(), arguments.Text(0)); }
 
  private:
-  CValue EntryId();
+  CValue EntryId() { return CValue(m_item->entryId); }
   CModelPtr<CInspector> GetInspector();
-  bool Saved();
-  void Save();
+  bool Saved() { return !m_new && m_changes.All().empty(); }
+  void Save() { SaveChanges(); }
   void Delete();
   void Close(const CArguments& arguments);
   void Display();
@@ -81,8 +81,8 @@ class CDistListItem final : public CItem {
 
  private:
   static const CMemberTable& Members();
-  CValue ListName();
-  void SetListName(const CArguments& arguments);
+  CValue ListName() { return CValue(Text(field::kSubject)); }
+  void SetListName(const CArguments& arguments) { SetText(field::kSubject, arguments.Text(0)); }
   long MemberCount();
 };
 
@@ -95,7 +95,7 @@ class CJournalItem final : public CItem {
   static const CMemberTable& Members();
   CValue Start();
   void SetStart(const CArguments& arguments);
-  long Duration();
+  long Duration() { return _wtol(Text(field::kJournalDuration).c_str()); }
   void SetDuration(const CArguments& arguments);
   CModelPtr<CLinks> Links();
 };
@@ -107,7 +107,7 @@ class CLinks final : public COutlookObject {
 
  private:
   static const CMemberTable& Members();
-  long Count();
+  long Count() { return static_cast<long>(m_item->links.size()); }
   void Add(const CArguments& arguments);
 
   StoredItemPtr m_item;

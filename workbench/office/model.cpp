@@ -138,10 +138,6 @@ void CModel::Withdraw(int number) {
   std::erase_if(m_triggers, [number](const Trigger& one) { return one.number == number; });
 }
 
-void CModel::WithdrawAll() {
-  m_triggers.clear();
-}
-
 void CModel::SetPace(unsigned microseconds) noexcept {
   m_dwellTicks = static_cast<int64_t>(microseconds / MicrosecondsPerTick());
 }
@@ -246,10 +242,6 @@ void CModel::Bury(CCounted& object) {
   CCounted* oldest = m_graves.front();
   m_graves.pop_front();
   delete oldest;
-}
-
-void CModel::RecordMisuse(std::string text) {
-  m_misuses.push_back(std::move(text));
 }
 
 }  // namespace quor::workbench

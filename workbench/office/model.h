@@ -82,7 +82,7 @@ class CModel {
   int AddFault(Fault fault);
   int AddHook(Hook hook);
   void Withdraw(int number);
-  void WithdrawAll();
+  void WithdrawAll() { m_triggers.clear(); }
   uint64_t FaultsFired() const noexcept { return m_faultsFired; }
   // The call that last failed because of a fault: "Items.Item".
   const std::string& LastFaulted() const noexcept { return m_lastFaulted; }
@@ -134,7 +134,7 @@ class CModel {
   uint64_t Register(CCounted& object);
   void Unregister(const CCounted& object) noexcept;
   void Bury(CCounted& object);  // keeps a dead object for a while to notice uses after release
-  void RecordMisuse(std::string text);
+  void RecordMisuse(std::string text) { m_misuses.push_back(std::move(text)); }
   // Runs the action when this thread next pumps messages, but not after the model has ended.
   void RunLater(std::function<void()> action);
   // Releases an unadvised sink, now or when messages are pumped.

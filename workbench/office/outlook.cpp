@@ -85,10 +85,6 @@ CModelPtr<CComAddIn> COutlook::AddAddIn(ComAddInInfo info, std::function<void(bo
   return m_session->ComAddIns().AddAddIn(std::move(info), std::move(onConnect));
 }
 
-void COutlook::LoadCards(std::string_view vcards) {
-  ReadInto(nullptr, vcards, false);
-}
-
 void COutlook::AddCards(const std::string& folder, std::string_view vcards) {
   ReadInto(&folder, vcards, true);
 }
@@ -193,10 +189,6 @@ void COutlook::MoveFolder(const std::string& path, const std::string& parent) {
   m_session->MoveFolder(FindFolder(path), FindFolder(parent));
 }
 
-void COutlook::DeleteFolder(const std::string& path) {
-  m_session->DeleteFolder(FindFolder(path));
-}
-
 CModelPtr<CExplorer> COutlook::OpenExplorer(const std::string& folder) {
   const CModelPtr<CExplorer> explorer = m_session->OpenExplorer(FindFolder(folder));
   m_session->ShowExplorer(*explorer);
@@ -254,10 +246,6 @@ CModelPtr<CInspector> COutlook::FindInspector(const std::string& item) {
   throw CMailboxError("no window shows " + item);
 }
 
-bool COutlook::CloseInspector(const std::string& item) {
-  return CloseInspector(*FindInspector(item));
-}
-
 void COutlook::ActivateInspector(const std::string& item) {
   m_session->ActivateWindow(*FindInspector(item));
 }
@@ -267,20 +255,8 @@ void COutlook::MoveInspector(const std::string& item, const std::string& next) {
   m_session->MoveInspector(*inspector, *m_session->ItemObject(FindItem(next)));
 }
 
-bool COutlook::CloseInspector(CInspector& inspector) {
-  return m_session->CloseInspector(inspector);
-}
-
 std::vector<CModelPtr<CInspector>> COutlook::OpenInspectors() {
   return m_session->InspectorWindows();
-}
-
-void COutlook::RaiseStartup() {
-  m_session->Application().RaiseStartup();
-}
-
-void COutlook::RaiseQuit() {
-  m_session->Application().RaiseQuit();
 }
 
 std::vector<OptionsPage> COutlook::RaiseOptionsPagesAdd() {

@@ -45,7 +45,7 @@ class COutlook {
 
   // Loads the address book, before Outlook starts and therefore without events. Throws
   // CCardError, as AddCards does.
-  void LoadCards(std::string_view vcards);
+  void LoadCards(std::string_view vcards) { ReadInto(nullptr, vcards, false); }
   // Adds cards to a folder while Outlook runs, as if the user had typed or imported them: with
   // events for up to 15 cards, without for 16 and more.
   void AddCards(const std::string& folder, std::string_view vcards);
@@ -63,7 +63,7 @@ class COutlook {
   FolderNode& AddFolder(const std::string& path, ItemType type = ItemType::Contact);
   void RenameFolder(const std::string& path, const std::string& name);
   void MoveFolder(const std::string& path, const std::string& parent);
-  void DeleteFolder(const std::string& path);
+  void DeleteFolder(const std::string& path) { m_session->DeleteFolder(FindFolder(path)); }
 
   // Windows. Opening the first explorer shows the Inbox, as Outlook does.
   CModelPtr<CExplorer> OpenExplorer(const std::string& folder = "Inbox");  // with window, Activate
@@ -73,16 +73,16 @@ class COutlook {
   void Select(const std::vector<std::string>& items);            // in the folder shown; empty: none
   CModelPtr<CInspector> OpenInspector(const std::string& item);  // null: a sink cancelled
   CModelPtr<CInspector> OpenNewContact();
-  bool CloseInspector(const std::string& item);
-  bool CloseInspector(CInspector& inspector);
+  bool CloseInspector(const std::string& item) { return CloseInspector(*FindInspector(item)); }
+  bool CloseInspector(CInspector& inspector) { return m_session->CloseInspector(inspector); }
   // Brings one item's window to the front.
   void ActivateInspector(const std::string& item);
   // Moves the window of one item on to another, as its Next button does.
   void MoveInspector(const std::string& item, const std::string& next);
   std::vector<CModelPtr<CInspector>> OpenInspectors();
 
-  void RaiseStartup();
-  void RaiseQuit();
+  void RaiseStartup() { m_session->Application().RaiseStartup(); }
+  void RaiseQuit() { m_session->Application().RaiseQuit(); }
   // Raises OptionsPagesAdd and returns the pages that the sinks added. Each page object is
   // referenced: clear the vector before checking what the add-in holds.
   std::vector<OptionsPage> RaiseOptionsPagesAdd();

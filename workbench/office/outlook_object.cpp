@@ -20,10 +20,6 @@ CValue COutlookObject::Application() {
   return CValue(&m_session.Application());
 }
 
-long COutlookObject::Class() {
-  return static_cast<long>(m_class);
-}
-
 CValue COutlookObject::SessionObject() {
   return CValue(&m_session.NameSpace());
 }

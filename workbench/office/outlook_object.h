@@ -19,7 +19,7 @@ class COutlookObject : public CEventSource {
 
  private:
   CValue Application();
-  long Class();
+  long Class() { return static_cast<long>(m_class); }
   CValue SessionObject();
 
   CSession& m_session;

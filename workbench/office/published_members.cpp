@@ -14,13 +14,6 @@ const IID& PublishedInterface(std::wstring_view interfaceName) {
   return found->iid;
 }
 
-const PublishedMember* FindPublished(REFIID iid, DISPID id) noexcept {
-  const auto members = PublishedMembers();
-  const auto found = std::ranges::find_if(
-      members, [&](const PublishedMember& one) { return one.id == id && one.iid == iid; });
-  return found == members.end() ? nullptr : &*found;
-}
-
 const PublishedMember* FindPublished(std::wstring_view interfaceName, std::wstring_view name,
                                      WORD kind) noexcept {
   const auto members = PublishedMembers();

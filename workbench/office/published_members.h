@@ -32,7 +32,6 @@ std::span<const PublishedMember> PublishedMembers() noexcept;
 const IID& PublishedInterface(std::wstring_view interfaceName);
 // Null when the interface has no such member, or is none of those published here. `kind` is one of
 // PublishedMember's kinds; the case of a name does not matter.
-const PublishedMember* FindPublished(REFIID iid, DISPID id) noexcept;
 const PublishedMember* FindPublished(std::wstring_view interfaceName, std::wstring_view name,
                                      WORD kind) noexcept;
 

@@ -10,13 +10,6 @@
 namespace quor::workbench {
 namespace {
 
-constexpr DISPID kItemAdd = 0xF001;
-constexpr DISPID kItemChange = 0xF002;
-constexpr DISPID kItemRemove = 0xF003;
-constexpr DISPID kFolderAdd = 0xF001;
-constexpr DISPID kFolderChange = 0xF002;
-constexpr DISPID kFolderRemove = 0xF003;
-
 // The collections over a folder at the time of an event; sinks may create and drop others
 // meanwhile.
 template <class Collection>
@@ -87,10 +80,10 @@ CModelPtr<CItem> CSession::NewItem(ItemType type, FolderNode& folder) {
 }
 
 void CSession::RaiseItemAdd(FolderNode& folder, const StoredItemPtr& item) {
-  RaiseItemEvent(folder, kItemAdd, item);
+  RaiseItemEvent(folder, L"ItemAdd", item);
 }
 
-void CSession::RaiseItemEvent(FolderNode& folder, DISPID event, const StoredItemPtr& item) {
+void CSession::RaiseItemEvent(FolderNode& folder, const wchar_t* event, const StoredItemPtr& item) {
   if (!m_delaysItemEvents) return FireItemEvent(folder, event, item);
   m_model.RunLater([this, id = folder.entryId, event, item] {
     FolderNode* const then = m_mailbox.FolderById(id, {});
@@ -98,7 +91,7 @@ void CSession::RaiseItemEvent(FolderNode& folder, DISPID event, const StoredItem
   });
 }
 
-void CSession::FireItemEvent(FolderNode& folder, DISPID event, const StoredItemPtr& item) {
+void CSession::FireItemEvent(FolderNode& folder, const wchar_t* event, const StoredItemPtr& item) {
   const CModelPtr<CItem> object = ItemObject(item);
   for (const auto& items : Listeners(folder.itemCollections))
     items->Fire(event, {CValue(object.get())});
@@ -108,7 +101,7 @@ void CSession::RaiseItemRemove(FolderNode& folder) {
   // Does not apply to the last item of a personal folders file.
   if (m_mailbox.ItemCount(*folder.store) == 0) return;
   for (const auto& items : Listeners(folder.itemCollections))
-    items->Fire(kItemRemove);
+    items->Fire(L"ItemRemove");
 }
 
 void CSession::SaveNewItem(const StoredItemPtr& item, FolderNode& folder) {
@@ -122,7 +115,7 @@ void CSession::NoteItemChange(const StoredItemPtr& item) {
   m_face.OnChanged();
   for (int repeat = 0; repeat < m_options.itemChangeRepeats; ++repeat) {
     if (item->folder == nullptr) return;
-    RaiseItemEvent(*item->folder, kItemChange, item);
+    RaiseItemEvent(*item->folder, L"ItemChange", item);
   }
 }
 
@@ -172,7 +165,7 @@ void CSession::DeleteItems(const std::vector<StoredItemPtr>& items) {
   m_face.OnChanged();
 }
 
-void CSession::RaiseFolderEvent(FolderNode& parent, DISPID event, FolderNode* folder) {
+void CSession::RaiseFolderEvent(FolderNode& parent, const wchar_t* event, FolderNode* folder) {
   const CModelPtr<CFolder> object =
       folder != nullptr ? FolderObject(*folder) : CModelPtr<CFolder>();
   for (const auto& folders : Listeners(parent.folderCollections)) {
@@ -187,22 +180,22 @@ void CSession::RaiseFolderEvent(FolderNode& parent, DISPID event, FolderNode* fo
 FolderNode& CSession::AddFolder(FolderNode& parent, const std::wstring& name, ItemType type) {
   FolderNode& folder = m_mailbox.AddFolder(parent, name, type);
   m_face.OnChanged();
-  RaiseFolderEvent(parent, kFolderAdd, &folder);
+  RaiseFolderEvent(parent, L"FolderAdd", &folder);
   return folder;
 }
 
 void CSession::RenameFolder(FolderNode& folder, const std::wstring& name) {
   folder.name = name;
   m_face.OnChanged();
-  if (folder.parent != nullptr) RaiseFolderEvent(*folder.parent, kFolderChange, &folder);
+  if (folder.parent != nullptr) RaiseFolderEvent(*folder.parent, L"FolderChange", &folder);
 }
 
 void CSession::MoveFolder(FolderNode& folder, FolderNode& parent) {
   FolderNode* before = folder.parent;
   m_mailbox.MoveFolder(folder, parent);
   m_face.OnChanged();
-  RaiseFolderEvent(*before, kFolderRemove, nullptr);
-  RaiseFolderEvent(parent, kFolderAdd, &folder);
+  RaiseFolderEvent(*before, L"FolderRemove", nullptr);
+  RaiseFolderEvent(parent, L"FolderAdd", &folder);
 }
 
 void CSession::DeleteFolder(FolderNode& folder) {
@@ -218,7 +211,7 @@ void CSession::DeleteFolder(FolderNode& folder) {
   LeaveFolder(folder);
   m_mailbox.RemoveFolder(folder);
   m_face.OnChanged();
-  RaiseFolderEvent(parent, kFolderRemove, nullptr);
+  RaiseFolderEvent(parent, L"FolderRemove", nullptr);
 }
 
 // Removes all references to a folder before it is deleted permanently.

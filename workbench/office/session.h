@@ -117,11 +117,11 @@ class CSession {
   bool IsInspectorActive() const noexcept { return m_inspectorActive; }
 
  private:
-  void RaiseItemEvent(FolderNode& folder, DISPID event, const StoredItemPtr& item);
-  void FireItemEvent(FolderNode& folder, DISPID event, const StoredItemPtr& item);
+  void RaiseItemEvent(FolderNode& folder, const wchar_t* event, const StoredItemPtr& item);
+  void FireItemEvent(FolderNode& folder, const wchar_t* event, const StoredItemPtr& item);
   void RaiseItemAdd(FolderNode& folder, const StoredItemPtr& item);
   void RaiseItemRemove(FolderNode& folder);
-  void RaiseFolderEvent(FolderNode& parent, DISPID event, FolderNode* folder);
+  void RaiseFolderEvent(FolderNode& parent, const wchar_t* event, FolderNode* folder);
   void LeaveFolder(const FolderNode& folder);
 
   CModel& m_model;

@@ -140,14 +140,6 @@ CValue CArguments::Converted(UINT index, VARTYPE type) const {
   return value;
 }
 
-long CArguments::Long(UINT index) const {
-  return V_I4(&Converted(index, VT_I4).Get());
-}
-
-bool CArguments::Bool(UINT index) const {
-  return V_BOOL(&Converted(index, VT_BOOL).Get()) != VARIANT_FALSE;
-}
-
 std::wstring CArguments::Text(UINT index) const {
   return WideFromBstr(V_BSTR(&Converted(index, VT_BSTR).Get()));
 }

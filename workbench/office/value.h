@@ -101,8 +101,8 @@ class CArguments {
   // Omitted at the end, or passed as VT_ERROR / DISP_E_PARAMNOTFOUND.
   bool IsMissing(UINT index) const noexcept;
 
-  long Long(UINT index) const;
-  bool Bool(UINT index) const;
+  long Long(UINT index) const { return V_I4(&Converted(index, VT_I4).Get()); }
+  bool Bool(UINT index) const { return V_BOOL(&Converted(index, VT_BOOL).Get()) != VARIANT_FALSE; }
   std::wstring Text(UINT index) const;  // empty for VT_EMPTY
   IDispatch* Object(UINT index) const;  // borrowed; null for "nothing"
   bool IsText(UINT index) const;

@@ -8,14 +8,6 @@
 namespace quor::workbench {
 namespace {
 
-constexpr DISPID kActivate = 0xF001;
-constexpr DISPID kFolderSwitch = 0xF002;
-constexpr DISPID kBeforeFolderSwitch = 0xF003;
-constexpr DISPID kDeactivate = 0xF006;
-constexpr DISPID kSelectionChange = 0xF007;
-constexpr DISPID kClose = 0xF008;
-constexpr DISPID kNewWindow = 0xF001;
-
 template <class Window>
 CModelPtr<Window> WindowByIndex(const std::vector<CModelPtr<Window>>& windows,
                                 const CArguments& arguments) {
@@ -109,10 +101,6 @@ std::string CExplorer::ObjectName() const {
   return m_folder != nullptr ? Utf8FromWide(m_folder->name) : "closed";
 }
 
-HWND CExplorer::Window() {
-  return Session().Face().WindowOf(*this);
-}
-
 std::wstring CExplorer::CaptionText() const {
   return (m_folder != nullptr ? m_folder->name : L"") + std::wstring(L" - Microsoft Outlook");
 }
@@ -126,7 +114,7 @@ void CExplorer::SetClosed() noexcept {
 bool CExplorer::SwitchFolder(FolderNode& folder) {
   if (m_folder == &folder) return true;
   const CModelPtr<CFolder> object = Session().FolderObject(folder);
-  if (FireCancellable(kBeforeFolderSwitch, {CValue(object.get())})) return false;
+  if (FireCancellable(L"BeforeFolderSwitch", {CValue(object.get())})) return false;
   if (IsOpen()) ShowFolder(folder);
   return true;
 }
@@ -139,7 +127,7 @@ void CExplorer::ShowFolder(FolderNode& folder) {
   m_folder = &folder;
   m_selected.clear();
   Session().Face().OnChanged();
-  Fire(kFolderSwitch);
+  Fire(L"FolderSwitch");
   if (m_folder != &folder) return;  // a sink switched to another folder
   Select(folder.items.empty() ? std::vector<StoredItemPtr>()
                               : std::vector<StoredItemPtr>{folder.items.front()});
@@ -148,7 +136,7 @@ void CExplorer::ShowFolder(FolderNode& folder) {
 void CExplorer::Select(std::vector<StoredItemPtr> items) {
   m_selected = std::move(items);
   Session().Face().OnChanged();
-  Fire(kSelectionChange);
+  Fire(L"SelectionChange");
 }
 
 void CExplorer::Deselect(const StoredItemPtr& item) {
@@ -157,15 +145,7 @@ void CExplorer::Deselect(const StoredItemPtr& item) {
     m_selected = {m_folder->items.front()};
   }
   Session().Face().OnChanged();
-  Fire(kSelectionChange);
-}
-
-void CExplorer::RaiseActivate(bool active) {
-  Fire(active ? kActivate : kDeactivate);
-}
-
-void CExplorer::RaiseClose() {
-  Fire(kClose);
+  Fire(L"SelectionChange");
 }
 
 CValue CExplorer::CommandBars() {
@@ -218,14 +198,6 @@ const CMemberTable& CInspector::Members() {
   return table;
 }
 
-std::string CInspector::ObjectName() const {
-  return m_item ? m_item->ObjectName() : "closed";
-}
-
-HWND CInspector::Window() {
-  return Session().Face().WindowOf(*this);
-}
-
 std::wstring CInspector::CaptionText() const {
   if (!m_item) return {};
   const std::wstring subject = m_item->Text(field::kSubject);
@@ -241,14 +213,6 @@ void CInspector::SetClosed() noexcept {
 void CInspector::OnGone() noexcept {
   m_item = {};
   CWindowObject::OnGone();
-}
-
-void CInspector::RaiseActivate(bool active) {
-  Fire(active ? kActivate : kDeactivate);
-}
-
-void CInspector::RaiseClose() {
-  Fire(kClose);
 }
 
 CValue CInspector::CommandBars() {
@@ -308,10 +272,6 @@ void CSelection::OnGone() noexcept {
   COutlookObject::OnGone();
 }
 
-long CSelection::Count() {
-  return static_cast<long>(m_items.size());
-}
-
 CModelPtr<CItem> CSelection::Item(const CArguments& arguments) {
   return Session().ItemObject(m_items[PositionFromIndex(arguments.Long(0), m_items.size())]);
 }
@@ -325,14 +285,6 @@ const CMemberTable& CExplorers::Members() {
       {Get<&CExplorers::Count>(L"Count"), Method<&CExplorers::Item>(L"Item")},
       {L"ExplorersEvents"});
   return table;
-}
-
-void CExplorers::RaiseNewExplorer(CExplorer& explorer) {
-  Fire(kNewWindow, {CValue(&explorer)});
-}
-
-long CExplorers::Count() {
-  return static_cast<long>(Session().ExplorerWindows().size());
 }
 
 CModelPtr<CExplorer> CExplorers::Item(const CArguments& arguments) {
@@ -349,14 +301,6 @@ const CMemberTable& CInspectors::Members() {
        Method<&CInspectors::Add>(L"Add")},
       {L"InspectorsEvents"});
   return table;
-}
-
-void CInspectors::RaiseNewInspector(CInspector& inspector) {
-  Fire(kNewWindow, {CValue(&inspector)});
-}
-
-long CInspectors::Count() {
-  return static_cast<long>(Session().InspectorWindows().size());
 }
 
 CModelPtr<CInspector> CInspectors::Item(const CArguments& arguments) {

@@ -62,7 +62,7 @@ class CExplorer final : public CWindowObject {
   CExplorer(CSession& session, FolderNode& folder);
 
   std::string ObjectName() const override;
-  HWND Window() override;
+  HWND Window() override { return Session().Face().WindowOf(*this); }
   std::wstring CaptionText() const override;
   void SetClosed() noexcept override;
 
@@ -74,8 +74,8 @@ class CExplorer final : public CWindowObject {
   void LeaveFolder(FolderNode& instead);  // the folder shown is being deleted; cannot be cancelled
   void Select(std::vector<StoredItemPtr> items);  // SelectionChange
   void Deselect(const StoredItemPtr& item);       // the item left the folder shown
-  void RaiseActivate(bool active);
-  void RaiseClose();
+  void RaiseActivate(bool active) { Fire(active ? L"Activate" : L"Deactivate"); }
+  void RaiseClose() { Fire(L"Close"); }
 
  private:
   static const CMemberTable& Members();
@@ -97,8 +97,8 @@ class CInspector final : public CWindowObject {
  public:
   CInspector(CSession& session, CItem& item);
 
-  std::string ObjectName() const override;
-  HWND Window() override;
+  std::string ObjectName() const override { return m_item ? m_item->ObjectName() : "closed"; }
+  HWND Window() override { return Session().Face().WindowOf(*this); }
   std::wstring CaptionText() const override;
   void SetClosed() noexcept override;
 
@@ -106,8 +106,8 @@ class CInspector final : public CWindowObject {
   bool IsShown() const noexcept { return m_shown; }
   void SetShown() noexcept { m_shown = true; }
   void SetItem(CItem& item) { m_item = CModelPtr<CItem>(&item); }
-  void RaiseActivate(bool active);
-  void RaiseClose();
+  void RaiseActivate(bool active) { Fire(active ? L"Activate" : L"Deactivate"); }
+  void RaiseClose() { Fire(L"Close"); }
 
  protected:
   void OnGone() noexcept override;
@@ -138,7 +138,7 @@ class CSelection final : public COutlookObject {
  private:
   static const CMemberTable& Members();
 
-  long Count();
+  long Count() { return static_cast<long>(m_items.size()); }
   CModelPtr<CItem> Item(const CArguments& arguments);
 
   CModelPtr<CExplorer> m_explorer;
@@ -148,24 +148,24 @@ class CSelection final : public COutlookObject {
 class CExplorers final : public COutlookObject {
  public:
   explicit CExplorers(CSession& session);
-  void RaiseNewExplorer(CExplorer& explorer);
+  void RaiseNewExplorer(CExplorer& explorer) { Fire(L"NewExplorer", {CValue(&explorer)}); }
 
  private:
   static const CMemberTable& Members();
 
-  long Count();
+  long Count() { return static_cast<long>(Session().ExplorerWindows().size()); }
   CModelPtr<CExplorer> Item(const CArguments& arguments);
 };
 
 class CInspectors final : public COutlookObject {
  public:
   explicit CInspectors(CSession& session);
-  void RaiseNewInspector(CInspector& inspector);
+  void RaiseNewInspector(CInspector& inspector) { Fire(L"NewInspector", {CValue(&inspector)}); }
 
  private:
   static const CMemberTable& Members();
 
-  long Count();
+  long Count() { return static_cast<long>(Session().InspectorWindows().size()); }
   CModelPtr<CInspector> Item(const CArguments& arguments);
   CModelPtr<CInspector> Add(const CArguments& arguments);
 };

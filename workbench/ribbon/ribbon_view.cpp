@@ -324,10 +324,6 @@ uint64_t CRibbonView::Redraw() {
   return m_host.Figures().callbacks - before;
 }
 
-std::vector<ControlFace> CRibbonView::OpenMenu(int handle) {
-  return Faces(Reachable(handle), Extent::Drawn);
-}
-
 // --- the user's actions ---
 
 int CRibbonView::HandleAt(std::span<const std::wstring> path) {
@@ -394,10 +390,6 @@ void CRibbonView::PickEntry(int handle, size_t entry) {
     throw CUserActionError(combo.node->id + " has no entry " + std::to_string(entry));
   }
   ChangeText(combo, std::wstring(entries[entry]));
-}
-
-void CRibbonView::Click(std::span<const std::wstring> path) {
-  Click(HandleAt(path));
 }
 
 void CRibbonView::EnterText(std::span<const std::wstring> path, const std::wstring& text) {

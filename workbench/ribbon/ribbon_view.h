@@ -37,10 +37,10 @@ class CRibbonView {
   std::vector<RibbonTabFace> Tabs(Extent extent);
   std::vector<ControlFace> ControlFaces();  // all controls of the active tab
   // Opens a menu and returns its items; their own menus stay closed.
-  std::vector<ControlFace> OpenMenu(int handle);
+  std::vector<ControlFace> OpenMenu(int handle) { return Faces(Reachable(handle), Extent::Drawn); }
 
   // --- the user's actions ---
-  void Click(std::span<const std::wstring> path);
+  void Click(std::span<const std::wstring> path) { Click(HandleAt(path)); }
   void EnterText(std::span<const std::wstring> path,
                  const std::wstring& text);  // then presses Enter
   void PickEntry(std::span<const std::wstring> path, const std::wstring& entry);

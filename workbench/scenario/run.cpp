@@ -147,22 +147,6 @@ Bytes CRun::NewWire() {
   return bytes;
 }
 
-void CRun::ForgetLog() {
-  m_logSeen = WholeLog().size();
-}
-
-void CRun::ForgetWire() {
-  stage.base.ForgetWritten();
-}
-
-std::vector<std::string> CRun::NewUsbCalls() {
-  return stage.base.CallTexts();
-}
-
-void CRun::ForgetUsbCalls() {
-  stage.base.ForgetCallTexts();
-}
-
 void CRun::WriteSettings() {
   if (settings == Settings::None) return;
   if (settings == Settings::Given) {

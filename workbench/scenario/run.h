@@ -59,11 +59,11 @@ class CRun {
   std::vector<std::string> NewLogLines();
   std::vector<std::string> WholeLog();
   Bytes NewWire();
-  void ForgetLog();
-  void ForgetWire();
+  void ForgetLog() { m_logSeen = WholeLog().size(); }
+  void ForgetWire() { stage.base.ForgetWritten(); }
   // Calls of the USB library that no expectation has consumed yet.
-  std::vector<std::string> NewUsbCalls();
-  void ForgetUsbCalls();
+  std::vector<std::string> NewUsbCalls() { return stage.base.CallTexts(); }
+  void ForgetUsbCalls() { stage.base.ForgetCallTexts(); }
 
   // Writes the settings file before the add-in is created.
   void WriteSettings();
