@@ -31,7 +31,7 @@ constexpr char kCards[] =
 // Gives every window its own command bars; the controls of all windows share tags.
 class CBarsFace final : public workbench::IOutlookFace {
  public:
-  IDispatch* CommandBarsOf(workbench::CInspector& inspector) override {
+  IDispatch* CommandBarsOf(workbench::CWindowObject& inspector) override {
     auto& bars = m_bars[&inspector];
     if (!bars) {
       bars = workbench::MakeObject<workbench::CCommandBars>(*model, m_registry,
@@ -39,7 +39,7 @@ class CBarsFace final : public workbench::IOutlookFace {
     }
     return bars.get();
   }
-  void OnClosed(workbench::CInspector& inspector) override {
+  void OnClosed(workbench::CWindowObject& inspector) override {
     if (const auto bars = m_bars.find(&inspector); bars != m_bars.end()) {
       bars->second->Close();
       m_bars.erase(bars);
@@ -50,7 +50,7 @@ class CBarsFace final : public workbench::IOutlookFace {
  private:
   std::shared_ptr<workbench::CControlRegistry> m_registry =
       std::make_shared<workbench::CControlRegistry>();
-  std::map<workbench::CInspector*, workbench::CModelPtr<workbench::CCommandBars>> m_bars;
+  std::map<workbench::CWindowObject*, workbench::CModelPtr<workbench::CCommandBars>> m_bars;
 };
 
 class ContactWindows : public testing::Test,

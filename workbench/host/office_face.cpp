@@ -73,37 +73,6 @@ std::vector<std::string> COfficeFace::RibbonMessages() const {
   return messages;
 }
 
-COfficeFace::PartsPtr COfficeFace::FindKnown(const CWindowObject& window) {
-  for (const auto& parts : m_windows) {
-    if (parts->object == &window) return parts;
-  }
-  return nullptr;
-}
-
-COfficeFace::PartsPtr COfficeFace::NewParts(CWindowObject& window, bool isExplorer) {
-  auto parts = std::make_shared<WindowParts>();
-  parts->object = &window;
-  parts->isExplorer = isExplorer;
-  const int firstRibbon = isExplorer ? kFirstExplorerRibbon : kFirstInspectorRibbon;
-  parts->bars = MakeObject<CCommandBars>(
-      m_session->Model(), m_registry,
-      m_version < firstRibbon ? CCommandBars::Kind::Shown : CCommandBars::Kind::Hidden);
-  parts->bars->SetApplication(&m_session->Application());
-  return parts;
-}
-
-COfficeFace::PartsPtr COfficeFace::PartsOf(CExplorer& explorer) {
-  if (PartsPtr known = FindKnown(explorer)) return known;
-  PartsPtr parts = NewParts(explorer, true);
-  OutlookWindowOptions options;
-  options.window.painted = m_painted && HasScreen();
-  options.skin = m_version < kFirstExplorerRibbon ? Skin::Toolbars : Skin::Ribbon;
-  parts->window = std::make_unique<COutlookWindow>(*m_session, explorer, *parts->bars, options);
-  parts->window->SetPanel(m_panel);
-  m_windows.push_back(parts);
-  return parts;
-}
-
 // Inside the first main window, beside its panel with the base.
 WindowOptions COfficeFace::InspectorPlace() const {
   constexpr int kInset = 30;  // pixels
@@ -112,7 +81,7 @@ WindowOptions COfficeFace::InspectorPlace() const {
   place.width -= kPanelWidth + 2 * kInset;
   place.height -= 2 * kBelow;
   for (const auto& parts : m_windows) {
-    if (!parts->isExplorer) continue;
+    if (!parts->object->IsExplorer()) continue;
     POINT corner = {kInset, kBelow};
     ClientToScreen(parts->window->Handle(), &corner);
     place.left = static_cast<int>(corner.x);
@@ -122,71 +91,56 @@ WindowOptions COfficeFace::InspectorPlace() const {
   return place;
 }
 
-COfficeFace::PartsPtr COfficeFace::PartsOf(CInspector& inspector) {
-  if (PartsPtr known = FindKnown(inspector)) return known;
-  PartsPtr parts = NewParts(inspector, false);
+COfficeFace::PartsPtr COfficeFace::PartsOf(CWindowObject& window) {
+  for (const auto& parts : m_windows) {
+    if (parts->object == &window) return parts;
+  }
+  const bool isExplorer = window.IsExplorer();
+  const bool hasRibbon = m_version >= (isExplorer ? kFirstExplorerRibbon : kFirstInspectorRibbon);
+  auto parts = std::make_shared<WindowParts>();
+  parts->object = &window;
+  parts->bars =
+      MakeObject<CCommandBars>(m_session->Model(), m_registry,
+                               hasRibbon ? CCommandBars::Kind::Hidden : CCommandBars::Kind::Shown);
+  parts->bars->SetApplication(&m_session->Application());
   OutlookWindowOptions options;
-  options.window = InspectorPlace();
+  if (!isExplorer) options.window = InspectorPlace();
   options.window.painted = m_painted && HasScreen();
-  options.skin = m_version < kFirstInspectorRibbon ? Skin::Toolbars : Skin::Ribbon;
-  parts->window = std::make_unique<COutlookWindow>(*m_session, inspector, *parts->bars, options);
+  options.skin = hasRibbon ? Skin::Ribbon : Skin::Toolbars;
+  parts->window = std::make_unique<COutlookWindow>(*m_session, window, *parts->bars, options);
+  if (isExplorer) parts->window->SetPanel(m_panel);
   m_windows.push_back(parts);
   return parts;
 }
 
 COfficeFace::PartsPtr COfficeFace::Find(CWindowObject* window) {
   for (const auto& parts : m_windows) {
-    if (window ? parts->object == window : parts->isExplorer) return parts;
+    if (window ? parts->object == window : parts->object->IsExplorer()) return parts;
   }
   throw CScenarioError("no such window is open");
 }
 
-IDispatch* COfficeFace::CommandBarsOf(CExplorer& explorer) {
-  return PartsOf(explorer)->bars.get();
-}
-
-IDispatch* COfficeFace::CommandBarsOf(CInspector& inspector) {
-  return PartsOf(inspector)->bars.get();
-}
-
-HWND COfficeFace::WindowOf(CExplorer& explorer) {
-  return PartsOf(explorer)->window->Handle();
-}
-
-HWND COfficeFace::WindowOf(CInspector& inspector) {
-  return PartsOf(inspector)->window->Handle();
-}
-
 void COfficeFace::OpenRibbon(WindowParts& parts) {
-  CRibbonHost* host = parts.isExplorer ? m_explorerRibbon.get() : m_contactRibbon.get();
+  CRibbonHost* host = parts.object->IsExplorer() ? m_explorerRibbon.get() : m_contactRibbon.get();
   if (!host || !host->IsLoaded() || parts.ribbon) return;
   parts.ribbon = host->OpenView(parts.object);
-  if (!parts.isExplorer) parts.ribbon->SelectTab(L"TabContact");
+  if (!parts.object->IsExplorer()) parts.ribbon->SelectTab(L"TabContact");
   parts.window->SetRibbon(parts.ribbon);
   Update(parts);
 }
 
-void COfficeFace::Show(WindowParts& parts) {
-  OpenRibbon(parts);
-  parts.window->Show();
-  if (const auto ribbon = parts.ribbon) ribbon->Redraw();
-}
-
-void COfficeFace::OnShown(CExplorer& explorer) {
-  const PartsPtr parts = PartsOf(explorer);
-  Show(*parts);
-}
-
-void COfficeFace::OnShown(CInspector& inspector) {
-  const PartsPtr parts = PartsOf(inspector);
-  if (m_version >= kFirstInspectorRibbon && !m_contactRibbonAsked) {
+void COfficeFace::OnShown(CWindowObject& window) {
+  const PartsPtr parts = PartsOf(window);
+  if (!window.IsExplorer() && m_version >= kFirstInspectorRibbon && !m_contactRibbonAsked) {
     m_contactRibbonAsked = true;
     m_askRibbon(kContactRibbon);
   }
-  Show(*parts);
+  OpenRibbon(*parts);
+  parts->window->Show();
+  if (const auto ribbon = parts->ribbon) ribbon->Redraw();
 }
 
-void COfficeFace::Close(CWindowObject& window) {
+void COfficeFace::OnClosed(CWindowObject& window) {
   const auto found = std::find_if(m_windows.begin(), m_windows.end(),
                                   [&](const auto& parts) { return parts->object == &window; });
   if (found == m_windows.end()) return;
@@ -196,18 +150,10 @@ void COfficeFace::Close(CWindowObject& window) {
   parts->bars->Close();
 }
 
-void COfficeFace::OnClosed(CExplorer& explorer) {
-  Close(explorer);
-}
-
-void COfficeFace::OnClosed(CInspector& inspector) {
-  Close(inspector);
-}
-
 // Redraws the window with the tab of its folder.
 void COfficeFace::Update(WindowParts& parts) {
   parts.window->Redraw();
-  if (!parts.isExplorer || !parts.ribbon) return;
+  if (!parts.object->IsExplorer() || !parts.ribbon) return;
   const auto& explorer = static_cast<CExplorer&>(*parts.object);
   parts.ribbon->SelectTab(TabOf(explorer.Folder().itemType, m_calendarAsTable));
 }

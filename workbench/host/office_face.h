@@ -62,20 +62,15 @@ class COfficeFace final : public IOutlookFace {
   void EnterText(CWindowObject* window, const std::wstring& control, const std::wstring& text);
   void PickEntry(CWindowObject* window, const std::wstring& control, const std::wstring& entry);
 
-  IDispatch* CommandBarsOf(CExplorer& explorer) override;
-  IDispatch* CommandBarsOf(CInspector& inspector) override;
-  HWND WindowOf(CExplorer& explorer) override;
-  HWND WindowOf(CInspector& inspector) override;
-  void OnShown(CExplorer& explorer) override;
-  void OnShown(CInspector& inspector) override;
-  void OnClosed(CExplorer& explorer) override;
-  void OnClosed(CInspector& inspector) override;
+  IDispatch* CommandBarsOf(CWindowObject& window) override { return PartsOf(window)->bars.get(); }
+  HWND WindowOf(CWindowObject& window) override { return PartsOf(window)->window->Handle(); }
+  void OnShown(CWindowObject& window) override;
+  void OnClosed(CWindowObject& window) override;
   void OnChanged() override;
 
  private:
   struct WindowParts {
     CWindowObject* object = nullptr;
-    bool isExplorer = false;
     CModelPtr<CCommandBars> bars;
     std::shared_ptr<CRibbonView> ribbon;
     std::unique_ptr<COutlookWindow> window;
@@ -84,16 +79,11 @@ class COfficeFace final : public IOutlookFace {
   // close the window or end the add-in.
   using PartsPtr = std::shared_ptr<WindowParts>;
 
-  PartsPtr PartsOf(CExplorer& explorer);
-  PartsPtr PartsOf(CInspector& inspector);
-  PartsPtr FindKnown(const CWindowObject& window);
-  PartsPtr NewParts(CWindowObject& window, bool isExplorer);
+  PartsPtr PartsOf(CWindowObject& window);
   PartsPtr Find(CWindowObject* window);
   WindowOptions InspectorPlace() const;
-  void Show(WindowParts& parts);
   void OpenRibbon(WindowParts& parts);
   void Update(WindowParts& parts);
-  void Close(CWindowObject& window);
 
   int m_version;
   bool m_painted;

@@ -33,8 +33,7 @@ CModelPtr<CInspector> CApplication::ActiveInspector() {
 }
 
 CValue CApplication::ActiveWindow() {
-  if (Session().IsInspectorActive()) return CValue(Session().ActiveInspector().get());
-  return CValue(Session().ActiveExplorer().get());
+  return CValue(Session().ActiveWindow().get());
 }
 
 CModelPtr<CItem> CApplication::CreateItem(const CArguments& arguments) {

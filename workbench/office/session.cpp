@@ -21,6 +21,14 @@ std::vector<CModelPtr<Collection>> Listeners(const std::vector<Collection*>& col
   return listeners;
 }
 
+// The active window is the last one of its list.
+template <class Window>
+void MoveToEnd(std::vector<CModelPtr<Window>>& windows, const CWindowObject& active) {
+  const auto found = std::ranges::find_if(
+      windows, [&active](const auto& window) { return window.get() == &active; });
+  if (found != windows.end()) std::rotate(found, found + 1, windows.end());
+}
+
 }  // namespace
 
 CSession::CSession(CModel& model, const SessionOptions& options, IOutlookFace& face)
@@ -289,11 +297,7 @@ bool CSession::CloseInspector(CInspector& inspector) {
   inspector.SetClosed();
   m_face.OnClosed(inspector);
   m_inspectorActive = m_inspectorActive && !m_inspectorWindows.empty();
-  if (!m_inspectorActive && !m_explorerWindows.empty()) {
-    ActiveExplorer()->RaiseActivate(true);
-  } else if (m_inspectorActive) {
-    ActiveInspector()->RaiseActivate(true);
-  }
+  if (const CModelPtr<CWindowObject> active = ActiveWindow()) active->RaiseActivate(true);
   return true;
 }
 
@@ -308,31 +312,19 @@ bool CSession::MoveInspector(CInspector& inspector, CItem& next) {
   return true;
 }
 
-void CSession::ActivateWindow(CExplorer& explorer) {
-  const CModelPtr<CExplorer> kept(&explorer);
-  const CModelPtr<CExplorer> before = ActiveExplorer();
-  if (m_inspectorActive) {
-    if (const CModelPtr<CInspector> inspector = ActiveInspector()) inspector->RaiseActivate(false);
-  } else if (before && before != kept) {
-    before->RaiseActivate(false);
-  }
-  m_inspectorActive = false;
-  // The active window is the last one.
-  if (std::erase(m_explorerWindows, kept) != 0) m_explorerWindows.push_back(kept);
-  explorer.RaiseActivate(true);
+void CSession::ActivateWindow(CWindowObject& window) {
+  const CModelPtr<CWindowObject> kept(&window);
+  const CModelPtr<CWindowObject> before = ActiveWindow();
+  if (before && before != kept) before->RaiseActivate(false);
+  m_inspectorActive = !window.IsExplorer();
+  MoveToEnd(m_explorerWindows, window);
+  MoveToEnd(m_inspectorWindows, window);
+  window.RaiseActivate(true);
 }
 
-void CSession::ActivateWindow(CInspector& inspector) {
-  const CModelPtr<CInspector> kept(&inspector);
-  const CModelPtr<CInspector> before = ActiveInspector();
-  if (!m_inspectorActive) {
-    if (const CModelPtr<CExplorer> explorer = ActiveExplorer()) explorer->RaiseActivate(false);
-  } else if (before && before != kept) {
-    before->RaiseActivate(false);
-  }
-  m_inspectorActive = true;
-  if (std::erase(m_inspectorWindows, kept) != 0) m_inspectorWindows.push_back(kept);
-  inspector.RaiseActivate(true);
+CModelPtr<CWindowObject> CSession::ActiveWindow() const {
+  if (m_inspectorActive) return ActiveInspector();
+  return ActiveExplorer();
 }
 
 CModelPtr<CExplorer> CSession::ActiveExplorer() const {

@@ -17,6 +17,7 @@ class CExplorers;
 class CInspector;
 class CInspectors;
 class CComAddIns;
+class CWindowObject;
 
 // Shows Outlook to the user: supplies windows and command bars, and is notified of changes.
 // Implemented by the workbench's user interface; without one there are no windows and no command
@@ -24,17 +25,13 @@ class CComAddIns;
 class IOutlookFace {
  public:
   // The window's CommandBars object, always the same one; null: the property is empty.
-  virtual IDispatch* CommandBarsOf(CExplorer&) { return nullptr; }
-  virtual IDispatch* CommandBarsOf(CInspector&) { return nullptr; }
+  virtual IDispatch* CommandBarsOf(CWindowObject&) { return nullptr; }
   // For IOleWindow; null if there is no window.
-  virtual HWND WindowOf(CExplorer&) { return nullptr; }
-  virtual HWND WindowOf(CInspector&) { return nullptr; }
+  virtual HWND WindowOf(CWindowObject&) { return nullptr; }
   // Called after NewExplorer or NewInspector is raised and before the first Activate.
-  virtual void OnShown(CExplorer&) {}
-  virtual void OnShown(CInspector&) {}
+  virtual void OnShown(CWindowObject&) {}
   // Called after Close is raised; the object stays valid while it is held.
-  virtual void OnClosed(CExplorer&) {}
-  virtual void OnClosed(CInspector&) {}
+  virtual void OnClosed(CWindowObject&) {}
   virtual void OnChanged() {}  // folders, items or the selection changed: redraw
 
  protected:
@@ -110,11 +107,10 @@ class CSession {
   // Moves the window to another item: Close of the first, Open of the second, Activate. False if a
   // sink cancelled.
   bool MoveInspector(CInspector& inspector, CItem& next);
-  void ActivateWindow(CExplorer& explorer);
-  void ActivateWindow(CInspector& inspector);
+  void ActivateWindow(CWindowObject& window);
+  CModelPtr<CWindowObject> ActiveWindow() const;  // null: none is open
   CModelPtr<CExplorer> ActiveExplorer() const;
   CModelPtr<CInspector> ActiveInspector() const;
-  bool IsInspectorActive() const noexcept { return m_inspectorActive; }
 
  private:
   void RaiseItemEvent(FolderNode& folder, const wchar_t* event, const StoredItemPtr& item);

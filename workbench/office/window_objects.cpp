@@ -53,7 +53,9 @@ const CMemberTable& CWindowObject::WindowMembers() {
   using Self = CWindowObject;
   static const CMemberTable table(
       "Window", nullptr, &CommonMembers(),
-      {Get<&Self::Caption>(L"Caption"), Get<&Self::GetPlace<&WindowPlace::state>>(L"WindowState"),
+      {Get<&Self::Caption>(L"Caption"), Get<&Self::CommandBars>(L"CommandBars"),
+       Method<&Self::Activate>(L"Activate"),
+       Get<&Self::GetPlace<&WindowPlace::state>>(L"WindowState"),
        Put<&Self::PutPlace<&WindowPlace::state>>(L"WindowState"),
        Get<&Self::GetPlace<&WindowPlace::height>>(L"Height"),
        Put<&Self::PutPlace<&WindowPlace::height>>(L"Height"),
@@ -75,6 +77,16 @@ void CWindowObject::CheckOpen() const {
   if (!m_open) throw CModelError(kObjectDeleted, "The window has been closed.");
 }
 
+CValue CWindowObject::CommandBars() {
+  CheckOpen();
+  return CValue(Session().Face().CommandBarsOf(*this));
+}
+
+void CWindowObject::Activate() {
+  CheckOpen();
+  Session().ActivateWindow(*this);
+}
+
 CValue CWindowObject::Caption() {
   CheckOpen();
   return CValue(CaptionText());
@@ -88,11 +100,9 @@ CExplorer::CExplorer(CSession& session, FolderNode& folder)
 const CMemberTable& CExplorer::Members() {
   static const CMemberTable table(
       "Explorer", L"_Explorer", &WindowMembers(),
-      {Get<&CExplorer::CommandBars>(L"CommandBars"),
-       Get<&CExplorer::CurrentFolder>(L"CurrentFolder"),
+      {Get<&CExplorer::CurrentFolder>(L"CurrentFolder"),
        Put<&CExplorer::SetCurrentFolder>(L"CurrentFolder"), Method<&CExplorer::Close>(L"Close"),
-       Method<&CExplorer::Display>(L"Display"), Method<&CExplorer::Activate>(L"Activate"),
-       Get<&CExplorer::Selection>(L"Selection")},
+       Method<&CExplorer::Display>(L"Display"), Get<&CExplorer::Selection>(L"Selection")},
       {L"ExplorerEvents", L"ExplorerEvents_10"});
   return table;
 }
@@ -148,11 +158,6 @@ void CExplorer::Deselect(const StoredItemPtr& item) {
   Fire(L"SelectionChange");
 }
 
-CValue CExplorer::CommandBars() {
-  CheckOpen();
-  return CValue(Session().Face().CommandBarsOf(*this));
-}
-
 CModelPtr<CFolder> CExplorer::CurrentFolder() {
   CheckOpen();
   return Session().FolderObject(*m_folder);
@@ -180,20 +185,14 @@ void CExplorer::Display() {
   Session().ShowExplorer(*this);
 }
 
-void CExplorer::Activate() {
-  CheckOpen();
-  Session().ActivateWindow(*this);
-}
-
 CInspector::CInspector(CSession& session, CItem& item)
     : CWindowObject(session, Members(), ObjectClass::Inspector), m_item(&item) {}
 
 const CMemberTable& CInspector::Members() {
   static const CMemberTable table(
       "Inspector", L"_Inspector", &WindowMembers(),
-      {Get<&CInspector::CommandBars>(L"CommandBars"), Get<&CInspector::CurrentItem>(L"CurrentItem"),
-       Get<&CInspector::EditorType>(L"EditorType"), Method<&CInspector::Close>(L"Close"),
-       Method<&CInspector::Display>(L"Display", 0), Method<&CInspector::Activate>(L"Activate")},
+      {Get<&CInspector::CurrentItem>(L"CurrentItem"), Get<&CInspector::EditorType>(L"EditorType"),
+       Method<&CInspector::Close>(L"Close"), Method<&CInspector::Display>(L"Display", 0)},
       {L"InspectorEvents", L"InspectorEvents_10"});
   return table;
 }
@@ -213,11 +212,6 @@ void CInspector::SetClosed() noexcept {
 void CInspector::OnGone() noexcept {
   m_item = {};
   CWindowObject::OnGone();
-}
-
-CValue CInspector::CommandBars() {
-  CheckOpen();
-  return CValue(Session().Face().CommandBarsOf(*this));
 }
 
 CModelPtr<CItem> CInspector::CurrentItem() {
@@ -243,11 +237,6 @@ void CInspector::Close(const CArguments& arguments) {
 void CInspector::Display() {
   CheckOpen();
   Session().ShowInspector(*this);
-}
-
-void CInspector::Activate() {
-  CheckOpen();
-  Session().ActivateWindow(*this);
 }
 
 CSelection::CSelection(CSession& session, CExplorer& explorer)

@@ -27,8 +27,11 @@ class CWindowObject : public COutlookObject {
  public:
   bool IsOpen() const noexcept { return m_open; }
   virtual void SetClosed() noexcept { m_open = false; }
-  virtual HWND Window() = 0;
+  virtual bool IsExplorer() const noexcept = 0;
+  HWND Window() { return Session().Face().WindowOf(*this); }
   virtual std::wstring CaptionText() const = 0;
+  void RaiseActivate(bool active) { Fire(active ? L"Activate" : L"Deactivate"); }
+  void RaiseClose() { Fire(L"Close"); }
 
  protected:
   CWindowObject(CSession& session, const CMemberTable& members, ObjectClass objectClass);
@@ -39,6 +42,8 @@ class CWindowObject : public COutlookObject {
   void CheckOpen() const;  // throws a CModelError once closed
 
  private:
+  CValue CommandBars();
+  void Activate();
   CValue Caption();
   template <auto part>
   long GetPlace() const {
@@ -62,7 +67,7 @@ class CExplorer final : public CWindowObject {
   CExplorer(CSession& session, FolderNode& folder);
 
   std::string ObjectName() const override;
-  HWND Window() override { return Session().Face().WindowOf(*this); }
+  bool IsExplorer() const noexcept override { return true; }
   std::wstring CaptionText() const override;
   void SetClosed() noexcept override;
 
@@ -74,20 +79,16 @@ class CExplorer final : public CWindowObject {
   void LeaveFolder(FolderNode& instead);  // the folder shown is being deleted; cannot be cancelled
   void Select(std::vector<StoredItemPtr> items);  // SelectionChange
   void Deselect(const StoredItemPtr& item);       // the item left the folder shown
-  void RaiseActivate(bool active) { Fire(active ? L"Activate" : L"Deactivate"); }
-  void RaiseClose() { Fire(L"Close"); }
 
  private:
   static const CMemberTable& Members();
 
   void ShowFolder(FolderNode& folder);
-  CValue CommandBars();
   CModelPtr<CFolder> CurrentFolder();
   void SetCurrentFolder(const CArguments& arguments);
   CModelPtr<class CSelection> Selection();
   void Close();
   void Display();
-  void Activate();
 
   FolderNode* m_folder;
   std::vector<StoredItemPtr> m_selected;
@@ -98,7 +99,7 @@ class CInspector final : public CWindowObject {
   CInspector(CSession& session, CItem& item);
 
   std::string ObjectName() const override { return m_item ? m_item->ObjectName() : "closed"; }
-  HWND Window() override { return Session().Face().WindowOf(*this); }
+  bool IsExplorer() const noexcept override { return false; }
   std::wstring CaptionText() const override;
   void SetClosed() noexcept override;
 
@@ -106,8 +107,6 @@ class CInspector final : public CWindowObject {
   bool IsShown() const noexcept { return m_shown; }
   void SetShown() noexcept { m_shown = true; }
   void SetItem(CItem& item) { m_item = CModelPtr<CItem>(&item); }
-  void RaiseActivate(bool active) { Fire(active ? L"Activate" : L"Deactivate"); }
-  void RaiseClose() { Fire(L"Close"); }
 
  protected:
   void OnGone() noexcept override;
@@ -115,12 +114,10 @@ class CInspector final : public CWindowObject {
  private:
   static const CMemberTable& Members();
 
-  CValue CommandBars();
   CModelPtr<CItem> CurrentItem();
   long EditorType();
   void Close(const CArguments& arguments);
   void Display();
-  void Activate();
 
   CModelPtr<CItem> m_item;
   bool m_shown = false;

@@ -63,27 +63,18 @@ const ControlFace* FindHandle(const std::vector<ControlFace>& faces, int handle)
 
 }  // namespace
 
-COutlookWindow::COutlookWindow(CSession& session, CWindowObject& object, CExplorer* explorer,
-                               CInspector* inspector, CCommandBars& bars,
+COutlookWindow::COutlookWindow(CSession& session, CWindowObject& object, CCommandBars& bars,
                                const OutlookWindowOptions& options)
     : m_session(session),
       m_object(object),
-      m_explorer(explorer),
-      m_inspector(inspector),
+      m_explorer(dynamic_cast<CExplorer*>(&object)),
+      m_inspector(dynamic_cast<CInspector*>(&object)),
       m_bars(bars),
       m_options(options),
       m_theme(options.theme),
       m_window(*this, options.window) {
   m_bars.SetChangeHandler([this] { m_window.Redraw(); });
 }
-
-COutlookWindow::COutlookWindow(CSession& session, CExplorer& explorer, CCommandBars& bars,
-                               const OutlookWindowOptions& options)
-    : COutlookWindow(session, explorer, &explorer, nullptr, bars, options) {}
-
-COutlookWindow::COutlookWindow(CSession& session, CInspector& inspector, CCommandBars& bars,
-                               const OutlookWindowOptions& options)
-    : COutlookWindow(session, inspector, nullptr, &inspector, bars, options) {}
 
 COutlookWindow::~COutlookWindow() {
   m_bars.SetChangeHandler(nullptr);

@@ -39,9 +39,7 @@ struct OutlookWindowOptions {
 // ribbon, and passes the user's clicks to them. Destroy it when the object is closed.
 class COutlookWindow final : IWindowContent {
  public:
-  COutlookWindow(CSession& session, CExplorer& explorer, CCommandBars& bars,
-                 const OutlookWindowOptions& options);
-  COutlookWindow(CSession& session, CInspector& inspector, CCommandBars& bars,
+  COutlookWindow(CSession& session, CWindowObject& object, CCommandBars& bars,
                  const OutlookWindowOptions& options);
   ~COutlookWindow();
   COutlookWindow(const COutlookWindow&) = delete;
@@ -61,9 +59,6 @@ class COutlookWindow final : IWindowContent {
   void RenderToPng(const std::wstring& path, const PictureLook& look);
 
  private:
-  COutlookWindow(CSession& session, CWindowObject& object, CExplorer* explorer,
-                 CInspector* inspector, CCommandBars& bars, const OutlookWindowOptions& options);
-
   WindowFace Face() override;
   std::vector<ControlFace> MenuItems(int handle) override;
   void ClickControl(int handle) override;
@@ -85,8 +80,8 @@ class COutlookWindow final : IWindowContent {
 
   CSession& m_session;
   CWindowObject& m_object;
-  CExplorer* m_explorer;  // one of the two
-  CInspector* m_inspector;
+  CExplorer* const m_explorer;  // one of the two
+  CInspector* const m_inspector;
   CCommandBars& m_bars;
   std::shared_ptr<CRibbonView> m_ribbon;  // held while it is called: a callback may remove it
   IBasePanel* m_panel = nullptr;
