@@ -46,14 +46,6 @@ void CCommandBarButton::SetFaceId(const CArguments& arguments) {
   ComposeFace();
 }
 
-void CCommandBarButton::PasteFace() {
-  PicturePtr pasted = PictureFromClipboard();
-  if (!pasted) throw CModelError(E_FAIL, "There is no picture on the clipboard.");
-  m_picture = std::move(pasted);
-  m_mask.Reset();
-  ComposeFace();
-}
-
 void CCommandBarButton::SetState(const CArguments& arguments) {
   const long state = arguments.Long(0);
   if (state < mso::kButtonDown || state > 2 || state == 1) throw CModelError(E_INVALIDARG);
@@ -103,11 +95,10 @@ const CMemberTable& CCommandBarButton::Members() {
       "CommandBarButton", L"_CommandBarButton", &ControlMembers(),
       {Get<&Self::BuiltInFace>(L"BuiltInFace"), Put<&Self::SetBuiltInFace>(L"BuiltInFace"),
        Get<&Self::FaceId>(L"FaceId"), Put<&Self::SetFaceId>(L"FaceId"),
-       Method<&Self::PasteFace>(L"PasteFace"), Get<&Self::ShortcutText>(L"ShortcutText"),
-       Put<&Self::SetShortcutText>(L"ShortcutText"), Get<&Self::State>(L"State"),
-       Put<&Self::SetState>(L"State"), Get<&Self::Style>(L"Style"), Put<&Self::SetStyle>(L"Style"),
-       Get<&Self::Picture>(L"Picture"), Put<&Self::SetPicture>(L"Picture"),
-       Get<&Self::Mask>(L"Mask"), Put<&Self::SetMask>(L"Mask")},
+       Get<&Self::ShortcutText>(L"ShortcutText"), Put<&Self::SetShortcutText>(L"ShortcutText"),
+       Get<&Self::State>(L"State"), Put<&Self::SetState>(L"State"), Get<&Self::Style>(L"Style"),
+       Put<&Self::SetStyle>(L"Style"), Get<&Self::Picture>(L"Picture"),
+       Put<&Self::SetPicture>(L"Picture"), Get<&Self::Mask>(L"Mask"), Put<&Self::SetMask>(L"Mask")},
       {L"_CommandBarButtonEvents"});
   return table;
 }

@@ -24,7 +24,6 @@ class CCommandBarButton final : public CCommandBarControl {
   void SetBuiltInFace(const CArguments& arguments);
   long FaceId() const { return m_faceId; }
   void SetFaceId(const CArguments& arguments);
-  void PasteFace();
   std::wstring ShortcutText() const { return m_shortcut; }
   void SetShortcutText(const CArguments& arguments) { m_shortcut = arguments.Text(0); }
   long State() const { return m_state; }

@@ -65,14 +65,6 @@ void COfficeFace::UnloadRibbons() {
   m_contactRibbonAsked = false;
 }
 
-std::vector<std::string> COfficeFace::RibbonMessages() const {
-  std::vector<std::string> messages;
-  for (const CRibbonHost* host : {m_explorerRibbon.get(), m_contactRibbon.get()}) {
-    if (host) messages.insert(messages.end(), host->Messages().begin(), host->Messages().end());
-  }
-  return messages;
-}
-
 // Inside the first main window, beside its panel with the base.
 WindowOptions COfficeFace::InspectorPlace() const {
   constexpr int kInset = 30;  // pixels

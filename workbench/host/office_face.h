@@ -36,8 +36,6 @@ class COfficeFace final : public IOutlookFace {
   void LoadRibbon(const std::string& ribbonId, const std::string& document, IUnknown* callbacks);
   // The add-in is about to end.
   void UnloadRibbons();
-  // What Office would report about the ribbon documents and callbacks if set to show add-in errors.
-  std::vector<std::string> RibbonMessages() const;
 
   // Queries invalidated values again and redraws the windows that show them.
   void DrawStale();

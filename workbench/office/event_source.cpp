@@ -17,72 +17,6 @@ std::string ArgumentSummary(const VARIANT& value) {
   return name.empty() ? object->TypeName() : object->TypeName() + ' ' + name;
 }
 
-// Enumerates pointers; holds a reference to each.
-template <class Interface, class Element>
-class CEnumerator final : public Interface {
- public:
-  CEnumerator(REFIID iid, std::vector<Element> elements, void (*keep)(Element&),
-              void (*drop)(Element&))
-      : m_iid(iid), m_elements(std::move(elements)), m_keep(keep), m_drop(drop) {
-    for (Element& element : m_elements)
-      m_keep(element);
-  }
-
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    const bool known = iid == IID_IUnknown || iid == m_iid;
-    *object = known ? static_cast<Interface*>(this) : nullptr;
-    if (!known) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --m_references;
-    if (left == 0) delete this;
-    return left;
-  }
-  STDMETHODIMP Next(ULONG count, Element* elements, ULONG* fetched) override {
-    if (elements == nullptr || (fetched == nullptr && count != 1)) return E_POINTER;
-    ULONG done = 0;
-    for (; done < count && m_position < m_elements.size(); ++done, ++m_position) {
-      elements[done] = m_elements[m_position];
-      m_keep(elements[done]);
-    }
-    if (fetched != nullptr) *fetched = done;
-    return done == count ? S_OK : S_FALSE;
-  }
-  STDMETHODIMP Skip(ULONG count) override {
-    const size_t left = m_elements.size() - m_position;
-    m_position += std::min<size_t>(left, count);
-    return count <= left ? S_OK : S_FALSE;
-  }
-  STDMETHODIMP Reset() override {
-    m_position = 0;
-    return S_OK;
-  }
-  STDMETHODIMP Clone(Interface** copy) override {
-    if (copy == nullptr) return E_POINTER;
-    auto* twin = new (std::nothrow) CEnumerator(m_iid, m_elements, m_keep, m_drop);
-    if (twin != nullptr) twin->m_position = m_position;
-    *copy = twin;
-    return twin != nullptr ? S_OK : E_OUTOFMEMORY;
-  }
-
- private:
-  ~CEnumerator() {
-    for (Element& element : m_elements)
-      m_drop(element);
-  }
-
-  const IID m_iid;
-  std::vector<Element> m_elements;
-  void (*m_keep)(Element&);
-  void (*m_drop)(Element&);
-  size_t m_position = 0;
-  ULONG m_references = 1;
-};
-
 }  // namespace
 
 // One event interface of a source. Has its own reference count and does not hold the source.
@@ -127,7 +61,7 @@ class CConnectionPoint final : public CCounted, public IConnectionPoint {
     if (const HRESULT usable = Usability(); FAILED(usable)) return usable;
     return m_source == nullptr ? CONNECT_E_NOCONNECTION : m_source->Unadvise(m_index, cookie);
   }
-  STDMETHODIMP EnumConnections(IEnumConnections** connections) override;
+  STDMETHODIMP EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
 
  private:
   CEventSource* m_source;
@@ -157,36 +91,11 @@ class CEventSource::CContainer final : public IConnectionPointContainer {
     }
     return CONNECT_E_NOCONNECTION;
   }
-  STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) override {
-    if (points == nullptr) return E_POINTER;
-    std::vector<IConnectionPoint*> all;
-    for (const auto& point : m_source.m_points)
-      all.push_back(point.get());
-    using Enumerator = CEnumerator<IEnumConnectionPoints, IConnectionPoint*>;
-    *points = new (std::nothrow) Enumerator(
-        IID_IEnumConnectionPoints, std::move(all), [](IConnectionPoint*& one) { one->AddRef(); },
-        [](IConnectionPoint*& one) { one->Release(); });
-    return *points != nullptr ? S_OK : E_OUTOFMEMORY;
-  }
+  STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints**) override { return E_NOTIMPL; }
 
  private:
   CEventSource& m_source;
 };
-
-STDMETHODIMP CConnectionPoint::EnumConnections(IEnumConnections** connections) {
-  if (connections == nullptr) return E_POINTER;
-  std::vector<CONNECTDATA> all;
-  if (m_source != nullptr) {
-    for (const auto& connection : m_source->m_connections) {
-      if (connection.interfaceIndex == m_index) all.push_back({connection.sink, connection.cookie});
-    }
-  }
-  using Enumerator = CEnumerator<IEnumConnections, CONNECTDATA>;
-  *connections = new (std::nothrow) Enumerator(
-      IID_IEnumConnections, std::move(all), [](CONNECTDATA& one) { one.pUnk->AddRef(); },
-      [](CONNECTDATA& one) { one.pUnk->Release(); });
-  return *connections != nullptr ? S_OK : E_OUTOFMEMORY;
-}
 
 CEventSource::CEventSource(CModel& model, const CMemberTable& members)
     : CAutomation(model, members), m_container(std::make_unique<CContainer>(*this)) {}

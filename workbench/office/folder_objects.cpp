@@ -9,23 +9,6 @@
 namespace quor::workbench {
 namespace {
 
-const wchar_t* MessageClassOf(ItemType type) {
-  switch (type) {
-    case ItemType::Appointment:
-      return L"IPM.Appointment";
-    case ItemType::Contact:
-      return L"IPM.Contact";
-    case ItemType::Task:
-      return L"IPM.Task";
-    case ItemType::Journal:
-      return L"IPM.Activity";
-    case ItemType::Note:
-      return L"IPM.StickyNote";
-    default:
-      return L"IPM.Note";
-  }
-}
-
 // OlDefaultFolders and OlItemType number the same kinds differently; Folders.Add takes the former.
 ItemType ItemTypeOfDefaultFolder(long olDefaultFolder, ItemType fallback) {
   switch (olDefaultFolder) {
@@ -56,13 +39,10 @@ CFolder::CFolder(CSession& session, FolderNode& node)
 const CMemberTable& CFolder::Members() {
   static const CMemberTable table(
       "MAPIFolder", L"MAPIFolder", &CommonMembers(),
-      {Get<&CFolder::DefaultItemType>(L"DefaultItemType"),
-       Get<&CFolder::DefaultMessageClass>(L"DefaultMessageClass"),
-       Get<&CFolder::EntryId>(L"EntryID"), Get<&CFolder::Folders>(L"Folders"),
-       Get<&CFolder::Items>(L"Items"), Get<&CFolder::Name>(L"Name"),
-       Put<&CFolder::SetName>(L"Name"), Get<&CFolder::StoreId>(L"StoreID"),
-       Get<&CFolder::FolderPath>(L"FolderPath"), Method<&CFolder::Display>(L"Display"),
-       Method<&CFolder::GetExplorer>(L"GetExplorer", 0), Method<&CFolder::Delete>(L"Delete"),
+      {Get<&CFolder::DefaultItemType>(L"DefaultItemType"), Get<&CFolder::EntryId>(L"EntryID"),
+       Get<&CFolder::Folders>(L"Folders"), Get<&CFolder::Items>(L"Items"),
+       Get<&CFolder::Name>(L"Name"), Put<&CFolder::SetName>(L"Name"),
+       Get<&CFolder::StoreId>(L"StoreID"), Method<&CFolder::Delete>(L"Delete"),
        Method<&CFolder::MoveTo>(L"MoveTo")});
   return table;
 }
@@ -87,10 +67,6 @@ CValue CFolder::Parent() {
   return CValue(Session().FolderObject(*parent).get());
 }
 
-CValue CFolder::DefaultMessageClass() {
-  return CValue(MessageClassOf(Node().itemType));
-}
-
 void CFolder::CheckAnswers(Store::Refusal question) const {
   const Store& store = *Node().store;
   if (Node().parent == nullptr && store.refusal == question) throw CModelError(store.refusalCode);
@@ -112,14 +88,6 @@ CModelPtr<CItems> CFolder::Items() {
 CValue CFolder::Name() {
   CheckAnswers(Store::Refusal::Name);
   return CValue(Node().name);
-}
-
-void CFolder::Display() {
-  Session().ShowExplorer(*GetExplorer());
-}
-
-CModelPtr<CExplorer> CFolder::GetExplorer() {
-  return Session().OpenExplorer(Node());
 }
 
 void CFolder::MoveTo(const CArguments& arguments) {
@@ -229,9 +197,7 @@ const CMemberTable& CItems::Members() {
       {Get<&CItems::Count>(L"Count"), Method<&CItems::Item>(L"Item"),
        Method<&CItems::Add>(L"Add", 0), Method<&CItems::GetFirst>(L"GetFirst"),
        Method<&CItems::GetLast>(L"GetLast"), Method<&CItems::GetNext>(L"GetNext"),
-       Method<&CItems::GetPrevious>(L"GetPrevious"), Method<&CItems::Remove>(L"Remove"),
-       Method<&CItems::Find>(L"Find"), Method<&CItems::FindNext>(L"FindNext"),
-       Method<&CItems::Restrict>(L"Restrict"), Method<&CItems::Sort>(L"Sort", 1)},
+       Method<&CItems::GetPrevious>(L"GetPrevious"), Method<&CItems::Remove>(L"Remove")},
       {L"ItemsEvents"});
   return table;
 }
@@ -247,7 +213,6 @@ FolderNode& CItems::Node() const {
 
 void CItems::OnGone() noexcept {
   if (m_node != nullptr) std::erase(m_node->itemCollections, this);
-  m_view.clear();
   COutlookObject::OnGone();
 }
 
@@ -255,35 +220,13 @@ CValue CItems::Parent() {
   return CValue(Session().FolderObject(Node()).get());
 }
 
-const std::vector<StoredItemPtr>& CItems::View() {
-  const FolderNode& node = Node();
-  if (!m_restriction.has_value() && !m_order.has_value()) return node.items;
-  if (m_viewChanges == node.changes) return m_view;
-  m_view.clear();
-  std::copy_if(node.items.begin(), node.items.end(), std::back_inserter(m_view),
-               [this](const StoredItemPtr& item) {
-                 return !m_restriction.has_value() || Passes(*item, *m_restriction);
-               });
-  if (m_order.has_value()) {
-    const auto [property, descending] = *m_order;
-    std::stable_sort(m_view.begin(), m_view.end(),
-                     [property, descending](const StoredItemPtr& left, const StoredItemPtr& right) {
-                       const std::wstring first = left->fields.Get(property);
-                       const std::wstring second = right->fields.Get(property);
-                       return descending ? second < first : first < second;
-                     });
-  }
-  m_viewChanges = node.changes;
-  return m_view;
-}
-
 CModelPtr<CItem> CItems::At(size_t position) {
   if (position == CCursor::kNone) return {};
-  return Session().ItemObject(View()[position]);
+  return Session().ItemObject(Node().items[position]);
 }
 
 CModelPtr<CItem> CItems::Item(const CArguments& arguments) {
-  const std::vector<StoredItemPtr>& view = View();
+  const std::vector<StoredItemPtr>& view = Node().items;
   if (!arguments.IsText(0)) return At(PositionFromIndex(arguments.Long(0), view.size()));
   const std::wstring name = arguments.Text(0);
   for (size_t position = 0; position < view.size(); ++position) {
@@ -299,74 +242,24 @@ CModelPtr<CItem> CItems::Add(const CArguments& arguments) {
 }
 
 CModelPtr<CItem> CItems::GetFirst() {
-  return At(m_cursor.First(View().size()));
+  return At(m_cursor.First(Node().items.size()));
 }
 
 CModelPtr<CItem> CItems::GetLast() {
-  return At(m_cursor.Last(View().size()));
+  return At(m_cursor.Last(Node().items.size()));
 }
 
 CModelPtr<CItem> CItems::GetNext() {
-  return At(m_cursor.Next(View().size()));
+  return At(m_cursor.Next(Node().items.size()));
 }
 
 CModelPtr<CItem> CItems::GetPrevious() {
-  return At(m_cursor.Previous(View().size()));
+  return At(m_cursor.Previous(Node().items.size()));
 }
 
 void CItems::Remove(const CArguments& arguments) {
-  const std::vector<StoredItemPtr>& view = View();
+  const std::vector<StoredItemPtr>& view = Node().items;
   Session().DeleteItems({view[PositionFromIndex(arguments.Long(0), view.size())]});
-}
-
-CItems::Filter CItems::ParseFilter(const std::wstring& text) {
-  const size_t open = text.find(L'[');
-  const size_t close = text.find(L']');
-  const size_t equals = text.find(L'=');
-  const size_t quote = text.find_first_of(L"'\"");
-  const size_t end = quote == std::wstring::npos ? quote : text.find(text[quote], quote + 1);
-  if (open == std::wstring::npos || close == std::wstring::npos || close < open ||
-      equals == std::wstring::npos || equals < close || end == std::wstring::npos) {
-    throw CModelError(E_INVALIDARG, "The filter is not understood.");
-  }
-  return {TextPropertyByName(text.substr(open + 1, close - open - 1)),
-          text.substr(quote + 1, end - quote - 1)};
-}
-
-bool CItems::Passes(const StoredItem& item, const Filter& filter) {
-  return SameText(item.fields.Get(filter.property), filter.text);
-}
-
-CModelPtr<CItem> CItems::FindFrom(size_t position) {
-  const std::vector<StoredItemPtr>& view = View();
-  while (position < view.size() && !Passes(*view[position], m_lastFind))
-    ++position;
-  m_lastFound = position;
-  return position < view.size() ? At(position) : CModelPtr<CItem>();
-}
-
-CModelPtr<CItem> CItems::Find(const CArguments& arguments) {
-  m_lastFind = ParseFilter(arguments.Text(0));
-  return FindFrom(0);
-}
-
-CModelPtr<CItem> CItems::FindNext() {
-  return FindFrom(m_lastFound + 1);
-}
-
-CModelPtr<CItems> CItems::Restrict(const CArguments& arguments) {
-  const Filter filter = ParseFilter(arguments.Text(0));
-  CModelPtr<CItems> restricted = MakeObject<CItems>(Session(), Node());
-  restricted->m_restriction = filter;
-  return restricted;
-}
-
-void CItems::Sort(const CArguments& arguments) {
-  std::wstring property = arguments.Text(0);
-  std::erase_if(property, [](wchar_t one) { return one == L'[' || one == L']'; });
-  m_order = {TextPropertyByName(property), arguments.BoolOr(1, false)};
-  m_viewChanges = static_cast<uint64_t>(-1);
-  m_cursor = {};
 }
 
 }  // namespace quor::workbench

@@ -27,16 +27,12 @@ class CFolder final : public COutlookObject {
   static const CMemberTable& Members();
 
   long DefaultItemType() { return static_cast<long>(Node().itemType); }
-  CValue DefaultMessageClass();
   CValue EntryId();
   CModelPtr<CFolders> Folders();
   CModelPtr<CItems> Items();
   CValue Name();
   void SetName(const CArguments& arguments) { Session().RenameFolder(Node(), arguments.Text(0)); }
   CValue StoreId() { return CValue(Node().store->storeId); }
-  CValue FolderPath() { return CValue(Session().Mailbox().PathOf(Node())); }
-  void Display();
-  CModelPtr<CExplorer> GetExplorer();
   void Delete() { Session().DeleteFolder(Node()); }
   void MoveTo(const CArguments& arguments);
 
@@ -91,18 +87,11 @@ class CItems final : public COutlookObject {
   void OnGone() noexcept override;
 
  private:
-  // [Property] = 'text', the only supported filter.
-  struct Filter {
-    DISPID property = 0;
-    std::wstring text;
-  };
-
   static const CMemberTable& Members();
 
   FolderNode& Node() const;
-  const std::vector<StoredItemPtr>& View();
   CModelPtr<CItem> At(size_t position);
-  long Count() { return static_cast<long>(View().size()); }
+  long Count() { return static_cast<long>(Node().items.size()); }
   CModelPtr<CItem> Item(const CArguments& arguments);
   CModelPtr<CItem> Add(const CArguments& arguments);
   CModelPtr<CItem> GetFirst();
@@ -110,23 +99,9 @@ class CItems final : public COutlookObject {
   CModelPtr<CItem> GetNext();
   CModelPtr<CItem> GetPrevious();
   void Remove(const CArguments& arguments);
-  CModelPtr<CItem> Find(const CArguments& arguments);
-  CModelPtr<CItem> FindNext();
-  CModelPtr<CItems> Restrict(const CArguments& arguments);
-  void Sort(const CArguments& arguments);
-
-  static Filter ParseFilter(const std::wstring& text);
-  static bool Passes(const StoredItem& item, const Filter& filter);
-  CModelPtr<CItem> FindFrom(size_t position);
 
   FolderNode* m_node;
   CCursor m_cursor;
-  std::optional<Filter> m_restriction;
-  std::optional<std::pair<DISPID, bool>> m_order;  // property, descending
-  std::vector<StoredItemPtr> m_view;               // of a restricted or sorted collection
-  uint64_t m_viewChanges = static_cast<uint64_t>(-1);
-  Filter m_lastFind;
-  size_t m_lastFound = 0;
 };
 
 }  // namespace quor::workbench

@@ -182,11 +182,6 @@ FolderNode& CMailbox::MakePath(std::wstring_view path, ItemType type) {
   return *folder;
 }
 
-std::wstring CMailbox::PathOf(const FolderNode& folder) const {
-  const std::wstring above = folder.parent != nullptr ? PathOf(*folder.parent) : L"\\";
-  return above + L'\\' + folder.name;
-}
-
 FolderNode& CMailbox::AddFolder(FolderNode& parent, std::wstring name, ItemType type) {
   auto folder = std::make_unique<FolderNode>();
   folder->name = std::move(name);

@@ -121,7 +121,6 @@ class CMailbox {
   // Throws CMailboxError if it does not exist.
   FolderNode& FolderByPath(std::wstring_view path) const;
   FolderNode& MakePath(std::wstring_view path, ItemType type);  // creates missing folders
-  std::wstring PathOf(const FolderNode& folder) const;  // as Outlook: \\Personal Folders\Contacts
 
   FolderNode& AddFolder(FolderNode& parent, std::wstring name, ItemType type);
   void MoveFolder(FolderNode& folder,

@@ -160,14 +160,7 @@ std::vector<std::string> COutlook::Journal() const {
 }
 
 void COutlook::DeleteContact(const std::string& item) {
-  DeleteContacts({item});
-}
-
-void COutlook::DeleteContacts(const std::vector<std::string>& items) {
-  std::vector<StoredItemPtr> found;
-  for (const std::string& item : items)
-    found.push_back(FindItem(item));
-  m_session->DeleteItems(found);
+  m_session->DeleteItems({FindItem(item)});
 }
 
 void COutlook::MoveContact(const std::string& item, const std::string& folder) {
@@ -179,10 +172,6 @@ FolderNode& COutlook::AddFolder(const std::string& path, ItemType type) {
   const auto [parent, name] = SplitPath(path);
   FolderNode& above = parent.empty() ? *Mailbox().DefaultStore().top : FindFolder(parent);
   return m_session->AddFolder(above, WideFromUtf8(name), type);
-}
-
-void COutlook::RenameFolder(const std::string& path, const std::string& name) {
-  m_session->RenameFolder(FindFolder(path), WideFromUtf8(name));
 }
 
 void COutlook::MoveFolder(const std::string& path, const std::string& parent) {
@@ -226,13 +215,6 @@ void COutlook::Select(const std::vector<std::string>& items) {
 CModelPtr<CInspector> COutlook::OpenInspector(const std::string& item) {
   const CModelPtr<CItem> object = m_session->ItemObject(FindItem(item));
   const CModelPtr<CInspector> inspector = m_session->InspectorFor(*object);
-  return m_session->ShowInspector(*inspector) ? inspector : CModelPtr<CInspector>();
-}
-
-CModelPtr<CInspector> COutlook::OpenNewContact() {
-  const CModelPtr<CItem> item =
-      m_session->NewItem(ItemType::Contact, *Mailbox().DefaultStore().contacts);
-  const CModelPtr<CInspector> inspector = m_session->InspectorFor(*item);
   return m_session->ShowInspector(*inspector) ? inspector : CModelPtr<CInspector>();
 }
 

@@ -57,11 +57,9 @@ class COutlook {
   void ChangeContact(const std::string& item, const std::string& property,
                      const std::string& value);  // and saves it
   void DeleteContact(const std::string& item);  // to Deleted Items, or permanently if already there
-  void DeleteContacts(const std::vector<std::string>& items);  // in one operation
   void MoveContact(const std::string& item, const std::string& folder);
 
   FolderNode& AddFolder(const std::string& path, ItemType type = ItemType::Contact);
-  void RenameFolder(const std::string& path, const std::string& name);
   void MoveFolder(const std::string& path, const std::string& parent);
   void DeleteFolder(const std::string& path) { m_session->DeleteFolder(FindFolder(path)); }
 
@@ -72,7 +70,6 @@ class COutlook {
   bool SwitchFolder(const std::string& folder);  // false: a sink cancelled
   void Select(const std::vector<std::string>& items);            // in the folder shown; empty: none
   CModelPtr<CInspector> OpenInspector(const std::string& item);  // null: a sink cancelled
-  CModelPtr<CInspector> OpenNewContact();
   bool CloseInspector(const std::string& item) { return CloseInspector(*FindInspector(item)); }
   bool CloseInspector(CInspector& inspector) { return m_session->CloseInspector(inspector); }
   // Brings one item's window to the front.

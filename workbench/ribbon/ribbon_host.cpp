@@ -71,7 +71,6 @@ bool CRibbonHost::Load(IUnknown* addIn, const std::wstring& document) {
   if (const std::string onLoad = m_document->Attribute("onLoad"); !onLoad.empty()) {
     Call(onLoad, "customUI", {m_ui->Face()}, ResultKind::None);
   }
-  TellStale();
   return true;
 }
 
@@ -88,11 +87,6 @@ std::shared_ptr<CRibbonView> CRibbonHost::OpenView(CModelPtr<CAutomation> contex
 
 void CRibbonHost::Report(const std::string& message) {
   m_messages.push_back(message);
-  if (m_onMessage) m_onMessage(message);
-}
-
-void CRibbonHost::TellStale() {
-  if (m_onStale) m_onStale();
 }
 
 void CRibbonHost::InvalidateAll() {
@@ -100,7 +94,6 @@ void CRibbonHost::InvalidateAll() {
   if (m_askingDepth != 0) Report("the ribbon was invalidated from inside a callback");
   for (CRibbonView* view : m_views)
     view->Invalidate();
-  TellStale();
 }
 
 void CRibbonHost::InvalidateOne(const std::wstring& id) {
@@ -110,14 +103,12 @@ void CRibbonHost::InvalidateOne(const std::wstring& id) {
   for (CRibbonView* view : m_views)
     known = view->InvalidateControl(id) || known;
   if (!known) Report("there is no control " + Utf8FromWide(id) + " to invalidate");
-  TellStale();
 }
 
 bool CRibbonHost::ActivateTab(const std::wstring& id) {
   bool known = false;
   for (CRibbonView* view : m_views)
     known = view->SelectTab(id) || known;
-  TellStale();
   return known;
 }
 
@@ -137,8 +128,7 @@ std::optional<DISPID> CRibbonHost::FindCallback(const std::string& callback,
   return number;
 }
 
-HRESULT CRibbonHost::Invoke(const std::string& callback, DISPID number,
-                            const std::vector<CValue>& arguments, VARIANT* result) {
+HRESULT CRibbonHost::Invoke(DISPID number, const std::vector<CValue>& arguments, VARIANT* result) {
   std::vector<VARIANT> reversed;
   for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
     reversed.push_back(argument->Get());
@@ -160,7 +150,6 @@ HRESULT CRibbonHost::Invoke(const std::string& callback, DISPID number,
   addIn->Release();
   QueryPerformanceFrequency(&frequency);
   ++m_figures.callbacks;
-  ++m_figures.byName[callback];
   m_figures.microseconds += static_cast<double>(end.QuadPart - start.QuadPart) * 1e6 /
                             static_cast<double>(frequency.QuadPart);
   SysFreeString(exception.bstrSource);
@@ -187,7 +176,7 @@ std::optional<CValue> CRibbonHost::Call(const std::string& callback, const std::
   VARIANT result;
   VariantInit(&result);
   if (asks) ++m_askingDepth;
-  const HRESULT code = Invoke(callback, *number, arguments, asks ? &result : nullptr);
+  const HRESULT code = Invoke(*number, arguments, asks ? &result : nullptr);
   if (asks) --m_askingDepth;
   CValue value = CValue::Copy(result);
   VariantClear(&result);

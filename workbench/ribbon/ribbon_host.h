@@ -20,7 +20,6 @@ enum class ResultKind { None, Text, Flag, Number, Picture };
 // Figures since the start or the last reset.
 struct RibbonFigures {
   uint64_t callbacks = 0;
-  std::map<std::string, uint64_t> byName;
   double microseconds = 0;     // spent in callbacks
   uint64_t invalidations = 0;  // Invalidate and InvalidateControl
 };
@@ -50,12 +49,6 @@ class CRibbonHost {
   std::shared_ptr<CRibbonView> OpenView(CModelPtr<CAutomation> context);
 
   const std::vector<std::string>& Messages() const noexcept { return m_messages; }
-  void SetMessageHandler(std::function<void(const std::string&)> handler) {
-    m_onMessage = std::move(handler);
-  }
-  // Called when values must be queried again, so that a window can redraw later. May come many
-  // times in a row.
-  void SetStaleHandler(std::function<void()> handler) { m_onStale = std::move(handler); }
   const RibbonFigures& Figures() const noexcept { return m_figures; }
   void ResetFigures() { m_figures = {}; }
 
@@ -78,10 +71,8 @@ class CRibbonHost {
 
  private:
   std::optional<DISPID> FindCallback(const std::string& callback, const std::string& id);
-  HRESULT Invoke(const std::string& callback, DISPID number, const std::vector<CValue>& arguments,
-                 VARIANT* result);
+  HRESULT Invoke(DISPID number, const std::vector<CValue>& arguments, VARIANT* result);
   void ObserveAction(const std::string& callback, const std::string& id, HRESULT code);
-  void TellStale();
 
   CModel& m_model;
   const RibbonWindow m_window;
@@ -91,8 +82,6 @@ class CRibbonHost {
   std::vector<CRibbonView*> m_views;
   std::map<std::string, DISPID> m_ids;
   std::vector<std::string> m_messages;
-  std::function<void(const std::string&)> m_onMessage;
-  std::function<void()> m_onStale;
   RibbonFigures m_figures;
   int m_askingDepth = 0;  // nesting of callbacks that supply values
 };

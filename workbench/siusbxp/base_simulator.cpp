@@ -62,7 +62,6 @@ void CBaseSimulator::Reset() {
   m_sequence = 0;
   m_now = 0;
   m_readTimeout = kEndless;
-  m_realWaiting = false;
 }
 
 void CBaseSimulator::Plug(const ProductStrings& strings) {
@@ -230,7 +229,6 @@ uint32_t CBaseSimulator::Available() const {
 }
 
 void CBaseSimulator::PassTime(uint64_t until) {
-  if (m_realWaiting) Sleep(until - m_now);
   m_now = until;
 }
 

@@ -22,7 +22,6 @@ class CBaseSimulator final : public ISimulatedBase, public IUsbHost {
   void Queue(std::span<const uint8_t> bytes, uint32_t delay = 0) override;
   void Advance(uint32_t milliseconds) override;
   uint64_t Now() const override { return m_now; }
-  void SetRealWaiting(bool on) override { m_realWaiting = on; }
   void ReportQueue(uint32_t status, std::optional<uint32_t> count, uint32_t calls) override;
   void Fail(UsbFunction function, int status, CallRange calls = {}) override;
   void Shorten(UsbFunction function, uint32_t bytes, CallRange calls = {}) override;
@@ -121,7 +120,6 @@ class CBaseSimulator final : public ISimulatedBase, public IUsbHost {
   uintptr_t m_lastHandle = 0;
   uint64_t m_now;
   uint32_t m_readTimeout;
-  bool m_realWaiting;
 };
 
 }  // namespace quor::workbench

@@ -128,8 +128,6 @@ class ISimulatedBase {
   virtual void Queue(std::span<const uint8_t> bytes, uint32_t delay = 0) = 0;
   virtual void Advance(uint32_t milliseconds) = 0;
   virtual uint64_t Now() const = 0;
-  // Makes waiting take real time, for interactive use. Off initially.
-  virtual void SetRealWaiting(bool on) = 0;
 
   // What SI_CheckRXQueue reports in the next `calls` calls; without a count, the real one.
   virtual void ReportQueue(uint32_t status, std::optional<uint32_t> count, uint32_t calls) = 0;

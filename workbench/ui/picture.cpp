@@ -100,26 +100,6 @@ PicturePtr BitmapPicture(IDispatch* object) {
   return held;
 }
 
-PicturePtr PictureFromClipboard() {
-  if (!OpenClipboard(nullptr)) return {};
-  const HANDLE shared = GetClipboardData(CF_BITMAP);
-  const HANDLE copy =
-      shared == nullptr ? nullptr : CopyImage(shared, IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION);
-  CloseClipboard();
-  if (copy == nullptr) return {};
-  PICTDESC description = {};
-  description.cbSizeofstruct = sizeof description;
-  description.picType = PICTYPE_BITMAP;
-  description.bmp.hbitmap = static_cast<HBITMAP>(copy);
-  IPictureDisp* picture = nullptr;
-  if (FAILED(OleCreatePictureIndirect(&description, IID_IPictureDisp, TRUE,
-                                      reinterpret_cast<void**>(&picture)))) {
-    DeleteObject(copy);
-    return {};
-  }
-  return PicturePtr::Adopt(picture);
-}
-
 PixelsPtr AlphaPixels(IPictureDisp* picture) {
   Pixels pixels = RawPixels(BitmapOf(picture));
   if (pixels.colours.empty()) return nullptr;

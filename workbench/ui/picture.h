@@ -32,8 +32,6 @@ class PicturePtr {
 // The picture in a value of Picture or Mask; empty for none. Throws CModelError if it is not a
 // picture or not a bitmap.
 PicturePtr BitmapPicture(IDispatch* object);
-// A copy of the bitmap on the clipboard; empty if there is none.
-PicturePtr PictureFromClipboard();
 
 // The picture on a ribbon: a 32-bit bitmap with its alpha, others opaque. Null if the bits cannot
 // be read.
