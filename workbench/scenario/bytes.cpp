@@ -1,18 +1,14 @@
 #include "workbench/scenario/bytes.h"
 
-#include <charconv>
-
+#include "workbench/scenario/numbers.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
 
 bool ParseHexByte(std::string_view digits, uint8_t& value) {
-  if (digits.size() != 2) return false;
-  uint8_t parsed = 0;
-  const char* end = digits.data() + digits.size();
-  const auto result = std::from_chars(digits.data(), end, parsed, 16);
-  if (result.ec != std::errc() || result.ptr != end) return false;
-  value = parsed;
+  const auto parsed = ParseInBase<uint8_t>(digits, 16);
+  if (digits.size() != 2 || !parsed) return false;
+  value = *parsed;
   return true;
 }
 
@@ -25,11 +21,9 @@ constexpr size_t kMostRepetitions = 1'000'000;
 }
 
 size_t Repetitions(const std::string& word, size_t star) {
-  size_t count = 0;
-  const char* end = word.data() + word.size();
-  const auto result = std::from_chars(word.data() + star + 1, end, count);
-  if (result.ec != std::errc() || result.ptr != end || count > kMostRepetitions) RefuseWord(word);
-  return count;
+  const auto count = ParseInBase<size_t>(std::string_view(word).substr(star + 1), 10);
+  if (!count || *count > kMostRepetitions) RefuseWord(word);
+  return *count;
 }
 
 }  // namespace

@@ -1,27 +1,17 @@
 #include "workbench/scenario/command.h"
 
-#include <charconv>
 #include <sstream>
 
 #include "workbench/scenario/commands.h"
+#include "workbench/scenario/numbers.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
 
 namespace {
 
-std::optional<int> ParseNumber(std::string_view text) {
-  const bool hexadecimal = text.starts_with("0x");
-  if (hexadecimal) text.remove_prefix(2);
-  int value = 0;
-  const char* end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, value, hexadecimal ? 16 : 10);
-  if (text.empty() || result.ec != std::errc() || result.ptr != end) return std::nullopt;
-  return value;
-}
-
 int NumberWithin(const std::string& text, int least, int most) {
-  const std::optional<int> value = ParseNumber(text);
+  const std::optional<int> value = ParseNumber<int>(text);
   if (!value || *value < least || *value > most) {
     throw CScenarioError("\"" + text + "\" is not a number from " + std::to_string(least) + " to " +
                          std::to_string(most));

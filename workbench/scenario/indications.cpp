@@ -1,11 +1,11 @@
 #include "workbench/scenario/indications.h"
 
-#include <charconv>
 #include <map>
 #include <optional>
 #include <stdexcept>
 
 #include "workbench/base/base_frames.h"
+#include "workbench/scenario/numbers.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -66,17 +66,10 @@ class CFields {
   }
 
  private:
-  // Decimal, or hexadecimal after 0x.
   static uint8_t ParseByte(const std::string& text) {
-    const bool hexadecimal = text.starts_with("0x");
-    const char* first = text.data() + (hexadecimal ? 2 : 0);
-    const char* end = text.data() + text.size();
-    uint8_t value = 0;
-    const auto result = std::from_chars(first, end, value, hexadecimal ? 16 : 10);
-    if (result.ec != std::errc() || result.ptr != end) {
-      throw CScenarioError("\"" + text + "\" is not a byte");
-    }
-    return value;
+    const std::optional<uint8_t> value = ParseNumber<uint8_t>(text);
+    if (!value) throw CScenarioError("\"" + text + "\" is not a byte");
+    return *value;
   }
 
   std::map<std::string, std::string> m_fields;

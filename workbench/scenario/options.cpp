@@ -1,8 +1,8 @@
 #include "workbench/scenario/options.h"
 
-#include <charconv>
 #include <utility>
 
+#include "workbench/scenario/numbers.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -70,15 +70,12 @@ class COptionReader {
   }
 
   int Number(const std::string& option, int least, int most) {
-    const std::string text = Value(option);
-    int value = 0;
-    const char* end = text.data() + text.size();
-    const auto result = std::from_chars(text.data(), end, value);
-    if (result.ec != std::errc() || result.ptr != end || value < least || value > most) {
+    const auto value = ParseInBase<int>(Value(option), 10);
+    if (!value || *value < least || *value > most) {
       throw CScenarioError(option + " takes a number from " + std::to_string(least) + " to " +
                            std::to_string(most));
     }
-    return value;
+    return *value;
   }
 
   static Options::Inside Inside(const std::string& word) {

@@ -1,9 +1,9 @@
 #include "workbench/scenario/results.h"
 
-#include <charconv>
 #include <cstdio>
 #include <iterator>
 
+#include "workbench/scenario/numbers.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -31,23 +31,15 @@ constexpr NamedResult kResults[] = {
     {"DISP_E_EXCEPTION", 0x80020009},
 };
 
-bool ParseUnsigned(std::string_view text, uint32_t& value) {
-  const bool hexadecimal = text.starts_with("0x");
-  if (hexadecimal) text.remove_prefix(2);
-  const char* end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, value, hexadecimal ? 16 : 10);
-  return !text.empty() && result.ec == std::errc() && result.ptr == end;
-}
-
 }  // namespace
 
 uint32_t ResultFromName(const std::string& name) {
   for (const NamedResult& result : kResults) {
     if (name == result.name) return result.value;
   }
-  uint32_t value = 0;
-  if (!ParseUnsigned(name, value)) throw CScenarioError("unknown result \"" + name + "\"");
-  return value;
+  const auto value = ParseNumber<uint32_t>(name);
+  if (!value) throw CScenarioError("unknown result \"" + name + "\"");
+  return *value;
 }
 
 std::string ResultName(uint32_t result) {
@@ -63,13 +55,13 @@ FailingCalls ParseCalls(const std::string& text, uint32_t status) {
   FailingCalls fault;
   fault.status = status;
   const size_t dash = text.find('-');
-  uint32_t first = 0;
-  uint32_t last = 0;
-  bool good = ParseUnsigned(text.substr(0, dash), first) && first > 0;
-  if (dash == std::string::npos) {
-    last = first;
-  } else if (dash + 1 < text.size()) {
-    good = good && ParseUnsigned(text.substr(dash + 1), last) && last >= first;
+  const uint32_t first = ParseNumber<uint32_t>(text.substr(0, dash)).value_or(0);
+  uint32_t last = first;
+  bool good = first > 0;
+  if (dash != std::string::npos) {
+    const bool open = dash + 1 == text.size();
+    last = open ? 0 : ParseNumber<uint32_t>(text.substr(dash + 1)).value_or(0);
+    good = good && (open || last >= first);
   }
   if (!good) throw CScenarioError("\"" + text + "\" is not a call number, N, N-M or N-");
   fault.firstCall = first;
