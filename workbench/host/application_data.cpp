@@ -3,10 +3,11 @@
 // clang-format off
 #include <windows.h>
 #include <shlobj.h>
-#include <shellapi.h>
 // clang-format on
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 
 #include "workbench/office/value.h"
 #include "workbench/scenario/scenario_error.h"
@@ -48,44 +49,21 @@ void Restore(const std::wstring& folder) {
   }
 }
 
-void MakeFolders(const std::wstring& path) {
-  const int status = SHCreateDirectoryExW(nullptr, path.c_str(), nullptr);
-  if (status != ERROR_SUCCESS && status != ERROR_ALREADY_EXISTS && status != ERROR_FILE_EXISTS) {
-    throw CScenarioError("folder cannot be created: " + Utf8FromWide(path));
-  }
+void MakeFolders(const std::filesystem::path& path) {
+  std::error_code error;
+  std::filesystem::create_directories(path, error);
+  if (error) throw CScenarioError("folder cannot be created: " + Utf8FromWide(path.native()));
 }
 
 void RemoveTree(const std::wstring& folder) {
-  std::wstring list = folder;
-  list.push_back(L'\0');  // the list ends with two NULs
-  SHFILEOPSTRUCTW operation = {};
-  operation.wFunc = FO_DELETE;
-  operation.pFrom = list.c_str();
-  operation.fFlags = FOF_NOCONFIRMATION | FOF_NOERRORUI | FOF_SILENT;
-  SHFileOperationW(&operation);
+  std::error_code ignored;
+  std::filesystem::remove_all(folder, ignored);
 }
 
 std::wstring FreshFolder() {
   wchar_t temporary[MAX_PATH] = {};
   GetTempPathW(MAX_PATH, temporary);
   return std::wstring(temporary) + L"quor-workbench-" + std::to_wstring(GetCurrentProcessId());
-}
-
-void ListBelow(const std::wstring& folder, const std::wstring& prefix,
-               std::vector<std::string>& names) {
-  WIN32_FIND_DATAW entry;
-  const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &entry);
-  if (search == INVALID_HANDLE_VALUE) return;
-  do {
-    const std::wstring name = entry.cFileName;
-    if (name == L"." || name == L"..") continue;
-    if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
-      ListBelow(folder + L"\\" + name, prefix + name + L"\\", names);
-    } else {
-      names.push_back(Utf8FromWide(prefix + name));
-    }
-  } while (FindNextFileW(search, &entry));
-  FindClose(search);
 }
 
 }  // namespace
@@ -129,23 +107,21 @@ void CApplicationData::Redirect(const std::wstring& folder) {
   WriteFolder(kFoldersKey, folder);
 }
 
-void CApplicationData::PointNowhere() {
-  Redirect(m_folder + L"\\no such folder");
-}
-
 std::wstring CApplicationData::FullPath(const std::string& path) const {
   return m_folder + L"\\" + WideFromUtf8(path);
 }
 
 void CApplicationData::Write(const std::string& path, const std::string& content) {
   const std::wstring full = FullPath(path);
-  MakeFolders(full.substr(0, full.rfind(L'\\')));
-  const HANDLE file =
-      CreateFileW(full.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-  if (file == INVALID_HANDLE_VALUE) throw CScenarioError("file cannot be written: " + path);
-  DWORD written = 0;
-  WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
-  CloseHandle(file);
+  MakeFolders(std::filesystem::path(full).parent_path());
+  std::ofstream file(std::filesystem::path(full), std::ios::binary);
+  if (!file.write(content.data(), static_cast<std::streamsize>(content.size()))) {
+    throw CScenarioError("file cannot be written: " + path);
+  }
+}
+
+void CApplicationData::MakeFolder(const std::string& path) {
+  MakeFolders(FullPath(path));
 }
 
 void CApplicationData::CopyIn(const std::string& from, const std::string& path) {
@@ -154,17 +130,16 @@ void CApplicationData::CopyIn(const std::string& from, const std::string& path) 
   Write(path, *content);
 }
 
-void CApplicationData::MakeFolder(const std::string& path) {
-  MakeFolders(FullPath(path));
-}
-
 std::optional<std::string> CApplicationData::Read(const std::string& path) const {
   return ReadWholeFile(FullPath(path));
 }
 
 std::vector<std::string> CApplicationData::List() const {
   std::vector<std::string> names;
-  ListBelow(m_folder, L"", names);
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(m_folder)) {
+    if (entry.is_directory()) continue;
+    names.push_back(Utf8FromWide(entry.path().lexically_relative(m_folder).native()));
+  }
   std::sort(names.begin(), names.end());
   return names;
 }

@@ -28,7 +28,7 @@ class CApplicationData {
   void CopyIn(const std::string& from, const std::string& path);
   void MakeFolder(const std::string& path);
   // Makes Windows report a folder that does not exist.
-  void PointNowhere();
+  void PointNowhere() { Redirect(m_folder + L"\\no such folder"); }
   std::optional<std::string> Read(const std::string& path) const;
   std::wstring FullPath(const std::string& path) const;
   // Every file below the folder, in alphabetical order.

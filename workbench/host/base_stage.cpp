@@ -146,16 +146,4 @@ void CBaseStage::OnCall(const UsbCall& call) noexcept {
   m_believable.OnRequest(m_base->Written(m_base->WrittenCount() - 1).bytes);
 }
 
-unsigned CBaseStage::OpenHandles() {
-  return m_base ? m_base->OpenHandles() : 0;
-}
-
-unsigned CBaseStage::FreedWhileOpen() {
-  return m_base ? m_base->FreedWhileOpen() : 0;
-}
-
-void CBaseStage::SetManners(const DriverManners& manners) {
-  Base().SetManners(manners);
-}
-
 }  // namespace quor::workbench

@@ -41,9 +41,9 @@ class CBaseStage final : public IBaseStage, ICallObserver, IIndicationLine {
   unsigned Calls(const std::string& function) override;
   const std::vector<std::string>& CallTexts() override { return m_callTexts; }
   void ForgetCallTexts() override { m_callTexts.clear(); }
-  unsigned OpenHandles() override;
-  unsigned FreedWhileOpen() override;
-  void SetManners(const DriverManners& manners) override;
+  unsigned OpenHandles() override { return m_base ? m_base->OpenHandles() : 0; }
+  unsigned FreedWhileOpen() override { return m_base ? m_base->FreedWhileOpen() : 0; }
+  void SetManners(const DriverManners& manners) override { Base().SetManners(manners); }
 
   void OnCall(const UsbCall& call) noexcept override;
   void Send(const Bytes& indication) override;

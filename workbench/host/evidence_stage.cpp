@@ -40,20 +40,8 @@ void CEvidenceStage::CopyIn(const std::string& from, const std::string& path) {
   m_data.CopyIn(from, path);
 }
 
-void CEvidenceStage::MakeFolder(const std::string& path) {
-  m_data.MakeFolder(path);
-}
-
-void CEvidenceStage::RemoveApplicationData() {
-  m_data.PointNowhere();
-}
-
 std::optional<std::string> CEvidenceStage::ReadFile(const std::string& path) {
   return m_data.Read(path);
-}
-
-std::vector<std::string> CEvidenceStage::ListFiles() {
-  return m_data.List();
 }
 
 // There is one file per day; after a run across midnight, both are read in order.

@@ -17,10 +17,10 @@ class CEvidenceStage final : public IEvidenceStage {
 
   void WriteFile(const std::string& path, const std::string& content) override;
   void CopyIn(const std::string& from, const std::string& path) override;
-  void MakeFolder(const std::string& path) override;
-  void RemoveApplicationData() override;
+  void MakeFolder(const std::string& path) override { m_data.MakeFolder(path); }
+  void RemoveApplicationData() override { m_data.PointNowhere(); }
   std::optional<std::string> ReadFile(const std::string& path) override;
-  std::vector<std::string> ListFiles() override;
+  std::vector<std::string> ListFiles() override { return m_data.List(); }
   std::optional<std::string> ReadLog() override;
   std::optional<std::string> LastOpened() override;
   std::vector<std::string> ReadXml(const std::string& path, const std::string& xpath) override;

@@ -61,13 +61,6 @@ Result WINAPI Replacement(Arguments... arguments) {
   return original(arguments...);
 }
 
-template <Index index, typename... Arguments>
-HWND WINAPI WindowReplacement(Arguments... arguments) {
-  HookedFunction& function = g_functions[index];
-  if (MustFail(function)) return nullptr;
-  return reinterpret_cast<HWND(WINAPI*)(Arguments...)>(function.original)(arguments...);
-}
-
 UINT_PTR WINAPI SetTimerReplacement(HWND window, UINT_PTR id, UINT period, TIMERPROC procedure) {
   HookedFunction& function = g_functions[kSetTimer];
   if (MustFail(function)) return 0;
@@ -93,11 +86,11 @@ HookedFunction g_functions[] = {
     {"PostMessageA", AsProc(Replacement<kPostMessageA, BOOL, FALSE, HWND, UINT, WPARAM, LPARAM>)},
     {"PostMessageW", AsProc(Replacement<kPostMessageW, BOOL, FALSE, HWND, UINT, WPARAM, LPARAM>)},
     {"CreateWindowExA",
-     AsProc(WindowReplacement<kCreateWindowExA, DWORD, LPCSTR, LPCSTR, DWORD, int, int, int, int,
-                              HWND, HMENU, HINSTANCE, LPVOID>)},
+     AsProc(Replacement<kCreateWindowExA, HWND, nullptr, DWORD, LPCSTR, LPCSTR, DWORD, int, int,
+                        int, int, HWND, HMENU, HINSTANCE, LPVOID>)},
     {"CreateWindowExW",
-     AsProc(WindowReplacement<kCreateWindowExW, DWORD, LPCWSTR, LPCWSTR, DWORD, int, int, int, int,
-                              HWND, HMENU, HINSTANCE, LPVOID>)},
+     AsProc(Replacement<kCreateWindowExW, HWND, nullptr, DWORD, LPCWSTR, LPCWSTR, DWORD, int, int,
+                        int, int, HWND, HMENU, HINSTANCE, LPVOID>)},
     {"SetTimer", AsProc(SetTimerReplacement)},
     {"SetThreadLocale", AsProc(Replacement<kSetThreadLocale, BOOL, FALSE, LCID>)},
     {"SHGetFolderPathA",

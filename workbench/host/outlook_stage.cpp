@@ -120,10 +120,6 @@ void COutlookStage::CloseExplorer() {
   m_figures.Time(&Figures::shutdown, [&] { m_outlook.CloseExplorer(); });
 }
 
-void COutlookStage::FireQuit() {
-  m_figures.Time(&Figures::shutdown, [&] { m_outlook.RaiseQuit(); });
-}
-
 void COutlookStage::FailMember(const std::string& member, const FailingCalls& calls) {
   Fault fault;
   fault.member = member.empty() ? "*" : member;
@@ -131,10 +127,6 @@ void COutlookStage::FailMember(const std::string& member, const FailingCalls& ca
   fault.last = calls.lastCall;
   fault.code = static_cast<HRESULT>(calls.status);
   m_outlook.Model().AddFault(fault);
-}
-
-void COutlookStage::HealMembers() {
-  m_outlook.Model().WithdrawAll();
 }
 
 void COutlookStage::DuringMember(const std::string& member, unsigned nth,

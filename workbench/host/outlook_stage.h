@@ -40,10 +40,12 @@ class COutlookStage final : public IOutlookStage {
   void NewExplorer() override;
   void CloseExplorer() override;
   void CloseFirstExplorer() override { m_outlook.CloseFirstExplorer(); }
-  void FireQuit() override;
+  void FireQuit() override {
+    m_figures.Time(&Figures::shutdown, [&] { m_outlook.RaiseQuit(); });
+  }
   void SetPace(unsigned microseconds) override { m_outlook.Model().SetPace(microseconds); }
   void FailMember(const std::string& member, const FailingCalls& calls) override;
-  void HealMembers() override;
+  void HealMembers() override { m_outlook.Model().WithdrawAll(); }
   void DuringMember(const std::string& member, unsigned nth, std::function<void()> action) override;
   // Held objects and sinks, and misuses such as a release too many.
   std::vector<std::string> Held() override;

@@ -120,14 +120,6 @@ Stage CWorkbench::Stages() {
   return {m_host, m_baseStage, m_outlookStage, m_screenStage, m_evidenceStage, m_figureStage};
 }
 
-IDispatch* CWorkbench::Application() {
-  return m_outlook.Application();
-}
-
-IDispatch* CWorkbench::AddInInstance() {
-  return m_instance.get();
-}
-
 void CWorkbench::OnRibbon(const std::string& ribbonId, const std::string& document,
                           IUnknown* callbacks) {
   m_face.LoadRibbon(ribbonId, document, callbacks);

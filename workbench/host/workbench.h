@@ -37,8 +37,8 @@ class CWorkbench final : IAddInSurroundings {
   CApplicationData& Data() { return m_data; }
 
  private:
-  IDispatch* Application() override;
-  IDispatch* AddInInstance() override;
+  IDispatch* Application() override { return m_outlook.Application(); }
+  IDispatch* AddInInstance() override { return m_instance.get(); }
   void OnRibbon(const std::string& ribbonId, const std::string& document,
                 IUnknown* callbacks) override;
   CValue RibbonControl(const std::string& id) override;

@@ -83,10 +83,6 @@ void CBaseSimulator::Queue(std::span<const uint8_t> bytes, uint32_t delay) {
   m_pieces.push_back({before + delay, {bytes.begin(), bytes.end()}});
 }
 
-void CBaseSimulator::Advance(uint32_t milliseconds) {
-  PassTime(m_now + milliseconds);
-}
-
 void CBaseSimulator::ReportQueue(uint32_t status, std::optional<uint32_t> count, uint32_t calls) {
   m_queueReport = {status, count, calls};
 }
@@ -226,10 +222,6 @@ uint32_t CBaseSimulator::Available() const {
     count += piece.bytes.size();
   }
   return static_cast<uint32_t>(count);
-}
-
-void CBaseSimulator::PassTime(uint64_t until) {
-  m_now = until;
 }
 
 void CBaseSimulator::WaitFor(uint32_t wanted) {

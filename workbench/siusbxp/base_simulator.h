@@ -20,7 +20,7 @@ class CBaseSimulator final : public ISimulatedBase, public IUsbHost {
   void Unplug(uint32_t device = 0) override;
   uint32_t DeviceCount() const override { return static_cast<uint32_t>(m_devices.size()); }
   void Queue(std::span<const uint8_t> bytes, uint32_t delay = 0) override;
-  void Advance(uint32_t milliseconds) override;
+  void Advance(uint32_t milliseconds) override { PassTime(m_now + milliseconds); }
   uint64_t Now() const override { return m_now; }
   void ReportQueue(uint32_t status, std::optional<uint32_t> count, uint32_t calls) override;
   void Fail(UsbFunction function, int status, CallRange calls = {}) override;
@@ -102,7 +102,7 @@ class CBaseSimulator final : public ISimulatedBase, public IUsbHost {
   bool IsOpen(uint64_t device) const;
   uint32_t Available() const;
   void WaitFor(uint32_t wanted);
-  void PassTime(uint64_t until);
+  void PassTime(uint64_t until) { m_now = until; }
   uint32_t Take(uint8_t* buffer, uint32_t wanted);
 
   std::vector<Device> m_devices;
