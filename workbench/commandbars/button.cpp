@@ -9,16 +9,16 @@ CCommandBarButton::CCommandBarButton(CModel& model, std::shared_ptr<CControlRegi
     : CCommandBarControl(model, Members(), std::move(registry), bar, mso::kButton) {}
 
 void CCommandBarButton::OnGone() noexcept {
-  m_picture.Reset();
-  m_mask.Reset();
+  m_picture = nullptr;
+  m_mask = nullptr;
   CCommandBarControl::OnGone();
 }
 
 ControlFace CCommandBarButton::Face() const {
   ControlFace face = CCommandBarControl::Face();
   face.kind = ControlKind::Button;
-  face.hasPicture = static_cast<bool>(m_picture) || m_faceId != 0;
-  face.hasMask = static_cast<bool>(m_mask);
+  face.hasPicture = m_picture != nullptr || m_faceId != 0;
+  face.hasMask = m_mask != nullptr;
   face.picture = m_style == mso::kCaption || m_style == mso::kWrapCaption ? nullptr : m_pixels;
   face.showsCaption = m_style == mso::kAutomatic ? !face.hasPicture : m_style != mso::kIcon;
   face.pressed = m_state == mso::kButtonDown;
@@ -34,15 +34,15 @@ void CCommandBarButton::Activate() {
 
 void CCommandBarButton::SetBuiltInFace(const CArguments& arguments) {
   if (!arguments.Bool(0)) return;
-  m_picture.Reset();
-  m_mask.Reset();
+  m_picture = nullptr;
+  m_mask = nullptr;
   ComposeFace();
 }
 
 void CCommandBarButton::SetFaceId(const CArguments& arguments) {
   m_faceId = arguments.Long(0);
-  m_picture.Reset();
-  m_mask.Reset();
+  m_picture = nullptr;
+  m_mask = nullptr;
   ComposeFace();
 }
 
@@ -74,7 +74,7 @@ void CCommandBarButton::SetStyle(const CArguments& arguments) {
 
 void CCommandBarButton::SetPicture(const CArguments& arguments) {
   m_picture = BitmapPicture(arguments.Object(0));
-  if (!m_picture) m_mask.Reset();
+  if (!m_picture) m_mask = nullptr;
   ComposeFace();
 }
 
@@ -85,7 +85,7 @@ void CCommandBarButton::SetMask(const CArguments& arguments) {
 }
 
 void CCommandBarButton::ComposeFace() {
-  m_pixels = m_picture ? MaskedPixels(m_picture.Get(), m_mask.Get()) : nullptr;
+  m_pixels = m_picture ? MaskedPixels(m_picture, m_mask) : nullptr;
   Bar()->Changed();
 }
 

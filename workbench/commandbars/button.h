@@ -30,9 +30,9 @@ class CCommandBarButton final : public CCommandBarControl {
   void SetState(const CArguments& arguments);
   long Style() const { return m_style; }
   void SetStyle(const CArguments& arguments);
-  IDispatch* Picture() const { return m_picture.Get(); }
+  IDispatch* Picture() const { return m_picture.GetInterfacePtr(); }
   void SetPicture(const CArguments& arguments);
-  IDispatch* Mask() const { return m_mask.Get(); }
+  IDispatch* Mask() const { return m_mask.GetInterfacePtr(); }
   void SetMask(const CArguments& arguments);
   void ComposeFace();
 
@@ -40,8 +40,8 @@ class CCommandBarButton final : public CCommandBarControl {
   long m_state = 0;
   long m_style = mso::kAutomatic;
   std::wstring m_shortcut;
-  PicturePtr m_picture;
-  PicturePtr m_mask;
+  IPictureDispPtr m_picture;
+  IPictureDispPtr m_mask;
   PixelsPtr m_pixels;
 };
 

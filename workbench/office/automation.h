@@ -206,6 +206,8 @@ class CAutomation : public CCounted, public IDispatch {
 
   // Called before each member; throws a CModelError once the object has been deleted.
   virtual void RequireAlive() const {}
+  // The object's IDispatch for callers; a dual interface has its own.
+  virtual IDispatch* Dispatch() noexcept { return this; }
   // Other interfaces, such as IOleWindow. QueryInterface adds a reference to the returned pointer
   // through AddRef; null: not supported.
   virtual void* OtherInterface(REFIID) { return nullptr; }

@@ -69,36 +69,19 @@ class CConnectionPoint final : public CCounted, public IConnectionPoint {
   const std::string m_type;
 };
 
-// Part of the source: same identity, same reference count.
-class CEventSource::CContainer final : public IConnectionPointContainer {
- public:
-  explicit CContainer(CEventSource& source) : m_source(source) {}
-  virtual ~CContainer() = default;
-
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    return m_source.QueryInterface(iid, object);
+STDMETHODIMP CEventSource::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
+  if (point == nullptr) return E_POINTER;
+  *point = nullptr;
+  const auto& interfaces = MemberTable().Events();
+  for (size_t index = 0; index < m_points.size(); ++index) {
+    if (interfaces[index].iid != iid) continue;
+    return m_points[index]->QueryInterface(IID_IConnectionPoint, reinterpret_cast<void**>(point));
   }
-  STDMETHODIMP_(ULONG) AddRef() override { return m_source.AddRef(); }
-  STDMETHODIMP_(ULONG) Release() override { return m_source.Release(); }
-  STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) override {
-    if (point == nullptr) return E_POINTER;
-    *point = nullptr;
-    const auto& interfaces = m_source.MemberTable().Events();
-    for (size_t index = 0; index < interfaces.size(); ++index) {
-      if (interfaces[index].iid != iid || index >= m_source.m_points.size()) continue;
-      return m_source.m_points[index]->QueryInterface(IID_IConnectionPoint,
-                                                      reinterpret_cast<void**>(point));
-    }
-    return CONNECT_E_NOCONNECTION;
-  }
-  STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints**) override { return E_NOTIMPL; }
-
- private:
-  CEventSource& m_source;
-};
+  return CONNECT_E_NOCONNECTION;
+}
 
 CEventSource::CEventSource(CModel& model, const CMemberTable& members)
-    : CAutomation(model, members), m_container(std::make_unique<CContainer>(*this)) {}
+    : CAutomation(model, members) {}
 
 CEventSource::~CEventSource() = default;
 
@@ -109,7 +92,7 @@ void* CEventSource::OtherInterface(REFIID iid) {
       m_points.push_back(MakeObject<CConnectionPoint>(Model(), *this, index));
     }
   }
-  return m_container.get();
+  return static_cast<IConnectionPointContainer*>(this);
 }
 
 HRESULT CEventSource::Watched(const CModel::CallSite& site, HRESULT code) {

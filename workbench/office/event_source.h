@@ -1,7 +1,6 @@
 #ifndef QUOR_WORKBENCH_OFFICE_EVENT_SOURCE_H
 #define QUOR_WORKBENCH_OFFICE_EVENT_SOURCE_H
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,8 +15,16 @@ namespace quor::workbench {
 // interface the result is CONNECT_E_NOCONNECTION. Both count as calls and can be made to fail. When
 // the last outside reference to the source is released, its sinks are dropped: a connection point
 // alone holds nothing.
-class CEventSource : public CAutomation {
+class CEventSource : public CAutomation, public IConnectionPointContainer {
  public:
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    return CAutomation::QueryInterface(iid, object);
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return AddOutside(); }
+  STDMETHODIMP_(ULONG) Release() override { return ReleaseOutside(); }
+  STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) override;
+  STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints**) override { return E_NOTIMPL; }
+
   // Delivers an event, by its published name, to every sink that is still advised when its turn
   // comes. Arguments in the order of declaration. Meanwhile sinks may advise, unadvise, release the
   // source or call it.
@@ -38,7 +45,6 @@ class CEventSource : public CAutomation {
 
  private:
   friend class CConnectionPoint;
-  class CContainer;
   struct Connection {
     DWORD cookie;
     size_t interfaceIndex;
@@ -53,7 +59,6 @@ class CEventSource : public CAutomation {
                const std::string& summary);
   void CheckArguments(const PublishedMember& event, const DISPPARAMS& parameters);
 
-  std::unique_ptr<CContainer> m_container;
   std::vector<Connection> m_connections;
   std::vector<CModelPtr<class CConnectionPoint>> m_points;
 };

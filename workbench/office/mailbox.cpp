@@ -257,14 +257,12 @@ void CMailbox::InsertItem(FolderNode& folder, const StoredItemPtr& item) {
   item->folder = &folder;
   m_itemsById[Key(item->entryId)] = item;
   folder.items.push_back(item);
-  ++folder.changes;
 }
 
 void CMailbox::Detach(StoredItem& item) {
   if (item.folder == nullptr) throw CMailboxError("the item is in no folder");
   FolderNode& folder = *item.folder;
   std::erase_if(folder.items, [&item](const StoredItemPtr& one) { return one.get() == &item; });
-  ++folder.changes;
   m_itemsById.erase(Key(item.entryId));
   item.folder = nullptr;
 }

@@ -70,7 +70,6 @@ struct FolderNode {
   FolderNode* parent = nullptr;  // null for a store's top folder
   std::vector<std::unique_ptr<FolderNode>> folders;
   std::vector<StoredItemPtr> items;
-  uint64_t changes = 0;  // counts additions and removals of items
 
   // Live objects for this folder; the collections raise its events.
   std::vector<CFolder*> objects;

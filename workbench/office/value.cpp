@@ -77,6 +77,20 @@ VARIANT CValue::Detach() noexcept {
   return value;
 }
 
+HRESULT InvokeLate(IDispatch& object, DISPID id, WORD flags, const std::vector<CValue>& arguments,
+                   VARIANT* result) {
+  std::vector<VARIANT> reversed;
+  for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
+    reversed.push_back(argument->Get());
+  DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+  EXCEPINFO exception = {};
+  const HRESULT code = object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, result,
+                                     &exception, nullptr);
+  SysFreeString(exception.bstrSource);
+  SysFreeString(exception.bstrDescription);
+  return code == DISP_E_EXCEPTION && FAILED(exception.scode) ? exception.scode : code;
+}
+
 std::string Summary(const VARIANT& value) {
   constexpr size_t kLongestText = 120;
   switch (V_VT(&value)) {

@@ -84,6 +84,11 @@ class CValue {
   VARIANT m_value;
 };
 
+// Calls a member late-bound, arguments in the order of declaration. For an exception the result is
+// its code; its texts are dropped. `result` may be null.
+HRESULT InvokeLate(IDispatch& object, DISPID id, WORD flags, const std::vector<CValue>& arguments,
+                   VARIANT* result);
+
 // A value as shown in the transcript: 3, True, "text", nothing, missing, object. Long text is cut.
 std::string Summary(const VARIANT& value);
 

@@ -21,33 +21,15 @@ CModelPtr<Window> WindowByIndex(const std::vector<CModelPtr<Window>>& windows,
 
 }  // namespace
 
-class COleWindow final : public IOleWindow {
- public:
-  explicit COleWindow(CWindowObject& window) : m_window(window) {}
-  virtual ~COleWindow() = default;
-
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    return m_window.QueryInterface(iid, object);
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return m_window.AddRef(); }
-  STDMETHODIMP_(ULONG) Release() override { return m_window.Release(); }
-  STDMETHODIMP GetWindow(HWND* window) override {
-    if (window == nullptr) return E_POINTER;
-    *window = m_window.IsOpen() ? m_window.Window() : nullptr;
-    return *window != nullptr ? S_OK : E_FAIL;
-  }
-  STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
-
- private:
-  CWindowObject& m_window;
-};
+STDMETHODIMP CWindowObject::GetWindow(HWND* window) {
+  if (window == nullptr) return E_POINTER;
+  *window = m_open ? Window() : nullptr;
+  return *window != nullptr ? S_OK : E_FAIL;
+}
 
 CWindowObject::CWindowObject(CSession& session, const CMemberTable& members,
                              ObjectClass objectClass)
-    : COutlookObject(session, members, objectClass),
-      m_oleWindow(std::make_unique<COleWindow>(*this)) {}
-
-CWindowObject::~CWindowObject() = default;
+    : COutlookObject(session, members, objectClass) {}
 
 const CMemberTable& CWindowObject::WindowMembers() {
   using Self = CWindowObject;
@@ -69,7 +51,7 @@ const CMemberTable& CWindowObject::WindowMembers() {
 }
 
 void* CWindowObject::OtherInterface(REFIID iid) {
-  if (iid == IID_IOleWindow) return m_oleWindow.get();
+  if (iid == IID_IOleWindow) return static_cast<IOleWindow*>(this);
   return COutlookObject::OtherInterface(iid);
 }
 

@@ -1,7 +1,6 @@
 #ifndef QUOR_WORKBENCH_OFFICE_WINDOW_OBJECTS_H
 #define QUOR_WORKBENCH_OFFICE_WINDOW_OBJECTS_H
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,12 +18,17 @@ struct WindowPlace {
   long state = 2;  // OlWindowState: normal
 };
 
-// IOleWindow of a window object: same identity, same reference count.
-class COleWindow;
-
 // Common members of explorer and inspector.
-class CWindowObject : public COutlookObject {
+class CWindowObject : public COutlookObject, public IOleWindow {
  public:
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    return COutlookObject::QueryInterface(iid, object);
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return AddOutside(); }
+  STDMETHODIMP_(ULONG) Release() override { return ReleaseOutside(); }
+  STDMETHODIMP GetWindow(HWND* window) override;
+  STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
+
   bool IsOpen() const noexcept { return m_open; }
   virtual void SetClosed() noexcept { m_open = false; }
   virtual bool IsExplorer() const noexcept = 0;
@@ -35,7 +39,6 @@ class CWindowObject : public COutlookObject {
 
  protected:
   CWindowObject(CSession& session, const CMemberTable& members, ObjectClass objectClass);
-  ~CWindowObject() override;
 
   static const CMemberTable& WindowMembers();
   void* OtherInterface(REFIID iid) override;
@@ -59,7 +62,6 @@ class CWindowObject : public COutlookObject {
 
   WindowPlace m_place;
   bool m_open = true;
-  std::unique_ptr<COleWindow> m_oleWindow;
 };
 
 class CExplorer final : public CWindowObject {

@@ -15,19 +15,8 @@ std::string Hexadecimal(HRESULT code) {
 }
 
 const char* KindOfResult(ResultKind kind) noexcept {
-  switch (kind) {
-    case ResultKind::Text:
-      return "a text";
-    case ResultKind::Flag:
-      return "a Boolean";
-    case ResultKind::Number:
-      return "a number";
-    case ResultKind::Picture:
-      return "a picture";
-    case ResultKind::None:
-      return "nothing";
-  }
-  return "";
+  constexpr const char* kNames[] = {"nothing", "a text", "a Boolean", "a number", "a picture"};
+  return kNames[static_cast<size_t>(kind)];
 }
 
 bool Fits(ResultKind expected, VARTYPE type) noexcept {
@@ -129,11 +118,6 @@ std::optional<DISPID> CRibbonHost::FindCallback(const std::string& callback,
 }
 
 HRESULT CRibbonHost::Invoke(DISPID number, const std::vector<CValue>& arguments, VARIANT* result) {
-  std::vector<VARIANT> reversed;
-  for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
-    reversed.push_back(argument->Get());
-  DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
-  EXCEPINFO exception = {};
   LARGE_INTEGER start;
   LARGE_INTEGER end;
   LARGE_INTEGER frequency;
@@ -143,8 +127,7 @@ HRESULT CRibbonHost::Invoke(DISPID number, const std::vector<CValue>& arguments,
   {
     const CModel::CTimeOutside outside(m_model);
     QueryPerformanceCounter(&start);
-    code = addIn->Invoke(number, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
-                         result, &exception, nullptr);
+    code = InvokeLate(*addIn, number, DISPATCH_METHOD, arguments, result);
     QueryPerformanceCounter(&end);
   }
   addIn->Release();
@@ -152,9 +135,7 @@ HRESULT CRibbonHost::Invoke(DISPID number, const std::vector<CValue>& arguments,
   ++m_figures.callbacks;
   m_figures.microseconds += static_cast<double>(end.QuadPart - start.QuadPart) * 1e6 /
                             static_cast<double>(frequency.QuadPart);
-  SysFreeString(exception.bstrSource);
-  SysFreeString(exception.bstrDescription);
-  return code == DISP_E_EXCEPTION && FAILED(exception.scode) ? exception.scode : code;
+  return code;
 }
 
 void CRibbonHost::ObserveAction(const std::string& callback, const std::string& id, HRESULT code) {

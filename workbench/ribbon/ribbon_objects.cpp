@@ -42,29 +42,15 @@ class CDualFace : public Dual {
 
  protected:
   // Through the vtable the error is the result itself; late-bound it is in EXCEPINFO.
-  HRESULT Call(DISPID id, WORD flags, std::vector<CValue> arguments, VARIANT* result) noexcept {
-    std::vector<VARIANT> reversed;
-    EXCEPINFO exception = {};
-    try {
-      for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
-        reversed.push_back(argument->Get());
-    } catch (...) {
-      return E_OUTOFMEMORY;
-    }
-    DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
-    const HRESULT code = m_object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                                         result, &exception, nullptr);
-    SysFreeString(exception.bstrSource);
-    SysFreeString(exception.bstrDescription);
-    return code == DISP_E_EXCEPTION ? exception.scode : code;
+  HRESULT Get(DISPID id, VARIANT* result) noexcept {
+    return InvokeLate(m_object, id, DISPATCH_PROPERTYGET, {}, result);
   }
-
   HRESULT CallWithText(DISPID id, std::initializer_list<BSTR> texts) noexcept {
     try {
       std::vector<CValue> arguments;
       for (BSTR text : texts)
         arguments.emplace_back(WideFromBstr(text));
-      return Call(id, DISPATCH_METHOD, std::move(arguments), nullptr);
+      return InvokeLate(m_object, id, DISPATCH_METHOD, arguments, nullptr);
     } catch (...) {
       return E_OUTOFMEMORY;
     }
@@ -101,20 +87,8 @@ CRibbonUi::CRibbonUi(CModel& model, CRibbonHost& host)
 
 CRibbonUi::~CRibbonUi() = default;
 
-IDispatch* CRibbonUi::Face() noexcept {
+IDispatch* CRibbonUi::Dispatch() noexcept {
   return m_face.get();
-}
-
-STDMETHODIMP CRibbonUi::QueryInterface(REFIID iid, void** object) {
-  if (!MemberTable().HasInterface(iid) && iid != IID_IDispatch) {
-    return CAutomation::QueryInterface(iid, object);
-  }
-  if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (const HRESULT usable = Usability(); FAILED(usable)) return usable;
-  *object = static_cast<IRibbonUI*>(m_face.get());
-  AddOutside();
-  return S_OK;
 }
 
 CRibbonHost& CRibbonUi::Host() const {
@@ -164,7 +138,7 @@ class CRibbonControl::CFace final : public CDualFace<IRibbonControl> {
     *context = nullptr;
     VARIANT value;
     VariantInit(&value);
-    const HRESULT code = Call(kContext, DISPATCH_PROPERTYGET, {}, &value);
+    const HRESULT code = Get(kContext, &value);
     if (SUCCEEDED(code) && V_VT(&value) == VT_DISPATCH) *context = V_DISPATCH(&value);
     return code;
   }
@@ -175,7 +149,7 @@ class CRibbonControl::CFace final : public CDualFace<IRibbonControl> {
     *text = nullptr;
     VARIANT value;
     VariantInit(&value);
-    const HRESULT code = Call(id, DISPATCH_PROPERTYGET, {}, &value);
+    const HRESULT code = Get(id, &value);
     if (SUCCEEDED(code) && V_VT(&value) == VT_BSTR) *text = V_BSTR(&value);
     return code;
   }
@@ -191,20 +165,8 @@ CRibbonControl::CRibbonControl(CModel& model, std::wstring id, std::wstring tag,
 
 CRibbonControl::~CRibbonControl() = default;
 
-IDispatch* CRibbonControl::Face() noexcept {
+IDispatch* CRibbonControl::Dispatch() noexcept {
   return m_face.get();
-}
-
-STDMETHODIMP CRibbonControl::QueryInterface(REFIID iid, void** object) {
-  if (!MemberTable().HasInterface(iid) && iid != IID_IDispatch) {
-    return CAutomation::QueryInterface(iid, object);
-  }
-  if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (const HRESULT usable = Usability(); FAILED(usable)) return usable;
-  *object = static_cast<IRibbonControl*>(m_face.get());
-  AddOutside();
-  return S_OK;
 }
 
 const CMemberTable& CRibbonControl::Members() {

@@ -35,9 +35,11 @@ class CRibbonUi final : public CAutomation {
   CRibbonUi(CModel& model, CRibbonHost& host);
   ~CRibbonUi() override;
 
-  IDispatch* Face() noexcept;  // the pointer for the add-in
+  IDispatch* Face() noexcept { return Dispatch(); }  // the pointer for the add-in
   void Unload() noexcept { m_host = nullptr; }
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
+
+ protected:
+  IDispatch* Dispatch() noexcept override;
 
  private:
   class CFace;
@@ -60,11 +62,11 @@ class CRibbonControl final : public CAutomation {
   CRibbonControl(CModel& model, std::wstring id, std::wstring tag, CModelPtr<CAutomation> context);
   ~CRibbonControl() override;
 
-  IDispatch* Face() noexcept;
+  IDispatch* Face() noexcept { return Dispatch(); }
   std::string ObjectName() const override { return Utf8FromWide(m_id); }
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
 
  protected:
+  IDispatch* Dispatch() noexcept override;
   void OnGone() noexcept override { m_context = {}; }
 
  private:

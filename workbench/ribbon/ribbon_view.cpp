@@ -172,8 +172,8 @@ PixelsPtr CRibbonView::AskImage(Entry& entry) {
   }
   if (!answer.has_value() || V_VT(&answer->Get()) != VT_DISPATCH) return nullptr;
   try {
-    const PicturePtr picture = BitmapPicture(V_DISPATCH(&answer->Get()));
-    return picture ? AlphaPixels(picture.Get()) : nullptr;
+    const IPictureDispPtr picture = BitmapPicture(V_DISPATCH(&answer->Get()));
+    return picture ? AlphaPixels(picture) : nullptr;
   } catch (const CModelError& error) {
     m_host.Report("the image of " + entry.node->id + " cannot be shown: " + error.what());
     return nullptr;

@@ -17,21 +17,9 @@ constexpr int kButtonHeight = 24;
 constexpr int kModuleRow = 26;
 
 const wchar_t* NameOf(Module module) {
-  switch (module) {
-    case Module::Mail:
-      return L"Mail";
-    case Module::Calendar:
-      return L"Calendar";
-    case Module::Contacts:
-      return L"Contacts";
-    case Module::Tasks:
-      return L"Tasks";
-    case Module::Notes:
-      return L"Notes";
-    case Module::Journal:
-      return L"Journal";
-  }
-  return L"";
+  constexpr const wchar_t* kNames[] = {L"Mail",  L"Calendar", L"Contacts",
+                                       L"Tasks", L"Notes",    L"Journal"};
+  return kNames[static_cast<size_t>(module)];
 }
 
 void PaintHead(Painting& painting, const Rect& area, const std::wstring& text) {

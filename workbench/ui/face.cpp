@@ -27,23 +27,9 @@ const ControlFace* FindStep(const std::vector<ControlFace>& faces, const std::ws
 }  // namespace
 
 const wchar_t* KindName(ControlKind kind) noexcept {
-  switch (kind) {
-    case ControlKind::Button:
-      return L"button";
-    case ControlKind::ComboBox:
-      return L"combo box";
-    case ControlKind::Edit:
-      return L"edit";
-    case ControlKind::DropDown:
-      return L"drop-down";
-    case ControlKind::Menu:
-      return L"menu";
-    case ControlKind::Separator:
-      return L"separator";
-    case ControlKind::Label:
-      return L"label";
-  }
-  return L"";
+  constexpr const wchar_t* kNames[] = {L"button", L"combo box", L"edit", L"drop-down",
+                                       L"menu",   L"separator", L"label"};
+  return kNames[static_cast<size_t>(kind)];
 }
 
 const ControlFace* FindFace(const std::vector<ControlFace>& faces,

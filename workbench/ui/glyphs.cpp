@@ -180,21 +180,8 @@ void DrawGlyph(CCanvas& canvas, const Rect& rect, std::string_view name) {
 }
 
 const char* GlyphOf(Module module) noexcept {
-  switch (module) {
-    case Module::Mail:
-      return "mail";
-    case Module::Calendar:
-      return "calendar";
-    case Module::Contacts:
-      return "contact";
-    case Module::Tasks:
-      return "task";
-    case Module::Notes:
-      return "note";
-    case Module::Journal:
-      return "journal";
-  }
-  return "folder";
+  constexpr const char* kNames[] = {"mail", "calendar", "contact", "task", "note", "journal"};
+  return kNames[static_cast<size_t>(module)];
 }
 
 void DrawArrowDown(CCanvas& canvas, const Rect& rect, Colour colour) {

@@ -79,25 +79,14 @@ void NormalizeAlpha(std::vector<uint32_t>& colours) {
 
 }  // namespace
 
-PicturePtr PicturePtr::Adopt(IPictureDisp* picture) noexcept {
-  PicturePtr pointer;
-  pointer.m_picture = picture;
-  return pointer;
-}
-
-void PicturePtr::Reset() noexcept {
-  if (IPictureDisp* picture = std::exchange(m_picture, nullptr)) picture->Release();
-}
-
-PicturePtr BitmapPicture(IDispatch* object) {
+IPictureDispPtr BitmapPicture(IDispatch* object) {
   if (object == nullptr) return {};
-  IPictureDisp* picture = nullptr;
+  IPictureDispPtr picture;
   if (FAILED(object->QueryInterface(IID_IPictureDisp, reinterpret_cast<void**>(&picture)))) {
     throw CModelError(E_INVALIDARG, "The object is not a picture.");
   }
-  PicturePtr held = PicturePtr::Adopt(picture);
   if (BitmapOf(picture) == nullptr) throw CModelError(E_FAIL, "The picture is not a bitmap.");
-  return held;
+  return picture;
 }
 
 PixelsPtr AlphaPixels(IPictureDisp* picture) {
