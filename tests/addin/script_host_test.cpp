@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tests/addin/shipped_addin.h"
+#include "tests/com_double.h"
 
 namespace quor {
 namespace {
@@ -14,20 +15,11 @@ constexpr CLSID kVbScript = {
     0xB54F3741, 0x5B07, 0x11CF, {0xA4, 0xB0, 0x00, 0xAA, 0x00, 0x4A, 0x55, 0xE8}};
 
 // The host of a script: hands out its named items and notes the first error.
-class CScriptSite final : public IActiveScriptSite {
+class CScriptSite final : public CComDouble<IActiveScriptSite> {
  public:
   std::map<std::wstring, IDispatch*> items;
   std::wstring error;
-  ULONG references = 1;
 
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    *object = iid == IID_IUnknown || iid == IID_IActiveScriptSite ? this : nullptr;
-    if (*object == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
   STDMETHODIMP GetLCID(LCID*) override { return E_NOTIMPL; }
   STDMETHODIMP GetItemInfo(LPCOLESTR name, DWORD mask, IUnknown** item, ITypeInfo**) override {
     const auto found = items.find(name);
@@ -55,18 +47,10 @@ class CScriptSite final : public IActiveScriptSite {
 };
 
 // What a script notes down.
-class CNotes final : public IDispatch {
+class CNotes final : public CDispatchDouble {
  public:
   std::wstring text;
 
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    *object = iid == IID_IUnknown || iid == IID_IDispatch ? this : nullptr;
-    return *object != nullptr ? S_OK : E_NOINTERFACE;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return 1; }  // lives on the test's stack
-  STDMETHODIMP_(ULONG) Release() override { return 1; }
-  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID* ids) override {
     ids[0] = 1;
     return S_OK;

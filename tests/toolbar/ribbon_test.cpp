@@ -5,6 +5,7 @@
 #include <olectl.h>
 #include <functional>
 
+#include "tests/com_double.h"
 #include "tests/toolbar/bar_stage.h"
 #include "workbench/ribbon/ribbon_objects.h"
 
@@ -34,18 +35,8 @@ struct CCountedPosts final : IMessageQueue {
 };
 
 // The part of Office's ribbon object that is called.
-class CRibbonCounter final : public IDispatch {
+class CRibbonCounter final : public CDispatchDouble {
  public:
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    *object = iid == IID_IUnknown || iid == IID_IDispatch ? this : nullptr;
-    if (*object == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-  STDMETHODIMP_(ULONG) Release() override { return --references; }
-  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
     if (std::wstring(names[0]) != L"Invalidate") return DISP_E_UNKNOWNNAME;
     *ids = 1;
@@ -57,7 +48,6 @@ class CRibbonCounter final : public IDispatch {
     return fails ? E_FAIL : S_OK;
   }
 
-  ULONG references = 1;
   int invalidations = 0;
   bool fails = false;
 };
