@@ -11,6 +11,7 @@
 #include "workbench/host/message_loop.h"
 #include "workbench/host/module_meter.h"
 #include "workbench/host/neighbours.h"
+#include "workbench/host/process_use.h"
 #include "workbench/host/registered_addin.h"
 #include "workbench/office/value.h"
 #include "workbench/scenario/stage.h"
@@ -68,6 +69,7 @@ class CAddInHost final : public IHostStage {
   void ReleaseObject() override;
   void Poll() override;
   ResourceUse Use() override;
+  bool AreHeapsSound() override { return workbench::AreHeapsSound(); }
   void Pump() override { m_loop.Pump(); }
   bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds) override;
   void FailSystemFunction(const std::string& function, const FailingCalls& calls) override;

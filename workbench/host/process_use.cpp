@@ -123,4 +123,12 @@ ResourceUse MeasureProcess() {
   return use;
 }
 
+bool AreHeapsSound() {
+  constexpr DWORD kMostHeaps = 256;
+  HANDLE heaps[kMostHeaps];
+  const DWORD count = std::min(GetProcessHeaps(kMostHeaps, heaps), kMostHeaps);
+  return std::all_of(heaps, heaps + count,
+                     [](HANDLE heap) { return HeapValidate(heap, 0, nullptr) != FALSE; });
+}
+
 }  // namespace quor::workbench

@@ -8,6 +8,10 @@ namespace quor::workbench {
 // The system resources that this process holds; `windows` counts those of the calling thread.
 ResourceUse MeasureProcess();
 
+// Whether no heap of this process is damaged. While Windows checks heaps (GlobalFlag 0x70), this
+// also finds writes behind a block and into freed blocks.
+bool AreHeapsSound();
+
 }  // namespace quor::workbench
 
 #endif

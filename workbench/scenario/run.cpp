@@ -105,6 +105,7 @@ bool CRun::Finish() {
         Unload();
       }
       CheckNothingHeld();
+      if (!stage.host.AreHeapsSound()) throw CExpectationFailure("a heap is damaged");
     });
     return true;
   } catch (const std::runtime_error& error) {

@@ -255,6 +255,7 @@ class IHostStage {
   // Makes the add-in's poll timer tick once and handles the messages posted by that.
   virtual void Poll() = 0;
   virtual ResourceUse Use() = 0;
+  virtual bool AreHeapsSound() = 0;
 
   // Ends the process successfully with everything still alive; calls OleUninitialize first if
   // requested.

@@ -63,6 +63,7 @@ class CNotedStage final : public IHostStage,
   void Pump() override {}
   void Poll() override;
   ResourceUse Use() override { return use; }
+  bool AreHeapsSound() override { return true; }
   bool PumpUntil(const std::function<bool()>& done, unsigned) override { return done(); }
   void FailSystemFunction(const std::string&, const FailingCalls&) override {}
 
