@@ -7,6 +7,16 @@ make_address_books() {  # folder
   scripts/make-address-book 20000 "$1/20000-lists.vcf" --lists >/dev/null
 }
 
+# Each scenario with badly behaved add-ins, in the oldest and the newest Outlook.
+neighbour_jobs() {
+  local scenario outlook
+  for scenario in tests/scenarios/*.scn; do
+    for outlook in "win32 11" "win64 16"; do
+      echo "$outlook $scenario --neighbours --stuck 20"
+    done
+  done
+}
+
 # Each scenario in all its Outlook versions.
 scenario_jobs() {
   local scenario outlook
