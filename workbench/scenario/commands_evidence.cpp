@@ -312,6 +312,15 @@ void ExpectInvalidations(CRun& run, const CCommandArguments& arguments) {
   }
 }
 
+void ExpectFailure(CRun& run, const CCommandArguments& arguments) {
+  for (const Statement& one : ParseScript(arguments.BlockText(), run.stage.outlook.Version())) {
+    const std::string failure = run.FailureOf(one);
+    if (failure.empty()) throw CExpectationFailure("it succeeds: " + one.source);
+    if (failure.find(arguments.Text(0)) != std::string::npos) continue;
+    throw CExpectationFailure(one.source + " fails otherwise: " + failure);
+  }
+}
+
 using Block = Command::Block;
 
 constexpr Command kCommands[] = {
@@ -340,6 +349,7 @@ constexpr Command kCommands[] = {
     {"expect invalidations", 0, 1, Block::None, ExpectInvalidations},
     {"watch delays", 0, 0, Block::None, WatchDelays},
     {"show figures", 0, 0, Block::None, ShowFigures},
+    {"expect failure", 1, 1, Block::Required, ExpectFailure},
 };
 
 }  // namespace

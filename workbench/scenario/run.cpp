@@ -81,6 +81,11 @@ void CRun::PlayInside(const std::vector<Statement>& statements) {
   }
 }
 
+std::string CRun::FailureOf(const Statement& statement) {
+  PlayInside({statement});
+  return std::exchange(m_failedInside, {});
+}
+
 void CRun::PlayUnderFaults(const std::vector<Statement>& statements) {
   m_tickLimit = kTickLimitUnderFaults;
   ForEachStatement(statements, stage.outlook.Version(), [this](const Statement& statement) {

@@ -52,6 +52,8 @@ class CRun {
   void PlayUnderFaults(const std::vector<Statement>& statements);
   // Plays commands inside another command, which reports their errors when it ends.
   void PlayInside(const std::vector<Statement>& statements);
+  // Plays a command that must fail; returns its message, or an empty text if it succeeded.
+  std::string FailureOf(const Statement& statement);
   // Quits Outlook if it still runs, and checks that the add-in has released everything.
   bool Finish();
 
