@@ -42,11 +42,6 @@ class BelievableBase : public testing::Test, IIndicationLine {
   CBelievableBase base{*this};
 };
 
-TEST_F(BelievableBase, TellsItsStateAtStartup) {
-  EXPECT_THAT(Request("+1\r"), ElementsAre("cells", "status 0 1 1 1"));
-  EXPECT_THAT(Request("?"), IsEmpty());
-}
-
 TEST_F(BelievableBase, LetsCallsOutAndEndsThem) {
   EXPECT_THAT(Request(std::string("+2\x02") + "03112\r"), ElementsAre("status 0 1 3 1"));
   EXPECT_EQ(base.NumberInCall(kLine2), "112");

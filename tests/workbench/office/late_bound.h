@@ -1,10 +1,10 @@
 #ifndef QUOR_TESTS_WORKBENCH_OFFICE_LATE_BOUND_H
 #define QUOR_TESTS_WORKBENCH_OFFICE_LATE_BOUND_H
 
-#include <functional>
 #include <string>
 #include <vector>
 
+#include "tests/com_double.h"
 #include "workbench/office/value.h"
 
 namespace quor::workbench {
@@ -39,7 +39,6 @@ class CRemote {
   }
   long Number(const wchar_t* member) const { return V_I4(&Get(member).Get()); }
   DISPID IdOf(const wchar_t* member) const;
-  bool Answers(REFIID iid) const;
 
   // The last call's result and the error in its exception record, for any object.
   static HRESULT lastCode;
@@ -49,27 +48,21 @@ class CRemote {
   IDispatch* m_object = nullptr;
 };
 
-// A sink that records its events, such as "F001(object)", and can run an action inside them.
-class CTestSink final : public IDispatch {
+// A sink that records its events, such as "F001(object)".
+class CTestSink final : public CDispatchDouble {
  public:
   explicit CTestSink(REFIID events) : m_events(events) {}
-
   std::vector<std::string> heard;
-  std::function<void(DISPID, const DISPPARAMS&)> during;
-  ULONG References() const noexcept { return m_references; }
 
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
-  STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
-  STDMETHODIMP_(ULONG) Release() override { return --m_references; }  // lives on the test's stack
-  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
+    return CDispatchDouble::QueryInterface(iid == m_events ? IID_IDispatch : iid, object);
+  }
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
   STDMETHODIMP Invoke(DISPID event, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters, VARIANT*,
                       EXCEPINFO*, UINT*) override;
 
  private:
   const IID m_events;
-  ULONG m_references = 1;
 };
 
 // Connects the sink to the source; returns the error, or sets the cookie.
