@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "module/identifiers.h"
 #include "resources/resource_ids.h"
 #include "tests/dialogs/dialog_stage.h"
 #include "tests/dialogs/options_desk.h"
-#include "tests/dialogs/page_container.h"
+#include "workbench/host/page_site.h"
+#include "workbench/office/outlook.h"
 
 _COM_SMARTPTR_TYPEDEF(IOleObject, IID_IOleObject);
 _COM_SMARTPTR_TYPEDEF(IOleInPlaceObject, IID_IOleInPlaceObject);
@@ -19,120 +22,89 @@ namespace {
 
 class OptionsPage : public testing::Test {
  protected:
-  void SetUp() override {
-    ASSERT_EQ(OleInitialize(nullptr), S_OK);
-    IDispatch* made = nullptr;
-    ASSERT_EQ(Make(&made), S_OK);
-    m_page.Attach(made);
-    m_object = m_page;
-    m_inPlace = m_page;
-    m_keys = m_page;
-  }
-  void TearDown() override {
-    ReleasePage();
-    EXPECT_EQ(m_container.references, 1u);
+  OptionsPage() { OleInitialize(nullptr); }
+  ~OptionsPage() override {
     EXPECT_EQ(m_stage.addin.references, 1u);
     EXPECT_EQ(ModuleLockCount(), 0);
     OleUninitialize();
   }
 
-  HRESULT Make(IDispatch** page) {
+  IDispatchPtr Make() {
     const OptionsPageParts parts = {m_stage.addin, m_desk, m_stage.resources, m_stage.log};
-    return CPropPage::Create(parts, IID_IDispatch, reinterpret_cast<void**>(page));
+    IDispatchPtr page;
+    EXPECT_EQ(CPropPage::Create(parts, IID_IDispatch, reinterpret_cast<void**>(&page)), S_OK);
+    return page;
   }
-  void Activate(LONG verb = OLEIVERB_INPLACEACTIVATE) {
-    m_object->SetClientSite(&m_container);
-    ASSERT_EQ(m_object->DoVerb(verb, nullptr, &m_container, 0, m_stage.outlook, nullptr), S_OK);
-  }
-  void ReleasePage() {
-    if (m_object != nullptr) m_object->SetClientSite(nullptr);
-    m_keys = nullptr;
-    m_inPlace = nullptr;
-    m_object = nullptr;
-    m_page = nullptr;
-  }
-  HWND Window() {
+  static HWND PageWindow(const IDispatchPtr& page) {
     HWND window = nullptr;
-    m_inPlace->GetWindow(&window);
+    IOleInPlaceObjectPtr(page)->GetWindow(&window);
     return window;
   }
-  HWND Control(int id) { return FindControl(Window(), id); }
-  // Whether the page uses the key that its focused control is about to receive.
-  bool Uses(UINT message, WPARAM key) {
-    MSG typed = {GetFocus(), message, key, 1, 0, {}};
-    return m_keys->TranslateAccelerator(&typed) == S_OK;
+  static HWND ControlOf(const IDispatchPtr& page, int id) {
+    return FindControl(PageWindow(page), id);
   }
   // Calls by the published id, as Outlook does.
-  HRESULT Ask(DISPID id, WORD flags, _variant_t& result) {
+  static HRESULT Ask(const IDispatchPtr& page, DISPID id, WORD flags, _variant_t& result) {
     DISPPARAMS none = {};
-    return m_page->Invoke(id, IID_NULL, 0, flags, &none, &result, nullptr, nullptr);
+    return page->Invoke(id, IID_NULL, 0, flags, &none, &result, nullptr, nullptr);
   }
-  bool IsDirty() {
+  static HRESULT Apply(const IDispatchPtr& page) {
+    _variant_t nothing;
+    return Ask(page, 0x2102, DISPATCH_METHOD, nothing);
+  }
+  static bool IsDirty(const IDispatchPtr& page) {
     _variant_t dirty;
-    EXPECT_EQ(Ask(0x2101, DISPATCH_PROPERTYGET, dirty), S_OK);
+    EXPECT_EQ(Ask(page, 0x2101, DISPATCH_PROPERTYGET, dirty), S_OK);
     return dirty.boolVal != VARIANT_FALSE;
   }
 
   CDialogStage m_stage;
   COptionsDesk m_desk;
-  CPageContainer m_container{m_stage.outlook};
-  IDispatchPtr m_page;
-  IOleObjectPtr m_object;
-  IOleInPlaceObjectPtr m_inPlace;
-  IOleInPlaceActiveObjectPtr m_keys;
 };
 
 TEST_F(OptionsPage, AnswersOutlookByIdAndByVtable) {
   m_stage.Speak(kLanguages[2]);
+  const IDispatchPtr made = Make();
   _variant_t caption;
-  ASSERT_EQ(Ask(-518, DISPATCH_PROPERTYGET, caption), S_OK);
+  ASSERT_EQ(Ask(made, -518, DISPATCH_PROPERTYGET, caption), S_OK);
   EXPECT_STREQ(caption.bstrVal, L"Complemento telefónico");
-  _variant_t nothing;
-  EXPECT_EQ(Ask(0x2102, DISPATCH_METHOD, nothing), S_OK);
+  EXPECT_EQ(Apply(made), S_OK);
+  EXPECT_FALSE(IsDirty(made));
 
-  Activate();
-  Choose(Control(IDC_OPTIONS_LANGUAGE), kFrench);
   PropertyPage* page = nullptr;
-  ASSERT_EQ(m_page->QueryInterface(__uuidof(PropertyPage), reinterpret_cast<void**>(&page)), S_OK);
+  ASSERT_EQ(made->QueryInterface(__uuidof(PropertyPage), reinterpret_cast<void**>(&page)), S_OK);
   void** const slots = *reinterpret_cast<void***>(page);
-  VARIANT_BOOL dirty = VARIANT_FALSE;
+  VARIANT_BOOL dirty = VARIANT_TRUE;
   reinterpret_cast<HRESULT(STDMETHODCALLTYPE*)(void*, VARIANT_BOOL*)>(slots[8])(page, &dirty);
-  EXPECT_EQ(dirty, VARIANT_TRUE);
-  reinterpret_cast<HRESULT(STDMETHODCALLTYPE*)(void*)>(slots[9])(page);
-  EXPECT_EQ(m_desk.applied.size(), 1u);
+  EXPECT_EQ(dirty, VARIANT_FALSE);
+  EXPECT_EQ(reinterpret_cast<HRESULT(STDMETHODCALLTYPE*)(void*)>(slots[9])(page), S_OK);
   long context = 0;
   EXPECT_EQ(page->GetPageInfo(nullptr, &context), E_NOTIMPL);
   page->Release();
 }
 
 TEST_F(OptionsPage, IsTheControlThatContainersExpect) {
-  IUnknown* identity = nullptr;
-  m_page->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&identity));
+  const IDispatchPtr page = Make();
   for (const IID& iid :
        {IID_IDispatch, IID_IOleObject, IID_IOleInPlaceObject, IID_IOleInPlaceActiveObject,
         IID_IOleWindow, IID_IOleControl, IID_IPersistStreamInit, IID_IPersist, IID_IViewObject,
         IID_IViewObject2, IID_IProvideClassInfo, __uuidof(PropertyPage)}) {
     IUnknown* part = nullptr;
-    ASSERT_EQ(m_page->QueryInterface(iid, reinterpret_cast<void**>(&part)), S_OK);
-    IUnknown* whole = nullptr;
-    part->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&whole));
-    EXPECT_EQ(whole, identity);
-    whole->Release();
-    part->Release();
+    ASSERT_EQ(page->QueryInterface(iid, reinterpret_cast<void**>(&part)), S_OK);
+    EXPECT_TRUE(IUnknownPtr(part, false) == page.GetInterfacePtr()) << "another identity";
   }
-  identity->Release();
   void* other = this;
-  EXPECT_EQ(m_page->QueryInterface(IID_IDataObject, &other), E_NOINTERFACE);
+  EXPECT_EQ(page->QueryInterface(IID_IDataObject, &other), E_NOINTERFACE);
   EXPECT_EQ(other, nullptr);
 
   DWORD status = 0;
-  EXPECT_EQ(m_object->GetMiscStatus(DVASPECT_CONTENT, &status), S_OK);
+  EXPECT_EQ(IOleObjectPtr(page)->GetMiscStatus(DVASPECT_CONTENT, &status), S_OK);
   EXPECT_EQ(status, 131473u);
   CONTROLINFO info = {};
   info.cb = sizeof info;
-  EXPECT_EQ(IOleControlPtr(m_page)->GetControlInfo(&info), S_OK);
+  EXPECT_EQ(IOleControlPtr(page)->GetControlInfo(&info), S_OK);
   ITypeInfo* description = nullptr;
-  ASSERT_EQ(IProvideClassInfoPtr(m_page)->GetClassInfo(&description), S_OK);
+  ASSERT_EQ(IProvideClassInfoPtr(page)->GetClassInfo(&description), S_OK);
   TYPEATTR* attributes = nullptr;
   description->GetTypeAttr(&attributes);
   EXPECT_TRUE(attributes->guid == kPropertyPageClsid);
@@ -140,129 +112,192 @@ TEST_F(OptionsPage, IsTheControlThatContainersExpect) {
   description->Release();
 }
 
-TEST_F(OptionsPage, ShowsItsPanelWhereTheContainerSays) {
+TEST_F(OptionsPage, WithoutValuesThereIsNoPage) {
+  m_desk.refuses = true;
+  m_desk.loads = false;
+  EXPECT_ANY_THROW(Make());
+}
+
+// The page in the stand-in's options dialog.
+class PageInOutlook : public OptionsPage, public workbench::IPageFrame {
+ protected:
+  ~PageInOutlook() override {
+    m_object->SetClientSite(nullptr);
+    EXPECT_TRUE(m_outlook.Model().HeldFromOutside().empty());
+    EXPECT_FALSE(m_hasActivePage);
+    EXPECT_FALSE(m_site->IsActive());
+  }
+  HWND FrameWindow() override { return m_stage.outlook; }
+  RECT PagePlace() override { return kPlace; }
+  void OnPageStatus() override { ++m_statusChanges; }
+  void SetActivePage(IOleInPlaceActiveObject* page) override { m_hasActivePage = page != nullptr; }
+
+  HRESULT Activate(LONG verb, HWND parent) {
+    return m_object->DoVerb(verb, nullptr, nullptr, 0, parent, nullptr);
+  }
+  void EnterSite() { m_object->SetClientSite(m_site.get()); }
+  HWND Control(int id) { return ControlOf(m_page, id); }
+  // Whether the page uses the key that its focused control is about to receive.
+  bool Uses(UINT message, WPARAM key) {
+    MSG typed = {GetFocus(), message, key, 1, 0, {}};
+    return IOleInPlaceActiveObjectPtr(m_page)->TranslateAccelerator(&typed) == S_OK;
+  }
+
+  static constexpr RECT kPlace = {10, 20, 380, 310};
+  workbench::CNoFace m_face;
+  workbench::COutlook m_outlook{{.version = 11}, m_face};
+  workbench::CModelPtr<workbench::CPageSite> m_site =
+      workbench::MakeObject<workbench::CPageSite>(m_outlook.Session(), *this);
+  IDispatchPtr m_page = Make();
+  IOleObjectPtr m_object = m_page;
+  int m_statusChanges = 0;
+  bool m_hasActivePage = false;
+};
+
+TEST_F(PageInOutlook, ShowsItsPanelWhereTheContainerSays) {
   SIZEL extent = {};
   m_object->GetExtent(DVASPECT_CONTENT, &extent);
-  Activate();
+  EnterSite();
+  ASSERT_EQ(Activate(OLEIVERB_INPLACEACTIVATE, nullptr), S_OK);
   RECT place = {};
-  GetWindowRect(Window(), &place);
+  GetWindowRect(PageWindow(m_page), &place);
   MapWindowPoints(nullptr, m_stage.outlook, reinterpret_cast<POINT*>(&place), 2);
-  EXPECT_TRUE(EqualRect(&place, &CPageContainer::kPlace));
-  EXPECT_EQ(GetParent(Window()), m_stage.outlook);
-  EXPECT_TRUE(IsWindowVisible(Control(IDC_OPTIONS_ABOUT)));
-  EXPECT_TRUE(GetWindowLongPtrW(Window(), GWL_EXSTYLE) & WS_EX_CONTROLPARENT);
+  EXPECT_TRUE(EqualRect(&place, &kPlace));
+  EXPECT_TRUE(GetWindowLongPtrW(PageWindow(m_page), GWL_EXSTYLE) & WS_EX_CONTROLPARENT);
 
   // The lowest control lies within the size that the page requests.
   RECT lowest = {};
   GetWindowRect(Control(IDC_OPTIONS_ABOUT), &lowest);
-  MapWindowPoints(nullptr, Window(), reinterpret_cast<POINT*>(&lowest), 2);
+  MapWindowPoints(nullptr, PageWindow(m_page), reinterpret_cast<POINT*>(&lowest), 2);
   EXPECT_LT(lowest.bottom, MulDiv(extent.cy, 96, 2540));
   EXPECT_LT(lowest.right, MulDiv(extent.cx, 96, 2540));
-
-  const RECT moved = {0, 0, 300, 200};
-  EXPECT_EQ(m_inPlace->SetObjectRects(&moved, &moved), S_OK);
-  GetClientRect(Window(), &place);
-  EXPECT_TRUE(EqualRect(&place, &moved));
 }
 
-TEST_F(OptionsPage, StaysDirtyWhenNothingCouldBeKept) {
-  Activate();
+TEST_F(PageInOutlook, StaysDirtyWhenNothingCouldBeKept) {
+  EnterSite();
+  Activate(OLEIVERB_INPLACEACTIVATE, nullptr);
   m_desk.refuses = true;
   Choose(Control(IDC_OPTIONS_POP_UP + 1), 1);
-  EXPECT_EQ(m_container.statusChanges, 1);
-  _variant_t nothing;
-  EXPECT_TRUE(FAILED(Ask(0x2102, DISPATCH_METHOD, nothing)));
-  EXPECT_TRUE(IsDirty());
+  EXPECT_EQ(m_statusChanges, 1);
+  EXPECT_TRUE(FAILED(Apply(m_page)));
+  EXPECT_TRUE(IsDirty(m_page));
 }
 
-TEST_F(OptionsPage, KeepsTheKeysThatAreItsOwn) {
-  Activate(OLEIVERB_UIACTIVATE);
-  EXPECT_EQ(m_container.uiActive, 1);
-  EXPECT_TRUE(m_container.hasActiveObject);
+TEST_F(PageInOutlook, KeepsTheKeysThatAreItsOwn) {
+  EnterSite();
+  Activate(OLEIVERB_UIACTIVATE, nullptr);
+  EXPECT_TRUE(m_hasActivePage);
   EXPECT_EQ(GetFocus(), Control(IDC_OPTIONS_LANGUAGE));
-
-  EXPECT_TRUE(Uses(WM_KEYDOWN, VK_TAB));
-  EXPECT_EQ(GetFocus(), Control(IDC_OPTIONS_POP_UP));
-  EXPECT_TRUE(Uses(WM_SYSCHAR, L'g'));
-  EXPECT_EQ(GetFocus(), Control(IDC_OPTIONS_LANGUAGE));
-  EXPECT_EQ(m_container.keysHandedOn, 0);
+  EXPECT_TRUE(Uses(WM_SYSCHAR, L'3'));
+  EXPECT_EQ(GetFocus(), Control(IDC_OPTIONS_POP_UP + 4));
   EXPECT_FALSE(Uses(WM_SYSCHAR, L'a'));
   EXPECT_FALSE(Uses(WM_KEYDOWN, VK_RETURN));
   EXPECT_FALSE(Uses(WM_KEYDOWN, VK_ESCAPE));
-  EXPECT_EQ(m_container.keysHandedOn, 3);
-
+  SendMessageW(GetFocus(), CB_SHOWDROPDOWN, TRUE, 0);
+  EXPECT_TRUE(Uses(WM_KEYDOWN, VK_ESCAPE)) << "closes the list";
   SetFocus(Control(IDC_OPTIONS_ABOUT));
   EXPECT_FALSE(Uses(WM_KEYDOWN, VK_TAB));
-  EXPECT_TRUE(Uses(WM_KEYDOWN, VK_RETURN));
-  EXPECT_EQ(m_desk.abouts.size(), 1u);
-  SendMessageW(Control(IDC_OPTIONS_LANGUAGE), CB_SHOWDROPDOWN, TRUE, 0);
+
+  // The keyboard goes elsewhere and returns.
+  IOleInPlaceObjectPtr(m_page)->UIDeactivate();
+  EXPECT_FALSE(m_hasActivePage);
   SetFocus(Control(IDC_OPTIONS_LANGUAGE));
-  EXPECT_TRUE(Uses(WM_KEYDOWN, VK_ESCAPE));
+  EXPECT_TRUE(m_hasActivePage);
 }
 
-TEST_F(OptionsPage, TellsItsContainerThatTheKeyboardHasCome) {
-  Activate();
-  EXPECT_FALSE(m_container.hasActiveObject);
-  SetFocus(Control(IDC_OPTIONS_ABOUT));
-  EXPECT_TRUE(m_container.hasActiveObject);
-  SetFocus(Control(IDC_OPTIONS_LANGUAGE));
-  EXPECT_EQ(m_container.uiActive, 1);
-  m_inPlace->UIDeactivate();
-  EXPECT_FALSE(m_container.hasActiveObject);
-  SetFocus(Control(IDC_OPTIONS_POP_UP));
-  EXPECT_TRUE(m_container.hasActiveObject);
-}
-
-TEST_F(OptionsPage, LeavesItsSiteWithNothingHeld) {
-  Activate(OLEIVERB_UIACTIVATE);
-  EXPECT_GT(m_container.references, 1u);
-  m_object->SetClientSite(nullptr);
-  EXPECT_EQ(m_container.references, 1u);
-  EXPECT_EQ(m_container.active, 0);
-  EXPECT_EQ(m_container.uiActive, 0);
-  EXPECT_FALSE(m_container.hasActiveObject);
-  EXPECT_EQ(Window(), nullptr);
-}
-
-TEST_F(OptionsPage, SurvivesAContainerThatIsGoneFirst) {
-  Activate();
+TEST_F(PageInOutlook, SurvivesAContainerThatIsGoneFirst) {
+  EnterSite();
+  Activate(OLEIVERB_INPLACEACTIVATE, nullptr);
   Choose(Control(IDC_OPTIONS_LANGUAGE), kSpanish);
   m_stage.CloseOutlook();
-  EXPECT_EQ(Window(), nullptr);
-  EXPECT_TRUE(IsDirty());
-  m_page->AddRef();
-  IDispatch* last = m_page;
-  ReleasePage();
-  EXPECT_EQ(m_stage.addin.references, 2u);  // the page holds what it needs
-  last->Release();
+  EXPECT_EQ(PageWindow(m_page), nullptr);
+  EXPECT_TRUE(IsDirty(m_page));
+  EXPECT_TRUE(FAILED(Activate(OLEIVERB_SHOW, nullptr)));
 }
 
-TEST_F(OptionsPage, ARefusedActivationLeavesNothingOpen) {
-  m_container.permits = false;
-  m_object->SetClientSite(&m_container);
-  EXPECT_TRUE(FAILED(m_object->DoVerb(OLEIVERB_SHOW, nullptr, nullptr, 0, nullptr, nullptr)));
-  EXPECT_EQ(m_container.active, 0);
-  EXPECT_EQ(Window(), nullptr);
-  // Without a site it needs a parent.
+TEST_F(PageInOutlook, ARefusedActivationLeavesNothingOpen) {
+  EXPECT_TRUE(FAILED(Activate(OLEIVERB_SHOW, nullptr))) << "neither a site nor a parent";
+  EnterSite();
+  m_site->Leave();
+  EXPECT_TRUE(FAILED(Activate(OLEIVERB_SHOW, m_stage.outlook)));
+  EXPECT_EQ(PageWindow(m_page), nullptr);
   m_object->SetClientSite(nullptr);
-  EXPECT_TRUE(FAILED(m_object->DoVerb(OLEIVERB_SHOW, nullptr, nullptr, 0, nullptr, nullptr)));
-  EXPECT_EQ(m_object->DoVerb(OLEIVERB_SHOW, nullptr, nullptr, 0, m_stage.outlook, nullptr), S_OK);
-  EXPECT_TRUE(IsWindowVisible(Window()));
-
-  m_stage.CloseOutlook();
-  m_container.permits = true;
-  m_object->SetClientSite(&m_container);
-  EXPECT_TRUE(FAILED(m_object->DoVerb(OLEIVERB_SHOW, nullptr, nullptr, 0, nullptr, nullptr)));
-  EXPECT_EQ(m_container.active, 0);
+  EXPECT_EQ(Activate(OLEIVERB_SHOW, m_stage.outlook), S_OK);
+  EXPECT_TRUE(IsWindowVisible(PageWindow(m_page)));
+  m_object->Close(OLECLOSE_NOSAVE);
 }
 
-TEST_F(OptionsPage, WithoutValuesThereIsNoPage) {
-  m_desk.refuses = true;
-  m_desk.loads = false;
-  IDispatch* page = nullptr;
-  EXPECT_ANY_THROW(Make(&page));
-  EXPECT_EQ(page, nullptr);
-  EXPECT_EQ(m_stage.addin.references, 2u);  // held by the other page
+// The page in a container that nobody here wrote: the system's ATL library.
+class PageInAtl : public OptionsPage {
+ protected:
+  // A window of ATL's with a page of its own in it.
+  HWND Open(IDispatchPtr& page) {
+    const HMODULE atl = LoadLibraryW(L"atl.dll");
+    const auto find = [atl](const char* name) {
+      return reinterpret_cast<void*>(GetProcAddress(atl, name));
+    };
+    reinterpret_cast<BOOL(WINAPI*)()>(find("AtlAxWinInit"))();
+    const HWND host =
+        CreateWindowExW(WS_EX_CONTROLPARENT, L"AtlAxWin", nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 380,
+                        330, m_stage.outlook, nullptr, GetModuleHandleW(nullptr), nullptr);
+    page = Make();
+    IUnknownPtr container;  // without being asked for it Wine makes none
+    using Attach = HRESULT(WINAPI*)(IUnknown*, HWND, IUnknown**);
+    EXPECT_EQ(reinterpret_cast<Attach>(find("AtlAxAttachControl"))(page, host, &container), S_OK);
+    return host;
+  }
+};
+
+TEST_F(PageInAtl, MovesWithTheWindowAndAppliesNothingWhenItCloses) {
+  IDispatchPtr page;
+  const HWND host = Open(page);
+  ASSERT_TRUE(IsWindowVisible(PageWindow(page)));
+  for (const SIZE size : {SIZE{300, 200}, SIZE{0, 0}, SIZE{400, 340}}) {
+    SetWindowPos(host, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
+    RECT place = {};
+    GetClientRect(PageWindow(page), &place);
+    EXPECT_EQ(place.right, size.cx);
+    EXPECT_EQ(place.bottom, size.cy);
+  }
+  Choose(ControlOf(page, IDC_OPTIONS_LANGUAGE), kFrench);
+  DestroyWindow(host);
+  EXPECT_EQ(PageWindow(page), nullptr);
+  EXPECT_TRUE(m_desk.applied.empty());
+  EXPECT_TRUE(IsDirty(page));
+}
+
+TEST_F(PageInAtl, TabGoesThroughAllControlsAndRoundAgain) {
+  IDispatchPtr page;
+  const HWND host = Open(page);
+  const HWND first = ControlOf(page, IDC_OPTIONS_LANGUAGE);
+  SetFocus(first);
+  std::set<HWND> visited;
+  do {
+    MSG tab = {GetFocus(), WM_KEYDOWN, VK_TAB, 1, 0, {}};
+    ASSERT_TRUE(IsDialogMessageW(m_stage.outlook, &tab));
+    ASSERT_TRUE(IsChild(PageWindow(page), GetFocus()));
+    ASSERT_TRUE(visited.insert(GetFocus()).second) << "the way round misses where it began";
+  } while (GetFocus() != first);
+  for (const int id : {IDC_OPTIONS_POP_UP, IDC_OPTIONS_POP_UP + 5, IDC_OPTIONS_ABOUT})
+    EXPECT_TRUE(visited.contains(ControlOf(page, id))) << id;
+  DestroyWindow(host);
+}
+
+TEST_F(PageInAtl, OpensTwiceAtOnceAndAgainAfterwards) {
+  IDispatchPtr page;
+  IDispatchPtr other;
+  const HWND host = Open(page);
+  const HWND second = Open(other);
+  Choose(ControlOf(page, IDC_OPTIONS_LANGUAGE), kFrench);
+  EXPECT_TRUE(IsDirty(page));
+  EXPECT_FALSE(IsDirty(other));
+  DestroyWindow(host);
+  EXPECT_TRUE(IsWindowVisible(ControlOf(other, IDC_OPTIONS_LANGUAGE)));
+  const HWND third = Open(page);
+  EXPECT_FALSE(IsDirty(page));
+  DestroyWindow(second);
+  EXPECT_TRUE(IsWindowVisible(PageWindow(page)));
+  DestroyWindow(third);
 }
 
 }  // namespace
