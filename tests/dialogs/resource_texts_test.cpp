@@ -326,34 +326,6 @@ TEST(DialogTemplates, WearTheMessageFont) {
   EXPECT_EQ(font.lfHeight, metrics.lfMessageFont.lfHeight);
 }
 
-std::vector<std::string> Layout(const COpenDialog& dialog) {
-  std::vector<std::string> layout;
-  for (HWND control : dialog.Controls()) {
-    RECT place = {};
-    GetWindowRect(control, &place);
-    MapWindowPoints(nullptr, dialog.Window(), reinterpret_cast<POINT*>(&place), 2);
-    std::string line = std::to_string(GetDlgCtrlID(control));
-    for (const LONG edge : {place.left, place.top, place.right, place.bottom}) {
-      line += ' ' + std::to_string(edge);
-    }
-    layout.push_back(line);
-  }
-  return layout;
-}
-
-TEST(DialogTemplates, HaveTheSameLayoutInEveryLanguage) {
-  CDialogStage stage;
-  for (const int id : kAllDialogs) {
-    stage.Speak(kLanguages[0]);
-    const std::vector<std::string> english = Layout(COpenDialog(stage, id));
-    EXPECT_FALSE(english.empty());
-    for (const Language& language : kLanguages) {
-      stage.Speak(language);
-      EXPECT_EQ(Layout(COpenDialog(stage, id)), english) << language.name << ' ' << id;
-    }
-  }
-}
-
 // The letter that reaches or presses the control with Alt: the one after "&"; for a button without
 // "&" the first letter. NUL if there is none.
 wchar_t AccessKey(HWND control) {
@@ -366,29 +338,50 @@ wchar_t AccessKey(HWND control) {
   return letter;
 }
 
-// The panel is inside the options window, so they share their access keys.
-TEST(DialogTemplates, AccessKeysDiffer) {
+template <typename Check>
+void ForEachDialog(const Check& check) {
   CDialogStage stage;
   for (const Language& language : kLanguages) {
     stage.Speak(language);
-    std::map<int, std::set<wchar_t>> used;
-    for (const int id : kAllDialogs) {
-      const COpenDialog dialog(stage, id);
-      for (HWND control : dialog.Controls()) {
-        const wchar_t key = AccessKey(control);
-        if (key == L'\0') continue;
-        EXPECT_TRUE(used[id == IDD_OPTIONS_PANEL ? IDD_OPTIONS : id].insert(key).second)
-            << Place(language, id, GetDlgCtrlID(control));
-      }
-    }
+    for (const int id : kAllDialogs)
+      check(language, id, COpenDialog(stage, id));
   }
+}
+
+TEST(DialogTemplates, HaveTheSameLayoutInEveryLanguage) {
+  std::map<int, std::string> english;
+  ForEachDialog([&](const Language& language, int id, const COpenDialog& dialog) {
+    std::string layout;
+    for (HWND control : dialog.Controls()) {
+      RECT place = {};
+      GetWindowRect(control, &place);
+      MapWindowPoints(nullptr, dialog.Window(), reinterpret_cast<POINT*>(&place), 2);
+      layout += std::to_string(GetDlgCtrlID(control)) + ':';
+      for (const LONG edge : {place.left, place.top, place.right, place.bottom})
+        layout += ' ' + std::to_string(edge);
+      layout += '\n';
+    }
+    EXPECT_EQ(english.emplace(id, layout).first->second, layout) << language.name << ' ' << id;
+  });
+}
+
+// The panel is inside the options window, so they share their access keys.
+TEST(DialogTemplates, AccessKeysDiffer) {
+  std::set<std::tuple<const char*, int, wchar_t>> used;
+  ForEachDialog([&](const Language& language, int id, const COpenDialog& dialog) {
+    for (HWND control : dialog.Controls()) {
+      const wchar_t key = AccessKey(control);
+      if (key == L'\0') continue;
+      const int window = id == IDD_OPTIONS_PANEL ? IDD_OPTIONS : id;
+      EXPECT_TRUE(used.insert({language.name, window, key}).second)
+          << Place(language, id, GetDlgCtrlID(control));
+    }
+  });
 }
 
 // The tab order goes down the dialog, along a row from left to right, and ends with the buttons.
 TEST(DialogTemplates, TabFollowsTheEye) {
-  CDialogStage stage;
-  for (const int id : kAllDialogs) {
-    const COpenDialog dialog(stage, id);
+  ForEachDialog([](const Language& language, int id, const COpenDialog& dialog) {
     RECT before = {};
     for (HWND control : dialog.Controls()) {
       if ((GetWindowLongPtrW(control, GWL_STYLE) & WS_TABSTOP) == 0) continue;
@@ -396,30 +389,25 @@ TEST(DialogTemplates, TabFollowsTheEye) {
       GetWindowRect(control, &place);
       EXPECT_TRUE(place.top >= before.bottom ||
                   (place.top == before.top && place.left >= before.right))
-          << id << ", control " << GetDlgCtrlID(control);
+          << Place(language, id, GetDlgCtrlID(control));
       before = place;
     }
-  }
+  });
 }
 
 // A screen reader names a field by the label before it, and the label's access key leads to the
 // field.
 TEST(DialogTemplates, EveryFieldFollowsItsLabel) {
-  CDialogStage stage;
-  for (const Language& language : kLanguages) {
-    stage.Speak(language);
-    for (const int id : kAllDialogs) {
-      const COpenDialog dialog(stage, id);
-      HWND before = nullptr;
-      for (HWND control : dialog.Controls()) {
-        const LRESULT code = SendMessageW(control, WM_GETDLGCODE, 0, 0);
-        if ((code & (DLGC_HASSETSEL | DLGC_WANTARROWS)) != 0) {
-          EXPECT_NE(AccessKey(before), L'\0') << Place(language, id, GetDlgCtrlID(control));
-        }
-        before = control;
+  ForEachDialog([](const Language& language, int id, const COpenDialog& dialog) {
+    HWND before = nullptr;
+    for (HWND control : dialog.Controls()) {
+      const LRESULT code = SendMessageW(control, WM_GETDLGCODE, 0, 0);
+      if ((code & (DLGC_HASSETSEL | DLGC_WANTARROWS)) != 0) {
+        EXPECT_NE(AccessKey(before), L'\0') << Place(language, id, GetDlgCtrlID(control));
       }
+      before = control;
     }
-  }
+  });
 }
 
 }  // namespace
