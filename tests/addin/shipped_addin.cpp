@@ -5,15 +5,6 @@
 #include "module/identifiers.h"
 
 namespace quor {
-namespace {
-
-template <typename Function>
-Function* Export(HMODULE module, const char* name) {
-  return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module, name)));
-}
-
-}  // namespace
-
 void CShippedAddinTest::SetUp() {
   ASSERT_EQ(OleInitialize(nullptr), S_OK);
   m_model.emplace();
@@ -25,8 +16,8 @@ void CShippedAddinTest::SetUp() {
   ASSERT_NE(m_dll, nullptr);
   IClassFactory* factory = nullptr;
   using GetClassObject = HRESULT WINAPI(REFCLSID, REFIID, void**);
-  ASSERT_EQ(Export<GetClassObject>(m_dll, "DllGetClassObject")(kAddinClsid, IID_IClassFactory,
-                                                               reinterpret_cast<void**>(&factory)),
+  ASSERT_EQ(Export<GetClassObject>("DllGetClassObject")(kAddinClsid, IID_IClassFactory,
+                                                        reinterpret_cast<void**>(&factory)),
             S_OK);
   ASSERT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, reinterpret_cast<void**>(&m_callbacks)),
             S_OK);
@@ -38,7 +29,7 @@ void CShippedAddinTest::TearDown() {
   EXPECT_EQ(left, 0u);
   EXPECT_TRUE(m_model->HeldFromOutside().empty());
   EXPECT_TRUE(Misuses().empty());
-  EXPECT_EQ(Export<HRESULT WINAPI()>(m_dll, "DllCanUnloadNow")(), S_OK);
+  EXPECT_EQ(Export<HRESULT WINAPI()>("DllCanUnloadNow")(), S_OK);
   FreeLibrary(m_dll);
   m_controls.clear();
   m_model.reset();

@@ -15,6 +15,10 @@ class CShippedAddinTest : public testing::Test {
   void SetUp() override;
   void TearDown() override;
 
+  template <typename Function>
+  Function* Export(const char* name) const {
+    return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(m_dll, name)));
+  }
   IDispatch* Callbacks() const noexcept { return m_callbacks; }
   // A control of the ribbon, as Office hands it over; counted by the model.
   IDispatch* Control(const wchar_t* id);

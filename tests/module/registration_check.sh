@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Registers a COM server DLL with regsvr32, for all users and for the current user only, and
+# Registers the add-in's DLL with regsvr32, for all users and for the current user only, and
 # compares the registry with the expected entries; unregisters it and checks for remains. Then
 # registers it together with the DLL of the other bitness. Needs a Wine prefix in the environment
 # (scripts/lib/wine.sh).
 #
-#   registration_check.sh <a DLL made by quor_com_server> <the same of the other bitness>
+#   registration_check.sh DLL THE_OTHER_BITNESS
 set -euo pipefail
 
 dll=$1
