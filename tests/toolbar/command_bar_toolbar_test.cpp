@@ -14,31 +14,16 @@ using workbench::ControlFace;
 
 class CommandBarToolbar : public testing::Test, public CBarStage {};
 
-std::vector<std::wstring> Captions(const std::vector<ControlFace>& controls) {
-  std::vector<std::wstring> captions;
-  for (const ControlFace& control : controls) {
-    if (control.visible) captions.push_back(control.caption);
-  }
-  return captions;
-}
-
 TEST_F(CommandBarToolbar, HasItsSevenControlsInOrder) {
   Create();
-  const workbench::BarFace bar = Bar();
-  EXPECT_TRUE(bar.visible);
-  EXPECT_THAT(Captions(bar.controls),
-              ElementsAre(L"Dial number", L"Call from line1", L"Call from line2", L"Call from cell",
-                          L"Caller list", L"Speed dial", L"Options"));
-  std::vector<std::wstring> tags;
+  std::vector<std::wstring> captions;
   std::vector<bool> drawn;
-  for (const ControlFace& control : bar.controls) {
-    tags.push_back(control.id);
+  for (const ControlFace& control : Bar().controls) {
+    captions.push_back(control.caption);
     drawn.push_back(control.hasPicture && control.hasMask && control.showsCaption);
-    EXPECT_TRUE(control.enabled) << control.caption.c_str();
   }
-  EXPECT_THAT(tags, ElementsAre(L"Telephone Dial Tag", L"Telephone Line1 Tag",
-                                L"Telephone Line2 Tag", L"Call from Cell Tag", L"Caller List Tag",
-                                L"Speed dial Tag", L"Option Tag"));
+  EXPECT_THAT(captions, ElementsAre(L"Dial number", L"Call from line1", L"Call from line2",
+                                    L"Call from cell", L"Caller list", L"Speed dial", L"Options"));
   EXPECT_THAT(drawn, ElementsAre(false, true, true, false, false, false, true));
 }
 
@@ -64,53 +49,20 @@ TEST_F(CommandBarToolbar, ItsOwnTextIsNoChange) {
   EXPECT_TRUE(actions.Take().empty());
 }
 
-TEST_F(CommandBarToolbar, AHeldCellDisablesTheOthers) {
-  Create();
-  Fill();
-  toolbar.DisableOtherCellItems(1);
-  EXPECT_FALSE(Face({L"Call from cell", L"Cell1"}).enabled);
-  EXPECT_TRUE(Face({L"Call from cell", L"Cell2"}).enabled);
-  toolbar.PutCallFromCellButton();
-  EXPECT_TRUE(Face({L"Call from cell", L"Cell1"}).enabled);
-}
-
-TEST_F(CommandBarToolbar, ComesBackWhereItWas) {
+TEST_F(CommandBarToolbar, FloatsWhereItWasButOnTheScreen) {
   Create();
   bars->MoveBar(kBarName, static_cast<workbench::mso::BarPosition>(kBarIsFloating), 100, 200, 0);
   ToolBarRecord place;
   toolbar.SavePlace(place);
-  EXPECT_EQ(place.read, 1);
-  EXPECT_EQ(place.visible, 1);
   toolbar.Delete();
   Create(place);
   EXPECT_EQ(Bar().position, kBarIsFloating);
   EXPECT_EQ(Bar().left, 100);
   EXPECT_EQ(Bar().top, 200);
-  // Positions on a monitor that is gone.
-  place.left = 99999;
+  place.left = 99999;  // on a monitor that is gone
   toolbar.Delete();
   Create(place);
   EXPECT_LT(Bar().left, GetSystemMetrics(SM_CXSCREEN));
-  // The user hides the bar.
-  bars->ShowBar(kBarName, false);
-  toolbar.SavePlace(place);
-  toolbar.Delete();
-  Create(place);
-  EXPECT_FALSE(Bar().visible);
-}
-
-TEST_F(CommandBarToolbar, LeavesNothingBehind) {
-  Create();
-  Fill();
-  toolbar.Release();
-  EXPECT_TRUE(model.AdvisedSinks().empty());
-  EXPECT_TRUE(model.HeldFromOutside().empty());
-  EXPECT_TRUE(Bar().visible);  // Outlook deletes a temporary bar itself
-  toolbar.Redraw();
-  Fill();
-  ToolBarRecord place;
-  toolbar.SavePlace(place);
-  EXPECT_EQ(place.read, 0);
 }
 
 std::vector<size_t> ItemCounts(const CBarStage& stage) {
@@ -177,31 +129,6 @@ TEST_F(CommandBarToolbar, ShowsTheNewestStateWhenARedrawInterruptsAnother) {
     toolbar.Delete();
     toolbar.Release();
     if (!interrupted) break;
-    ASSERT_LT(call, 2000u);
-  }
-}
-
-// Outlook pumps messages inside any call, and one of them may shut the add-in down.
-TEST_F(CommandBarToolbar, MayBeReleasedInTheMiddleOfAnyCall) {
-  for (uint64_t call = 1;; ++call) {
-    bool released = false;
-    model.AddHook({"*", call, [&] {
-                     toolbar.Release();
-                     released = true;
-                   }});
-    try {
-      Create();
-      Fill();
-      toolbar.Redraw();
-      toolbar.DisableControls();
-    } catch (const _com_error&) {
-    }
-    model.WithdrawAll();
-    toolbar.Release();
-    ASSERT_TRUE(model.HeldFromOutside().empty()) << call;
-    ASSERT_TRUE(model.AdvisedSinks().empty()) << call;
-    ASSERT_TRUE(model.Misuses().empty()) << call;
-    if (!released) break;
     ASSERT_LT(call, 2000u);
   }
 }

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <set>
 
 #include "tests/toolbar/noted_actions.h"
 #include "tests/toolbar/test_owner.h"
@@ -121,23 +120,6 @@ class ContactWindows : public testing::Test,
   std::vector<std::string> m_heldBefore;
 };
 
-TEST_F(ContactWindows, FollowTheTelephone) {
-  const Inspector anna = Open("Anna Lee");
-  const Inspector bob = Open("Bob");
-  EXPECT_FALSE(Face(bob, {kMenu}).enabled);
-  m_state.record = {0, 2, 2, 2, 0, 0, 0};
-  m_state.caller.cidLine = 1;
-  m_windows.Redraw();
-  for (const Inspector& window : {anna, bob}) {
-    EXPECT_TRUE(Face(window, {L"Answer to line1"}).enabled);
-    EXPECT_FALSE(Face(window, {kMenu}).enabled);
-  }
-  m_windows.DisableControls();
-  EXPECT_FALSE(Face(anna, {L"Answer to line1"}).enabled);
-  m_windows.Redraw();
-  EXPECT_TRUE(Face(anna, {L"Answer to line1"}).enabled);
-}
-
 TEST_F(ContactWindows, ReadANumberThatTheUserChanges) {
   const Inspector anna = Open("Anna Lee");
   m_outlook.ChangeContact("Anna Lee", "HomeTelephoneNumber", "777");
@@ -177,55 +159,6 @@ TEST_F(ContactWindows, LeaveOtherItemsAlone) {
   Open("Anna Lee");
   EXPECT_THAT(m_lines, HasSubstr("** Error : contact window failed."));
   EXPECT_TRUE(NothingHeld());
-}
-
-// Office sends a click to every control with the same tag in any window.
-TEST_F(ContactWindows, FiftyAreKeptApartAndLeaveNothing) {
-  std::vector<Inspector> open;
-  std::set<std::wstring> tags;
-  size_t controls = 0;
-  for (int i = 0; i < 50; ++i) {
-    const std::string number = std::to_string(1000 + i);
-    m_outlook.AddCards("Contacts", "BEGIN:VCARD\nVERSION:4.0\nFN:C" + number +
-                                       "\nTEL;TYPE=home:" + number + "\nEND:VCARD\n");
-    open.push_back(Open(("C" + number).c_str()));
-    for (const auto& control : Bars(open.back()).ControlFaces()) {
-      tags.insert(control.id);
-      ++controls;
-      for (const auto& item : control.items) {
-        tags.insert(item.id);
-        ++controls;
-      }
-    }
-  }
-  EXPECT_EQ(controls, 50u * 15u);
-  EXPECT_EQ(tags.size(), controls);
-  for (size_t i = 0; i < open.size(); ++i) {
-    const std::wstring number = std::to_wstring(1000 + i);
-    Click(open[i], {kMenu, L"Home: " + number});
-    EXPECT_THAT(m_actions.Take(), ElementsAre("dial " + AnsiFromWide(number)));
-  }
-  for (const Inspector& window : open)
-    m_outlook.CloseInspector(*window);
-  EXPECT_TRUE(NothingHeld());
-}
-
-TEST_F(ContactWindows, ComeBackWhereTheLastOneWas) {
-  const Inspector anna = Open("Anna Lee");
-  const std::wstring name = m_resources.Text(1054);
-  Bars(anna).MoveBar(name, workbench::mso::kFloating, 300, 200, 0);
-  m_windows.SavePlace();
-  EXPECT_EQ(m_configuration.contactToolBar.left, 300);
-  Bars(anna).ShowBar(name, false);
-  m_outlook.CloseInspector(*anna);
-  EXPECT_EQ(m_configuration.contactToolBar.visible, 0);
-  m_configuration.contactToolBar.visible = 1;
-  const Inspector bob = Open("Bob");
-  const auto bars = Bars(bob).Faces();
-  const auto bar = std::ranges::find(bars, name, &workbench::BarFace::name);
-  ASSERT_NE(bar, bars.end());
-  EXPECT_EQ(bar->left, 300);
-  EXPECT_TRUE(bar->visible);
 }
 
 TEST_F(ContactWindows, CloseAllTakesTheBarsAway) {

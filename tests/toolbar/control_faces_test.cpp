@@ -36,26 +36,12 @@ TEST_F(ControlFaces, CellsAreEnabledByRegistrationAndAvailability) {
   EXPECT_EQ(Faces().Cell(4).caption, L"");
 }
 
-TEST_F(ControlFaces, SpeedDialOffersWhatCanBeDone) {
-  configuration.speedDials = {{L"Anna", L"123"}, {L"", L""}, {L"", L"456"}};
-  EXPECT_EQ(Faces().SpeedDial(0).caption, L"Anna");
-  EXPECT_EQ(Faces().SpeedDial(1).caption, L"#1162");
-  EXPECT_EQ(Faces().SpeedDial(2).caption, L"456");
-  EXPECT_EQ(Faces().SpeedDial(9).caption, L"#1162");
+TEST_F(ControlFaces, EndWithTheTenthEntry) {
+  configuration.callerLists.resize(12);
+  EXPECT_TRUE(Faces().Caller(9).visible);
+  EXPECT_FALSE(Faces().Caller(10).visible);
+  EXPECT_TRUE(Faces().SpeedDial(9).visible);
   EXPECT_FALSE(Faces().SpeedDial(10).visible);
-  for (const auto action : {SpeedDialAction::Call, SpeedDialAction::Edit, SpeedDialAction::Erase}) {
-    EXPECT_TRUE(Faces().SpeedDial(0, action).visible);
-    EXPECT_FALSE(Faces().SpeedDial(1, action).visible);
-  }
-  EXPECT_FALSE(Faces().SpeedDial(0, SpeedDialAction::Add).visible);
-  EXPECT_TRUE(Faces().SpeedDial(1, SpeedDialAction::Add).enabled);
-  EXPECT_EQ(Faces().SpeedDial(1, SpeedDialAction::Add).caption, L"#1171");
-}
-
-TEST_F(ControlFaces, ACallersCaptionIsCutBeforeItsAmpersandsAreDoubled) {
-  configuration.callerLists = {{L"Tom & " + std::wstring(60, L'x'), L"", L""}};
-  EXPECT_EQ(Faces().Caller(0).caption, L"Tom && " + std::wstring(44, L'x'));
-  EXPECT_EQ(MenuCaption(std::wstring(60, L'x')), std::wstring(50, L'x'));
 }
 
 TEST(ToolbarLayout, EveryTagIsUnique) {
@@ -74,25 +60,6 @@ TEST(ToolbarLayout, EveryTagIsUnique) {
     }
   }
   EXPECT_EQ(tags.size(), count);
-}
-
-TEST(CallerMenu, ShowsFiftyUnitsAndHidesTheRest) {
-  FacesFixture fixture;
-  const std::wstring label(49, L'x');
-  fixture.configuration.callerLists = {
-      {label + L"yz", L"", L""},
-      {label + std::wstring{wchar_t{0xD83D}, wchar_t{0xDE00}}, L"", L""},
-      {L"Tom & Co", L"", L""}};
-  EXPECT_EQ(fixture.Faces().Caller(0).caption, label + L"y");
-  EXPECT_EQ(fixture.Faces().Caller(1).caption, label) << "no half character";
-  EXPECT_EQ(fixture.Faces().Caller(2).caption, L"Tom && Co") << "no access key";
-  for (size_t entry = 0; entry < 12; ++entry) {
-    EXPECT_EQ(fixture.Faces().Caller(entry).visible, entry < 3);
-    EXPECT_EQ(fixture.Faces().Caller(entry).enabled, entry < 3);
-  }
-  fixture.configuration.callerLists.resize(12);
-  EXPECT_TRUE(fixture.Faces().Caller(9).visible);
-  EXPECT_FALSE(fixture.Faces().Caller(10).visible);
 }
 
 }  // namespace

@@ -116,20 +116,6 @@ TEST(UserActions, KeepANumberForTheRibbonsLineButton) {
   EXPECT_EQ(user.Sent(), "67");
 }
 
-TEST(UserActions, OfferForANewSpeedDialEntry) {
-  CUserDesk user(kToolbarVersion);
-  user.desk.configuration.speedDials = {{L"Tom", L"45"}};
-  user.actions.ClickSpeedDial(SpeedDialAction::Add, 3);
-  EXPECT_THAT(user.Opened(), ElementsAre("edit 3  offer /"));
-  user.desk.configuration.callerLists = {{L"shown", L"Last Caller", L"01 23"}};
-  user.actions.ClickSpeedDial(SpeedDialAction::Edit, 0);
-  EXPECT_THAT(user.Opened(), ElementsAre("edit 0 Tom offer Last Caller/01 23"));
-  user.selected = {L"Lee, Anna", {{7, L"55-5"}, {10, L"66"}}};
-  user.actions.ClickSpeedDial(SpeedDialAction::Add, 9);
-  user.actions.ClickSpeedDial(SpeedDialAction::Erase, 0);
-  EXPECT_THAT(user.Opened(), ElementsAre("edit 9  offer Lee, Anna/55-5", "erase 0 Tom"));
-}
-
 TEST(UserActions, CellsThatTheMenuDoesNotHaveAreIgnored) {
   CUserDesk user(kToolbarVersion);
   user.desk.SetStates(1, 1, 1);
