@@ -58,27 +58,5 @@ TEST(ComTexts, KeepNulsAndNullIsEmpty) {
   EXPECT_EQ(V_ERROR(&missing), DISP_E_PARAMNOTFOUND);
 }
 
-// Our code relies on this: adopting adds no reference, a copy adds one, a move none.
-TEST(ComPointers, AdoptCopyAndMove) {
-  struct CCounted final : IUnknown {
-    STDMETHODIMP QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references; }
-    STDMETHODIMP_(ULONG) Release() override { return --references; }
-    ULONG references = 1;
-  } counted;
-  {
-    IUnknownPtr adopted(&counted, false);
-    EXPECT_EQ(counted.references, 1u);
-    IUnknownPtr copy = adopted;
-    EXPECT_EQ(counted.references, 2u);
-    copy = copy.GetInterfacePtr();  // to itself
-    EXPECT_EQ(counted.references, 2u);
-    const IUnknownPtr moved = std::exchange(copy, nullptr);
-    EXPECT_EQ(copy, nullptr);
-    EXPECT_EQ(counted.references, 2u);
-  }
-  EXPECT_EQ(counted.references, 0u);
-}
-
 }  // namespace
 }  // namespace quor

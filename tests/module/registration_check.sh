@@ -60,15 +60,19 @@ addin='{DA593EC2-67C4-4602-B30E-3FEC47C1C55A}'
 page='{619B3283-8326-4895-A4F2-E3881DC00D2D}'
 
 expect_registered() {  # the root of the classes, the root of the add-in key
-  local text='REG_SZ    '
+  local text='REG_SZ    ' class key
   expect "$1\\QuorTelephoneToolbar.Addin" "" "${text}Addin Class"
   expect "$1\\QuorTelephoneToolbar.Addin\\CLSID" "" "$text$addin"
   expect "$1\\QuorTelephoneToolbar.Addin\\CurVer" "" "${text}QuorTelephoneToolbar.Addin.1"
   expect "$1\\QuorTelephoneToolbar.Addin.1\\CLSID" "" "$text$addin"
   expect "$1\\CLSID\\$addin" "" "${text}Addin Class"
-  expect "$1\\CLSID\\$addin\\InprocServer32" "" "$text$path"
-  expect "$1\\CLSID\\$addin\\InprocServer32" ThreadingModel "${text}Apartment"
-  exists "$1\\CLSID\\$addin\\Programmable" || { echo "Programmable is missing" >&2; failed=1; }
+  for class in "$addin" "$page"; do
+    expect "$1\\CLSID\\$class\\InprocServer32" "" "$text$path"
+    expect "$1\\CLSID\\$class\\InprocServer32" ThreadingModel "${text}Apartment"
+  done
+  for key in "$addin\\Programmable" "$page\\"{Control,Insertable,Programmable}; do
+    exists "$1\\CLSID\\$key" || { echo "$key is missing" >&2; failed=1; }
+  done
   expect "$1\\QuorTelephoneToolbar.PropPage\\CLSID" "" "$text${page#\{}"
   expect "$1\\CLSID\\$page\\ToolboxBitmap32" "" "$text$path, 102"
   expect "$1\\CLSID\\$page\\MiscStatus\\1" "" "${text}131473"

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-
 #include "resources/resource_ids.h"
 #include "tests/toolbar/faces_fixture.h"
 #include "toolbar/toolbar_layout.h"
@@ -42,24 +40,6 @@ TEST_F(ControlFaces, EndWithTheTenthEntry) {
   EXPECT_FALSE(Faces().Caller(10).visible);
   EXPECT_TRUE(Faces().SpeedDial(9).visible);
   EXPECT_FALSE(Faces().SpeedDial(10).visible);
-}
-
-TEST(ToolbarLayout, EveryTagIsUnique) {
-  std::set<std::wstring> tags;
-  size_t count = 0;
-  const auto add = [&](const std::wstring& tag) { tags.insert(tag), ++count; };
-  for (const ControlLayout& layout : kToolbarLayout)
-    add(layout.tag);
-  for (size_t i = 0; i < 10; ++i) {
-    add(ItemTag(LayoutOf(kCallFromCellControl), i));
-    add(ItemTag(LayoutOf(kCallerListControl), i));
-    add(ItemTag(LayoutOf(kSpeedDialControl), i));
-    for (const auto action : {SpeedDialAction::Call, SpeedDialAction::Add, SpeedDialAction::Edit,
-                              SpeedDialAction::Erase}) {
-      add(SpeedDialItemTag(i, action));
-    }
-  }
-  EXPECT_EQ(tags.size(), count);
 }
 
 }  // namespace
