@@ -15,7 +15,7 @@ constexpr size_t kCellNames = 4;
 constexpr size_t kCellNameSize = 14;
 constexpr size_t kCallNumberOffset = 5;  // start, code, line type, two digits of length
 constexpr char kNumberCharacters[] = "0123456789*#-()";
-constexpr char kDialCharacters[] = "0123456789*#-()pf";  // with pause and flash
+constexpr char kDialCharacters[] = "0123456789*#-()pfPF";  // with pause and flash
 constexpr std::string_view kFolderName = "FolderName=";
 constexpr std::string_view kFirstOfName = "Name[0]: 0x";
 
@@ -55,6 +55,24 @@ std::optional<std::vector<uint8_t>> ReadDump(std::string_view message) {
     bytes.push_back(static_cast<uint8_t>(high << 4 | low));
   }
   return bytes;
+}
+
+struct NumberRun {
+  size_t end = 0;
+  bool isMarked = false;  // a number for sure, however short
+};
+
+// The number that may start at this position of a log line.
+NumberRun NumberAt(std::string_view text, size_t start) {
+  const std::string_view before = text.substr(0, start);
+  const auto endAt = [&](size_t end) { return std::min(end, text.size()); };
+  // A caller's number may contain spaces.
+  if (before.ends_with("Number: ")) return {endAt(text.find(',', start)), true};
+  if (before.ends_with("number = ")) return {endAt(text.find(' ', start)), true};
+  const size_t end = endAt(text.find_first_not_of(kNumberCharacters, start));
+  const bool isDialled = text.substr(start, end - start).find('#') != std::string_view::npos;
+  if (!isDialled) return {end, false};
+  return {endAt(text.find_first_not_of(kDialCharacters, start)), true};
 }
 
 bool Begins(const std::vector<uint8_t>& bytes, uint8_t start, uint8_t code) {
@@ -142,21 +160,18 @@ std::string CMasking::Dump(std::string_view tag, std::vector<uint8_t> bytes) {
 void CMasking::CallerId(std::vector<uint8_t>& bytes) {
   Name(bytes, kCidNameOffset, kCidNameSize);
   const size_t length = std::min<size_t>(bytes[kCidNumberLengthOffset], kCidNumberSize * 2);
-  const auto digit = [&](size_t i) {
+  std::string digits;
+  for (size_t i = 0; i < kCidNumberSize * 2; ++i) {
     const unsigned byte = bytes[kCidNumberOffset + i / 2];
-    return i % 2 == 0 ? byte >> 4U : byte & 0x0FU;
-  };
-  std::string number;
-  for (size_t i = 0; i < length; ++i) {
-    number += kDigitCharacters[digit(i)];
+    digits += kDigitCharacters[i % 2 == 0 ? byte >> 4U : byte & 0x0FU];
   }
-  const std::string masked = Number(number);
-  for (size_t i = 0; i < length; ++i) {
-    const auto digitCode =
-        static_cast<unsigned>(std::string_view(kDigitCharacters).find(masked[i]));
-    uint8_t& byte = bytes[kCidNumberOffset + i / 2];
-    byte = static_cast<uint8_t>(i % 2 == 0 ? (byte & 0x0FU) | digitCode << 4U
-                                           : (byte & 0xF0U) | digitCode);
+  // Digits behind the number may be those of an earlier caller.
+  std::string masked = Number(digits.substr(0, length)) + digits.substr(length);
+  std::replace_if(masked.begin() + static_cast<std::ptrdiff_t>(length), masked.end(), IsDigit, '0');
+  for (size_t i = 0; i < masked.size(); i += 2) {
+    const std::string_view codes = kDigitCharacters;
+    bytes[kCidNumberOffset + i / 2] =
+        static_cast<uint8_t>(codes.find(masked[i]) << 4U | codes.find(masked[i + 1]));
   }
 }
 
@@ -167,21 +182,16 @@ void CMasking::CallRequest(std::vector<uint8_t>& bytes) {
   std::ranges::copy(masked, start);
 }
 
+// Whatever is behind a zero is no part of the name and goes, too.
 void CMasking::Name(std::vector<uint8_t>& bytes, size_t offset, size_t size) {
   const auto start = bytes.begin() + static_cast<std::ptrdiff_t>(offset);
   const auto end = start + static_cast<std::ptrdiff_t>(size);
-  const bool isEmpty =
-      std::all_of(start, end, [](uint8_t byte) { return byte == 0 || byte == ' '; });
-  if (isEmpty) return;
-  const auto [entry, isNew] = m_names.try_emplace(std::string(start, end));
-  if (isNew) entry->second = "NAME" + std::to_string(m_names.size());
-  std::string name = entry->second.substr(0, size);
-  name.resize(size, ' ');
-  std::ranges::copy(name, start);
+  const std::string name(start, std::find(start, end, uint8_t{0}));
+  std::fill(std::ranges::copy(Placeholder(name, size), start).out, end, uint8_t{0});
 }
 
 std::string CMasking::Text(std::string_view text) {
-  std::string masked(text);
+  std::string masked = CellNames(std::string(text));
   if (const size_t at = masked.find(kFirstOfName); at != std::string::npos) {
     const size_t value = at + kFirstOfName.size();
     // The "N" of the placeholder, if the frame has a name.
@@ -189,20 +199,40 @@ std::string CMasking::Text(std::string_view text) {
     if (code != "00" && code != "20") masked.replace(value, 2, "4E");
   }
   for (size_t i = 0; i < masked.size();) {
-    const std::string_view before = std::string_view(masked).substr(0, i);
-    size_t end = std::min(masked.find_first_not_of(kNumberCharacters, i), masked.size());
-    const bool isMarked =
-        before.ends_with("Number: ") || masked.substr(i, end - i).find('#') != std::string::npos;
-    if (isMarked) end = std::min(masked.find_first_not_of(kDialCharacters, i), masked.size());
+    const auto [end, isMarked] = NumberAt(masked, i);
     const std::string run = masked.substr(i, end - i);
     const auto digits = static_cast<size_t>(std::ranges::count_if(run, IsDigit));
-    const bool isHex = before.ends_with("x");
+    const bool isHex = i > 0 && masked[i - 1] == 'x';
     if (!isHex && digits >= (isMarked ? kShortestMarkedNumber : kShortestNumber)) {
       masked.replace(i, run.size(), Number(run));
     }
     i = end + 1;
   }
   return masked;
+}
+
+// "RegInfo: 0x01, Cell1Name: Paul's phone  , Cell2Name: ...": as the masked frame is logged.
+std::string CMasking::CellNames(std::string text) {
+  for (size_t cell = 1; cell <= kCellNames; ++cell) {
+    const auto label = [](size_t number) { return ", Cell" + std::to_string(number) + "Name: "; };
+    size_t start = text.find(label(cell));
+    if (start == std::string::npos) break;
+    start += label(cell).size();
+    const size_t end = std::min(text.find(label(cell + 1), start), text.size());
+    text.replace(start, end - start, Placeholder(text.substr(start, end - start), kCellNameSize));
+  }
+  return text;
+}
+
+// The same for a name with and without trailing spaces; padded to the size. A blank name stays.
+std::string CMasking::Placeholder(const std::string& name, size_t size) {
+  const size_t length = name.find_last_not_of(' ') + 1;
+  if (length == 0) return name;
+  const auto [entry, isNew] = m_names.try_emplace(name.substr(0, length));
+  if (isNew) entry->second = "NAME" + std::to_string(m_names.size());
+  std::string placeholder = entry->second;
+  placeholder.resize(size, ' ');
+  return placeholder;
 }
 
 std::string CMasking::Number(std::string_view text) {

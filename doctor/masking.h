@@ -26,6 +26,8 @@ class CMasking {
   void CallerId(std::vector<uint8_t>& bytes);
   void CallRequest(std::vector<uint8_t>& bytes);
   void Name(std::vector<uint8_t>& bytes, size_t offset, size_t size);
+  std::string CellNames(std::string text);
+  std::string Placeholder(const std::string& name, size_t size);
   std::string Text(std::string_view text);
   // Replaces each digit of the text; the length stays the same.
   std::string Number(std::string_view text);

@@ -25,11 +25,20 @@ TEST(MaskingTest, OneCallerStaysOneCallerInFramesAndText) {
             "Call request Line1 (#0000000001) complete. ( request size: 13 )");
   EXPECT_EQ(masking.Line("Call request Line1 (#110) complete."),
             "Call request Line1 (#002) complete.");
+  // A caller's number with a space, and digits behind it.
+  EXPECT_EQ(
+      masking.Line("[R] (39) 26 03 21 04 00 4C 45 45 20 20 20 20 20 20 20 20 20 20 20 20 08 A5 50 "
+                   "23 41 23 00 00 00 00 00 00 00 01 00 00 03 0D 0A"),
+      "[R] (39) 26 03 21 04 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 08 AA A0 AA A3 AA 00 "
+      "00 00 00 00 00 00 01 00 00 03 0D 0A");
+  EXPECT_EQ(masking.Line("Number: 055 2341, LineTtype: 0x01"), "Number: 000 0003, LineTtype: 0x01");
+  EXPECT_EQ(masking.Line("Contact Data Not Found digit = 4 number = 12P3 entryID = "),
+            "Contact Data Not Found digit = 4 number = 00P4 entryID = ");
   // With a pause, as it is dialled and as it is logged.
   EXPECT_EQ(masking.Line("[S] (12) 2B 32 01 30 36 30 35 35 70 31 32 0D"),
-            "[S] (12) 2B 32 01 30 36 30 30 30 70 30 33 0D");
+            "[S] (12) 2B 32 01 30 36 30 30 30 70 30 35 0D");
   EXPECT_EQ(masking.Line("Call request Line1 (#055p12) complete. ( request size: 9 )"),
-            "Call request Line1 (#000p03) complete. ( request size: 9 )");
+            "Call request Line1 (#000p05) complete. ( request size: 9 )");
 }
 
 TEST(MaskingTest, NamesOfMobilesAndFoldersGo) {
@@ -43,7 +52,13 @@ TEST(MaskingTest, NamesOfMobilesAndFoldersGo) {
                        : " 00 00 00 00 00 00 00 00 00 00 00 00 00 00";
   }
   EXPECT_EQ(masking.Line(frame + " 0D 0A"), expected + " 0D 0A");
-  EXPECT_EQ(masking.Line("FolderName=Smith family\r\n"), "FolderName=FOLDER2\r\n");
+  // The same name in text, with its spaces and without.
+  EXPECT_EQ(
+      masking.Line("RegInfo: 0x0F, Cell1Name: , Cell2Name: Paul's        , Cell3Name: Paul's, "
+                   "Cell4Name: M\xFCller"),
+      "RegInfo: 0x0F, Cell1Name: , Cell2Name: NAME1         , Cell3Name: NAME1         , "
+      "Cell4Name: NAME2         ");
+  EXPECT_EQ(masking.Line("FolderName=Smith family\r\n"), "FolderName=FOLDER3\r\n");
   EXPECT_EQ(CMasking::Paths("C:\\Users\\Mary Smith\\AppData"), "C:\\Users\\USER\\AppData");
   EXPECT_EQ(CMasking::Paths("in c:\\users\\Mary\n\\\\server\\profiles\\MARY\\x, mary\n", "Mary"),
             "in c:\\users\\USER\n\\\\server\\profiles\\USER\\x, mary\n");
