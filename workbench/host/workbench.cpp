@@ -99,21 +99,7 @@ CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
     }
   }
   m_outlook.OpenExplorer();
-  if (options.registerRunning) RegisterRunning();
-}
-
-CWorkbench::~CWorkbench() {
-  if (m_running != 0) RevokeActiveObject(m_running, nullptr);
-}
-
-// Adds a weak entry, without a reference, so that the counts of what the add-in holds stay correct.
-void CWorkbench::RegisterRunning() {
-  CLSID classId;
-  const HRESULT found = CLSIDFromProgID(L"Outlook.Application", &classId);
-  if (FAILED(found) || FAILED(RegisterActiveObject(m_outlook.Application(), classId,
-                                                   ACTIVEOBJECT_WEAK, &m_running))) {
-    throw std::runtime_error("Outlook.Application cannot be entered as running");
-  }
+  if (options.registerRunning) m_running.emplace(m_outlook.Application());
 }
 
 Stage CWorkbench::Stages() {

@@ -1,6 +1,7 @@
 #ifndef QUOR_WORKBENCH_HOST_WORKBENCH_H
 #define QUOR_WORKBENCH_HOST_WORKBENCH_H
 
+#include <optional>
 #include <string>
 
 #include "workbench/host/addin_host.h"
@@ -13,6 +14,7 @@
 #include "workbench/host/office_face.h"
 #include "workbench/host/options_window.h"
 #include "workbench/host/outlook_stage.h"
+#include "workbench/host/running_entry.h"
 #include "workbench/host/screen_stage.h"
 #include "workbench/scenario/options.h"
 #include "workbench/scenario/stage.h"
@@ -25,7 +27,6 @@ class CWorkbench final : IAddInSurroundings {
  public:
   // Throws std::runtime_error with a text for the user, for example if no add-in is registered.
   CWorkbench(const Options& options, CMessageLoop& loop);
-  ~CWorkbench();
   CWorkbench(const CWorkbench&) = delete;
   CWorkbench& operator=(const CWorkbench&) = delete;
 
@@ -45,7 +46,6 @@ class CWorkbench final : IAddInSurroundings {
   void OnAddInGone() override;
   bool HoldsOldSinks() override { return m_outlook.Model().HoldsOldSinks(); }
   void OnConnectSet(bool connect);
-  void RegisterRunning();
 
   RegisteredAddIn m_addIn;
   CApplicationData m_data;
@@ -60,7 +60,7 @@ class CWorkbench final : IAddInSurroundings {
   COutlookStage m_outlookStage;
   CScreenStage m_screenStage;
   CEvidenceStage m_evidenceStage;
-  unsigned long m_running = 0;  // the entry in the running-object table
+  std::optional<CRunningEntry> m_running;
 };
 
 }  // namespace quor::workbench
