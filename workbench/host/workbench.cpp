@@ -79,9 +79,10 @@ CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
       m_outlook(SessionOf(options), m_face),
       m_figureStage(m_outlook.Model(), m_face),
       m_host(m_addIn, loop, *this, m_figureStage),
-      m_instance(
-          m_outlook.AddAddIn({m_addIn.friendlyName, m_addIn.progId, ClassIdText(m_addIn.classId)},
-                             [this](bool connect) { OnConnectSet(connect); })),
+      m_instance(m_outlook.AddAddIn(
+          {m_addIn.friendlyName, m_addIn.progId, ClassIdText(m_addIn.classId)},
+          [this] { return m_host.IsConnected(); },
+          [this](bool connect) { OnConnectSet(connect); })),
       m_options(m_outlook, loop),
       m_baseStage(FolderOf(m_addIn.modulePath), OwnFolder()),
       m_basePanel(m_baseStage),

@@ -161,10 +161,12 @@ void CPropertyPages::Remove(const CArguments& arguments) {
   m_pages.erase(m_pages.begin() + static_cast<std::ptrdiff_t>(position));
 }
 
-CComAddIn::CComAddIn(CSession& session, ComAddInInfo info, std::function<void(bool)> onConnect)
+CComAddIn::CComAddIn(CSession& session, ComAddInInfo info, std::function<bool()> isConnected,
+                     std::function<void(bool)> onConnect)
     : CAutomation(session.Model(), Members()),
       m_session(session),
       m_info(std::move(info)),
+      m_isConnected(std::move(isConnected)),
       m_onConnect(std::move(onConnect)) {}
 
 const CMemberTable& CComAddIn::Members() {
@@ -183,10 +185,7 @@ IDispatch* CComAddIn::AddInObject() const noexcept {
 }
 
 void CComAddIn::SetConnect(const CArguments& arguments) {
-  const bool connected = arguments.Bool(0);
-  if (connected == m_connected) return;
-  m_connected = connected;
-  if (m_onConnect) m_onConnect(connected);
+  m_onConnect(arguments.Bool(0));
 }
 
 CValue CComAddIn::Parent() {
@@ -204,8 +203,10 @@ const CMemberTable& CComAddIns::Members() {
   return table;
 }
 
-CModelPtr<CComAddIn> CComAddIns::AddAddIn(ComAddInInfo info, std::function<void(bool)> onConnect) {
-  m_addIns.push_back(MakeObject<CComAddIn>(m_session, std::move(info), std::move(onConnect)));
+CModelPtr<CComAddIn> CComAddIns::AddAddIn(ComAddInInfo info, std::function<bool()> isConnected,
+                                          std::function<void(bool)> onConnect) {
+  m_addIns.push_back(MakeObject<CComAddIn>(m_session, std::move(info), std::move(isConnected),
+                                           std::move(onConnect)));
   return m_addIns.back();
 }
 

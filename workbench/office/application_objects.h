@@ -90,10 +90,10 @@ struct ComAddInInfo {
 // COMAddIn, passed to OnConnection as the add-in's own instance.
 class CComAddIn final : public CAutomation {
  public:
-  CComAddIn(CSession& session, ComAddInInfo info, std::function<void(bool)> onConnect);
+  CComAddIn(CSession& session, ComAddInInfo info, std::function<bool()> isConnected,
+            std::function<void(bool)> onConnect);
 
   std::string ObjectName() const override { return Utf8FromWide(m_info.progId); }
-  void SetConnected(bool connected) noexcept { m_connected = connected; }
   IDispatch* AddInObject() const noexcept;  // the add-in's Object property; may be null
   const std::wstring& ProgIdText() const noexcept { return m_info.progId; }
 
@@ -107,7 +107,7 @@ class CComAddIn final : public CAutomation {
   void SetDescription(const CArguments& arguments) { m_info.description = arguments.Text(0); }
   CValue ProgId() { return CValue(m_info.progId); }
   CValue Guid() { return CValue(m_info.classId); }
-  bool Connect() { return m_connected; }
+  bool Connect() { return m_isConnected(); }
   void SetConnect(const CArguments& arguments);
   CValue Object() { return CValue(AddInObject()); }
   void SetObject(const CArguments& arguments) { m_object = CValue(arguments.Object(0)); }
@@ -115,8 +115,8 @@ class CComAddIn final : public CAutomation {
 
   CSession& m_session;
   ComAddInInfo m_info;
+  std::function<bool()> m_isConnected;
   std::function<void(bool)> m_onConnect;
-  bool m_connected = false;
   CValue m_object;
 };
 
@@ -124,7 +124,8 @@ class CComAddIn final : public CAutomation {
 class CComAddIns final : public CAutomation {
  public:
   explicit CComAddIns(CSession& session);
-  CModelPtr<CComAddIn> AddAddIn(ComAddInInfo info, std::function<void(bool)> onConnect);
+  CModelPtr<CComAddIn> AddAddIn(ComAddInInfo info, std::function<bool()> isConnected,
+                                std::function<void(bool)> onConnect);
 
  protected:
   void OnGone() noexcept override { m_addIns.clear(); }

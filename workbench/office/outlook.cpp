@@ -81,8 +81,10 @@ COutlook::COutlook(const SessionOptions& options, IOutlookFace& face)
 
 COutlook::~COutlook() = default;
 
-CModelPtr<CComAddIn> COutlook::AddAddIn(ComAddInInfo info, std::function<void(bool)> onConnect) {
-  return m_session->ComAddIns().AddAddIn(std::move(info), std::move(onConnect));
+CModelPtr<CComAddIn> COutlook::AddAddIn(ComAddInInfo info, std::function<bool()> isConnected,
+                                        std::function<void(bool)> onConnect) {
+  return m_session->ComAddIns().AddAddIn(std::move(info), std::move(isConnected),
+                                         std::move(onConnect));
 }
 
 void COutlook::AddCards(const std::string& folder, std::string_view vcards) {

@@ -41,7 +41,8 @@ class COutlook {
   // For OnConnection; borrowed.
   IDispatch* Application() noexcept { return &m_session->Application(); }
   // The entry of the COM add-ins dialog; the add-in's host handles its Object and Connect.
-  CModelPtr<CComAddIn> AddAddIn(ComAddInInfo info, std::function<void(bool)> onConnect);
+  CModelPtr<CComAddIn> AddAddIn(ComAddInInfo info, std::function<bool()> isConnected,
+                                std::function<void(bool)> onConnect);
 
   // Loads the address book, before Outlook starts and therefore without events. Throws
   // CCardError, as AddCards does.
