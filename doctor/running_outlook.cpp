@@ -65,8 +65,8 @@ CObject ActiveOutlook() noexcept {
   IUnknown* unknown = nullptr;
   IDispatch* outlook = nullptr;
   if (FAILED(CLSIDFromProgID(L"Outlook.Application", &classId)) ||
-      FAILED(GetActiveObject(classId, nullptr, &unknown))) {
-    return CObject();
+      FAILED(GetActiveObject(classId, nullptr, &unknown)) || unknown == nullptr) {
+    return CObject();  // no Outlook, or one that is closing
   }
   unknown->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&outlook));
   unknown->Release();
@@ -98,6 +98,8 @@ RunningOutlook LookAtRunningOutlook() {
   const HWND window = FindWindowW(L"rctrl_renwnd32", nullptr);
   running.runs = window != nullptr;
   running.elevated = running.runs && IsElevated(window);
+  // A call into an Outlook that hangs would not return.
+  if (running.runs && IsHungAppWindow(window)) return running;
   const CObject outlook = ActiveOutlook();
   if (!outlook) return running;
   running.runs = true;
