@@ -34,15 +34,22 @@ std::vector<std::wstring> FilesLike(const std::wstring& pattern) {
   return names;
 }
 
-// Opens the file for writing, and writes nothing.
-bool IsWritable(const std::wstring& path) {
-  const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE,
-                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+bool IsDenied(const std::wstring& path, DWORD access) {
+  const HANDLE file =
+      CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                  nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
   // Another error means only that Outlook is saving the file.
-  if (file == INVALID_HANDLE_VALUE) return GetLastError() != ERROR_ACCESS_DENIED;
+  if (file == INVALID_HANDLE_VALUE) return GetLastError() == ERROR_ACCESS_DENIED;
   CloseHandle(file);
-  return true;
+  return false;
+}
+
+// Whether the add-in can save: it writes a new file beside the old one and replaces that.
+bool IsReplaceable(const std::wstring& folder, const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  const bool isReadOnly =
+      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+  return !isReadOnly && !IsDenied(path, DELETE) && !IsDenied(folder, FILE_ADD_FILE);
 }
 
 // Reads the file with the add-in's parser.
@@ -164,7 +171,7 @@ SettingsFile GatherSettings() {
   settings.path = Utf8(path);
   settings.exists = FileExists(path);
   if (settings.exists) {
-    settings.writable = IsWritable(path);
+    settings.writable = IsReplaceable(folder, path);
     ReadSettings(path, settings);
   }
   settings.asideCopies = static_cast<int>(FilesLike(folder + L"vex_cfg.bad*.xml").size());
