@@ -115,12 +115,19 @@ class CExamination {
     }
   }
 
+  bool IsRegistered(Scope scope, int bitness) const {
+    return std::ranges::any_of(m_facts.classes, [&](const ClassRegistration& registration) {
+      return registration.scope == scope && registration.bitness == bitness;
+    });
+  }
+
   void LookAtElevation() {
     if (!m_facts.running.elevated) return;
-    const bool forEverybody = std::ranges::any_of(
-        m_facts.classes,
-        [](const ClassRegistration& registration) { return registration.scope == Scope::Machine; });
-    if (!forEverybody && !m_facts.classes.empty()) Add(FindingKind::ElevatedOutlook);
+    for (const int bitness : Bitnesses()) {
+      if (IsRegistered(Scope::User, bitness) && !IsRegistered(Scope::Machine, bitness)) {
+        Add(FindingKind::ElevatedOutlook);
+      }
+    }
   }
 
   void LookAtLoadBehavior() {
