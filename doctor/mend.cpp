@@ -85,6 +85,15 @@ std::wstring Line(const Change& change) {
   return line;
 }
 
+// The part of a .reg file that restores the present state. Our own key goes again if it is not
+// there yet, because an empty one would take precedence over everybody's.
+std::wstring Section(const Change& change) {
+  const std::wstring key = RootName(change.root) + change.path + L"]\r\n";
+  const bool isNew = !CRegistryKey(change.root, change.path, change.bitness).IsThere();
+  if (isNew && change.path == AddInKeyPath()) return L"[-" + key;
+  return L"[" + key + Line(change) + L"\r\n";
+}
+
 std::wstring BackupPath() {
   wchar_t folder[MAX_PATH] = L"";
   SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, folder);
@@ -99,7 +108,7 @@ std::wstring BackupPath() {
 bool WriteBackup(const std::wstring& path, const std::vector<Change>& changes) {
   std::wstring text = L"\xFEFFWindows Registry Editor Version 5.00\r\n";
   for (const Change& change : changes) {
-    text += L"\r\n[" + (RootName(change.root) + change.path) + L"]\r\n" + Line(change) + L"\r\n";
+    text += L"\r\n" + Section(change);
   }
   const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                   FILE_ATTRIBUTE_NORMAL, nullptr);
