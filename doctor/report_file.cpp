@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <lmcons.h>
+#include <shlobj.h>
 
 #include "doctor/file_facts.h"
 #include "doctor/masking.h"
@@ -23,6 +24,15 @@ std::string UserName() {
   wchar_t name[UNLEN + 1] = L"";
   DWORD size = UNLEN + 1;
   return GetUserNameW(name, &size) ? Utf8(name) : std::string();
+}
+
+// The user's name, and the folder of the profile, which may be named differently.
+std::string WithoutUser(const std::string& text) {
+  wchar_t profile[MAX_PATH] = L"";
+  SHGetFolderPathW(nullptr, CSIDL_PROFILE, nullptr, SHGFP_TYPE_CURRENT, profile);
+  const std::string folder = Utf8(profile);
+  return CMasking::Paths(CMasking::Paths(text, UserName()),
+                         std::string_view(folder).substr(folder.find_last_of('\\') + 1));
 }
 
 // The end of a long log; empty if there is none.
@@ -46,7 +56,7 @@ std::string MaskedLog(const std::wstring& path) {
 bool WriteReportFile(const std::wstring& path, const Facts& facts,
                      const std::vector<Finding>& findings) {
   std::string text;
-  for (const char c : CMasking::Paths(TextReport(facts, findings, Language::English), UserName())) {
+  for (const char c : WithoutUser(TextReport(facts, findings, Language::English))) {
     if (c == '\n') text += '\r';
     text += c;
   }
