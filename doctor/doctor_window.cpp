@@ -1,6 +1,7 @@
 #include "doctor/doctor_window.h"
 
 #include <commdlg.h>
+#include <shlobj.h>
 
 #include <algorithm>
 #include <array>
@@ -24,6 +25,7 @@ struct WindowTexts {
   const wchar_t* ask;
   const wchar_t* mended;
   const wchar_t* notMended;
+  const wchar_t* notSaved;
 };
 
 constexpr std::array<WindowTexts, 3> kTexts = {{
@@ -31,18 +33,21 @@ constexpr std::array<WindowTexts, 3> kTexts = {{
      L"This switches the plug-in on again in Outlook and takes it off Outlook's lists of disabled "
      L"add-ins. Nothing else is changed. Close Outlook first. Go on?",
      L"Done. Start Outlook again. What stood there before is kept in:\n",
-     L"Nothing was changed: the copy of what stands there could not be written."},
+     L"Nothing was changed: the copy of what stands there could not be written.",
+     L"The report could not be saved there. Choose another folder."},
     {L"&Réparer", L"&Examiner de nouveau", L"Enre&gistrer un rapport...", L"Fermer",
      L"Le complément sera réactivé dans Outlook et retiré des listes de compléments désactivés. "
      L"Rien "
      L"d'autre ne change. Fermez d'abord Outlook. Continuer ?",
      L"C'est fait. Redémarrez Outlook. L'état précédent est conservé dans :\n",
-     L"Rien n'a été changé : la copie de l'état actuel n'a pas pu être écrite."},
+     L"Rien n'a été changé : la copie de l'état actuel n'a pas pu être écrite.",
+     L"Le rapport n'a pas pu être enregistré à cet endroit. Choisissez un autre dossier."},
     {L"&Reparar", L"&Mirar de nuevo", L"&Guardar informe...", L"Cerrar",
      L"El complemento se activará de nuevo en Outlook y saldrá de las listas de complementos "
      L"deshabilitados. Nada más cambia. Cierre antes Outlook. ¿Continuar?",
      L"Hecho. Inicie Outlook de nuevo. Lo que había antes queda en:\n",
-     L"No se ha cambiado nada: no se pudo escribir la copia de lo que hay."},
+     L"No se ha cambiado nada: no se pudo escribir la copia de lo que hay.",
+     L"El informe no se pudo guardar ahí. Elija otra carpeta."},
 }};
 
 constexpr wchar_t kTitle[] = L"Telephone Plug-in Doctor";
@@ -67,7 +72,38 @@ class CDoctorWindow {
     SetDlgItemTextW(window, IDC_AGAIN, Texts().again);
     SetDlgItemTextW(window, IDC_REPORT, Texts().report);
     SetDlgItemTextW(window, IDCANCEL, Texts().close);
+    RECT whole;
+    GetWindowRect(window, &whole);
+    m_smallest = {whole.right - whole.left, whole.bottom - whole.top};
+    m_client = ClientSize();
     Look();
+  }
+
+  POINT ClientSize() const {
+    RECT client;
+    GetClientRect(m_window, &client);
+    return {client.right, client.bottom};
+  }
+
+  void Adjust(int id, POINT move, POINT grow) const {
+    const HWND control = GetDlgItem(m_window, id);
+    RECT place;
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, m_window, reinterpret_cast<POINT*>(&place), 2);
+    MoveWindow(control, place.left + move.x, place.top + move.y, place.right - place.left + grow.x,
+               place.bottom - place.top + grow.y, TRUE);
+  }
+
+  // The text fills the window; the buttons stay at its lower edge.
+  void OnSize() {
+    const POINT size = ClientSize();
+    const POINT growth = {size.x - m_client.x, size.y - m_client.y};
+    m_client = size;
+    Adjust(IDC_FINDINGS, {0, 0}, growth);
+    for (const int id : {IDC_MEND, IDC_AGAIN, IDC_REPORT}) {
+      Adjust(id, {0, growth.y}, {0, 0});
+    }
+    Adjust(IDCANCEL, growth, {0, 0});
   }
 
   void Look() {
@@ -94,15 +130,21 @@ class CDoctorWindow {
 
   void SaveReport() {
     wchar_t path[MAX_PATH] = L"telephone-report.txt";
+    wchar_t documents[MAX_PATH] = L"";
+    SHGetFolderPathW(nullptr, CSIDL_PERSONAL, nullptr, SHGFP_TYPE_CURRENT, documents);
     OPENFILENAMEW question = {};
     question.lStructSize = sizeof question;
     question.hwndOwner = m_window;
     question.lpstrFile = path;
     question.nMaxFile = MAX_PATH;
+    question.lpstrFilter = L"*.txt\0*.txt\0";
+    question.lpstrInitialDir = documents;
     question.lpstrDefExt = L"txt";
     question.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
     if (!GetSaveFileNameW(&question)) return;
-    if (!WriteReportFile(path, m_facts, m_findings)) MessageBeep(MB_ICONWARNING);
+    if (!WriteReportFile(path, m_facts, m_findings)) {
+      MessageBoxW(m_window, Texts().notSaved, kTitle, MB_OK | MB_ICONWARNING);
+    }
   }
 
   int ExitCode() const {
@@ -127,19 +169,35 @@ class CDoctorWindow {
         SetFocus(GetDlgItem(window, IDCANCEL));
         return FALSE;
       }
-      if (message == WM_COMMAND) {
-        reinterpret_cast<CDoctorWindow*>(GetWindowLongPtrW(window, DWLP_USER))
-            ->OnCommand(LOWORD(first));
-        return TRUE;
-      }
+      auto* self = reinterpret_cast<CDoctorWindow*>(GetWindowLongPtrW(window, DWLP_USER));
+      if (self == nullptr) return FALSE;
+      return self->OnMessage(message, first, second);
     } catch (const std::exception&) {
       EndDialog(window, 2);  // out of memory
     }
     return FALSE;
   }
 
+  BOOL OnMessage(UINT message, WPARAM first, LPARAM second) {
+    switch (message) {
+      case WM_COMMAND:
+        OnCommand(LOWORD(first));
+        return TRUE;
+      case WM_SIZE:
+        if (first != SIZE_MINIMIZED) OnSize();
+        return TRUE;
+      case WM_GETMINMAXINFO:
+        reinterpret_cast<MINMAXINFO*>(second)->ptMinTrackSize = m_smallest;
+        return TRUE;
+      default:
+        return FALSE;
+    }
+  }
+
   Language m_language;
   HWND m_window = nullptr;
+  POINT m_smallest = {};  // size of the whole window
+  POINT m_client = {};    // size of the client area as the controls fill it
   Facts m_facts;
   std::vector<Finding> m_findings;
 };
