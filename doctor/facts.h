@@ -79,7 +79,7 @@ struct SettingsFile {
   std::string path;
   bool exists = false;
   bool readable = true;  // well-formed
-  bool writable = true;
+  bool writable = true;  // the add-in can replace it
   int asideCopies = 0;
   bool logIsOn = false;
   std::string newestLog;  // path; empty: none
@@ -94,6 +94,7 @@ struct RunningOutlook {
 
 struct Facts {
   std::string windows;
+  int windowsBitness = 0;
   std::vector<OutlookInstall> outlooks;
   bool newOutlookInstalled = false;
   bool newOutlookChosen = false;  // the user has switched to it

@@ -146,11 +146,11 @@ constexpr std::array<Entry, kKinds> kEntries = {{
        {"Outlook ({0}.0) atribuye un cierre inesperado al complemento.",
         "Cierre Outlook y repárelo aquí; si vuelve a ocurrir, envíe un informe."}}}},
     {"kept",
-     {{{"Outlook ({0}.0) keeps the plug-in enabled although it once complained (reason {1}).",
+     {{{"Outlook ({0}.0) keeps the plug-in enabled although it once complained (reason: {1}).",
         "Nothing needs to be done."},
-       {"Outlook ({0}.0) garde le complément activé malgré un reproche passé (raison {1}).",
+       {"Outlook ({0}.0) garde le complément activé malgré un reproche passé (raison : {1}).",
         "Il n'y a rien à faire."},
-       {"Outlook ({0}.0) mantiene habilitado el complemento pese a una queja anterior (motivo "
+       {"Outlook ({0}.0) mantiene habilitado el complemento pese a una queja anterior (motivo: "
         "{1}).",
         "No hay que hacer nada."}}}},
     {"policy-off",

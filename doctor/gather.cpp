@@ -32,11 +32,17 @@ std::wstring PolicyPath(int version) {
 }
 
 std::string WindowsVersion() {
+  constexpr int kFirstBuildOf11 = 22000;
   const CRegistryKey key(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\Windows NT\\CurrentVersion",
                          RegistryViews().front());
-  return Utf8(key.Text(L"ProductName").value_or(L"Windows") + L", " +
-              key.Text(L"CurrentBuild").value_or(L"?") + L", " +
-              std::to_wstring(RegistryViews().front()) + L"-bit");
+  std::wstring name = key.Text(L"ProductName").value_or(L"Windows");
+  const std::wstring build = key.Text(L"CurrentBuild").value_or(L"?");
+  // Windows 11 still calls itself 10 here.
+  const size_t ten = name.find(L"Windows 10");
+  if (ten != std::wstring::npos && _wtoi(build.c_str()) >= kFirstBuildOf11) {
+    name.replace(ten, 10, L"Windows 11");
+  }
+  return Utf8(name + L", " + build);
 }
 
 int BitnessOf(const std::wstring& path) {
@@ -223,6 +229,7 @@ bool MeansAddIn(const std::wstring& valueName, const std::vector<uint8_t>& data)
 Facts Gather() {
   Facts facts;
   facts.windows = WindowsVersion();
+  facts.windowsBitness = RegistryViews().front();
   facts.outlooks = GatherOutlooks();
   GatherAppOutlooks(facts);
   GatherRegistration(facts);

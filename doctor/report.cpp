@@ -11,6 +11,8 @@ using Words = std::array<const char*, 3>;
 constexpr Words kWell = {"Nothing stands in the telephone's way.", "Rien ne s'oppose au téléphone.",
                          "Nada impide el funcionamiento."};
 constexpr Words kLookedAt = {"What was looked at", "Ce qui a été examiné", "Lo que se ha mirado"};
+constexpr Words kColon = {":", " :", ":"};
+constexpr Words kBits = {"-bit", " bits", " bits"};
 constexpr Words kYes = {"yes", "oui", "sí"};
 constexpr Words kNo = {"no", "non", "no"};
 constexpr Words kOn = {"on", "activé", "activado"};
@@ -39,17 +41,21 @@ class CTextReport {
   const char* YesNo(bool yes) const { return Word(yes ? kYes : kNo); }
   const char* ForWhom(Scope scope) const { return Word(scope == Scope::User ? kUser : kEverybody); }
 
+  std::string Bits(int bitness) const {
+    return (bitness == 0 ? "?" : std::to_string(bitness)) + Word(kBits);
+  }
+
   void Line(const std::string& line) { m_text += line + "\n"; }
+  // A line of what was looked at.
+  void Fact(const std::string& what, const std::string& value) {
+    Line("  " + what + Word(kColon) + " " + value);
+  }
   std::string Take() { return std::move(m_text); }
 
  private:
   size_t m_language;
   std::string m_text;
 };
-
-std::string Bits(int bitness) {
-  return bitness == 0 ? "?-bit" : std::to_string(bitness) + "-bit";
-}
 
 void AddFindings(CTextReport& report, const std::vector<Finding>& findings, Language language) {
   if (findings.empty()) report.Line(report.Word(kWell));
@@ -66,10 +72,10 @@ std::string Milliseconds(const std::optional<uint32_t>& time) {
 
 void AddBases(CTextReport& report, const Facts& facts) {
   if (!facts.bases) return;
-  const std::string start = std::string("  ") + report.Word(kBase) + ": ";
-  if (facts.bases->empty()) report.Line(start + report.Word(kNone));
-  for (const UsbBase& base : *facts.bases) {
-    report.Line(start + base.description + ", " + report.Word(base.isFree ? kFree : kInUse));
+  const char* base = report.Word(kBase);
+  if (facts.bases->empty()) report.Fact(base, report.Word(kNone));
+  for (const UsbBase& each : *facts.bases) {
+    report.Fact(base, each.description + ", " + report.Word(each.isFree ? kFree : kInUse));
   }
 }
 
@@ -77,45 +83,52 @@ void AddSessions(CTextReport& report, const Facts& facts) {
   if (facts.sessions.empty()) return;
   report.Line(std::string("  ") + report.Word(kWaited) + " (" + report.Word(kLimits) + " " +
               std::to_string(kStartLimit) + ", " + std::to_string(kFolderSwitchLimit) + ", " +
-              std::to_string(kShutdownLimit) + "):");
+              std::to_string(kShutdownLimit) + ")" + report.Word(kColon));
   for (const SessionTimes& session : facts.sessions) {
-    report.Line("    " + session.began + ": " + Milliseconds(session.start) + ", " +
-                Milliseconds(session.folderSwitch) + ", " + Milliseconds(session.shutdown));
+    report.Fact("  " + session.began, Milliseconds(session.start) + ", " +
+                                          Milliseconds(session.folderSwitch) + ", " +
+                                          Milliseconds(session.shutdown));
+  }
+}
+
+void AddRegistration(CTextReport& report, const Facts& facts, Language language) {
+  for (const ClassRegistration& registration : facts.classes) {
+    report.Fact(std::string(report.Word(kPlugIn)) + ", " + report.Bits(registration.bitness) +
+                    ", " + report.ForWhom(registration.scope),
+                registration.path + " " + registration.fileVersion);
+  }
+  for (const AddInKey& key : facts.addInKeys) {
+    report.Fact(std::string("LoadBehavior, ") + report.ForWhom(key.scope),
+                key.loadBehavior ? std::to_string(*key.loadBehavior) + " (" +
+                                       LoadBehaviorInWords(*key.loadBehavior, language) + ")"
+                                 : report.Word(kNone));
   }
 }
 
 void AddFacts(CTextReport& report, const Facts& facts, Language language) {
   report.Line("");
-  report.Line(std::string(report.Word(kLookedAt)) + ":");
-  report.Line("  " + facts.windows);
+  report.Line(std::string(report.Word(kLookedAt)) + report.Word(kColon));
+  report.Line("  " + facts.windows + ", " + report.Bits(facts.windowsBitness));
   for (const OutlookInstall& outlook : facts.outlooks) {
-    report.Line("  Outlook " + std::to_string(outlook.version) + ".0, " + Bits(outlook.bitness) +
-                ", " + outlook.fileVersion + ", " + outlook.path);
+    report.Line("  Outlook " + std::to_string(outlook.version) + ".0, " +
+                report.Bits(outlook.bitness) + ", " +
+                (outlook.fileVersion.empty() ? "" : outlook.fileVersion + ", ") + outlook.path);
   }
-  for (const ClassRegistration& registration : facts.classes) {
-    report.Line(std::string("  ") + report.Word(kPlugIn) + ", " + Bits(registration.bitness) +
-                ", " + report.ForWhom(registration.scope) + ": " + registration.path + " " +
-                registration.fileVersion);
-  }
-  for (const AddInKey& key : facts.addInKeys) {
-    report.Line(std::string("  LoadBehavior, ") + report.ForWhom(key.scope) + ": " +
-                (key.loadBehavior ? std::to_string(*key.loadBehavior) + " (" +
-                                        LoadBehaviorInWords(*key.loadBehavior, language) + ")"
-                                  : report.Word(kNone)));
-  }
+  AddRegistration(report, facts, language);
   for (const UsbLibrary& library : facts.libraries) {
-    report.Line("  SiUSBXp.dll, " + Bits(library.bitness) + ": " +
-                (library.path.empty() ? report.Word(kNone) : library.path));
+    report.Fact("SiUSBXp.dll, " + report.Bits(library.bitness),
+                library.path.empty() ? report.Word(kNone) : library.path);
   }
   AddBases(report, facts);
-  report.Line(std::string("  ") + report.Word(kSettings) + ": " + facts.settings.path +
-              (facts.settings.exists ? "" : std::string(", ") + report.Word(kNone)));
-  report.Line(std::string("  ") + report.Word(kLog) + ": " +
-              report.Word(facts.settings.logIsOn ? kOn : kOff) + " " + facts.settings.newestLog);
-  report.Line(std::string("  ") + report.Word(kRuns) + ": " + report.YesNo(facts.running.runs));
+  report.Fact(
+      report.Word(kSettings),
+      facts.settings.path + (facts.settings.exists ? "" : std::string(", ") + report.Word(kNone)));
+  report.Fact(report.Word(kLog),
+              report.Word(facts.settings.logIsOn ? kOn : kOff) +
+                  (facts.settings.newestLog.empty() ? "" : ", " + facts.settings.newestLog));
+  report.Fact(report.Word(kRuns), report.YesNo(facts.running.runs));
   if (facts.running.answers) {
-    report.Line(std::string("  ") + report.Word(kLoaded) + ": " +
-                report.YesNo(facts.running.connected.value_or(false)));
+    report.Fact(report.Word(kLoaded), report.YesNo(facts.running.connected.value_or(false)));
   }
   AddSessions(report, facts);
 }
@@ -283,6 +296,7 @@ std::string JsonReport(const Facts& facts, const std::vector<Finding>& findings,
   json.Open('{');
   AddFindings(json, findings, language);
   json.TextAt("windows", facts.windows);
+  json.NumberAt("windowsBitness", facts.windowsBitness);
   AddOutlooks(json, facts);
   AddRegistration(json, facts);
   AddLibraries(json, facts);

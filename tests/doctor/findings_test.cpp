@@ -19,6 +19,7 @@ using testing::IsEmpty;
 Facts WellFacts() {
   Facts facts;
   facts.windows = "Windows 10";
+  facts.windowsBitness = 64;
   facts.outlooks = {{16, 64, "C:\\Office\\OUTLOOK.EXE", "16.0.1.0"}};
   for (const int bitness : {64, 32}) {
     facts.classes.push_back(
@@ -69,8 +70,7 @@ TEST(FindingsTest, EachFaultIsFoundAlone) {
        }},
       {"elevated-outlook",
        [](Facts& f) {
-         for (ClassRegistration& each : f.classes)
-           each.scope = Scope::User;
+         f.classes[0].scope = Scope::User;  // the other bitness is for all users
          f.running.elevated = true;
        }},
       {"not-at-start", [](Facts& f) { f.addInKeys[0].loadBehavior.reset(); }},
@@ -133,9 +133,10 @@ TEST(FindingTextsTest, EachFindingHasItsSentencesInEachLanguage) {
     }
     EXPECT_EQ(sentences.size(), 3u) << Name(static_cast<FindingKind>(kind));
   }
-  EXPECT_EQ(InWords({FindingKind::Kept, {"16", "8"}}, Language::French).what,
-            "Outlook (16.0) garde le complément activé malgré un reproche passé (raison fermeture "
-            "lente).");
+  EXPECT_EQ(
+      InWords({FindingKind::Kept, {"16", "8"}}, Language::French).what,
+      "Outlook (16.0) garde le complément activé malgré un reproche passé (raison : fermeture "
+      "lente).");
 }
 
 TEST(ReportTest, TellsFindingsThenFacts) {
@@ -147,7 +148,7 @@ TEST(ReportTest, TellsFindingsThenFacts) {
                                   "list of COM add-ins.\n"
                                   "\n"
                                   "What was looked at:\n"
-                                  "  Windows 10\n"
+                                  "  Windows 10, 64-bit\n"
                                   "  Outlook 16.0, 64-bit, 16.0.1.0, C:\\Office\\OUTLOOK.EXE\n"));
   const std::string json = JsonReport(facts, Examine(facts), Language::English);
   EXPECT_THAT(json, testing::StartsWith(R"({"findings":[{"name":"switched-off",)"));
