@@ -15,8 +15,9 @@ policies='Software\Policies\Microsoft\Office\16.0\Outlook'
 class='Software\Classes\CLSID\{DA593EC2-67C4-4602-B30E-3FEC47C1C55A}\InprocServer32'
 
 reg() { wine reg "$@" </dev/null >/dev/null 2>&1; }
-findings() { wine "$doctor" --json </dev/null 2>/dev/null |
-  python3 -c 'import json, sys; print(*[finding["name"] for finding in json.load(sys.stdin)["findings"]])'; }
+findings() { wine "$doctor" --json </dev/null 2>/dev/null | { python3 -c \
+  'import json, sys; print(*[finding["name"] for finding in json.load(sys.stdin)["findings"]])' 2>/dev/null ||
+  echo "no answer"; } }
 expect() {  # findings, what was planted
   local found
   found=$(findings)
@@ -36,6 +37,12 @@ expect_code() {  # code, arguments
   [[ $code == "$1" ]] || { echo "doctor ${*:2}: expected exit code $1, found $code" >&2; failed=1; }
 }
 
+register() {  # x86|x64, arguments
+  local system=system32
+  [[ $1 == x86 ]] && system=syswow64
+  wine "C:\\windows\\$system\\regsvr32.exe" /s "${@:2}" "C:\\Plug-in\\$1\\QuorTelephoneToolbar.dll" </dev/null >/dev/null 2>&1
+}
+
 # A 64-bit Outlook: any 64-bit program of that name.
 mkdir -p "$drive/Office" "$drive/Plug-in/x86" "$drive/Plug-in/x64"
 cp "$drive/windows/system32/notepad.exe" "$drive/Office/OUTLOOK.EXE"
@@ -44,9 +51,8 @@ cp "$dll64" "$drive/Plug-in/x64/QuorTelephoneToolbar.dll"
 reg add "HKLM\\$office\\InstallRoot" /v Path /d 'C:\Office\' /f /reg:64
 expect "not-registered" "nothing installed"
 expect_code 1 --text
-for each in 'syswow64 x86' 'system32 x64'; do
-  wine "C:\\windows\\${each% *}\\regsvr32.exe" /s "C:\\Plug-in\\${each#* }\\QuorTelephoneToolbar.dll" </dev/null >/dev/null 2>&1
-done
+register x86
+register x64
 expect "library-missing" "registered"
 cp "$library" "$drive/Plug-in/x64/SiUSBXp.dll"
 expect "" "all well"
@@ -56,6 +62,9 @@ expect_code 2 --nonsense
 expect_code 64 --library 'C:\Plug-in\x64\SiUSBXp.dll'
 expect_code 1 --library 'C:\Office\OUTLOOK.EXE'
 expect_code 2 --library 'C:\nowhere.dll'
+reg delete "HKLM\\$addin" /f /reg:64
+expect key-missing "no entry for Outlook"
+register x64
 
 # The library in the system folder of 64-bit programs, which a 32-bit program sees elsewhere.
 mv "$drive/Plug-in/x64/SiUSBXp.dll" "$drive/windows/system32/"
@@ -83,21 +92,34 @@ BASES=1 BASES_OPEN=8 expect "base-in-use" "a base that another program uses"
 for view in 32 64; do
   reg add 'HKLM\Software\Classes\Outlook.Application\CLSID' /ve /d '{0006F03A-0000-0000-C000-000000000046}' /f "/reg:$view"
 done
-while_outlook_runs() {  # scenario, findings, what: checks doctor's findings while the workbench plays the scenario
-  printf '%s\n' "$1" 'wait 30000' >"$drive/running.scn"
-  wine "$workbench" --register-running --quiet 'C:\running.scn' </dev/null >/dev/null 2>&1 &
-  local outlook=$! found='' try
+while_outlook_runs() {  # scenario, findings, what, add-in: looks while the workbench plays the scenario
+  printf '%s\n' "$1" 'wait 60000' 'wait 60000' >"$drive/running.scn"
+  wine "$workbench" --register-running --quiet --addin "${4:-QuorTelephoneToolbar.Addin}" 'C:\running.scn' </dev/null >/dev/null 2>&1 &
+  local outlook=$! try
   for try in $(seq 20); do
-    found=$(BASES=1 BASES_OPEN=8 findings 2>/dev/null)
-    [[ $found == "$2" ]] && break
+    [[ $(findings) == "$2" ]] && break
     sleep 0.5
   done
-  [[ $found == "$2" ]] || { echo "$3: expected '$2', found '$found'" >&2; failed=1; }
+  expect "$2" "$3"
   kill "$outlook" 2>/dev/null
   wait "$outlook" 2>/dev/null
 }
+export BASES=1 BASES_OPEN=8
 while_outlook_runs "" "base-in-use not-connected" "Outlook without the plug-in"
 while_outlook_runs "start" "" "Outlook with the plug-in, which uses the base"
+export BASES_OPEN=0
+# An Outlook that knows another add-in only.
+mkdir -p "$drive/Other"
+other='Software\Classes\CLSID\{0C0F2D4A-55A1-4D0B-8F0C-7B0A4C2E9D11}'
+reg add "HKLM\\${addin%\\*}\\Other.Addin" /v LoadBehavior /t REG_DWORD /d 3 /f /reg:64
+reg add 'HKLM\Software\Classes\Other.Addin\CLSID' /ve /d "${other##*\\}" /f /reg:64
+reg add "HKLM\\$other\\InprocServer32" /ve /d 'C:\Other\other.dll' /f /reg:64
+while_outlook_runs "" not-among-add-ins "Outlook that does not know the plug-in" Other.Addin
+# Under Wine every program is elevated, and both views share the user's classes.
+for each in x86 x64; do register $each /u; register $each /n /i:user; done
+while_outlook_runs "" "leftover elevated-outlook not-among-add-ins" "an elevated Outlook, the plug-in for the user only" Other.Addin
+for each in x86 x64; do register $each /u /n /i:user; register $each; done
+reg delete "HKLM\\${addin%\\*}\\Other.Addin" /f /reg:64
 rm "$drive/Plug-in/x86/SiUSBXp.dll"
 # A killed run has redirected the application data; the next run restores it.
 echo 'say "Nothing runs."' >"$drive/running.scn"
@@ -169,9 +191,13 @@ for day in 1 2 3 4 5; do
 done >"$settings/vex_times.txt"
 expect slow "five slow starts"
 expect_code 0 --text
-[[ $(wine "$doctor" --text --language fr </dev/null 2>/dev/null) == *"2026-01-05 08:00:00: 1200, -, 20"* ]] ||
+[[ $(wine "$doctor" --text --language fr </dev/null 2>/dev/null) == *"2026-01-05 08:00:00 : 1200, -, 20"* ]] ||
   { echo "the times are not shown" >&2; failed=1; }
 rm "$settings/vex_times.txt"
+echo '<Root/>' >"$settings/vex_cfg.xml"
+chmod a-w "$settings/vex_cfg.xml"
+expect settings-read-only "a settings file that is read-only"
+chmod u+w "$settings/vex_cfg.xml"
 echo '<Root><System>' >"$settings/vex_cfg.xml"
 expect settings-unreadable "a settings file that is cut off"
 mv "$settings/vex_cfg.xml" "$settings/vex_cfg.bad.xml"
