@@ -91,7 +91,7 @@ class CDoctorWindow {
     GetWindowRect(control, &place);
     MapWindowPoints(nullptr, m_window, reinterpret_cast<POINT*>(&place), 2);
     MoveWindow(control, place.left + move.x, place.top + move.y, place.right - place.left + grow.x,
-               place.bottom - place.top + grow.y, TRUE);
+               place.bottom - place.top + grow.y, FALSE);
   }
 
   // The text fills the window; the buttons stay at its lower edge.
@@ -104,6 +104,7 @@ class CDoctorWindow {
       Adjust(id, {0, growth.y}, {0, 0});
     }
     Adjust(IDCANCEL, growth, {0, 0});
+    RedrawWindow(m_window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
   }
 
   void Look() {
