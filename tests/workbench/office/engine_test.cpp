@@ -79,5 +79,21 @@ TEST_F(CEngineTest, ConnectionPointsKeepTheRules) {
   EXPECT_THAT(sink.heard, IsEmpty());
 }
 
+TEST_F(CEngineTest, SinksMayLeaveDuringAnEvent) {
+  Start();
+  const CRemote items = Contacts().Object(L"Items");
+  CTestSink sinks[] = {CTestSink(kItemsEventsId), CTestSink(kItemsEventsId)};
+  DWORD cookies[2] = {};
+  for (int i = 0; i < 2; ++i)
+    ASSERT_EQ(Advise(items, kItemsEventsId, sinks[i], cookies[i]), S_OK);
+  sinks[0].during = [&](const DISPPARAMS&) {
+    Unadvise(items, kItemsEventsId, cookies[1]);
+    Unadvise(items, kItemsEventsId, cookies[0]);
+  };
+  Outlook().DeleteContact("Bob");
+  EXPECT_THAT(sinks[0].heard, ElementsAre("F003"));
+  EXPECT_THAT(sinks[1].heard, IsEmpty());
+}
+
 }  // namespace
 }  // namespace quor::workbench

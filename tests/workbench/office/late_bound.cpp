@@ -74,6 +74,7 @@ STDMETHODIMP CTestSink::Invoke(DISPID event, REFIID iid, LCID, WORD flags, DISPP
   for (UINT i = parameters->cArgs; i-- > 0;)
     note += ' ' + Summary(parameters->rgvarg[i]);
   heard.push_back(note);
+  if (during) during(*parameters);
   return S_OK;
 }
 

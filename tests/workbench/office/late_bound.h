@@ -1,6 +1,7 @@
 #ifndef QUOR_TESTS_WORKBENCH_OFFICE_LATE_BOUND_H
 #define QUOR_TESTS_WORKBENCH_OFFICE_LATE_BOUND_H
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -48,11 +49,12 @@ class CRemote {
   IDispatch* m_object = nullptr;
 };
 
-// A sink that records its events, such as "F001(object)".
+// A sink that records its events, such as "F001(object)", and can run an action inside them.
 class CTestSink final : public CDispatchDouble {
  public:
   explicit CTestSink(REFIID events) : m_events(events) {}
   std::vector<std::string> heard;
+  std::function<void(const DISPPARAMS&)> during;
 
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
     return CDispatchDouble::QueryInterface(iid == m_events ? IID_IDispatch : iid, object);

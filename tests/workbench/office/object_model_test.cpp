@@ -132,5 +132,22 @@ TEST_F(CObjectModelTest, OnlyPublishedMembersHaveAnId) {
   EXPECT_THROW(CMemberTable("Type", L"_Nothing", nullptr, {}), std::logic_error);
 }
 
+TEST_F(CObjectModelTest, ANewInspectorIsActivatedAfterItsEvent) {
+  const IID inspectorEvents = PublishedInterface(L"InspectorEvents");
+  Start();
+  const CRemote inspectors = App().Object(L"Inspectors");
+  CTestSink all(PublishedInterface(L"InspectorsEvents"));
+  CTestSink own(inspectorEvents);
+  CRemote inspector;
+  DWORD cookie = 0;
+  ASSERT_EQ(Advise(inspectors, PublishedInterface(L"InspectorsEvents"), all, cookie), S_OK);
+  all.during = [&](const DISPPARAMS& arguments) {
+    inspector = CRemote(V_DISPATCH(&arguments.rgvarg[0]));
+    ASSERT_EQ(Advise(inspector, inspectorEvents, own, cookie), S_OK);
+  };
+  ASSERT_TRUE(Outlook().OpenInspector("Lee, Anna"));
+  EXPECT_THAT(own.heard, ElementsAre("F001"));
+}
+
 }  // namespace
 }  // namespace quor::workbench
