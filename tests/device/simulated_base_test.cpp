@@ -14,35 +14,9 @@ class CSimulatedBaseTest : public ::testing::Test {
     m_base.SetTimeouts(3000, 3000);
   }
 
-  // Result of one SI_Read: "status: bytes".
-  std::string Read(uint32_t wanted) {
-    std::vector<uint8_t> buffer(wanted);
-    uint32_t read = 0;
-    const int status = m_base.Read(m_handle, buffer.data(), wanted, &read);
-    return std::to_string(status) + ": " + Hex(std::span(buffer).first(read));
-  }
-  uint32_t Queued() {
-    uint32_t queued = 0, status = 0;
-    m_base.CheckRxQueue(m_handle, &queued, &status);
-    EXPECT_EQ(status, queued == 0 ? kSiRxEmpty : kSiRxReady);
-    return queued;
-  }
-
   CBaseSimulator m_base;
   void* m_handle = nullptr;
 };
-
-TEST_F(CSimulatedBaseTest, PiecesArriveWhileAReadWaits) {
-  m_base.Queue(Bytes("01 02"));
-  m_base.Queue(Bytes("03"), 2000);
-  m_base.Queue(Bytes("04"), 2000);
-  EXPECT_EQ(Queued(), 2U);
-  EXPECT_EQ(Read(3), "0: 01 02 03");
-  EXPECT_EQ(m_base.Now(), 2000U);
-  EXPECT_EQ(Queued(), 0U);
-  m_base.Advance(2000);
-  EXPECT_EQ(Queued(), 1U);
-}
 
 TEST_F(CSimulatedBaseTest, RefusesRequestsTheLibraryRefuses) {
   uint8_t buffer[1] = {};

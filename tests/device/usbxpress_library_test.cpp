@@ -1,5 +1,4 @@
-// Loads and binds SiUSBXp.dll for real, with the simulated libraries in its place, and runs one
-// session of the link through it.
+// Loads and binds SiUSBXp.dll for real, with the simulated old library in its place.
 #include "device/usbxpress_library.h"
 
 #include <gtest/gtest.h>
@@ -7,10 +6,8 @@
 
 #include <string>
 
-#include "device/device_link.h"
 #include "device/event_objects.h"
 #include "text/ansi.h"
-#include "workbench/siusbxp/program_base.h"
 
 namespace quor {
 namespace {
@@ -18,11 +15,6 @@ namespace {
 struct CLines final : ILogWriter {
   void WriteLine(std::string_view line) noexcept override { text += line; }
   std::string text;
-};
-
-struct CNoQueue final : IMessageQueue {
-  bool PostDeviceEvent(DeviceEvent, uint8_t) noexcept override { return true; }
-  bool PostRequest(WindowRequest, uint32_t) noexcept override { return true; }
 };
 
 TEST(UsbXpressLibraryTest, WhatIsMissingIsAMissingDeviceAndSaidOnceTheLogIsOn) {
@@ -43,57 +35,6 @@ TEST(UsbXpressLibraryTest, WhatIsMissingIsAMissingDeviceAndSaidOnceTheLogIsOn) {
     }
     EXPECT_EQ(lines.text, line);
   }
-}
-
-struct CCalls final : workbench::ICallObserver {
-  void OnCall(const workbench::UsbCall& call) noexcept override { (text += call.text) += '\n'; }
-  std::string text;
-};
-
-TEST(UsbXpressLibraryTest, PassesEveryArgumentAndGivesTheLibraryBack) {
-  const std::wstring folder = WideFromAnsi(QUOR_LIBRARY_FOLDER);
-  workbench::ISimulatedBase& base = workbench::ProgramBase();
-  CCalls calls;
-  CLines lines;
-  CNoQueue queue;
-  DeviceRecords records;
-  base.Plug({"0001", "Base", "link", "10C4", "EA61"});
-  base.Observe(&calls);
-  {
-    CDiagnosticLog log(lines);
-    CUsbXpressLibrary library(folder, log);
-    CDeviceLink link(library, queue, records, log);
-    link.Probe();
-    link.ReceiveFrame();
-    const uint8_t frame[] = {0x26, 0x01, 0, 1, 2, 3, 4, 5, 0x0D, 0x0A};
-    base.Queue(frame);
-    link.ReceiveFrame();
-    link.Close();
-  }
-  const std::string found =
-      "SI_GetNumDevices() = 0, 1\n"
-      "SI_GetProductString(0, 0) = 0, 0001\n"
-      "SI_GetProductString(0, 1) = 0, Base\n"
-      "SI_GetProductString(0, 2) = 0, link\n"
-      "SI_GetProductString(0, 3) = 0, 10C4\n"
-      "SI_GetProductString(0, 4) = 0, EA61\n";
-  const auto opened = [](const std::string& handle) {
-    return "SI_Open(0) = 0, " + handle + "\nSI_FlushBuffers(" + handle +
-           ", 1, 1) = 0\nSI_SetBaudRate(" + handle +
-           ", 19200) = 0\nSI_SetTimeouts(3000, 3000) = 0\nSI_SetLineControl(" + handle +
-           ", 2048) = 0\nSI_SetFlowControl(" + handle + ", 0, 1, 0, 0, 0, 0) = 0\nSI_Write(" +
-           handle + ", 2B 31 0D) = 0, 3\n";
-  };
-  EXPECT_EQ(calls.text, found + opened("#1") + "SI_Close(#1) = 0\n" +    //
-                            found + opened("#2") +                       //
-                            "SI_CheckRXQueue(#2) = 0, 0, 0\n" + found +  //
-                            "SI_CheckRXQueue(#2) = 0, 10, 2\n"
-                            "SI_Read(#2, 2) = 0, 26 01\n"
-                            "SI_Read(#2, 8) = 0, 00 01 02 03 04 05 0D 0A\n"
-                            "SI_Close(#2) = 0\n");
-  EXPECT_EQ(records.status, (StatusRecord{0, 1, 2, 3, 4, 5}));
-  EXPECT_EQ(base.FreedWhileOpen(), 0U);
-  EXPECT_EQ(GetModuleHandleW(L"SiUSBXp.dll"), nullptr);
 }
 
 TEST(EventObjectsTest, ManualResetAndNonSignalled) {
