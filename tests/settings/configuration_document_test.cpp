@@ -48,18 +48,6 @@ auto Everything(const Configuration& c) {
                   c.contactToolBar, c.histories, c.callerLists, c.speedDials);
 }
 
-// Names and texts, one line each, indented by depth.
-std::string Outline(const XmlElement& element, const std::string& indent = "") {
-  std::string outline = indent + std::string(element.name.begin(), element.name.end());
-  if (!element.text.empty()) {
-    outline += "=" + std::string(element.text.begin(), element.text.end());
-  }
-  outline += "\n";
-  for (const XmlElement& child : element.children)
-    outline += Outline(child, indent + " ");
-  return outline;
-}
-
 TEST(NumberFromText, ReadsAsMuchAsIsANumber) {
   constexpr int32_t kLargest = 2147483647;
   constexpr int32_t kSmallest = -kLargest - 1;
@@ -156,7 +144,7 @@ TEST(ReadConfiguration, LeavesAloneWhatTheDocumentDoesNotMention) {
   for (const XmlElement& section : strangers) {
     Configuration configuration = FullConfiguration();
     Read(section, configuration);
-    EXPECT_EQ(Everything(configuration), Everything(FullConfiguration())) << Outline(section);
+    EXPECT_EQ(Everything(configuration), Everything(FullConfiguration())) << &section - strangers;
   }
 }
 
@@ -214,64 +202,6 @@ TEST(StorableText, EndsAtItsLimitAndNeverInsideAPair) {
     EXPECT_EQ(kept.size(), before == kEntryTextLimit - 1 ? before : kEntryTextLimit);
     EXPECT_EQ(StorableText(kept), kept);
   }
-}
-
-TEST(WriteConfiguration, GivesTheDocumentItsOrder) {
-  Configuration configuration;
-  configuration.histories = {{L"n", L"f", L"1"}};
-  configuration.callerLists = {{L"m\x07", L"", L"2"}};
-  configuration.speedDials = {{L"s", L"3"}};
-  configuration.mainToolBar.width = -4;
-  EXPECT_EQ(Outline(WriteConfiguration(configuration)), R"(Root
- Histories
-  History
-   Name=n
-   FileAs=f
-   Number=1
- ToolBars
-  MainToolBar
-   Width=-4
-   Height=0
-   Left=0
-   Top=0
-   RowIndex=0
-   Pos=0
-   Visible=0
-  ContactToolBar
-   Width=0
-   Height=0
-   Left=0
-   Top=0
-   RowIndex=0
-   Pos=0
-   Visible=0
- System
-  AliveCheck
-   ACheckInterval=0
-   ConnectInterval=0
-   DialClear=1
-   ConnectWait=0
-   DebugLog=0
-   DelayBtnEvent=0
-  LanguageNo=0
-  CallerInfo=1
-  PopUp=1
-  LinePopUp1=1
-  LinePopUp2=1
-  CellPopUp1=1
-  CellPopUp2=1
-  CellPopUp3=1
-  CellPopUp4=1
- CallerLists
-  CallerList
-   Name=m
-   FileAs
-   Number=2
- SpeedDials
-  SpeedDial
-   Name=s
-   Number=3
-)");
 }
 
 TEST(LanguageNumberFromId, LooksAtThePrimaryLanguageOnly) {

@@ -6,7 +6,6 @@
 #include <cstdio>
 
 #include "com/com_pointers.h"
-#include "settings/configuration_path.h"
 #include "settings/msxml_document.h"
 #include "settings/system_language.h"
 #include "tests/settings/configuration_samples.h"
@@ -99,30 +98,6 @@ std::string Repeat(const std::string& text, int count) {
   return repeated;
 }
 
-TEST_F(CConfigurationFileTest, KeepsEveryValue) {
-  Configuration saved = FullConfiguration();
-  for (size_t i = 0; i < std::size(kAwkwardTexts); ++i) {
-    saved.callerLists[i].name = kAwkwardTexts[i];
-    saved.speedDials[i].number = kAwkwardTexts[i];
-  }
-  saved.histories[0].fileAs = L"off the air\x01\xd83d";
-  m_file.Save(m_path, WriteConfiguration(saved));
-  saved.histories[0].fileAs = L"off the air";
-  EXPECT_THAT(m_lines, IsEmpty());
-  EXPECT_THAT(FolderContent(), ElementsAre("vex_cfg.xml"));
-
-  const auto root = m_file.Load(m_path);
-  ASSERT_TRUE(root);
-  CSystemLanguage system;
-  Configuration read;
-  ReadConfiguration(*root, system, read);
-  EXPECT_EQ(read.callerLists, saved.callerLists);
-  EXPECT_EQ(read.speedDials, saved.speedDials);
-  EXPECT_EQ(read.histories, saved.histories);
-  EXPECT_EQ(read.mainToolBar, saved.mainToolBar);
-  EXPECT_EQ(read.popUpModes, saved.popUpModes);
-}
-
 constexpr char kFrenchSystem[] = "<System><LanguageNo>1</LanguageNo></System>";
 
 TEST_F(CConfigurationFileTest, ReadsBackWhateverItSaves) {
@@ -139,34 +114,6 @@ TEST_F(CConfigurationFileTest, ReadsBackWhateverItSaves) {
     EXPECT_EQ(read.speedDials, saved.speedDials) << seed;
     EXPECT_EQ(read.mainToolBar, saved.mainToolBar) << seed;
   }
-}
-
-// Files from versions without text limits, or edited by users.
-TEST_F(CConfigurationFileTest, ReadsOverlongListsUpToTheirLimit) {
-  const std::string name = std::string(250000, 'n');
-  const auto list = [](const char* section, const std::string& entry, int count) {
-    const std::string tag = section;
-    return "<" + tag + ">" + Repeat(entry, count) + "</" + tag + ">";
-  };
-  WriteContent(
-      "<Root>" +
-      list("Histories", "<History><Name>5</Name><FileAs/><Number>5</Number></History>", 30000) +
-      list("SpeedDials", "<SpeedDial><Name>a</Name><Number>1</Number></SpeedDial>", 100) +
-      list("CallerLists",
-           "<CallerList><Name>" + name + " 5</Name><FileAs>" + name +
-               "</FileAs><Number>5</Number></CallerList>",
-           11) +
-      kFrenchSystem + "</Root>");
-  const auto root = m_file.Load(m_path);
-  ASSERT_TRUE(root);
-  CSystemLanguage system;
-  Configuration read;
-  ReadConfiguration(*root, system, read);
-  EXPECT_EQ(read.histories.size(), kHistoryLimit);
-  EXPECT_EQ(read.speedDials.size(), kSpeedDialCount);
-  ASSERT_EQ(read.callerLists.size(), kCallerListLimit);
-  EXPECT_EQ(read.callerLists[9].fileAs, std::wstring(kEntryTextLimit, L'n'));
-  EXPECT_EQ(read.languageNo, kFrench);
 }
 
 TEST_F(CConfigurationFileTest, ReadsForeignButSoundFiles) {
@@ -306,15 +253,6 @@ TEST_F(CConfigurationFileTest, AFailureOfTheDocumentNamesItsInterface) {
     EXPECT_TRUE(FAILED(error.Error()));
     EXPECT_TRUE(error.GUID_() == IID_IXMLDOMDocument);
   }
-}
-
-TEST_F(CConfigurationFileTest, FindsItsPlaceAndLanguage) {
-  const std::string path = PrepareConfigurationPath(m_log);
-  EXPECT_THAT(path, testing::EndsWith("\\Microsoft\\AddIns\\vex_cfg.xml"));
-  const std::string folder = path.substr(0, path.rfind('\\'));
-  EXPECT_TRUE(GetFileAttributesA(folder.c_str()) & FILE_ATTRIBUTE_DIRECTORY) << folder;
-  // Wine's KERNEL32.DLL is English.
-  EXPECT_EQ(CSystemLanguage().LanguageNumber(), kEnglish);
 }
 
 }  // namespace
