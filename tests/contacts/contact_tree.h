@@ -26,6 +26,7 @@ struct TreeFolder {
   std::vector<TreeItemPtr> items;
   std::vector<std::shared_ptr<TreeFolder>> folders;
   bool isThere = true;
+  int32_t missing = 0;  // items that it counts and that do not open
 };
 using TreeFolderPtr = std::shared_ptr<TreeFolder>;
 
@@ -87,7 +88,7 @@ class COpenFolder final : public CHeld, public IScanFolder {
 
   bool CountItems(int32_t& count) override {
     m_access.Call();
-    count = static_cast<int32_t>(m_folder->items.size());
+    count = static_cast<int32_t>(m_folder->items.size()) + m_folder->missing;
     return m_folder->isThere;
   }
   bool OpenItems(int32_t& count) override { return CountItems(count); }
