@@ -59,19 +59,13 @@ TEST(Dialling, NumbersSentAndRefused) {
   }
 }
 
-TEST(Dialling, AnEmptyBoxIsAMessageOnTheRibbonOnly) {
-  CTelephoneDesk toolbar;
-  toolbar.phone.Dialler().OnChangeComboBox(L"", 0);
-  toolbar.phone.Dialler().DialCall(0, L"");
-  EXPECT_THAT(toolbar.Journal(),
-              ElementsAre("log: CAddin::OnChangeComboBox", "log: CAddin::bstrDest is empty",
-                          "log: CAddin::DialCall", "log: CAddin::bstrDest is empty"));
-  CTelephoneDesk ribbon(kRibbonVersion);
-  ribbon.SetStates(1, 1, 1);
-  ribbon.state.cellDialLine = 18;
-  EXPECT_FALSE(ribbon.phone.Lines().Click(1));
-  EXPECT_EQ(ribbon.state.cellDialLine, 0u) << "a failed dial waits for no cell";
-  EXPECT_THAT(ribbon.Deeds(), ElementsAre("message 1304"));
+TEST(Dialling, AnEmptyBoxOfTheRibbonIsAMessage) {
+  CTelephoneDesk desk(kRibbonVersion);
+  desk.SetStates(1, 1, 1);
+  desk.state.cellDialLine = 18;
+  EXPECT_FALSE(desk.phone.Lines().Click(1));
+  EXPECT_EQ(desk.state.cellDialLine, 0u) << "a failed dial waits for no cell";
+  EXPECT_THAT(desk.Deeds(), ElementsAre("message 1304"));
 }
 
 TEST(Dialling, TakesTheHeldLineAndNoOther) {
@@ -106,9 +100,6 @@ TEST(Dialling, LogsAndDoesInThisOrder) {
 
   desk.postsFail = true;
   EXPECT_FALSE(desk.phone.Dialler().DialCall(0, L"7"));
-  EXPECT_THAT(desk.Journal(),
-              ElementsAre("log: CAddin::DialCall", "find unchecked 7", "log: CAddin::DialUSB",
-                          "post 11 1", "log: CAddin::DialUSB post failed"));
   EXPECT_EQ(desk.configuration.histories.size(), 1u);
 }
 

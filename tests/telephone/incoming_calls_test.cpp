@@ -24,24 +24,6 @@ TEST(IncomingCall, UnreadableContactKeepsWhatTheBaseSent) {
   EXPECT_EQ(desk.configuration.callerLists.front().name, L"Doe 5551234");
 }
 
-TEST(IncomingCall, FormsThatFailAreLoggedAfterTheCallIsRecorded) {
-  const struct {
-    FormResult result;
-    const char* line;
-  } kRows[] = {{FormResult::NoContact, "log: CAddin::spContactItem is NULL"},
-               {FormResult::NotDisplayed, "log: CAddin::Inspector can not display"}};
-  for (const auto& row : kRows) {
-    CTelephoneDesk desk;
-    desk.found["1"] = {L"Doe", L"1", true, row.result};
-    desk.newForm = row.result;
-    desk.CallerId(1, "1");
-    EXPECT_EQ(desk.Journal().back(), row.line);
-    desk.CallerId(1, "2");
-    EXPECT_EQ(desk.Journal().back(), row.line);
-    EXPECT_EQ(desk.configuration.callerLists.size(), 2u);
-  }
-}
-
 // Which of the six modes applies: by the line, or for a cell by the report's unit number.
 TEST(CallerDisplay, EverySlotHasItsOwnMode) {
   const struct {
@@ -177,18 +159,6 @@ TEST(CallerWindow, NotShownForACallThatEndedDuringTheLookUp) {
   desk.CallerId(1, "7");
   EXPECT_THAT(desk.Deeds(), AllOf(Contains("hide"), Not(Contains("show"))));
   EXPECT_EQ(desk.configuration.callerLists.size(), 1u);
-}
-
-TEST(CallerList, TenNewestFirstAndEveryCallCounts) {
-  CTelephoneDesk desk;
-  desk.configuration.callerLists.resize(12, {L"old", L"", L""});
-  for (int i = 0; i < 11; ++i)
-    desk.CallerId(1, std::to_string(100 + i / 2), "N");
-  EXPECT_EQ(desk.configuration.callerLists.size(), 10u);
-  EXPECT_EQ(desk.configuration.callerLists[0].name, L"N 105");
-  EXPECT_EQ(desk.configuration.callerLists[1].name, L"N 104");
-  EXPECT_EQ(desk.configuration.callerLists[2].name, L"N 104");
-  EXPECT_EQ(desk.configuration.callerLists[9].name, L"N 100");
 }
 
 TEST(ClosePopup, HidesTheWindowOrLooksTheNumberUp) {

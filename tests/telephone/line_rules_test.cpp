@@ -184,21 +184,5 @@ TEST(Requests, AnswerAndHangUpUseTheSlotsRecords) {
   EXPECT_EQ(desk.Deeds(), std::vector<std::string>{});
 }
 
-TEST(Requests, FailedPostsAreLoggedAndNothingElse) {
-  CTelephoneDesk desk;
-  desk.postsFail = true;
-  desk.phone.Lines().AnswerUSB(1);
-  EXPECT_FALSE(desk.phone.Lines().DropUSB(1));
-  desk.phone.Refresh().PostSetBarState(true);
-  desk.phone.Dialler().PostClearDialNumber();
-  EXPECT_EQ(desk.Journal(),
-            (std::vector<std::string>{
-                "log: CAddin::AnswerUSB", "post 11 2", "log: CAddin::AnswerUSB post failed",
-                "log: CAddin::DropUSB", "post 12 1", "log: CAddin::DropUSB post failed",
-                "log: CAddin::PostSetBarState", "post 0 1",
-                "log: CAddin::PostSetBarState post failed", "log: CAddin::PostClearDialNumber",
-                "post 1 0", "log: CAddin::PostClearDialNumber post failed"}));
-}
-
 }  // namespace
 }  // namespace quor
