@@ -212,7 +212,8 @@ TEST_F(PageInOutlook, SurvivesAContainerThatIsGoneFirst) {
   m_stage.CloseOutlook();
   EXPECT_EQ(PageWindow(m_page), nullptr);
   EXPECT_TRUE(IsDirty(m_page));
-  EXPECT_TRUE(FAILED(Activate(OLEIVERB_SHOW, nullptr)));
+  EXPECT_TRUE(FAILED(Activate(OLEIVERB_SHOW, nullptr))) << "no window to open in";
+  EXPECT_FALSE(m_site->IsActive());
 }
 
 TEST_F(PageInOutlook, ARefusedActivationLeavesNothingOpen) {
