@@ -1,6 +1,7 @@
 #include "workbench/commandbars/command_bars.h"
 
 #include <gtest/gtest.h>
+#include <olectl.h>
 
 #include "tests/workbench/office/late_bound.h"
 
@@ -16,6 +17,19 @@ const CValue kMissing = [] {
   V_ERROR(&missing) = DISP_E_PARAMNOTFOUND;
   return CValue::Copy(missing);
 }();
+
+CValue OnePixel() {
+  PICTDESC description = {};
+  description.cbSizeofstruct = sizeof description;
+  description.picType = PICTYPE_BITMAP;
+  description.bmp.hbitmap = CreateBitmap(1, 1, 1, 32, nullptr);
+  IPictureDisp* picture = nullptr;
+  OleCreatePictureIndirect(&description, IID_IPictureDisp, TRUE,
+                           reinterpret_cast<void**>(&picture));
+  CValue value(static_cast<IDispatch*>(picture));
+  picture->Release();
+  return value;
+}
 
 // An explorer's command bars for the add-in (m_remote) and for the user (m_bars).
 class CommandBars : public testing::Test {
@@ -44,6 +58,17 @@ class CommandBars : public testing::Test {
       MakeObject<CCommandBars>(m_model, m_registry, CCommandBars::Kind::Shown);
   CRemote m_remote{m_bars.get()};
 };
+
+TEST_F(CommandBars, ANewBarIsHiddenUntilItIsShown) {
+  const CRemote bar = AddBar(L"Ours");
+  EXPECT_EQ(V_BOOL(&bar.Get(L"Visible").Get()), VARIANT_FALSE);
+  bar.Put(L"Enabled", false);
+  bar.Put(L"Visible", true);
+  EXPECT_EQ(CRemote::lastException, E_FAIL);
+  bar.Put(L"Enabled", true);
+  bar.Put(L"Visible", true);
+  EXPECT_EQ(V_BOOL(&bar.Get(L"Visible").Get()), VARIANT_TRUE);
+}
 
 TEST_F(CommandBars, AClickReachesEverySinkOfTheTag) {
   const CRemote bar = ShownBar();
@@ -86,6 +111,17 @@ TEST_F(CommandBars, UsersCannotClickWhatTheyCannotReach) {
   popup.Put(L"Enabled", false);
   EXPECT_THROW(Click({L"Menu", L"Item"}), CUserActionError);
   EXPECT_THROW(Click({L"Menu", L"None"}), CUserActionError);
+}
+
+TEST_F(CommandBars, AutomaticStyleHidesTheCaptionBehindThePicture) {
+  const CRemote button = AddControl(ShownBar(), 1, L"One", L"One");
+  EXPECT_TRUE(m_bars->ControlFaces().front().showsCaption);
+  button.Put(L"Picture", OnePixel());
+  EXPECT_FALSE(m_bars->ControlFaces().front().showsCaption);
+  button.Put(L"Style", mso::kIconAndCaption);
+  EXPECT_TRUE(m_bars->ControlFaces().front().showsCaption);
+  button.Put(L"Style", 4);
+  EXPECT_EQ(CRemote::lastException, E_INVALIDARG);
 }
 
 TEST_F(CommandBars, OnlyWhatIsNotTemporarySurvivesARestart) {

@@ -58,6 +58,28 @@ TEST_F(CEngineTest, NoticesUseAfterReleaseAndAnotherThread) {
                           "Items used after its last release"));
 }
 
+TEST_F(CEngineTest, FailsTheChosenCalls) {
+  Start();
+  CModel& model = Outlook().Model();
+  const CRemote folder = Contacts();
+  const auto codes = [&folder](int calls) {
+    std::vector<HRESULT> seen;
+    for (int i = 0; i < calls; ++i) {
+      folder.Invoke(0x3001, DISPATCH_PROPERTYGET, {});
+      seen.push_back(FAILED(CRemote::lastCode) ? CRemote::lastException : S_OK);
+    }
+    return seen;
+  };
+  model.AddFault({"_mapifolder.NAME", 2, 3, E_ACCESSDENIED});
+  EXPECT_THAT(codes(4), ElementsAre(S_OK, E_ACCESSDENIED, E_ACCESSDENIED, S_OK));
+  model.AddFault({"*", 3, 3, E_OUTOFMEMORY});
+  EXPECT_THAT(codes(4), ElementsAre(S_OK, S_OK, E_OUTOFMEMORY, S_OK));
+  const int number = model.AddFault({"MAPIFolder.*", 1, 0, E_FAIL});
+  EXPECT_THAT(codes(2), ElementsAre(E_FAIL, E_FAIL));
+  model.Withdraw(number);
+  EXPECT_THAT(codes(1), ElementsAre(S_OK));
+}
+
 TEST_F(CEngineTest, ConnectionPointsKeepTheRules) {
   Start();
   CRemote items = Contacts().Object(L"Items");
