@@ -13,6 +13,7 @@
 // mingw's headers do not define the usual smart pointer types.
 _COM_SMARTPTR_TYPEDEF(IUnknown, IID_IUnknown);
 _COM_SMARTPTR_TYPEDEF(IDispatch, IID_IDispatch);
+_COM_SMARTPTR_TYPEDEF(ITypeInfo, IID_ITypeInfo);
 
 namespace quor {
 

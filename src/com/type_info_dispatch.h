@@ -7,8 +7,6 @@
 
 #include "com/com_pointers.h"
 
-_COM_SMARTPTR_TYPEDEF(ITypeInfo, IID_ITypeInfo);
-
 namespace quor {
 
 // Implements the four IDispatch methods of one dual interface from the type library embedded in

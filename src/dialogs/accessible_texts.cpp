@@ -11,7 +11,6 @@
 _COM_SMARTPTR_TYPEDEF(IAccessible, __uuidof(IAccessible));
 _COM_SMARTPTR_TYPEDEF(IEnumVARIANT, IID_IEnumVARIANT);
 _COM_SMARTPTR_TYPEDEF(IOleWindow, IID_IOleWindow);
-_COM_SMARTPTR_TYPEDEF(ITypeInfo, IID_ITypeInfo);
 
 namespace quor {
 namespace {
