@@ -1,32 +1,24 @@
 #ifndef QUOR_COM_COM_BOUNDARY_H
 #define QUOR_COM_COM_BOUNDARY_H
 
-#include <exception>
-#include <new>
-
 #include "com/com_pointers.h"
 #include "module/diagnostic_log.h"
 
 namespace quor {
 
+// Call it in a catch block. Logs the exception as "** Error : <where> failed. (0x........)\n" and
+// returns its HRESULT: a _com_error's own, E_OUTOFMEMORY or E_UNEXPECTED.
+HRESULT LogException(CDiagnosticLog& log, const char* where) noexcept;
+
 // Runs the body of every function that Windows or Outlook calls: interface methods, sinks, window
-// and dialog procedures, timers. No exception passes it. A failure is logged as "** Error : <where>
-// failed. (0x........)\n" and returned as its HRESULT.
+// and dialog procedures, timers. No exception passes it; the result is then LogException's.
 template <typename Body>
 HRESULT GuardComCall(CDiagnosticLog& log, const char* where, Body&& body) noexcept {
-  HRESULT result = E_FAIL;
   try {
     return body();
-  } catch (const _com_error& error) {
-    result = error.Error();
-  } catch (const std::bad_alloc&) {
-    result = E_OUTOFMEMORY;
   } catch (...) {
-    result = E_UNEXPECTED;
+    return LogException(log, where);
   }
-  if (SUCCEEDED(result)) result = E_FAIL;
-  log.Print("** Error : %s failed. (0x%08X)\n", where, static_cast<unsigned>(result));
-  return result;
 }
 
 // The same for a body without a result. True if the body completed.
