@@ -10,8 +10,8 @@ constexpr int32_t Configuration::*kNumbers[] = {
     &Configuration::recordCalls,
 };
 
-constexpr ToolBarRecord Configuration::*kToolBars[] = {&Configuration::mainToolBar,
-                                                       &Configuration::contactToolBar};
+constexpr ToolBarRecord Configuration::*kToolBarRecords[] = {&Configuration::mainToolBar,
+                                                             &Configuration::contactToolBar};
 
 template <typename Value>
 bool Same(const Value& one, const Value& other) {
@@ -36,7 +36,7 @@ void MergeFileChanges(const Configuration& known, const Configuration& file, Mer
                       Configuration& memory) {
   for (const auto member : kNumbers)
     Merge(known.*member, file.*member, conflict, memory.*member);
-  for (const auto member : kToolBars)
+  for (const auto member : kToolBarRecords)
     Merge(known.*member, file.*member, conflict, memory.*member);
   for (size_t slot = 0; slot < kPopUpSlots; ++slot) {
     Merge(known.popUpModes[slot], file.popUpModes[slot], conflict, memory.popUpModes[slot]);
