@@ -79,10 +79,9 @@ CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
       m_outlook(SessionOf(options), m_face),
       m_figureStage(m_outlook.Model(), m_face),
       m_host(m_addIn, loop, *this, m_figureStage),
-      m_instance(m_outlook.AddAddIn(
-          {m_addIn.friendlyName, m_addIn.progId, ClassIdText(m_addIn.classId)},
-          [this] { return m_host.IsConnected(); },
-          [this](bool connect) { OnConnectSet(connect); })),
+      m_instance(
+          m_outlook.AddAddIn({m_addIn.friendlyName, m_addIn.progId, ClassIdText(m_addIn.classId)},
+                             [this] { return m_host.IsConnected(); })),
       m_options(m_outlook, loop),
       m_baseStage(FolderOf(m_addIn.modulePath), OwnFolder()),
       m_basePanel(m_baseStage),
@@ -123,18 +122,6 @@ CValue CWorkbench::RibbonControl(const std::string& id) {
 void CWorkbench::OnAddInGone() {
   m_options.Close();
   m_face.UnloadRibbons();
-}
-
-// COMAddIn.Connect was set by code or by the check mark in the COM add-ins dialog.
-void CWorkbench::OnConnectSet(bool connect) {
-  constexpr int kAfterStartup = 0;
-  constexpr int kUserClosed = 1;
-  if (connect && !m_host.IsConnected()) {
-    if (!m_host.IsLoaded()) m_host.Create();
-    m_host.Connect(kAfterStartup);
-  } else if (!connect && m_host.IsConnected()) {
-    m_host.Disconnect(kUserClosed);
-  }
 }
 
 }  // namespace quor::workbench

@@ -45,7 +45,6 @@ class CWorkbench final : IAddInSurroundings {
   CValue RibbonControl(const std::string& id) override;
   void OnAddInGone() override;
   bool HoldsOldSinks() override { return m_outlook.Model().HoldsOldSinks(); }
-  void OnConnectSet(bool connect);
 
   RegisteredAddIn m_addIn;
   CApplicationData m_data;

@@ -136,10 +136,13 @@ EventInterface::EventInterface(const wchar_t* eventInterface)
 CMemberTable::CMemberTable(const char* type, const wchar_t* interfaceName, const CMemberTable* base,
                            std::vector<Member> members,
                            std::initializer_list<const wchar_t*> events)
-    : m_type(type),
-      m_members(std::move(members)),
-      m_events(events.begin(), events.end()),
-      m_names(type, "GetIDsOfNames") {
+    : m_type(type), m_events(events.begin(), events.end()), m_names(type, "GetIDsOfNames") {
+  for (Member& member : members) {
+    if (member.writer != nullptr) {
+      m_members.push_back({.name = member.name, .kind = MemberKind::Put, .handler = member.writer});
+    }
+    m_members.push_back(std::move(member));
+  }
   if (interfaceName != nullptr) m_interfaces.push_back(PublishedInterface(interfaceName));
   if (base != nullptr) {
     m_interfaces.insert(m_interfaces.end(), base->m_interfaces.begin(), base->m_interfaces.end());

@@ -16,19 +16,18 @@
 
 // Base class of every object of the stand-in. Example of a derived class:
 //
-//   class CSelection final : public CAutomation {
+//   class CLinks final : public CAutomation {
 //    public:
-//     explicit CSelection(CModel& model) : CAutomation(model, Members()) {}
+//     explicit CLinks(CModel& model) : CAutomation(model, Members()) {}
 //    private:
 //     static const CMemberTable& Members() {
-//       static const CMemberTable table("Selection", L"Selection", &CommonMembers(),
-//                                       {Get<&CSelection::Count>(L"Count"),
-//                                        Method<&CSelection::Item>(L"Item")});
+//       static const CMemberTable table(
+//           "Links", L"Links", &CommonMembers(),
+//           {Get(L"Count", [](CLinks& self) { return self.m_links.size(); }),
+//            Method(L"Add", [](CLinks& self, const CArguments& arguments) { ... })});
 //       return table;
 //     }
-//     long Count();                          // a getter may have no parameter
-//     CValue Item(const CArguments& args);   // or return any type that converts to CValue, or a
-//                                            // CModelPtr
+//     std::vector<std::wstring> m_links;
 //   };
 //
 // Members throw CModelError to fail. Create objects with MakeObject<T>(). The workbench holds them
@@ -132,7 +131,8 @@ struct Member {
   const wchar_t* name = nullptr;
   MemberKind kind = MemberKind::Method;
   MemberHandler handler = nullptr;
-  UINT least = kAllArguments;  // number of arguments; a property write counts the value, too
+  MemberHandler writer = nullptr;  // of a property that can be written, too
+  UINT least = kAllArguments;      // number of arguments; a property write counts the value, too
   UINT most = 0;
   DISPID id = 0;
   CModel::CallSite site = {};
@@ -204,10 +204,10 @@ class CAutomation : public CCounted, public IDispatch {
   CAutomation(CModel& model, const CMemberTable& members);
   const CMemberTable& MemberTable() const noexcept { return m_members; }
 
-  // Called before each member; throws a CModelError once the object has been deleted.
-  virtual void RequireAlive() const {}
   // The object's IDispatch for callers; a dual interface has its own.
   virtual IDispatch* Dispatch() noexcept { return this; }
+  // Called before each member; throws a CModelError once the object has been deleted.
+  virtual void RequireAlive() const {}
   // Other interfaces, such as IOleWindow. QueryInterface adds a reference to the returned pointer
   // through AddRef; null: not supported.
   virtual void* OtherInterface(REFIID) { return nullptr; }
@@ -222,8 +222,8 @@ class CAutomation : public CCounted, public IDispatch {
   const CMemberTable& m_members;
 };
 
-// The model's object behind an interface pointer from a caller, for example a folder assigned to
-// CurrentFolder; borrowed. Null if it is not an object of the model, or not a T.
+// The model's object behind an interface pointer from a caller, for example a contact to be linked
+// to an entry; borrowed. Null if it is not an object of the model, or not a T.
 CAutomation* ModelObjectBehind(IUnknown* pointer) noexcept;
 template <class T>
 T* ObjectBehind(IUnknown* pointer) noexcept {
@@ -231,65 +231,103 @@ T* ObjectBehind(IUnknown* pointer) noexcept {
 }
 
 // --- member table entries ---
+//
+// The code of a member is a lambda without captures, or a member function as a template argument.
+// It takes the object and, if it needs them, the arguments. It returns nothing, any type that
+// converts to CValue, a number, an enumerator or a CModelPtr.
 
 namespace detail {
 
-template <class Function>
-struct MemberFunction;
-template <class T, class R, class... A>
-struct MemberFunction<R (T::*)(A...)> {
-  using Object = T;
-  using Result = R;
+template <class Code>
+struct ObjectOf;
+template <class Code, class R, class T, class... A>
+struct ObjectOf<R (Code::*)(T&, A...) const> {
+  using Type = T;
 };
-template <class T, class R, class... A>
-struct MemberFunction<R (T::*)(A...) const> : MemberFunction<R (T::*)(A...)> {};
-
-template <class T>
-CValue ToValue(const CModelPtr<T>& object) {
-  return CValue(static_cast<IDispatch*>(object.get()));
-}
-template <class T>
-requires std::constructible_from<CValue, T> CValue ToValue(T&& value) {
-  return CValue(std::forward<T>(value));
-}
 
 template <auto function>
-CValue CallMember(CAutomation& self, const CArguments& arguments) {
-  using Traits = MemberFunction<decltype(function)>;
-  auto& object = static_cast<typename Traits::Object&>(self);
-  const auto call = [&]() -> decltype(auto) {
-    if constexpr (std::is_invocable_v<decltype(function), typename Traits::Object&,
-                                      const CArguments&>) {
-      return (object.*function)(arguments);
+struct FunctionCode;
+template <class T, class R, class... A, R (T::*function)(A...)>
+struct FunctionCode<function> {
+  R operator()(T& self, A... arguments) const { return (self.*function)(arguments...); }
+};
+template <class T, class R, class... A, R (T::*function)(A...) const>
+struct FunctionCode<function> {
+  R operator()(T& self, A... arguments) const { return (self.*function)(arguments...); }
+};
+
+template <class T>
+CValue ToValue(T&& value) {
+  using Plain = std::remove_cvref_t<T>;
+  if constexpr (requires { value.get(); }) {
+    return CValue(static_cast<IDispatch*>(value.get()));
+  } else if constexpr (std::is_enum_v<Plain> || std::same_as<Plain, size_t>) {
+    return CValue(static_cast<long>(value));
+  } else {
+    return CValue(std::forward<T>(value));
+  }
+}
+
+template <class Code>
+CValue Run(CAutomation& self, const CArguments& arguments) {
+  auto& object = static_cast<typename ObjectOf<decltype(&Code::operator())>::Type&>(self);
+  const auto run = [&]() -> decltype(auto) {
+    if constexpr (std::is_invocable_v<Code, decltype(object), const CArguments&>) {
+      return Code()(object, arguments);
     } else {
-      return (object.*function)();
+      return Code()(object);
     }
   };
-  if constexpr (std::is_void_v<typename Traits::Result>) {
-    call();
+  if constexpr (std::is_void_v<decltype(run())>) {
+    run();
     return {};
   } else {
-    return ToValue(call());
+    return ToValue(run());
   }
 }
 
 }  // namespace detail
 
-template <auto function>
+template <class Reader>
+Member Get(const wchar_t* name, Reader) {
+  return {.name = name, .kind = MemberKind::Get, .handler = &detail::Run<Reader>};
+}
+template <auto reader>
 Member Get(const wchar_t* name) {
-  return {.name = name, .kind = MemberKind::Get, .handler = &detail::CallMember<function>};
+  return Get(name, detail::FunctionCode<reader>());
+}
+template <auto writer>
+Member Put(const wchar_t* name) {
+  return {
+      .name = name, .kind = MemberKind::Put, .handler = &detail::Run<detail::FunctionCode<writer>>};
 }
 
-// The value is the last argument; an indexed property has others before it.
-template <auto function>
-Member Put(const wchar_t* name) {
-  return {.name = name, .kind = MemberKind::Put, .handler = &detail::CallMember<function>};
+// A property that can be read and written. The value is the last argument of the writer; an indexed
+// property has others before it.
+template <class Reader, class Writer>
+Member Property(const wchar_t* name, Reader, Writer) {
+  return {.name = name,
+          .kind = MemberKind::Get,
+          .handler = &detail::Run<Reader>,
+          .writer = &detail::Run<Writer>};
+}
+template <auto reader, auto writer>
+Member Property(const wchar_t* name) {
+  return Property(name, detail::FunctionCode<reader>(), detail::FunctionCode<writer>());
 }
 
 // The data do not tell which arguments may be left out: `least` is the number that may not.
+template <class Code>
+Member Method(const wchar_t* name, UINT least, Code) {
+  return {.name = name, .handler = &detail::Run<Code>, .least = least};
+}
+template <class Code>
+Member Method(const wchar_t* name, Code code) {
+  return Method(name, kAllArguments, code);
+}
 template <auto function>
 Member Method(const wchar_t* name, UINT least = kAllArguments) {
-  return {.name = name, .handler = &detail::CallMember<function>, .least = least};
+  return Method(name, least, detail::FunctionCode<function>());
 }
 
 }  // namespace quor::workbench

@@ -1,35 +1,10 @@
 #include "workbench/office/folder_objects.h"
 
-#include <algorithm>
-
 #include "workbench/office/application_objects.h"
 #include "workbench/office/item_objects.h"
 #include "workbench/office/window_objects.h"
 
 namespace quor::workbench {
-namespace {
-
-// OlDefaultFolders and OlItemType number the same kinds differently; Folders.Add takes the former.
-ItemType ItemTypeOfDefaultFolder(long olDefaultFolder, ItemType fallback) {
-  switch (olDefaultFolder) {
-    case 6:
-      return ItemType::Mail;
-    case 9:
-      return ItemType::Appointment;
-    case 10:
-      return ItemType::Contact;
-    case 11:
-      return ItemType::Journal;
-    case 12:
-      return ItemType::Note;
-    case 13:
-      return ItemType::Task;
-    default:
-      return fallback;
-  }
-}
-
-}  // namespace
 
 CFolder::CFolder(CSession& session, FolderNode& node)
     : COutlookObject(session, Members(), ObjectClass::Folder), m_node(&node) {
@@ -37,13 +12,24 @@ CFolder::CFolder(CSession& session, FolderNode& node)
 }
 
 const CMemberTable& CFolder::Members() {
+  using Self = CFolder;
   static const CMemberTable table(
       "MAPIFolder", L"MAPIFolder", &CommonMembers(),
-      {Get<&CFolder::DefaultItemType>(L"DefaultItemType"), Get<&CFolder::EntryId>(L"EntryID"),
-       Get<&CFolder::Folders>(L"Folders"), Get<&CFolder::Items>(L"Items"),
-       Get<&CFolder::Name>(L"Name"), Put<&CFolder::SetName>(L"Name"),
-       Get<&CFolder::StoreId>(L"StoreID"), Method<&CFolder::Delete>(L"Delete"),
-       Method<&CFolder::MoveTo>(L"MoveTo")});
+      {Get(L"DefaultItemType", [](Self& self) { return self.Node().itemType; }),
+       Get(L"EntryID",
+           [](Self& self) {
+             self.CheckAnswers(Store::Refusal::EntryId);
+             return self.Node().entryId;
+           }),
+       Get(L"Folders",
+           [](Self& self) { return MakeObject<CFolders>(self.Session(), &self.Node()); }),
+       Get(L"Items", [](Self& self) { return MakeObject<CItems>(self.Session(), self.Node()); }),
+       Get(L"Name",
+           [](Self& self) {
+             self.CheckAnswers(Store::Refusal::Name);
+             return self.Node().name;
+           }),
+       Get(L"StoreID", [](Self& self) { return self.Node().store->storeId; })});
   return table;
 }
 
@@ -72,43 +58,13 @@ void CFolder::CheckAnswers(Store::Refusal question) const {
   if (Node().parent == nullptr && store.refusal == question) throw CModelError(store.refusalCode);
 }
 
-CValue CFolder::EntryId() {
-  CheckAnswers(Store::Refusal::EntryId);
-  return CValue(Node().entryId);
-}
-
-CModelPtr<CFolders> CFolder::Folders() {
-  return MakeObject<CFolders>(Session(), &Node());
-}
-
-CModelPtr<CItems> CFolder::Items() {
-  return MakeObject<CItems>(Session(), Node());
-}
-
-CValue CFolder::Name() {
-  CheckAnswers(Store::Refusal::Name);
-  return CValue(Node().name);
-}
-
-void CFolder::MoveTo(const CArguments& arguments) {
-  CFolder* target = ObjectBehind<CFolder>(arguments.Object(0));
-  if (target == nullptr) throw CModelError(E_INVALIDARG);
-  Session().MoveFolder(Node(), target->Node());
-}
-
 CFolders::CFolders(CSession& session, FolderNode* node)
-    : COutlookObject(session, Members(), ObjectClass::Folders), m_node(node) {
+    : CCollection(session, Members(), ObjectClass::Folders), m_node(node) {
   if (m_node != nullptr) m_node->folderCollections.push_back(this);
 }
 
 const CMemberTable& CFolders::Members() {
-  static const CMemberTable table(
-      "Folders", L"_Folders", &CommonMembers(),
-      {Get<&CFolders::Count>(L"Count"), Method<&CFolders::Item>(L"Item"),
-       Method<&CFolders::Add>(L"Add", 1), Method<&CFolders::GetFirst>(L"GetFirst"),
-       Method<&CFolders::GetLast>(L"GetLast"), Method<&CFolders::GetNext>(L"GetNext"),
-       Method<&CFolders::GetPrevious>(L"GetPrevious"), Method<&CFolders::Remove>(L"Remove")},
-      {L"FoldersEvents"});
+  static const CMemberTable table("Folders", L"_Folders", &CursorMembers(), {}, {L"FoldersEvents"});
   return table;
 }
 
@@ -138,67 +94,21 @@ FolderNode& CFolders::NodeAt(size_t position) {
                            : *Session().Mailbox().Stores()[position]->top;
 }
 
-CModelPtr<CFolder> CFolders::At(size_t position) {
-  if (position == CCursor::kNone) return {};
-  const Store& store = *NodeAt(position).store;
-  if (m_node == nullptr && store.refusal == Store::Refusal::Item) {
-    throw CModelError(store.refusalCode);
+CValue CFolders::At(size_t position) {
+  FolderNode& node = NodeAt(position);
+  if (m_node == nullptr && node.store->refusal == Store::Refusal::Item) {
+    throw CModelError(node.store->refusalCode);
   }
-  return Session().FolderObject(NodeAt(position));
-}
-
-CModelPtr<CFolder> CFolders::Item(const CArguments& arguments) {
-  const size_t size = Size();
-  if (!arguments.IsText(0)) return At(PositionFromIndex(arguments.Long(0), size));
-  const std::wstring name = arguments.Text(0);
-  for (size_t position = 0; position < size; ++position) {
-    if (SameText(NodeAt(position).name, name)) return At(position);
-  }
-  throw CModelError(kNotFound, "The folder was not found.");
-}
-
-CModelPtr<CFolder> CFolders::Add(const CArguments& arguments) {
-  Size();
-  if (m_node == nullptr) throw CModelError(E_ACCESSDENIED);
-  const ItemType type = ItemTypeOfDefaultFolder(arguments.LongOr(1, 0), m_node->itemType);
-  return Session().FolderObject(Session().AddFolder(*m_node, arguments.Text(0), type));
-}
-
-CModelPtr<CFolder> CFolders::GetFirst() {
-  return At(m_cursor.First(Size()));
-}
-
-CModelPtr<CFolder> CFolders::GetLast() {
-  return At(m_cursor.Last(Size()));
-}
-
-CModelPtr<CFolder> CFolders::GetNext() {
-  return At(m_cursor.Next(Size()));
-}
-
-CModelPtr<CFolder> CFolders::GetPrevious() {
-  return At(m_cursor.Previous(Size()));
-}
-
-void CFolders::Remove(const CArguments& arguments) {
-  const size_t position = PositionFromIndex(arguments.Long(0), Size());
-  if (m_node == nullptr) throw CModelError(E_ACCESSDENIED);
-  Session().DeleteFolder(NodeAt(position));
+  return CValue(Session().FolderObject(node).get());
 }
 
 CItems::CItems(CSession& session, FolderNode& node)
-    : COutlookObject(session, Members(), ObjectClass::Items), m_node(&node) {
+    : CCollection(session, Members(), ObjectClass::Items), m_node(&node) {
   node.itemCollections.push_back(this);
 }
 
 const CMemberTable& CItems::Members() {
-  static const CMemberTable table(
-      "Items", L"_Items", &CommonMembers(),
-      {Get<&CItems::Count>(L"Count"), Method<&CItems::Item>(L"Item"),
-       Method<&CItems::Add>(L"Add", 0), Method<&CItems::GetFirst>(L"GetFirst"),
-       Method<&CItems::GetLast>(L"GetLast"), Method<&CItems::GetNext>(L"GetNext"),
-       Method<&CItems::GetPrevious>(L"GetPrevious"), Method<&CItems::Remove>(L"Remove")},
-      {L"ItemsEvents"});
+  static const CMemberTable table("Items", L"_Items", &CursorMembers(), {}, {L"ItemsEvents"});
   return table;
 }
 
@@ -220,46 +130,12 @@ CValue CItems::Parent() {
   return CValue(Session().FolderObject(Node()).get());
 }
 
-CModelPtr<CItem> CItems::At(size_t position) {
-  if (position == CCursor::kNone) return {};
-  return Session().ItemObject(Node().items[position]);
+CValue CItems::At(size_t position) {
+  return CValue(Session().ItemObject(Node().items[position]).get());
 }
 
-CModelPtr<CItem> CItems::Item(const CArguments& arguments) {
-  const std::vector<StoredItemPtr>& view = Node().items;
-  if (!arguments.IsText(0)) return At(PositionFromIndex(arguments.Long(0), view.size()));
-  const std::wstring name = arguments.Text(0);
-  for (size_t position = 0; position < view.size(); ++position) {
-    if (SameText(view[position]->fields.Get(field::kSubject), name)) return At(position);
-  }
-  throw CModelError(kNotFound, "The item was not found.");
-}
-
-CModelPtr<CItem> CItems::Add(const CArguments& arguments) {
-  FolderNode& node = Node();
-  const long type = arguments.LongOr(0, static_cast<long>(node.itemType));
-  return Session().NewItem(static_cast<ItemType>(type), node);
-}
-
-CModelPtr<CItem> CItems::GetFirst() {
-  return At(m_cursor.First(Node().items.size()));
-}
-
-CModelPtr<CItem> CItems::GetLast() {
-  return At(m_cursor.Last(Node().items.size()));
-}
-
-CModelPtr<CItem> CItems::GetNext() {
-  return At(m_cursor.Next(Node().items.size()));
-}
-
-CModelPtr<CItem> CItems::GetPrevious() {
-  return At(m_cursor.Previous(Node().items.size()));
-}
-
-void CItems::Remove(const CArguments& arguments) {
-  const std::vector<StoredItemPtr>& view = Node().items;
-  Session().DeleteItems({view[PositionFromIndex(arguments.Long(0), view.size())]});
+std::wstring CItems::NameAt(size_t position) {
+  return Node().items[position]->fields.Get(field::kSubject);
 }
 
 }  // namespace quor::workbench

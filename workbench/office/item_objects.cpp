@@ -1,6 +1,5 @@
 #include "workbench/office/item_objects.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "workbench/office/folder_objects.h"
@@ -9,75 +8,99 @@
 namespace quor::workbench {
 namespace {
 
-constexpr long kSaveOnClose = 0;
+constexpr wchar_t kContactItem[] = L"_ContactItem";
 
-struct TextProperty {
-  const wchar_t* name;
-  DISPID id;
+struct ItemKind {
+  ItemType type;
+  ObjectClass objectClass;
+  const wchar_t* messageClass;
+};
+constexpr ItemKind kKinds[] = {
+    {ItemType::Contact, ObjectClass::Contact, L"IPM.Contact"},
+    {ItemType::DistributionList, ObjectClass::DistributionList, L"IPM.DistList"},
+    {ItemType::Journal, ObjectClass::Journal, L"IPM.Activity"},
 };
 
-constexpr TextProperty kTextProperties[] = {
-    {L"FullName", field::kFullName}, {L"FirstName", field::kFirstName},
-    {L"LastName", field::kLastName}, {L"CompanyName", field::kCompanyName},
-    {L"FileAs", field::kFileAs},     {L"Subject", field::kSubject},
-    {L"Body", field::kBody},         {L"MessageClass", field::kMessageClass},
-};
-
-const wchar_t* DefaultMessageClass(ItemType type) {
-  switch (type) {
-    case ItemType::Contact:
-      return L"IPM.Contact";
-    case ItemType::DistributionList:
-      return L"IPM.DistList";
-    case ItemType::Journal:
-      return L"IPM.Activity";
-    default:
-      return L"IPM.Note";
+const ItemKind& KindOf(ItemType type) {
+  for (const ItemKind& kind : kKinds) {
+    if (kind.type == type) return kind;
   }
+  throw CModelError(E_NOTIMPL, "Items of this type are not kept here.");
 }
+
+// The members of every item type, with the text properties of this one.
+std::vector<Member> MembersWithTexts(const wchar_t* interfaceName) {
+  using Self = CItem;
+  std::vector<Member> members = {Get(L"EntryID", [](Self& self) { return self.Stored()->entryId; }),
+                                 Method(L"Save", [](Self& self) { self.SaveChanges(); }),
+                                 Method(L"Display", 0, [](Self& self) { self.Display(); })};
+  for (const PublishedMember& one : PublishedMembers()) {
+    const bool text = one.result == VT_BSTR && (one.kinds & DISPATCH_PROPERTYPUT) != 0;
+    if (one.interfaceName != interfaceName || !text) continue;
+    members.push_back(Property(
+        one.name,
+        [](Self& self, const CArguments& arguments) { return self.Text(arguments.Member()); },
+        [](Self& self, const CArguments& arguments) {
+          self.SetText(arguments.Member(), arguments.Text(0));
+        }));
+  }
+  return members;
+}
+
+// One contact among the links of an item.
+class CLink final : public CAutomation {
+ public:
+  CLink(CModel& model, std::wstring name)
+      : CAutomation(model, Members()), m_name(std::move(name)) {}
+
+ private:
+  static const CMemberTable& Members() {
+    static const CMemberTable table("Link", L"Link", nullptr,
+                                    {Get(L"Name", [](CLink& self) { return self.m_name; })});
+    return table;
+  }
+
+  const std::wstring m_name;
+};
 
 }  // namespace
 
 DISPID TextPropertyByName(std::wstring_view name) {
-  for (const TextProperty& property : kTextProperties) {
-    if (SameText(property.name, name)) return property.id;
+  const PublishedMember* property = FindPublished(kContactItem, name, DISPATCH_PROPERTYPUT);
+  if (property == nullptr || property->result != VT_BSTR) {
+    throw CModelError(E_INVALIDARG, "There is no such property.");
   }
-  for (const NumberProperty& property : kNumberProperties) {
-    if (SameText(property.name, name)) return property.id;
-  }
-  throw CModelError(E_INVALIDARG, "There is no such property.");
+  return property->id;
 }
 
-std::wstring DefaultFileAs(const CFieldSet& fields) {
-  const std::wstring first = fields.Get(field::kFirstName);
-  const std::wstring last = fields.Get(field::kLastName);
-  if (!first.empty() && !last.empty()) return last + L", " + first;
-  if (!first.empty() || !last.empty()) return first + last;
-  const std::wstring company = fields.Get(field::kCompanyName);
-  return !company.empty() ? company : fields.Get(field::kFullName);
-}
-
-CItem::CItem(CSession& session, StoredItemPtr item, FolderNode* home, const CMemberTable& members,
-             ObjectClass objectClass)
-    : COutlookObject(session, members, objectClass),
+CItem::CItem(CSession& session, StoredItemPtr item, FolderNode* home)
+    : COutlookObject(session, Members(item->type), KindOf(item->type).objectClass),
       m_item(std::move(item)),
       m_homeId(home != nullptr ? home->entryId : std::wstring()),
       m_new(home != nullptr) {
   m_item->object = this;
 }
 
-const CMemberTable& CItem::ItemMembers() {
-  static const CMemberTable table(
-      "Item", nullptr, &CommonMembers(),
-      {Get<&CItem::EntryId>(L"EntryID"), Get<&CItem::GetInspector>(L"GetInspector"),
-       Get<&CItem::Saved>(L"Saved"), Method<&CItem::Save>(L"Save"),
-       Method<&CItem::Delete>(L"Delete"), Method<&CItem::Close>(L"Close"),
-       Method<&CItem::Display>(L"Display", 0), Get<&CItem::GetText>(L"Body"),
-       Put<&CItem::PutText>(L"Body"), Get<&CItem::GetText>(L"Subject"),
-       Put<&CItem::PutText>(L"Subject"), Get<&CItem::GetText>(L"MessageClass"),
-       Put<&CItem::PutText>(L"MessageClass")},
-      {L"ItemEvents"});
-  return table;
+const CMemberTable& CItem::Members(ItemType type) {
+  using Self = CItem;
+  static const CMemberTable contact("ContactItem", kContactItem, &CommonMembers(),
+                                    MembersWithTexts(kContactItem), {L"ItemEvents"});
+  static const CMemberTable list("DistListItem", L"_DistListItem", &CommonMembers(),
+                                 MembersWithTexts(L"_DistListItem"), {L"ItemEvents"});
+  static const CMemberTable journal = [] {
+    std::vector<Member> members = MembersWithTexts(L"_JournalItem");
+    members.push_back(Property<&Self::Start, &Self::SetStart>(L"Start"));
+    members.push_back(Property(
+        L"Duration", [](Self& self) { return _wtol(self.Text(field::kJournalDuration).c_str()); },
+        [](Self& self, const CArguments& arguments) {
+          self.SetText(field::kJournalDuration, std::to_wstring(arguments.Long(0)));
+        }));
+    members.push_back(
+        Get(L"Links", [](Self& self) { return MakeObject<CLinks>(self.Session(), self.m_item); }));
+    return CMemberTable("JournalItem", L"_JournalItem", &CommonMembers(), std::move(members),
+                        {L"ItemEvents"});
+  }();
+  return type == ItemType::Contact ? contact : type == ItemType::Journal ? journal : list;
 }
 
 std::string CItem::ObjectName() const {
@@ -88,13 +111,11 @@ std::string CItem::ObjectName() const {
 std::wstring CItem::Text(DISPID property) const {
   if (const std::wstring* changed = m_changes.Find(property)) return *changed;
   if (const std::wstring* stored = m_item->fields.Find(property)) return *stored;
-  if (property == field::kMessageClass) return DefaultMessageClass(m_item->type);
-  return DerivedText(property);
+  return property == field::kMessageClass ? KindOf(m_item->type).messageClass : L"";
 }
 
 void CItem::SetText(DISPID property, const std::wstring& text) {
   m_changes.Set(property, text);
-  OnTextSet(property, text);
   const Member* member = MemberTable().Find(property, DISPATCH_PROPERTYPUT);
   if (member != nullptr && SinkCount() != 0) Fire(L"PropertyChange", {CValue(member->name)});
 }
@@ -118,14 +139,6 @@ void CItem::SaveChanges() {
   }
 }
 
-bool CItem::RaiseOpen() {
-  return !FireCancellable(L"Open");
-}
-
-bool CItem::RaiseClose() {
-  return !FireCancellable(L"Close");
-}
-
 void CItem::OnGone() noexcept {
   if (m_item->object == this) m_item->object = nullptr;
   COutlookObject::OnGone();
@@ -138,144 +151,43 @@ CValue CItem::Parent() {
   return CValue(Session().FolderObject(*folder).get());
 }
 
-CModelPtr<CInspector> CItem::GetInspector() {
-  return Session().InspectorFor(*this);
-}
-
-CModelPtr<CInspector> CItem::OpenInspector() const {
-  for (const auto& inspector : Session().InspectorWindows()) {
-    if (inspector->Item() == this) return inspector;
-  }
-  return {};
-}
-
-void CItem::Delete() {
-  if (const CModelPtr<CInspector> inspector = OpenInspector()) Session().CloseInspector(*inspector);
-  if (m_new) return;
-  if (m_item->folder == nullptr) throw CModelError(kObjectDeleted, "The item has been deleted.");
-  Session().DeleteItems({m_item});
-}
-
-void CItem::Close(const CArguments& arguments) {
-  if (arguments.Long(0) == kSaveOnClose) {
-    SaveChanges();
-  } else {
-    DiscardChanges();
-  }
-  if (const CModelPtr<CInspector> inspector = OpenInspector()) Session().CloseInspector(*inspector);
-}
-
-void CItem::Display() {
-  Session().ShowInspector(*Session().InspectorFor(*this));
-}
-
-CContactItem::CContactItem(CSession& session, StoredItemPtr item, FolderNode* home)
-    : CItem(session, std::move(item), home, Members(), ObjectClass::Contact) {}
-
-const CMemberTable& CContactItem::Members() {
-  static const CMemberTable table = [] {
-    std::vector<Member> members;
-    const auto add = [&members](const auto& property) {
-      members.push_back(Get<&CContactItem::GetText>(property.name));
-      members.push_back(Put<&CContactItem::PutText>(property.name));
-    };
-    std::ranges::for_each(kTextProperties, add);
-    std::ranges::for_each(kNumberProperties, add);
-    return CMemberTable("ContactItem", L"_ContactItem", &ItemMembers(), std::move(members));
-  }();
-  return table;
-}
-
-std::wstring CContactItem::DerivedText(DISPID property) const {
-  if (property == field::kSubject) return Text(field::kFullName);
-  if (property != field::kFileAs) return {};
-  CFieldSet names;
-  for (const DISPID part :
-       {field::kFirstName, field::kLastName, field::kCompanyName, field::kFullName}) {
-    names.Set(part, Text(part));
-  }
-  return DefaultFileAs(names);
-}
-
-// Splits a full name: the last word is the last name.
-void CContactItem::OnTextSet(DISPID property, const std::wstring& text) {
-  if (property != field::kFullName) return;
-  const size_t blank = text.find_last_of(L' ');
-  const bool parts = blank != std::wstring::npos;
-  Changes().Set(field::kFirstName, parts ? text.substr(0, blank) : text);
-  Changes().Set(field::kLastName, parts ? text.substr(blank + 1) : std::wstring());
-}
-
-CDistListItem::CDistListItem(CSession& session, StoredItemPtr item, FolderNode* home)
-    : CItem(session, std::move(item), home, Members(), ObjectClass::DistributionList) {}
-
-const CMemberTable& CDistListItem::Members() {
-  static const CMemberTable table(
-      "DistListItem", L"_DistListItem", &ItemMembers(),
-      {Get<&CDistListItem::ListName>(L"DLName"), Put<&CDistListItem::SetListName>(L"DLName"),
-       Get<&CDistListItem::MemberCount>(L"MemberCount")});
-  return table;
-}
-
-long CDistListItem::MemberCount() {
-  return static_cast<long>(Stored()->members.size());
-}
-
-CJournalItem::CJournalItem(CSession& session, StoredItemPtr item, FolderNode* home)
-    : CItem(session, std::move(item), home, Members(), ObjectClass::Journal) {}
-
-const CMemberTable& CJournalItem::Members() {
-  static const CMemberTable table(
-      "JournalItem", L"_JournalItem", &ItemMembers(),
-      {Get<&CJournalItem::GetText>(L"Type"), Put<&CJournalItem::PutText>(L"Type"),
-       Get<&CJournalItem::Start>(L"Start"), Put<&CJournalItem::SetStart>(L"Start"),
-       Get<&CJournalItem::Duration>(L"Duration"), Put<&CJournalItem::SetDuration>(L"Duration"),
-       Get<&CJournalItem::Links>(L"Links")});
-  return table;
-}
-
-CValue CJournalItem::Start() {
+CValue CItem::Start() {
   VARIANT date;
   V_VT(&date) = VT_DATE;
   V_DATE(&date) = _wtof(Text(field::kJournalStart).c_str());
   return CValue::Copy(date);
 }
 
-void CJournalItem::SetStart(const CArguments& arguments) {
+void CItem::Display() {
+  Session().ShowInspector(*Session().InspectorFor(*this));
+}
+
+void CItem::SetStart(const CArguments& arguments) {
   const VARIANT& date = arguments.Variant(0);
   if (V_VT(&date) != VT_DATE) throw CArgumentError(DISP_E_TYPEMISMATCH, 0);
   SetText(field::kJournalStart, std::to_wstring(V_DATE(&date)));
 }
 
-void CJournalItem::SetDuration(const CArguments& arguments) {
-  SetText(field::kJournalDuration, std::to_wstring(arguments.Long(0)));
-}
-
-CModelPtr<CLinks> CJournalItem::Links() {
-  return MakeObject<CLinks>(Session(), Stored());
-}
-
 CLinks::CLinks(CSession& session, StoredItemPtr item)
-    : COutlookObject(session, Members(), ObjectClass::Links), m_item(std::move(item)) {}
+    : CCollection(session, Members(), ObjectClass::Links), m_item(std::move(item)) {}
 
 const CMemberTable& CLinks::Members() {
-  static const CMemberTable table("Links", L"Links", &CommonMembers(),
-                                  {Get<&CLinks::Count>(L"Count"), Method<&CLinks::Add>(L"Add")});
+  static const CMemberTable table("Links", L"Links", &CollectionMembers(),
+                                  {Method<&CLinks::Add>(L"Add")});
   return table;
 }
 
-void CLinks::Add(const CArguments& arguments) {
-  const auto* contact = ObjectBehind<CContactItem>(arguments.Object(0));
-  if (contact == nullptr || contact->IsNew()) throw CModelError(E_INVALIDARG, "No such contact.");
+CValue CLinks::At(size_t position) {
+  return CValue(MakeObject<CLink>(Session().Model(), m_item->links[position]).get());
+}
+
+CValue CLinks::Add(const CArguments& arguments) {
+  const auto* contact = ObjectBehind<CItem>(arguments.Object(0));
+  if (contact == nullptr || contact->Stored()->type != ItemType::Contact || contact->IsNew()) {
+    throw CModelError(E_INVALIDARG, "No such contact.");
+  }
   m_item->links.push_back(contact->Text(field::kFileAs));
-}
-
-CMailItem::CMailItem(CSession& session, StoredItemPtr item, FolderNode* home)
-    : CItem(session, std::move(item), home, Members(), ObjectClass::Mail) {}
-
-const CMemberTable& CMailItem::Members() {
-  static const CMemberTable table("MailItem", L"_MailItem", &ItemMembers(), {});
-  return table;
+  return At(m_item->links.size() - 1);
 }
 
 }  // namespace quor::workbench

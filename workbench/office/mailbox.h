@@ -55,10 +55,9 @@ struct StoredItem {
   ItemType type = ItemType::Contact;
   std::wstring entryId;  // hexadecimal digits; empty until saved
   CFieldSet fields;
-  std::vector<std::wstring> members;  // of a distribution list
-  std::vector<std::wstring> links;    // of a journal entry: the contacts' File As
-  FolderNode* folder = nullptr;       // null if deleted permanently or not yet saved
-  CItem* object = nullptr;            // the last live object or null
+  std::vector<std::wstring> links;  // of a journal entry: the contacts' File As
+  FolderNode* folder = nullptr;     // null if deleted permanently or not yet saved
+  CItem* object = nullptr;          // the last live object or null
 };
 using StoredItemPtr = std::shared_ptr<StoredItem>;
 

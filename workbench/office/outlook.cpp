@@ -7,9 +7,6 @@
 namespace quor::workbench {
 namespace {
 
-static_assert(std::size(kNumberProperties) == static_cast<size_t>(NumberKind::TtyTdd) + 1,
-              "one number property for each kind of number on a card, in the same order");
-
 StoredItemPtr ItemFromCard(const Card& card) {
   auto item = std::make_shared<StoredItem>();
   const auto set = [&item](DISPID property, const std::string& text) {
@@ -19,8 +16,6 @@ StoredItemPtr ItemFromCard(const Card& card) {
   if (card.group) {
     item->type = ItemType::DistributionList;
     set(field::kSubject, card.fullName);
-    for (const std::string& member : card.members)
-      item->members.push_back(WideFromUtf8(member));
     return item;
   }
   set(field::kFullName, card.fullName);
@@ -30,7 +25,7 @@ StoredItemPtr ItemFromCard(const Card& card) {
   set(field::kCompanyName, card.company);
   set(field::kFileAs, card.fileAs);
   for (const CardNumber& number : card.numbers) {
-    set(kNumberProperties[static_cast<size_t>(number.kind)].id, number.number);
+    set(TextPropertyByName(WideFromUtf8(number.property)), number.number);
   }
   return item;
 }
@@ -81,10 +76,8 @@ COutlook::COutlook(const SessionOptions& options, IOutlookFace& face)
 
 COutlook::~COutlook() = default;
 
-CModelPtr<CComAddIn> COutlook::AddAddIn(ComAddInInfo info, std::function<bool()> isConnected,
-                                        std::function<void(bool)> onConnect) {
-  return m_session->ComAddIns().AddAddIn(std::move(info), std::move(isConnected),
-                                         std::move(onConnect));
+CModelPtr<CComAddIn> COutlook::AddAddIn(ComAddInInfo info, std::function<bool()> isConnected) {
+  return m_session->ComAddIns().AddAddIn(std::move(info), std::move(isConnected));
 }
 
 void COutlook::AddCards(const std::string& folder, std::string_view vcards) {
@@ -245,7 +238,7 @@ std::vector<CModelPtr<CInspector>> COutlook::OpenInspectors() {
 
 std::vector<OptionsPage> COutlook::RaiseOptionsPagesAdd() {
   const CModelPtr<CPropertyPages> pages = MakeObject<CPropertyPages>(*m_session);
-  m_session->Application().RaiseOptionsPagesAdd(*pages);
+  m_session->Application().Fire(L"OptionsPagesAdd", {CValue(pages.get())});
   return pages->TakePages();
 }
 

@@ -40,9 +40,8 @@ class COutlook {
 
   // For OnConnection; borrowed.
   IDispatch* Application() noexcept { return &m_session->Application(); }
-  // The entry of the COM add-ins dialog; the add-in's host handles its Object and Connect.
-  CModelPtr<CComAddIn> AddAddIn(ComAddInInfo info, std::function<bool()> isConnected,
-                                std::function<void(bool)> onConnect);
+  // The entry of the COM add-ins dialog.
+  CModelPtr<CComAddIn> AddAddIn(ComAddInInfo info, std::function<bool()> isConnected);
 
   // Loads the address book, before Outlook starts and therefore without events. Throws
   // CCardError, as AddCards does.
@@ -79,8 +78,7 @@ class COutlook {
   void MoveInspector(const std::string& item, const std::string& next);
   std::vector<CModelPtr<CInspector>> OpenInspectors();
 
-  void RaiseStartup() { m_session->Application().RaiseStartup(); }
-  void RaiseQuit() { m_session->Application().RaiseQuit(); }
+  void RaiseQuit() { m_session->Application().Fire(L"Quit"); }
   // Raises OptionsPagesAdd and returns the pages that the sinks added. Each page object is
   // referenced: clear the vector before checking what the add-in holds.
   std::vector<OptionsPage> RaiseOptionsPagesAdd();

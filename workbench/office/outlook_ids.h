@@ -20,7 +20,6 @@ enum class ObjectClass : long {
   Explorer = 34,
   Inspector = 35,
   Contact = 40,
-  Mail = 43,
   Explorers = 60,
   Inspectors = 61,
   Journal = 42,
@@ -28,7 +27,7 @@ enum class ObjectClass : long {
   PropertyPageSite = 70,
   PropertyPages = 71,
   Selection = 74,
-  Links = 75,
+  Links = 76,
 };
 
 // Text properties of items; the dispatch ids are the MAPI property ids.
@@ -47,30 +46,26 @@ inline constexpr DISPID kBody = 0x9100;
 }  // namespace field
 
 // The nineteen number properties of a contact.
-struct NumberProperty {
-  const wchar_t* name;
-  DISPID id;
-};
-inline constexpr NumberProperty kNumberProperties[] = {
-    {L"AssistantTelephoneNumber", 0x3A2E},
-    {L"BusinessTelephoneNumber", 0x3A08},
-    {L"Business2TelephoneNumber", 0x3A1B},
-    {L"CallbackTelephoneNumber", 0x3A02},
-    {L"CarTelephoneNumber", 0x3A1E},
-    {L"CompanyMainTelephoneNumber", 0x3A57},
-    {L"HomeTelephoneNumber", 0x3A09},
-    {L"Home2TelephoneNumber", 0x3A2F},
-    {L"ISDNNumber", 0x3A2D},
-    {L"MobileTelephoneNumber", 0x3A1C},
-    {L"OtherTelephoneNumber", 0x3A1F},
-    {L"PrimaryTelephoneNumber", 0x3A1A},
-    {L"BusinessFaxNumber", 0x3A24},
-    {L"HomeFaxNumber", 0x3A25},
-    {L"OtherFaxNumber", 0x3A23},
-    {L"PagerNumber", 0x3A21},
-    {L"RadioTelephoneNumber", 0x3A1D},
-    {L"TelexNumber", 0x3A2C},
-    {L"TTYTDDTelephoneNumber", 0x3A4B},
+inline constexpr const wchar_t* kNumberProperties[] = {
+    L"AssistantTelephoneNumber",
+    L"BusinessTelephoneNumber",
+    L"Business2TelephoneNumber",
+    L"CallbackTelephoneNumber",
+    L"CarTelephoneNumber",
+    L"CompanyMainTelephoneNumber",
+    L"HomeTelephoneNumber",
+    L"Home2TelephoneNumber",
+    L"ISDNNumber",
+    L"MobileTelephoneNumber",
+    L"OtherTelephoneNumber",
+    L"PrimaryTelephoneNumber",
+    L"BusinessFaxNumber",
+    L"HomeFaxNumber",
+    L"OtherFaxNumber",
+    L"PagerNumber",
+    L"RadioTelephoneNumber",
+    L"TelexNumber",
+    L"TTYTDDTelephoneNumber",
 };
 
 // Errors that Outlook returns.

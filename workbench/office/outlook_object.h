@@ -18,10 +18,6 @@ class COutlookObject : public CEventSource {
   virtual CValue Parent();  // the application, unless overridden
 
  private:
-  CValue Application();
-  long Class() { return static_cast<long>(m_class); }
-  CValue SessionObject();
-
   CSession& m_session;
   const ObjectClass m_class;
 };
@@ -30,27 +26,27 @@ class COutlookObject : public CEventSource {
 // range.
 size_t PositionFromIndex(long index, size_t count);
 
-// GetFirst, GetNext, GetLast and GetPrevious over a list of `count` elements.
-class CCursor {
- public:
-  static constexpr size_t kNone = static_cast<size_t>(-1);
+// Members common to all collections of Outlook: Count, and Item by number or by name.
+class CCollection : public COutlookObject {
+ protected:
+  using COutlookObject::COutlookObject;
 
-  size_t First(size_t count) noexcept { return At(0, count); }
-  size_t Last(size_t count) noexcept { return At(count - 1, count); }
-  size_t Next(size_t count) noexcept {
-    return At(m_position + 1, count);
-  }  // the first one at first
-  size_t Previous(size_t count) noexcept {
-    if (m_position == kNone || m_position == 0) return m_position = kNone;
-    return At(m_position - 1, count);
-  }
+  static const CMemberTable& CollectionMembers();
+  // The same with GetFirst, GetNext, GetLast and GetPrevious.
+  static const CMemberTable& CursorMembers();
+
+  virtual size_t Size() = 0;
+  virtual CValue At(size_t position) = 0;
+  virtual std::wstring NameAt(size_t position) = 0;
+  size_t Position(const CArguments& index);  // throws a CModelError if it is out of range
 
  private:
-  size_t At(size_t position, size_t count) noexcept {
-    return m_position = position < count ? position : kNone;
-  }
+  static constexpr size_t kNowhere = static_cast<size_t>(-1);
 
-  size_t m_position = kNone;
+  CValue Item(const CArguments& index);
+  CValue MoveTo(size_t position);  // nothing outside the collection
+
+  size_t m_cursor = kNowhere;
 };
 
 }  // namespace quor::workbench

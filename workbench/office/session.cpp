@@ -60,35 +60,13 @@ CModelPtr<CFolder> CSession::FolderObject(FolderNode& folder) {
 
 CModelPtr<CItem> CSession::ItemObject(const StoredItemPtr& item) {
   if (item->object != nullptr && !m_givesSeveralObjects) return item->object;
-  switch (item->type) {
-    case ItemType::Contact:
-      return MakeObject<CContactItem>(*this, item, nullptr);
-    case ItemType::DistributionList:
-      return MakeObject<CDistListItem>(*this, item, nullptr);
-    case ItemType::Journal:
-      return MakeObject<CJournalItem>(*this, item, nullptr);
-    default:
-      return MakeObject<CMailItem>(*this, item, nullptr);
-  }
+  return MakeObject<CItem>(*this, item, nullptr);
 }
 
 CModelPtr<CItem> CSession::NewItem(ItemType type, FolderNode& folder) {
   auto item = std::make_shared<StoredItem>();
   item->type = type;
-  switch (type) {
-    case ItemType::Contact:
-      return MakeObject<CContactItem>(*this, item, &folder);
-    case ItemType::DistributionList:
-      return MakeObject<CDistListItem>(*this, item, &folder);
-    case ItemType::Journal:
-      return MakeObject<CJournalItem>(*this, item, &folder);
-    default:
-      return MakeObject<CMailItem>(*this, item, &folder);
-  }
-}
-
-void CSession::RaiseItemAdd(FolderNode& folder, const StoredItemPtr& item) {
-  RaiseItemEvent(folder, L"ItemAdd", item);
+  return MakeObject<CItem>(*this, item, &folder);
 }
 
 void CSession::RaiseItemEvent(FolderNode& folder, const wchar_t* event, const StoredItemPtr& item) {
@@ -115,16 +93,12 @@ void CSession::RaiseItemRemove(FolderNode& folder) {
 void CSession::SaveNewItem(const StoredItemPtr& item, FolderNode& folder) {
   m_mailbox.InsertItem(folder, item);
   m_face.OnChanged();
-  RaiseItemAdd(folder, item);
-  if (m_options.itemChangeAfterAdd && item->folder != nullptr) NoteItemChange(item);
+  RaiseItemEvent(folder, L"ItemAdd", item);
 }
 
 void CSession::NoteItemChange(const StoredItemPtr& item) {
   m_face.OnChanged();
-  for (int repeat = 0; repeat < m_options.itemChangeRepeats; ++repeat) {
-    if (item->folder == nullptr) return;
-    RaiseItemEvent(*item->folder, L"ItemChange", item);
-  }
+  if (item->folder != nullptr) RaiseItemEvent(*item->folder, L"ItemChange", item);
 }
 
 void CSession::AddItems(FolderNode& folder, const std::vector<StoredItemPtr>& items) {
@@ -133,8 +107,7 @@ void CSession::AddItems(FolderNode& folder, const std::vector<StoredItemPtr>& it
   m_face.OnChanged();
   if (items.size() >= kBulkItems) return;
   for (const StoredItemPtr& item : items) {
-    if (item->folder == &folder) RaiseItemAdd(folder, item);
-    if (m_options.itemChangeAfterAdd && item->folder == &folder) NoteItemChange(item);
+    if (item->folder == &folder) RaiseItemEvent(folder, L"ItemAdd", item);
   }
 }
 
@@ -143,7 +116,7 @@ void CSession::MoveItem(const StoredItemPtr& item, FolderNode& folder) {
   m_mailbox.MoveItem(item, folder);
   m_face.OnChanged();
   if (before != nullptr) RaiseItemRemove(*before);
-  if (item->folder == &folder) RaiseItemAdd(folder, item);
+  if (item->folder == &folder) RaiseItemEvent(folder, L"ItemAdd", item);
   const auto windows = m_explorerWindows;
   for (const auto& explorer : windows)
     explorer->Deselect(item);
@@ -190,12 +163,6 @@ FolderNode& CSession::AddFolder(FolderNode& parent, const std::wstring& name, It
   m_face.OnChanged();
   RaiseFolderEvent(parent, L"FolderAdd", &folder);
   return folder;
-}
-
-void CSession::RenameFolder(FolderNode& folder, const std::wstring& name) {
-  folder.name = name;
-  m_face.OnChanged();
-  if (folder.parent != nullptr) RaiseFolderEvent(*folder.parent, L"FolderChange", &folder);
 }
 
 void CSession::MoveFolder(FolderNode& folder, FolderNode& parent) {
@@ -245,7 +212,7 @@ void CSession::LeaveFolder(const FolderNode& folder) {
 CModelPtr<CExplorer> CSession::OpenExplorer(FolderNode& folder) {
   const CModelPtr<CExplorer> explorer = MakeObject<CExplorer>(*this, folder);
   m_explorerWindows.push_back(explorer);
-  m_explorers->RaiseNewExplorer(*explorer);
+  m_explorers->Fire(L"NewExplorer", {CValue(explorer.get())});
   return explorer;
 }
 
@@ -258,7 +225,7 @@ void CSession::ShowExplorer(CExplorer& explorer) {
 void CSession::CloseExplorer(CExplorer& explorer) {
   const CModelPtr<CExplorer> kept(&explorer);
   if (!explorer.IsOpen()) return;
-  explorer.RaiseClose();
+  explorer.Fire(L"Close");
   std::erase(m_explorerWindows, kept);
   explorer.SetClosed();
   m_face.OnClosed(explorer);
@@ -277,7 +244,7 @@ bool CSession::ShowInspector(CInspector& inspector) {
     if (!inspector.Item()->RaiseOpen()) return false;
     inspector.SetShown();
     m_inspectorWindows.push_back(kept);
-    m_inspectors->RaiseNewInspector(inspector);
+    m_inspectors->Fire(L"NewInspector", {CValue(&inspector)});
     if (!inspector.IsOpen()) return false;  // a sink has closed it
     m_face.OnShown(inspector);
   }
@@ -291,7 +258,7 @@ bool CSession::CloseInspector(CInspector& inspector) {
   const CModelPtr<CItem> item(inspector.Item());
   if (inspector.IsShown()) {
     if (!item->RaiseClose()) return false;
-    inspector.RaiseClose();
+    inspector.Fire(L"Close");
   }
   std::erase(m_inspectorWindows, kept);
   inspector.SetClosed();

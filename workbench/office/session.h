@@ -42,9 +42,7 @@ class IOutlookFace {
 class CNoFace final : public IOutlookFace {};
 
 struct SessionOptions {
-  int version = 16;                 // 9 to 16
-  int itemChangeRepeats = 1;        // number of ItemChange events for one edit
-  bool itemChangeAfterAdd = false;  // raise ItemChange after ItemAdd for a new item
+  int version = 16;  // 9 to 16
 };
 
 // Adding or removing this many items at once raises no item events.
@@ -88,7 +86,6 @@ class CSession {
   void MoveItem(const StoredItemPtr& item, FolderNode& folder);
   void DeleteItems(const std::vector<StoredItemPtr>& items);  // to Deleted Items, or permanently
   FolderNode& AddFolder(FolderNode& parent, const std::wstring& name, ItemType type);
-  void RenameFolder(FolderNode& folder, const std::wstring& name);
   void MoveFolder(FolderNode& folder, FolderNode& parent);
   void DeleteFolder(FolderNode& folder);
 
@@ -115,7 +112,6 @@ class CSession {
  private:
   void RaiseItemEvent(FolderNode& folder, const wchar_t* event, const StoredItemPtr& item);
   void FireItemEvent(FolderNode& folder, const wchar_t* event, const StoredItemPtr& item);
-  void RaiseItemAdd(FolderNode& folder, const StoredItemPtr& item);
   void RaiseItemRemove(FolderNode& folder);
   void RaiseFolderEvent(FolderNode& parent, const wchar_t* event, FolderNode* folder);
   void LeaveFolder(const FolderNode& folder);

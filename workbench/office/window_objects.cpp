@@ -6,20 +6,6 @@
 #include "workbench/office/folder_objects.h"
 
 namespace quor::workbench {
-namespace {
-
-template <class Window>
-CModelPtr<Window> WindowByIndex(const std::vector<CModelPtr<Window>>& windows,
-                                const CArguments& arguments) {
-  if (!arguments.IsText(0)) return windows[PositionFromIndex(arguments.Long(0), windows.size())];
-  const std::wstring caption = arguments.Text(0);
-  for (const auto& window : windows) {
-    if (window->CaptionText() == caption) return window;
-  }
-  throw CModelError(kNotFound, "There is no such window.");
-}
-
-}  // namespace
 
 STDMETHODIMP CWindowObject::GetWindow(HWND* window) {
   if (window == nullptr) return E_POINTER;
@@ -35,18 +21,8 @@ const CMemberTable& CWindowObject::WindowMembers() {
   using Self = CWindowObject;
   static const CMemberTable table(
       "Window", nullptr, &CommonMembers(),
-      {Get<&Self::Caption>(L"Caption"), Get<&Self::CommandBars>(L"CommandBars"),
-       Method<&Self::Activate>(L"Activate"),
-       Get<&Self::GetPlace<&WindowPlace::state>>(L"WindowState"),
-       Put<&Self::PutPlace<&WindowPlace::state>>(L"WindowState"),
-       Get<&Self::GetPlace<&WindowPlace::height>>(L"Height"),
-       Put<&Self::PutPlace<&WindowPlace::height>>(L"Height"),
-       Get<&Self::GetPlace<&WindowPlace::left>>(L"Left"),
-       Put<&Self::PutPlace<&WindowPlace::left>>(L"Left"),
-       Get<&Self::GetPlace<&WindowPlace::top>>(L"Top"),
-       Put<&Self::PutPlace<&WindowPlace::top>>(L"Top"),
-       Get<&Self::GetPlace<&WindowPlace::width>>(L"Width"),
-       Put<&Self::PutPlace<&WindowPlace::width>>(L"Width")});
+      {Get(L"Caption", [](Self& self) { return self.CaptionText(); }),
+       Get(L"CommandBars", [](Self& self) { return self.Session().Face().CommandBarsOf(self); })});
   return table;
 }
 
@@ -55,23 +31,8 @@ void* CWindowObject::OtherInterface(REFIID iid) {
   return COutlookObject::OtherInterface(iid);
 }
 
-void CWindowObject::CheckOpen() const {
+void CWindowObject::RequireAlive() const {
   if (!m_open) throw CModelError(kObjectDeleted, "The window has been closed.");
-}
-
-CValue CWindowObject::CommandBars() {
-  CheckOpen();
-  return CValue(Session().Face().CommandBarsOf(*this));
-}
-
-void CWindowObject::Activate() {
-  CheckOpen();
-  Session().ActivateWindow(*this);
-}
-
-CValue CWindowObject::Caption() {
-  CheckOpen();
-  return CValue(CaptionText());
 }
 
 CExplorer::CExplorer(CSession& session, FolderNode& folder)
@@ -80,11 +41,12 @@ CExplorer::CExplorer(CSession& session, FolderNode& folder)
 }
 
 const CMemberTable& CExplorer::Members() {
+  using Self = CExplorer;
   static const CMemberTable table(
       "Explorer", L"_Explorer", &WindowMembers(),
-      {Get<&CExplorer::CurrentFolder>(L"CurrentFolder"),
-       Put<&CExplorer::SetCurrentFolder>(L"CurrentFolder"), Method<&CExplorer::Close>(L"Close"),
-       Method<&CExplorer::Display>(L"Display"), Get<&CExplorer::Selection>(L"Selection")},
+      {Get(L"CurrentFolder",
+           [](Self& self) { return self.Session().FolderObject(*self.m_folder); }),
+       Get(L"Selection", [](Self& self) { return MakeObject<CSelection>(self.Session(), self); })},
       {L"ExplorerEvents", L"ExplorerEvents_10"});
   return table;
 }
@@ -140,42 +102,14 @@ void CExplorer::Deselect(const StoredItemPtr& item) {
   Fire(L"SelectionChange");
 }
 
-CModelPtr<CFolder> CExplorer::CurrentFolder() {
-  CheckOpen();
-  return Session().FolderObject(*m_folder);
-}
-
-void CExplorer::SetCurrentFolder(const CArguments& arguments) {
-  CheckOpen();
-  CFolder* folder = ObjectBehind<CFolder>(arguments.Object(0));
-  if (folder == nullptr) throw CModelError(E_INVALIDARG);
-  SwitchFolder(folder->Node());
-}
-
-CModelPtr<CSelection> CExplorer::Selection() {
-  CheckOpen();
-  return MakeObject<CSelection>(Session(), *this);
-}
-
-void CExplorer::Close() {
-  CheckOpen();
-  Session().CloseExplorer(*this);
-}
-
-void CExplorer::Display() {
-  CheckOpen();
-  Session().ShowExplorer(*this);
-}
-
 CInspector::CInspector(CSession& session, CItem& item)
     : CWindowObject(session, Members(), ObjectClass::Inspector), m_item(&item) {}
 
 const CMemberTable& CInspector::Members() {
-  static const CMemberTable table(
-      "Inspector", L"_Inspector", &WindowMembers(),
-      {Get<&CInspector::CurrentItem>(L"CurrentItem"), Get<&CInspector::EditorType>(L"EditorType"),
-       Method<&CInspector::Close>(L"Close"), Method<&CInspector::Display>(L"Display", 0)},
-      {L"InspectorEvents", L"InspectorEvents_10"});
+  using Self = CInspector;
+  static const CMemberTable table("Inspector", L"_Inspector", &WindowMembers(),
+                                  {Get(L"CurrentItem", [](Self& self) { return self.m_item; })},
+                                  {L"InspectorEvents", L"InspectorEvents_10"});
   return table;
 }
 
@@ -196,45 +130,14 @@ void CInspector::OnGone() noexcept {
   CWindowObject::OnGone();
 }
 
-CModelPtr<CItem> CInspector::CurrentItem() {
-  CheckOpen();
-  return m_item;
-}
-
-long CInspector::EditorType() {
-  CheckOpen();
-  return 1;  // text
-}
-
-void CInspector::Close(const CArguments& arguments) {
-  CheckOpen();
-  if (arguments.Long(0) == 0) {
-    m_item->SaveChanges();
-  } else {
-    m_item->DiscardChanges();
-  }
-  Session().CloseInspector(*this);
-}
-
-void CInspector::Display() {
-  CheckOpen();
-  Session().ShowInspector(*this);
-}
-
 CSelection::CSelection(CSession& session, CExplorer& explorer)
-    : COutlookObject(session, Members(), ObjectClass::Selection),
+    : CCollection(session, Members(), ObjectClass::Selection),
       m_explorer(&explorer),
       m_items(explorer.SelectedItems()) {}
 
 const CMemberTable& CSelection::Members() {
-  static const CMemberTable table(
-      "Selection", L"Selection", &CommonMembers(),
-      {Get<&CSelection::Count>(L"Count"), Method<&CSelection::Item>(L"Item")});
+  static const CMemberTable table("Selection", L"Selection", &CollectionMembers(), {});
   return table;
-}
-
-CValue CSelection::Parent() {
-  return CValue(m_explorer.get());
 }
 
 void CSelection::OnGone() noexcept {
@@ -243,45 +146,46 @@ void CSelection::OnGone() noexcept {
   COutlookObject::OnGone();
 }
 
-CModelPtr<CItem> CSelection::Item(const CArguments& arguments) {
-  return Session().ItemObject(m_items[PositionFromIndex(arguments.Long(0), m_items.size())]);
+CValue CSelection::At(size_t position) {
+  return CValue(Session().ItemObject(m_items[position]).get());
+}
+
+std::wstring CSelection::NameAt(size_t position) {
+  return m_items[position]->fields.Get(field::kSubject);
 }
 
 CExplorers::CExplorers(CSession& session)
-    : COutlookObject(session, Members(), ObjectClass::Explorers) {}
+    : CCollection(session, Members(), ObjectClass::Explorers) {}
 
 const CMemberTable& CExplorers::Members() {
-  static const CMemberTable table(
-      "Explorers", L"_Explorers", &CommonMembers(),
-      {Get<&CExplorers::Count>(L"Count"), Method<&CExplorers::Item>(L"Item")},
-      {L"ExplorersEvents"});
+  static const CMemberTable table("Explorers", L"_Explorers", &CollectionMembers(), {},
+                                  {L"ExplorersEvents"});
   return table;
 }
 
-CModelPtr<CExplorer> CExplorers::Item(const CArguments& arguments) {
-  return WindowByIndex(Session().ExplorerWindows(), arguments);
+CValue CExplorers::At(size_t position) {
+  return CValue(Session().ExplorerWindows()[position].get());
+}
+
+std::wstring CExplorers::NameAt(size_t position) {
+  return Session().ExplorerWindows()[position]->CaptionText();
 }
 
 CInspectors::CInspectors(CSession& session)
-    : COutlookObject(session, Members(), ObjectClass::Inspectors) {}
+    : CCollection(session, Members(), ObjectClass::Inspectors) {}
 
 const CMemberTable& CInspectors::Members() {
-  static const CMemberTable table(
-      "Inspectors", L"_Inspectors", &CommonMembers(),
-      {Get<&CInspectors::Count>(L"Count"), Method<&CInspectors::Item>(L"Item"),
-       Method<&CInspectors::Add>(L"Add")},
-      {L"InspectorsEvents"});
+  static const CMemberTable table("Inspectors", L"_Inspectors", &CollectionMembers(), {},
+                                  {L"InspectorsEvents"});
   return table;
 }
 
-CModelPtr<CInspector> CInspectors::Item(const CArguments& arguments) {
-  return WindowByIndex(Session().InspectorWindows(), arguments);
+CValue CInspectors::At(size_t position) {
+  return CValue(Session().InspectorWindows()[position].get());
 }
 
-CModelPtr<CInspector> CInspectors::Add(const CArguments& arguments) {
-  CItem* item = ObjectBehind<CItem>(arguments.Object(0));
-  if (item == nullptr) throw CModelError(E_INVALIDARG);
-  return Session().InspectorFor(*item);
+std::wstring CInspectors::NameAt(size_t position) {
+  return Session().InspectorWindows()[position]->CaptionText();
 }
 
 }  // namespace quor::workbench

@@ -9,15 +9,6 @@
 
 namespace quor::workbench {
 
-// Position and state of a window in the object model.
-struct WindowPlace {
-  long left = 60;
-  long top = 40;
-  long width = 1000;
-  long height = 700;
-  long state = 2;  // OlWindowState: normal
-};
-
 // Common members of explorer and inspector.
 class CWindowObject : public COutlookObject, public IOleWindow {
  public:
@@ -35,32 +26,15 @@ class CWindowObject : public COutlookObject, public IOleWindow {
   HWND Window() { return Session().Face().WindowOf(*this); }
   virtual std::wstring CaptionText() const = 0;
   void RaiseActivate(bool active) { Fire(active ? L"Activate" : L"Deactivate"); }
-  void RaiseClose() { Fire(L"Close"); }
 
  protected:
   CWindowObject(CSession& session, const CMemberTable& members, ObjectClass objectClass);
 
   static const CMemberTable& WindowMembers();
+  void RequireAlive() const override;  // throws a CModelError once closed
   void* OtherInterface(REFIID iid) override;
-  void CheckOpen() const;  // throws a CModelError once closed
 
  private:
-  CValue CommandBars();
-  void Activate();
-  CValue Caption();
-  template <auto part>
-  long GetPlace() const {
-    CheckOpen();
-    return m_place.*part;
-  }
-  template <auto part>
-  void PutPlace(const CArguments& arguments) {
-    CheckOpen();
-    m_place.*part = arguments.Long(0);
-    Session().Face().OnChanged();
-  }
-
-  WindowPlace m_place;
   bool m_open = true;
 };
 
@@ -86,11 +60,6 @@ class CExplorer final : public CWindowObject {
   static const CMemberTable& Members();
 
   void ShowFolder(FolderNode& folder);
-  CModelPtr<CFolder> CurrentFolder();
-  void SetCurrentFolder(const CArguments& arguments);
-  CModelPtr<class CSelection> Selection();
-  void Close();
-  void Display();
 
   FolderNode* m_folder;
   std::vector<StoredItemPtr> m_selected;
@@ -116,57 +85,53 @@ class CInspector final : public CWindowObject {
  private:
   static const CMemberTable& Members();
 
-  CModelPtr<CItem> CurrentItem();
-  long EditorType();
-  void Close(const CArguments& arguments);
-  void Display();
-
   CModelPtr<CItem> m_item;
   bool m_shown = false;
 };
 
 // The selection at the time of the property read.
-class CSelection final : public COutlookObject {
+class CSelection final : public CCollection {
  public:
   CSelection(CSession& session, CExplorer& explorer);
 
  protected:
-  CValue Parent() override;
+  CValue Parent() override { return CValue(m_explorer.get()); }
+  size_t Size() override { return m_items.size(); }
+  CValue At(size_t position) override;
+  std::wstring NameAt(size_t position) override;
   void OnGone() noexcept override;
 
  private:
   static const CMemberTable& Members();
 
-  long Count() { return static_cast<long>(m_items.size()); }
-  CModelPtr<CItem> Item(const CArguments& arguments);
-
   CModelPtr<CExplorer> m_explorer;
   std::vector<StoredItemPtr> m_items;
 };
 
-class CExplorers final : public COutlookObject {
+class CExplorers final : public CCollection {
  public:
   explicit CExplorers(CSession& session);
-  void RaiseNewExplorer(CExplorer& explorer) { Fire(L"NewExplorer", {CValue(&explorer)}); }
+
+ protected:
+  size_t Size() override { return Session().ExplorerWindows().size(); }
+  CValue At(size_t position) override;
+  std::wstring NameAt(size_t position) override;
 
  private:
   static const CMemberTable& Members();
-
-  long Count() { return static_cast<long>(Session().ExplorerWindows().size()); }
-  CModelPtr<CExplorer> Item(const CArguments& arguments);
 };
 
-class CInspectors final : public COutlookObject {
+class CInspectors final : public CCollection {
  public:
   explicit CInspectors(CSession& session);
-  void RaiseNewInspector(CInspector& inspector) { Fire(L"NewInspector", {CValue(&inspector)}); }
+
+ protected:
+  size_t Size() override { return Session().InspectorWindows().size(); }
+  CValue At(size_t position) override;
+  std::wstring NameAt(size_t position) override;
 
  private:
   static const CMemberTable& Members();
-
-  long Count() { return static_cast<long>(Session().InspectorWindows().size()); }
-  CModelPtr<CInspector> Item(const CArguments& arguments);
-  CModelPtr<CInspector> Add(const CArguments& arguments);
 };
 
 }  // namespace quor::workbench

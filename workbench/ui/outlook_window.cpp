@@ -44,8 +44,7 @@ bool IsEarlier(const StoredItemPtr& left, const StoredItemPtr& right) {
 }
 
 // "BusinessTelephoneNumber" is shown as "Business".
-std::wstring LabelOf(const NumberProperty& property) {
-  std::wstring label = property.name;
+std::wstring LabelOf(std::wstring label) {
   for (const wchar_t* tail : {L"TelephoneNumber", L"Number"}) {
     const size_t at = label.rfind(tail);
     if (at != std::wstring::npos) return label.substr(0, at);
@@ -165,8 +164,8 @@ void COutlookWindow::FillCard(WindowFace& face, const std::wstring& name,
     if (!value.empty()) face.card.push_back({label, value});
   };
   add(L"Company", textOf(field::kCompanyName));
-  for (const NumberProperty& property : kNumberProperties)
-    add(LabelOf(property), textOf(property.id));
+  for (const wchar_t* property : kNumberProperties)
+    add(LabelOf(property), textOf(TextPropertyByName(property)));
   add(L"Notes", textOf(field::kBody));
 }
 

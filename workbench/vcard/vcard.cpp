@@ -38,28 +38,35 @@ std::string Text(std::string_view value) {
 
 // The fields that may hold a number of these types, the preferred one first. `types` is the text
 // between name and value in upper case: ";VALUE=uri;TYPE="work,fax"".
-std::vector<NumberKind> KindsFor(const std::string& types) {
-  using enum NumberKind;
+std::vector<const char*> PropertiesFor(const std::string& types) {
   const auto has = [&types](const char* type) { return types.find(type) != std::string::npos; };
-  if (has("FAX")) return {has("WORK") ? BusinessFax : has("HOME") ? HomeFax : OtherFax, OtherFax};
-  constexpr std::pair<const char*, NumberKind> kNamed[] = {{"X-ASSISTANT", Assistant},
-                                                           {"X-CALLBACK", Callback},
-                                                           {"X-COMPANY", CompanyMain},
-                                                           {"X-PRIMARY", Primary},
-                                                           {"X-RADIO", Radio},
-                                                           {"X-TELEX", Telex},
-                                                           {"X-TTY", TtyTdd},
-                                                           {"X-OTHER", Other},
-                                                           {"PAGER", Pager},
-                                                           {"CAR", Car},
-                                                           {"ISDN", Isdn},
-                                                           {"CELL", Mobile}};
-  for (const auto& [type, kind] : kNamed) {
-    if (has(type)) return {kind, Other};
+  static constexpr char kOther[] = "OtherTelephoneNumber";
+  if (has("FAX")) {
+    static constexpr char kOtherFax[] = "OtherFaxNumber";
+    return {has("WORK")   ? "BusinessFaxNumber"
+            : has("HOME") ? "HomeFaxNumber"
+                          : kOtherFax,
+            kOtherFax};
   }
-  if (has("WORK")) return {Business, Business2, Other};
-  if (has("HOME")) return {Home, Home2, Other};
-  return {Other, Primary};
+  constexpr std::pair<const char*, const char*> kNamed[] = {
+      {"X-ASSISTANT", "AssistantTelephoneNumber"},
+      {"X-CALLBACK", "CallbackTelephoneNumber"},
+      {"X-COMPANY", "CompanyMainTelephoneNumber"},
+      {"X-PRIMARY", "PrimaryTelephoneNumber"},
+      {"X-RADIO", "RadioTelephoneNumber"},
+      {"X-TELEX", "TelexNumber"},
+      {"X-TTY", "TTYTDDTelephoneNumber"},
+      {"X-OTHER", kOther},
+      {"PAGER", "PagerNumber"},
+      {"CAR", "CarTelephoneNumber"},
+      {"ISDN", "ISDNNumber"},
+      {"CELL", "MobileTelephoneNumber"}};
+  for (const auto& [type, property] : kNamed) {
+    if (has(type)) return {property, kOther};
+  }
+  if (has("WORK")) return {"BusinessTelephoneNumber", "Business2TelephoneNumber", kOther};
+  if (has("HOME")) return {"HomeTelephoneNumber", "Home2TelephoneNumber", kOther};
+  return {kOther, "PrimaryTelephoneNumber"};
 }
 
 class CReader {
@@ -118,8 +125,6 @@ class CReader {
       m_card.firstName = parts[1];
     } else if (name == "KIND") {
       m_card.group = Upper(value) == "GROUP";
-    } else if (name == "MEMBER") {
-      m_card.members.push_back(value);
     } else {
       constexpr std::pair<const char*, std::string Card::*> kTexts[] = {
           {"FN", &Card::fullName},      {"NOTE", &Card::note},       {"ORG", &Card::company},
@@ -133,11 +138,12 @@ class CReader {
 
   void ReadNumber(const std::string& types, const std::string& value) {
     const std::string number = value.starts_with("tel:") ? value.substr(4) : value;
-    for (const NumberKind kind : KindsFor(types)) {
-      const bool taken = std::any_of(m_card.numbers.begin(), m_card.numbers.end(),
-                                     [kind](const CardNumber& one) { return one.kind == kind; });
+    for (const char* property : PropertiesFor(types)) {
+      const bool taken =
+          std::any_of(m_card.numbers.begin(), m_card.numbers.end(),
+                      [=](const CardNumber& one) { return one.property == property; });
       if (taken) continue;
-      m_card.numbers.push_back({kind, number});
+      m_card.numbers.push_back({property, number});
       return;
     }
     Fail("no field is left for the number " + number);

@@ -11,8 +11,8 @@ namespace quor::workbench {
 // Address books as vCard text (RFC 6350), UTF-8, to the extent that scenarios and make-address-book
 // use it.
 //
-// Properties read: FN, N, ORG, NOTE, TEL, KIND (a group becomes a distribution list), MEMBER, and
-// two of our own:
+// Properties read: FN, N, ORG, NOTE, TEL, KIND (a group becomes a distribution list), and two of
+// our own:
 //   X-FILE-AS   the contact's File As; default: "Last, First", or the one of the two that exists,
 //               or the company, or FN
 //   X-FOLDER    the card's folder: "Customers/North" below the contacts folder, or from the top
@@ -28,32 +28,9 @@ namespace quor::workbench {
 //   none of these            Other, then Primary
 // A number whose fields are all used goes to Other; if that is used, too, this is an error.
 
-// A contact's nineteen number fields, in the stand-in's property order.
-enum class NumberKind {
-  Assistant,
-  Business,
-  Business2,
-  Callback,
-  Car,
-  CompanyMain,
-  Home,
-  Home2,
-  Isdn,
-  Mobile,
-  Other,
-  Primary,
-  BusinessFax,
-  HomeFax,
-  OtherFax,
-  Pager,
-  Radio,
-  Telex,
-  TtyTdd,
-};
-
 struct CardNumber {
-  NumberKind kind = NumberKind::Other;
-  std::string number;  // as written
+  std::string property;  // "BusinessTelephoneNumber", as the object model names the field
+  std::string number;    // as written
 };
 
 struct Card {
@@ -65,8 +42,7 @@ struct Card {
   std::string fileAs;  // not empty if there is any name
   std::string note;
   std::string folder;
-  std::vector<CardNumber> numbers;   // at most one of each kind
-  std::vector<std::string> members;  // of a group, as written
+  std::vector<CardNumber> numbers;  // at most one of each property
 };
 
 // An error in a text, and its line (from 1).
