@@ -17,40 +17,18 @@ void CCommandBarButton::OnGone() noexcept {
 ControlFace CCommandBarButton::Face() const {
   ControlFace face = CCommandBarControl::Face();
   face.kind = ControlKind::Button;
-  face.hasPicture = m_picture != nullptr || m_faceId != 0;
+  face.hasPicture = m_picture != nullptr;
   face.hasMask = m_mask != nullptr;
   face.picture = m_style == mso::kCaption || m_style == mso::kWrapCaption ? nullptr : m_pixels;
   face.showsCaption = m_style == mso::kAutomatic ? !face.hasPicture : m_style != mso::kIcon;
-  face.pressed = m_state == mso::kButtonDown;
   return face;
 }
 
-void CCommandBarButton::Activate() {
+void CCommandBarButton::Click() {
   const CModelPtr<CCommandBarControl> self(this);
   for (const auto& twin : Twins()) {
     if (!twin->IsDeleted()) twin->FireCancellable(L"Click", {static_cast<IDispatch*>(this)});
   }
-}
-
-void CCommandBarButton::SetBuiltInFace(const CArguments& arguments) {
-  if (!arguments.Bool(0)) return;
-  m_picture = nullptr;
-  m_mask = nullptr;
-  ComposeFace();
-}
-
-void CCommandBarButton::SetFaceId(const CArguments& arguments) {
-  m_faceId = arguments.Long(0);
-  m_picture = nullptr;
-  m_mask = nullptr;
-  ComposeFace();
-}
-
-void CCommandBarButton::SetState(const CArguments& arguments) {
-  const long state = arguments.Long(0);
-  if (state < mso::kButtonDown || state > 2 || state == 1) throw CModelError(E_INVALIDARG);
-  m_state = state;
-  Bar()->Changed();
 }
 
 void CCommandBarButton::SetStyle(const CArguments& arguments) {
@@ -93,12 +71,15 @@ const CMemberTable& CCommandBarButton::Members() {
   using Self = CCommandBarButton;
   static const CMemberTable table(
       "CommandBarButton", L"_CommandBarButton", &ControlMembers(),
-      {Get<&Self::BuiltInFace>(L"BuiltInFace"), Put<&Self::SetBuiltInFace>(L"BuiltInFace"),
-       Get<&Self::FaceId>(L"FaceId"), Put<&Self::SetFaceId>(L"FaceId"),
-       Get<&Self::ShortcutText>(L"ShortcutText"), Put<&Self::SetShortcutText>(L"ShortcutText"),
-       Get<&Self::State>(L"State"), Put<&Self::SetState>(L"State"), Get<&Self::Style>(L"Style"),
-       Put<&Self::SetStyle>(L"Style"), Get<&Self::Picture>(L"Picture"),
-       Put<&Self::SetPicture>(L"Picture"), Get<&Self::Mask>(L"Mask"), Put<&Self::SetMask>(L"Mask")},
+      {Property(
+           L"Style", [](Self& self) { return self.m_style; },
+           [](Self& self, const CArguments& arguments) { self.SetStyle(arguments); }),
+       Property(
+           L"Picture", [](Self& self) { return static_cast<IDispatch*>(self.m_picture); },
+           [](Self& self, const CArguments& arguments) { self.SetPicture(arguments); }),
+       Property(
+           L"Mask", [](Self& self) { return static_cast<IDispatch*>(self.m_mask); },
+           [](Self& self, const CArguments& arguments) { self.SetMask(arguments); })},
       {L"_CommandBarButtonEvents"});
   return table;
 }

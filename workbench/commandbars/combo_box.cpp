@@ -13,14 +13,12 @@ constexpr long kStyleLabel = 1;
 }  // namespace
 
 CCommandBarComboBox::CCommandBarComboBox(CModel& model, std::shared_ptr<CControlRegistry> registry,
-                                         CCommandBar& bar, long type)
-    : CCommandBarControl(model, Members(), std::move(registry), bar, type) {}
+                                         CCommandBar& bar)
+    : CCommandBarControl(model, Members(), std::move(registry), bar, mso::kComboBox) {}
 
 ControlFace CCommandBarComboBox::Face() const {
   ControlFace face = CCommandBarControl::Face();
-  face.kind = TypeNumber() == mso::kEdit       ? ControlKind::Edit
-              : TypeNumber() == mso::kDropdown ? ControlKind::DropDown
-                                               : ControlKind::ComboBox;
+  face.kind = ControlKind::ComboBox;
   face.text = m_text;
   face.entries = m_entries;
   face.showsCaption = m_style == kStyleLabel;
@@ -53,12 +51,6 @@ void CCommandBarComboBox::RaiseChange() {
   }
 }
 
-size_t CCommandBarComboBox::EntryFromOne(const CArguments& arguments, UINT index) const {
-  const long entry = arguments.Long(index);
-  if (entry < 1 || static_cast<size_t>(entry) > m_entries.size()) throw CModelError(E_INVALIDARG);
-  return static_cast<size_t>(entry) - 1;
-}
-
 void CCommandBarComboBox::AddItem(const CArguments& arguments) {
   const std::wstring text = arguments.Text(0);
   const size_t count = m_entries.size();
@@ -75,29 +67,12 @@ void CCommandBarComboBox::Clear() {
   Bar()->Changed();
 }
 
-void CCommandBarComboBox::RemoveItem(const CArguments& arguments) {
-  const auto entry = static_cast<long>(EntryFromOne(arguments, 0));
-  m_entries.erase(m_entries.begin() + entry);
-  FollowText();
-  Bar()->Changed();
-}
-
-std::wstring CCommandBarComboBox::List(const CArguments& arguments) const {
-  return m_entries[EntryFromOne(arguments, 0)];
-}
-
-void CCommandBarComboBox::SetList(const CArguments& arguments) {
-  m_entries[EntryFromOne(arguments, 0)] = arguments.Text(1);
-  Bar()->Changed();
-}
-
 // Raises Change, because it counts as the user's choice.
 void CCommandBarComboBox::SetListIndex(const CArguments& arguments) {
-  if (arguments.Long(0) == 0) {
-    m_listIndex = 0;
-    return;
-  }
-  Pick(EntryFromOne(arguments, 0));
+  const long index = arguments.Long(0);
+  if (index < 0 || static_cast<size_t>(index) > m_entries.size()) throw CModelError(E_INVALIDARG);
+  if (index != 0) return Pick(static_cast<size_t>(index) - 1);
+  m_listIndex = 0;
 }
 
 void CCommandBarComboBox::SetText(const CArguments& arguments) {
@@ -106,23 +81,32 @@ void CCommandBarComboBox::SetText(const CArguments& arguments) {
   Bar()->Changed();
 }
 
+template <auto number, long least, long most>
+Member CCommandBarComboBox::Number(const wchar_t* name) {
+  using Self = CCommandBarComboBox;
+  return Property(
+      name, [](Self& self) { return self.*number; },
+      [](Self& self, const CArguments& arguments) {
+        const long value = arguments.Long(0);
+        if (value < least || value > most) throw CModelError(E_INVALIDARG);
+        self.*number = value;
+        self.Bar()->Changed();
+      });
+}
+
 const CMemberTable& CCommandBarComboBox::Members() {
   using Self = CCommandBarComboBox;
-  constexpr long kMost = LONG_MAX;
   static const CMemberTable table(
       "CommandBarComboBox", L"_CommandBarComboBox", &ControlMembers(),
       {Method<&Self::AddItem>(L"AddItem", 1), Method<&Self::Clear>(L"Clear"),
-       Get<&Self::Read<&Self::m_dropDownLines>>(L"DropDownLines"),
-       Put<&Self::Write<&Self::m_dropDownLines, -1, kMost>>(L"DropDownLines"),
-       Get<&Self::Read<&Self::m_dropDownWidth>>(L"DropDownWidth"),
-       Put<&Self::Write<&Self::m_dropDownWidth, -1, kMost>>(L"DropDownWidth"),
-       Get<&Self::List>(L"List"), Put<&Self::SetList>(L"List"), Get<&Self::ListCount>(L"ListCount"),
-       Get<&Self::Read<&Self::m_headerCount>>(L"ListHeaderCount"),
-       Put<&Self::Write<&Self::m_headerCount, -1, kMost>>(L"ListHeaderCount"),
-       Get<&Self::ListIndex>(L"ListIndex"), Put<&Self::SetListIndex>(L"ListIndex"),
-       Method<&Self::RemoveItem>(L"RemoveItem"), Get<&Self::Read<&Self::m_style>>(L"Style"),
-       Put<&Self::Write<&Self::m_style, 0, kStyleLabel>>(L"Style"), Get<&Self::Text>(L"Text"),
-       Put<&Self::SetText>(L"Text")},
+       Number<&Self::m_dropDownWidth, -1, LONG_MAX>(L"DropDownWidth"),
+       Property(
+           L"ListIndex", [](Self& self) { return self.m_listIndex; },
+           [](Self& self, const CArguments& arguments) { self.SetListIndex(arguments); }),
+       Number<&Self::m_style, 0, kStyleLabel>(L"Style"),
+       Property(
+           L"Text", [](Self& self) { return self.m_text; },
+           [](Self& self, const CArguments& arguments) { self.SetText(arguments); })},
       {L"_CommandBarComboBoxEvents"});
   return table;
 }

@@ -5,11 +5,9 @@
 
 namespace quor::workbench {
 
-// A combo box. An edit box and a drop-down list have the same members.
 class CCommandBarComboBox final : public CCommandBarControl {
  public:
-  CCommandBarComboBox(CModel& model, std::shared_ptr<CControlRegistry> registry, CCommandBar& bar,
-                      long type);
+  CCommandBarComboBox(CModel& model, std::shared_ptr<CControlRegistry> registry, CCommandBar& bar);
 
   ControlFace Face() const override;
   // The user's actions: types a text and presses Enter, or picks an entry (from 0). Both raise
@@ -22,36 +20,18 @@ class CCommandBarComboBox final : public CCommandBarControl {
 
   void AddItem(const CArguments& arguments);
   void Clear();
-  void RemoveItem(const CArguments& arguments);
-  std::wstring List(const CArguments& arguments) const;
-  void SetList(const CArguments& arguments);
-  long ListCount() const { return static_cast<long>(m_entries.size()); }
-  long ListIndex() const { return m_listIndex; }
   void SetListIndex(const CArguments& arguments);
-  std::wstring Text() const { return m_text; }
   void SetText(const CArguments& arguments);
-  template <auto number>
-  long Read() const {
-    return this->*number;
-  }
   template <auto number, long least, long most>
-  void Write(const CArguments& arguments) {
-    const long value = arguments.Long(0);
-    if (value < least || value > most) throw CModelError(E_INVALIDARG);
-    this->*number = value;
-    Bar()->Changed();
-  }
+  static Member Number(const wchar_t* name);
 
-  size_t EntryFromOne(const CArguments& arguments, UINT index) const;
   void FollowText();
   void RaiseChange();
 
   std::vector<std::wstring> m_entries;
   std::wstring m_text;
   long m_listIndex = 0;  // from 1; 0: none
-  long m_dropDownLines = 0;
   long m_dropDownWidth = 0;
-  long m_headerCount = -1;
   long m_style = 0;
 };
 

@@ -66,20 +66,18 @@ CModelPtr<CAutomation> CCommandBar::Controls() {
   return MakeObject<CCommandBarControls>(Model(), CModelPtr<CCommandBar>(this)).get();
 }
 
-CModelPtr<CCommandBarControl> CCommandBar::Add(const NewControl& wanted) {
+CModelPtr<CCommandBarControl> CCommandBar::Add(long type, std::optional<long> position) {
   RequireAlive();
   const long end = static_cast<long>(m_controls.size()) + 1;
-  const long before = wanted.before.value_or(end);
+  const long before = position.value_or(end);
   if (before < 1 || before > end) throw CModelError(E_INVALIDARG, "No such place on the bar.");
   CModelPtr<CCommandBarControl> control;
-  switch (wanted.type) {
+  switch (type) {
     case mso::kButton:
       control = MakeObject<CCommandBarButton>(Model(), m_registry, *this).get();
       break;
-    case mso::kEdit:
-    case mso::kDropdown:
     case mso::kComboBox:
-      control = MakeObject<CCommandBarComboBox>(Model(), m_registry, *this, wanted.type).get();
+      control = MakeObject<CCommandBarComboBox>(Model(), m_registry, *this).get();
       break;
     case mso::kPopup:
       control = MakeObject<CCommandBarPopup>(Model(), m_registry, *this).get();
@@ -87,9 +85,6 @@ CModelPtr<CCommandBarControl> CCommandBar::Add(const NewControl& wanted) {
     default:
       throw CModelError(E_INVALIDARG, "A control of that type cannot be added.");
   }
-  control->settings.id = wanted.id;
-  control->settings.parameter = wanted.parameter;
-  control->settings.temporary = wanted.temporary;
   m_controls.insert(m_controls.begin() + (before - 1), control);
   Changed();
   return control;
@@ -102,19 +97,14 @@ void CCommandBar::Remove(CCommandBarControl& control) {
   Changed();
 }
 
-long CCommandBar::IndexOf(const CCommandBarControl& control) const {
-  const auto found = std::find_if(m_controls.begin(), m_controls.end(),
-                                  [&control](const auto& one) { return one.get() == &control; });
-  return static_cast<long>(found - m_controls.begin()) + 1;
-}
-
-void CCommandBar::Collect(const ControlQuery& query,
-                          std::vector<CModelPtr<CCommandBarControl>>& found) const {
-  if (query.visibleOnly && m_popup == nullptr && !IsShown()) return;
+CModelPtr<CCommandBarControl> CCommandBar::Find(
+    const std::function<bool(const CCommandBarControl&)>& wanted) const {
   for (const auto& control : m_controls) {
-    if (control->Matches(query)) found.push_back(control);
-    if (query.recursive && control->Menu() != nullptr) control->Menu()->Collect(query, found);
+    if (wanted(*control)) return control;
+    if (control->Menu() == nullptr) continue;
+    if (auto found = control->Menu()->Find(wanted)) return found;
   }
+  return {};
 }
 
 std::vector<ControlFace> CCommandBar::ControlFaces() const {
@@ -160,28 +150,11 @@ long CCommandBar::Width() const {
   return width;
 }
 
-IDispatch* CCommandBar::Application() const {
-  return m_owner->ApplicationObject();
-}
-
 void CCommandBar::Delete() {
   if (settings.builtIn || m_popup != nullptr) {
     throw CModelError(E_FAIL, "Only bars that were added can be deleted.");
   }
   m_owner->Remove(*this);
-}
-
-CModelPtr<CCommandBarControl> CCommandBar::FindControl(const CArguments& arguments) const {
-  std::vector<CModelPtr<CCommandBarControl>> found;
-  if (m_owner->FindsControls()) Collect(ControlQuery::FromArguments(arguments, false), found);
-  return found.empty() ? CModelPtr<CCommandBarControl>() : found.front();
-}
-
-void CCommandBar::SetName(const CArguments& arguments) {
-  if (settings.builtIn || m_popup != nullptr) throw CModelError(E_FAIL);
-  const std::wstring name = arguments.Text(0);
-  if (name.empty() || m_owner->FindBar(name) != nullptr) throw CModelError(E_INVALIDARG);
-  settings.name = name;
 }
 
 long CCommandBar::Height() const {
@@ -201,40 +174,37 @@ void CCommandBar::SetVisible(const CArguments& arguments) {
   Changed();
 }
 
+template <auto setting, long least, long most>
+Member CCommandBar::Number(const wchar_t* name) {
+  using Self = CCommandBar;
+  return Property(
+      name, [](Self& self) { return self.settings.*setting; },
+      [](Self& self, const CArguments& arguments) {
+        const long value = arguments.Long(0);
+        if (value < least || value > most) throw CModelError(E_INVALIDARG);
+        self.settings.*setting = value;
+        self.Changed();
+      });
+}
+
 const CMemberTable& CCommandBar::Members() {
   using Self = CCommandBar;
   using S = BarSettings;
   constexpr long kMost = 0x7FFF;
   static const CMemberTable table(
       "CommandBar", L"CommandBar", nullptr,
-      {Get<&Self::Application>(L"Application"),
-       Get<&Self::Read<&S::builtIn>>(L"BuiltIn"),
-       Get<&Self::Controls>(L"Controls"),
+      {Get<&Self::Name>(L"Name"), Get<&Self::Controls>(L"Controls"),
        Method<&Self::Delete>(L"Delete"),
-       Get<&Self::Read<&S::enabled>>(L"Enabled"),
-       Put<&Self::SetEnabled>(L"Enabled"),
-       Method<&Self::FindControl>(L"FindControl", 0),
-       Get<&Self::Height>(L"Height"),
-       Put<&Self::Write<&S::height, 0, kMost>>(L"Height"),
-       Get<&Self::Read<&S::left>>(L"Left"),
-       Put<&Self::Write<&S::left, LONG_MIN, LONG_MAX>>(L"Left"),
-       Get<&Self::Name>(L"Name"),
-       Put<&Self::SetName>(L"Name"),
-       Get<&Self::Name>(L"NameLocal"),
-       Put<&Self::SetName>(L"NameLocal"),
-       Get<&Self::Read<&S::position>>(L"Position"),
-       Put<&Self::Write<&S::position, mso::kLeft, mso::kFloating>>(L"Position"),
-       Get<&Self::Read<&S::row>>(L"RowIndex"),
-       Put<&Self::Write<&S::row, -1, kMost>>(L"RowIndex"),
-       Get<&Self::Read<&S::protection>>(L"Protection"),
-       Put<&Self::Write<&S::protection, 0, 0x7F>>(L"Protection"),
-       Get<&Self::Read<&S::top>>(L"Top"),
-       Put<&Self::Write<&S::top, LONG_MIN, LONG_MAX>>(L"Top"),
-       Get<&Self::Read<&S::type>>(L"Type"),
-       Get<&Self::Read<&S::visible>>(L"Visible"),
-       Put<&Self::SetVisible>(L"Visible"),
-       Get<&Self::Width>(L"Width"),
-       Put<&Self::Write<&S::width, 0, kMost>>(L"Width")});
+       Property(
+           L"Enabled", [](Self& self) { return self.settings.enabled; },
+           [](Self& self, const CArguments& arguments) { self.SetEnabled(arguments); }),
+       Property(
+           L"Visible", [](Self& self) { return self.settings.visible; },
+           [](Self& self, const CArguments& arguments) { self.SetVisible(arguments); }),
+       Number<&S::position, mso::kLeft, mso::kFloating>(L"Position"),
+       Number<&S::row, -1, kMost>(L"RowIndex"), Number<&S::left, LONG_MIN, LONG_MAX>(L"Left"),
+       Number<&S::top, LONG_MIN, LONG_MAX>(L"Top"), Get<&Self::Height>(L"Height"),
+       Get<&Self::Width>(L"Width")});
   return table;
 }
 

@@ -1,6 +1,7 @@
 #ifndef QUOR_WORKBENCH_COMMANDBARS_COMMAND_BAR_H
 #define QUOR_WORKBENCH_COMMANDBARS_COMMAND_BAR_H
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,25 +18,14 @@ struct BarSettings {
   std::wstring name;
   long position = mso::kFloating;
   long type = mso::kNormalBar;
-  bool temporary = false;
   bool builtIn = false;
   bool enabled = true;
   bool visible = false;
-  long protection = 0;
   long row = 0;
   long left = 0;
   long top = 0;
   long width = 0;  // 0: as wide as its controls
   long height = 0;
-};
-
-// Arguments of CommandBarControls.Add.
-struct NewControl {
-  long type = mso::kButton;
-  long id = mso::kCustomControl;
-  std::wstring parameter;
-  std::optional<long> before;  // from 1
-  bool temporary = false;
 };
 
 // A toolbar, the menu bar, or the content of a popup. Belongs to its window's CommandBars until it
@@ -62,10 +52,12 @@ class CCommandBar final : public CAutomation {
     return m_controls;
   }
   CModelPtr<CAutomation> Controls();
-  CModelPtr<CCommandBarControl> Add(const NewControl& control);
+  // Before the control at a position from 1, or at the end.
+  CModelPtr<CCommandBarControl> Add(long type, std::optional<long> before = std::nullopt);
   void Remove(CCommandBarControl& control);
-  long IndexOf(const CCommandBarControl& control) const;
-  void Collect(const ControlQuery& query, std::vector<CModelPtr<CCommandBarControl>>& found) const;
+  // The first control on the bar or in its menus that `wanted` accepts; null: none.
+  CModelPtr<CCommandBarControl> Find(
+      const std::function<bool(const CCommandBarControl&)>& wanted) const;
   BarFace Face() const;
   std::vector<ControlFace> ControlFaces() const;
   void Changed() const;
@@ -79,26 +71,15 @@ class CCommandBar final : public CAutomation {
  private:
   static const CMemberTable& Members();
 
+  template <auto setting, long least, long most>
+  static Member Number(const wchar_t* name);
+
   void RequireAlive() const override;
-  IDispatch* Application() const;
   void Delete();
-  CModelPtr<CCommandBarControl> FindControl(const CArguments& arguments) const;
-  void SetName(const CArguments& arguments);
   void SetEnabled(const CArguments& arguments);
   void SetVisible(const CArguments& arguments);
   long Height() const;
   long Width() const;
-  template <auto setting>
-  CValue Read() const {
-    return settings.*setting;
-  }
-  template <auto setting, long least, long most>
-  void Write(const CArguments& arguments) {
-    const long value = arguments.Long(0);
-    if (value < least || value > most) throw CModelError(E_INVALIDARG);
-    settings.*setting = value;
-    Changed();
-  }
 
   std::shared_ptr<CControlRegistry> m_registry;
   CCommandBars* m_owner;

@@ -9,40 +9,6 @@
 namespace quor::workbench {
 namespace {
 
-// Bar names are compared without regard to case, as in Office.
-bool IsSameName(const std::wstring& left, const std::wstring& right) noexcept {
-  return CompareStringOrdinal(left.data(), static_cast<int>(left.size()), right.data(),
-                              static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
-}
-
-StoredControl Store(const CCommandBarControl& control) {
-  StoredControl stored{control.TypeNumber(), control.settings, {}};
-  if (control.Menu() == nullptr) return stored;
-  for (const auto& item : control.Menu()->AllControls()) {
-    if (!item->settings.temporary) stored.items.push_back(Store(*item));
-  }
-  return stored;
-}
-
-void Restore(CCommandBar& bar, const std::vector<StoredControl>& controls) {
-  for (const StoredControl& stored : controls) {
-    NewControl wanted;
-    wanted.type = stored.type;
-    const auto control = bar.Add(wanted);
-    control->settings = stored.settings;
-    if (control->Menu() != nullptr) Restore(*control->Menu(), stored.items);
-  }
-}
-
-CModelPtr<CCommandBarControl> FindInstance(const CCommandBar& bar, int handle) {
-  for (const auto& control : bar.AllControls()) {
-    if (control->Instance() == handle) return control;
-    if (control->Menu() == nullptr) continue;
-    if (auto found = FindInstance(*control->Menu(), handle)) return found;
-  }
-  return {};
-}
-
 std::string Named(const CCommandBarControl& control) {
   return '"' + control.ObjectName() + '"';
 }
@@ -56,8 +22,8 @@ CCommandBarComboBox& AsComboBox(CCommandBarControl& control) {
 }  // namespace
 
 CCommandBars::CCommandBars(CModel& model, std::shared_ptr<CControlRegistry> registry, Kind kind)
-    : CEventSource(model, Members()), m_kind(kind), m_registry(std::move(registry)) {
-  if (m_kind == Kind::Shown) Restore(BuiltInBars());
+    : CAutomation(model, Members()), m_kind(kind), m_registry(std::move(registry)) {
+  if (m_kind == Kind::Shown) AddBuiltInBars();
 }
 
 void CCommandBars::Close() noexcept {
@@ -67,31 +33,26 @@ void CCommandBars::Close() noexcept {
   m_bars.clear();
 }
 
-void CCommandBars::OnGone() noexcept {
-  Close();
-  CEventSource::OnGone();
-}
-
 void CCommandBars::Changed() const {
   if (m_changed) m_changed();
 }
 
-std::vector<StoredBar> CCommandBars::StoredBars() const {
-  std::vector<StoredBar> stored;
-  for (const auto& bar : m_bars) {
-    if (bar->settings.builtIn || bar->settings.temporary) continue;
-    StoredBar kept{bar->settings, {}};
-    for (const auto& control : bar->AllControls()) {
-      if (!control->settings.temporary) kept.controls.push_back(Store(*control));
+void CCommandBars::AddBuiltInBars() {
+  for (const BuiltInBar& builtIn : BuiltInBars()) {
+    const auto bar = AddBar({.name = builtIn.name,
+                             .position = mso::kTop,
+                             .type = builtIn.type,
+                             .builtIn = true,
+                             .visible = true,
+                             .row = builtIn.row});
+    long id = builtIn.firstId;
+    for (const std::wstring caption : builtIn.captions) {
+      ControlSettings& settings = bar->Add(builtIn.controlType)->settings;
+      settings.id = id++;
+      settings.beginGroup = caption.starts_with(L'|');
+      settings.caption = caption.substr(settings.beginGroup ? 1 : 0);
     }
-    stored.push_back(std::move(kept));
   }
-  return stored;
-}
-
-void CCommandBars::Restore(const std::vector<StoredBar>& bars) {
-  for (const StoredBar& stored : bars)
-    workbench::Restore(*AddBar(stored.settings), stored.controls);
 }
 
 CModelPtr<CCommandBar> CCommandBars::AddBar(BarSettings settings) {
@@ -110,7 +71,7 @@ long CCommandBars::NextRow(long position) const noexcept {
 
 CCommandBar* CCommandBars::FindBar(const std::wstring& name) const noexcept {
   const auto found = std::find_if(m_bars.begin(), m_bars.end(), [&name](const auto& bar) {
-    return IsSameName(bar->settings.name, name);
+    return SameText(bar->settings.name, name);
   });
   return found == m_bars.end() ? nullptr : found->get();
 }
@@ -124,13 +85,6 @@ void CCommandBars::Remove(CCommandBar& bar) {
 
 // --- members ---
 
-IDispatch* CCommandBars::ActiveMenuBar() const {
-  const auto menu = std::find_if(m_bars.begin(), m_bars.end(), [](const auto& bar) {
-    return bar->settings.type == mso::kMenuBar;
-  });
-  return menu == m_bars.end() ? nullptr : menu->get();
-}
-
 CModelPtr<CCommandBar> CCommandBars::Add(const CArguments& arguments) {
   BarSettings settings;
   settings.name = arguments.TextOr(0, L"");
@@ -140,7 +94,6 @@ CModelPtr<CCommandBar> CCommandBars::Add(const CArguments& arguments) {
   }
   if (arguments.BoolOr(2, false)) settings.type = mso::kMenuBar;
   if (settings.position == mso::kPopupPosition) settings.type = mso::kPopupBar;
-  settings.temporary = arguments.BoolOr(3, false);
   for (int number = 1; settings.name.empty(); ++number) {
     const std::wstring name = L"Custom " + std::to_wstring(number);
     if (FindBar(name) == nullptr) settings.name = name;
@@ -152,7 +105,7 @@ CModelPtr<CCommandBar> CCommandBars::Add(const CArguments& arguments) {
   return AddBar(std::move(settings));
 }
 
-CModelPtr<CCommandBar> CCommandBars::Item(const CArguments& arguments) const {
+CModelPtr<CCommandBar> CCommandBars::Item(const CArguments& arguments) {
   if (arguments.IsText(0)) {
     CCommandBar* bar = FindBar(arguments.Text(0));
     if (bar == nullptr) throw CModelError(E_INVALIDARG, "There is no command bar with that name.");
@@ -163,23 +116,20 @@ CModelPtr<CCommandBar> CCommandBars::Item(const CArguments& arguments) const {
   return m_bars[static_cast<size_t>(index) - 1];
 }
 
-CModelPtr<CCommandBarControl> CCommandBars::FindControl(const CArguments& arguments) const {
-  const ControlQuery query = ControlQuery::FromArguments(arguments, true);
-  std::vector<CModelPtr<CCommandBarControl>> found;
+// Arguments: Type, Id, Tag, Visible; a missing one accepts every control.
+CModelPtr<CCommandBarControl> CCommandBars::FindControl(const CArguments& arguments) {
+  const bool visibleOnly = arguments.BoolOr(3, false);
+  const auto wanted = [&](const CCommandBarControl& control) {
+    return arguments.LongOr(0, control.TypeNumber()) == control.TypeNumber() &&
+           arguments.LongOr(1, control.settings.id) == control.settings.id &&
+           arguments.TextOr(2, control.settings.tag) == control.settings.tag &&
+           (!visibleOnly || control.settings.visible);
+  };
   for (const auto& bar : m_bars) {
-    if (FindsControls() && found.empty()) bar->Collect(query, found);
+    if (m_kind == Kind::Hidden || (visibleOnly && !bar->IsShown())) continue;
+    if (auto found = bar->Find(wanted)) return found;
   }
-  return found.empty() ? CModelPtr<CCommandBarControl>() : found.front();
-}
-
-CModelPtr<CAutomation> CCommandBars::FindControls(const CArguments& arguments) const {
-  const ControlQuery query = ControlQuery::FromArguments(arguments, true);
-  std::vector<CModelPtr<CCommandBarControl>> found;
-  for (const auto& bar : m_bars) {
-    if (FindsControls()) bar->Collect(query, found);
-  }
-  if (found.empty()) return {};
-  return MakeObject<CCommandBarControls>(Model(), std::move(found)).get();
+  return {};
 }
 
 // --- contents ---
@@ -215,7 +165,8 @@ int CCommandBars::HandleAt(std::span<const std::wstring> path) const {
 
 CModelPtr<CCommandBarControl> CCommandBars::ControlByHandle(int handle) const {
   for (const auto& bar : m_bars) {
-    if (auto control = FindInstance(*bar, handle)) return control;
+    auto control = bar->Find([handle](const auto& one) { return one.Instance() == handle; });
+    if (control) return control;
   }
   throw CUserActionError("there is no control " + std::to_string(handle));
 }
@@ -229,17 +180,12 @@ CModelPtr<CCommandBarControl> CCommandBars::ReachableControl(int handle) const {
 }
 
 void CCommandBars::Click(int handle) {
-  const auto control = ReachableControl(handle);
-  if (control->TypeNumber() == mso::kButton) control->Activate();
+  ReachableControl(handle)->Click();
 }
 
 void CCommandBars::EnterText(int handle, const std::wstring& text) {
   const auto control = ReachableControl(handle);
-  CCommandBarComboBox& combo = AsComboBox(*control);
-  if (control->TypeNumber() == mso::kDropdown) {
-    throw CUserActionError(Named(*control) + " has no edit part");
-  }
-  combo.EnterText(text);
+  AsComboBox(*control).EnterText(text);
 }
 
 void CCommandBars::PickEntry(int handle, size_t entry) {
@@ -253,9 +199,6 @@ void CCommandBars::PickEntry(int handle, size_t entry) {
 
 void CCommandBars::DeleteControl(int handle) {
   const auto control = ControlByHandle(handle);
-  if ((control->Bar()->settings.protection & mso::kNoCustomize) != 0) {
-    throw CUserActionError(Named(*control) + " stands on a protected bar");
-  }
   control->Bar()->Remove(*control);
 }
 
@@ -277,43 +220,22 @@ void CCommandBars::DeleteControl(std::span<const std::wstring> path) {
   DeleteControl(HandleAt(path));
 }
 
-CCommandBar& CCommandBars::BarForUser(const std::wstring& name, long protection) const {
-  CCommandBar* bar = FindBar(name);
-  const std::string quoted = '"' + Utf8FromWide(name) + '"';
-  if (bar == nullptr) throw CUserActionError("there is no bar " + quoted);
-  if (!bar->settings.enabled) throw CUserActionError("the bar " + quoted + " is disabled");
-  if ((bar->settings.protection & protection) != 0) {
-    throw CUserActionError("the bar " + quoted + " is protected");
-  }
-  return *bar;
-}
-
 void CCommandBars::MoveBar(const std::wstring& name, mso::BarPosition position, long left, long top,
                            long row) {
-  BarSettings& settings = BarForUser(name, mso::kNoMove).settings;
-  settings.position = position;
-  settings.left = left;
-  settings.top = top;
-  settings.row = row;
+  CCommandBar* bar = FindBar(name);
+  if (bar == nullptr) throw CUserActionError("there is no bar \"" + Utf8FromWide(name) + '"');
+  bar->settings.position = position;
+  bar->settings.left = left;
+  bar->settings.top = top;
+  bar->settings.row = row;
   Changed();
-  Fire(L"OnUpdate");
-}
-
-void CCommandBars::ShowBar(const std::wstring& name, bool show) {
-  BarForUser(name, mso::kNoChangeVisible).settings.visible = show;
-  Changed();
-  Fire(L"OnUpdate");
 }
 
 const CMemberTable& CCommandBars::Members() {
   using Self = CCommandBars;
-  static const CMemberTable table(
-      "CommandBars", L"_CommandBars", nullptr,
-      {Get<&Self::Application>(L"Application"), Get<&Self::ActiveMenuBar>(L"ActiveMenuBar"),
-       Method<&Self::Add>(L"Add", 0), Get<&Self::Count>(L"Count"),
-       Method<&Self::FindControl>(L"FindControl", 0), Get<&Self::Item>(L"Item"),
-       Method<&Self::FindControls>(L"FindControls", 0)},
-      {L"_CommandBarsEvents"});
+  static const CMemberTable table("CommandBars", L"_CommandBars", nullptr,
+                                  {Method<&Self::Add>(L"Add", 0), Get<&Self::Item>(L"Item"),
+                                   Method<&Self::FindControl>(L"FindControl", 0)});
   return table;
 }
 

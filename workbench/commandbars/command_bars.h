@@ -11,18 +11,6 @@
 
 namespace quor::workbench {
 
-// A bar as Outlook stores it between two starts: without sinks, picture handlers and temporary
-// controls.
-struct StoredControl {
-  long type = mso::kButton;
-  ControlSettings settings;
-  std::vector<StoredControl> items;
-};
-struct StoredBar {
-  BarSettings settings;
-  std::vector<StoredControl> controls;
-};
-
 // The command bars of one explorer or inspector window, the window's "CommandBars" property. Each
 // window has its own object. Also performs the user's actions.
 //
@@ -32,7 +20,7 @@ struct StoredBar {
 // The user's actions throw CUserActionError if a user could not do them: the control is missing,
 // disabled or hidden, on a hidden bar, or in a disabled menu. Controls are identified by
 // ControlFace::handle, or by a path as in FindFace (ui/face.h).
-class CCommandBars final : public CEventSource {
+class CCommandBars final : public CAutomation {
  public:
   enum class Kind { Shown, Hidden };
 
@@ -40,16 +28,10 @@ class CCommandBars final : public CEventSource {
   // menu bar and standard toolbar.
   CCommandBars(CModel& model, std::shared_ptr<CControlRegistry> registry, Kind kind);
 
-  // The value of the Application property; borrowed.
-  void SetApplication(IDispatch* application) noexcept { m_application = application; }
   // Called after every visible change, possibly many times in a row. Empty: none.
   void SetChangeHandler(std::function<void()> handler) { m_changed = std::move(handler); }
   // The window closes: deletes all bars and controls, whoever still holds references.
   void Close() noexcept;
-
-  // --- what Outlook stores between two starts ---
-  std::vector<StoredBar> StoredBars() const;
-  void Restore(const std::vector<StoredBar>& bars);
 
   // --- contents ---
   std::vector<BarFace> Faces() const;  // every bar, including hidden ones and Outlook's own
@@ -67,31 +49,24 @@ class CCommandBars final : public CEventSource {
   void PickEntry(int handle, size_t entry);  // from 0
   void DeleteControl(int handle);
   void MoveBar(const std::wstring& name, mso::BarPosition position, long left, long top, long row);
-  void ShowBar(const std::wstring& name, bool show);
 
   // --- for bars and controls ---
-  IDispatch* ApplicationObject() const noexcept { return m_application; }
-  bool FindsControls() const noexcept { return m_kind == Kind::Shown; }
   CCommandBar* FindBar(const std::wstring& name) const noexcept;
   void Remove(CCommandBar& bar);
   void Changed() const;
 
  protected:
-  void OnGone() noexcept override;
+  void OnGone() noexcept override { Close(); }
 
  private:
   static const CMemberTable& Members();
 
-  IDispatch* Application() const { return m_application; }
-  IDispatch* ActiveMenuBar() const;
   CModelPtr<CCommandBar> Add(const CArguments& arguments);
-  long Count() const { return static_cast<long>(m_bars.size()); }
-  CModelPtr<CCommandBar> Item(const CArguments& arguments) const;
-  CModelPtr<CCommandBarControl> FindControl(const CArguments& arguments) const;
-  CModelPtr<CAutomation> FindControls(const CArguments& arguments) const;
+  CModelPtr<CCommandBar> Item(const CArguments& arguments);
+  CModelPtr<CCommandBarControl> FindControl(const CArguments& arguments);
 
+  void AddBuiltInBars();
   CModelPtr<CCommandBar> AddBar(BarSettings settings);
-  CCommandBar& BarForUser(const std::wstring& name, long protection) const;
   CModelPtr<CCommandBarControl> ControlByHandle(int handle) const;
   CModelPtr<CCommandBarControl> ReachableControl(int handle) const;
   int HandleAt(std::span<const std::wstring> path) const;
@@ -99,7 +74,6 @@ class CCommandBars final : public CEventSource {
 
   const Kind m_kind;
   std::shared_ptr<CControlRegistry> m_registry;
-  IDispatch* m_application = nullptr;
   std::function<void()> m_changed;
   std::vector<CModelPtr<CCommandBar>> m_bars;
 };

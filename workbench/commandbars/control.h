@@ -14,34 +14,15 @@ namespace quor::workbench {
 
 class CCommandBar;
 
-// Criteria of FindControl; a missing criterion matches everything.
-struct ControlQuery {
-  std::optional<long> type;
-  std::optional<long> id;
-  std::optional<std::wstring> tag;
-  bool visibleOnly = false;
-  bool recursive = true;
-
-  // Reads Type, Id, Tag, Visible and, for a bar's own FindControl, Recursive.
-  static ControlQuery FromArguments(const CArguments& arguments, bool recursiveByDefault);
-};
-
 // The settings common to all controls.
 struct ControlSettings {
   std::wstring caption;
   std::wstring tag;
-  std::wstring description;
-  std::wstring tooltip;
-  std::wstring onAction;
-  std::wstring parameter;
   long id = mso::kCustomControl;
   bool enabled = true;
   bool visible = true;
   bool beginGroup = false;
-  bool temporary = false;
-  long priority = 3;
   long width = 0;  // 0: as wide as it needs
-  long height = 0;
 };
 
 // Base class of button, combo box and popup. Belongs to a bar until it is deleted; afterwards each
@@ -55,14 +36,13 @@ class CCommandBarControl : public CEventSource {
   int Instance() const noexcept { return m_instance; }
   bool IsDeleted() const noexcept { return m_bar == nullptr; }
   CCommandBar* Bar() const noexcept { return m_bar; }
-  bool Matches(const ControlQuery& query) const;
   // Null if the control, its menus and its bar are enabled and visible; otherwise the reason.
   const char* WhyOutOfReach() const noexcept;
 
   virtual ControlFace Face() const;
   virtual CCommandBar* Menu() const noexcept { return nullptr; }  // of a popup
-  virtual void Activate() {}                                      // clicked, or Execute
-  virtual void Detach() noexcept;                                 // deleted, or its bar is deleted
+  virtual void Click() {}
+  virtual void Detach() noexcept;  // deleted, or its bar is deleted
 
  protected:
   CCommandBarControl(CModel& model, const CMemberTable& members,
@@ -75,28 +55,12 @@ class CCommandBarControl : public CEventSource {
   std::vector<CModelPtr<CCommandBarControl>> Twins();
 
  private:
-  IDispatch* Application() const;
-  IDispatch* Parent() const;
-  void Delete();
-  long Index() const;
-  long InstanceId() const { return m_instance; }
-  bool IsBuiltIn() const { return settings.id != mso::kCustomControl; }
-  long Position() const { return 0; }  // only a window that has drawn the control knows it
-  void SetFocus() {}
-  long Height() const;
-  long Width() const;
-  std::wstring TooltipText() const;
   template <auto setting>
-  CValue Read() const {
-    return settings.*setting;
-  }
-  template <auto setting>
-  void Write(const CArguments& arguments) {
-    Set(settings.*setting, arguments);
-  }
+  static Member Setting(const wchar_t* name);
   void Set(std::wstring& setting, const CArguments& arguments);
   void Set(bool& setting, const CArguments& arguments);
   void Set(long& setting, const CArguments& arguments);  // not negative
+  long Width() const;
 
   std::shared_ptr<CControlRegistry> m_registry;
   CCommandBar* m_bar;

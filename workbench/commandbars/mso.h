@@ -7,7 +7,7 @@
 
 namespace quor::workbench::mso {
 
-enum ControlType : long { kButton = 1, kEdit = 2, kDropdown = 3, kComboBox = 4, kPopup = 10 };
+enum ControlType : long { kButton = 1, kComboBox = 4, kPopup = 10 };
 enum BarPosition : long {
   kLeft = 0,
   kTop = 1,
@@ -18,7 +18,6 @@ enum BarPosition : long {
   kMenuBarPosition = 6
 };
 enum BarType : long { kNormalBar = 0, kMenuBar = 1, kPopupBar = 2 };
-enum BarProtection : long { kNoCustomize = 1, kNoMove = 4, kNoChangeVisible = 8 };
 enum ButtonStyle : long {
   kAutomatic = 0,
   kIcon = 1,
@@ -29,7 +28,6 @@ enum ButtonStyle : long {
   kWrapCaption = 14,
   kIconAndWrapCaptionBelow = 15
 };
-constexpr long kButtonDown = -1;
 constexpr long kCustomControl = 1;  // Id of every control that is not Office's own
 
 }  // namespace quor::workbench::mso

@@ -22,15 +22,12 @@ void CCommandBarPopup::Detach() noexcept {
   CCommandBarControl::Detach();
 }
 
-IDispatch* CCommandBarPopup::CommandBar() const {
-  return m_menu.get();
-}
-
 const CMemberTable& CCommandBarPopup::Members() {
   using Self = CCommandBarPopup;
   static const CMemberTable table(
       "CommandBarPopup", L"CommandBarPopup", &ControlMembers(),
-      {Get<&Self::CommandBar>(L"CommandBar"), Get<&Self::Controls>(L"Controls")});
+      {Get(L"CommandBar", [](Self& self) { return self.m_menu; }),
+       Get(L"Controls", [](Self& self) { return self.m_menu->Controls(); })});
   return table;
 }
 

@@ -18,9 +18,6 @@ class CCommandBarPopup final : public CCommandBarControl {
  private:
   static const CMemberTable& Members();
 
-  IDispatch* CommandBar() const;
-  CModelPtr<CAutomation> Controls() const { return m_menu->Controls(); }
-
   CModelPtr<CCommandBar> m_menu;
 };
 

@@ -94,7 +94,6 @@ COfficeFace::PartsPtr COfficeFace::PartsOf(CWindowObject& window) {
   parts->bars =
       MakeObject<CCommandBars>(m_session->Model(), m_registry,
                                hasRibbon ? CCommandBars::Kind::Hidden : CCommandBars::Kind::Shown);
-  parts->bars->SetApplication(&m_session->Application());
   OutlookWindowOptions options;
   if (!isExplorer) options.window = InspectorPlace();
   options.window.painted = m_painted && HasScreen();

@@ -124,19 +124,5 @@ TEST_F(CommandBars, AutomaticStyleHidesTheCaptionBehindThePicture) {
   EXPECT_EQ(CRemote::lastException, E_INVALIDARG);
 }
 
-TEST_F(CommandBars, OnlyWhatIsNotTemporarySurvivesARestart) {
-  const CRemote kept = m_remote.Object(L"Add", {L"Kept", mso::kTop});
-  AddControl(kept, 1, L"Stays", L"Stays");
-  kept.Object(L"Controls").Call(L"Add", {1, kMissing, kMissing, kMissing, true});
-  AddBar(L"Temporary");
-  const auto next = MakeObject<CCommandBars>(m_model, m_registry, CCommandBars::Kind::Shown);
-  next->Restore(m_bars->StoredBars());
-  const CRemote remote(next.get());
-  EXPECT_FALSE(remote.Object(L"Item", {L"Temporary"}));
-  const CRemote controls = remote.Object(L"Item", {L"Kept"}).Object(L"Controls");
-  ASSERT_EQ(controls.Number(L"Count"), 1);
-  EXPECT_EQ(controls.Object(L"Item", {1}).Text(L"Tag"), L"Stays");
-}
-
 }  // namespace
 }  // namespace quor::workbench
