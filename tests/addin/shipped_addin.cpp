@@ -39,7 +39,7 @@ void CShippedAddinTest::TearDown() {
 IDispatch* CShippedAddinTest::Control(const wchar_t* id) {
   m_controls.push_back(workbench::MakeObject<workbench::CRibbonControl>(
       *m_model, id, L"", workbench::CModelPtr<workbench::CAutomation>()));
-  return m_controls.back()->Face();
+  return m_controls.back().get();
 }
 
 }  // namespace quor

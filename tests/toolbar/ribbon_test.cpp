@@ -65,10 +65,10 @@ class Ribbon : public testing::Test, public CBarStage {
     EXPECT_EQ(m_ribbon.GetLabel(control, &label), S_OK);
     return TextFromBstr(_bstr_t(label, false));
   }
-  std::wstring Label(const wchar_t* id) { return Label(ControlOf(id)->Face()); }
+  std::wstring Label(const wchar_t* id) { return Label(ControlOf(id).get()); }
   IDispatchPtr Image(const wchar_t* id) {
     IDispatch* picture = nullptr;
-    EXPECT_EQ(m_ribbon.GetImage(ControlOf(id)->Face(), &picture), S_OK);
+    EXPECT_EQ(m_ribbon.GetImage(ControlOf(id).get(), &picture), S_OK);
     return IDispatchPtr(picture, false);
   }
 
@@ -79,9 +79,9 @@ class Ribbon : public testing::Test, public CBarStage {
 
 TEST_F(Ribbon, NeedsAPlaceForItsAnswer) {
   const Control line = ControlOf(L"MailCustomButtonLine1");
-  EXPECT_EQ(m_ribbon.GetLabel(line->Face(), nullptr), E_POINTER);
-  EXPECT_EQ(m_ribbon.GetImage(line->Face(), nullptr), E_POINTER);
-  EXPECT_EQ(m_ribbon.GetItemCount(line->Face(), nullptr), E_POINTER);
+  EXPECT_EQ(m_ribbon.GetLabel(line.get(), nullptr), E_POINTER);
+  EXPECT_EQ(m_ribbon.GetImage(line.get(), nullptr), E_POINTER);
+  EXPECT_EQ(m_ribbon.GetItemCount(line.get(), nullptr), E_POINTER);
 }
 
 TEST_F(Ribbon, PicturesAreBitmapsAndMadeOnce) {

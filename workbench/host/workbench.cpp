@@ -116,7 +116,7 @@ CValue CWorkbench::RibbonControl(const std::string& id) {
   if (id == "foreign") return ForeignObject();
   const auto control = MakeObject<CRibbonControl>(m_outlook.Model(), WideFromUtf8(id), L"",
                                                   CModelPtr<CAutomation>());
-  return CValue(control->Face());
+  return CValue(control.get());
 }
 
 void CWorkbench::OnAddInGone() {

@@ -230,10 +230,8 @@ STDMETHODIMP CAutomation::QueryInterface(REFIID iid, void** object) {
     return S_OK;  // without a reference; used by the model only
   }
   const CModel::CTimeInside inside(Model());
-  if (iid == IID_IUnknown) {
+  if (iid == IID_IUnknown || iid == IID_IDispatch || m_members.HasInterface(iid)) {
     *object = static_cast<IDispatch*>(this);
-  } else if (iid == IID_IDispatch || m_members.HasInterface(iid)) {
-    *object = Dispatch();
   } else {
     *object = OtherInterface(iid);
   }

@@ -204,8 +204,6 @@ class CAutomation : public CCounted, public IDispatch {
   CAutomation(CModel& model, const CMemberTable& members);
   const CMemberTable& MemberTable() const noexcept { return m_members; }
 
-  // The object's IDispatch for callers; a dual interface has its own.
-  virtual IDispatch* Dispatch() noexcept { return this; }
   // Called before each member; throws a CModelError once the object has been deleted.
   virtual void RequireAlive() const {}
   // Other interfaces, such as IOleWindow. QueryInterface adds a reference to the returned pointer
@@ -295,11 +293,6 @@ Member Get(const wchar_t* name, Reader) {
 template <auto reader>
 Member Get(const wchar_t* name) {
   return Get(name, detail::FunctionCode<reader>());
-}
-template <auto writer>
-Member Put(const wchar_t* name) {
-  return {
-      .name = name, .kind = MemberKind::Put, .handler = &detail::Run<detail::FunctionCode<writer>>};
 }
 
 // A property that can be read and written. The value is the last argument of the writer; an indexed

@@ -58,7 +58,7 @@ bool CRibbonHost::Load(IUnknown* addIn, const std::wstring& document) {
   }
   m_ui = MakeObject<CRibbonUi>(m_model, *this);
   if (const std::string onLoad = m_document->Attribute("onLoad"); !onLoad.empty()) {
-    Call(onLoad, "customUI", {m_ui->Face()}, ResultKind::None);
+    Call(onLoad, "customUI", {CValue(m_ui.get())}, ResultKind::None);
   }
   return true;
 }
@@ -92,13 +92,6 @@ void CRibbonHost::InvalidateOne(const std::wstring& id) {
   for (CRibbonView* view : m_views)
     known = view->InvalidateControl(id) || known;
   if (!known) Report("there is no control " + Utf8FromWide(id) + " to invalidate");
-}
-
-bool CRibbonHost::ActivateTab(const std::wstring& id) {
-  bool known = false;
-  for (CRibbonView* view : m_views)
-    known = view->SelectTab(id) || known;
-  return known;
 }
 
 std::optional<DISPID> CRibbonHost::FindCallback(const std::string& callback,

@@ -55,7 +55,6 @@ class CRibbonHost {
   // --- for IRibbonUI ---
   void InvalidateAll();
   void InvalidateOne(const std::wstring& id);
-  bool ActivateTab(const std::wstring& id);
 
   // --- for the views ---
   CModel& Model() const noexcept { return m_model; }

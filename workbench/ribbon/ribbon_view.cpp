@@ -10,31 +10,8 @@ namespace {
 constexpr long kMostItems = 1000;
 
 ControlKind KindOf(const RibbonNode& node) {
-  const std::string& element = node.element;
-  if (element == "comboBox") return ControlKind::ComboBox;
-  if (element == "editBox") return ControlKind::Edit;
-  if (element == "dropDown") return ControlKind::DropDown;
-  if (element == "separator" || element == "menuSeparator") return ControlKind::Separator;
-  if (element == "labelControl") return ControlKind::Label;
-  if (element == "menu" || element == "splitButton" || element == "dynamicMenu" ||
-      element == "gallery") {
-    return ControlKind::Menu;
-  }
-  return ControlKind::Button;
-}
-
-bool IsToggle(const RibbonNode& node) {
-  return node.element == "toggleButton" || node.element == "checkBox";
-}
-
-// Whether an element only arranges its children.
-bool IsArrangement(const RibbonNode& node) {
-  return node.element == "box" || node.element == "buttonGroup" ||
-         node.element == "dialogBoxLauncher";
-}
-
-bool HoldsMenu(const RibbonNode& node) {
-  return node.element == "menu" || node.element == "splitButton";
+  if (node.element == "comboBox") return ControlKind::ComboBox;
+  return node.element == "menu" ? ControlKind::Menu : ControlKind::Button;
 }
 
 const wchar_t* CaptionOfBuiltIn(const std::string& tab) {
@@ -67,7 +44,6 @@ void CRibbonView::AddEntries(const RibbonNode& node, int parent,
   const int index = static_cast<int>(m_entries.size());
   m_entries.push_back({&node, parent, {}, {}, {}});
   if (parent >= 0) At(parent).children.push_back(index);
-  if (KindOf(node) == ControlKind::ComboBox || KindOf(node) == ControlKind::DropDown) return;
   for (const RibbonNode& child : node.children)
     AddEntries(child, index, context);
 }
@@ -109,7 +85,7 @@ IDispatch* CRibbonView::ObjectOf(Entry& entry) {
         MakeObject<CRibbonControl>(m_host.Model(), WideFromUtf8(entry.node->id),
                                    WideFromUtf8(entry.node->Attribute("tag")), m_context);
   }
-  return entry.object->Face();
+  return entry.object.get();
 }
 
 std::optional<CValue> CRibbonView::Ask(Entry& entry, const char* getter, ResultKind kind,
@@ -130,46 +106,16 @@ std::wstring CRibbonView::Text(Entry& entry, std::optional<std::wstring>& known,
   return *known;
 }
 
-bool CRibbonView::Flag(Entry& entry, std::optional<bool>& known, const char* fixed,
-                       const char* getter, bool otherwise) {
+bool CRibbonView::Flag(Entry& entry, std::optional<bool>& known, const char* getter) {
   if (!known.has_value()) {
-    const std::string value = entry.node->Attribute(fixed);
     const auto answer = Ask(entry, getter, ResultKind::Flag);
-    if (answer.has_value()) {
-      known = V_BOOL(&answer->Get()) != VARIANT_FALSE;
-    } else {
-      known = value.empty() ? otherwise : value == "true" || value == "1";
-    }
-  }
-  return *known;
-}
-
-bool CRibbonView::IsEnabled(Entry& entry) {
-  return Flag(entry, entry.values.enabled, "enabled", "getEnabled", true);
-}
-
-bool CRibbonView::IsVisible(Entry& entry) {
-  return Flag(entry, entry.values.visible, "visible", "getVisible", true);
-}
-
-bool CRibbonView::IsLarge(Entry& entry) {
-  std::optional<bool>& known = entry.values.large;
-  if (!known.has_value()) {
-    const auto answer = Ask(entry, "getSize", ResultKind::Number);
-    known =
-        answer.has_value() ? V_I4(&answer->Get()) == 1 : entry.node->Attribute("size") == "large";
+    known = !answer.has_value() || V_BOOL(&answer->Get()) != VARIANT_FALSE;
   }
   return *known;
 }
 
 PixelsPtr CRibbonView::AskImage(Entry& entry) {
-  std::optional<CValue> answer = Ask(entry, "getImage", ResultKind::Picture);
-  const std::string image = entry.node->Attribute("image");
-  const std::string loader = m_host.Document()->Attribute("loadImage");
-  if (!image.empty() && !loader.empty()) {
-    answer =
-        m_host.Call(loader, entry.node->id, {CValue(WideFromUtf8(image))}, ResultKind::Picture);
-  }
+  const std::optional<CValue> answer = Ask(entry, "getImage", ResultKind::Picture);
   if (!answer.has_value() || V_VT(&answer->Get()) != VT_DISPATCH) return nullptr;
   try {
     const IPictureDispPtr picture = BitmapPicture(V_DISPATCH(&answer->Get()));
@@ -188,11 +134,6 @@ PixelsPtr CRibbonView::Image(Entry& entry) {
 
 std::vector<std::wstring> CRibbonView::AskEntries(Entry& entry) {
   std::vector<std::wstring> entries;
-  if (!entry.node->Has("getItemCount")) {
-    for (const RibbonNode& item : entry.node->children)
-      entries.push_back(WideFromUtf8(item.Attribute("label")));
-    return entries;
-  }
   const auto count = Ask(entry, "getItemCount", ResultKind::Number);
   if (!count.has_value()) return entries;
   const long number = V_I4(&count->Get());
@@ -226,22 +167,14 @@ ControlFace CRibbonView::Face(int index, Extent extent, bool withItems) {
   face.visible = IsVisible(entry);
   if (!face.visible && extent == Extent::Drawn) return face;
   face.caption = Text(entry, entry.values.label, "label", "getLabel");
-  face.screentip = Text(entry, entry.values.screentip, "screentip", "getScreentip");
   face.enabled = IsEnabled(entry);
   face.picture = Image(entry);
-  face.hasPicture = face.picture != nullptr || entry.node->Has("imageMso");
-  face.showsCaption = Flag(entry, entry.values.showLabel, "showLabel", "getShowLabel", true);
-  face.large = IsLarge(entry);
-  if (IsToggle(*entry.node)) {
-    face.pressed = Flag(entry, entry.values.pressed, "pressed", "getPressed", false);
-  }
-  if (face.kind == ControlKind::ComboBox || face.kind == ControlKind::Edit) {
+  face.hasPicture = face.picture != nullptr;
+  if (face.kind == ControlKind::ComboBox) {
     face.text = Text(entry, entry.values.text, "text", "getText");
-  }
-  if (face.kind == ControlKind::ComboBox || face.kind == ControlKind::DropDown) {
     face.entries = Entries(entry);
   }
-  if (withItems && HoldsMenu(*entry.node)) face.items = Faces(At(index), extent);
+  if (withItems && face.kind == ControlKind::Menu) face.items = Faces(At(index), extent);
   return face;
 }
 
@@ -250,17 +183,6 @@ std::vector<ControlFace> CRibbonView::Faces(const Entry& parent, Extent extent) 
   for (const int child : parent.children)
     faces.push_back(Face(child, extent, extent == Extent::Everything));
   return faces;
-}
-
-void CRibbonView::AppendGroupControls(const Entry& parent, Extent extent,
-                                      std::vector<ControlFace>& faces) {
-  for (const int child : parent.children) {
-    if (IsArrangement(*At(child).node)) {
-      AppendGroupControls(At(child), extent, faces);
-    } else {
-      faces.push_back(Face(child, extent, extent == Extent::Everything));
-    }
-  }
 }
 
 RibbonGroupFace CRibbonView::GroupFace(Entry& group, Extent extent) {
@@ -272,7 +194,7 @@ RibbonGroupFace CRibbonView::GroupFace(Entry& group, Extent extent) {
   if (!face.visible && extent == Extent::Drawn) return face;
   face.caption = Text(group, group.values.label, "label", "getLabel");
   face.hasPicture = Image(group) != nullptr;
-  AppendGroupControls(group, extent, face.controls);
+  face.controls = Faces(group, extent);
   return face;
 }
 
@@ -357,18 +279,12 @@ void CRibbonView::Click(int handle) {
   Entry& entry = Reachable(handle);
   const std::string callback = entry.node->Attribute("onAction");
   if (callback.empty()) return;
-  std::vector<CValue> arguments = {CValue(ObjectOf(entry))};
-  if (IsToggle(*entry.node)) {
-    const bool pressed = !Flag(entry, entry.values.pressed, "pressed", "getPressed", false);
-    entry.values.pressed = pressed;
-    arguments.emplace_back(pressed);
-  }
-  m_host.Call(callback, entry.node->id, arguments, ResultKind::None);
+  m_host.Call(callback, entry.node->id, {CValue(ObjectOf(entry))}, ResultKind::None);
 }
 
 CRibbonView::Entry& CRibbonView::ReachableComboBox(int handle) {
   Entry& entry = Reachable(handle);
-  if (KindOf(*entry.node) != ControlKind::ComboBox && KindOf(*entry.node) != ControlKind::Edit) {
+  if (KindOf(*entry.node) != ControlKind::ComboBox) {
     throw CUserActionError(entry.node->id + " is not a combo box");
   }
   return entry;

@@ -58,12 +58,8 @@ class CRibbonView {
   struct Values {
     std::optional<std::wstring> label;
     std::optional<std::wstring> text;
-    std::optional<std::wstring> screentip;
     std::optional<bool> enabled;
     std::optional<bool> visible;
-    std::optional<bool> showLabel;
-    std::optional<bool> pressed;
-    std::optional<bool> large;
     std::optional<PixelsPtr> image;
     std::optional<std::vector<std::wstring>> entries;
   };
@@ -82,11 +78,9 @@ class CRibbonView {
                             std::vector<CValue> more = {});
   std::wstring Text(Entry& entry, std::optional<std::wstring>& known, const char* fixed,
                     const char* getter);
-  bool Flag(Entry& entry, std::optional<bool>& known, const char* fixed, const char* getter,
-            bool otherwise);
-  bool IsEnabled(Entry& entry);
-  bool IsVisible(Entry& entry);
-  bool IsLarge(Entry& entry);
+  bool Flag(Entry& entry, std::optional<bool>& known, const char* getter);
+  bool IsEnabled(Entry& entry) { return Flag(entry, entry.values.enabled, "getEnabled"); }
+  bool IsVisible(Entry& entry) { return Flag(entry, entry.values.visible, "getVisible"); }
   PixelsPtr Image(Entry& entry);
   PixelsPtr AskImage(Entry& entry);
   const std::vector<std::wstring>& Entries(Entry& entry);
@@ -96,7 +90,6 @@ class CRibbonView {
   RibbonGroupFace GroupFace(Entry& group, Extent extent);
   ControlFace Face(int index, Extent extent, bool withItems);
   std::vector<ControlFace> Faces(const Entry& parent, Extent extent);
-  void AppendGroupControls(const Entry& parent, Extent extent, std::vector<ControlFace>& faces);
 
   int HandleAt(std::span<const std::wstring> path);
   Entry& Reachable(int handle);

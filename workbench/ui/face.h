@@ -26,11 +26,10 @@ const wchar_t* KindName(ControlKind kind) noexcept;  // "button", "combo box", "
 
 struct ControlFace {
   ControlKind kind = ControlKind::Button;
-  int handle = 0;          // identifies the control for user actions; unique in its window
-  std::wstring id;         // tag of a command bar's control or id of a ribbon's
-  std::wstring caption;    // as supplied, with ampersands
-  std::wstring text;       // in the edit part of a combo box
-  std::wstring screentip;  // tooltip; empty if not supplied
+  int handle = 0;        // identifies the control for user actions; unique in its window
+  std::wstring id;       // tag of a command bar's control or id of a ribbon's
+  std::wstring caption;  // as supplied, with ampersands
+  std::wstring text;     // in the edit part of a combo box
   bool enabled = true;
   bool visible = true;
   bool custom = true;  // otherwise one of Outlook's own
