@@ -68,7 +68,7 @@ void CBaseStage::InstallLibrary(Library library) {
   m_base->Observe(this);
 }
 
-ISimulatedBase& CBaseStage::Base() const {
+CBaseSimulator& CBaseStage::Base() const {
   if (!m_base) throw CScenarioError("there is no USB library");
   return *m_base;
 }

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "workbench/scenario/stage.h"
-#include "workbench/siusbxp/simulated_base.h"
+#include "workbench/siusbxp/base_simulator.h"
 
 namespace quor::workbench {
 
@@ -22,7 +22,7 @@ class CBaseStage final : public IBaseStage, ICallObserver, IIndicationLine {
   CBaseStage(const CBaseStage&) = delete;
   CBaseStage& operator=(const CBaseStage&) = delete;
 
-  ISimulatedBase& Base() const;  // throws CScenarioError if there is no library
+  CBaseSimulator& Base() const;  // throws CScenarioError if there is no library
 
   void InstallLibrary(Library library) override;
   void Plug(const DeviceStrings& strings) override;
@@ -53,7 +53,7 @@ class CBaseStage final : public IBaseStage, ICallObserver, IIndicationLine {
 
   std::wstring m_addInFolder;
   std::wstring m_workbenchFolder;
-  ISimulatedBase* m_base = nullptr;
+  CBaseSimulator* m_base = nullptr;
   std::vector<std::string> m_callTexts;
   CBelievableBase m_believable{*this};
   bool m_alive = false;

@@ -154,7 +154,7 @@ void CPlayer::ActInside(CRun& run) {
   constexpr int kUserClosed = 1;
   using enum Options::Inside;
   CAddInHost& host = m_workbench->Host();
-  ISimulatedBase& base = m_workbench->Base();
+  CBaseSimulator& base = m_workbench->Base();
   try {
     switch (m_options.inside) {
       case Fail:
@@ -189,7 +189,7 @@ void CPlayer::ActInside(CRun& run) {
 bool CPlayer::TelephoneWorks(CRun& run) {
   constexpr unsigned kLimit = 1000;  // milliseconds
   CAddInHost& host = m_workbench->Host();
-  ISimulatedBase& base = m_workbench->Base();
+  CBaseSimulator& base = m_workbench->Base();
   try {
     if (base.DeviceCount() == 0) base.Plug();
     if (!host.PumpUntil([&base] { return base.OpenHandles() != 0; }, kLimit)) return false;

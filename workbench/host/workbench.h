@@ -34,7 +34,7 @@ class CWorkbench final : IAddInSurroundings {
   COutlook& Outlook() { return m_outlook; }
   COfficeFace& Face() { return m_face; }
   CAddInHost& Host() { return m_host; }
-  ISimulatedBase& Base() { return m_baseStage.Base(); }
+  CBaseSimulator& Base() { return m_baseStage.Base(); }
   CApplicationData& Data() { return m_data; }
 
  private:

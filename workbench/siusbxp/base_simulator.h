@@ -11,30 +11,56 @@
 namespace quor::workbench {
 
 // The simulated base itself.
-class CBaseSimulator final : public ISimulatedBase, public IUsbHost {
+class CBaseSimulator final : public IUsbHost {
  public:
   CBaseSimulator() { Reset(); }
 
-  void Reset() override;
-  void Plug(const ProductStrings& strings = kDefaultProductStrings) override;
-  void Unplug(uint32_t device = 0) override;
-  uint32_t DeviceCount() const override { return static_cast<uint32_t>(m_devices.size()); }
-  void Queue(std::span<const uint8_t> bytes, uint32_t delay = 0) override;
-  void Advance(uint32_t milliseconds) override { PassTime(m_now + milliseconds); }
-  uint64_t Now() const override { return m_now; }
-  void ReportQueue(uint32_t status, std::optional<uint32_t> count, uint32_t calls) override;
-  void Fail(UsbFunction function, int status, CallRange calls = {}) override;
-  void Shorten(UsbFunction function, uint32_t bytes, CallRange calls = {}) override;
-  void Heal() override;
-  size_t WrittenCount() const override { return m_written.size(); }
-  WrittenFrame Written(size_t index) const override;
-  void ForgetWritten() override { m_written.clear(); }
-  uint32_t CallCount(UsbFunction function) const override;
-  uint32_t OpenHandles() const override { return static_cast<uint32_t>(m_handles.size()); }
-  uint32_t FreedWhileOpen() const override { return m_freedWhileOpen; }
-  uint32_t FailedCloses() const override { return m_failedCloses; }
-  void SetManners(const DriverManners& manners) override { m_manners = manners; }
-  void Observe(ICallObserver* observer) override { m_observer = observer; }
+  // Unplugs everything, empties queues and resets counts; open handles become invalid.
+  void Reset();
+
+  // Devices are listed in the order of plugging. A handle to an unplugged device stays allocated
+  // and returns kSiDeviceIoFailed until it is closed.
+  void Plug(const ProductStrings& strings = kDefaultProductStrings);
+  void Unplug(uint32_t device = 0);
+  uint32_t DeviceCount() const { return static_cast<uint32_t>(m_devices.size()); }
+
+  // Queues bytes from the base, `delay` milliseconds after those queued before. Time is simulated:
+  // it passes while SI_Read waits and in Advance. SI_Read waits for all bytes or its timeout; then
+  // it returns what has arrived, or kSiReadTimedOut if nothing has. An infinite timeout ends when
+  // nothing more is queued. Unplugging the last device drops the queue.
+  void Queue(std::span<const uint8_t> bytes, uint32_t delay = 0);
+  void Advance(uint32_t milliseconds) { PassTime(m_now + milliseconds); }
+  uint64_t Now() const { return m_now; }
+
+  // What SI_CheckRXQueue reports in the next `calls` calls; without a count, the real one.
+  void ReportQueue(uint32_t status, std::optional<uint32_t> count, uint32_t calls);
+
+  // Makes calls return a status and do nothing. A failing SI_Close still invalidates the handle, as
+  // for a device already removed. Call number n from the start of the run is n - CallCount here.
+  void Fail(UsbFunction function, int status, CallRange calls = {});
+  // Makes SI_Read or SI_Write succeed with at most this many bytes; the rest stays queued or
+  // unsent.
+  void Shorten(UsbFunction function, uint32_t bytes, CallRange calls = {});
+  // Removes every Fail, Shorten and ReportQueue.
+  void Heal();
+
+  // Writes since the last ForgetWritten, one entry for each SI_Write that reached the wire.
+  size_t WrittenCount() const { return m_written.size(); }
+  WrittenFrame Written(size_t index) const;
+  void ForgetWritten() { m_written.clear(); }
+
+  uint32_t CallCount(UsbFunction function) const;
+  uint32_t OpenHandles() const { return static_cast<uint32_t>(m_handles.size()); }
+  // Devices still open when the DLL was freed: its threads ran in freed code.
+  uint32_t FreedWhileOpen() const { return m_freedWhileOpen; }
+  // Failed calls of SI_Close; the caller cannot know whether the device's thread has ended.
+  uint32_t FailedCloses() const { return m_failedCloses; }
+
+  void SetManners(const DriverManners& manners) { m_manners = manners; }
+
+  // Notifies one observer of every call; null for none. Texts are built only if there is an
+  // observer.
+  void Observe(ICallObserver* observer) { m_observer = observer; }
 
   // The library's functions. A null out parameter gives kSiInvalidParameter.
   int GetNumDevices(uint32_t* count) noexcept override;

@@ -10,7 +10,7 @@
 
 namespace quor::workbench {
 
-// The simulated base is part of the workbench program, which controls it through ISimulatedBase.
+// The simulated base is part of the workbench program, which controls it through CBaseSimulator.
 // The SiUSBXp.dll that the add-in loads only forwards to it (see usb_host.h), so the workbench
 // holds no reference to the DLL, and the add-in alone decides how long it stays loaded. Initially
 // nothing is plugged in. Single-threaded: use it on the thread that calls the library.
@@ -108,59 +108,6 @@ struct DriverManners {
   int secondOpen = kSiDeviceIoFailed;     // SI_Open of an open device
   uint32_t stringTime = 0;                // real milliseconds that SI_GetProductString takes
   uint32_t openTime = 0;                  // the same for SI_Open
-};
-
-class ISimulatedBase {
- public:
-  // Unplugs everything, empties queues and resets counts; open handles become invalid.
-  virtual void Reset() = 0;
-
-  // Devices are listed in the order of plugging. A handle to an unplugged device stays allocated
-  // and returns kSiDeviceIoFailed until it is closed.
-  virtual void Plug(const ProductStrings& strings = kDefaultProductStrings) = 0;
-  virtual void Unplug(uint32_t device = 0) = 0;
-  virtual uint32_t DeviceCount() const = 0;
-
-  // Queues bytes from the base, `delay` milliseconds after those queued before. Time is simulated:
-  // it passes while SI_Read waits and in Advance. SI_Read waits for all bytes or its timeout; then
-  // it returns what has arrived, or kSiReadTimedOut if nothing has. An infinite timeout ends when
-  // nothing more is queued. Unplugging the last device drops the queue.
-  virtual void Queue(std::span<const uint8_t> bytes, uint32_t delay = 0) = 0;
-  virtual void Advance(uint32_t milliseconds) = 0;
-  virtual uint64_t Now() const = 0;
-
-  // What SI_CheckRXQueue reports in the next `calls` calls; without a count, the real one.
-  virtual void ReportQueue(uint32_t status, std::optional<uint32_t> count, uint32_t calls) = 0;
-
-  // Makes calls return a status and do nothing. A failing SI_Close still invalidates the handle, as
-  // for a device already removed. Call number n from the start of the run is n - CallCount here.
-  virtual void Fail(UsbFunction function, int status, CallRange calls = {}) = 0;
-  // Makes SI_Read or SI_Write succeed with at most this many bytes; the rest stays queued or
-  // unsent.
-  virtual void Shorten(UsbFunction function, uint32_t bytes, CallRange calls = {}) = 0;
-  // Removes every Fail, Shorten and ReportQueue.
-  virtual void Heal() = 0;
-
-  // Writes since the last ForgetWritten, one entry for each SI_Write that reached the wire.
-  virtual size_t WrittenCount() const = 0;
-  virtual WrittenFrame Written(size_t index) const = 0;
-  virtual void ForgetWritten() = 0;
-
-  virtual uint32_t CallCount(UsbFunction function) const = 0;
-  virtual uint32_t OpenHandles() const = 0;
-  // Devices still open when the DLL was freed: its threads ran in freed code.
-  virtual uint32_t FreedWhileOpen() const = 0;
-  // Failed calls of SI_Close; the caller cannot know whether the device's thread has ended.
-  virtual uint32_t FailedCloses() const = 0;
-
-  virtual void SetManners(const DriverManners& manners) = 0;
-
-  // Notifies one observer of every call; null for none. Texts are built only if there is an
-  // observer.
-  virtual void Observe(ICallObserver* observer) = 0;
-
- protected:
-  ~ISimulatedBase() = default;
 };
 
 }  // namespace quor::workbench
