@@ -133,33 +133,13 @@ void PaintCard(Painting& painting, const Rect& area) {
   }
 }
 
-Colour ColourOf(Led led) {
-  switch (led) {
-    case Led::Green:
-      return 0x34B24A;
-    case Led::Amber:
-      return 0xF2A81D;
-    case Led::Red:
-      return 0xE0352B;
-    default:
-      return 0x8C939C;
-  }
-}
-
 void PaintLine(Painting& painting, const Rect& row, const PanelLine& line) {
-  int x = row.x + 12;
-  if (line.led != Led::None) {
-    const Point centre = {x + 5.0, row.y + row.height / 2.0};
-    if (line.led != Led::Off) {
-      painting.canvas.Disc(centre, 6.5, painting.palette.highlight);
-    }
-    painting.canvas.Disc(centre, 4.5, ColourOf(line.led));
-    x += 18;
-  }
-  painting.canvas.Text({x, row.y, row.Right() - x - 8, row.height}, line.text,
-                       {.size = 12,
-                        .colour = line.heading ? painting.palette.accent : painting.palette.text,
-                        .bold = line.heading});
+  constexpr Colour kLeds[] = {0x8C939C, 0x34B24A, 0xF2A81D, 0xE0352B};  // as Led
+  const Point centre = {row.x + 17.0, row.y + row.height / 2.0};
+  if (line.led != Led::Off) painting.canvas.Disc(centre, 6.5, painting.palette.highlight);
+  painting.canvas.Disc(centre, 4.5, kLeds[static_cast<size_t>(line.led)]);
+  painting.canvas.Text({row.x + 30, row.y, row.width - 38, row.height}, line.text,
+                       {.size = 12, .colour = painting.palette.text});
 }
 
 }  // namespace

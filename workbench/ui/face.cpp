@@ -4,24 +4,24 @@ namespace quor::workbench {
 namespace {
 
 template <class Matches>
-const ControlFace* FindDeep(const std::vector<ControlFace>& faces, const Matches& matches) {
+const ControlFace* Find(const std::vector<ControlFace>& faces, bool deep, const Matches& matches) {
   for (const ControlFace& face : faces) {
     if (matches(face)) return &face;
   }
   for (const ControlFace& face : faces) {
-    if (const ControlFace* found = FindDeep(face.items, matches); found != nullptr) return found;
+    const ControlFace* found = deep ? Find(face.items, deep, matches) : nullptr;
+    if (found != nullptr) return found;
   }
   return nullptr;
 }
 
-const ControlFace* FindStep(const std::vector<ControlFace>& faces, const std::wstring& step) {
-  for (const ControlFace& face : faces) {
-    if (face.id == step) return &face;
-  }
-  for (const ControlFace& face : faces) {
-    if (PlainCaption(face.caption) == step) return &face;
-  }
-  return nullptr;
+const ControlFace* FindNamed(const std::vector<ControlFace>& faces, bool deep,
+                             const std::wstring& name) {
+  const ControlFace* found =
+      Find(faces, deep, [&name](const ControlFace& face) { return face.id == name; });
+  if (found != nullptr) return found;
+  return Find(faces, deep,
+              [&name](const ControlFace& face) { return PlainCaption(face.caption) == name; });
 }
 
 }  // namespace
@@ -35,17 +35,15 @@ const wchar_t* KindName(ControlKind kind) noexcept {
 const ControlFace* FindFace(const std::vector<ControlFace>& faces,
                             std::span<const std::wstring> path) noexcept {
   if (path.empty()) return nullptr;
-  const std::wstring& first = path.front();
-  const ControlFace* found =
-      FindDeep(faces, [&first](const ControlFace& face) { return face.id == first; });
-  if (found == nullptr) {
-    found = FindDeep(
-        faces, [&first](const ControlFace& face) { return PlainCaption(face.caption) == first; });
-  }
-  for (size_t step = 1; found != nullptr && step < path.size(); ++step) {
-    found = FindStep(found->items, path[step]);
+  const ControlFace* found = FindNamed(faces, true, path.front());
+  for (const std::wstring& step : path.subspan(1)) {
+    if (found != nullptr) found = FindNamed(found->items, false, step);
   }
   return found;
+}
+
+const ControlFace* FindFace(const std::vector<ControlFace>& faces, int handle) noexcept {
+  return Find(faces, true, [handle](const ControlFace& face) { return face.handle == handle; });
 }
 
 std::wstring PlainCaption(const std::wstring& caption) {

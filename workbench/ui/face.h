@@ -51,6 +51,8 @@ struct ControlFace {
 // if there is none.
 const ControlFace* FindFace(const std::vector<ControlFace>& faces,
                             std::span<const std::wstring> path) noexcept;
+// The same by ControlFace::handle, at any depth.
+const ControlFace* FindFace(const std::vector<ControlFace>& faces, int handle) noexcept;
 
 // The caption without access-key marks: "Call from &cell" gives "Call from cell", "Tom && Co" gives
 // "Tom & Co".

@@ -1,6 +1,7 @@
 #include "workbench/ui/painter.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "workbench/ui/glyphs.h"
 #include "workbench/ui/painting.h"
@@ -9,7 +10,6 @@ namespace quor::workbench {
 namespace {
 
 constexpr int kStatusHeight = 22;
-constexpr int kArrowWidth = 18;
 
 void PaintTitle(Painting& painting) {
   CCanvas& canvas = painting.canvas;
@@ -47,44 +47,73 @@ void PaintStatus(Painting& painting, const Rect& area) {
                        {.size = 12, .colour = painting.palette.statusText, .bold = notice});
 }
 
-const char* GlyphOfBuiltIn(const std::wstring& caption) {
-  if (caption.find(L"New") != std::wstring::npos) return "new";
-  if (caption.find(L"Print") != std::wstring::npos) return "print";
-  if (caption.find(L"Delete") != std::wstring::npos) return "delete";
-  if (caption.find(L"Reply") != std::wstring::npos) return "reply";
-  if (caption.find(L"Forward") != std::wstring::npos) return "forward";
-  if (caption.find(L"Receive") != std::wstring::npos) return "receive";
-  if (caption.find(L"receive") != std::wstring::npos) return "receive";
-  if (caption.find(L"Find") != std::wstring::npos) return "find";
-  return "";
+// The glyph of one of Outlook's own buttons, by the first word that its caption contains; null for
+// other controls.
+const char* GlyphOfBuiltIn(const ControlFace& face) {
+  constexpr std::pair<const wchar_t*, const char*> kGlyphs[] = {
+      {L"Email", "mail"},      {L"Meeting", "calendar"}, {L"Contact", "contact"},
+      {L"Task", "task"},       {L"Note", "note"},        {L"Journal", "journal"},
+      {L"New", "new"},         {L"Print", "print"},      {L"Delete", "delete"},
+      {L"Reply", "reply"},     {L"Forward", "forward"},  {L"Receive", "receive"},
+      {L"receive", "receive"}, {L"Find", "find"},        {L"Search", "find"},
+      {L"Address", "contact"}, {L"Save", "contact"}};
+  if (face.custom || face.kind != ControlKind::Button) return nullptr;
+  const std::wstring caption = PlainCaption(face.caption);
+  for (const auto& [word, glyph] : kGlyphs) {
+    if (caption.find(word) != std::wstring::npos) return glyph;
+  }
+  return nullptr;
 }
 
 }  // namespace
 
 bool Painting::IsOpen(int handle) const noexcept {
-  return std::any_of(options.open.begin(), options.open.end(),
-                     [handle](const OpenPart& part) { return part.handle == handle; });
+  return std::ranges::find(options.open, handle, &OpenPart::handle) != options.open.end();
 }
 
-const Rect* Painting::AnchorOf(int handle) const noexcept {
-  for (const auto& [owner, rect] : anchors) {
-    if (owner == handle) return &rect;
-  }
-  return nullptr;
+bool IsField(const ControlFace& face) {
+  return face.kind == ControlKind::ComboBox || face.kind == ControlKind::Edit ||
+         face.kind == ControlKind::DropDown;
+}
+
+TextStyle CaptionStyle(const Painting& painting, const ControlFace& face, Align align) {
+  TextStyle style = kControlText;
+  style.colour = face.enabled ? painting.palette.text : painting.palette.faintText;
+  style.align = align;
+  return style;
+}
+
+int CaptionWidth(Painting& painting, const ControlFace& face) {
+  if (!face.showsCaption || face.caption.empty()) return 0;
+  return painting.canvas.TextWidth(PlainCaption(face.caption), kControlText);
+}
+
+void PaintCaption(Painting& painting, const Rect& rect, const ControlFace& face, Align align) {
+  painting.canvas.Text(rect, PlainCaption(face.caption), CaptionStyle(painting, face, align));
+}
+
+void PaintOpenFrame(Painting& painting, const Rect& rect, const ControlFace& face, int radius) {
+  if (!painting.IsOpen(face.handle) && !face.pressed) return;
+  painting.canvas.RoundedFrame(rect, radius, painting.palette.highlight,
+                               painting.palette.highlightEdge);
 }
 
 bool HasPicture(const ControlFace& face) {
-  const bool builtIn = !face.custom && face.kind == ControlKind::Button;
-  return face.picture != nullptr ||
-         (builtIn && *GlyphOfBuiltIn(PlainCaption(face.caption)) != '\0');
+  return face.picture != nullptr || GlyphOfBuiltIn(face) != nullptr;
 }
 
 void PaintPicture(Painting& painting, const Rect& rect, const ControlFace& face) {
   if (face.picture != nullptr) {
     painting.canvas.Image(rect, *face.picture, !face.enabled);
-  } else if (!face.custom) {
-    DrawGlyph(painting.canvas, rect, GlyphOfBuiltIn(PlainCaption(face.caption)));
+  } else if (const char* glyph = GlyphOfBuiltIn(face)) {
+    DrawGlyph(painting.canvas, rect, glyph);
   }
+}
+
+void AddHit(Painting& painting, const Rect& rect, const ControlFace& face, int depth) {
+  if (face.handle == 0) return;  // Outlook's own controls on the ribbon do nothing
+  const auto kind = face.kind == ControlKind::Menu ? HitArea::Kind::Menu : HitArea::Kind::Button;
+  painting.hits.push_back({kind, rect, face.handle, 0, depth, face.enabled});
 }
 
 void PaintComboField(Painting& painting, const Rect& field, const ControlFace& face) {
@@ -92,14 +121,15 @@ void PaintComboField(Painting& painting, const Rect& field, const ControlFace& f
   const Palette& palette = painting.palette;
   canvas.Fill(field, face.enabled ? palette.field : palette.pane);
   canvas.Frame(field, palette.fieldEdge);
-  canvas.Text({field.x + 5, field.y, field.width - kArrowWidth - 6, field.height}, face.text,
-              {.size = 12, .colour = face.enabled ? palette.text : palette.faintText});
+  const TextStyle style = CaptionStyle(painting, face);
+  canvas.Text({field.x + 5, field.y, field.width - kFieldArrow - 6, field.height}, face.text,
+              style);
   Rect text = field;
   if (face.kind != ControlKind::Edit) {
-    const Rect arrow = {field.Right() - kArrowWidth, field.y, kArrowWidth, field.height};
+    const Rect arrow = {field.Right() - kFieldArrow, field.y, kFieldArrow, field.height};
     if (painting.IsOpen(face.handle)) canvas.Fill(arrow.Inset(1), palette.highlight);
-    DrawArrowDown(canvas, arrow, face.enabled ? palette.text : palette.faintText);
-    text.width -= kArrowWidth;
+    DrawArrowDown(canvas, arrow, style.colour);
+    text.width -= kFieldArrow;
     painting.hits.push_back({HitArea::Kind::ComboArrow, arrow, face.handle, 0, 0, face.enabled});
   }
   painting.hits.push_back({HitArea::Kind::ComboText, text, face.handle, 0, 0, face.enabled});
@@ -107,7 +137,7 @@ void PaintComboField(Painting& painting, const Rect& field, const ControlFace& f
 
 std::vector<HitArea> PaintWindow(CCanvas& canvas, const WindowFace& face,
                                  const SceneOptions& options) {
-  Painting painting = {canvas, face, PaletteOf(face.skin, face.theme), options, {}, {}};
+  Painting painting = {canvas, face, PaletteOf(face.skin, face.theme), options, {}};
   int y = 0;
   if (options.titleBar) {
     PaintTitle(painting);

@@ -17,11 +17,8 @@ struct Painting {
   const Palette& palette;
   const SceneOptions& options;
   std::vector<HitArea> hits;
-  // Where the control with that handle was drawn; an open menu starts there.
-  std::vector<std::pair<int, Rect>> anchors;
 
   bool IsOpen(int handle) const noexcept;
-  const Rect* AnchorOf(int handle) const noexcept;
 };
 
 // Each draws downwards from `y` over the given width and returns its lower end.
@@ -32,12 +29,31 @@ void PaintContent(Painting& painting, const Rect& area);
 void PaintPanel(Painting& painting, const Rect& area);
 void PaintOpenParts(Painting& painting);
 
+// --- controls, on bars, ribbon and menus ---
+
+constexpr int kFieldHeight = 20;
+constexpr int kFieldArrow = 18;  // width of a combo box's button
+constexpr int kSmallPicture = 16;
+constexpr int kMenuArrow = 12;
+constexpr int kControlPad = 5;
+constexpr TextStyle kControlText = {.size = 12};
+
+bool IsField(const ControlFace& face);  // a combo box, edit or drop-down
+TextStyle CaptionStyle(const Painting& painting, const ControlFace& face,
+                       Align align = Align::Left);
+// Pixels; 0 without a caption.
+int CaptionWidth(Painting& painting, const ControlFace& face);
+void PaintCaption(Painting& painting, const Rect& rect, const ControlFace& face,
+                  Align align = Align::Left);
+// The frame behind a control that is open or pressed.
+void PaintOpenFrame(Painting& painting, const Rect& rect, const ControlFace& face, int radius);
 // A combo box's field with text and arrow; adds its two hit areas.
 void PaintComboField(Painting& painting, const Rect& field, const ControlFace& face);
 // The picture of a control, or the symbol of a built-in one.
 void PaintPicture(Painting& painting, const Rect& rect, const ControlFace& face);
 bool HasPicture(const ControlFace& face);
-constexpr int kFieldHeight = 20;
+// The hit area of a button or menu.
+void AddHit(Painting& painting, const Rect& rect, const ControlFace& face, int depth = 0);
 
 }  // namespace quor::workbench
 

@@ -1,5 +1,6 @@
 #include <algorithm>
-#include <array>
+#include <iterator>
+#include <span>
 
 #include "workbench/ui/glyphs.h"
 #include "workbench/ui/painting.h"
@@ -10,210 +11,134 @@ namespace {
 constexpr int kTabsHeight = 30;
 constexpr int kBodyHeight = 96;
 constexpr int kRowHeight = 24;
-constexpr int kRows = 3;
+constexpr size_t kRows = 3;
 constexpr int kControlsTop = 3;
+constexpr int kControlsHeight = kRows * kRowHeight;
 constexpr int kGroupName = 18;
-constexpr int kPicture = 16;
+constexpr int kLeastGroup = 30;
 constexpr int kLargePicture = 32;
-constexpr int kPad = 5;
-constexpr int kArrow = 12;
 constexpr int kComboWidth = 130;
-constexpr TextStyle kText = {.size = 12};
 
 // --- Outlook's own groups, beside which the add-in's appear ---
 
-struct BuiltInGroup {
-  const wchar_t* caption;
-  std::vector<std::pair<const wchar_t*, const char*>> large;
-  std::vector<std::pair<const wchar_t*, const char*>> small;
-};
+RibbonGroupFace BuiltInGroup(const wchar_t* caption, const std::vector<const wchar_t*>& controls,
+                             bool large) {
+  RibbonGroupFace group;
+  group.caption = caption;
+  for (const wchar_t* name : controls) {
+    ControlFace& face = group.controls.emplace_back();
+    face.caption = name;
+    face.custom = false;
+    face.large = large;
+  }
+  return group;
+}
 
-std::vector<BuiltInGroup> BuiltInGroups(Module module, bool inspector) {
+std::vector<RibbonGroupFace> BuiltInGroups(Module module, bool inspector) {
+  constexpr const wchar_t* kNew[] = {L"New Email", L"New Meeting", L"New Contact",
+                                     L"New Task",  L"New Note",    L"Journal Entry"};
   if (inspector) {
-    return {{L"Actions", {{L"Save", "contact"}, {L"Delete", "delete"}}, {}},
-            {L"Communicate", {{L"Email", "mail"}, {L"Meeting", "calendar"}}, {}}};
+    return {BuiltInGroup(L"Actions", {L"Save", L"Delete"}, true),
+            BuiltInGroup(L"Communicate", {L"Email", L"Meeting"}, true)};
   }
-  const BuiltInGroup respond = {
-      L"Respond", {}, {{L"Reply", "reply"}, {L"Forward", "forward"}, {L"Print", "print"}}};
-  const BuiltInGroup remove = {L"Delete", {{L"Delete", "delete"}}, {}};
-  const BuiltInGroup find = {
-      L"Find", {}, {{L"Search People", "find"}, {L"Address Book", "contact"}}};
-  switch (module) {
-    case Module::Contacts:
-      return {{L"New", {{L"New Contact", "contact"}, {L"New Items", "new"}}, {}}, remove, find};
-    case Module::Calendar:
-      return {{L"New", {{L"New Meeting", "calendar"}, {L"New Items", "new"}}, {}}, find};
-    case Module::Tasks:
-      return {{L"New", {{L"New Task", "task"}, {L"New Items", "new"}}, {}}, remove, find};
-    case Module::Notes:
-      return {{L"New", {{L"New Note", "note"}, {L"New Items", "new"}}, {}}, remove, find};
-    case Module::Journal:
-      return {{L"New", {{L"Journal Entry", "journal"}, {L"New Items", "new"}}, {}}, remove, find};
-    case Module::Mail:
-      break;
+  std::vector<RibbonGroupFace> groups = {
+      BuiltInGroup(L"New", {kNew[static_cast<size_t>(module)], L"New Items"}, true)};
+  if (module != Module::Calendar) groups.push_back(BuiltInGroup(L"Delete", {L"Delete"}, true));
+  if (module == Module::Mail) {
+    groups.push_back(BuiltInGroup(L"Respond", {L"Reply", L"Forward", L"Print"}, false));
   }
-  return {{L"New", {{L"New Email", "new"}, {L"New Items", "mail"}}, {}}, remove, respond, find};
+  groups.push_back(BuiltInGroup(L"Find", {L"Search People", L"Address Book"}, false));
+  return groups;
 }
 
-// --- the add-in's controls ---
-
-TextStyle CaptionStyle(const Painting& painting, const ControlFace& face, Align align) {
-  TextStyle style = kText;
-  style.colour = face.enabled ? painting.palette.text : painting.palette.faintText;
-  style.align = align;
-  return style;
-}
-
-bool IsField(const ControlFace& face) {
-  return face.kind == ControlKind::ComboBox || face.kind == ControlKind::Edit ||
-         face.kind == ControlKind::DropDown;
-}
-
-int CaptionWidth(Painting& painting, const ControlFace& face) {
-  if (!face.showsCaption || face.caption.empty()) return 0;
-  return painting.canvas.TextWidth(PlainCaption(face.caption), kText);
-}
+// --- controls ---
 
 int ControlWidth(Painting& painting, const ControlFace& face) {
   const int caption = CaptionWidth(painting, face);
-  if (face.large) return std::max(kLargePicture, caption) + 4 * kPad;
-  int width = 2 * kPad + caption + (HasPicture(face) ? kPicture + kPad : 0);
-  if (face.kind == ControlKind::Menu) width += kArrow;
-  if (IsField(face)) width += kComboWidth + kPad;
+  if (face.large) return std::max(kLargePicture, caption) + 4 * kControlPad;
+  int width = 2 * kControlPad + caption;
+  if (HasPicture(face)) width += kSmallPicture + kControlPad;
+  if (face.kind == ControlKind::Menu) width += kMenuArrow;
+  if (IsField(face)) width += kComboWidth + kControlPad;
   return width;
 }
 
-void PaintOpen(Painting& painting, const Rect& rect, const ControlFace& face) {
-  if (!painting.IsOpen(face.handle) && !face.pressed) return;
-  painting.canvas.RoundedFrame(rect, 3, painting.palette.highlight, painting.palette.highlightEdge);
-}
-
-void AddHit(Painting& painting, const Rect& rect, const ControlFace& face) {
-  const auto kind = face.kind == ControlKind::Menu ? HitArea::Kind::Menu : HitArea::Kind::Button;
-  painting.anchors.emplace_back(face.handle, rect);
-  painting.hits.push_back({kind, rect, face.handle, 0, 0, face.enabled});
-}
-
 void PaintLarge(Painting& painting, const Rect& rect, const ControlFace& face) {
-  PaintOpen(painting, rect, face);
+  PaintOpenFrame(painting, rect, face, 3);
   PaintPicture(painting, {rect.x, rect.y + 4, rect.width, kLargePicture}, face);
-  painting.canvas.Text({rect.x, rect.y + kLargePicture + 8, rect.width, 16},
-                       PlainCaption(face.caption), CaptionStyle(painting, face, Align::Centre));
+  PaintCaption(painting, {rect.x, rect.y + kLargePicture + 8, rect.width, 16}, face, Align::Centre);
   if (face.kind == ControlKind::Menu) {
     DrawArrowDown(painting.canvas, {rect.x, rect.Bottom() - 14, rect.width, 10},
-                  CaptionStyle(painting, face, Align::Left).colour);
+                  CaptionStyle(painting, face).colour);
   }
   AddHit(painting, rect, face);
 }
 
-void PaintRow(Painting& painting, const Rect& rect, const ControlFace& face, int captionWidth) {
-  CCanvas& canvas = painting.canvas;
-  if (!IsField(face)) PaintOpen(painting, rect, face);
-  int x = rect.x + kPad;
+void PaintSmall(Painting& painting, const Rect& rect, const ControlFace& face) {
+  const int caption = CaptionWidth(painting, face);
+  if (!IsField(face)) PaintOpenFrame(painting, rect, face, 3);
+  int x = rect.x + kControlPad;
   if (HasPicture(face)) {
-    PaintPicture(painting, {x, rect.y, kPicture, rect.height}, face);
-    x += kPicture + kPad;
+    PaintPicture(painting, {x, rect.y, kSmallPicture, rect.height}, face);
+    x += kSmallPicture + kControlPad;
   }
-  if (face.showsCaption) {
-    canvas.Text({x, rect.y, captionWidth + 2, rect.height}, PlainCaption(face.caption),
-                CaptionStyle(painting, face, Align::Left));
-  }
+  if (caption != 0) PaintCaption(painting, {x, rect.y, caption + 2, rect.height}, face);
   if (IsField(face)) {
-    const int left = x + (captionWidth != 0 ? captionWidth + kPad : 0);
-    painting.anchors.emplace_back(face.handle, rect);
-    PaintComboField(painting, {left, rect.y + 2, rect.Right() - left - kPad, kFieldHeight}, face);
-    return;
+    if (caption != 0) x += caption + kControlPad;
+    const int width = rect.Right() - x - kControlPad;
+    return PaintComboField(painting, {x, rect.y + 2, width, kFieldHeight}, face);
   }
   if (face.kind == ControlKind::Menu) {
-    DrawArrowDown(canvas, {x + captionWidth + 2, rect.y + 1, kArrow, rect.height},
-                  CaptionStyle(painting, face, Align::Left).colour);
+    DrawArrowDown(painting.canvas, {x + caption + 2, rect.y + 1, kMenuArrow, rect.height},
+                  CaptionStyle(painting, face).colour);
   }
   AddHit(painting, rect, face);
 }
 
-// Fills columns of three rows from the top; each large control has its own column.
-int PaintControls(Painting& painting, int left, int y, const std::vector<ControlFace>& controls) {
-  int x = left;
-  for (size_t first = 0; first < controls.size();) {
-    if (!controls[first].visible) {
-      ++first;
-      continue;
+bool IsSmall(const ControlFace& face) {
+  return !face.large && face.kind != ControlKind::Separator;
+}
+
+// Paints the controls at the head of `controls` that share a column: a separator, a large control,
+// or up to three rows. Removes them and returns the column's right end.
+int PaintColumn(Painting& painting, int x, int y, std::span<const ControlFace>& controls) {
+  const ControlFace& first = controls.front();
+  if (!IsSmall(first)) {
+    controls = controls.subspan(1);
+    if (first.kind == ControlKind::Separator) {
+      painting.canvas.Line(x + 2, y, x + 3, y + kControlsHeight, painting.palette.separator);
+      return x + 5;
     }
-    if (controls[first].kind == ControlKind::Separator) {
-      painting.canvas.Line(x + 2, y, x + 3, y + kRows * kRowHeight, painting.palette.separator);
-      x += 5;
-      ++first;
-      continue;
-    }
-    if (controls[first].large) {
-      const int width = ControlWidth(painting, controls[first]);
-      PaintLarge(painting, {x, y, width, kRows * kRowHeight}, controls[first]);
-      x += width;
-      ++first;
-      continue;
-    }
-    int width = 0;
-    std::vector<const ControlFace*> column;
-    while (first < controls.size() && column.size() < kRows && !controls[first].large &&
-           controls[first].kind != ControlKind::Separator) {
-      const ControlFace& face = controls[first++];
-      if (!face.visible) continue;
-      width = std::max(width, ControlWidth(painting, face));
-      column.push_back(&face);
-    }
-    int row = y;
-    for (const ControlFace* face : column) {
-      PaintRow(painting, {x, row, width, kRowHeight}, *face, CaptionWidth(painting, *face));
-      row += kRowHeight;
-    }
-    x += width + 2;
+    const int width = ControlWidth(painting, first);
+    PaintLarge(painting, {x, y, width, kControlsHeight}, first);
+    return x + width;
   }
-  return x;
-}
-
-void PaintGroupEnd(Painting& painting, int left, int right, int y, const std::wstring& caption) {
-  painting.canvas.Text({left, y + kBodyHeight - kGroupName - 2, right - left, kGroupName}, caption,
-                       {.size = 11, .colour = painting.palette.faintText, .align = Align::Centre});
-  painting.canvas.Line(right + 3, y + 6, right + 4, y + kBodyHeight - 6,
-                       painting.palette.separator);
-}
-
-ControlFace BuiltInControl(const std::pair<const wchar_t*, const char*>& control) {
-  ControlFace face;
-  face.caption = control.first;
-  face.custom = false;
-  return face;
-}
-
-int PaintBuiltInGroup(Painting& painting, int left, int top, const BuiltInGroup& group) {
-  const int y = top + kControlsTop;
-  CCanvas& canvas = painting.canvas;
-  const TextStyle style = {.size = 12, .colour = painting.palette.text, .align = Align::Centre};
-  int x = left;
-  for (const auto& control : group.large) {
-    const int width = ControlWidth(painting, BuiltInControl(control)) + 2 * kPad;
-    DrawGlyph(canvas, {x, y + 4, width, kLargePicture}, control.second);
-    canvas.Text({x, y + kLargePicture + 8, width, 16}, control.first, style);
-    x += width;
-  }
+  const auto end =
+      std::ranges::find_if_not(controls.first(std::min(kRows, controls.size())), IsSmall);
+  const auto column = controls.first(static_cast<size_t>(end - controls.begin()));
+  controls = controls.subspan(column.size());
   int width = 0;
-  int row = y;
-  for (const auto& control : group.small) {
-    DrawGlyph(canvas, {x + kPad, row, kPicture, kRowHeight}, control.second);
-    canvas.Text({x + 2 * kPad + kPicture, row, 120, kRowHeight}, control.first,
-                {.size = 12, .colour = painting.palette.text});
-    width = std::max(width, canvas.TextWidth(control.first, kText) + kPicture + 4 * kPad);
-    row += kRowHeight;
+  for (const ControlFace& face : column)
+    width = std::max(width, ControlWidth(painting, face));
+  for (const ControlFace& face : column) {
+    PaintSmall(painting, {x, y, width, kRowHeight}, face);
+    y += kRowHeight;
   }
-  x += width;
-  PaintGroupEnd(painting, left, x, top, group.caption);
-  return x + 9;
+  return x + width + 2;
 }
 
 int PaintGroup(Painting& painting, int left, int y, const RibbonGroupFace& group) {
-  const int right =
-      std::max(PaintControls(painting, left, y + kControlsTop, group.controls), left + 30);
-  PaintGroupEnd(painting, left, right, y, PlainCaption(group.caption));
+  std::vector<ControlFace> visible;
+  std::ranges::copy_if(group.controls, std::back_inserter(visible), &ControlFace::visible);
+  int right = left;
+  for (std::span<const ControlFace> rest = visible; !rest.empty();)
+    right = PaintColumn(painting, right, y + kControlsTop, rest);
+  right = std::max(right, left + kLeastGroup);
+  painting.canvas.Text({left, y + kBodyHeight - kGroupName - 2, right - left, kGroupName},
+                       PlainCaption(group.caption),
+                       {.size = 11, .colour = painting.palette.faintText, .align = Align::Centre});
+  painting.canvas.Line(right + 3, y + 6, right + 4, y + kBodyHeight - 6,
+                       painting.palette.separator);
   return right + 9;
 }
 
@@ -250,20 +175,17 @@ int PaintRibbon(Painting& painting, int y) {
   y += kTabsHeight;
   painting.canvas.Gradient({0, y, width, kBodyHeight}, painting.palette.bar,
                            painting.palette.barEnd);
+  std::vector<RibbonGroupFace> groups;
+  std::ranges::copy_if(painting.face.ribbon.groups, std::back_inserter(groups),
+                       &RibbonGroupFace::visible);
+  const auto atEnd = std::stable_partition(
+      groups.begin(), groups.end(),
+      [](const RibbonGroupFace& group) { return !group.insertBefore.empty(); });
+  const auto builtIn = BuiltInGroups(painting.face.module, painting.face.inspector);
+  groups.insert(atEnd, builtIn.begin(), builtIn.end());
   int x = 8;
-  std::vector<const RibbonGroupFace*> atEnd;
-  for (const RibbonGroupFace& group : painting.face.ribbon.groups) {
-    if (!group.visible) continue;
-    if (group.insertBefore.empty()) {
-      atEnd.push_back(&group);
-    } else {
-      x = PaintGroup(painting, x, y, group);
-    }
-  }
-  for (const BuiltInGroup& group : BuiltInGroups(painting.face.module, painting.face.inspector))
-    x = PaintBuiltInGroup(painting, x, y, group);
-  for (const RibbonGroupFace* group : atEnd)
-    x = PaintGroup(painting, x, y, *group);
+  for (const RibbonGroupFace& group : groups)
+    x = PaintGroup(painting, x, y, group);
   painting.canvas.Line(0, y + kBodyHeight, width, y + kBodyHeight + 1, painting.palette.barEdge);
   return y + kBodyHeight + 1;
 }

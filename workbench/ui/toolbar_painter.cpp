@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <map>
 
 #include "workbench/ui/glyphs.h"
 #include "workbench/ui/painting.h"
@@ -9,95 +8,60 @@ namespace {
 
 constexpr int kRowHeight = 27;
 constexpr int kMenuRowHeight = 24;
-constexpr int kPicture = 16;
-constexpr int kPad = 5;
-constexpr int kArrow = 12;
 constexpr int kGrip = 9;
+constexpr int kGroupGap = 7;
 constexpr int kComboWidth = 150;
 constexpr int kFloatingPosition = 4;
-constexpr TextStyle kText = {.size = 12};
 
-struct BarLook {
-  int height;
-  bool menuBar;
-};
-
-int ControlWidth(Painting& painting, const ControlFace& face, const BarLook& look) {
-  CCanvas& canvas = painting.canvas;
-  const int caption =
-      face.showsCaption ? canvas.TextWidth(PlainCaption(face.caption), kText) + 2 * kPad : 0;
-  const int picture = HasPicture(face) ? kPicture + kPad : 0;
-  switch (face.kind) {
-    case ControlKind::ComboBox:
-    case ControlKind::Edit:
-    case ControlKind::DropDown:
-      return caption + (face.width != 0 ? face.width : kComboWidth) + 4;
-    case ControlKind::Menu:
-      return std::max(face.width, picture + caption + (look.menuBar ? 2 : kArrow));
-    default:
-      return std::max(face.width, picture + (caption != 0 ? caption : kPad));
-  }
-}
-
-TextStyle CaptionStyle(const Painting& painting, const ControlFace& face) {
-  TextStyle style = kText;
-  style.colour = face.enabled ? painting.palette.text : painting.palette.faintText;
-  return style;
+int ControlWidth(Painting& painting, const ControlFace& face, bool onMenuBar) {
+  int width = face.showsCaption ? CaptionWidth(painting, face) + 2 * kControlPad : 0;
+  if (IsField(face)) return width + (face.width != 0 ? face.width : kComboWidth) + 4;
+  const bool isMenu = face.kind == ControlKind::Menu;
+  if (width == 0 && !isMenu) width = kControlPad;
+  if (HasPicture(face)) width += kSmallPicture + kControlPad;
+  if (isMenu) width += onMenuBar ? 2 : kMenuArrow;
+  return std::max(face.width, width);
 }
 
 void PaintCombo(Painting& painting, const Rect& rect, const ControlFace& face) {
   Rect field = {rect.x + 2, rect.y + (rect.height - kFieldHeight) / 2, rect.width - 4,
                 kFieldHeight};
   if (face.showsCaption) {
-    const std::wstring caption = PlainCaption(face.caption);
-    const int width = painting.canvas.TextWidth(caption, kText) + kPad;
-    painting.canvas.Text({rect.x + kPad, rect.y, width, rect.height}, caption,
-                         CaptionStyle(painting, face));
-    field.x += width + kPad;
-    field.width -= width + kPad;
+    const int width = CaptionWidth(painting, face) + kControlPad;
+    PaintCaption(painting, {rect.x + kControlPad, rect.y, width, rect.height}, face);
+    field.x += width + kControlPad;
+    field.width -= width + kControlPad;
   }
   PaintComboField(painting, field, face);
 }
 
-void PaintControl(Painting& painting, const Rect& rect, const ControlFace& face,
-                  const BarLook& look) {
-  CCanvas& canvas = painting.canvas;
-  const Palette& palette = painting.palette;
-  painting.anchors.emplace_back(face.handle, rect);
-  if (face.kind == ControlKind::ComboBox || face.kind == ControlKind::Edit ||
-      face.kind == ControlKind::DropDown) {
-    PaintCombo(painting, rect, face);
-    return;
-  }
-  if (painting.IsOpen(face.handle) || face.pressed) {
-    canvas.Fill(rect.Inset(1), palette.highlight);
-    canvas.Frame(rect.Inset(1), palette.highlightEdge);
-  }
-  int x = rect.x + kPad;
+void PaintControl(Painting& painting, const Rect& rect, const ControlFace& face, bool onMenuBar) {
+  if (IsField(face)) return PaintCombo(painting, rect, face);
+  PaintOpenFrame(painting, rect.Inset(1), face, 0);
+  int x = rect.x + kControlPad;
   if (HasPicture(face)) {
-    PaintPicture(painting, {x, rect.y, kPicture, rect.height}, face);
-    x += kPicture + (face.showsCaption ? 4 : kPad);
+    PaintPicture(painting, {x, rect.y, kSmallPicture, rect.height}, face);
+    x += kSmallPicture + (face.showsCaption ? 4 : kControlPad);
   }
-  const bool isMenu = face.kind == ControlKind::Menu;
-  const int end = rect.Right() - (isMenu && !look.menuBar ? kArrow : 0);
-  if (face.showsCaption) {
-    canvas.Text({x, rect.y, end - x, rect.height}, PlainCaption(face.caption),
-                CaptionStyle(painting, face));
-  }
-  if (isMenu && !look.menuBar) {
-    DrawArrowDown(canvas, {end - 2, rect.y + 1, kArrow, rect.height},
+  const bool hasArrow = face.kind == ControlKind::Menu && !onMenuBar;
+  const int end = rect.Right() - (hasArrow ? kMenuArrow : 0);
+  if (face.showsCaption) PaintCaption(painting, {x, rect.y, end - x, rect.height}, face);
+  if (hasArrow) {
+    DrawArrowDown(painting.canvas, {end - 2, rect.y + 1, kMenuArrow, rect.height},
                   CaptionStyle(painting, face).colour);
   }
-  painting.hits.push_back({isMenu ? HitArea::Kind::Menu : HitArea::Kind::Button, rect, face.handle,
-                           0, 0, face.enabled});
+  AddHit(painting, rect, face);
 }
 
-int BarWidth(Painting& painting, const BarFace& bar, const BarLook& look) {
+int RowHeight(const BarFace& bar) {
+  return bar.menuBar ? kMenuRowHeight : kRowHeight;
+}
+
+int BarWidth(Painting& painting, const BarFace& bar) {
   int width = kGrip + 8;
   for (const ControlFace& control : bar.controls) {
-    if (control.visible) {
-      width += ControlWidth(painting, control, look) + (control.beginsGroup ? 7 : 0);
-    }
+    if (!control.visible) continue;
+    width += ControlWidth(painting, control, bar.menuBar) + (control.beginsGroup ? kGroupGap : 0);
   }
   return width;
 }
@@ -109,9 +73,9 @@ void PaintGrip(Painting& painting, const Rect& bar) {
   }
 }
 
-void PaintBar(Painting& painting, const Rect& rect, const BarFace& bar) {
+void PaintBar(Painting& painting, int left, int top, const BarFace& bar) {
   CCanvas& canvas = painting.canvas;
-  const BarLook look = {rect.height, bar.menuBar};
+  const Rect rect = {left, top, BarWidth(painting, bar), RowHeight(bar)};
   if (!bar.menuBar) {
     canvas.Rounded({rect.x, rect.y + 1, rect.width, rect.height - 2}, 3, painting.palette.barEdge);
     canvas.Gradient({rect.x + 1, rect.y + 1, rect.width - 2, rect.height - 4}, 0xEAF2FD,
@@ -123,10 +87,10 @@ void PaintBar(Painting& painting, const Rect& rect, const BarFace& bar) {
     if (!control.visible) continue;
     if (control.beginsGroup) {
       canvas.Line(x + 3, rect.y + 5, x + 4, rect.Bottom() - 5, painting.palette.separator);
-      x += 7;
+      x += kGroupGap;
     }
-    const int width = ControlWidth(painting, control, look);
-    PaintControl(painting, {x, rect.y + 1, width, rect.height - 3}, control, look);
+    const int width = ControlWidth(painting, control, bar.menuBar);
+    PaintControl(painting, {x, rect.y + 1, width, rect.height - 3}, control, bar.menuBar);
     x += width;
   }
 }
@@ -138,42 +102,35 @@ std::vector<const BarFace*> ShownBars(const WindowFace& face, bool floating) {
       bars.push_back(&bar);
     }
   }
-  std::stable_sort(bars.begin(), bars.end(),
-                   [](const BarFace* a, const BarFace* b) { return a->row < b->row; });
+  std::ranges::stable_sort(bars, {}, &BarFace::row);
   return bars;
 }
 
 }  // namespace
 
 int PaintToolbars(Painting& painting, int y) {
-  const int top = y;
   const std::vector<const BarFace*> docked = ShownBars(painting.face, false);
   int height = 0;
   for (const BarFace* bar : docked)
-    height += bar->menuBar ? kMenuRowHeight : kRowHeight;
+    height += RowHeight(*bar);
   painting.canvas.Gradient({0, y, painting.options.width, height}, painting.palette.bar,
                            painting.palette.barEnd);
   for (const BarFace* bar : docked) {
-    const int row = bar->menuBar ? kMenuRowHeight : kRowHeight;
-    const int width = BarWidth(painting, *bar, {row, bar->menuBar});
-    PaintBar(painting, {2 + std::max(0, bar->left), y, width, row}, *bar);
-    y += row;
+    PaintBar(painting, 2 + std::max(0, bar->left), y, *bar);
+    y += RowHeight(*bar);
   }
-  painting.canvas.Line(0, top + height, painting.options.width, top + height + 1,
-                       painting.palette.barEdge);
-  return top + height + 1;
+  painting.canvas.Line(0, y, painting.options.width, y + 1, painting.palette.barEdge);
+  return y + 1;
 }
 
 void PaintFloatingBars(Painting& painting) {
   for (const BarFace* bar : ShownBars(painting.face, true)) {
-    const Rect rect = {bar->left, bar->top, BarWidth(painting, *bar, {kRowHeight, false}),
-                       kRowHeight};
-    CCanvas& canvas = painting.canvas;
-    canvas.Fill({rect.x - 2, rect.y - 18, rect.width + 4, rect.height + 20},
-                painting.palette.menuEdge);
-    canvas.Text({rect.x + 4, rect.y - 17, rect.width, 16}, bar->name,
-                {.size = 11, .colour = 0xFFFFFF, .bold = true});
-    PaintBar(painting, rect, *bar);
+    const int width = BarWidth(painting, *bar);
+    painting.canvas.Fill({bar->left - 2, bar->top - 18, width + 4, kRowHeight + 20},
+                         painting.palette.menuEdge);
+    painting.canvas.Text({bar->left + 4, bar->top - 17, width, 16}, bar->name,
+                         {.size = 11, .colour = 0xFFFFFF, .bold = true});
+    PaintBar(painting, bar->left, bar->top, *bar);
   }
 }
 

@@ -32,13 +32,12 @@ struct CardLine {
   std::wstring value;
 };
 
-enum class Led { None, Off, Green, Amber, Red };
+enum class Led { Off, Green, Amber, Red };
 
 // The simulated base in a panel at the right edge.
 struct PanelLine {
   std::wstring text;
-  Led led = Led::None;
-  bool heading = false;
+  Led led = Led::Off;
 };
 struct PanelButton {
   int id = 0;  // passed back when it is pressed
