@@ -75,7 +75,7 @@ int Live(const Options& options) {
   CMessageLoop loop;
   CWorkbench workbench(options, loop);
   if (options.contactsFile.empty()) {
-    workbench.Stages().outlook.AddContact("", OwnContacts());
+    workbench.Outlook().AddCards("Contacts", OwnContacts());
   } else {
     workbench.Stages().outlook.LoadContacts(options.contactsFile);
   }

@@ -118,10 +118,6 @@ void CBaseStage::Send(const Bytes& indication) {
   if (m_base) m_base->Queue(indication);
 }
 
-void CBaseStage::Advance(unsigned milliseconds) {
-  Base().Advance(milliseconds);
-}
-
 std::vector<Bytes> CBaseStage::Written() {
   std::vector<Bytes> frames;
   if (!m_base) return frames;

@@ -35,7 +35,6 @@ class CBaseStage final : public IBaseStage, ICallObserver, IIndicationLine {
   void HealFunctions() override;
   CBelievableBase& Enliven() override;
   bool IsAlive() const { return m_alive; }
-  void Advance(unsigned milliseconds) override;
   std::vector<Bytes> Written() override;
   void ForgetWritten() override;
   unsigned Calls(const std::string& function) override;

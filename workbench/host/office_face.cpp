@@ -50,16 +50,14 @@ void COfficeFace::LoadRibbon(const std::string& ribbonId, const std::string& doc
                                        isExplorer ? RibbonWindow::Explorer : RibbonWindow::Contact);
   host->Load(callbacks, WideFromUtf8(document));
   // A copy: a callback may close a window.
-  const std::vector<PartsPtr> windows = m_windows;
-  for (const auto& parts : windows)
-    OpenRibbon(*parts);
+  const std::vector<WindowPtr> windows = m_windows;
+  for (const auto& window : windows)
+    OpenRibbon(*window);
 }
 
 void COfficeFace::UnloadRibbons() {
-  for (const auto& parts : m_windows) {
-    parts->window->SetRibbon(nullptr);
-    parts->ribbon = nullptr;
-  }
+  for (const auto& window : m_windows)
+    window->SetRibbon(nullptr);
   if (m_explorerRibbon) m_explorerRibbon->Unload();
   if (m_contactRibbon) m_contactRibbon->Unload();
   m_contactRibbonAsked = false;
@@ -72,10 +70,10 @@ WindowOptions COfficeFace::InspectorPlace() const {
   WindowOptions place;
   place.width -= kPanelWidth + 2 * kInset;
   place.height -= 2 * kBelow;
-  for (const auto& parts : m_windows) {
-    if (!parts->object->IsExplorer()) continue;
+  for (const auto& window : m_windows) {
+    if (!window->Object().IsExplorer()) continue;
     POINT corner = {kInset, kBelow};
-    ClientToScreen(parts->window->Handle(), &corner);
+    ClientToScreen(window->Handle(), &corner);
     place.left = static_cast<int>(corner.x);
     place.top = static_cast<int>(corner.y);
     break;
@@ -83,89 +81,89 @@ WindowOptions COfficeFace::InspectorPlace() const {
   return place;
 }
 
-COfficeFace::PartsPtr COfficeFace::PartsOf(CWindowObject& window) {
-  for (const auto& parts : m_windows) {
-    if (parts->object == &window) return parts;
+COfficeFace::WindowPtr COfficeFace::Open(CWindowObject& object) {
+  for (const auto& window : m_windows) {
+    if (&window->Object() == &object) return window;
   }
-  const bool isExplorer = window.IsExplorer();
+  const bool isExplorer = object.IsExplorer();
   const bool hasRibbon = m_version >= (isExplorer ? kFirstExplorerRibbon : kFirstInspectorRibbon);
-  auto parts = std::make_shared<WindowParts>();
-  parts->object = &window;
-  parts->bars =
+  auto bars =
       MakeObject<CCommandBars>(m_session->Model(), m_registry,
                                hasRibbon ? CCommandBars::Kind::Hidden : CCommandBars::Kind::Shown);
   OutlookWindowOptions options;
   if (!isExplorer) options.window = InspectorPlace();
   options.window.painted = m_painted && HasScreen();
   options.skin = hasRibbon ? Skin::Ribbon : Skin::Toolbars;
-  parts->window = std::make_unique<COutlookWindow>(*m_session, window, *parts->bars, options);
-  if (isExplorer) parts->window->SetPanel(m_panel);
-  m_windows.push_back(parts);
-  return parts;
+  auto window = std::make_shared<COutlookWindow>(*m_session, object, std::move(bars), options);
+  if (isExplorer) window->SetPanel(m_panel);
+  m_windows.push_back(window);
+  return window;
 }
 
-COfficeFace::PartsPtr COfficeFace::Find(CWindowObject* window) {
-  for (const auto& parts : m_windows) {
-    if (window ? parts->object == window : parts->object->IsExplorer()) return parts;
+COfficeFace::WindowPtr COfficeFace::Find(CWindowObject* object) const {
+  for (const auto& window : m_windows) {
+    if (object ? &window->Object() == object : window->Object().IsExplorer()) return window;
   }
   throw CScenarioError("no such window is open");
 }
 
-void COfficeFace::OpenRibbon(WindowParts& parts) {
-  CRibbonHost* host = parts.object->IsExplorer() ? m_explorerRibbon.get() : m_contactRibbon.get();
-  if (!host || !host->IsLoaded() || parts.ribbon) return;
-  parts.ribbon = host->OpenView(parts.object);
-  if (!parts.object->IsExplorer()) parts.ribbon->SelectTab(L"TabContact");
-  parts.window->SetRibbon(parts.ribbon);
-  Update(parts);
+void COfficeFace::OpenRibbon(COutlookWindow& window) {
+  const bool isExplorer = window.Object().IsExplorer();
+  CRibbonHost* host = isExplorer ? m_explorerRibbon.get() : m_contactRibbon.get();
+  if (!host || !host->IsLoaded() || window.Ribbon()) return;
+  const std::shared_ptr<CRibbonView> ribbon = host->OpenView(&window.Object());
+  if (!isExplorer) ribbon->SelectTab(L"TabContact");
+  window.SetRibbon(ribbon);
+  Update(window);
 }
 
-void COfficeFace::OnShown(CWindowObject& window) {
-  const PartsPtr parts = PartsOf(window);
-  if (!window.IsExplorer() && m_version >= kFirstInspectorRibbon && !m_contactRibbonAsked) {
+void COfficeFace::OnShown(CWindowObject& object) {
+  const WindowPtr window = Open(object);
+  if (!object.IsExplorer() && m_version >= kFirstInspectorRibbon && !m_contactRibbonAsked) {
     m_contactRibbonAsked = true;
     m_askRibbon(kContactRibbon);
   }
-  OpenRibbon(*parts);
-  parts->window->Show();
-  if (const auto ribbon = parts->ribbon) ribbon->Redraw();
+  OpenRibbon(*window);
+  window->Show();
+  if (const auto ribbon = window->Ribbon()) ribbon->Redraw();
 }
 
-void COfficeFace::OnClosed(CWindowObject& window) {
-  const auto found = std::find_if(m_windows.begin(), m_windows.end(),
-                                  [&](const auto& parts) { return parts->object == &window; });
+void COfficeFace::OnClosed(CWindowObject& object) {
+  const auto found = std::ranges::find(m_windows, &object,
+                                       [](const WindowPtr& window) { return &window->Object(); });
   if (found == m_windows.end()) return;
-  const PartsPtr parts = *found;
+  const WindowPtr window = *found;
   m_windows.erase(found);
-  ShowWindow(parts->window->Handle(), SW_HIDE);
-  parts->bars->Close();
+  ShowWindow(window->Handle(), SW_HIDE);
+  window->Bars().Close();
 }
 
 // Redraws the window with the tab of its folder.
-void COfficeFace::Update(WindowParts& parts) {
-  parts.window->Redraw();
-  if (!parts.object->IsExplorer() || !parts.ribbon) return;
-  const auto& explorer = static_cast<CExplorer&>(*parts.object);
-  parts.ribbon->SelectTab(TabOf(explorer.Folder().itemType, m_calendarAsTable));
+void COfficeFace::Update(COutlookWindow& window) {
+  window.Redraw();
+  const auto ribbon = window.Ribbon();
+  if (!window.Object().IsExplorer() || !ribbon) return;
+  const auto& explorer = static_cast<const CExplorer&>(window.Object());
+  ribbon->SelectTab(TabOf(explorer.Folder().itemType, m_calendarAsTable));
 }
 
 void COfficeFace::OnChanged() {
-  for (const auto& parts : m_windows)
-    Update(*parts);
+  for (const auto& window : m_windows)
+    Update(*window);
 }
 
 void COfficeFace::DrawStale() {
-  const std::vector<PartsPtr> windows = m_windows;
-  for (const auto& parts : windows) {
-    const auto ribbon = parts->ribbon;
-    if (ribbon && ribbon->Redraw() != 0) parts->window->Redraw();
+  const std::vector<WindowPtr> windows = m_windows;
+  for (const auto& window : windows) {
+    const auto ribbon = window->Ribbon();
+    if (ribbon && ribbon->Redraw() != 0) window->Redraw();
   }
 }
 
 RibbonFigures COfficeFace::TakeRibbonFigures() {
-  const std::vector<PartsPtr> windows = m_windows;
-  for (const auto& parts : windows) {
-    if (const auto ribbon = parts->ribbon) ribbon->Redraw();
+  const std::vector<WindowPtr> windows = m_windows;
+  for (const auto& window : windows) {
+    if (const auto ribbon = window->Ribbon()) ribbon->Redraw();
   }
   RibbonFigures sum;
   for (CRibbonHost* host : {m_explorerRibbon.get(), m_contactRibbon.get()}) {
@@ -178,56 +176,15 @@ RibbonFigures COfficeFace::TakeRibbonFigures() {
   return sum;
 }
 
-void COfficeFace::RenderToPng(CWindowObject* window, const std::wstring& path,
-                              const PictureLook& look) {
-  Find(window)->window->RenderToPng(path, look);
-}
-
-void COfficeFace::OpenMenu(CWindowObject* window, const std::vector<std::wstring>& path) {
-  const PartsPtr parts = Find(window);
-  if (path.empty()) return parts->window->CloseMenus();
-  parts->window->OpenMenu(path);
-}
-
 void COfficeFace::ForgetImages() {
-  for (const auto& parts : m_windows) {
-    if (parts->ribbon) parts->ribbon->ForgetImages();
+  for (const auto& window : m_windows) {
+    if (const auto ribbon = window->Ribbon()) ribbon->ForgetImages();
   }
 }
 
 void COfficeFace::ShowCalendarAsTable(bool table) {
   m_calendarAsTable = table;
   OnChanged();
-}
-
-std::vector<ControlFace> COfficeFace::Controls(CWindowObject* window) {
-  const PartsPtr parts = Find(window);
-  if (const auto ribbon = parts->ribbon) return ribbon->ControlFaces();
-  return parts->bars->ControlFaces();
-}
-
-void COfficeFace::Click(CWindowObject* window, const std::vector<std::wstring>& path) {
-  const PartsPtr parts = Find(window);
-  if (const auto ribbon = parts->ribbon) return ribbon->Click(path);
-  parts->bars->Click(path);
-}
-
-void COfficeFace::DeleteControl(const std::vector<std::wstring>& path) {
-  Find(nullptr)->bars->DeleteControl(path);
-}
-
-void COfficeFace::EnterText(CWindowObject* window, const std::wstring& control,
-                            const std::wstring& text) {
-  const PartsPtr parts = Find(window);
-  if (const auto ribbon = parts->ribbon) return ribbon->EnterText({&control, 1}, text);
-  parts->bars->EnterText({&control, 1}, text);
-}
-
-void COfficeFace::PickEntry(CWindowObject* window, const std::wstring& control,
-                            const std::wstring& entry) {
-  const PartsPtr parts = Find(window);
-  if (const auto ribbon = parts->ribbon) return ribbon->PickEntry({&control, 1}, entry);
-  parts->bars->PickEntry({&control, 1}, entry);
 }
 
 }  // namespace quor::workbench

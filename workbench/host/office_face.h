@@ -42,46 +42,29 @@ class COfficeFace final : public IOutlookFace {
   // The same; returns the ribbons' cost since the last call.
   RibbonFigures TakeRibbonFigures();
 
-  // Saves a picture of the window, with or without a screen.
-  void RenderToPng(CWindowObject* window, const std::wstring& path, const PictureLook& look);
-  // Opens a menu for a picture; an empty path closes all.
-  void OpenMenu(CWindowObject* window, const std::vector<std::wstring>& path);
-
   // Makes the ribbons query every image again.
   void ForgetImages();
 
   // Applies to all main windows from now on.
   void ShowCalendarAsTable(bool table);
 
-  // The controls of an explorer (null: the first) or inspector.
-  std::vector<ControlFace> Controls(CWindowObject* window);
-  void Click(CWindowObject* window, const std::vector<std::wstring>& path);
-  void DeleteControl(const std::vector<std::wstring>& path);
-  void EnterText(CWindowObject* window, const std::wstring& control, const std::wstring& text);
-  void PickEntry(CWindowObject* window, const std::wstring& control, const std::wstring& entry);
+  using WindowPtr = std::shared_ptr<COutlookWindow>;
+  // The window of an explorer (null: the first) or inspector. Throws CScenarioError if it is not
+  // open.
+  WindowPtr Find(CWindowObject* window) const;
 
-  IDispatch* CommandBarsOf(CWindowObject& window) override { return PartsOf(window)->bars.get(); }
-  HWND WindowOf(CWindowObject& window) override { return PartsOf(window)->window->Handle(); }
+  IDispatch* CommandBarsOf(CWindowObject& window) override { return &Open(window)->Bars(); }
+  HWND WindowOf(CWindowObject& window) override { return Open(window)->Handle(); }
   void OnShown(CWindowObject& window) override;
   void OnClosed(CWindowObject& window) override;
   void OnChanged() override;
 
  private:
-  struct WindowParts {
-    CWindowObject* object = nullptr;
-    CModelPtr<CCommandBars> bars;
-    std::shared_ptr<CRibbonView> ribbon;
-    std::unique_ptr<COutlookWindow> window;
-  };
-  // Code that acts on a window must hold its parts, or its ribbon: a callback of the add-in may
-  // close the window or end the add-in.
-  using PartsPtr = std::shared_ptr<WindowParts>;
-
-  PartsPtr PartsOf(CWindowObject& window);
-  PartsPtr Find(CWindowObject* window);
+  // The object's window, which is created at the first call.
+  WindowPtr Open(CWindowObject& window);
   WindowOptions InspectorPlace() const;
-  void OpenRibbon(WindowParts& parts);
-  void Update(WindowParts& parts);
+  void OpenRibbon(COutlookWindow& window);
+  void Update(COutlookWindow& window);
 
   int m_version;
   bool m_painted;
@@ -93,7 +76,7 @@ class COfficeFace final : public IOutlookFace {
   std::unique_ptr<CRibbonHost> m_contactRibbon;
   bool m_contactRibbonAsked = false;
   bool m_calendarAsTable = false;
-  std::vector<PartsPtr> m_windows;
+  std::vector<WindowPtr> m_windows;
 };
 
 }  // namespace quor::workbench

@@ -6,28 +6,6 @@
 
 namespace quor::workbench {
 
-namespace {
-
-// Turns an action that a user cannot do into an error of the scenario.
-template <typename Action>
-auto AsUser(Action action) {
-  try {
-    return action();
-  } catch (const CMailboxError& error) {
-    throw CScenarioError(error.what());
-  } catch (const CCardError& error) {
-    throw CScenarioError(error.what());
-  } catch (const CModelError& error) {
-    throw CScenarioError(error.what());
-  }
-}
-
-}  // namespace
-
-void COutlookStage::AddStore(const std::string& name) {
-  m_outlook.Session().Mailbox().AddSecondaryStore(WideFromUtf8(name));
-}
-
 void COutlookStage::RefuseStore(const std::string& name, Refusal refusal, uint32_t status) {
   for (const auto& store : m_outlook.Session().Mailbox().Stores()) {
     if (store->top->name != WideFromUtf8(name)) continue;
@@ -56,68 +34,7 @@ void COutlookStage::SetEntryIds(const EntryIds& style) {
 void COutlookStage::LoadContacts(const std::string& vcardFile) {
   const std::optional<std::string> text = ReadWholeFile(WideFromUtf8(vcardFile));
   if (!text) throw CScenarioError("no such file: " + vcardFile);
-  AsUser([&] { m_outlook.LoadCards(*text); });
-}
-
-void COutlookStage::ChangeContact(const std::string& contact, const std::string& property,
-                                  const std::string& value) {
-  AsUser([&] { m_outlook.ChangeContact(contact, property, value); });
-}
-
-void COutlookStage::AddContact(const std::string& folder, const std::string& vcard) {
-  AsUser([&] { m_outlook.AddCards(folder.empty() ? "Contacts" : folder, vcard); });
-}
-
-void COutlookStage::DeleteContact(const std::string& contact) {
-  AsUser([&] { m_outlook.DeleteContact(contact); });
-}
-
-void COutlookStage::MoveContact(const std::string& contact, const std::string& folder) {
-  AsUser([&] { m_outlook.MoveContact(contact, folder); });
-}
-
-void COutlookStage::AddFolder(const std::string& path) {
-  AsUser([&] { m_outlook.AddFolder(path); });
-}
-
-void COutlookStage::DeleteFolder(const std::string& path) {
-  AsUser([&] { m_outlook.DeleteFolder(path); });
-}
-
-void COutlookStage::MoveFolder(const std::string& path, const std::string& parent) {
-  AsUser([&] { m_outlook.MoveFolder(path, parent); });
-}
-
-void COutlookStage::OpenInspector(const std::string& contact) {
-  AsUser([&] { m_outlook.OpenInspector(contact); });
-}
-
-void COutlookStage::CloseInspector(const std::string& contact) {
-  AsUser([&] { m_outlook.CloseInspector(contact); });
-}
-
-void COutlookStage::ActivateInspector(const std::string& contact) {
-  AsUser([&] { m_outlook.ActivateInspector(contact); });
-}
-
-void COutlookStage::MoveInspector(const std::string& contact, const std::string& next) {
-  AsUser([&] { m_outlook.MoveInspector(contact, next); });
-}
-
-void COutlookStage::Select(const std::string& contact) {
-  AsUser([&] { m_outlook.Select({contact}); });
-}
-
-void COutlookStage::SwitchFolder(const std::string& path) {
-  AsUser([&] { m_figures.Time(&Figures::folderSwitch, [&] { m_outlook.SwitchFolder(path); }); });
-}
-
-void COutlookStage::NewExplorer() {
-  AsUser([&] { m_outlook.OpenExplorer(); });
-}
-
-void COutlookStage::CloseExplorer() {
-  m_figures.Time(&Figures::shutdown, [&] { m_outlook.CloseExplorer(); });
+  m_outlook.LoadCards(*text);
 }
 
 void COutlookStage::FailMember(const std::string& member, const FailingCalls& calls) {

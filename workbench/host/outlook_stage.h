@@ -14,7 +14,9 @@ class COutlookStage final : public IOutlookStage {
       : m_outlook(outlook), m_figures(figures) {}
 
   int Version() override { return m_outlook.Version(); }
-  void AddStore(const std::string& name) override;
+  void AddStore(const std::string& name) override {
+    m_outlook.Session().Mailbox().AddSecondaryStore(WideFromUtf8(name));
+  }
   void RefuseStore(const std::string& name, Refusal refusal, uint32_t status) override;
   void ShowMainWindow(bool shown) override;
   void DelayItemEvents(bool on) override { m_outlook.Session().DelayItemEvents(on); }
@@ -23,22 +25,35 @@ class COutlookStage final : public IOutlookStage {
   void SetEntryIds(const EntryIds& style) override;
   void LoadContacts(const std::string& vcardFile) override;
   void ChangeContact(const std::string& contact, const std::string& property,
-                     const std::string& value) override;
-  void AddContact(const std::string& folder, const std::string& vcard) override;
-  void DeleteContact(const std::string& contact) override;
-  void MoveContact(const std::string& contact, const std::string& folder) override;
+                     const std::string& value) override {
+    m_outlook.ChangeContact(contact, property, value);
+  }
+  void AddContact(const std::string& folder, const std::string& vcard) override {
+    m_outlook.AddCards(folder, vcard);
+  }
+  void DeleteContact(const std::string& contact) override { m_outlook.DeleteContact(contact); }
+  void MoveContact(const std::string& contact, const std::string& folder) override {
+    m_outlook.MoveContact(contact, folder);
+  }
   std::vector<std::string> Journal() override { return m_outlook.Journal(); }
-  void AddFolder(const std::string& path) override;
-  void DeleteFolder(const std::string& path) override;
-  void MoveFolder(const std::string& path, const std::string& parent) override;
-  void OpenInspector(const std::string& contact) override;
-  void CloseInspector(const std::string& contact) override;
-  void ActivateInspector(const std::string& contact) override;
-  void MoveInspector(const std::string& contact, const std::string& next) override;
-  void Select(const std::string& contact) override;
-  void SwitchFolder(const std::string& path) override;
-  void NewExplorer() override;
-  void CloseExplorer() override;
+  void AddFolder(const std::string& path) override { m_outlook.AddFolder(path); }
+  void DeleteFolder(const std::string& path) override { m_outlook.DeleteFolder(path); }
+  void MoveFolder(const std::string& path, const std::string& parent) override {
+    m_outlook.MoveFolder(path, parent);
+  }
+  void OpenInspector(const std::string& contact) override { m_outlook.OpenInspector(contact); }
+  void CloseInspector(const std::string& contact) override { m_outlook.CloseInspector(contact); }
+  void MoveInspector(const std::string& contact, const std::string& next) override {
+    m_outlook.MoveInspector(contact, next);
+  }
+  void Select(const std::string& contact) override { m_outlook.Select({contact}); }
+  void SwitchFolder(const std::string& path) override {
+    m_figures.Time(&Figures::folderSwitch, [&] { m_outlook.SwitchFolder(path); });
+  }
+  void NewExplorer() override { m_outlook.OpenExplorer(); }
+  void CloseExplorer() override {
+    m_figures.Time(&Figures::shutdown, [&] { m_outlook.CloseExplorer(); });
+  }
   void CloseFirstExplorer() override { m_outlook.CloseFirstExplorer(); }
   void FireQuit() override {
     m_figures.Time(&Figures::shutdown, [&] { m_outlook.RaiseQuit(); });

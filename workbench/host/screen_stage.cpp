@@ -36,20 +36,6 @@ std::vector<std::wstring> WidePath(const std::vector<std::string>& path) {
   return wide;
 }
 
-// Turns an action that a user cannot do into an error of the scenario.
-template <typename Action>
-void AsUser(Action action) {
-  try {
-    action();
-  } catch (const CUserActionError& error) {
-    throw CExpectationFailure(error.what());
-  } catch (const CMailboxError& error) {
-    throw CScenarioError(error.what());
-  } catch (const CModelError& error) {
-    throw CExpectationFailure(error.what());
-  }
-}
-
 }  // namespace
 
 CScreenStage::CScreenStage(COutlook& outlook, COfficeFace& face, CAddInHost& host,
@@ -62,40 +48,43 @@ CScreenStage::CScreenStage(COutlook& outlook, COfficeFace& face, CAddInHost& hos
 
 CWindowObject* CScreenStage::InspectorOf(const std::string& name) {
   if (name.empty()) return nullptr;
-  StoredItemPtr item;
-  AsUser([&] { item = m_outlook.FindItem(name); });
+  const StoredItemPtr item = m_outlook.FindItem(name);
   for (const CModelPtr<CInspector>& inspector : m_outlook.OpenInspectors()) {
     if (inspector->Item() && inspector->Item()->Stored() == item) return inspector.get();
   }
   throw CScenarioError("the window of \"" + name + "\" is not open");
 }
 
+COfficeFace::WindowPtr CScreenStage::WindowOf(const std::string& inspector) {
+  return m_face.Find(InspectorOf(inspector));
+}
+
 std::vector<ControlView> CScreenStage::Controls(const std::string& inspector) {
   std::vector<ControlView> views;
-  for (const ControlFace& face : m_face.Controls(InspectorOf(inspector)))
+  for (const ControlFace& face : WindowOf(inspector)->Controls())
     views.push_back(ViewOf(face));
   return views;
 }
 
 void CScreenStage::Click(const std::string& inspector, const std::vector<std::string>& path) {
-  AsUser([&] { m_face.Click(InspectorOf(inspector), WidePath(path)); });
+  WindowOf(inspector)->Click(WidePath(path));
 }
 
 void CScreenStage::DeleteControl(const std::vector<std::string>& path) {
-  AsUser([&] { m_face.DeleteControl(WidePath(path)); });
+  WindowOf("")->Bars().DeleteControl(WidePath(path));
 }
 
 void CScreenStage::Type(const std::string& control, const std::string& text) {
-  AsUser([&] { m_face.EnterText(nullptr, WideFromUtf8(control), WideFromUtf8(text)); });
+  WindowOf("")->Enter(WidePath({control}), WideFromUtf8(text));
 }
 
 void CScreenStage::Pick(const std::string& control, const std::string& item) {
-  AsUser([&] { m_face.PickEntry(nullptr, WideFromUtf8(control), WideFromUtf8(item)); });
+  WindowOf("")->Pick(WidePath({control}), WideFromUtf8(item));
 }
 
 void CScreenStage::OpenOptions() {
   const CModelPtr<CExplorer> explorer = m_outlook.Session().ActiveExplorer();
-  AsUser([&] { m_options.Open(explorer ? m_face.WindowOf(*explorer) : nullptr); });
+  m_options.Open(explorer ? m_face.WindowOf(*explorer) : nullptr);
 }
 
 std::vector<HWND> CScreenStage::AllWindows() const {
@@ -160,7 +149,7 @@ std::string CScreenStage::PicturePath(const std::string& name) const {
 
 std::string CScreenStage::Screenshot(const std::string& name, const std::string& title) {
   // First query what the add-in has invalidated.
-  AsUser([&] { m_face.OnChanged(); });
+  m_face.OnChanged();
   const HWND window = title.empty() ? nullptr : FindByTitle(AllWindows(), title);
   return SaveScreenshot(PicturePath(name), window);
 }
@@ -175,16 +164,11 @@ void CScreenStage::ShowScale(int scale) {
 
 std::string CScreenStage::Picture(const PictureOrder& order) {
   const std::string path = PicturePath(order.name);
-  CWindowObject* const window = InspectorOf(order.inspector);
-  PictureLook look;
-  look.scale = order.scale;
-  look.theme = order.dark ? Theme::Dark : Theme::Light;
+  const COfficeFace::WindowPtr window = WindowOf(order.inspector);
   ShowScale(order.scale);
-  AsUser([&] {
-    m_face.OpenMenu(window, WidePath(order.menu));
-    m_face.RenderToPng(window, WideFromUtf8(path), look);
-    m_face.OpenMenu(window, {});
-  });
+  window->OpenMenu(WidePath(order.menu));
+  window->RenderToPng(WideFromUtf8(path), {order.scale, order.dark ? Theme::Dark : Theme::Light});
+  window->CloseMenus();
   ShowScale(kUsualScale);
   return path;
 }

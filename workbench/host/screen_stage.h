@@ -39,6 +39,8 @@ class CScreenStage final : public IScreenStage {
   static constexpr int kUsualScale = 100;  // per cent
 
   CWindowObject* InspectorOf(const std::string& name);
+  // The window of the named item; of the first explorer if the name is empty.
+  COfficeFace::WindowPtr WindowOf(const std::string& inspector);
   // The add-in's windows, and Outlook's options dialog with its page.
   std::vector<HWND> AllWindows() const;
   void ShowScale(int scale);

@@ -128,10 +128,6 @@ void Shorten(CRun& run, const CCommandArguments& arguments) {
                                  static_cast<unsigned>(*bytes));
 }
 
-void Advance(CRun& run, const CCommandArguments& arguments) {
-  run.stage.base.Advance(static_cast<unsigned>(arguments.Number(0, 1, kLongestPause)));
-}
-
 void Heal(CRun& run, const CCommandArguments&) {
   run.stage.base.HealFunctions();
 }
@@ -153,37 +149,6 @@ void ExpectHandles(CRun& run, const CCommandArguments& arguments) {
 
 void BaseAnswers(CRun& run, const CCommandArguments&) {
   run.stage.base.Enliven();
-}
-
-uint8_t LineFromName(const std::string& name) {
-  const std::optional<uint8_t> lineType = LineTypeFromName(name);
-  if (!lineType) throw CScenarioError("\"" + name + "\" is not line1, line2 or cell1 to cell4");
-  return *lineType;
-}
-
-void CheckPossible(bool done, const char* reason) {
-  if (!done) throw CScenarioError(reason);
-}
-
-void Ring(CRun& run, const CCommandArguments& arguments) {
-  CallerIdReport caller;
-  caller.lineType = LineFromName(arguments.Text(0));
-  caller.number = arguments.After("from").value_or("");
-  caller.name = arguments.After("named").value_or("");
-  CheckPossible(run.stage.base.Enliven().Ring(caller), "the line is not free");
-}
-
-void GiveUpRinging(CRun& run, const CCommandArguments&) {
-  CheckPossible(run.stage.base.Enliven().GiveUpRinging(), "nothing rings");
-}
-
-void HangUp(CRun& run, const CCommandArguments& arguments) {
-  const uint8_t lineType = LineFromName(arguments.Text(0));
-  CheckPossible(run.stage.base.Enliven().HangUp(lineType), "there is no call on that line");
-}
-
-void RefuseNextCall(CRun& run, const CCommandArguments&) {
-  run.stage.base.Enliven().RefuseNextCall();
 }
 
 void Mobiles(CRun& run, const CCommandArguments& arguments) {
@@ -228,13 +193,8 @@ constexpr Command kCommands[] = {
     {"report queue", 1, 5, Block::None, ReportQueue},
     {"fail", 3, 5, Block::None, Fail},
     {"shorten", 3, 5, Block::None, Shorten},
-    {"advance", 1, 1, Block::None, Advance},
     {"heal", 0, 0, Block::None, Heal},
     {"base answers", 0, 0, Block::None, BaseAnswers},
-    {"ring", 1, 5, Block::None, Ring},
-    {"caller gives up", 0, 0, Block::None, GiveUpRinging},
-    {"other side hangs up", 1, 1, Block::None, HangUp},
-    {"next call is busy", 0, 0, Block::None, RefuseNextCall},
     {"mobiles", 0, 4, Block::None, Mobiles},
     {"expect wire", 1, kAnyNumber, Block::None, ExpectWire},
     {"expect handles", 1, 1, Block::None, ExpectHandles},

@@ -22,10 +22,6 @@ void OnTwo(CRun& run, const CCommandArguments& arguments) {
   run.stage.host.Pump();
 }
 
-void AddStore(CRun& run, const CCommandArguments& arguments) {
-  run.stage.outlook.AddStore(arguments.Text(0));
-}
-
 void RefuseStore(CRun& run, const CCommandArguments& arguments) {
   using Refusal = IOutlookStage::Refusal;
   constexpr uint32_t kLogonFailed = 0x80040111;
@@ -79,7 +75,7 @@ void SetEntryIds(CRun& run, const CCommandArguments& arguments) {
 }
 
 void Add(CRun& run, const CCommandArguments& arguments) {
-  run.stage.outlook.AddContact(arguments.Count() ? arguments.Text(0) : std::string(),
+  run.stage.outlook.AddContact(arguments.Count() ? arguments.Text(0) : "Contacts",
                                arguments.BlockText());
   run.stage.host.Pump();
 }
@@ -90,10 +86,7 @@ void Change(CRun& run, const CCommandArguments& arguments) {
 }
 
 void SwitchCalendar(CRun& run, const CCommandArguments& arguments) {
-  if (!arguments.Is(0, "table") && !arguments.Is(0, "days")) {
-    throw CScenarioError("usage: switch calendar table|days");
-  }
-  run.stage.screen.ShowCalendarAsTable(arguments.Is(0, "table"));
+  run.stage.screen.ShowCalendarAsTable(OnOrOff(arguments, "table", "days"));
 }
 
 using Block = Command::Block;
@@ -103,7 +96,7 @@ constexpr Command kCommands[] = {
     {"change contact", 3, 3, Block::None, Change},
     {"delete contact", 1, 1, Block::None, OnOne<&IOutlookStage::DeleteContact>},
     {"move contact", 2, 2, Block::None, OnTwo<&IOutlookStage::MoveContact>},
-    {"add store", 1, 1, Block::None, AddStore},
+    {"add store", 1, 1, Block::None, OnOne<&IOutlookStage::AddStore>},
     {"refuse store", 2, 4, Block::None, RefuseStore},
     {"item events", 1, 1, Block::None, ItemEvents},
     {"sinks released", 1, 1, Block::None, SinkRelease},
@@ -118,7 +111,6 @@ constexpr Command kCommands[] = {
     {"switch calendar", 1, 1, Block::None, SwitchCalendar},
     {"open contact", 1, 1, Block::None, OnOne<&IOutlookStage::OpenInspector>},
     {"close contact", 1, 1, Block::None, OnOne<&IOutlookStage::CloseInspector>},
-    {"activate contact", 1, 1, Block::None, OnOne<&IOutlookStage::ActivateInspector>},
     {"next contact", 2, 2, Block::None, OnTwo<&IOutlookStage::MoveInspector>},
 };
 

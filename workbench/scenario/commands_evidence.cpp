@@ -36,11 +36,6 @@ void ExpectLog(CRun& run, const CCommandArguments& arguments) {
   run.ForgetLog();
 }
 
-void ExpectWholeLog(CRun& run, const CCommandArguments& arguments) {
-  CompareLog(arguments.Block(), run.WholeLog());
-  run.ForgetLog();
-}
-
 void ExpectLogHas(CRun& run, const CCommandArguments& arguments) {
   const std::vector<std::string> lines = run.NewLogLines();
   const auto count = std::count(lines.begin(), lines.end(), arguments.Text(0));
@@ -325,7 +320,6 @@ using Block = Command::Block;
 
 constexpr Command kCommands[] = {
     {"expect log", 0, 1, Block::Optional, ExpectLog},
-    {"expect whole log", 0, 0, Block::Required, ExpectWholeLog},
     {"expect log has", 1, 3, Block::None, ExpectLogHas},
     {"expect log with", 1, kAnyNumber, Block::Required, ExpectLogWith},
     {"expect no log", 0, 0, Block::None, ExpectNoLog},

@@ -51,10 +51,6 @@ void Start(CRun& run, const CCommandArguments&) {
   run.lastResult = result;
 }
 
-void StartupComplete(CRun& run, const CCommandArguments&) {
-  run.lastResult = run.stage.host.StartupComplete();
-}
-
 void AddInsUpdate(CRun& run, const CCommandArguments&) {
   run.lastResult = run.stage.host.AddInsUpdate();
 }
@@ -227,7 +223,6 @@ constexpr Command kCommands[] = {
     {"start", 0, 0, Block::None, Start},
     {"create", 0, 0, Block::None, Create},
     {"connect", 0, 1, Block::None, Connect},
-    {"startup complete", 0, 0, Block::None, StartupComplete},
     {"add-ins update", 0, 0, Block::None, AddInsUpdate},
     {"custom ui", 1, 3, Block::None, CustomUi},
     {"callback", 2, 9, Block::None, Callback},

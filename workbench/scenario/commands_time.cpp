@@ -46,12 +46,6 @@ void WaitWindow(CRun& run, const CCommandArguments& arguments) {
   }
 }
 
-void WaitWritten(CRun& run, const CCommandArguments&) {
-  if (!run.stage.host.PumpUntil([&] { return !run.NewWire().empty(); }, kConditionLimit)) {
-    throw CExpectationFailure("nothing is written to the base");
-  }
-}
-
 void WaitLog(CRun& run, const CCommandArguments& arguments) {
   const auto reached = [&] {
     for (const std::string& line : run.NewLogLines()) {
@@ -73,7 +67,6 @@ constexpr Command kCommands[] = {
     {"pump", 0, 0, Block::None, Pump},
     {"wait", 1, 1, Block::None, Wait},
     {"wait window", 2, 2, Block::None, WaitWindow},
-    {"wait written", 0, 0, Block::None, WaitWritten},
     {"wait log", 1, 1, Block::None, WaitLog},
 };
 

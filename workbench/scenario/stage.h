@@ -52,8 +52,6 @@ class IBaseStage {
   virtual void ShortenFunction(const std::string& function, const FailingCalls& calls,
                                unsigned bytes) = 0;
   virtual void HealFunctions() = 0;
-  // Lets time pass at the base: delayed bytes arrive.
-  virtual void Advance(unsigned milliseconds) = 0;
   // Bytes of each accepted SI_Write call since the last ForgetWritten.
   virtual std::vector<Bytes> Written() = 0;
   virtual void ForgetWritten() = 0;
@@ -178,7 +176,6 @@ class IOutlookStage {
   virtual void MoveFolder(const std::string& path, const std::string& parent) = 0;
   virtual void OpenInspector(const std::string& contact) = 0;
   virtual void CloseInspector(const std::string& contact) = 0;
-  virtual void ActivateInspector(const std::string& contact) = 0;
   // Moves the window of one contact on to another.
   virtual void MoveInspector(const std::string& contact, const std::string& next) = 0;
   virtual void Select(const std::string& contact) = 0;

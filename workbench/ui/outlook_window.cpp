@@ -1,6 +1,7 @@
 #include "workbench/ui/outlook_window.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "workbench/office/outlook_ids.h"
 
@@ -52,31 +53,22 @@ std::wstring LabelOf(std::wstring label) {
   return label;
 }
 
-const ControlFace* FindHandle(const std::vector<ControlFace>& faces, int handle) {
-  for (const ControlFace& face : faces) {
-    if (face.handle == handle) return &face;
-    if (const ControlFace* found = FindHandle(face.items, handle)) return found;
-  }
-  return nullptr;
-}
-
 }  // namespace
 
-COutlookWindow::COutlookWindow(CSession& session, CWindowObject& object, CCommandBars& bars,
-                               const OutlookWindowOptions& options)
+COutlookWindow::COutlookWindow(CSession& session, CWindowObject& object,
+                               CModelPtr<CCommandBars> bars, const OutlookWindowOptions& options)
     : m_session(session),
       m_object(object),
       m_explorer(dynamic_cast<CExplorer*>(&object)),
       m_inspector(dynamic_cast<CInspector*>(&object)),
-      m_bars(bars),
+      m_bars(std::move(bars)),
       m_options(options),
-      m_theme(options.theme),
       m_window(*this, options.window) {
-  m_bars.SetChangeHandler([this] { m_window.Redraw(); });
+  m_bars->SetChangeHandler([this] { m_window.Redraw(); });
 }
 
 COutlookWindow::~COutlookWindow() {
-  m_bars.SetChangeHandler(nullptr);
+  m_bars->SetChangeHandler(nullptr);
 }
 
 void COutlookWindow::SetRibbon(std::shared_ptr<CRibbonView> ribbon) {
@@ -98,7 +90,7 @@ WindowFace COutlookWindow::Face() {
   face.inspector = m_inspector != nullptr;
   if (!m_object.IsOpen()) return face;
   face.title = m_object.CaptionText();
-  if (m_options.skin == Skin::Toolbars) face.bars = m_bars.Faces();
+  if (m_options.skin == Skin::Toolbars) face.bars = m_bars->Faces();
   if (const auto ribbon = m_ribbon) {
     face.ribbon = ribbon->Tab(ribbon->ActiveTab(), CRibbonView::Extent::Drawn);
     if (!m_object.IsOpen()) return face;  // closed inside a callback
@@ -170,14 +162,13 @@ void COutlookWindow::FillCard(WindowFace& face, const std::wstring& name,
 }
 
 std::vector<ControlFace> COutlookWindow::Controls() const {
-  if (const auto ribbon = m_ribbon) return ribbon->ControlFaces();
-  return m_bars.ControlFaces(true);
+  return OnControls([](auto& controls) { return controls.ControlFaces(); });
 }
 
 std::vector<ControlFace> COutlookWindow::MenuItems(int handle) {
   if (const auto ribbon = m_ribbon) return ribbon->OpenMenu(handle);
-  const std::vector<ControlFace> controls = Controls();
-  const ControlFace* menu = FindHandle(controls, handle);
+  const std::vector<ControlFace> controls = m_bars->ControlFaces(true);
+  const ControlFace* menu = FindFace(controls, handle);
   if (menu == nullptr || !menu->enabled || !menu->visible) {
     throw CUserActionError("that menu cannot be opened");
   }
@@ -201,34 +192,10 @@ void COutlookWindow::OpenMenu(const std::vector<std::wstring>& path) {
 void COutlookWindow::RenderToPng(const std::wstring& path, const PictureLook& look) {
   m_theme = look.theme;
   m_window.RenderToPng(path, look.scale);
-  m_theme = m_options.theme;
+  m_theme = Theme::Light;
 }
 
 // --- the user's actions ---
-
-void COutlookWindow::ClickControl(int handle) {
-  if (const auto ribbon = m_ribbon) {
-    ribbon->Click(handle);
-  } else {
-    m_bars.Click(handle);
-  }
-}
-
-void COutlookWindow::EnterText(int handle, const std::wstring& text) {
-  if (const auto ribbon = m_ribbon) {
-    ribbon->EnterText(handle, text);
-  } else {
-    m_bars.EnterText(handle, text);
-  }
-}
-
-void COutlookWindow::PickEntry(int handle, size_t entry) {
-  if (const auto ribbon = m_ribbon) {
-    ribbon->PickEntry(handle, entry);
-  } else {
-    m_bars.PickEntry(handle, entry);
-  }
-}
 
 void COutlookWindow::SelectFolder(size_t row) {
   if (row < m_folders.size()) m_explorer->SwitchFolder(*m_folders[row]);

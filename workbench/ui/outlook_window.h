@@ -32,20 +32,23 @@ struct PictureLook {
 struct OutlookWindowOptions {
   WindowOptions window;
   Skin skin = Skin::Ribbon;
-  Theme theme = Theme::Light;
 };
 
 // The real window of an explorer or inspector. Shows the object model, the command bars and the
-// ribbon, and passes the user's clicks to them. Destroy it when the object is closed.
+// ribbon, and passes the user's clicks to them. Destroy it when the object is closed. Code that
+// calls it must hold it: a callback of the add-in may close the window.
 class COutlookWindow final : IWindowContent {
  public:
-  COutlookWindow(CSession& session, CWindowObject& object, CCommandBars& bars,
+  COutlookWindow(CSession& session, CWindowObject& object, CModelPtr<CCommandBars> bars,
                  const OutlookWindowOptions& options);
   ~COutlookWindow();
   COutlookWindow(const COutlookWindow&) = delete;
   COutlookWindow& operator=(const COutlookWindow&) = delete;
 
-  // Sets the ribbon; null: none.
+  CWindowObject& Object() const noexcept { return m_object; }
+  CCommandBars& Bars() const noexcept { return *m_bars; }
+  // The ribbon, which a callback may remove while it is used; null: none.
+  std::shared_ptr<CRibbonView> Ribbon() const noexcept { return m_ribbon; }
   void SetRibbon(std::shared_ptr<CRibbonView> ribbon);
   void SetPanel(IBasePanel* panel);
 
@@ -58,12 +61,28 @@ class COutlookWindow final : IWindowContent {
   void CloseMenus() { m_window.CloseMenus(); }
   void RenderToPng(const std::wstring& path, const PictureLook& look);
 
+  // The add-in's controls.
+  std::vector<ControlFace> Controls() const;
+  // The user's actions on a control, which is named by a path or its handle; see CCommandBars.
+  template <class Control>
+  void Click(const Control& control) {
+    OnControls([&](auto& controls) { controls.Click(control); });
+  }
+  template <class Control>
+  void Enter(const Control& control, const std::wstring& text) {
+    OnControls([&](auto& controls) { controls.EnterText(control, text); });
+  }
+  template <class Control, class Entry>
+  void Pick(const Control& control, const Entry& entry) {
+    OnControls([&](auto& controls) { controls.PickEntry(control, entry); });
+  }
+
  private:
   WindowFace Face() override;
   std::vector<ControlFace> MenuItems(int handle) override;
-  void ClickControl(int handle) override;
-  void EnterText(int handle, const std::wstring& text) override;
-  void PickEntry(int handle, size_t entry) override;
+  void ClickControl(int handle) override { Click(handle); }
+  void EnterText(int handle, const std::wstring& text) override { Enter(handle, text); }
+  void PickEntry(int handle, size_t entry) override { Pick(handle, entry); }
   void SelectFolder(size_t row) override;
   void SelectRow(size_t row) override;
   void OpenRow(size_t row) override;
@@ -76,17 +95,23 @@ class COutlookWindow final : IWindowContent {
   // `textOf` returns a property of the item.
   void FillCard(WindowFace& face, const std::wstring& name,
                 const std::function<std::wstring(DISPID)>& textOf);
-  std::vector<ControlFace> Controls() const;
+  // Calls the action for the ribbon or the command bars, whichever the window has.
+  template <class Action>
+  auto OnControls(Action action) const {
+    if (const auto ribbon = m_ribbon) return action(*ribbon);
+    const CModelPtr<CCommandBars> bars = m_bars;
+    return action(*bars);
+  }
 
   CSession& m_session;
   CWindowObject& m_object;
   CExplorer* const m_explorer;  // one of the two
   CInspector* const m_inspector;
-  CCommandBars& m_bars;
-  std::shared_ptr<CRibbonView> m_ribbon;  // held while it is called: a callback may remove it
+  const CModelPtr<CCommandBars> m_bars;
+  std::shared_ptr<CRibbonView> m_ribbon;
   IBasePanel* m_panel = nullptr;
   const OutlookWindowOptions m_options;
-  Theme m_theme;
+  Theme m_theme = Theme::Light;
   std::vector<FolderNode*> m_folders;  // as shown
   std::vector<StoredItemPtr> m_items;
   CMainWindow m_window;
