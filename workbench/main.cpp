@@ -36,7 +36,7 @@ std::vector<std::string> CommandLine() {
 
 int Play(const Options& options) {
   CMessageLoop loop;
-  CThreadExecutor executor(loop, options.stuckAfter * 1000, ReportStuck);
+  CThreadExecutor executor(loop, static_cast<DWORD>(options.stuckAfter) * 1000, ReportStuck);
   int code = kNotPlayed;
   executor.Serve([&] {
     try {
@@ -98,10 +98,7 @@ int Main() {
     Options options = ParseOptions(CommandLine());
     switch (options.task) {
       case Options::Task::Help:
-        PrintLine(std::string(kUsage) + "\n" + CommandHelp());
-        return kGood;
-      case Options::Task::HelpMarkdown:
-        PrintLine(kCommandHelpMarkdown);
+        PrintLine(std::string(kUsage) + "\n" + kCommandHelp);
         return kGood;
       case Options::Task::Interactive:
         if (options.outlookVersion == 0) options.outlookVersion = kUsualVersion;

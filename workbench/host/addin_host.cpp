@@ -13,6 +13,7 @@
 
 #include "workbench/host/process_use.h"
 #include "workbench/host/ribbon_call.h"
+#include "workbench/host/window_lists.h"
 #include "workbench/scenario/results.h"
 #include "workbench/scenario/scenario_error.h"
 #include "workbench/siusbxp/program_base.h"
@@ -29,26 +30,19 @@ uint32_t Result(HRESULT result) {
   return static_cast<uint32_t>(result);
 }
 
-struct WindowSearch {
-  HMODULE module;
-  std::vector<HWND> found;
-};
-
-BOOL CALLBACK CollectWindow(HWND window, LPARAM parameter) {
-  auto& search = *reinterpret_cast<WindowSearch*>(parameter);
-  const auto owner = reinterpret_cast<HMODULE>(GetWindowLongPtrW(window, GWLP_HINSTANCE));
-  if (owner == search.module) search.found.push_back(window);
-  return TRUE;
-}
-
 }  // namespace
 
-CAddInHost::CAddInHost(RegisteredAddIn addIn, CMessageLoop& loop, IAddInSurroundings& surroundings,
-                       CFigureStage& figures)
+CAddInHost::CAddInHost(RegisteredAddIn addIn, CMessageLoop& loop, COutlook& outlook,
+                       COfficeFace& face, COptionsWindow& options, CFigureStage& figures)
     : m_registered(std::move(addIn)),
       m_loop(loop),
-      m_surroundings(surroundings),
-      m_figures(figures) {
+      m_outlook(outlook),
+      m_face(face),
+      m_options(options),
+      m_figures(figures),
+      m_instance(outlook.AddAddIn(
+          {m_registered.friendlyName, m_registered.progId, ClassIdText(m_registered.classId)},
+          [this] { return m_connected; })) {
   m_loop.WatchTimer(kBuildTimer, [this](const std::function<void()>& handle) {
     m_figures.Measure(&Figures::scan, handle);
   });
@@ -99,8 +93,7 @@ uint32_t CAddInHost::Connect(int mode) {
   SAFEARRAY* custom = SafeArrayCreateVector(VT_VARIANT, 1, 0);
   HRESULT result = E_FAIL;
   m_figures.Time(&Figures::connection, [&] {
-    result = addIn.OnConnection(m_surroundings.Application(), mode, m_surroundings.AddInInstance(),
-                                &custom);
+    result = addIn.OnConnection(m_outlook.Application(), mode, m_instance.get(), &custom);
   });
   SafeArrayDestroy(custom);
   // Outlook may have released the object inside the call.
@@ -145,15 +138,14 @@ uint32_t CAddInHost::CustomUi(const std::string& ribbonId, std::optional<std::st
   SysFreeString(id);
   if (SUCCEEDED(result) && text) {
     document = Utf8FromWide(WideFromBstr(text));
-    m_surroundings.OnRibbon(ribbonId, *document, m_addIn);
+    m_face.LoadRibbon(ribbonId, *document, m_addIn);
   }
   SysFreeString(text);
   return Result(result);
 }
 
 uint32_t CAddInHost::CallRibbon(const RibbonCall& call, std::string& answer) {
-  const CValue control = m_surroundings.RibbonControl(call.control);
-  return Result(CallRibbonCallback(Loaded(), call, V_DISPATCH(&control.Get()), answer));
+  return Result(CallRibbonCallback(m_outlook.Model(), Loaded(), call, answer));
 }
 
 // Clear each reference before releasing it: the last release ends the add-in, which calls Outlook,
@@ -163,7 +155,8 @@ void CAddInHost::ReleaseObject() {
                                   std::exchange(m_factory, nullptr),
                                   std::exchange(m_addIn, nullptr)};
   m_connected = false;
-  m_surroundings.OnAddInGone();
+  m_options.Close();
+  m_face.UnloadRibbons();
   CImportFaults::Forget();
   for (IUnknown* const reference : references) {
     if (reference) reference->Release();
@@ -193,7 +186,7 @@ void CAddInHost::EndProcess(bool uninitialized) {
 void CAddInHost::Unload() {
   if (!m_module) throw CScenarioError("the add-in is not loaded");
   ReleaseObject();
-  const bool early = m_surroundings.HoldsOldSinks() && CanUnload() == S_OK;
+  const bool early = m_outlook.Model().HoldsOldSinks() && CanUnload() == S_OK;
   m_loop.Pump();
   if (early) throw CExpectationFailure("DllCanUnloadNow returns S_OK while a sink is held");
   CModuleMeter::Forget();
@@ -248,10 +241,6 @@ ResourceUse CAddInHost::Use() {
   return use;
 }
 
-bool CAddInHost::PumpUntil(const std::function<bool()>& done, unsigned milliseconds) {
-  return m_loop.PumpUntil(done, milliseconds);
-}
-
 void CAddInHost::FailSystemFunction(const std::string& function, const FailingCalls& calls) {
   if (!m_module && FAILED(LoadClass())) throw CScenarioError("the add-in cannot be loaded");
   m_importFaults.Fail(m_module, function, calls);
@@ -263,10 +252,10 @@ void CAddInHost::ShowScale(int scale) {
 }
 
 std::vector<HWND> CAddInHost::Windows() const {
-  WindowSearch search = {m_module, {}};
-  if (m_module)
-    EnumThreadWindows(GetCurrentThreadId(), CollectWindow, reinterpret_cast<LPARAM>(&search));
-  return search.found;
+  if (!m_module) return {};
+  std::vector<HWND> windows = ThreadWindows();
+  std::erase_if(windows, [this](HWND window) { return CreatorOf(window) != m_module; });
+  return windows;
 }
 
 }  // namespace quor::workbench

@@ -11,39 +11,22 @@
 #include "workbench/host/message_loop.h"
 #include "workbench/host/module_meter.h"
 #include "workbench/host/neighbours.h"
+#include "workbench/host/office_face.h"
+#include "workbench/host/options_window.h"
 #include "workbench/host/process_use.h"
 #include "workbench/host/registered_addin.h"
-#include "workbench/office/value.h"
+#include "workbench/office/outlook.h"
 #include "workbench/scenario/stage.h"
 
 namespace quor::workbench {
-
-// What Outlook gives an add-in, and what it does with the ribbon that it receives.
-class IAddInSurroundings {
- public:
-  virtual IDispatch* Application() = 0;
-  virtual IDispatch* AddInInstance() = 0;
-  // Receives a ribbon's document and the object with its callbacks.
-  virtual void OnRibbon(const std::string& ribbonId, const std::string& document,
-                        IUnknown* callbacks) = 0;
-  // A control of the add-in's ribbon, or the special value named in RibbonCall::control. The caller
-  // owns a reference.
-  virtual CValue RibbonControl(const std::string& id) = 0;
-  // The add-in is about to end: release everything of it.
-  virtual void OnAddInGone() = 0;
-  // Whether event sources still hold unadvised sinks.
-  virtual bool HoldsOldSinks() = 0;
-
- protected:
-  ~IAddInSurroundings() = default;
-};
 
 // Loads the registered add-in and calls it as Outlook does: class object, IDTExtensibility2,
 // IRibbonExtensibility. At the end, checks that object and module are gone.
 class CAddInHost final : public IHostStage {
  public:
-  CAddInHost(RegisteredAddIn addIn, CMessageLoop& loop, IAddInSurroundings& surroundings,
-             CFigureStage& figures);
+  // What it borrows must outlive it.
+  CAddInHost(RegisteredAddIn addIn, CMessageLoop& loop, COutlook& outlook, COfficeFace& face,
+             COptionsWindow& options, CFigureStage& figures);
   ~CAddInHost();
   CAddInHost(const CAddInHost&) = delete;
   CAddInHost& operator=(const CAddInHost&) = delete;
@@ -71,7 +54,9 @@ class CAddInHost final : public IHostStage {
   ResourceUse Use() override;
   bool AreHeapsSound() override { return workbench::AreHeapsSound(); }
   void Pump() override { m_loop.Pump(); }
-  bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds) override;
+  bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds) override {
+    return m_loop.PumpUntil(done, milliseconds);
+  }
   void FailSystemFunction(const std::string& function, const FailingCalls& calls) override;
 
   // Shows the add-in a screen scale in per cent; 100 is the real one.
@@ -87,9 +72,6 @@ class CAddInHost final : public IHostStage {
   void CatchOpening() { m_catchOpening = true; }
   const std::string& LastOpened() const { return CImportFaults::LastOpened(); }
 
-  const RegisteredAddIn& AddIn() const { return m_registered; }
-  // The loaded add-in's module; null before and after.
-  HMODULE Module() const { return m_module; }
   // The add-in's top-level windows on this thread, in no particular order.
   std::vector<HWND> Windows() const;
 
@@ -102,11 +84,14 @@ class CAddInHost final : public IHostStage {
 
   RegisteredAddIn m_registered;
   CMessageLoop& m_loop;
-  IAddInSurroundings& m_surroundings;
+  COutlook& m_outlook;
+  COfficeFace& m_face;
+  COptionsWindow& m_options;
   CFigureStage& m_figures;
   CModuleMeter m_meter;
   CImportFaults m_importFaults;
   CNeighbours m_neighbours;
+  CModelPtr<CComAddIn> m_instance;
   IClassFactory* m_factory = nullptr;  // between loading the DLL and creating the object
   IExtensibility* m_addIn = nullptr;
   IRibbonDocumentSource* m_ribbonSource = nullptr;

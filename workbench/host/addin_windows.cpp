@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "workbench/host/window_lists.h"
 #include "workbench/office/value.h"
 #include "workbench/scenario/scenario_error.h"
 
@@ -39,18 +40,6 @@ std::string ClassOf(HWND window) {
   wchar_t name[256] = {};
   GetClassNameW(window, name, 256);
   return Utf8FromWide(name);
-}
-
-BOOL CALLBACK CollectChild(HWND child, LPARAM list) {
-  reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
-  return TRUE;
-}
-
-// All descendants in tab order.
-std::vector<HWND> ChildrenOf(HWND window) {
-  std::vector<HWND> children;
-  EnumChildWindows(window, CollectChild, reinterpret_cast<LPARAM>(&children));
-  return children;
 }
 
 // The text without access-key marks.
@@ -104,7 +93,7 @@ HWND FindByTitle(const std::vector<HWND>& windows, const std::string& title) {
 
 HWND FindControl(const std::vector<HWND>& windows, const std::string& title,
                  const std::string& text) {
-  for (const HWND child : ChildrenOf(FindByTitle(windows, title))) {
+  for (const HWND child : DescendantsOf(FindByTitle(windows, title))) {
     if (WithoutMarks(TextOf(child)) == text) return child;
   }
   throw CScenarioError("\"" + title + "\" shows no \"" + text + "\"");
@@ -115,7 +104,7 @@ WindowView DescribeWindow(HWND window) {
   view.title = TextOf(window);
   view.className = ClassOf(window);
   view.visible = IsWindowVisible(window) != FALSE;
-  for (const HWND child : ChildrenOf(window)) {
+  for (const HWND child : DescendantsOf(window)) {
     const std::string written =
         ClassOf(child) == "SysTabControl32" ? TabTitles(child) : TextOf(child);
     const std::string text = IsInputField(child) ? written : WithoutMarks(written);
@@ -127,7 +116,7 @@ WindowView DescribeWindow(HWND window) {
 void PressButton(const std::vector<HWND>& windows, const std::string& title,
                  const std::string& button) {
   const HWND window = FindByTitle(windows, title);
-  for (const HWND child : ChildrenOf(window)) {
+  for (const HWND child : DescendantsOf(window)) {
     if (ClassOf(child) != "Button" || WithoutMarks(TextOf(child)) != button) continue;
     CheckUsable(child, button);
     // Posted like a real click: the handler may open a window and run its message loop.
@@ -141,7 +130,7 @@ void EnterText(const std::vector<HWND>& windows, const std::string& title, int f
                const std::string& text) {
   const HWND window = FindByTitle(windows, title);
   int number = 0;
-  for (const HWND child : ChildrenOf(window)) {
+  for (const HWND child : DescendantsOf(window)) {
     if (!IsInputField(child) || ++number != field) continue;
     CheckUsable(child, "field " + std::to_string(field));
     const std::wstring wide = WideFromUtf8(text);

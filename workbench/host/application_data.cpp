@@ -83,6 +83,12 @@ std::optional<std::string> ReadWholeFile(const std::wstring& path) {
   return content;
 }
 
+std::string ReadNamedFile(const std::string& path) {
+  const std::optional<std::string> text = ReadWholeFile(WideFromUtf8(path));
+  if (!text) throw CScenarioError("no such file: " + path);
+  return *text;
+}
+
 CApplicationData::CApplicationData(const std::wstring& path, Content content)
     : m_folder(path.empty() ? FreshFolder() : path),
       m_temporary(path.empty()),
@@ -125,9 +131,7 @@ void CApplicationData::MakeFolder(const std::string& path) {
 }
 
 void CApplicationData::CopyIn(const std::string& from, const std::string& path) {
-  const std::optional<std::string> content = ReadWholeFile(WideFromUtf8(from));
-  if (!content) throw CScenarioError("file cannot be read: " + from);
-  Write(path, *content);
+  Write(path, ReadNamedFile(from));
 }
 
 std::optional<std::string> CApplicationData::Read(const std::string& path) const {

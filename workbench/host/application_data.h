@@ -46,6 +46,8 @@ class CApplicationData {
 
 // The content of any file; nothing if it cannot be read.
 std::optional<std::string> ReadWholeFile(const std::wstring& path);
+// The same by UTF-8 path; throws CScenarioError if it cannot be read.
+std::string ReadNamedFile(const std::string& path);
 
 }  // namespace quor::workbench
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "workbench/host/clock.h"
+
 namespace quor::workbench {
 
 namespace {
@@ -9,14 +11,6 @@ namespace {
 constexpr DWORD kKeyInterval = 5;  // milliseconds
 constexpr WPARAM kKey = VK_F24;
 constexpr DWORD kCountsPerMillisecond = 100;
-
-double MillisecondsNow() {
-  LARGE_INTEGER now = {};
-  LARGE_INTEGER frequency = {};
-  QueryPerformanceCounter(&now);
-  QueryPerformanceFrequency(&frequency);
-  return static_cast<double>(now.QuadPart) * 1000 / static_cast<double>(frequency.QuadPart);
-}
 
 // Fits the LPARAM of a 32-bit program and wraps after twelve hours.
 DWORD CountsNow() {

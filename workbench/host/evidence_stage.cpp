@@ -32,18 +32,6 @@ HKEY RootFromName(const std::string& key, size_t& rest) {
 
 }  // namespace
 
-void CEvidenceStage::WriteFile(const std::string& path, const std::string& content) {
-  m_data.Write(path, content);
-}
-
-void CEvidenceStage::CopyIn(const std::string& from, const std::string& path) {
-  m_data.CopyIn(from, path);
-}
-
-std::optional<std::string> CEvidenceStage::ReadFile(const std::string& path) {
-  return m_data.Read(path);
-}
-
 // There is one file per day; after a run across midnight, both are read in order.
 std::optional<std::string> CEvidenceStage::ReadLog() {
   std::optional<std::string> log;

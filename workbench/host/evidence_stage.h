@@ -15,11 +15,17 @@ class CEvidenceStage final : public IEvidenceStage {
  public:
   CEvidenceStage(CApplicationData& data, const CAddInHost& host) : m_data(data), m_host(host) {}
 
-  void WriteFile(const std::string& path, const std::string& content) override;
-  void CopyIn(const std::string& from, const std::string& path) override;
+  void WriteFile(const std::string& path, const std::string& content) override {
+    m_data.Write(path, content);
+  }
+  void CopyIn(const std::string& from, const std::string& path) override {
+    m_data.CopyIn(from, path);
+  }
   void MakeFolder(const std::string& path) override { m_data.MakeFolder(path); }
   void RemoveApplicationData() override { m_data.PointNowhere(); }
-  std::optional<std::string> ReadFile(const std::string& path) override;
+  std::optional<std::string> ReadFile(const std::string& path) override {
+    return m_data.Read(path);
+  }
   std::vector<std::string> ListFiles() override { return m_data.List(); }
   std::optional<std::string> ReadLog() override;
   std::optional<std::string> LastOpened() override;

@@ -1,9 +1,9 @@
 #include "workbench/host/figure_stage.h"
 
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
+#include "workbench/host/clock.h"
 #include "workbench/host/module_meter.h"
 
 namespace quor::workbench {
@@ -15,16 +15,10 @@ constexpr size_t kMostCallers = 1000;
 constexpr UINT_PTR kPollTimer = 0x80000002u;
 constexpr double kPollInterval = 100;  // milliseconds
 
-using Clock = std::chrono::steady_clock;
-
-double MillisecondsNow() {
-  return std::chrono::duration<double, std::milli>(Clock::now().time_since_epoch()).count();
-}
-
 double MillisecondsOf(const std::function<void()>& action) {
-  const Clock::time_point start = Clock::now();
+  const double start = MillisecondsNow();
   action();
-  return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+  return MillisecondsNow() - start;
 }
 
 }  // namespace

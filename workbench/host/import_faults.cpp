@@ -5,28 +5,26 @@
 #include <shlobj.h>
 // clang-format on
 
-#include "workbench/host/import_slot.h"
+#include "workbench/host/hooked_import.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
 
 namespace {
 
-// A function that can be made to fail: its real address and the calls that fail.
-struct HookedFunction {
-  const char* name;
-  FARPROC replacement;
-  FARPROC original = nullptr;
-  FARPROC* slot = nullptr;
+constexpr FailingCalls kNone = {0, 0, 0};
+
+// A function that can be made to fail.
+struct FailingImport : HookedImport {
   unsigned calls = 0;
-  FailingCalls failing = {0, 0, 0};
+  FailingCalls failing = kNone;
 };
 
 bool g_hastenTimers = false;
 std::string g_opened;
 int g_dotsPerInch = 0;
 
-bool MustFail(HookedFunction& function) {
+bool MustFail(FailingImport& function) {
   const unsigned call = ++function.calls;
   const FailingCalls& failing = function.failing;
   const bool fails = failing.firstCall != 0 && call >= failing.firstCall &&
@@ -51,18 +49,18 @@ enum Index {
   kGetDeviceCaps,
 };
 
-extern HookedFunction g_functions[];
+extern FailingImport g_functions[];
 
 template <Index index, typename Result, Result kFailed, typename... Arguments>
 Result WINAPI Replacement(Arguments... arguments) {
-  HookedFunction& function = g_functions[index];
+  FailingImport& function = g_functions[index];
   if (MustFail(function)) return kFailed;
   const auto original = reinterpret_cast<Result(WINAPI*)(Arguments...)>(function.original);
   return original(arguments...);
 }
 
 UINT_PTR WINAPI SetTimerReplacement(HWND window, UINT_PTR id, UINT period, TIMERPROC procedure) {
-  HookedFunction& function = g_functions[kSetTimer];
+  FailingImport& function = g_functions[kSetTimer];
   if (MustFail(function)) return 0;
   const auto original = reinterpret_cast<decltype(&SetTimer)>(function.original);
   return original(window, id, g_hastenTimers ? USER_TIMER_MINIMUM : period, procedure);
@@ -76,68 +74,57 @@ HINSTANCE WINAPI ShellExecuteReplacement(HWND, LPCSTR, LPCSTR file, LPCSTR, LPCS
 }
 
 int WINAPI GetDeviceCapsReplacement(HDC device, int index) {
-  HookedFunction& function = g_functions[kGetDeviceCaps];
+  FailingImport& function = g_functions[kGetDeviceCaps];
   if (MustFail(function)) return 0;
   if (g_dotsPerInch != 0 && (index == LOGPIXELSX || index == LOGPIXELSY)) return g_dotsPerInch;
   return reinterpret_cast<decltype(&GetDeviceCaps)>(function.original)(device, index);
 }
 
-HookedFunction g_functions[] = {
-    {"PostMessageA", AsProc(Replacement<kPostMessageA, BOOL, FALSE, HWND, UINT, WPARAM, LPARAM>)},
-    {"PostMessageW", AsProc(Replacement<kPostMessageW, BOOL, FALSE, HWND, UINT, WPARAM, LPARAM>)},
-    {"CreateWindowExA",
-     AsProc(Replacement<kCreateWindowExA, HWND, nullptr, DWORD, LPCSTR, LPCSTR, DWORD, int, int,
-                        int, int, HWND, HMENU, HINSTANCE, LPVOID>)},
-    {"CreateWindowExW",
-     AsProc(Replacement<kCreateWindowExW, HWND, nullptr, DWORD, LPCWSTR, LPCWSTR, DWORD, int, int,
-                        int, int, HWND, HMENU, HINSTANCE, LPVOID>)},
-    {"SetTimer", AsProc(SetTimerReplacement)},
-    {"SetThreadLocale", AsProc(Replacement<kSetThreadLocale, BOOL, FALSE, LCID>)},
-    {"SHGetFolderPathA",
-     AsProc(Replacement<kShGetFolderPathA, HRESULT, E_FAIL, HWND, int, HANDLE, DWORD, LPSTR>)},
-    {"MakeSureDirectoryPathExists",
-     AsProc(Replacement<kMakeSureDirectoryPathExists, BOOL, FALSE, PCSTR>)},
-    {"MoveFileExW", AsProc(Replacement<kMoveFileExW, BOOL, FALSE, LPCWSTR, LPCWSTR, DWORD>)},
-    {"MoveFileExA", AsProc(Replacement<kMoveFileExA, BOOL, FALSE, LPCSTR, LPCSTR, DWORD>)},
-    {"ReplaceFileW", AsProc(Replacement<kReplaceFileW, BOOL, FALSE, LPCWSTR, LPCWSTR, LPCWSTR,
-                                        DWORD, LPVOID, LPVOID>)},
-    {"ShellExecuteA", AsProc(ShellExecuteReplacement)},
-    {"GetDeviceCaps", AsProc(GetDeviceCapsReplacement)},
+FailingImport g_functions[] = {
+    {{"PostMessageA", AsProc(Replacement<kPostMessageA, BOOL, FALSE, HWND, UINT, WPARAM, LPARAM>)}},
+    {{"PostMessageW", AsProc(Replacement<kPostMessageW, BOOL, FALSE, HWND, UINT, WPARAM, LPARAM>)}},
+    {{"CreateWindowExA",
+      AsProc(Replacement<kCreateWindowExA, HWND, nullptr, DWORD, LPCSTR, LPCSTR, DWORD, int, int,
+                         int, int, HWND, HMENU, HINSTANCE, LPVOID>)}},
+    {{"CreateWindowExW",
+      AsProc(Replacement<kCreateWindowExW, HWND, nullptr, DWORD, LPCWSTR, LPCWSTR, DWORD, int, int,
+                         int, int, HWND, HMENU, HINSTANCE, LPVOID>)}},
+    {{"SetTimer", AsProc(SetTimerReplacement)}},
+    {{"SetThreadLocale", AsProc(Replacement<kSetThreadLocale, BOOL, FALSE, LCID>)}},
+    {{"SHGetFolderPathA",
+      AsProc(Replacement<kShGetFolderPathA, HRESULT, E_FAIL, HWND, int, HANDLE, DWORD, LPSTR>)}},
+    {{"MakeSureDirectoryPathExists",
+      AsProc(Replacement<kMakeSureDirectoryPathExists, BOOL, FALSE, PCSTR>)}},
+    {{"MoveFileExW", AsProc(Replacement<kMoveFileExW, BOOL, FALSE, LPCWSTR, LPCWSTR, DWORD>)}},
+    {{"MoveFileExA", AsProc(Replacement<kMoveFileExA, BOOL, FALSE, LPCSTR, LPCSTR, DWORD>)}},
+    {{"ReplaceFileW", AsProc(Replacement<kReplaceFileW, BOOL, FALSE, LPCWSTR, LPCWSTR, LPCWSTR,
+                                         DWORD, LPVOID, LPVOID>)}},
+    {{"ShellExecuteA", AsProc(ShellExecuteReplacement)}},
+    {{"GetDeviceCaps", AsProc(GetDeviceCapsReplacement)}},
 };
-
-// Replaces the function for the module; null if the module does not import it.
-HookedFunction* Hook(HMODULE module, HookedFunction& function) {
-  if (function.slot) return &function;
-  function.slot = FindImport(module, function.name);
-  if (!function.slot) return nullptr;
-  function.original = *function.slot;
-  function.failing = {0, 0, 0};
-  WriteSlot(function.slot, function.replacement);
-  return &function;
-}
 
 }  // namespace
 
 void CImportFaults::Fail(HMODULE module, const std::string& name, const FailingCalls& calls) {
-  for (HookedFunction& function : g_functions) {
+  for (FailingImport& function : g_functions) {
     if (name != function.name) continue;
-    if (!Hook(module, function)) throw CScenarioError("the add-in does not import " + name);
+    if (!function.Hook(module)) throw CScenarioError("the add-in does not import " + name);
     function.calls = 0;
     function.failing = calls;
     return;
   }
   std::string known;
-  for (const HookedFunction& function : g_functions)
+  for (const FailingImport& function : g_functions)
     known += std::string(" ") + function.name;
   throw CScenarioError("only these can be made to fail:" + known);
 }
 
 void CImportFaults::HastenTimers(HMODULE module) {
-  g_hastenTimers = Hook(module, g_functions[kSetTimer]) != nullptr;
+  g_hastenTimers = g_functions[kSetTimer].Hook(module);
 }
 
 void CImportFaults::CatchOpening(HMODULE module) {
-  Hook(module, g_functions[kShellExecuteA]);
+  g_functions[kShellExecuteA].Hook(module);
 }
 
 const std::string& CImportFaults::LastOpened() {
@@ -145,13 +132,13 @@ const std::string& CImportFaults::LastOpened() {
 }
 
 void CImportFaults::ShowDotsPerInch(HMODULE module, int dotsPerInch) {
-  g_dotsPerInch = Hook(module, g_functions[kGetDeviceCaps]) != nullptr ? dotsPerInch : 0;
+  g_dotsPerInch = g_functions[kGetDeviceCaps].Hook(module) ? dotsPerInch : 0;
 }
 
 void CImportFaults::Forget() {
-  for (HookedFunction& function : g_functions) {
-    if (function.slot) WriteSlot(function.slot, function.original);
-    function.slot = nullptr;
+  for (FailingImport& function : g_functions) {
+    function.Unhook();
+    function.failing = kNone;
   }
   g_hastenTimers = false;
   g_opened.clear();

@@ -4,6 +4,8 @@
 #include <set>
 #include <utility>
 
+#include "workbench/host/window_lists.h"
+
 namespace quor::workbench {
 
 namespace {
@@ -47,8 +49,7 @@ bool CMessageLoop::HandedOut(HWND window, UINT message, LPARAM lParam) const {
 const CMessageLoop::Watcher& CMessageLoop::WatcherOf(const MSG& message) const {
   static const Watcher nobody;
   if (message.message >= WM_APP && message.hwnd) {
-    const LONG_PTR owner = GetWindowLongPtrW(message.hwnd, GWLP_HINSTANCE);
-    return reinterpret_cast<HMODULE>(owner) == m_postedModule ? m_postedWatcher : nobody;
+    return CreatorOf(message.hwnd) == m_postedModule ? m_postedWatcher : nobody;
   }
   const bool watched = message.message == WM_TIMER && message.wParam == m_watchedTimer;
   return watched ? m_watcher : nobody;

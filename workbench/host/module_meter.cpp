@@ -1,24 +1,15 @@
 #include "workbench/host/module_meter.h"
 
 #include <array>
-#include <chrono>
 #include <cstddef>
 #include <utility>
 
-#include "workbench/host/import_slot.h"
+#include "workbench/host/clock.h"
+#include "workbench/host/hooked_import.h"
 
 namespace quor::workbench {
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-struct Import {
-  const char* name;
-  FARPROC replacement;
-  FARPROC original = nullptr;
-  FARPROC* slot = nullptr;
-};
 
 enum Index {
   kMalloc,
@@ -39,7 +30,7 @@ enum Index {
   kCount
 };
 
-extern std::array<Import, kCount> g_imports;
+extern std::array<HookedImport, kCount> g_imports;
 
 template <typename Function>
 Function* Original(Index index) {
@@ -47,12 +38,8 @@ Function* Original(Index index) {
 }
 
 int64_t g_blocks = 0;
-Clock::time_point g_savingSince;
+double g_savingSince = 0;
 CModuleMeter::Times g_times;
-
-double MillisecondsSince(Clock::time_point since) {
-  return std::chrono::duration<double, std::milli>(Clock::now() - since).count();
-}
 
 void* Counted(void* block) {
   if (block) ++g_blocks;
@@ -85,27 +72,27 @@ char* __cdecl Strdup(const char* text) {
 }
 
 HRESULT WINAPI ClassFromProgId(const wchar_t* progId, CLSID* classId) {
-  g_savingSince = Clock::now();
+  g_savingSince = MillisecondsNow();
   return Original<HRESULT WINAPI(const wchar_t*, CLSID*)>(kClsidFromProgId)(progId, classId);
 }
 
 BOOL WINAPI MoveFileReplacement(LPCSTR from, LPCSTR to, DWORD flags) {
   const BOOL moved = Original<BOOL WINAPI(LPCSTR, LPCSTR, DWORD)>(kMoveFileExA)(from, to, flags);
   const DWORD error = GetLastError();
-  g_times.saving += MillisecondsSince(g_savingSince);
+  g_times.saving += MillisecondsNow() - g_savingSince;
   SetLastError(error);
   return moved;
 }
 
 template <Index index, typename Result, typename... Arguments>
 Result WINAPI WindowReplacement(Arguments... arguments) {
-  const Clock::time_point since = Clock::now();
+  const double since = MillisecondsNow();
   const Result result = Original<Result WINAPI(Arguments...)>(index)(arguments...);
-  g_times.windows += MillisecondsSince(since);
+  g_times.windows += MillisecondsNow() - since;
   return result;
 }
 
-std::array<Import, kCount> g_imports = {{
+std::array<HookedImport, kCount> g_imports = {{
     {"malloc", AsProc(Malloc)},
     {"calloc", AsProc(Calloc)},
     {"realloc", AsProc(Realloc)},
@@ -129,19 +116,13 @@ std::array<Import, kCount> g_imports = {{
 void CModuleMeter::Watch(HMODULE module) {
   g_blocks = 0;
   g_times = {};
-  for (Import& import : g_imports) {
-    import.slot = FindImport(module, import.name);
-    if (!import.slot) continue;
-    import.original = *import.slot;
-    WriteSlot(import.slot, import.replacement);
-  }
+  for (HookedImport& import : g_imports)
+    import.Hook(module);
 }
 
 void CModuleMeter::Forget() {
-  for (Import& import : g_imports) {
-    if (import.slot) WriteSlot(import.slot, import.original);
-    import.slot = nullptr;
-  }
+  for (HookedImport& import : g_imports)
+    import.Unhook();
 }
 
 int64_t CModuleMeter::Blocks() {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "workbench/host/window_lists.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -35,14 +36,6 @@ LRESULT CALLBACK OnMessage(int code, WPARAM wParam, LPARAM lParam) {
   return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
-BOOL CALLBACK CloseForeign(HWND window, LPARAM) {
-  const LONG_PTR owner = GetWindowLongPtrW(window, GWLP_HINSTANCE);
-  if (reinterpret_cast<HMODULE>(owner) != GetModuleHandleW(nullptr)) {
-    PostMessageW(window, WM_CLOSE, 0, 0);
-  }
-  return TRUE;
-}
-
 }  // namespace
 
 void CNeighbours::MoveIn(Neighbour neighbour) {
@@ -57,7 +50,9 @@ void CNeighbours::MoveIn(Neighbour neighbour) {
       }
       return;
     case Neighbour::ClosesWindows:
-      EnumThreadWindows(GetCurrentThreadId(), CloseForeign, 0);
+      for (const HWND window : ThreadWindows()) {
+        if (CreatorOf(window) != GetModuleHandleW(nullptr)) PostMessageW(window, WM_CLOSE, 0, 0);
+      }
       return;
     case Neighbour::ModalLoop:
       return RunModalLoop();

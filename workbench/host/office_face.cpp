@@ -14,23 +14,11 @@ constexpr int kFirstInspectorRibbon = 12;
 constexpr char kExplorerRibbon[] = "Microsoft.Outlook.Explorer";
 constexpr char kContactRibbon[] = "Microsoft.Outlook.Contact";
 
-const wchar_t* TabOf(ItemType type, bool calendarAsTable) {
-  switch (type) {
-    case ItemType::Appointment:
-      return calendarAsTable ? L"TabCalendarTableView" : L"TabCalendar";
-    case ItemType::Contact:
-    case ItemType::DistributionList:
-      return L"TabContacts";
-    case ItemType::Task:
-      return L"TabTasks";
-    case ItemType::Journal:
-      return L"TabJournals";
-    case ItemType::Note:
-      return L"TabNotes";
-    case ItemType::Mail:
-      break;
-  }
-  return L"TabMail";
+const wchar_t* TabOf(Module module, bool calendarAsTable) {
+  constexpr const wchar_t* kTabs[] = {L"TabMail",  L"TabCalendar", L"TabContacts",
+                                      L"TabTasks", L"TabNotes",    L"TabJournals"};
+  if (module == Module::Calendar && calendarAsTable) return L"TabCalendarTableView";
+  return kTabs[static_cast<size_t>(module)];
 }
 
 }  // namespace
@@ -144,7 +132,7 @@ void COfficeFace::Update(COutlookWindow& window) {
   const auto ribbon = window.Ribbon();
   if (!window.Object().IsExplorer() || !ribbon) return;
   const auto& explorer = static_cast<const CExplorer&>(window.Object());
-  ribbon->SelectTab(TabOf(explorer.Folder().itemType, m_calendarAsTable));
+  ribbon->SelectTab(TabOf(ModuleOf(explorer.Folder().itemType), m_calendarAsTable));
 }
 
 void COfficeFace::OnChanged() {

@@ -8,27 +8,21 @@ void Check(HRESULT result, const char* what) {
   if (FAILED(result)) throw CModelError(result, what);
 }
 
-IUnknown* MakeByProgId(const std::wstring& progId) {
+IUnknownPtr MakeByProgId(const std::wstring& progId) {
   CLSID classId = {};
   Check(CLSIDFromProgID(progId.c_str(), &classId), "The page's ProgID names no class.");
-  IUnknown* object = nullptr;
-  Check(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
-                         reinterpret_cast<void**>(&object)),
+  IUnknownPtr object;
+  Check(object.CreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER),
         "The page cannot be created.");
   return object;
 }
 
-template <typename Interface>
-Interface* Ask(IUnknown* object, REFIID iid) noexcept {
-  Interface* found = nullptr;
-  object->QueryInterface(iid, reinterpret_cast<void**>(&found));
+// Another interface of the object; null if it has none.
+template <typename Pointer>
+Pointer Ask(IUnknown* object) noexcept {
+  Pointer found;
+  object->QueryInterface(Pointer::GetIID(), reinterpret_cast<void**>(&found));
   return found;
-}
-
-template <typename Interface>
-void Drop(Interface*& object) noexcept {
-  if (object != nullptr) object->Release();
-  object = nullptr;
 }
 
 }  // namespace
@@ -36,49 +30,44 @@ void Drop(Interface*& object) noexcept {
 COptionsPage::COptionsPage(CSession& session, IPageFrame& frame, const OptionsPage& page)
     : m_frame(frame), m_site(MakeObject<CPageSite>(session, frame)), m_title(page.title) {
   try {
-    if (page.progId.empty()) {
-      m_object = V_DISPATCH(&page.object.Get());
-      m_object->AddRef();
-    } else {
-      m_object = MakeByProgId(page.progId);
-    }
-    m_page = Ask<IPropertyPage>(m_object, kPropertyPageId);
-    m_control = Ask<IOleObject>(m_object, IID_IOleObject);
-    if (m_page == nullptr || m_control == nullptr) {
-      throw CModelError(E_NOINTERFACE, "The page lacks PropertyPage or IOleObject.");
-    }
-    // The site is set first because the control has OLEMISC_SETCLIENTSITEFIRST.
-    Check(m_control->SetClientSite(m_site.get()), "The page rejects its site.");
-    if (auto* stored = Ask<IPersistStreamInit>(m_object, IID_IPersistStreamInit)) {
-      const HRESULT made = stored->InitNew();
-      stored->Release();
-      Check(made, "The page's InitNew failed.");
-    }
-    m_control->SetHostNames(L"Outlook", m_title.c_str());
-    BSTR helpFile = nullptr;
-    long helpContext = 0;
-    m_page->GetPageInfo(&helpFile, &helpContext);
-    SysFreeString(helpFile);
-    if (m_title.empty()) m_title = Caption();
+    Load(page);
   } catch (...) {
-    Release();
+    Close();
     throw;
   }
 }
 
 COptionsPage::~COptionsPage() {
-  Release();
+  Close();
 }
 
-void COptionsPage::Release() noexcept {
+void COptionsPage::Load(const OptionsPage& page) {
+  m_object =
+      page.progId.empty() ? IUnknownPtr(V_DISPATCH(&page.object.Get())) : MakeByProgId(page.progId);
+  m_page = Ask<IPropertyPagePtr>(m_object);
+  m_control = Ask<IOleObjectPtr>(m_object);
+  if (m_page == nullptr || m_control == nullptr) {
+    throw CModelError(E_NOINTERFACE, "The page lacks PropertyPage or IOleObject.");
+  }
+  // The site is set first because the control has OLEMISC_SETCLIENTSITEFIRST.
+  Check(m_control->SetClientSite(m_site.get()), "The page rejects its site.");
+  if (const auto stored = Ask<IPersistStreamInitPtr>(m_object)) {
+    Check(stored->InitNew(), "The page's InitNew failed.");
+  }
+  m_control->SetHostNames(L"Outlook", m_title.c_str());
+  BSTR helpFile = nullptr;
+  long helpContext = 0;
+  m_page->GetPageInfo(&helpFile, &helpContext);
+  SysFreeString(helpFile);
+  if (m_title.empty()) m_title = Caption();
+}
+
+void COptionsPage::Close() noexcept {
   if (m_control != nullptr) {
     m_control->Close(OLECLOSE_NOSAVE);
     m_control->SetClientSite(nullptr);
   }
   m_site->Leave();
-  Drop(m_control);
-  Drop(m_page);
-  Drop(m_object);
 }
 
 std::wstring COptionsPage::Caption() {
@@ -100,9 +89,8 @@ void COptionsPage::Show() {
                           &place),
         "The page cannot be shown.");
   if (!m_site->IsActive()) throw CModelError(E_FAIL, "The page did not call OnInPlaceActivate.");
-  if (auto* inPlace = Ask<IOleInPlaceObject>(m_object, IID_IOleInPlaceObject)) {
+  if (const auto inPlace = Ask<IOleInPlaceObjectPtr>(m_object)) {
     inPlace->SetObjectRects(&place, &place);
-    inPlace->Release();
   }
 }
 

@@ -1,6 +1,10 @@
 #ifndef QUOR_WORKBENCH_HOST_OPTIONS_PAGE_H
 #define QUOR_WORKBENCH_HOST_OPTIONS_PAGE_H
 
+// clang-format off
+#include <comdef.h>
+// clang-format on
+
 #include <string>
 
 #include "workbench/host/page_site.h"
@@ -14,6 +18,12 @@ struct IPropertyPage : IDispatch {
   virtual HRESULT STDMETHODCALLTYPE get_Dirty(VARIANT_BOOL* dirty) = 0;
   virtual HRESULT STDMETHODCALLTYPE Apply() = 0;
 };
+
+_COM_SMARTPTR_TYPEDEF(IUnknown, IID_IUnknown);
+_COM_SMARTPTR_TYPEDEF(IPropertyPage, kPropertyPageId);
+_COM_SMARTPTR_TYPEDEF(IOleObject, IID_IOleObject);
+_COM_SMARTPTR_TYPEDEF(IOleInPlaceObject, IID_IOleInPlaceObject);
+_COM_SMARTPTR_TYPEDEF(IPersistStreamInit, IID_IPersistStreamInit);
 
 // An add-in's page in Outlook's options dialog: a control from its first activation to its last
 // release. Every member throws CModelError if the page misbehaves.
@@ -34,15 +44,16 @@ class COptionsPage {
   void Apply();
 
  private:
-  void Release() noexcept;
+  void Load(const OptionsPage& page);
+  void Close() noexcept;
   std::wstring Caption();
 
   IPageFrame& m_frame;
   CModelPtr<CPageSite> m_site;
   std::wstring m_title;
-  IUnknown* m_object = nullptr;
-  IPropertyPage* m_page = nullptr;
-  IOleObject* m_control = nullptr;
+  IUnknownPtr m_object;
+  IPropertyPagePtr m_page;
+  IOleObjectPtr m_control;
 };
 
 }  // namespace quor::workbench

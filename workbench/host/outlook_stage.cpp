@@ -1,6 +1,5 @@
 #include "workbench/host/outlook_stage.h"
 
-#include "workbench/host/application_data.h"
 #include "workbench/office/window_objects.h"
 #include "workbench/scenario/scenario_error.h"
 
@@ -29,12 +28,6 @@ void COutlookStage::SetEntryIds(const EntryIds& style) {
   m_outlook.Session().Mailbox().SetEntryIdStyle({.newOnMove = style.isChanging,
                                                  .lowerCase = style.isLower,
                                                  .digits = style.isLong ? kLong : kShort});
-}
-
-void COutlookStage::LoadContacts(const std::string& vcardFile) {
-  const std::optional<std::string> text = ReadWholeFile(WideFromUtf8(vcardFile));
-  if (!text) throw CScenarioError("no such file: " + vcardFile);
-  m_outlook.LoadCards(*text);
 }
 
 void COutlookStage::FailMember(const std::string& member, const FailingCalls& calls) {

@@ -1,6 +1,7 @@
 #ifndef QUOR_WORKBENCH_HOST_OUTLOOK_STAGE_H
 #define QUOR_WORKBENCH_HOST_OUTLOOK_STAGE_H
 
+#include "workbench/host/application_data.h"
 #include "workbench/host/figure_stage.h"
 #include "workbench/office/outlook.h"
 #include "workbench/scenario/stage.h"
@@ -23,7 +24,9 @@ class COutlookStage final : public IOutlookStage {
   void DelaySinkRelease(bool on) override { m_outlook.Model().DelaySinkRelease(on); }
   void GiveSeveralObjects(bool on) override { m_outlook.Session().GiveSeveralObjects(on); }
   void SetEntryIds(const EntryIds& style) override;
-  void LoadContacts(const std::string& vcardFile) override;
+  void LoadContacts(const std::string& vcardFile) override {
+    m_outlook.LoadCards(ReadNamedFile(vcardFile));
+  }
   void ChangeContact(const std::string& contact, const std::string& property,
                      const std::string& value) override {
     m_outlook.ChangeContact(contact, property, value);

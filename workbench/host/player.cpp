@@ -37,12 +37,6 @@ Bytes CallOnLine1() {
   return ReceiveCallFrame(*LineTypeFromName("line1"), report);
 }
 
-std::string ReadNamedFile(const std::string& path) {
-  const std::optional<std::string> text = ReadWholeFile(WideFromUtf8(path));
-  if (!text) throw CScenarioError("no such file: " + path);
-  return *text;
-}
-
 }  // namespace
 
 CPlayer::CPlayer(const Options& options, CMessageLoop& loop, CThreadExecutor& executor)
@@ -92,12 +86,12 @@ int CPlayer::Sweep(const std::vector<Statement>& statements) {
     m_idleAfter = ReadOutcomes(ReadNamedFile(m_options.outcomes), m_options.outlookVersion);
   }
   bool good = true;
-  uint64_t call = m_options.sweepFrom;
+  auto call = static_cast<uint64_t>(m_options.sweepFrom);
   uint64_t rounds = 0;
   // The add-in asks for the id of a name once: after a session without any failure the calls have
   // the same numbers in every round.
   SweepRound(statements, kNoCall, good);
-  for (; SweepRound(statements, call, good); call += m_options.sweepStep)
+  for (; SweepRound(statements, call, good); call += static_cast<uint64_t>(m_options.sweepStep))
     ++rounds;
   PrintLine("calls of the object model swept: " + std::to_string(rounds));
   const bool whole = m_options.sweepFrom == 1 && m_options.sweepStep == 1;

@@ -9,6 +9,8 @@
 #include <optional>
 #include <vector>
 
+#include "workbench/host/window_lists.h"
+
 namespace quor::workbench {
 
 namespace {
@@ -95,21 +97,12 @@ std::optional<int64_t> GdiObjects() {
                        [](const GdiEntry& entry) { return entry.type != 0; });
 }
 
-BOOL CALLBACK CountChild(HWND, LPARAM count) {
-  ++*reinterpret_cast<int64_t*>(count);
-  return TRUE;
-}
-
-BOOL CALLBACK CountWindow(HWND window, LPARAM count) {
-  CountChild(window, count);
-  EnumChildWindows(window, CountChild, count);
-  return TRUE;
-}
-
 int64_t Windows() {
-  int64_t count = 0;
-  EnumThreadWindows(GetCurrentThreadId(), CountWindow, reinterpret_cast<LPARAM>(&count));
-  return count;
+  const std::vector<HWND> windows = ThreadWindows();
+  size_t count = windows.size();
+  for (const HWND window : windows)
+    count += DescendantsOf(window).size();
+  return static_cast<int64_t>(count);
 }
 
 }  // namespace

@@ -30,42 +30,38 @@ std::optional<DWORD> ReadNumber(HKEY root, const std::wstring& key, const wchar_
 std::wstring ReadText(HKEY root, const std::wstring& key, const wchar_t* name) {
   wchar_t value[MAX_PATH] = {};
   DWORD size = sizeof(value);
-  if (RegGetValueW(root, key.c_str(), name, RRF_RT_REG_SZ, nullptr, value, &size) !=
-      ERROR_SUCCESS) {
-    return {};
-  }
+  RegGetValueW(root, key.c_str(), name, RRF_RT_REG_SZ | RRF_ZEROONFAILURE, nullptr, value, &size);
   return value;
+}
+
+std::wstring SubkeyAt(HKEY key, DWORD index) {
+  wchar_t name[256] = {};
+  DWORD length = 256;
+  RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr);
+  return name;
 }
 
 // The only add-in under the key; if there are several, the user must choose.
 std::wstring OnlyAddIn(HKEY root) {
   HKEY key = nullptr;
   if (RegOpenKeyExW(root, kAddInsKey, 0, KEY_READ, &key) != ERROR_SUCCESS) return {};
-  std::wstring found;
-  wchar_t name[256];
-  for (DWORD i = 0;; ++i) {
-    DWORD length = 256;
-    if (RegEnumKeyExW(key, i, name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) {
-      break;
-    }
-    if (!found.empty()) {
-      RegCloseKey(key);
-      throw std::runtime_error(
-          "several add-ins are registered with Outlook; choose one with --addin");
-    }
-    found = name;
-  }
+  const std::wstring found = SubkeyAt(key, 0);
+  const bool several = !SubkeyAt(key, 1).empty();
   RegCloseKey(key);
+  if (several) {
+    throw std::runtime_error(
+        "several add-ins are registered with Outlook; choose one with --addin");
+  }
   return found;
 }
+
+}  // namespace
 
 std::wstring ClassIdText(const CLSID& classId) {
   wchar_t text[64] = {};
   StringFromGUID2(classId, text, 64);
   return text;
 }
-
-}  // namespace
 
 RegisteredAddIn FindRegisteredAddIn(const std::wstring& progId) {
   RegisteredAddIn addIn;
@@ -79,14 +75,13 @@ RegisteredAddIn FindRegisteredAddIn(const std::wstring& progId) {
   const std::string name = Utf8FromWide(addIn.progId);
   const std::wstring key = std::wstring(kAddInsKey) + L"\\" + addIn.progId;
   addIn.friendlyName = ReadText(HKEY_LOCAL_MACHINE, key, L"FriendlyName");
-  const std::optional<DWORD> ofMachine = ReadNumber(HKEY_LOCAL_MACHINE, key, L"LoadBehavior");
-  const std::optional<DWORD> ofUser = ReadNumber(HKEY_CURRENT_USER, key, L"LoadBehavior");
-  if (!ofMachine && !ofUser) throw std::runtime_error(name + " has no LoadBehavior");
-  addIn.loadBehavior = ofUser ? *ofUser : *ofMachine;
+  // The user's value takes precedence over the machine's.
+  std::optional<DWORD> behavior = ReadNumber(HKEY_CURRENT_USER, key, L"LoadBehavior");
+  if (!behavior) behavior = ReadNumber(HKEY_LOCAL_MACHINE, key, L"LoadBehavior");
+  if (!behavior) throw std::runtime_error(name + " has no LoadBehavior");
   constexpr DWORD kBoth = kLoadAtStart | kConnected;
-  if ((addIn.loadBehavior & kBoth) != kBoth) {
-    throw std::runtime_error(name + " is disabled: LoadBehavior " +
-                             std::to_string(addIn.loadBehavior));
+  if ((*behavior & kBoth) != kBoth) {
+    throw std::runtime_error(name + " is disabled: LoadBehavior " + std::to_string(*behavior));
   }
   if (FAILED(CLSIDFromProgID(addIn.progId.c_str(), &addIn.classId))) {
     throw std::runtime_error(name + " has no class");

@@ -11,7 +11,6 @@ namespace quor::workbench {
 struct RegisteredAddIn {
   std::wstring progId;
   std::wstring friendlyName;
-  DWORD loadBehavior = 0;  // the user's value takes precedence over the machine's
   CLSID classId = {};
   std::wstring modulePath;
 };
@@ -20,6 +19,9 @@ struct RegisteredAddIn {
 // with a text for the user if there is none, if it is not loaded at start-up, or if its class
 // cannot be found.
 RegisteredAddIn FindRegisteredAddIn(const std::wstring& progId);
+
+// "{DA593EC2-...}".
+std::wstring ClassIdText(const CLSID& classId);
 
 }  // namespace quor::workbench
 

@@ -1,9 +1,11 @@
 #include "workbench/host/ribbon_call.h"
 
 #include <array>
+#include <stdexcept>
 #include <vector>
 
 #include "workbench/office/value.h"
+#include "workbench/ribbon/ribbon_objects.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -25,6 +27,25 @@ std::string AnswerText(const VARIANT& answer) {
     default:
       return "a value of type " + std::to_string(V_VT(&answer));
   }
+}
+
+// An object with automation, but not of Office: Windows' own empty picture.
+CValue ForeignObject() {
+  IDispatch* picture = nullptr;
+  const HRESULT result =
+      OleCreatePictureIndirect(nullptr, IID_IDispatch, TRUE, reinterpret_cast<void**>(&picture));
+  if (FAILED(result)) throw std::runtime_error("Windows makes no picture");
+  CValue value(picture);
+  picture->Release();
+  return value;
+}
+
+CValue ControlOf(CModel& model, const std::string& id) {
+  if (id == "null") return CValue(static_cast<IDispatch*>(nullptr));
+  if (id == "foreign") return ForeignObject();
+  const auto control =
+      MakeObject<CRibbonControl>(model, WideFromUtf8(id), L"", CModelPtr<CAutomation>());
+  return CValue(control.get());
 }
 
 // The arguments in the order of DISPPARAMS, passed in the form that the call requests.
@@ -62,8 +83,9 @@ class CCallArguments {
 
 }  // namespace
 
-HRESULT CallRibbonCallback(IUnknown& addIn, const RibbonCall& call, IDispatch* control,
+HRESULT CallRibbonCallback(CModel& model, IUnknown& addIn, const RibbonCall& call,
                            std::string& answer) {
+  const CValue control = ControlOf(model, call.control);
   IDispatch* callbacks = nullptr;
   if (FAILED(addIn.QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&callbacks)))) {
     throw CScenarioError("the add-in has no IDispatch");
@@ -73,7 +95,7 @@ HRESULT CallRibbonCallback(IUnknown& addIn, const RibbonCall& call, IDispatch* c
   DISPID id = DISPID_UNKNOWN;
   HRESULT result = callbacks->GetIDsOfNames(IID_NULL, names.data(), 1, LOCALE_USER_DEFAULT, &id);
   if (SUCCEEDED(result)) {
-    CCallArguments arguments(call, control);
+    CCallArguments arguments(call, V_DISPATCH(&control.Get()));
     DISPPARAMS parameters = arguments.Parameters();
     VARIANT value;
     VariantInit(&value);

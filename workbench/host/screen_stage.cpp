@@ -1,8 +1,6 @@
 #include "workbench/host/screen_stage.h"
 
-#include "workbench/host/addin_windows.h"
 #include "workbench/host/key_stroke.h"
-#include "workbench/host/screen_reader.h"
 #include "workbench/host/screenshot.h"
 #include "workbench/scenario/scenario_error.h"
 
@@ -100,10 +98,6 @@ std::vector<WindowView> CScreenStage::Windows() {
   return views;
 }
 
-std::string CScreenStage::AccessibleName(const std::string& title) {
-  return AccessibleNameOf(FindByTitle(AllWindows(), title));
-}
-
 ExplainedText CScreenStage::Explanation(const std::string& title, const std::string& text) {
   const HWND control = FindControl(AllWindows(), title, text);
   return {TooltipOver(control), AccessibleDescriptionOf(control)};
@@ -121,14 +115,6 @@ void CScreenStage::PointAt(const std::string& title, const std::string& text) {
   PostMessageW(window, WM_MOUSEMOVE, 0, MAKELPARAM(point.x, point.y));
 }
 
-void CScreenStage::Press(const std::string& title, const std::string& button) {
-  PressButton(AllWindows(), title, button);
-}
-
-void CScreenStage::Enter(const std::string& title, int field, const std::string& text) {
-  EnterText(AllWindows(), title, field, text);
-}
-
 // The modifiers stay down until the key has been handled.
 void CScreenStage::PressKey(const std::string& title, const std::string& key) {
   ActivateByUser(AllWindows(), title);
@@ -136,10 +122,6 @@ void CScreenStage::PressKey(const std::string& title, const std::string& key) {
   const CKeyStroke stroke(key);
   stroke.Post();
   m_host.Pump();
-}
-
-void CScreenStage::CloseWindow(const std::string& title) {
-  CloseByUser(AllWindows(), title);
 }
 
 // With a slash, which Windows accepts, too: the path is shown to users of both systems.

@@ -4,8 +4,10 @@
 #include <string>
 
 #include "workbench/host/addin_host.h"
+#include "workbench/host/addin_windows.h"
 #include "workbench/host/office_face.h"
 #include "workbench/host/options_window.h"
+#include "workbench/host/screen_reader.h"
 #include "workbench/office/outlook.h"
 #include "workbench/scenario/stage.h"
 
@@ -25,13 +27,19 @@ class CScreenStage final : public IScreenStage {
   void ShowCalendarAsTable(bool table) override { m_face.ShowCalendarAsTable(table); }
   void OpenOptions() override;
   std::vector<WindowView> Windows() override;
-  std::string AccessibleName(const std::string& title) override;
+  std::string AccessibleName(const std::string& title) override {
+    return AccessibleNameOf(FindByTitle(AllWindows(), title));
+  }
   void PointAt(const std::string& title, const std::string& text) override;
   ExplainedText Explanation(const std::string& title, const std::string& text) override;
-  void Press(const std::string& title, const std::string& button) override;
-  void Enter(const std::string& title, int field, const std::string& text) override;
+  void Press(const std::string& title, const std::string& button) override {
+    PressButton(AllWindows(), title, button);
+  }
+  void Enter(const std::string& title, int field, const std::string& text) override {
+    EnterText(AllWindows(), title, field, text);
+  }
   void PressKey(const std::string& title, const std::string& key) override;
-  void CloseWindow(const std::string& title) override;
+  void CloseWindow(const std::string& title) override { CloseByUser(AllWindows(), title); }
   std::string Screenshot(const std::string& name, const std::string& title) override;
   std::string Picture(const PictureOrder& order) override;
 

@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "workbench/host/window_lists.h"
 #include "workbench/office/value.h"
 #include "workbench/ui/gdi_plus.h"
 
@@ -34,23 +35,20 @@ std::vector<std::byte> PixelsOf(HBITMAP bitmap) {
   return pixels;
 }
 
-BOOL CALLBACK Repaint(HWND window, LPARAM) {
-  constexpr UINT kAll =
-      RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW | RDW_ERASENOW;
-  if (IsWindowVisible(window)) RedrawWindow(window, nullptr, nullptr, kAll);
-  return TRUE;
-}
-
 // The display maps windows asynchronously and loses what was drawn before, so draw until nothing
 // changes. Handles only messages of the display.
 HBITMAP CopySettledScreen() {
   constexpr int kMostTries = 40;
   constexpr int kSettledAfter = 5;  // tries without a change
   constexpr DWORD kInterval = 100;  // milliseconds
+  constexpr UINT kAll =
+      RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW | RDW_ERASENOW;
   HBITMAP bitmap = CopyScreen();
   int unchanged = 0;
   for (int tries = 0; tries < kMostTries && unchanged < kSettledAfter; ++tries) {
-    EnumThreadWindows(GetCurrentThreadId(), Repaint, 0);
+    for (const HWND window : ThreadWindows()) {
+      if (IsWindowVisible(window)) RedrawWindow(window, nullptr, nullptr, kAll);
+    }
     // Drawing reaches the screen when the program checks for messages.
     MSG message;
     PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_NOREMOVE | PM_QS_PAINT);
@@ -63,30 +61,18 @@ HBITMAP CopySettledScreen() {
   return bitmap;
 }
 
-// Grows the area by an owned pop-up that is shown.
-struct OwnersArea {
-  HWND owner;
-  RECT area;
-};
-
-BOOL CALLBACK AddPopUp(HWND window, LPARAM context) {
-  auto& owners = *reinterpret_cast<OwnersArea*>(context);
-  RECT area = {};
-  if (GetWindow(window, GW_OWNER) == owners.owner && IsWindowVisible(window) &&
-      GetWindowRect(window, &area)) {
-    UnionRect(&owners.area, &owners.area, &area);
-  }
-  return TRUE;
-}
-
 // Where the window and the pop-ups that it owns are on the screen.
 RECT AreaOf(HWND window) {
-  OwnersArea owners = {window, {}};
-  GetWindowRect(window, &owners.area);
-  EnumThreadWindows(GetCurrentThreadId(), AddPopUp, reinterpret_cast<LPARAM>(&owners));
+  RECT whole = {};
+  GetWindowRect(window, &whole);
+  for (const HWND popUp : ThreadWindows()) {
+    RECT area = {};
+    const bool shown = GetWindow(popUp, GW_OWNER) == window && IsWindowVisible(popUp);
+    if (shown && GetWindowRect(popUp, &area)) UnionRect(&whole, &whole, &area);
+  }
   const RECT screen = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-  IntersectRect(&owners.area, &owners.area, &screen);
-  return owners.area;
+  IntersectRect(&whole, &whole, &screen);
+  return whole;
 }
 
 }  // namespace

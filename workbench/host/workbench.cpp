@@ -7,11 +7,9 @@
 #include <windows.h>
 #include <objbase.h>
 #include <oleauto.h>
-#include <olectl.h>
 // clang-format on
 
 #include "workbench/host/console.h"
-#include "workbench/ribbon/ribbon_objects.h"
 #include "workbench/scenario/results.h"
 
 namespace quor::workbench {
@@ -24,17 +22,6 @@ SessionOptions SessionOf(const Options& options) {
   return session;
 }
 
-// An object with automation, but not of Office: Windows' own empty picture.
-CValue ForeignObject() {
-  IDispatch* picture = nullptr;
-  const HRESULT result =
-      OleCreatePictureIndirect(nullptr, IID_IDispatch, TRUE, reinterpret_cast<void**>(&picture));
-  if (FAILED(result)) throw std::runtime_error("Windows makes no picture");
-  CValue value(picture);
-  picture->Release();
-  return value;
-}
-
 std::wstring FolderOf(const std::wstring& path) {
   return path.substr(0, path.rfind(L'\\'));
 }
@@ -43,12 +30,6 @@ std::wstring OwnFolder() {
   wchar_t path[MAX_PATH] = {};
   GetModuleFileNameW(nullptr, path, MAX_PATH);
   return FolderOf(path);
-}
-
-std::wstring ClassIdText(const CLSID& classId) {
-  wchar_t text[64] = {};
-  StringFromGUID2(classId, text, 64);
-  return text;
 }
 
 // "call  Items.Item of Contacts (3): ContactItem", plus the error code of a failure; for an event,
@@ -78,11 +59,8 @@ CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
              }),
       m_outlook(SessionOf(options), m_face),
       m_figureStage(m_outlook.Model(), m_face),
-      m_host(m_addIn, loop, *this, m_figureStage),
-      m_instance(
-          m_outlook.AddAddIn({m_addIn.friendlyName, m_addIn.progId, ClassIdText(m_addIn.classId)},
-                             [this] { return m_host.IsConnected(); })),
       m_options(m_outlook, loop),
+      m_host(m_addIn, loop, m_outlook, m_face, m_options, m_figureStage),
       m_baseStage(FolderOf(m_addIn.modulePath), OwnFolder()),
       m_basePanel(m_baseStage),
       m_outlookStage(m_outlook, m_figureStage),
@@ -104,24 +82,6 @@ CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
 
 Stage CWorkbench::Stages() {
   return {m_host, m_baseStage, m_outlookStage, m_screenStage, m_evidenceStage, m_figureStage};
-}
-
-void CWorkbench::OnRibbon(const std::string& ribbonId, const std::string& document,
-                          IUnknown* callbacks) {
-  m_face.LoadRibbon(ribbonId, document, callbacks);
-}
-
-CValue CWorkbench::RibbonControl(const std::string& id) {
-  if (id == "null") return CValue(static_cast<IDispatch*>(nullptr));
-  if (id == "foreign") return ForeignObject();
-  const auto control = MakeObject<CRibbonControl>(m_outlook.Model(), WideFromUtf8(id), L"",
-                                                  CModelPtr<CAutomation>());
-  return CValue(control.get());
-}
-
-void CWorkbench::OnAddInGone() {
-  m_options.Close();
-  m_face.UnloadRibbons();
 }
 
 }  // namespace quor::workbench

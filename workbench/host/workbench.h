@@ -23,7 +23,7 @@ namespace quor::workbench {
 
 // One session: Outlook with its first window open, the base, the run's application data, and the
 // registered add-in, not yet loaded. Lives on Outlook's thread.
-class CWorkbench final : IAddInSurroundings {
+class CWorkbench {
  public:
   // Throws std::runtime_error with a text for the user, for example if no add-in is registered.
   CWorkbench(const Options& options, CMessageLoop& loop);
@@ -38,22 +38,13 @@ class CWorkbench final : IAddInSurroundings {
   CApplicationData& Data() { return m_data; }
 
  private:
-  IDispatch* Application() override { return m_outlook.Application(); }
-  IDispatch* AddInInstance() override { return m_instance.get(); }
-  void OnRibbon(const std::string& ribbonId, const std::string& document,
-                IUnknown* callbacks) override;
-  CValue RibbonControl(const std::string& id) override;
-  void OnAddInGone() override;
-  bool HoldsOldSinks() override { return m_outlook.Model().HoldsOldSinks(); }
-
   RegisteredAddIn m_addIn;
   CApplicationData m_data;
   COfficeFace m_face;
   COutlook m_outlook;
   CFigureStage m_figureStage;
-  CAddInHost m_host;
-  CModelPtr<CComAddIn> m_instance;
   COptionsWindow m_options;
+  CAddInHost m_host;
   CBaseStage m_baseStage;
   CBasePanel m_basePanel;
   COutlookStage m_outlookStage;

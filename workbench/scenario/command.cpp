@@ -1,5 +1,6 @@
 #include "workbench/scenario/command.h"
 
+#include <algorithm>
 #include <sstream>
 
 #include "workbench/scenario/commands.h"
@@ -38,7 +39,7 @@ std::string WithoutBlockMark(const std::string& usage) {
 // "expect log [nothing]", from the manual's line "- `expect log [nothing] [:]`". The manual has the
 // commands in the order of the tables.
 std::string Usage(const Command& command) {
-  std::istringstream manual(kCommandHelpMarkdown);
+  std::istringstream manual(kCommandHelp);
   std::string line;
   for (const auto& group : CommandGroups()) {
     for (const Command& one : group) {
@@ -73,8 +74,8 @@ void CheckShape(const Statement& statement, const FoundCommand& found) {
 
 std::span<const std::span<const Command>> CommandGroups() {
   static const std::span<const Command> groups[] = {
-      SceneCommands(),  OutlookCommands(), BaseCommands(),    ContactCommands(),
-      ScreenCommands(), TimeCommands(),    EvidenceCommands()};
+      kSceneCommands,  kOutlookCommands, kBaseCommands,    kContactCommands,
+      kScreenCommands, kTimeCommands,    kEvidenceCommands};
   return groups;
 }
 
@@ -94,14 +95,16 @@ bool CCommandArguments::Is(size_t index, std::string_view word) const {
   return index < m_words.size() && m_words[index] == word;
 }
 
-int CCommandArguments::Number(size_t index, int least, int most) const {
-  return NumberWithin(Text(index), least, most);
+size_t CCommandArguments::Choice(size_t index,
+                                 std::initializer_list<std::string_view> words) const {
+  const auto found =
+      std::ranges::find_if(words, [&](std::string_view word) { return Is(index, word); });
+  if (found == words.end()) ThrowUsage();
+  return static_cast<size_t>(found - words.begin());
 }
 
-bool CCommandArguments::YesNo(size_t index) const {
-  if (Is(index, "yes")) return true;
-  if (Is(index, "no")) return false;
-  throw CScenarioError("\"" + Text(index) + "\" is neither yes nor no");
+int CCommandArguments::Number(size_t index, int least, int most) const {
+  return NumberWithin(Text(index), least, most);
 }
 
 std::optional<std::string> CCommandArguments::After(std::string_view name) const {
@@ -118,6 +121,10 @@ std::optional<int> CCommandArguments::NumberAfter(std::string_view name, int lea
   return NumberWithin(*text, least, most);
 }
 
+void CCommandArguments::ThrowUsage() const {
+  throw CScenarioError("usage: " + Usage(*FindCommand(*m_statement).command));
+}
+
 FoundCommand FindCommand(const Statement& statement) {
   FoundCommand found = {nullptr, 0};
   for (const auto& group : CommandGroups()) {
@@ -132,26 +139,6 @@ FoundCommand FindCommand(const Statement& statement) {
   }
   CheckShape(statement, found);
   return found;
-}
-
-std::string CommandHelp() {
-  std::string text;
-  std::istringstream lines(kCommandHelpMarkdown);
-  bool afterTitle = false;
-  for (std::string line; std::getline(lines, line);) {
-    const bool title = line.starts_with("### ");
-    if (title) {
-      text += line.substr(4) + "\n";
-    } else if (line.starts_with("- `")) {
-      text += "  " + line.substr(3, line.size() - 4) + "\n";
-    } else if (line.starts_with("  ")) {
-      text += "    " + line + "\n";
-    } else if (!line.starts_with("```") && !(line.empty() && afterTitle)) {
-      text += line + "\n";
-    }
-    afterTitle = title;
-  }
-  return text;
 }
 
 }  // namespace quor::workbench

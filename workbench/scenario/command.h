@@ -2,6 +2,7 @@
 #define QUOR_WORKBENCH_SCENARIO_COMMAND_H
 
 #include <cstddef>
+#include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
@@ -31,12 +32,15 @@ class CCommandArguments {
 
   const std::string& Text(size_t index) const;
   bool Is(size_t index, std::string_view word) const;
+  // Which of the words it is, from 0; throws the usage for any other word.
+  size_t Choice(size_t index, std::initializer_list<std::string_view> words) const;
   // A decimal number, or hexadecimal after 0x, from `least` to `most`.
   int Number(size_t index, int least, int most) const;
-  bool YesNo(size_t index) const;
   // The word after the word `name`, as in "status 4"; nothing if `name` is missing.
   std::optional<std::string> After(std::string_view name) const;
   std::optional<int> NumberAfter(std::string_view name, int least, int most) const;
+  // Throws CScenarioError with the command's usage.
+  [[noreturn]] void ThrowUsage() const;
 
  private:
   const Statement* m_statement;
@@ -44,7 +48,7 @@ class CCommandArguments {
 };
 
 // One command of the language. Only the table of commands names them. What a command does and which
-// words follow stands in the manual, docs/workbench.md, which --help prints.
+// words follow stands in the manual, docs/workbench.md, whose list --help prints.
 struct Command {
   const char* words;  // "expect log"
   size_t least;       // number of words that must follow
@@ -70,9 +74,8 @@ struct FoundCommand {
 // many arguments, and a missing or unexpected block.
 FoundCommand FindCommand(const Statement& statement);
 
-// The manual's list of commands, as plain text for the terminal or as it stands there.
-std::string CommandHelp();
-extern const char kCommandHelpMarkdown[];
+// The manual's list of commands.
+extern const char kCommandHelp[];
 
 }  // namespace quor::workbench
 

@@ -6,13 +6,13 @@
 namespace quor::workbench {
 
 // The command table's parts, by subject.
-std::span<const Command> SceneCommands();
-std::span<const Command> OutlookCommands();
-std::span<const Command> ContactCommands();
-std::span<const Command> BaseCommands();
-std::span<const Command> TimeCommands();
-std::span<const Command> ScreenCommands();
-std::span<const Command> EvidenceCommands();
+extern const std::span<const Command> kSceneCommands;
+extern const std::span<const Command> kOutlookCommands;
+extern const std::span<const Command> kContactCommands;
+extern const std::span<const Command> kBaseCommands;
+extern const std::span<const Command> kTimeCommands;
+extern const std::span<const Command> kScreenCommands;
+extern const std::span<const Command> kEvidenceCommands;
 
 }  // namespace quor::workbench
 

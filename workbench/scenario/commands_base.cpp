@@ -18,9 +18,8 @@ constexpr int kLongestPause = 10'000;  // milliseconds
 
 void Library(CRun& run, const CCommandArguments& arguments) {
   using Library = IBaseStage::Library;
-  if (arguments.Is(0, "none")) return run.stage.base.InstallLibrary(Library::Missing);
-  if (arguments.Is(0, "old")) return run.stage.base.InstallLibrary(Library::Old);
-  throw CScenarioError("usage: library none|old");
+  const bool none = arguments.Choice(0, {"none", "old"}) == 0;
+  run.stage.base.InstallLibrary(none ? Library::Missing : Library::Old);
 }
 
 void Driver(CRun& run, const CCommandArguments& arguments) {
@@ -204,8 +203,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> BaseCommands() {
-  return kCommands;
-}
+constinit const std::span<const Command> kBaseCommands = kCommands;
 
 }  // namespace quor::workbench

@@ -25,52 +25,36 @@ void OnTwo(CRun& run, const CCommandArguments& arguments) {
 void RefuseStore(CRun& run, const CCommandArguments& arguments) {
   using Refusal = IOutlookStage::Refusal;
   constexpr uint32_t kLogonFailed = 0x80040111;
-  const std::string& what = arguments.Text(1);
-  Refusal refusal = Refusal::None;
-  if (what == "Item") refusal = Refusal::Item;
-  if (what == "EntryID") refusal = Refusal::EntryId;
-  if (what == "Name") refusal = Refusal::Name;
-  if (refusal == Refusal::None) throw CScenarioError("a store refuses Item, EntryID or Name");
+  constexpr Refusal kRefusals[] = {Refusal::Item, Refusal::EntryId, Refusal::Name};
+  const Refusal refusal = kRefusals[arguments.Choice(1, {"Item", "EntryID", "Name"})];
   const std::optional<std::string> status = arguments.After("status");
   run.stage.outlook.RefuseStore(arguments.Text(0), refusal,
                                 status ? ResultFromName(*status) : kLogonFailed);
 }
 
-bool OnOrOff(const CCommandArguments& arguments, const char* on, const char* off) {
-  if (!arguments.Is(0, on) && !arguments.Is(0, off)) {
-    throw CScenarioError(std::string("either ") + on + " or " + off);
-  }
-  return arguments.Is(0, on);
-}
-
 void ItemEvents(CRun& run, const CCommandArguments& arguments) {
-  run.stage.outlook.DelayItemEvents(OnOrOff(arguments, "later", "inside"));
+  run.stage.outlook.DelayItemEvents(arguments.Choice(0, {"inside", "later"}) == 1);
 }
 
 void SinkRelease(CRun& run, const CCommandArguments& arguments) {
-  run.stage.outlook.DelaySinkRelease(OnOrOff(arguments, "later", "inside"));
+  run.stage.outlook.DelaySinkRelease(arguments.Choice(0, {"inside", "later"}) == 1);
 }
 
 void Objects(CRun& run, const CCommandArguments& arguments) {
-  run.stage.outlook.GiveSeveralObjects(OnOrOff(arguments, "several", "one"));
+  run.stage.outlook.GiveSeveralObjects(arguments.Choice(0, {"one", "several"}) == 1);
 }
 
 void MainWindow(CRun& run, const CCommandArguments& arguments) {
-  run.stage.outlook.ShowMainWindow(OnOrOff(arguments, "shown", "hidden"));
+  run.stage.outlook.ShowMainWindow(arguments.Choice(0, {"hidden", "shown"}) == 1);
   run.stage.host.Pump();
 }
 
 void SetEntryIds(CRun& run, const CCommandArguments& arguments) {
+  constexpr bool EntryIds::*kParts[] = {&EntryIds::isLower, &EntryIds::isLong,
+                                        &EntryIds::isChanging};
   EntryIds style;
-  for (size_t i = 0; i < arguments.Count(); ++i) {
-    const std::string& word = arguments.Text(i);
-    if (word != "lower" && word != "long" && word != "changing") {
-      throw CScenarioError("entry ids are lower, long or changing, not " + word);
-    }
-    style.isLower |= word == "lower";
-    style.isLong |= word == "long";
-    style.isChanging |= word == "changing";
-  }
+  for (size_t i = 0; i < arguments.Count(); ++i)
+    style.*kParts[arguments.Choice(i, {"lower", "long", "changing"})] = true;
   run.stage.outlook.SetEntryIds(style);
 }
 
@@ -86,7 +70,7 @@ void Change(CRun& run, const CCommandArguments& arguments) {
 }
 
 void SwitchCalendar(CRun& run, const CCommandArguments& arguments) {
-  run.stage.screen.ShowCalendarAsTable(OnOrOff(arguments, "table", "days"));
+  run.stage.screen.ShowCalendarAsTable(arguments.Choice(0, {"days", "table"}) == 1);
 }
 
 using Block = Command::Block;
@@ -116,8 +100,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> ContactCommands() {
-  return kCommands;
-}
+constinit const std::span<const Command> kContactCommands = kCommands;
 
 }  // namespace quor::workbench

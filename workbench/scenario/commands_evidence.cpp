@@ -27,11 +27,10 @@ void CompareLog(const std::vector<std::string>& expected, const std::vector<std:
 }
 
 void ExpectLog(CRun& run, const CCommandArguments& arguments) {
-  if (arguments.HasBlock() == (arguments.Count() == 1)) {
-    throw CScenarioError("usage: expect log: with a block, or expect log nothing");
+  const bool nothing = arguments.Is(0, "nothing");
+  if (arguments.HasBlock() == nothing || (arguments.Count() == 1) != nothing) {
+    arguments.ThrowUsage();
   }
-  if (!arguments.HasBlock() && !arguments.Is(0, "nothing"))
-    throw CScenarioError("expect log nothing");
   CompareLog(arguments.Block(), run.NewLogLines());
   run.ForgetLog();
 }
@@ -78,10 +77,7 @@ void ExpectFile(CRun& run, const CCommandArguments& arguments) {
   }
   if (!content) throw CExpectationFailure("there is no such file");
   if (arguments.Is(1, "exists")) return;
-  if (!arguments.Is(1, "is") || !arguments.HasBlock()) {
-    throw CScenarioError(
-        "usage: expect file PATH exists|missing, or expect file PATH is: with a block");
-  }
+  if (!arguments.Is(1, "is") || !arguments.HasBlock()) arguments.ThrowUsage();
   if (*content != arguments.BlockText())
     throw CExpectationFailure("the file contains\n" + *content);
 }
@@ -348,8 +344,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> EvidenceCommands() {
-  return kCommands;
-}
+constinit const std::span<const Command> kEvidenceCommands = kCommands;
 
 }  // namespace quor::workbench

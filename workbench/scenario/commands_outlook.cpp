@@ -1,7 +1,6 @@
 // Outlook's lifecycle and its calls on the add-in.
 
 #include <climits>
-#include <utility>
 
 #include "workbench/scenario/commands.h"
 #include "workbench/scenario/results.h"
@@ -51,12 +50,10 @@ void Start(CRun& run, const CCommandArguments&) {
   run.lastResult = result;
 }
 
-void AddInsUpdate(CRun& run, const CCommandArguments&) {
-  run.lastResult = run.stage.host.AddInsUpdate();
-}
-
-void BeginShutdown(CRun& run, const CCommandArguments&) {
-  run.lastResult = run.stage.host.BeginShutdown();
+// Only one call on the add-in.
+template <uint32_t (IHostStage::*call)()>
+void Call(CRun& run, const CCommandArguments&) {
+  run.lastResult = (run.stage.host.*call)();
 }
 
 void Disconnect(CRun& run, const CCommandArguments& arguments) {
@@ -68,10 +65,8 @@ void CustomUi(CRun& run, const CCommandArguments& arguments) {
   std::optional<std::string> document;
   run.lastResult = run.stage.host.CustomUi(arguments.Text(0), document);
   if (arguments.Count() == 1) return;
-  if (!arguments.Is(1, "gives") || arguments.Count() != 3) {
-    throw CScenarioError("usage: custom ui ID [gives nothing | gives document]");
-  }
-  const bool wanted = arguments.Is(2, "document");
+  if (!arguments.Is(1, "gives")) arguments.ThrowUsage();
+  const bool wanted = arguments.Choice(2, {"nothing", "document"}) == 1;
   if (document.has_value() != wanted) {
     throw CExpectationFailure(document ? "it gives a document of " +
                                              std::to_string(document->size()) + " characters"
@@ -118,20 +113,16 @@ void QuitEvent(CRun& run, const CCommandArguments&) {
 }
 
 void EndProcess(CRun& run, const CCommandArguments& arguments) {
-  if (arguments.Count() == 1 && !arguments.Is(0, "uninitialized")) {
-    throw CScenarioError("usage: end process [uninitialized]");
-  }
+  const bool uninitialized = arguments.Count() == 1 && arguments.Choice(0, {"uninitialized"}) == 0;
   run.EndOutlook();
-  run.stage.host.EndProcess(arguments.Count() == 1);
+  run.stage.host.EndProcess(uninitialized);
 }
 
 void CloseExplorer(CRun& run, const CCommandArguments& arguments) {
   if (arguments.Count() == 0) {
     run.stage.outlook.CloseExplorer();
-  } else if (arguments.Is(0, "first")) {
+  } else if (arguments.Choice(0, {"first"}) == 0) {
     run.stage.outlook.CloseFirstExplorer();
-  } else {
-    throw CScenarioError("usage: close explorer [first]");
   }
   run.stage.host.Pump();
 }
@@ -194,17 +185,12 @@ void FailSystem(CRun& run, const CCommandArguments& arguments) {
 }
 
 void MoveIn(CRun& run, const CCommandArguments& arguments) {
+  constexpr Neighbour kNeighbours[] = {Neighbour::NeverValidates, Neighbour::InvalidatesAgain,
+                                       Neighbour::MessageHook, Neighbour::ClosesWindows,
+                                       Neighbour::ModalLoop};
   if (arguments.Is(0, "leaves")) return run.stage.host.NeighboursLeave();
-  constexpr std::pair<const char*, Neighbour> kNeighbours[] = {
-      {"unpainted", Neighbour::NeverValidates},
-      {"repainting", Neighbour::InvalidatesAgain},
-      {"hook", Neighbour::MessageHook},
-      {"closing", Neighbour::ClosesWindows},
-      {"modal", Neighbour::ModalLoop}};
-  for (const auto& [name, neighbour] : kNeighbours) {
-    if (arguments.Is(0, name)) return run.stage.host.MoveIn(neighbour);
-  }
-  throw CScenarioError("no such neighbour: " + arguments.Text(0));
+  run.stage.host.MoveIn(
+      kNeighbours[arguments.Choice(0, {"unpainted", "repainting", "hook", "closing", "modal"})]);
 }
 
 void During(CRun& run, const CCommandArguments& arguments) {
@@ -223,13 +209,13 @@ constexpr Command kCommands[] = {
     {"start", 0, 0, Block::None, Start},
     {"create", 0, 0, Block::None, Create},
     {"connect", 0, 1, Block::None, Connect},
-    {"add-ins update", 0, 0, Block::None, AddInsUpdate},
+    {"add-ins update", 0, 0, Block::None, Call<&IHostStage::AddInsUpdate>},
     {"custom ui", 1, 3, Block::None, CustomUi},
     {"callback", 2, 9, Block::None, Callback},
     {"new explorer", 0, 0, Block::None, NewExplorer},
     {"close explorer", 0, 1, Block::None, CloseExplorer},
     {"quit event", 0, 0, Block::None, QuitEvent},
-    {"begin shutdown", 0, 0, Block::None, BeginShutdown},
+    {"begin shutdown", 0, 0, Block::None, Call<&IHostStage::BeginShutdown>},
     {"disconnect", 1, 1, Block::None, Disconnect},
     {"release", 0, 0, Block::None, Release},
     {"unload", 0, 0, Block::None, Unload},
@@ -246,8 +232,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> OutlookCommands() {
-  return kCommands;
-}
+constinit const std::span<const Command> kOutlookCommands = kCommands;
 
 }  // namespace quor::workbench

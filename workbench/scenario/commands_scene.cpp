@@ -35,7 +35,7 @@ void SettingsBlock(CRun& run, const CCommandArguments& arguments) {
     run.settings = CRun::Settings::Given;
     run.givenSettings = arguments.BlockText();
   } else {
-    throw CScenarioError("usage: settings none, settings file PATH, or settings: with a block");
+    arguments.ThrowUsage();
   }
 }
 
@@ -77,8 +77,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> SceneCommands() {
-  return kCommands;
-}
+constinit const std::span<const Command> kSceneCommands = kCommands;
 
 }  // namespace quor::workbench

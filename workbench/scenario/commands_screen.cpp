@@ -177,12 +177,9 @@ void ExpectWindow(CRun& run, const CCommandArguments& arguments) {
     if (!found.empty()) throw CExpectationFailure("it is there: " + Describe(found.front()));
     return;
   }
-  if (!arguments.Is(1, "shown") && !arguments.Is(1, "hidden")) {
-    throw CScenarioError("usage: expect window TITLE shown|hidden|missing [:]");
-  }
+  const bool shown = arguments.Choice(1, {"hidden", "shown"}) == 1;
   // Several windows may share a title; if texts are given, one of them must have these texts.
   if (found.empty()) throw CExpectationFailure("there is no such window");
-  const bool shown = arguments.Is(1, "shown");
   const auto matches = [&](const WindowView& window) {
     return window.visible == shown &&
            (!arguments.HasBlock() || std::ranges::equal(window.texts, arguments.Block(), Shows));
@@ -248,10 +245,8 @@ void CloseWindow(CRun& run, const CCommandArguments& arguments) {
 }
 
 void Screenshot(CRun& run, const CCommandArguments& arguments) {
-  if (arguments.Count() != 1 && !(arguments.Count() == 3 && arguments.Is(1, "of"))) {
-    throw CScenarioError("usage: screenshot NAME [of TITLE]");
-  }
-  const std::string title = arguments.Count() == 3 ? arguments.Text(2) : std::string();
+  if (arguments.Count() > 1 && !arguments.Is(1, "of")) arguments.ThrowUsage();
+  const std::string title = arguments.Count() > 1 ? arguments.Text(2) : std::string();
   const std::string path = run.stage.screen.Screenshot(arguments.Text(0), title);
   run.transcript.Show(path.empty() ? "no screen to take a picture of" : "picture: " + path);
 }
@@ -309,8 +304,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> ScreenCommands() {
-  return kCommands;
-}
+constinit const std::span<const Command> kScreenCommands = kCommands;
 
 }  // namespace quor::workbench

@@ -33,8 +33,7 @@ void Wait(CRun& run, const CCommandArguments& arguments) {
 
 void WaitWindow(CRun& run, const CCommandArguments& arguments) {
   const std::string& title = arguments.Text(0);
-  const bool shown = arguments.Is(1, "shown");
-  if (!shown && !arguments.Is(1, "hidden")) throw CScenarioError("wait window TITLE shown|hidden");
+  const bool shown = arguments.Choice(1, {"hidden", "shown"}) == 1;
   const auto reached = [&] {
     for (const WindowView& window : run.stage.screen.Windows()) {
       if (IsCalled(window, title) && window.visible) return shown;
@@ -72,8 +71,6 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> TimeCommands() {
-  return kCommands;
-}
+constinit const std::span<const Command> kTimeCommands = kCommands;
 
 }  // namespace quor::workbench

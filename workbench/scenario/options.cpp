@@ -1,6 +1,7 @@
 #include "workbench/scenario/options.h"
 
-#include <utility>
+#include <algorithm>
+#include <iterator>
 
 #include "workbench/scenario/numbers.h"
 #include "workbench/scenario/scenario_error.h"
@@ -34,127 +35,114 @@ const char kUsage[] =
     "  --unpainted       leaves Outlook's own windows blank; long runs take a third of the time\n"
     "  --stuck SECONDS   time limit of one command, default 60\n"
     "  --help            prints this text and every command of the scenario language\n"
-    "  --help-markdown   prints the commands in the format of docs/workbench.md\n"
     "\n"
     "  Exit codes: 0 success, 1 failure, 2 nothing was played, 3 crash, 4 hang,\n"
     "  77 the scenario is for other versions.\n";
 
 namespace {
 
-class COptionReader {
- public:
-  explicit COptionReader(std::span<const std::string> arguments) : m_left(arguments) {}
+using Task = Options::Task;
+using Telling = Options::Telling;
 
-  Options Read() {
-    while (!m_left.empty()) {
-      const std::string word = Take();
-      if (word.starts_with("--")) {
-        ReadOption(word);
-      } else {
-        SetFile(word);
-      }
-    }
-    return m_options;
+struct Option {
+  std::string_view name;
+  bool takesValue;
+  void (*set)(Options& options, const std::string& value);
+};
+
+template <auto member, auto value>
+void Set(Options& options, const std::string&) {
+  options.*member = value;
+}
+
+template <auto member>
+void SetText(Options& options, const std::string& value) {
+  options.*member = value;
+}
+
+template <auto member, int least, int most>
+void SetNumber(Options& options, const std::string& value) {
+  const auto number = ParseInBase<int>(value, 10);
+  if (!number || *number < least || *number > most) {
+    throw CScenarioError("\"" + value + "\" is not a number from " + std::to_string(least) +
+                         " to " + std::to_string(most));
   }
+  options.*member = *number;
+}
 
- private:
-  std::string Take() {
-    const std::string word = m_left.front();
-    m_left = m_left.subspan(1);
-    return word;
-  }
+void SetVersion(Options& options, const std::string& value) {
+  SetNumber<&Options::outlookVersion, 9, 16>(options, value);
+  if (options.outlookVersion == 13) throw CScenarioError("there is no Outlook 13");
+}
 
-  std::string Value(const std::string& option) {
-    if (m_left.empty()) throw CScenarioError(option + " needs a value");
-    return Take();
-  }
-
-  int Number(const std::string& option, int least, int most) {
-    const auto value = ParseInBase<int>(Value(option), 10);
-    if (!value || *value < least || *value > most) {
-      throw CScenarioError(option + " takes a number from " + std::to_string(least) + " to " +
-                           std::to_string(most));
-    }
-    return *value;
-  }
-
-  static Options::Inside Inside(const std::string& word) {
-    using enum Options::Inside;
-    constexpr std::pair<const char*, Options::Inside> kWords[] = {{"disconnect", Disconnect},
-                                                                  {"release", Release},
-                                                                  {"quit", Quit},
-                                                                  {"poll", Poll},
-                                                                  {"unplug", Unplug}};
-    for (const auto& [name, inside] : kWords) {
-      if (word == name) return inside;
-    }
+void SetInside(Options& options, const std::string& value) {
+  constexpr std::string_view kWords[] = {"disconnect", "release", "quit", "poll", "unplug"};
+  const auto* const found = std::ranges::find(kWords, value);
+  if (found == std::end(kWords)) {
     throw CScenarioError("--inside takes disconnect, release, quit, poll or unplug");
   }
+  // Fail, the first, is the default.
+  options.inside = static_cast<Options::Inside>(1 + (found - kWords));
+}
 
-  void SetFile(const std::string& file) {
-    if (!m_options.file.empty()) throw CScenarioError("one scenario at a time, not also " + file);
-    m_options.file = file;
-    if (m_options.task == Options::Task::Interactive) m_options.task = Options::Task::Scenario;
-  }
+void SetFile(Options& options, const std::string& file) {
+  if (!options.file.empty()) throw CScenarioError("one scenario at a time, not also " + file);
+  options.file = file;
+  if (options.task == Task::Interactive) options.task = Task::Scenario;
+}
 
-  void ReadOption(const std::string& option) {
-    using Task = Options::Task;
-    if (option == "--outlook") {
-      m_options.outlookVersion = Number(option, 9, 16);
-      if (m_options.outlookVersion == 13) throw CScenarioError("there is no Outlook 13");
-    } else if (option == "--sweep") {
-      m_options.task = Task::Sweep;
-    } else if (option == "--replay") {
-      m_options.task = Task::Replay;
-      SetFile(Value(option));
-    } else if (option == "--story") {
-      m_options.telling = Options::Telling::Story;
-    } else if (option == "--quiet") {
-      m_options.telling = Options::Telling::FailuresOnly;
-    } else if (option == "--calls") {
-      m_options.calls = true;
-    } else if (option == "--addin") {
-      m_options.addIn = Value(option);
-    } else if (option == "--contacts") {
-      m_options.contactsFile = Value(option);
-    } else if (option == "--data") {
-      m_options.dataFolder = Value(option);
-    } else if (option == "--pictures") {
-      m_options.pictureFolder = Value(option);
-    } else if (option == "--unpainted") {
-      m_options.painted = false;
-    } else if (option == "--stuck") {
-      m_options.stuckAfter = static_cast<unsigned>(Number(option, 1, 3600));
-    } else if (option == "--inside") {
-      m_options.inside = Inside(Value(option));
-    } else if (option == "--outcomes") {
-      m_options.outcomes = Value(option);
-    } else if (option == "--neighbours") {
-      m_options.neighbours = true;
-    } else if (option == "--register-running") {
-      m_options.registerRunning = true;
-    } else if (option == "--from") {
-      m_options.sweepFrom = static_cast<unsigned>(Number(option, 1, 1'000'000));
-    } else if (option == "--every") {
-      m_options.sweepStep = static_cast<unsigned>(Number(option, 1, 1'000'000));
-    } else if (option == "--help") {
-      m_options.task = Task::Help;
-    } else if (option == "--help-markdown") {
-      m_options.task = Task::HelpMarkdown;
-    } else {
-      throw CScenarioError("unknown option " + option + "; --help lists them");
-    }
-  }
+void SetReplay(Options& options, const std::string& log) {
+  options.task = Task::Replay;
+  SetFile(options, log);
+}
 
-  std::span<const std::string> m_left;
-  Options m_options;
+constexpr int kMostCalls = 1'000'000;
+
+constexpr Option kOptions[] = {
+    {"--outlook", true, SetVersion},
+    {"--sweep", false, Set<&Options::task, Task::Sweep>},
+    {"--inside", true, SetInside},
+    {"--outcomes", true, SetText<&Options::outcomes>},
+    {"--neighbours", false, Set<&Options::neighbours, true>},
+    {"--from", true, SetNumber<&Options::sweepFrom, 1, kMostCalls>},
+    {"--every", true, SetNumber<&Options::sweepStep, 1, kMostCalls>},
+    {"--replay", true, SetReplay},
+    {"--story", false, Set<&Options::telling, Telling::Story>},
+    {"--quiet", false, Set<&Options::telling, Telling::FailuresOnly>},
+    {"--calls", false, Set<&Options::calls, true>},
+    {"--addin", true, SetText<&Options::addIn>},
+    {"--contacts", true, SetText<&Options::contactsFile>},
+    {"--register-running", false, Set<&Options::registerRunning, true>},
+    {"--data", true, SetText<&Options::dataFolder>},
+    {"--pictures", true, SetText<&Options::pictureFolder>},
+    {"--unpainted", false, Set<&Options::painted, false>},
+    {"--stuck", true, SetNumber<&Options::stuckAfter, 1, 3600>},
+    {"--help", false, Set<&Options::task, Task::Help>},
 };
+
+const Option& FindOption(const std::string& word) {
+  const auto* const found = std::ranges::find(kOptions, word, &Option::name);
+  if (found == std::end(kOptions)) {
+    throw CScenarioError("unknown option " + word + "; --help lists them");
+  }
+  return *found;
+}
 
 }  // namespace
 
 Options ParseOptions(std::span<const std::string> arguments) {
-  Options options = COptionReader(arguments).Read();
-  if (options.task == Options::Task::Sweep && options.file.empty()) {
+  Options options;
+  for (size_t i = 0; i < arguments.size(); ++i) {
+    const std::string& word = arguments[i];
+    if (!word.starts_with("--")) {
+      SetFile(options, word);
+      continue;
+    }
+    const Option& option = FindOption(word);
+    if (option.takesValue && ++i == arguments.size()) throw CScenarioError(word + " needs a value");
+    option.set(options, arguments[i]);
+  }
+  if (options.task == Task::Sweep && options.file.empty()) {
     throw CScenarioError("--sweep needs a scenario");
   }
   return options;

@@ -8,7 +8,7 @@ namespace quor::workbench {
 
 // The command line's options.
 struct Options {
-  enum class Task { Interactive, Scenario, Sweep, Replay, Help, HelpMarkdown };
+  enum class Task { Interactive, Scenario, Sweep, Replay, Help };
   enum class Telling { Everything, Story, FailuresOnly };
 
   Task task = Task::Interactive;
@@ -20,15 +20,15 @@ struct Options {
   std::string dataFolder;    // empty: a temporary one
   std::string contactsFile;  // of an interactive session
   std::string pictureFolder = ".";
-  bool painted = true;       // Outlook's own windows are drawn on the screen
-  unsigned stuckAfter = 60;  // seconds
-  unsigned sweepFrom = 1;    // first call of a sweep
-  unsigned sweepStep = 1;    // from one call to the next
+  bool painted = true;  // Outlook's own windows are drawn on the screen
+  int stuckAfter = 60;  // seconds
+  int sweepFrom = 1;    // first call of a sweep
+  int sweepStep = 1;    // from one call to the next
   // What a sweep does inside each call, one call per round.
   enum class Inside { Fail, Disconnect, Release, Quit, Poll, Unplug };
   Inside inside = Inside::Fail;
-  std::string
-      outcomes;  // table of members whose failure may disable the telephone; empty: not checked
+  // Table of members whose failure may disable the telephone; empty: not checked.
+  std::string outcomes;
   bool registerRunning = false;  // enters the application in the running-object table
   bool neighbours = false;       // other add-ins' windows and hook are always present
 };

@@ -1,5 +1,6 @@
 #include "workbench/scenario/run.h"
 
+#include <initializer_list>
 #include <utility>
 
 #include "workbench/scenario/command.h"
@@ -17,23 +18,22 @@ constexpr unsigned kTickLimitUnderFaults = 200;
 constexpr char kSettingsFile[] = "Microsoft\\AddIns\\vex_cfg.xml";
 
 std::string DefaultSettings(const std::map<std::string, std::string>& system) {
-  std::string text =
-      "<?xml version='1.0' encoding='utf-8'?>\n<Root><Histories/><ToolBars/><System><AliveCheck>";
-  const auto element = [](const std::string& name, const std::string& value) {
-    return "<" + name + ">" + value + "</" + name + ">";
+  const auto elements = [&system](std::initializer_list<const char*> names) {
+    std::string text;
+    for (const std::string name : names) {
+      const auto found = system.find(name);
+      if (found != system.end()) text += "<" + name + ">" + found->second + "</" + name + ">";
+    }
+    return text;
   };
-  for (const char* name : {"ACheckInterval", "ConnectInterval", "DialClear", "ConnectWait",
-                           "DebugLog", "DelayBtnEvent"}) {
-    const auto found = system.find(name);
-    if (found != system.end()) text += element(name, found->second);
-  }
-  text += "</AliveCheck>";
-  for (const char* name : {"LanguageNo", "CallerInfo", "PopUp", "LinePopUp1", "LinePopUp2",
-                           "CellPopUp1", "CellPopUp2", "CellPopUp3", "CellPopUp4"}) {
-    const auto found = system.find(name);
-    if (found != system.end()) text += element(name, found->second);
-  }
-  return text + "</System><CallerLists/><SpeedDials/></Root>\n";
+  return "<?xml version='1.0' "
+         "encoding='utf-8'?>\n<Root><Histories/><ToolBars/><System><AliveCheck>" +
+         elements({"ACheckInterval", "ConnectInterval", "DialClear", "ConnectWait", "DebugLog",
+                   "DelayBtnEvent"}) +
+         "</AliveCheck>" +
+         elements({"LanguageNo", "CallerInfo", "PopUp", "LinePopUp1", "LinePopUp2", "CellPopUp1",
+                   "CellPopUp2", "CellPopUp3", "CellPopUp4"}) +
+         "</System><CallerLists/><SpeedDials/></Root>\n";
 }
 
 }  // namespace

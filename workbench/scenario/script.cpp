@@ -1,11 +1,11 @@
 #include "workbench/scenario/script.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
 #include <optional>
 
 #include "workbench/scenario/bytes.h"
+#include "workbench/scenario/numbers.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -117,11 +117,9 @@ std::optional<bool> Condition(std::string_view word, int outlookVersion) {
   const bool below = word.starts_with('<');
   if (!below && !word.ends_with('+')) return std::nullopt;
   const std::string_view digits = below ? word.substr(1) : word.substr(0, word.size() - 1);
-  int version = 0;
-  const char* end = digits.data() + digits.size();
-  const auto result = std::from_chars(digits.data(), end, version);
-  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
-  return below ? outlookVersion < version : outlookVersion >= version;
+  const std::optional<int> version = ParseInBase<int>(digits, 10);
+  if (!version) return std::nullopt;
+  return below ? outlookVersion < *version : outlookVersion >= *version;
 }
 
 // The text after a block line's bar; nothing if its condition is false.

@@ -38,18 +38,6 @@ bool IsRow(const HitArea& hit) noexcept {
   return hit.kind == HitArea::Kind::Row || hit.kind == HitArea::Kind::Folder;
 }
 
-int ClientWidth(HWND window, int scale) {
-  RECT client = {};
-  GetClientRect(window, &client);
-  return static_cast<int>(client.right) * 100 / scale;
-}
-
-int ClientHeight(HWND window, int scale) {
-  RECT client = {};
-  GetClientRect(window, &client);
-  return static_cast<int>(client.bottom) * 100 / scale;
-}
-
 }  // namespace
 
 CMainWindow::CMainWindow(IWindowContent& content, const WindowOptions& options)
@@ -91,8 +79,12 @@ void CMainWindow::CloseMenus() {
 SceneOptions CMainWindow::Scene(bool withTitleBar) const {
   SceneOptions scene;
   scene.titleBar = withTitleBar;
-  scene.width = withTitleBar ? m_options.width : ClientWidth(m_window, m_options.scale);
-  scene.height = withTitleBar ? m_options.height : ClientHeight(m_window, m_options.scale);
+  scene.width = m_options.width;
+  scene.height = m_options.height;
+  if (RECT client = {}; !withTitleBar && GetClientRect(m_window, &client)) {
+    scene.width = static_cast<int>(client.right) * 100 / m_options.scale;
+    scene.height = static_cast<int>(client.bottom) * 100 / m_options.scale;
+  }
   scene.notice = m_notice;
   scene.explained =
       m_focus && m_focus->kind == HitArea::Kind::PanelButton ? m_focus->handle : m_pointed;
@@ -206,37 +198,24 @@ void CMainWindow::ActOnMenu(const HitArea& hit) {
 }
 
 void CMainWindow::Act(const HitArea& hit) {
+  using enum HitArea::Kind;
+  if (hit.kind == Menu || hit.kind == ComboArrow) return ActOnMenu(hit);
+  m_open.clear();
   switch (hit.kind) {
-    case HitArea::Kind::Menu:
-    case HitArea::Kind::ComboArrow:
-      ActOnMenu(hit);
-      return;
-    case HitArea::Kind::ComboText:
-      m_open.clear();
-      BeginEdit(hit);
-      return;
+    case Button:
+      return m_content.ClickControl(hit.handle);
+    case ComboText:
+      return BeginEdit(hit);
+    case ComboEntry:
+      return m_content.PickEntry(hit.handle, hit.index);
+    case Folder:
+      return m_content.SelectFolder(hit.index);
+    case Row:
+      return m_content.SelectRow(hit.index);
+    case PanelButton:
+      return m_content.PressPanelButton(hit.handle);
     default:
-      m_open.clear();
-      break;
-  }
-  switch (hit.kind) {
-    case HitArea::Kind::Button:
-      m_content.ClickControl(hit.handle);
-      break;
-    case HitArea::Kind::ComboEntry:
-      m_content.PickEntry(hit.handle, hit.index);
-      break;
-    case HitArea::Kind::Folder:
-      m_content.SelectFolder(hit.index);
-      break;
-    case HitArea::Kind::Row:
-      m_content.SelectRow(hit.index);
-      break;
-    case HitArea::Kind::PanelButton:
-      m_content.PressPanelButton(hit.handle);
-      break;
-    default:
-      break;
+      return;
   }
 }
 

@@ -12,25 +12,6 @@ constexpr DISPID kBusinessNumber = 0x3A08;
 constexpr DISPID kMobileNumber = 0x3A1C;
 constexpr DISPID kHomeNumber = 0x3A09;
 
-Module ModuleOf(ItemType type) {
-  switch (type) {
-    case ItemType::Appointment:
-      return Module::Calendar;
-    case ItemType::Contact:
-    case ItemType::DistributionList:
-      return Module::Contacts;
-    case ItemType::Task:
-      return Module::Tasks;
-    case ItemType::Journal:
-      return Module::Journal;
-    case ItemType::Note:
-      return Module::Notes;
-    case ItemType::Mail:
-      break;
-  }
-  return Module::Mail;
-}
-
 std::wstring NameOf(const StoredItem& item) {
   for (const DISPID field : {field::kFileAs, field::kFullName, field::kSubject}) {
     std::wstring name = item.fields.Get(field);
@@ -54,6 +35,25 @@ std::wstring LabelOf(std::wstring label) {
 }
 
 }  // namespace
+
+Module ModuleOf(ItemType type) {
+  switch (type) {
+    case ItemType::Appointment:
+      return Module::Calendar;
+    case ItemType::Contact:
+    case ItemType::DistributionList:
+      return Module::Contacts;
+    case ItemType::Task:
+      return Module::Tasks;
+    case ItemType::Journal:
+      return Module::Journal;
+    case ItemType::Note:
+      return Module::Notes;
+    case ItemType::Mail:
+      break;
+  }
+  return Module::Mail;
+}
 
 COutlookWindow::COutlookWindow(CSession& session, CWindowObject& object,
                                CModelPtr<CCommandBars> bars, const OutlookWindowOptions& options)

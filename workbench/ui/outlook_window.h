@@ -13,6 +13,9 @@
 
 namespace quor::workbench {
 
+// Where Outlook shows items of this type.
+Module ModuleOf(ItemType type);
+
 // The simulated base in the panel at the right edge of an explorer.
 class IBasePanel {
  public:

@@ -8,13 +8,12 @@
 namespace quor::workbench {
 namespace {
 
-using testing::HasSubstr;
 using testing::StartsWith;
 
 // The manual's lines, each of which names one command: "- `expect log [nothing] [:]`".
 TEST(Commands, AreTheOnesInTheManual) {
   std::vector<std::string> lines;
-  std::istringstream manual(kCommandHelpMarkdown);
+  std::istringstream manual(kCommandHelp);
   for (std::string line; std::getline(manual, line);) {
     if (line.starts_with("- `")) lines.push_back(line.substr(3, line.size() - 4));
   }
@@ -28,7 +27,6 @@ TEST(Commands, AreTheOnesInTheManual) {
       EXPECT_THAT(line, StartsWith(command.words));
       EXPECT_EQ(line.ends_with(" [:]"), command.block == Command::Block::Optional) << line;
       EXPECT_EQ(line.ends_with(':'), command.block == Command::Block::Required) << line;
-      EXPECT_THAT(CommandHelp(), HasSubstr("\n  " + line + "\n      "));
     }
   }
   EXPECT_EQ(at, lines.size());

@@ -1,6 +1,7 @@
-#include "workbench/host/import_slot.h"
+#include "workbench/host/hooked_import.h"
 
 #include <cstring>
+#include <utility>
 
 namespace quor::workbench {
 
@@ -10,8 +11,6 @@ template <typename T>
 const T* At(HMODULE module, DWORD offset) {
   return reinterpret_cast<const T*>(reinterpret_cast<const char*>(module) + offset);
 }
-
-}  // namespace
 
 FARPROC* FindImport(HMODULE module, const char* function) {
   const auto* dos = At<IMAGE_DOS_HEADER>(module, 0);
@@ -40,6 +39,21 @@ void WriteSlot(FARPROC* slot, FARPROC address) {
   VirtualProtect(slot, sizeof(*slot), PAGE_READWRITE, &protection);
   *slot = address;
   VirtualProtect(slot, sizeof(*slot), protection, &protection);
+}
+
+}  // namespace
+
+bool HookedImport::Hook(HMODULE module) {
+  if (slot) return true;
+  slot = FindImport(module, name);
+  if (!slot) return false;
+  original = *slot;
+  WriteSlot(slot, replacement);
+  return true;
+}
+
+void HookedImport::Unhook() {
+  if (slot) WriteSlot(std::exchange(slot, nullptr), original);
 }
 
 }  // namespace quor::workbench
