@@ -13,13 +13,14 @@
 #include <string>
 #include <vector>
 
+#include "workbench/commands/command.h"
+#include "workbench/commands/player.h"
+#include "workbench/commands/run.h"
 #include "workbench/host/console.h"
 #include "workbench/host/crash_report.h"
 #include "workbench/host/dialog_ids.h"
-#include "workbench/host/player.h"
 #include "workbench/host/thread_executor.h"
 #include "workbench/host/workbench.h"
-#include "workbench/scenario/command.h"
 
 namespace quor::workbench {
 namespace {
@@ -77,13 +78,14 @@ int Live(const Options& options) {
   if (options.contactsFile.empty()) {
     workbench.Outlook().AddCards("Contacts", OwnContacts());
   } else {
-    workbench.Stages().outlook.LoadContacts(options.contactsFile);
+    workbench.Outlook().LoadCards(ReadNamedFile(options.contactsFile));
   }
   CConsole console(options.telling);
   CHere here;
   CRun run(workbench.Stages(), console, here);
   // Settings from an earlier session with the same data folder stay.
-  const bool hasSettings = workbench.Data().Read("Microsoft\\AddIns\\vex_cfg.xml").has_value();
+  const bool hasSettings =
+      workbench.Stages().data.Read("Microsoft\\AddIns\\vex_cfg.xml").has_value();
   if (hasSettings) run.settings = CRun::Settings::None;
   if (!run.Play(ParseScript(kLiveStart, options.outlookVersion))) return kNotPlayed;
   const auto isClosed = [&] { return !workbench.Outlook().Session().ActiveExplorer(); };

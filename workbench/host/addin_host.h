@@ -22,7 +22,7 @@ namespace quor::workbench {
 
 // Loads the registered add-in and calls it as Outlook does: class object, IDTExtensibility2,
 // IRibbonExtensibility. At the end, checks that object and module are gone.
-class CAddInHost final : public IHostStage {
+class CAddInHost final {
  public:
   // What it borrows must outlive it.
   CAddInHost(RegisteredAddIn addIn, CMessageLoop& loop, COutlook& outlook, COfficeFace& face,
@@ -31,33 +31,45 @@ class CAddInHost final : public IHostStage {
   CAddInHost(const CAddInHost&) = delete;
   CAddInHost& operator=(const CAddInHost&) = delete;
 
-  uint32_t Create() override;
-  uint32_t Connect(int mode) override;
-  uint32_t StartupComplete() override;
-  uint32_t AddInsUpdate() override;
-  uint32_t BeginShutdown() override;
-  uint32_t Disconnect(int mode) override;
-  uint32_t CustomUi(const std::string& ribbonId, std::optional<std::string>& document) override;
-  uint32_t CallRibbon(const RibbonCall& call, std::string& answer) override;
-  bool IsConnected() override { return m_connected; }
-  bool IsLoaded() override { return m_addIn != nullptr; }
-  bool IsInProcess() override { return m_module != nullptr; }
-  void EndProcess(bool uninitialized) override;
-  void MoveIn(Neighbour neighbour) override { m_neighbours.MoveIn(neighbour); }
-  void NeighboursLeave() override { m_neighbours.Leave(); }
+  // Results are the HRESULTs that the add-in returned.
+  uint32_t Create();
+  uint32_t Connect(int mode);
+  uint32_t StartupComplete();
+  uint32_t AddInsUpdate();
+  uint32_t BeginShutdown();
+  uint32_t Disconnect(int mode);
+  // The document, or nothing if the add-in returned none.
+  uint32_t CustomUi(const std::string& ribbonId, std::optional<std::string>& document);
+  // `answer` is "yes", "no", a number, a text, "object" or "nothing".
+  uint32_t CallRibbon(const RibbonCall& call, std::string& answer);
+  bool IsConnected() const { return m_connected; }
+  bool IsLoaded() const { return m_addIn != nullptr; }
+  // Its DLL; may be true after the last reference to the add-in.
+  bool IsInProcess() const { return m_module != nullptr; }
+  // Ends the process successfully with everything still alive; calls OleUninitialize first if
+  // requested.
+  void EndProcess(bool uninitialized);
+  void MoveIn(Neighbour neighbour) { m_neighbours.MoveIn(neighbour); }
+  void NeighboursLeave() { m_neighbours.Leave(); }
   // Releases the add-in inside one of its own calls. Throws CExpectationFailure if this would
   // unload the DLL while its code runs.
   void ReleaseInside();
-  void Unload() override;
-  void ReleaseObject() override;
-  void Poll() override;
-  ResourceUse Use() override;
-  bool AreHeapsSound() override { return workbench::AreHeapsSound(); }
-  void Pump() override { m_loop.Pump(); }
-  bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds) override {
+  // Releases the add-in. Throws CExpectationFailure if its object or module remains.
+  void Unload();
+  // Releases only its object.
+  void ReleaseObject();
+  // Makes the add-in's poll timer tick once and handles the messages posted by that.
+  void Poll();
+  ResourceUse Use();
+  // Handles posted messages, not timers.
+  void Pump() { m_loop.Pump(); }
+  // Handles everything, timers included, until `done`; false if `milliseconds` pass first.
+  bool PumpUntil(const std::function<bool()>& done, unsigned milliseconds) {
     return m_loop.PumpUntil(done, milliseconds);
   }
-  void FailSystemFunction(const std::string& function, const FailingCalls& calls) override;
+  // Makes a Windows function that the DLL imports fail for the DLL alone, such as PostMessageA or
+  // SetThreadLocale.
+  void FailSystemFunction(const std::string& function, const FailingCalls& calls);
 
   // Shows the add-in a screen scale in per cent; 100 is the real one.
   void ShowScale(int scale);

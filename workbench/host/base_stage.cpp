@@ -22,16 +22,6 @@ bool IsSimulated(const std::wstring& path) {
   return simulated;
 }
 
-UsbFunction FunctionFromName(const std::string& name) {
-  const std::optional<UsbFunction> function = UsbFunctionFromName(name);
-  if (!function) throw CScenarioError("\"" + name + "\" is not a function of the USB library");
-  return *function;
-}
-
-CallRange Range(const FailingCalls& calls) {
-  return {calls.firstCall, calls.lastCall == 0 ? kForEver : calls.lastCall};
-}
-
 }  // namespace
 
 CBaseStage::CBaseStage(std::wstring addInFolder, std::wstring workbenchFolder)
@@ -87,28 +77,6 @@ void CBaseStage::Unplug(unsigned device) {
   Base().Unplug(device);
 }
 
-void CBaseStage::Queue(const std::vector<Piece>& pieces) {
-  for (const Piece& piece : pieces)
-    Base().Queue(piece.bytes, piece.delay);
-}
-
-void CBaseStage::ReportQueueStatus(uint32_t status, std::optional<uint32_t> count, unsigned calls) {
-  Base().ReportQueue(status, count, calls);
-}
-
-void CBaseStage::FailFunction(const std::string& function, const FailingCalls& calls) {
-  Base().Fail(FunctionFromName(function), static_cast<int>(calls.status), Range(calls));
-}
-
-void CBaseStage::ShortenFunction(const std::string& function, const FailingCalls& calls,
-                                 unsigned bytes) {
-  Base().Shorten(FunctionFromName(function), bytes, Range(calls));
-}
-
-void CBaseStage::HealFunctions() {
-  Base().Heal();
-}
-
 CBelievableBase& CBaseStage::Enliven() {
   m_alive = true;
   return m_believable;
@@ -132,8 +100,8 @@ void CBaseStage::ForgetWritten() {
   if (m_base) m_base->ForgetWritten();
 }
 
-unsigned CBaseStage::Calls(const std::string& function) {
-  return m_base ? m_base->CallCount(FunctionFromName(function)) : 0;
+unsigned CBaseStage::Calls(UsbFunction function) {
+  return m_base ? m_base->CallCount(function) : 0;
 }
 
 void CBaseStage::OnCall(const UsbCall& call) noexcept {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/base/believable_base.h"
 #include "workbench/scenario/stage.h"
 #include "workbench/siusbxp/base_simulator.h"
 
@@ -13,8 +14,10 @@ namespace quor::workbench {
 
 // Installs the simulated USB library beside the add-in's DLL, where the add-in looks first, and
 // controls the base behind it.
-class CBaseStage final : public IBaseStage, ICallObserver, IIndicationLine {
+class CBaseStage final : ICallObserver, IIndicationLine {
  public:
+  enum class Library { Present, Missing, Old };
+
   // The library is copied to `addInFolder`; both folders have no backslash at the end. Throws
   // std::runtime_error if that folder holds another vendor's library.
   CBaseStage(std::wstring addInFolder, std::wstring workbenchFolder);
@@ -24,25 +27,23 @@ class CBaseStage final : public IBaseStage, ICallObserver, IIndicationLine {
 
   CBaseSimulator& Base() const;  // throws CScenarioError if there is no library
 
-  void InstallLibrary(Library library) override;
-  void Plug(const DeviceStrings& strings) override;
-  void Unplug(unsigned device) override;
-  void Queue(const std::vector<Piece>& pieces) override;
-  void ReportQueueStatus(uint32_t status, std::optional<uint32_t> count, unsigned calls) override;
-  void FailFunction(const std::string& function, const FailingCalls& calls) override;
-  void ShortenFunction(const std::string& function, const FailingCalls& calls,
-                       unsigned bytes) override;
-  void HealFunctions() override;
-  CBelievableBase& Enliven() override;
+  // Installs the USB library for the add-in; call before the add-in is loaded.
+  void InstallLibrary(Library library);
+  void Plug(const DeviceStrings& strings);
+  void Unplug(unsigned device);
+  // From now on the base answers requests by itself, like the one with the panel.
+  CBelievableBase& Enliven();
   bool IsAlive() const { return m_alive; }
-  std::vector<Bytes> Written() override;
-  void ForgetWritten() override;
-  unsigned Calls(const std::string& function) override;
-  const std::vector<std::string>& CallTexts() override { return m_callTexts; }
-  void ForgetCallTexts() override { m_callTexts.clear(); }
-  unsigned OpenHandles() override { return m_base ? m_base->OpenHandles() : 0; }
-  unsigned FreedWhileOpen() override { return m_base ? m_base->FreedWhileOpen() : 0; }
-  void SetManners(const DriverManners& manners) override { Base().SetManners(manners); }
+  // Bytes of each accepted SI_Write call since the last ForgetWritten.
+  std::vector<Bytes> Written();
+  void ForgetWritten();
+  unsigned Calls(UsbFunction function);
+  // All calls since the last ForgetCallTexts: "SI_Write(#1, 2B 31 0D) = 0, 3".
+  const std::vector<std::string>& CallTexts() { return m_callTexts; }
+  void ForgetCallTexts() { m_callTexts.clear(); }
+  unsigned OpenHandles() { return m_base ? m_base->OpenHandles() : 0; }
+  // Devices still open when the library was freed, over the whole run.
+  unsigned FreedWhileOpen() { return m_base ? m_base->FreedWhileOpen() : 0; }
 
   void OnCall(const UsbCall& call) noexcept override;
   void Send(const Bytes& indication) override;

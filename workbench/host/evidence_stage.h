@@ -10,29 +10,27 @@
 
 namespace quor::workbench {
 
-// The files of the run, its diagnostic log, XML files and the registry.
-class CEvidenceStage final : public IEvidenceStage {
+// What a run leaves behind: its diagnostic log, XML files and the registry.
+class CEvidenceStage final {
  public:
   CEvidenceStage(CApplicationData& data, const CAddInHost& host) : m_data(data), m_host(host) {}
 
-  void WriteFile(const std::string& path, const std::string& content) override {
-    m_data.Write(path, content);
-  }
-  void CopyIn(const std::string& from, const std::string& path) override {
-    m_data.CopyIn(from, path);
-  }
-  void MakeFolder(const std::string& path) override { m_data.MakeFolder(path); }
-  void RemoveApplicationData() override { m_data.PointNowhere(); }
-  std::optional<std::string> ReadFile(const std::string& path) override {
-    return m_data.Read(path);
-  }
-  std::vector<std::string> ListFiles() override { return m_data.List(); }
-  std::optional<std::string> ReadLog() override;
-  std::optional<std::string> LastOpened() override;
-  std::vector<std::string> ReadXml(const std::string& path, const std::string& xpath) override;
-  void WatchXml(const std::string& path) override;
-  uint64_t EndWatch() override;
-  std::optional<std::string> ReadRegistry(const std::string& key, const std::string& name) override;
+  // Today's diagnostic log; nothing if there is none.
+  std::optional<std::string> ReadLog();
+  // What the add-in last made Windows open for the user: "." for the folder itself, nothing if it
+  // has opened nothing.
+  std::optional<std::string> LastOpened();
+  // Texts of the nodes at an XPath in an XML file. Throws CExpectationFailure if it is not
+  // well-formed.
+  std::vector<std::string> ReadXml(const std::string& path, const std::string& xpath);
+  // From now on another thread reads the XML file again and again.
+  void WatchXml(const std::string& path);
+  // Ends this; returns the number of readings. Throws CExpectationFailure if the file was ever
+  // incomplete.
+  uint64_t EndWatch();
+  // The value as text, REG_DWORD in decimal; nothing if the key or value is missing. `key` begins
+  // with "HKLM\\", "HKCU\\" or "HKCR\\"; an empty name is the default value.
+  std::optional<std::string> ReadRegistry(const std::string& key, const std::string& name);
 
  private:
   CApplicationData& m_data;

@@ -12,7 +12,7 @@
 namespace quor::workbench {
 
 // Measures the time that the add-in costs Outlook, by the machine's clock.
-class CFigureStage final : public IFigureStage {
+class CFigureStage final {
  public:
   // Both must outlive the stage.
   CFigureStage(CModel& model, COfficeFace& face) : m_model(model), m_face(face) {}
@@ -29,8 +29,8 @@ class CFigureStage final : public IFigureStage {
   void TimeCaller(const std::function<void()>& tick, const std::function<bool()>& handleMessage,
                   const std::function<bool()>& appears);
 
-  void WatchDelays() override;
-  Figures Take() override;
+  void WatchDelays();
+  Figures Take();
 
  private:
   CModel& m_model;

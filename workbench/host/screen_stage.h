@@ -14,34 +14,42 @@
 namespace quor::workbench {
 
 // A user's actions on toolbar, ribbon and the add-in's windows.
-class CScreenStage final : public IScreenStage {
+class CScreenStage final {
  public:
   CScreenStage(COutlook& outlook, COfficeFace& face, CAddInHost& host, COptionsWindow& options,
                std::string pictureFolder);
 
-  std::vector<ControlView> Controls(const std::string& inspector) override;
-  void Click(const std::string& inspector, const std::vector<std::string>& path) override;
-  void DeleteControl(const std::vector<std::string>& path) override;
-  void Type(const std::string& control, const std::string& text) override;
-  void Pick(const std::string& control, const std::string& item) override;
-  void ShowCalendarAsTable(bool table) override { m_face.ShowCalendarAsTable(table); }
-  void OpenOptions() override;
-  std::vector<WindowView> Windows() override;
-  std::string AccessibleName(const std::string& title) override {
+  // The controls of the main window, or of the inspector with the named item.
+  std::vector<ControlView> Controls(const std::string& inspector);
+  void Click(const std::string& inspector, const std::vector<std::string>& path);
+  // The user removes a control from a command bar of the main window.
+  void DeleteControl(const std::vector<std::string>& path);
+  void Type(const std::string& control, const std::string& text);
+  void Pick(const std::string& control, const std::string& item);
+  void ShowCalendarAsTable(bool table) { m_face.ShowCalendarAsTable(table); }
+  // Opens Outlook's options with the add-ins' pages.
+  void OpenOptions();
+  // Windows are named as for IsCalled.
+  std::vector<WindowView> Windows();
+  std::string AccessibleName(const std::string& title) {
     return AccessibleNameOf(FindByTitle(AllWindows(), title));
   }
-  void PointAt(const std::string& title, const std::string& text) override;
-  ExplainedText Explanation(const std::string& title, const std::string& text) override;
-  void Press(const std::string& title, const std::string& button) override {
+  void PointAt(const std::string& title, const std::string& text);
+  ExplainedText Explanation(const std::string& title, const std::string& text);
+  void Press(const std::string& title, const std::string& button) {
     PressButton(AllWindows(), title, button);
   }
-  void Enter(const std::string& title, int field, const std::string& text) override {
+  void Enter(const std::string& title, int field, const std::string& text) {
     EnterText(AllWindows(), title, field, text);
   }
-  void PressKey(const std::string& title, const std::string& key) override;
-  void CloseWindow(const std::string& title) override { CloseByUser(AllWindows(), title); }
-  std::string Screenshot(const std::string& name, const std::string& title) override;
-  std::string Picture(const PictureOrder& order) override;
+  // Sends and handles "Tab", "Shift+Tab", "Alt+l" or a typed text.
+  void PressKey(const std::string& title, const std::string& key);
+  void CloseWindow(const std::string& title) { CloseByUser(AllWindows(), title); }
+  // A picture of the screen, or of one window with its tooltip. Returns the path; empty if there is
+  // no screen.
+  std::string Screenshot(const std::string& name, const std::string& title);
+  // Draws a window of Outlook into a file, with or without a screen; returns the path.
+  std::string Picture(const PictureOrder& order);
 
  private:
   static constexpr int kUsualScale = 100;  // per cent

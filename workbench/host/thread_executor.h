@@ -9,9 +9,19 @@
 #include <vector>
 
 #include "workbench/host/message_loop.h"
-#include "workbench/scenario/run.h"
 
 namespace quor::workbench {
+
+// Executes the steps of a run. On Windows each step runs on Outlook's thread; the next one starts
+// while a step is still inside a window that waits for the user.
+class IExecutor {
+ public:
+  // Exceptions of the action are thrown by this call or a later one.
+  virtual void Do(const std::function<void()>& action) = 0;
+
+ protected:
+  ~IExecutor() = default;
+};
 
 // Runs the steps of a scenario on Outlook's thread; the scenario is read on another thread. A step
 // that opens a window with its own message loop returns only when that window closes. The following

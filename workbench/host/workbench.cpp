@@ -63,7 +63,6 @@ CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
       m_host(m_addIn, loop, m_outlook, m_face, m_options, m_figureStage),
       m_baseStage(FolderOf(m_addIn.modulePath), OwnFolder()),
       m_basePanel(m_baseStage),
-      m_outlookStage(m_outlook, m_figureStage),
       m_screenStage(m_outlook, m_face, m_host, m_options, options.pictureFolder),
       m_evidenceStage(m_data, m_host) {
   m_face.Attach(m_outlook.Session(), &m_basePanel);
@@ -81,7 +80,7 @@ CWorkbench::CWorkbench(const Options& options, CMessageLoop& loop)
 }
 
 Stage CWorkbench::Stages() {
-  return {m_host, m_baseStage, m_outlookStage, m_screenStage, m_evidenceStage, m_figureStage};
+  return {m_host, m_baseStage, m_outlook, m_screenStage, m_evidenceStage, m_data, m_figureStage};
 }
 
 }  // namespace quor::workbench

@@ -13,13 +13,24 @@
 #include "workbench/host/message_loop.h"
 #include "workbench/host/office_face.h"
 #include "workbench/host/options_window.h"
-#include "workbench/host/outlook_stage.h"
 #include "workbench/host/running_entry.h"
 #include "workbench/host/screen_stage.h"
 #include "workbench/scenario/options.h"
 #include "workbench/scenario/stage.h"
 
 namespace quor::workbench {
+
+// What the commands of a scenario act on. An action on something that does not exist (contact,
+// button) throws.
+struct Stage {
+  CAddInHost& host;
+  CBaseStage& base;
+  COutlook& outlook;
+  CScreenStage& screen;
+  CEvidenceStage& evidence;
+  CApplicationData& data;
+  CFigureStage& figures;
+};
 
 // One session: Outlook with its first window open, the base, the run's application data, and the
 // registered add-in, not yet loaded. Lives on Outlook's thread.
@@ -35,7 +46,6 @@ class CWorkbench {
   COfficeFace& Face() { return m_face; }
   CAddInHost& Host() { return m_host; }
   CBaseSimulator& Base() { return m_baseStage.Base(); }
-  CApplicationData& Data() { return m_data; }
 
  private:
   RegisteredAddIn m_addIn;
@@ -47,7 +57,6 @@ class CWorkbench {
   CAddInHost m_host;
   CBaseStage m_baseStage;
   CBasePanel m_basePanel;
-  COutlookStage m_outlookStage;
   CScreenStage m_screenStage;
   CEvidenceStage m_evidenceStage;
   std::optional<CRunningEntry> m_running;

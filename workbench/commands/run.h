@@ -1,5 +1,5 @@
-#ifndef QUOR_WORKBENCH_SCENARIO_RUN_H
-#define QUOR_WORKBENCH_SCENARIO_RUN_H
+#ifndef QUOR_WORKBENCH_COMMANDS_RUN_H
+#define QUOR_WORKBENCH_COMMANDS_RUN_H
 
 #include <cstdint>
 #include <functional>
@@ -8,40 +8,17 @@
 #include <string>
 #include <vector>
 
+#include "workbench/host/console.h"
+#include "workbench/host/thread_executor.h"
+#include "workbench/host/workbench.h"
 #include "workbench/scenario/script.h"
-#include "workbench/scenario/stage.h"
 
 namespace quor::workbench {
-
-// Receives a run's output. A scenario always produces the same output.
-class ITranscript {
- public:
-  virtual void Command(const Statement& statement) = 0;
-  // A line of the scenario's story for the reader.
-  virtual void Say(const std::string& text) = 0;
-  // Something that the scenario asked to see, or an observation; may have several lines.
-  virtual void Show(const std::string& text) = 0;
-  virtual void Failure(const std::string& text) = 0;
-
- protected:
-  ~ITranscript() = default;
-};
-
-// Executes the steps of a run. On Windows each step runs on Outlook's thread; the next one starts
-// while a step is still inside a window that waits for the user.
-class IExecutor {
- public:
-  // Exceptions of the action are thrown by this call or a later one.
-  virtual void Do(const std::function<void()>& action) = 0;
-
- protected:
-  ~IExecutor() = default;
-};
 
 // A running scenario: its preparations, and the log lines and bytes it has consumed so far.
 class CRun {
  public:
-  CRun(const Stage& stages, ITranscript& watcher, IExecutor& executor)
+  CRun(const Stage& stages, CConsole& watcher, IExecutor& executor)
       : stage(stages), transcript(watcher), m_executor(executor) {}
 
   // Runs to the end or to the first failed expectation; true if all succeeded. Outlook is left as
@@ -66,6 +43,9 @@ class CRun {
   // Calls of the USB library that no expectation has consumed yet.
   std::vector<std::string> NewUsbCalls() { return stage.base.CallTexts(); }
   void ForgetUsbCalls() { stage.base.ForgetCallTexts(); }
+  // One line for each object, sink and window that the add-in still holds, and for each misuse,
+  // such as a release too many.
+  std::vector<std::string> Held();
 
   // Writes the settings file before the add-in is created.
   void WriteSettings();
@@ -73,6 +53,9 @@ class CRun {
   void QuitOutlook();
   // The same up to the release of the add-in.
   void EndOutlook();
+  // Single events of these, timed as parts of the shutdown.
+  void CloseExplorer();
+  void RaiseQuit();
   // Releases the add-in. Throws CExpectationFailure if it still holds anything of Outlook's.
   void Unload();
   // Opens a main window for an Outlook that has quit and runs again.
@@ -81,7 +64,7 @@ class CRun {
   void WaitForTicks(int ticks);
 
   Stage stage;
-  ITranscript& transcript;
+  CConsole& transcript;
   uint32_t lastResult = 0;
   // Base of relative paths in a scenario; ends in a separator or is empty.
   std::string scenarioFolder;

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "workbench/scenario/commands.h"
-#include "workbench/scenario/run.h"
+#include "workbench/commands/commands.h"
+#include "workbench/commands/run.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -282,19 +282,19 @@ using Block = Command::Block;
 
 constexpr Command kCommands[] = {
     {"click", 1, 7, Block::None, Click},
-    {"type", 2, 2, Block::None, WithTwoTexts<&IScreenStage::Type>},
-    {"pick", 2, 2, Block::None, WithTwoTexts<&IScreenStage::Pick>},
+    {"type", 2, 2, Block::None, WithTwoTexts<&CScreenStage::Type>},
+    {"pick", 2, 2, Block::None, WithTwoTexts<&CScreenStage::Pick>},
     {"expect control", 2, kAnyNumber, Block::None, ExpectControl},
     {"wait control", 2, kAnyNumber, Block::None, WaitControl},
     {"dump controls", 0, 1, Block::None, DumpControls},
     {"expect window", 2, 2, Block::Optional, ExpectWindow},
     {"expect tooltip", 2, 2, Block::Optional, ExpectTooltip},
-    {"point at", 2, 2, Block::None, WithTwoTexts<&IScreenStage::PointAt>},
+    {"point at", 2, 2, Block::None, WithTwoTexts<&CScreenStage::PointAt>},
     {"expect announced", 2, 2, Block::None, ExpectAnnounced},
     {"open options", 0, 0, Block::None, OpenOptions},
     {"dump windows", 0, 0, Block::None, DumpWindows},
     {"delete control", 1, 5, Block::None, DeleteControl},
-    {"press", 2, 2, Block::None, WithTwoTexts<&IScreenStage::Press>},
+    {"press", 2, 2, Block::None, WithTwoTexts<&CScreenStage::Press>},
     {"enter", 3, 3, Block::None, Enter},
     {"keys", 2, kAnyNumber, Block::None, Keys},
     {"close window", 1, 1, Block::None, CloseWindow},

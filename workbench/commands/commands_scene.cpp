@@ -1,7 +1,7 @@
 // Before the add-in is loaded: settings, files, contacts.
 
-#include "workbench/scenario/commands.h"
-#include "workbench/scenario/run.h"
+#include "workbench/commands/commands.h"
+#include "workbench/commands/run.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -24,7 +24,7 @@ void Say(CRun& run, const CCommandArguments& arguments) {
 }
 
 void SettingsFile(CRun& run, const CCommandArguments& arguments) {
-  run.stage.evidence.CopyIn(PathFrom(run, arguments.Text(0)), "Microsoft\\AddIns\\vex_cfg.xml");
+  run.stage.data.CopyIn(PathFrom(run, arguments.Text(0)), "Microsoft\\AddIns\\vex_cfg.xml");
   run.settings = CRun::Settings::None;
 }
 
@@ -44,20 +44,20 @@ void Setting(CRun& run, const CCommandArguments& arguments) {
 }
 
 void File(CRun& run, const CCommandArguments& arguments) {
-  run.stage.evidence.WriteFile(arguments.Text(0), arguments.BlockText());
+  run.stage.data.Write(arguments.Text(0), arguments.BlockText());
 }
 
 void Folder(CRun& run, const CCommandArguments& arguments) {
-  run.stage.evidence.MakeFolder(arguments.Text(0));
+  run.stage.data.MakeFolder(arguments.Text(0));
 }
 
 void NoApplicationData(CRun& run, const CCommandArguments&) {
-  run.stage.evidence.RemoveApplicationData();
+  run.stage.data.PointNowhere();
   run.settings = CRun::Settings::None;
 }
 
 void Contacts(CRun& run, const CCommandArguments& arguments) {
-  run.stage.outlook.LoadContacts(PathFrom(run, arguments.Text(0)));
+  run.stage.outlook.LoadCards(ReadNamedFile(PathFrom(run, arguments.Text(0))));
 }
 
 using Block = Command::Block;

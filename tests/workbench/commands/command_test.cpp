@@ -1,4 +1,4 @@
-#include "workbench/scenario/command.h"
+#include "workbench/commands/command.h"
 
 #include <gmock/gmock.h>
 

@@ -1,8 +1,8 @@
-#include "workbench/scenario/rounds.h"
+#include "workbench/commands/rounds.h"
 
 #include <algorithm>
 
-#include "workbench/scenario/command.h"
+#include "workbench/commands/command.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {

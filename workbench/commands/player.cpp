@@ -1,4 +1,4 @@
-#include "workbench/host/player.h"
+#include "workbench/commands/player.h"
 
 #include <algorithm>
 
@@ -65,7 +65,7 @@ void CPlayer::Close() {
   m_executor.Do([this] { m_workbench.reset(); });
 }
 
-CRun CPlayer::NewRun(ITranscript& transcript) {
+CRun CPlayer::NewRun(CConsole& transcript) {
   CRun run(m_workbench->Stages(), transcript, m_executor);
   run.scenarioFolder = FolderOf(m_options.file);
   return run;

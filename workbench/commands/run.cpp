@@ -1,11 +1,12 @@
-#include "workbench/scenario/run.h"
+#include "workbench/commands/run.h"
 
 #include <initializer_list>
 #include <utility>
 
-#include "workbench/scenario/command.h"
+#include "workbench/commands/command.h"
+#include "workbench/commands/rounds.h"
+#include "workbench/host/process_use.h"
 #include "workbench/scenario/log_lines.h"
-#include "workbench/scenario/rounds.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -107,7 +108,7 @@ bool CRun::Finish() {
         Unload();
       }
       CheckNothingHeld();
-      if (!stage.host.AreHeapsSound()) throw CExpectationFailure("a heap is damaged");
+      if (!AreHeapsSound()) throw CExpectationFailure("a heap is damaged");
     });
     return true;
   } catch (const std::runtime_error& error) {
@@ -121,7 +122,7 @@ void CRun::CheckNothingHeld() {
     throw CExpectationFailure("SiUSBXp.dll was freed with " + std::to_string(open) +
                               " open: a thread of its own ran in freed code");
   }
-  const std::vector<std::string> held = stage.outlook.Held();
+  const std::vector<std::string> held = Held();
   if (held.empty()) return;
   std::string text = "the add-in still holds";
   for (const std::string& object : held)
@@ -153,13 +154,13 @@ Bytes CRun::NewWire() {
 void CRun::WriteSettings() {
   if (settings == Settings::None) return;
   if (settings == Settings::Given) {
-    stage.evidence.WriteFile(kSettingsFile, givenSettings);
+    stage.data.Write(kSettingsFile, givenSettings);
     return;
   }
   std::map<std::string, std::string> system = {{"DebugLog", "1"}, {"LanguageNo", "0"}};
   for (const auto& [name, value] : systemSettings)
     system[name] = value;
-  stage.evidence.WriteFile(kSettingsFile, DefaultSettings(system));
+  stage.data.Write(kSettingsFile, DefaultSettings(system));
 }
 
 void CRun::QuitOutlook() {
@@ -168,18 +169,35 @@ void CRun::QuitOutlook() {
 }
 
 void CRun::EndOutlook() {
-  IHostStage& host = stage.host;
+  CAddInHost& host = stage.host;
   if (host.IsConnected()) {
     const bool fast = stage.outlook.Version() >= kFirstRibbonVersion;
-    stage.outlook.CloseExplorer();
+    CloseExplorer();
     m_hasQuit = true;
     host.Pump();
     if (!fast && host.IsLoaded()) host.BeginShutdown();
-    stage.outlook.FireQuit();
+    RaiseQuit();
     host.Pump();
     // From version 14 on Outlook makes no further calls; the process ends and the add-in with it.
     if (!fast && host.IsLoaded()) host.Disconnect(0);
   }
+}
+
+void CRun::CloseExplorer() {
+  stage.figures.Time(&Figures::shutdown, [this] { stage.outlook.CloseExplorer(); });
+}
+
+void CRun::RaiseQuit() {
+  stage.figures.Time(&Figures::shutdown, [this] { stage.outlook.RaiseQuit(); });
+}
+
+std::vector<std::string> CRun::Held() {
+  std::vector<std::string> held = stage.outlook.Held();
+  for (const std::string& sink : stage.outlook.Sinks())
+    held.push_back("sink on " + sink);
+  const std::vector<std::string>& misuses = stage.outlook.Model().Misuses();
+  held.insert(held.end(), misuses.begin(), misuses.end());
+  return held;
 }
 
 void CRun::Unload() {
@@ -188,12 +206,14 @@ void CRun::Unload() {
 }
 
 void CRun::ReopenOutlook() {
-  if (std::exchange(m_hasQuit, false)) stage.outlook.NewExplorer();
+  if (std::exchange(m_hasQuit, false)) stage.outlook.OpenExplorer();
 }
 
 void CRun::WaitForTicks(int ticks) {
-  const unsigned goal = stage.base.Calls("SI_GetNumDevices") + static_cast<unsigned>(ticks);
-  const auto reached = [this, goal] { return stage.base.Calls("SI_GetNumDevices") >= goal; };
+  const unsigned goal = stage.base.Calls(UsbFunction::GetNumDevices) + static_cast<unsigned>(ticks);
+  const auto reached = [this, goal] {
+    return stage.base.Calls(UsbFunction::GetNumDevices) >= goal;
+  };
   // A poll comes every 100 ms and may itself take 3 s, the read timeout.
   if (!stage.host.PumpUntil(reached, m_tickLimit)) {
     throw CExpectationFailure("the add-in does not poll the base");

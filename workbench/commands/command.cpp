@@ -1,9 +1,9 @@
-#include "workbench/scenario/command.h"
+#include "workbench/commands/command.h"
 
 #include <algorithm>
 #include <sstream>
 
-#include "workbench/scenario/commands.h"
+#include "workbench/commands/commands.h"
 #include "workbench/scenario/numbers.h"
 #include "workbench/scenario/scenario_error.h"
 

@@ -1,10 +1,11 @@
 // Outlook's lifecycle and its calls on the add-in.
 
 #include <climits>
+#include <utility>
 
-#include "workbench/scenario/commands.h"
+#include "workbench/commands/commands.h"
+#include "workbench/commands/run.h"
 #include "workbench/scenario/results.h"
-#include "workbench/scenario/run.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -51,7 +52,7 @@ void Start(CRun& run, const CCommandArguments&) {
 }
 
 // Only one call on the add-in.
-template <uint32_t (IHostStage::*call)()>
+template <uint32_t (CAddInHost::*call)()>
 void Call(CRun& run, const CCommandArguments&) {
   run.lastResult = (run.stage.host.*call)();
 }
@@ -108,7 +109,7 @@ void Quit(CRun& run, const CCommandArguments&) {
 }
 
 void QuitEvent(CRun& run, const CCommandArguments&) {
-  run.stage.outlook.FireQuit();
+  run.RaiseQuit();
   run.stage.host.Pump();
 }
 
@@ -120,7 +121,7 @@ void EndProcess(CRun& run, const CCommandArguments& arguments) {
 
 void CloseExplorer(CRun& run, const CCommandArguments& arguments) {
   if (arguments.Count() == 0) {
-    run.stage.outlook.CloseExplorer();
+    run.CloseExplorer();
   } else if (arguments.Choice(0, {"first"}) == 0) {
     run.stage.outlook.CloseFirstExplorer();
   }
@@ -128,7 +129,7 @@ void CloseExplorer(CRun& run, const CCommandArguments& arguments) {
 }
 
 void NewExplorer(CRun& run, const CCommandArguments&) {
-  run.stage.outlook.NewExplorer();
+  run.stage.outlook.OpenExplorer();
   run.stage.host.Pump();
 }
 
@@ -165,17 +166,25 @@ FailingCalls FailingCallsFromWords(const CCommandArguments& arguments, size_t fr
 
 void SetPace(CRun& run, const CCommandArguments& arguments) {
   constexpr int kSlowest = 1'000'000;
-  run.stage.outlook.SetPace(static_cast<unsigned>(arguments.Number(0, 0, kSlowest)));
+  run.stage.outlook.Model().SetPace(static_cast<unsigned>(arguments.Number(0, 0, kSlowest)));
+}
+
+std::string MemberFromName(const std::string& name) {
+  return name == "any" ? "*" : name;
 }
 
 void FailMember(CRun& run, const CCommandArguments& arguments) {
-  const std::string& member = arguments.Text(0);
-  run.stage.outlook.FailMember(member == "any" ? std::string() : member,
-                               FailingCallsFromWords(arguments, 1, kFailure));
+  const FailingCalls calls = FailingCallsFromWords(arguments, 1, kFailure);
+  Fault fault;
+  fault.member = MemberFromName(arguments.Text(0));
+  fault.first = calls.firstCall;
+  fault.last = calls.lastCall;
+  fault.code = static_cast<HRESULT>(calls.status);
+  run.stage.outlook.Model().AddFault(fault);
 }
 
 void HealMembers(CRun& run, const CCommandArguments&) {
-  run.stage.outlook.HealMembers();
+  run.stage.outlook.Model().WithdrawAll();
 }
 
 void FailSystem(CRun& run, const CCommandArguments& arguments) {
@@ -195,12 +204,15 @@ void MoveIn(CRun& run, const CCommandArguments& arguments) {
 
 void During(CRun& run, const CCommandArguments& arguments) {
   constexpr int kMostCalls = 1'000'000;
-  const int nth = arguments.Number(1, 1, kMostCalls);
+  const auto nth = static_cast<uint64_t>(arguments.Number(1, 1, kMostCalls));
   // Keep the block: its commands run inside a later command.
   const std::vector<Statement> statements =
       ParseScript(arguments.BlockText(), run.stage.outlook.Version());
-  run.stage.outlook.DuringMember(arguments.Text(0), static_cast<unsigned>(nth),
-                                 [&run, statements] { run.PlayInside(statements); });
+  Hook hook;
+  hook.member = MemberFromName(arguments.Text(0));
+  hook.nth = nth;
+  hook.action = [&run, statements] { run.PlayInside(statements); };
+  run.stage.outlook.Model().AddHook(std::move(hook));
 }
 
 using Block = Command::Block;
@@ -209,13 +221,13 @@ constexpr Command kCommands[] = {
     {"start", 0, 0, Block::None, Start},
     {"create", 0, 0, Block::None, Create},
     {"connect", 0, 1, Block::None, Connect},
-    {"add-ins update", 0, 0, Block::None, Call<&IHostStage::AddInsUpdate>},
+    {"add-ins update", 0, 0, Block::None, Call<&CAddInHost::AddInsUpdate>},
     {"custom ui", 1, 3, Block::None, CustomUi},
     {"callback", 2, 9, Block::None, Callback},
     {"new explorer", 0, 0, Block::None, NewExplorer},
     {"close explorer", 0, 1, Block::None, CloseExplorer},
     {"quit event", 0, 0, Block::None, QuitEvent},
-    {"begin shutdown", 0, 0, Block::None, Call<&IHostStage::BeginShutdown>},
+    {"begin shutdown", 0, 0, Block::None, Call<&CAddInHost::BeginShutdown>},
     {"disconnect", 1, 1, Block::None, Disconnect},
     {"release", 0, 0, Block::None, Release},
     {"unload", 0, 0, Block::None, Unload},

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 
-#include "workbench/scenario/commands.h"
+#include "workbench/commands/commands.h"
+#include "workbench/commands/run.h"
 #include "workbench/scenario/indications.h"
 #include "workbench/scenario/log_lines.h"
 #include "workbench/scenario/results.h"
-#include "workbench/scenario/run.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -17,7 +17,7 @@ namespace {
 constexpr int kLongestPause = 10'000;  // milliseconds
 
 void Library(CRun& run, const CCommandArguments& arguments) {
-  using Library = IBaseStage::Library;
+  using Library = CBaseStage::Library;
   const bool none = arguments.Choice(0, {"none", "old"}) == 0;
   run.stage.base.InstallLibrary(none ? Library::Missing : Library::Old);
 }
@@ -36,7 +36,7 @@ void Driver(CRun& run, const CCommandArguments& arguments) {
   };
   manners.stringTime = time("string");
   manners.openTime = time("open");
-  run.stage.base.SetManners(manners);
+  run.stage.base.Base().SetManners(manners);
 }
 
 void Plug(CRun& run, const CCommandArguments& arguments) {
@@ -63,6 +63,12 @@ void Unplug(CRun& run, const CCommandArguments& arguments) {
       arguments.Count() ? static_cast<unsigned>(arguments.Number(0, 1, kMostDevices)) - 1 : 0);
 }
 
+// Bytes that arrive `delay` milliseconds after the previous piece.
+struct Piece {
+  Bytes bytes;
+  unsigned delay = 0;
+};
+
 // The bytes of one piece, up to the next "pause".
 Bytes PieceBytes(std::span<const std::string> words) {
   if (words.empty()) throw CScenarioError("no bytes before or after a pause");
@@ -82,7 +88,8 @@ void Queue(CRun& run, const CCommandArguments& arguments) {
   }
   if (first > arguments.Count()) throw CScenarioError("no bytes after the last pause");
   pieces.push_back({PieceBytes(arguments.WordsFrom(first)), delay});
-  run.stage.base.Queue(pieces);
+  for (const Piece& piece : pieces)
+    run.stage.base.Base().Queue(piece.bytes, piece.delay);
 }
 
 void QueueCut(CRun& run, const CCommandArguments& arguments) {
@@ -91,8 +98,9 @@ void QueueCut(CRun& run, const CCommandArguments& arguments) {
   const Bytes whole = PieceBytes(arguments.WordsFrom(2));
   if (at >= whole.size())
     throw CScenarioError("it is only " + std::to_string(whole.size()) + " bytes long");
-  const auto cut = whole.begin() + static_cast<std::ptrdiff_t>(at);
-  run.stage.base.Queue({{Bytes(whole.begin(), cut), 0}, {Bytes(cut, whole.end()), delay}});
+  CBaseSimulator& base = run.stage.base.Base();
+  base.Queue(std::span(whole).first(at));
+  base.Queue(std::span(whole).subspan(at), delay);
 }
 
 uint32_t QueueStatusFromName(const std::string& name) {
@@ -106,29 +114,38 @@ void ReportQueue(CRun& run, const CCommandArguments& arguments) {
   constexpr int kMostCalls = 1000;
   const std::optional<int> count = arguments.NumberAfter("count", 0, 0x7FFFFFFF);
   const int calls = arguments.NumberAfter("calls", 1, kMostCalls).value_or(1);
-  run.stage.base.ReportQueueStatus(QueueStatusFromName(arguments.Text(0)), count,
-                                   static_cast<unsigned>(calls));
+  run.stage.base.Base().ReportQueue(QueueStatusFromName(arguments.Text(0)), count,
+                                    static_cast<unsigned>(calls));
+}
+
+UsbFunction FunctionFromName(const std::string& name) {
+  const std::optional<UsbFunction> function = UsbFunctionFromName(name);
+  if (!function) throw CScenarioError("\"" + name + "\" is not a function of the USB library");
+  return *function;
+}
+
+CallRange CallsFromWords(const CCommandArguments& arguments) {
+  const FailingCalls calls = ParseCalls(arguments.After("call").value_or("1"), 0);
+  return {calls.firstCall, calls.lastCall == 0 ? kForEver : calls.lastCall};
 }
 
 void Fail(CRun& run, const CCommandArguments& arguments) {
   const std::optional<std::string> status = arguments.After("status");
   if (!status) throw CScenarioError("which status? status 4, say");
-  const FailingCalls fault =
-      ParseCalls(arguments.After("call").value_or("1"), ResultFromName(*status));
-  run.stage.base.FailFunction(arguments.Text(0), fault);
+  run.stage.base.Base().Fail(FunctionFromName(arguments.Text(0)),
+                             static_cast<int>(ResultFromName(*status)), CallsFromWords(arguments));
 }
 
 void Shorten(CRun& run, const CCommandArguments& arguments) {
   constexpr int kMostBytes = 65536;
   const std::optional<int> bytes = arguments.NumberAfter("to", 0, kMostBytes);
   if (!bytes) throw CScenarioError("to how many bytes?");
-  run.stage.base.ShortenFunction(arguments.Text(0),
-                                 ParseCalls(arguments.After("call").value_or("1"), 0),
-                                 static_cast<unsigned>(*bytes));
+  run.stage.base.Base().Shorten(FunctionFromName(arguments.Text(0)), static_cast<unsigned>(*bytes),
+                                CallsFromWords(arguments));
 }
 
 void Heal(CRun& run, const CCommandArguments&) {
-  run.stage.base.HealFunctions();
+  run.stage.base.Base().Heal();
 }
 
 void ExpectWire(CRun& run, const CCommandArguments& arguments) {

@@ -1,7 +1,7 @@
 // Waiting: always for a condition, never only for a number of milliseconds.
 
-#include "workbench/scenario/commands.h"
-#include "workbench/scenario/run.h"
+#include "workbench/commands/commands.h"
+#include "workbench/commands/run.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {

@@ -5,9 +5,9 @@
 #include <cstdio>
 #include <utility>
 
-#include "workbench/scenario/commands.h"
+#include "workbench/commands/commands.h"
+#include "workbench/commands/run.h"
 #include "workbench/scenario/log_lines.h"
-#include "workbench/scenario/run.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -70,7 +70,7 @@ void ShowLog(CRun& run, const CCommandArguments&) {
 }
 
 void ExpectFile(CRun& run, const CCommandArguments& arguments) {
-  const std::optional<std::string> content = run.stage.evidence.ReadFile(arguments.Text(0));
+  const std::optional<std::string> content = run.stage.data.Read(arguments.Text(0));
   if (arguments.Is(1, "missing")) {
     if (content) throw CExpectationFailure("the file is there");
     return;
@@ -83,7 +83,7 @@ void ExpectFile(CRun& run, const CCommandArguments& arguments) {
 }
 
 void ExpectFiles(CRun& run, const CCommandArguments& arguments) {
-  CompareLog(arguments.Block(), run.stage.evidence.ListFiles());
+  CompareLog(arguments.Block(), run.stage.data.List());
 }
 
 void ExpectOpened(CRun& run, const CCommandArguments& arguments) {
@@ -122,11 +122,11 @@ void ExpectRegistry(CRun& run, const CCommandArguments& arguments) {
 }
 
 void NoteHeld(CRun& run, const CCommandArguments&) {
-  run.notedHeld = run.stage.outlook.Held();
+  run.notedHeld = run.Held();
 }
 
 void ExpectHeld(CRun& run, const CCommandArguments& arguments) {
-  const std::vector<std::string> held = run.stage.outlook.Held();
+  const std::vector<std::string> held = run.Held();
   std::vector<std::string> expected = arguments.Block();
   if (arguments.Is(0, "noted")) expected = run.notedHeld;
   if (held != expected) {
@@ -147,7 +147,7 @@ void ExpectJournal(CRun& run, const CCommandArguments& arguments) {
 }
 
 void ShowHeld(CRun& run, const CCommandArguments&) {
-  const std::vector<std::string> held = run.stage.outlook.Held();
+  const std::vector<std::string> held = run.Held();
   run.transcript.Show(held.empty() ? "the add-in holds no objects of Outlook"
                                    : "the add-in holds\n" + Joined(held));
 }
@@ -175,12 +175,11 @@ struct UseLine {
 std::vector<UseLine> CountedUse(CRun& run, const ResourceUse& now) {
   const CRun::NotedUse noted = run.notedUse.value_or(CRun::NotedUse());
   const ResourceUse& then = noted.process;
-  std::vector<UseLine> lines = {
-      {"memory blocks of the add-in", now.blocks, then.blocks},
-      {"handles", now.handles, then.handles},
-      {"windows", now.windows, then.windows},
-      {"objects held of Outlook", static_cast<int64_t>(run.stage.outlook.Held().size()),
-       static_cast<int64_t>(noted.objects)}};
+  std::vector<UseLine> lines = {{"memory blocks of the add-in", now.blocks, then.blocks},
+                                {"handles", now.handles, then.handles},
+                                {"windows", now.windows, then.windows},
+                                {"objects held of Outlook", static_cast<int64_t>(run.Held().size()),
+                                 static_cast<int64_t>(noted.objects)}};
   if (now.gdiObjects) {
     lines.push_back({"GDI objects", *now.gdiObjects, then.gdiObjects.value_or(0)});
   }
@@ -188,7 +187,7 @@ std::vector<UseLine> CountedUse(CRun& run, const ResourceUse& now) {
 }
 
 void NoteUse(CRun& run, const CCommandArguments&) {
-  run.notedUse = {run.stage.host.Use(), run.stage.outlook.Held().size()};
+  run.notedUse = {run.stage.host.Use(), run.Held().size()};
 }
 
 void ExpectUse(CRun& run, const CCommandArguments& arguments) {

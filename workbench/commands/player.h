@@ -1,11 +1,12 @@
-#ifndef QUOR_WORKBENCH_HOST_PLAYER_H
-#define QUOR_WORKBENCH_HOST_PLAYER_H
+#ifndef QUOR_WORKBENCH_COMMANDS_PLAYER_H
+#define QUOR_WORKBENCH_COMMANDS_PLAYER_H
 
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "workbench/commands/run.h"
 #include "workbench/host/console.h"
 #include "workbench/host/message_loop.h"
 #include "workbench/host/thread_executor.h"
@@ -32,7 +33,7 @@ class CPlayer {
  private:
   void Open();
   void Close();
-  CRun NewRun(ITranscript& transcript);
+  CRun NewRun(CConsole& transcript);
   int PlayScenario(const std::vector<Statement>& statements);
   int Sweep(const std::vector<Statement>& statements);
   bool SweepRound(const std::vector<Statement>& statements, uint64_t call, bool& good);

@@ -1,7 +1,7 @@
-#ifndef QUOR_WORKBENCH_SCENARIO_COMMANDS_H
-#define QUOR_WORKBENCH_SCENARIO_COMMANDS_H
+#ifndef QUOR_WORKBENCH_COMMANDS_COMMANDS_H
+#define QUOR_WORKBENCH_COMMANDS_COMMANDS_H
 
-#include "workbench/scenario/command.h"
+#include "workbench/commands/command.h"
 
 namespace quor::workbench {
 
