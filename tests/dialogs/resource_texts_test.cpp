@@ -286,7 +286,7 @@ TEST(DialogTemplates, NoTextIsClippedInAnyLanguageAtAnyScale) {
   RECT large = {};
   GetClientRect(COpenDialog(stage, IDD_ABOUT).Window(), &usual);
   GetClientRect(COpenDialog(stage, IDD_ABOUT, 200).Window(), &large);
-  EXPECT_NEAR(large.right, 2 * usual.right, usual.right / 10);
+  EXPECT_NEAR(large.right, 2 * usual.right, usual.right / 10.0);
   for (const Language& language : kLanguages) {
     stage.Speak(language);
     for (const int percent : {100, 150, 200})
