@@ -5,7 +5,6 @@
 #include "tests/addin/shipped_addin.h"
 
 _COM_SMARTPTR_TYPEDEF(IClassFactory, IID_IClassFactory);
-_COM_SMARTPTR_TYPEDEF(ITypeInfo, IID_ITypeInfo);
 _COM_SMARTPTR_TYPEDEF(ITypeLib, IID_ITypeLib);
 
 namespace quor {
