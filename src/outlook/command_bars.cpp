@@ -16,8 +16,8 @@ constexpr IID kButtonId = OfficeId(0x000C030E);
 const IID kCommandBarButtonEvents = OfficeId(0x000C0351);
 const IID kCommandBarComboBoxEvents = OfficeId(0x000C0354);
 
-CCommandBarControl::CCommandBarControl(IDispatchPtr object)
-    : CDispatchObject(std::move(object), kControlId) {}
+CCommandBarControl::CCommandBarControl(const IDispatchPtr& object)
+    : CDispatchObject(object, kControlId) {}
 REFIID CCommandBarControl::InterfaceId() noexcept {
   return kControlId;
 }
@@ -53,8 +53,8 @@ void CCommandBarControl::Delete() const {
   CallMethod(member);
 }
 
-CCommandBarButton::CCommandBarButton(IDispatchPtr object)
-    : CCommandBarControl(std::move(object), kButtonId) {}
+CCommandBarButton::CCommandBarButton(const IDispatchPtr& object)
+    : CCommandBarControl(object, kButtonId) {}
 REFIID CCommandBarButton::InterfaceId() noexcept {
   return kButtonId;
 }
@@ -74,8 +74,8 @@ void CCommandBarButton::SetMask(IDispatch* mask) const {
   PutProperty(member, _variant_t(mask));
 }
 
-CCommandBarComboBox::CCommandBarComboBox(IDispatchPtr object)
-    : CCommandBarControl(std::move(object), kComboBoxId) {}
+CCommandBarComboBox::CCommandBarComboBox(const IDispatchPtr& object)
+    : CCommandBarControl(object, kComboBoxId) {}
 REFIID CCommandBarComboBox::InterfaceId() noexcept {
   return kComboBoxId;
 }
@@ -115,8 +115,8 @@ void CCommandBarComboBox::SetDropDownWidth(int32_t width) const {
   PutLong(member, width);
 }
 
-CCommandBarPopup::CCommandBarPopup(IDispatchPtr object)
-    : CCommandBarControl(std::move(object), kPopupId) {}
+CCommandBarPopup::CCommandBarPopup(const IDispatchPtr& object)
+    : CCommandBarControl(object, kPopupId) {}
 REFIID CCommandBarPopup::InterfaceId() noexcept {
   return kPopupId;
 }
@@ -126,8 +126,8 @@ CCommandBarControls CCommandBarPopup::Controls() const {
   return CCommandBarControls(ObjectFrom(GetProperty(member)));
 }
 
-CCommandBarControls::CCommandBarControls(IDispatchPtr object)
-    : CDispatchObject(std::move(object), kControlsId) {}
+CCommandBarControls::CCommandBarControls(const IDispatchPtr& object)
+    : CDispatchObject(object, kControlsId) {}
 REFIID CCommandBarControls::InterfaceId() noexcept {
   return kControlsId;
 }
@@ -139,7 +139,7 @@ IDispatchPtr CCommandBarControls::Add(long controlType) const {
       CallMethod(member, _variant_t(controlType), missing, missing, missing, _variant_t(true)));
 }
 
-CCommandBar::CCommandBar(IDispatchPtr object) : CDispatchObject(std::move(object), kCommandBarId) {}
+CCommandBar::CCommandBar(const IDispatchPtr& object) : CDispatchObject(object, kCommandBarId) {}
 REFIID CCommandBar::InterfaceId() noexcept {
   return kCommandBarId;
 }
@@ -214,8 +214,7 @@ int32_t CCommandBar::Height() const {
   return GetLong(member);
 }
 
-CCommandBars::CCommandBars(IDispatchPtr object)
-    : CDispatchObject(std::move(object), kCommandBarsId) {}
+CCommandBars::CCommandBars(const IDispatchPtr& object) : CDispatchObject(object, kCommandBarsId) {}
 REFIID CCommandBars::InterfaceId() noexcept {
   return kCommandBarsId;
 }

@@ -33,7 +33,7 @@ class CCommandBarControls;
 class CCommandBarControl : public CDispatchObject {
  public:
   CCommandBarControl() = default;
-  explicit CCommandBarControl(IDispatchPtr object);
+  explicit CCommandBarControl(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   void SetCaption(std::wstring_view caption) const;
@@ -50,7 +50,7 @@ class CCommandBarControl : public CDispatchObject {
 class CCommandBarButton : public CCommandBarControl {
  public:
   CCommandBarButton() = default;
-  explicit CCommandBarButton(IDispatchPtr object);
+  explicit CCommandBarButton(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   void SetStyle(int32_t style) const;
@@ -62,7 +62,7 @@ class CCommandBarButton : public CCommandBarControl {
 class CCommandBarComboBox : public CCommandBarControl {
  public:
   CCommandBarComboBox() = default;
-  explicit CCommandBarComboBox(IDispatchPtr object);
+  explicit CCommandBarComboBox(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   std::wstring Text() const;
@@ -78,7 +78,7 @@ class CCommandBarComboBox : public CCommandBarControl {
 class CCommandBarPopup : public CCommandBarControl {
  public:
   CCommandBarPopup() = default;
-  explicit CCommandBarPopup(IDispatchPtr object);
+  explicit CCommandBarPopup(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   CCommandBarControls Controls() const;
@@ -87,7 +87,7 @@ class CCommandBarPopup : public CCommandBarControl {
 class CCommandBarControls : public CDispatchObject {
  public:
   CCommandBarControls() = default;
-  explicit CCommandBarControls(IDispatchPtr object);
+  explicit CCommandBarControls(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   // Adds a temporary control at the end.
@@ -97,7 +97,7 @@ class CCommandBarControls : public CDispatchObject {
 class CCommandBar : public CDispatchObject {
  public:
   CCommandBar() = default;
-  explicit CCommandBar(IDispatchPtr object);
+  explicit CCommandBar(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   CCommandBarControls Controls() const;
@@ -119,7 +119,7 @@ class CCommandBar : public CDispatchObject {
 class CCommandBars : public CDispatchObject {
  public:
   CCommandBars() = default;
-  explicit CCommandBars(IDispatchPtr object);
+  explicit CCommandBars(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   // Adds a temporary bar, invisible until shown.

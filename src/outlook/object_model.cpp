@@ -18,7 +18,7 @@ constexpr IID kPropertyPagesId = OfficeId(0x00063080);
 constexpr IID kSelectionId = OfficeId(0x00063087);
 
 _variant_t Index(int32_t index) {
-  return _variant_t(static_cast<long>(index));
+  return {static_cast<long>(index)};
 }
 
 }  // namespace
@@ -32,8 +32,7 @@ const IID kExplorersEvents = OfficeId(0x00063078);
 const IID kInspectorsEvents = OfficeId(0x00063079);
 const IID kInspectorEvents = OfficeId(0x0006307D);
 
-CContactItem::CContactItem(IDispatchPtr object)
-    : CDispatchObject(std::move(object), kContactItemId) {}
+CContactItem::CContactItem(const IDispatchPtr& object) : CDispatchObject(object, kContactItemId) {}
 REFIID CContactItem::InterfaceId() noexcept {
   return kContactItemId;
 }
@@ -108,7 +107,7 @@ namespace {
 
 class CLinks : public CDispatchObject {
  public:
-  explicit CLinks(IDispatchPtr object) : CDispatchObject(std::move(object), IID_IDispatch) {}
+  explicit CLinks(const IDispatchPtr& object) : CDispatchObject(object, IID_IDispatch) {}
 
   void Add(const CContactItem& contact) const {
     static CMemberId member(L"Add");
@@ -118,8 +117,7 @@ class CLinks : public CDispatchObject {
 
 }  // namespace
 
-CJournalItem::CJournalItem(IDispatchPtr object)
-    : CDispatchObject(std::move(object), kJournalItemId) {}
+CJournalItem::CJournalItem(const IDispatchPtr& object) : CDispatchObject(object, kJournalItemId) {}
 REFIID CJournalItem::InterfaceId() noexcept {
   return kJournalItemId;
 }
@@ -159,7 +157,7 @@ void CJournalItem::Save() const {
   CallMethod(member);
 }
 
-CItems::CItems(IDispatchPtr object) : CDispatchObject(std::move(object), kItemsId) {}
+CItems::CItems(const IDispatchPtr& object) : CDispatchObject(object, kItemsId) {}
 REFIID CItems::InterfaceId() noexcept {
   return kItemsId;
 }
@@ -174,7 +172,7 @@ IDispatchPtr CItems::Item(int32_t index) const {
   return ObjectFrom(CallMethod(member, Index(index)));
 }
 
-CFolders::CFolders(IDispatchPtr object) : CDispatchObject(std::move(object), kFoldersId) {}
+CFolders::CFolders(const IDispatchPtr& object) : CDispatchObject(object, kFoldersId) {}
 REFIID CFolders::InterfaceId() noexcept {
   return kFoldersId;
 }
@@ -199,7 +197,7 @@ CFolder CFolders::GetPrevious() const {
   return CFolder(ObjectFrom(CallMethod(member)));
 }
 
-CFolder::CFolder(IDispatchPtr object) : CDispatchObject(std::move(object), kFolderId) {}
+CFolder::CFolder(const IDispatchPtr& object) : CDispatchObject(object, kFolderId) {}
 REFIID CFolder::InterfaceId() noexcept {
   return kFolderId;
 }
@@ -239,7 +237,7 @@ CFolders CFolder::Folders() const {
   return CFolders(ObjectFrom(GetProperty(member)));
 }
 
-CNameSpace::CNameSpace(IDispatchPtr object) : CDispatchObject(std::move(object), kNameSpaceId) {}
+CNameSpace::CNameSpace(const IDispatchPtr& object) : CDispatchObject(object, kNameSpaceId) {}
 REFIID CNameSpace::InterfaceId() noexcept {
   return kNameSpaceId;
 }
@@ -266,7 +264,7 @@ IDispatchPtr CNameSpace::GetItemFromId(std::wstring_view entryId, std::wstring_v
   return ObjectFrom(CallMethod(member, VariantFromText(entryId), VariantFromText(storeId)));
 }
 
-CSelection::CSelection(IDispatchPtr object) : CDispatchObject(std::move(object), kSelectionId) {}
+CSelection::CSelection(const IDispatchPtr& object) : CDispatchObject(object, kSelectionId) {}
 REFIID CSelection::InterfaceId() noexcept {
   return kSelectionId;
 }
@@ -281,7 +279,7 @@ IDispatchPtr CSelection::Item(int32_t index) const {
   return ObjectFrom(CallMethod(member, Index(index)));
 }
 
-CExplorer::CExplorer(IDispatchPtr object) : CDispatchObject(std::move(object), kExplorerId) {}
+CExplorer::CExplorer(const IDispatchPtr& object) : CDispatchObject(object, kExplorerId) {}
 REFIID CExplorer::InterfaceId() noexcept {
   return kExplorerId;
 }
@@ -301,7 +299,7 @@ CSelection CExplorer::Selection() const {
   return CSelection(ObjectFrom(GetProperty(member)));
 }
 
-CInspector::CInspector(IDispatchPtr object) : CDispatchObject(std::move(object), kInspectorId) {}
+CInspector::CInspector(const IDispatchPtr& object) : CDispatchObject(object, kInspectorId) {}
 REFIID CInspector::InterfaceId() noexcept {
   return kInspectorId;
 }
@@ -316,7 +314,7 @@ IDispatchPtr CInspector::CurrentItem() const {
   return ObjectFrom(GetProperty(member));
 }
 
-CExplorers::CExplorers(IDispatchPtr object) : CDispatchObject(std::move(object), kExplorersId) {}
+CExplorers::CExplorers(const IDispatchPtr& object) : CDispatchObject(object, kExplorersId) {}
 REFIID CExplorers::InterfaceId() noexcept {
   return kExplorersId;
 }
@@ -331,7 +329,7 @@ CExplorer CExplorers::Item(int32_t index) const {
   return CExplorer(ObjectFrom(CallMethod(member, Index(index))));
 }
 
-CInspectors::CInspectors(IDispatchPtr object) : CDispatchObject(std::move(object), kInspectorsId) {}
+CInspectors::CInspectors(const IDispatchPtr& object) : CDispatchObject(object, kInspectorsId) {}
 REFIID CInspectors::InterfaceId() noexcept {
   return kInspectorsId;
 }
@@ -341,8 +339,8 @@ int32_t CInspectors::Count() const {
   return GetLong(member);
 }
 
-COutlookApplication::COutlookApplication(IDispatchPtr object)
-    : CDispatchObject(std::move(object), kApplicationId) {}
+COutlookApplication::COutlookApplication(const IDispatchPtr& object)
+    : CDispatchObject(object, kApplicationId) {}
 REFIID COutlookApplication::InterfaceId() noexcept {
   return kApplicationId;
 }
@@ -372,8 +370,8 @@ IDispatchPtr COutlookApplication::CreateItem(int32_t itemType) const {
   return ObjectFrom(CallMethod(member, Index(itemType)));
 }
 
-CPropertyPages::CPropertyPages(IDispatchPtr object)
-    : CDispatchObject(std::move(object), kPropertyPagesId) {}
+CPropertyPages::CPropertyPages(const IDispatchPtr& object)
+    : CDispatchObject(object, kPropertyPagesId) {}
 REFIID CPropertyPages::InterfaceId() noexcept {
   return kPropertyPagesId;
 }

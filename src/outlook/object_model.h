@@ -51,7 +51,7 @@ inline constexpr DISPID kEventFolderRemove = 0xF003;
 class CContactItem : public CDispatchObject {
  public:
   CContactItem() = default;
-  explicit CContactItem(IDispatchPtr object);
+  explicit CContactItem(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   CText EntryId() const;  // empty until the contact is saved
@@ -73,7 +73,7 @@ int TelNumberTypeOf(std::wstring_view property);
 class CJournalItem : public CDispatchObject {
  public:
   CJournalItem() = default;
-  explicit CJournalItem(IDispatchPtr object);
+  explicit CJournalItem(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   void SetSubject(std::wstring_view subject) const;
@@ -89,7 +89,7 @@ class CJournalItem : public CDispatchObject {
 class CItems : public CDispatchObject {
  public:
   CItems() = default;
-  explicit CItems(IDispatchPtr object);
+  explicit CItems(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   int32_t Count() const;
@@ -103,7 +103,7 @@ class CFolder;
 class CFolders : public CDispatchObject {
  public:
   CFolders() = default;
-  explicit CFolders(IDispatchPtr object);
+  explicit CFolders(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   int32_t Count() const;
@@ -115,7 +115,7 @@ class CFolders : public CDispatchObject {
 class CFolder : public CDispatchObject {
  public:
   CFolder() = default;
-  explicit CFolder(IDispatchPtr object);
+  explicit CFolder(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   std::wstring EntryId() const;
@@ -131,7 +131,7 @@ class CFolder : public CDispatchObject {
 class CNameSpace : public CDispatchObject {
  public:
   CNameSpace() = default;
-  explicit CNameSpace(IDispatchPtr object);
+  explicit CNameSpace(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   CFolders Folders() const;  // one per store
@@ -144,7 +144,7 @@ class CNameSpace : public CDispatchObject {
 class CSelection : public CDispatchObject {
  public:
   CSelection() = default;
-  explicit CSelection(IDispatchPtr object);
+  explicit CSelection(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   int32_t Count() const;
@@ -154,7 +154,7 @@ class CSelection : public CDispatchObject {
 class CExplorer : public CDispatchObject {
  public:
   CExplorer() = default;
-  explicit CExplorer(IDispatchPtr object);
+  explicit CExplorer(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   IDispatchPtr CommandBars() const;
@@ -165,7 +165,7 @@ class CExplorer : public CDispatchObject {
 class CInspector : public CDispatchObject {
  public:
   CInspector() = default;
-  explicit CInspector(IDispatchPtr object);
+  explicit CInspector(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   IDispatchPtr CommandBars() const;
@@ -175,7 +175,7 @@ class CInspector : public CDispatchObject {
 class CExplorers : public CDispatchObject {
  public:
   CExplorers() = default;
-  explicit CExplorers(IDispatchPtr object);
+  explicit CExplorers(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   int32_t Count() const;
@@ -185,7 +185,7 @@ class CExplorers : public CDispatchObject {
 class CInspectors : public CDispatchObject {
  public:
   CInspectors() = default;
-  explicit CInspectors(IDispatchPtr object);
+  explicit CInspectors(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   int32_t Count() const;
@@ -194,7 +194,7 @@ class CInspectors : public CDispatchObject {
 class COutlookApplication : public CDispatchObject {
  public:
   COutlookApplication() = default;
-  explicit COutlookApplication(IDispatchPtr object);
+  explicit COutlookApplication(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   std::wstring Version() const;
@@ -208,7 +208,7 @@ class COutlookApplication : public CDispatchObject {
 class CPropertyPages : public CDispatchObject {
  public:
   CPropertyPages() = default;
-  explicit CPropertyPages(IDispatchPtr object);
+  explicit CPropertyPages(const IDispatchPtr& object);
   static REFIID InterfaceId() noexcept;
 
   void Add(IDispatch* page, std::wstring_view title) const;
