@@ -86,7 +86,7 @@ CContactItem COutlookContactDirectory::Open(std::string_view entryId) {
     const std::wstring store = nameSpace.GetDefaultFolder(kFolderContacts).StoreId();
     return OpenInStore(nameSpace, entryId, store);
   } catch (const _com_error&) {
-    return CContactItem();
+    return {};
   }
 }
 
@@ -105,12 +105,11 @@ std::optional<std::wstring> COutlookContactDirectory::PhoneNumber(std::string_vi
 CContactItem COutlookContactDirectory::Create(std::wstring_view number) {
   try {
     const COutlookApplication application = m_application;
-    const CContactItem contact =
-        QueryObject<CContactItem>(application.CreateItem(kItemTypeContact));
+    auto contact = QueryObject<CContactItem>(application.CreateItem(kItemTypeContact));
     if (contact) contact.SetTelephoneNumber(kBusinessNumber, number);
     return contact;
   } catch (const _com_error&) {
-    return CContactItem();
+    return {};
   }
 }
 

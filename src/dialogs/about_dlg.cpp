@@ -76,7 +76,7 @@ std::wstring CAboutDlg::ConfigurationText(const AboutFacts& facts) const {
 std::wstring CAboutDlg::LinkText(const AboutFacts& facts) const {
   const LinkHealth& link = facts.link;
   const uint32_t reconnections = link.connections > 0 ? link.connections - 1 : 0;
-  const std::wstring counts = InsertTexts(
+  std::wstring counts = InsertTexts(
       m_resources.Text(IDS_LINK_HEALTH),
       {DecimalText(link.framesRead), DecimalText(link.badStartBytes),
        DecimalText(link.unknownTypes), DecimalText(link.badDelimiters), DecimalText(link.overruns),

@@ -28,8 +28,9 @@ HRESULT CopyText(const std::wstring& text, BSTR* copy) noexcept {
 // object's answer.
 class CAccessible final : public CComObject<IAccessible, IEnumVARIANT, IOleWindow> {
  public:
-  CAccessible(IAccessiblePtr standard, long role, std::shared_ptr<const AccessibleTexts> texts)
-      : m_standard(std::move(standard)),
+  CAccessible(const IAccessiblePtr& standard, long role,
+              std::shared_ptr<const AccessibleTexts> texts)
+      : m_standard(standard),
         m_children(m_standard),
         m_window(m_standard),
         m_role(role),
@@ -171,7 +172,7 @@ std::optional<LRESULT> CAccessibleTexts::OnMessage(HWND window, UINT message, WP
                                        reinterpret_cast<void**>(&standard)))) {
     return std::nullopt;
   }
-  IAccessiblePtr own(new (std::nothrow) CAccessible(std::move(standard), m_role, m_texts), false);
+  IAccessiblePtr own(new (std::nothrow) CAccessible(standard, m_role, m_texts), false);
   if (own == nullptr) return std::nullopt;
   return LresultFromObject(__uuidof(IAccessible), wparam, own);
 }

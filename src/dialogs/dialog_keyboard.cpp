@@ -29,7 +29,7 @@ bool BeginsWith(HWND button, wchar_t letter) noexcept {
 // The pop-ups' button texts are fixed and have no "&": Alt and the first letter presses a button.
 bool PressByFirstLetter(HWND dialog, const MSG& message) noexcept {
   if (message.message != WM_SYSCHAR) return false;
-  wchar_t letter = static_cast<wchar_t>(message.wParam);
+  auto letter = static_cast<wchar_t>(message.wParam);
   CharUpperBuffW(&letter, 1);
   for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr;
        child = GetWindow(child, GW_HWNDNEXT)) {

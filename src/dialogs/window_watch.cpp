@@ -42,7 +42,7 @@ void Watch(HWND window, IWindowWatch& watch) {
   auto watched = std::make_unique<WatchedWindow>(
       WatchedWindow{reinterpret_cast<WNDPROC>(procedure), {&watch}});
   if (!SetPropW(window, kWatched, watched.get())) return;
-  watched.release();
+  static_cast<void>(watched.release());  // kept by the window
   SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Procedure));
 }
 

@@ -4,7 +4,7 @@
 
 // The linker's symbol for the first byte of this module's image, whose address is the module
 // handle. It makes a DllMain unnecessary.
-extern "C" IMAGE_DOS_HEADER __ImageBase;
+extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier)
 
 namespace quor {
 namespace {
@@ -20,7 +20,7 @@ HINSTANCE ModuleInstance() noexcept {
 std::wstring ModulePath() {
   std::wstring path(MAX_PATH, L'\0');
   for (;;) {
-    const DWORD size = static_cast<DWORD>(path.size());
+    const auto size = static_cast<DWORD>(path.size());
     const DWORD length = GetModuleFileNameW(ModuleInstance(), path.data(), size);
     if (length < size) {
       path.resize(length);

@@ -88,10 +88,10 @@ IXMLDOMElementPtr LoadRoot(std::span<const std::byte> bytes) {
   RestrictParser(document);
   VARIANT_BOOL loaded = VARIANT_FALSE;
   Check(document->load(BytesArgument(bytes), &loaded));
-  if (loaded == VARIANT_FALSE) return nullptr;
+  if (loaded == VARIANT_FALSE) return {};
   IXMLDOMDocumentTypePtr type;
   Check(document->get_doctype(&type));
-  if (type != nullptr) return nullptr;
+  if (type != nullptr) return {};
   IXMLDOMElementPtr root;
   Check(document->get_documentElement(&root));
   return root;

@@ -7,6 +7,7 @@
 
 namespace quor {
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a call out may release the caller's own.
 void CShownFace::Show(CCommandBarControl control, const ItemFace& face) {
   const std::optional<ItemFace> shown = std::exchange(m_shown, std::nullopt);
   if (!shown || shown->caption != face.caption) control.SetCaption(face.caption);

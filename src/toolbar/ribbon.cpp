@@ -158,7 +158,7 @@ HRESULT CRibbon::GetItemCount(IDispatch* control, long* count) noexcept {
 HRESULT CRibbon::GetItemLabel(IDispatch* control, long index, BSTR* label) noexcept {
   return Answer<BSTR>("GetItemLabel", label, nullptr, [&] {
     const bool asks = index >= 0 && ControlFrom(control).function == RibbonFunction::DialBox;
-    const size_t entry = static_cast<size_t>(index);
+    const auto entry = static_cast<size_t>(index);
     return BstrFromText(asks ? m_source.Faces().DialListItem(entry) : std::wstring()).Detach();
   });
 }
