@@ -4,7 +4,7 @@
 
 namespace quor::workbench {
 
-CCommandBarPopup::CCommandBarPopup(CModel& model, std::shared_ptr<CControlRegistry> registry,
+CCommandBarPopup::CCommandBarPopup(CModel& model, const std::shared_ptr<CControlRegistry>& registry,
                                    CCommandBar& bar)
     : CCommandBarControl(model, Members(), registry, bar, mso::kPopup),
       m_menu(MakeObject<CCommandBar>(model, registry, *bar.Owner(), *this)) {}

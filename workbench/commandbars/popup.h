@@ -9,7 +9,8 @@ namespace quor::workbench {
 // A drop-down menu. Its items are the controls of its own bar.
 class CCommandBarPopup final : public CCommandBarControl {
  public:
-  CCommandBarPopup(CModel& model, std::shared_ptr<CControlRegistry> registry, CCommandBar& bar);
+  CCommandBarPopup(CModel& model, const std::shared_ptr<CControlRegistry>& registry,
+                   CCommandBar& bar);
 
   ControlFace Face() const override;
   CCommandBar* Menu() const noexcept override { return m_menu.get(); }

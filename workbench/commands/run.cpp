@@ -23,7 +23,9 @@ std::string DefaultSettings(const std::map<std::string, std::string>& system) {
     std::string text;
     for (const std::string name : names) {
       const auto found = system.find(name);
-      if (found != system.end()) text += "<" + name + ">" + found->second + "</" + name + ">";
+      if (found == system.end()) continue;
+      text.append("<").append(name).append(">").append(found->second);
+      text.append("</").append(name).append(">");
     }
     return text;
   };

@@ -27,7 +27,7 @@ HKEY RootFromName(const std::string& key, size_t& rest) {
     rest = prefix.size();
     return root;
   }
-  throw CScenarioError("\"" + key + "\" does not begin with HKLM\\, HKCU\\ or HKCR\\");
+  throw CScenarioError("\"" + key + R"(" does not begin with HKLM\, HKCU\ or HKCR\)");
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ std::wstring SubkeyAt(HKEY key, DWORD index) {
 std::wstring OnlyAddIn(HKEY root) {
   HKEY key = nullptr;
   if (RegOpenKeyExW(root, kAddInsKey, 0, KEY_READ, &key) != ERROR_SUCCESS) return {};
-  const std::wstring found = SubkeyAt(key, 0);
+  std::wstring found = SubkeyAt(key, 0);
   const bool several = !SubkeyAt(key, 1).empty();
   RegCloseKey(key);
   if (several) {

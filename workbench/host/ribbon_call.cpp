@@ -41,11 +41,11 @@ CValue ForeignObject() {
 }
 
 CValue ControlOf(CModel& model, const std::string& id) {
-  if (id == "null") return CValue(static_cast<IDispatch*>(nullptr));
+  if (id == "null") return {static_cast<IDispatch*>(nullptr)};
   if (id == "foreign") return ForeignObject();
   const auto control =
       MakeObject<CRibbonControl>(model, WideFromUtf8(id), L"", CModelPtr<CAutomation>());
-  return CValue(control.get());
+  return {control.get()};
 }
 
 // The arguments in the order of DISPPARAMS, passed in the form that the call requests.

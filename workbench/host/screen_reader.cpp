@@ -26,7 +26,7 @@ std::string ReadText(HWND window, TextProperty property) {
   V_I4(&self) = CHILDID_SELF;
   BSTR text = nullptr;
   const bool isRead = (object->*property)(self, &text) == S_OK && text != nullptr;
-  const std::string read = isRead ? Utf8FromWide(text) : "";
+  std::string read = isRead ? Utf8FromWide(text) : "";
   SysFreeString(text);
   object->Release();
   return read;
@@ -66,7 +66,7 @@ std::string TooltipOver(HWND control) {
   HWND tooltip = nullptr;
   while ((tooltip = FindWindowExW(nullptr, tooltip, TOOLTIPS_CLASSW, nullptr)) != nullptr) {
     if (GetWindow(tooltip, GW_OWNER) != window) continue;
-    const std::string text = TextAt(tooltip, window, middle);
+    std::string text = TextAt(tooltip, window, middle);
     if (!text.empty()) return text;
   }
   return "";

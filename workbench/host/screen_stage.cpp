@@ -29,6 +29,7 @@ ControlView ViewOf(const ControlFace& face) {
 
 std::vector<std::wstring> WidePath(const std::vector<std::string>& path) {
   std::vector<std::wstring> wide;
+  wide.reserve(path.size());
   for (const std::string& part : path)
     wide.push_back(WideFromUtf8(part));
   return wide;
@@ -145,7 +146,7 @@ void CScreenStage::ShowScale(int scale) {
 }
 
 std::string CScreenStage::Picture(const PictureOrder& order) {
-  const std::string path = PicturePath(order.name);
+  std::string path = PicturePath(order.name);
   const COfficeFace::WindowPtr window = WindowOf(order.inspector);
   ShowScale(order.scale);
   window->OpenMenu(WidePath(order.menu));

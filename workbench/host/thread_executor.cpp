@@ -50,7 +50,7 @@ LRESULT CALLBACK CThreadExecutor::WindowProcedure(HWND window, UINT message, WPA
 }
 
 CThreadExecutor::JobPtr CThreadExecutor::Post(std::function<void()> action) {
-  const auto job = std::make_shared<Job>();
+  auto job = std::make_shared<Job>();
   job->action = std::move(action);
   job->finished = CreateEventW(nullptr, TRUE, FALSE, nullptr);
   PostMessageW(m_window, kRunJob, 0, reinterpret_cast<LPARAM>(new JobPtr(job)));

@@ -58,13 +58,13 @@ std::string Hexadecimal(HRESULT code) {
 CValue EmptyLike(const CValue& value) {
   switch (V_VT(&value.Get())) {
     case VT_BSTR:
-      return CValue(L"");
+      return {L""};
     case VT_I4:
-      return CValue(0);
+      return {0};
     case VT_BOOL:
-      return CValue(false);
+      return {false};
     default:
-      return CValue(static_cast<IDispatch*>(nullptr));
+      return {static_cast<IDispatch*>(nullptr)};
   }
 }
 

@@ -144,13 +144,10 @@ HRESULT CEventSource::Unadvise(size_t interfaceIndex, DWORD cookie) {
   }
 }
 
-void CEventSource::Fire(const wchar_t* event, std::vector<CValue> arguments) {
+void CEventSource::Fire(const wchar_t* event, const std::vector<CValue>& arguments) {
   const CModelPtr<CEventSource> self(this);
   std::string summary;
-  std::vector<VARIANT> reversed;
-  for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) {
-    reversed.push_back(argument->Get());
-  }
+  std::vector<VARIANT> reversed = ReversedArguments(arguments);
   if (Model().IsObserved()) {
     for (const CValue& argument : arguments) {
       if (!summary.empty()) summary += ", ";
@@ -171,7 +168,7 @@ void CEventSource::Fire(const wchar_t* event, std::vector<CValue> arguments) {
 bool CEventSource::FireCancellable(const wchar_t* event, std::vector<CValue> arguments) {
   VARIANT_BOOL cancel = VARIANT_FALSE;
   arguments.push_back(CValue::Reference(cancel));
-  Fire(event, std::move(arguments));
+  Fire(event, arguments);
   return cancel != VARIANT_FALSE;
 }
 

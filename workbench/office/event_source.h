@@ -28,7 +28,7 @@ class CEventSource : public CAutomation, public IConnectionPointContainer {
   // Delivers an event, by its published name, to every sink that is still advised when its turn
   // comes. Arguments in the order of declaration. Meanwhile sinks may advise, unadvise, release the
   // source or call it.
-  void Fire(const wchar_t* event, std::vector<CValue> arguments = {});
+  void Fire(const wchar_t* event, const std::vector<CValue>& arguments = {});
   // The same for an event whose last argument is a Cancel flag; true if a sink set it.
   bool FireCancellable(const wchar_t* event, std::vector<CValue> arguments = {});
 

@@ -49,8 +49,8 @@ void CFolder::OnGone() noexcept {
 
 CValue CFolder::Parent() {
   FolderNode* parent = Node().parent;
-  if (parent == nullptr) return CValue(&Session().NameSpace());
-  return CValue(Session().FolderObject(*parent).get());
+  if (parent == nullptr) return {&Session().NameSpace()};
+  return {Session().FolderObject(*parent).get()};
 }
 
 void CFolder::CheckAnswers(Store::Refusal question) const {
@@ -80,8 +80,8 @@ void CFolders::OnGone() noexcept {
 
 CValue CFolders::Parent() {
   if (m_gone) throw CModelError(kObjectDeleted);
-  if (m_node == nullptr) return CValue(&Session().NameSpace());
-  return CValue(Session().FolderObject(*m_node).get());
+  if (m_node == nullptr) return {&Session().NameSpace()};
+  return {Session().FolderObject(*m_node).get()};
 }
 
 size_t CFolders::Size() {
@@ -99,7 +99,7 @@ CValue CFolders::At(size_t position) {
   if (m_node == nullptr && node.store->refusal == Store::Refusal::Item) {
     throw CModelError(node.store->refusalCode);
   }
-  return CValue(Session().FolderObject(node).get());
+  return {Session().FolderObject(node).get()};
 }
 
 CItems::CItems(CSession& session, FolderNode& node)
@@ -127,11 +127,11 @@ void CItems::OnGone() noexcept {
 }
 
 CValue CItems::Parent() {
-  return CValue(Session().FolderObject(Node()).get());
+  return {Session().FolderObject(Node()).get()};
 }
 
 CValue CItems::At(size_t position) {
-  return CValue(Session().ItemObject(Node().items[position]).get());
+  return {Session().ItemObject(Node().items[position]).get()};
 }
 
 std::wstring CItems::NameAt(size_t position) {

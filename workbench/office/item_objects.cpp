@@ -148,7 +148,7 @@ CValue CItem::Parent() {
   FolderNode* folder = m_item->folder;
   if (m_new) folder = Session().Mailbox().FolderById(m_homeId, {});
   if (folder == nullptr) throw CModelError(kObjectDeleted, "The item has been deleted.");
-  return CValue(Session().FolderObject(*folder).get());
+  return {Session().FolderObject(*folder).get()};
 }
 
 CValue CItem::Start() {
@@ -178,7 +178,7 @@ const CMemberTable& CLinks::Members() {
 }
 
 CValue CLinks::At(size_t position) {
-  return CValue(MakeObject<CLink>(Session().Model(), m_item->links[position]).get());
+  return {MakeObject<CLink>(Session().Model(), m_item->links[position]).get()};
 }
 
 CValue CLinks::Add(const CArguments& arguments) {

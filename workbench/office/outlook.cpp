@@ -174,7 +174,7 @@ void COutlook::MoveFolder(const std::string& path, const std::string& parent) {
 }
 
 CModelPtr<CExplorer> COutlook::OpenExplorer(const std::string& folder) {
-  const CModelPtr<CExplorer> explorer = m_session->OpenExplorer(FindFolder(folder));
+  CModelPtr<CExplorer> explorer = m_session->OpenExplorer(FindFolder(folder));
   m_session->ShowExplorer(*explorer);
   return explorer;
 }
@@ -202,6 +202,7 @@ bool COutlook::SwitchFolder(const std::string& folder) {
 
 void COutlook::Select(const std::vector<std::string>& items) {
   std::vector<StoredItemPtr> found;
+  found.reserve(items.size());
   for (const std::string& item : items)
     found.push_back(FindItem(item));
   ActiveExplorer().Select(std::move(found));

@@ -20,7 +20,7 @@ const CMemberTable& COutlookObject::CommonMembers() {
 }
 
 CValue COutlookObject::Parent() {
-  return CValue(&m_session.Application());
+  return {&m_session.Application()};
 }
 
 size_t PositionFromIndex(long index, size_t count) {

@@ -210,7 +210,7 @@ void CSession::LeaveFolder(const FolderNode& folder) {
 }
 
 CModelPtr<CExplorer> CSession::OpenExplorer(FolderNode& folder) {
-  const CModelPtr<CExplorer> explorer = MakeObject<CExplorer>(*this, folder);
+  CModelPtr<CExplorer> explorer = MakeObject<CExplorer>(*this, folder);
   m_explorerWindows.push_back(explorer);
   m_explorers->Fire(L"NewExplorer", {CValue(explorer.get())});
   return explorer;

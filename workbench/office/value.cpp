@@ -1,5 +1,7 @@
 #include "workbench/office/value.h"
 
+#include <algorithm>
+#include <iterator>
 #include <new>
 
 namespace quor::workbench {
@@ -77,11 +79,17 @@ VARIANT CValue::Detach() noexcept {
   return value;
 }
 
+std::vector<VARIANT> ReversedArguments(const std::vector<CValue>& arguments) {
+  std::vector<VARIANT> reversed;
+  reversed.reserve(arguments.size());
+  std::transform(arguments.rbegin(), arguments.rend(), std::back_inserter(reversed),
+                 [](const CValue& argument) { return argument.Get(); });
+  return reversed;
+}
+
 HRESULT InvokeLate(IDispatch& object, DISPID id, WORD flags, const std::vector<CValue>& arguments,
                    VARIANT* result) {
-  std::vector<VARIANT> reversed;
-  for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
-    reversed.push_back(argument->Get());
+  std::vector<VARIANT> reversed = ReversedArguments(arguments);
   DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
   EXCEPINFO exception = {};
   const HRESULT code = object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, result,

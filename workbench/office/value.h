@@ -84,6 +84,9 @@ class CValue {
   VARIANT m_value;
 };
 
+// The arguments as DISPPARAMS has them: the last first. They borrow from `arguments`.
+std::vector<VARIANT> ReversedArguments(const std::vector<CValue>& arguments);
+
 // Calls a member late-bound, arguments in the order of declaration. For an exception the result is
 // its code; its texts are dropped. `result` may be null.
 HRESULT InvokeLate(IDispatch& object, DISPID id, WORD flags, const std::vector<CValue>& arguments,

@@ -147,7 +147,7 @@ void CSelection::OnGone() noexcept {
 }
 
 CValue CSelection::At(size_t position) {
-  return CValue(Session().ItemObject(m_items[position]).get());
+  return {Session().ItemObject(m_items[position]).get()};
 }
 
 std::wstring CSelection::NameAt(size_t position) {
@@ -164,7 +164,7 @@ const CMemberTable& CExplorers::Members() {
 }
 
 CValue CExplorers::At(size_t position) {
-  return CValue(Session().ExplorerWindows()[position].get());
+  return {Session().ExplorerWindows()[position].get()};
 }
 
 std::wstring CExplorers::NameAt(size_t position) {
@@ -181,7 +181,7 @@ const CMemberTable& CInspectors::Members() {
 }
 
 CValue CInspectors::At(size_t position) {
-  return CValue(Session().InspectorWindows()[position].get());
+  return {Session().InspectorWindows()[position].get()};
 }
 
 std::wstring CInspectors::NameAt(size_t position) {

@@ -95,7 +95,7 @@ class CSelection final : public CCollection {
   CSelection(CSession& session, CExplorer& explorer);
 
  protected:
-  CValue Parent() override { return CValue(m_explorer.get()); }
+  CValue Parent() override { return {m_explorer.get()}; }
   size_t Size() override { return m_items.size(); }
   CValue At(size_t position) override;
   std::wstring NameAt(size_t position) override;

@@ -85,6 +85,7 @@ class CDocumentReader {
       std::string getter = "get" + name;
       getter[3] = static_cast<char>(std::toupper(static_cast<unsigned char>(getter[3])));
       if (node.Has(getter)) {
+        // NOLINTNEXTLINE(performance-inefficient-string-concatenation): ends the loop
         throw CXmlError(node.element + ' ' + node.id + " has both " + name + " and " + getter);
       }
       if (node.id.empty() && (name == "onAction" || name.starts_with("get"))) {

@@ -28,7 +28,7 @@ constexpr size_t kShortestFrame = 5;
 
 // The two hexadecimal digits after a prefix.
 std::string HexAfter(const std::string& line, std::string_view prefix) {
-  const std::string digits = line.substr(std::min(prefix.size(), line.size()), 2);
+  std::string digits = line.substr(std::min(prefix.size(), line.size()), 2);
   uint8_t value = 0;
   if (!ParseHexByte(digits, value)) throw CScenarioError("not two hexadecimal digits: " + line);
   return digits;

@@ -23,6 +23,10 @@ HBITMAP BitmapOf(IPictureDisp* picture) noexcept {
   return isBitmap ? reinterpret_cast<HBITMAP>(static_cast<ULONG_PTR>(handle)) : nullptr;
 }
 
+size_t IndexOf(const Pixels& pixels, int x, int y) {
+  return static_cast<size_t>(y) * static_cast<size_t>(pixels.width) + static_cast<size_t>(x);
+}
+
 // The unchanged bits, with alpha if the bitmap has 32 bits.
 Pixels RawPixels(HBITMAP bitmap) {
   BITMAP header = {};
@@ -103,9 +107,8 @@ PixelsPtr MaskedPixels(IPictureDisp* picture, IPictureDisp* mask) {
   for (int y = 0; y < pixels.height; ++y) {
     for (int x = 0; x < pixels.width; ++x) {
       const bool covered = x < shape.width && y < shape.height;
-      const uint32_t white =
-          covered ? shape.colours[static_cast<size_t>(y * shape.width + x)] & kColour : 0;
-      uint32_t& colour = pixels.colours[static_cast<size_t>(y * pixels.width + x)];
+      const uint32_t white = covered ? shape.colours[IndexOf(shape, x, y)] & kColour : 0;
+      uint32_t& colour = pixels.colours[IndexOf(pixels, x, y)];
       colour = white == kColour ? 0 : colour | kOpaque;
     }
   }
