@@ -33,7 +33,7 @@ class CApartmentsTest : public CShippedAddinTest {
 };
 
 HRESULT CallGetLabel(IDispatch* callbacks, IDispatch* control) {
-  LPOLESTR name = const_cast<LPOLESTR>(L"GetLabel");
+  auto name = const_cast<LPOLESTR>(L"GetLabel");
   DISPID id = DISPID_UNKNOWN;
   HRESULT code = callbacks->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
   if (FAILED(code)) return code;

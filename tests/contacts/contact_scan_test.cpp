@@ -208,8 +208,8 @@ class CStage {
         if (!number.empty()) index.AddContactSearchData(number, item->entryId, type, "");
       }
     }
-    for (auto subfolder = folder.folders.rbegin(); subfolder != folder.folders.rend(); ++subfolder)
-      Walk(**subfolder, index);
+    std::for_each(folder.folders.rbegin(), folder.folders.rend(),
+                  [&](const auto& subfolder) { Walk(*subfolder, index); });
   }
 
   void ExpectIndexOfWhatIsThere() {

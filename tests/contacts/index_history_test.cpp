@@ -127,7 +127,9 @@ class CHistory {
   }
 
   void ChangeContact() {
-    auto& [entryId, contact] = AnyContact();
+    auto& known = AnyContact();
+    const std::string& entryId = known.first;
+    auto& contact = known.second;
     for (unsigned changes = Below(4); changes > 0; --changes) {
       contact.numbers[1 + Below(12)] = Below(4) == 0 ? "" : AnyNumber();
     }
@@ -150,12 +152,12 @@ class CHistory {
     const std::string entryId = Below(50) == 0 ? "" : AnyContact().first;
     const int type = AnyType();
     const std::string number = AnyNumber();
-    const auto [digit, key] = AnyKey();
+    const TableKey table = AnyKey();
     const bool isOneKey = Below(4) == 0;
     for (unsigned times = Below(30) == 0 ? 70 : 1; times > 0; --times) {
       Both([&](auto& index) {
         if (isOneKey) {
-          index.InsertContactSearchData(digit, key, entryId, type, "");
+          index.InsertContactSearchData(table.digit, table.key, entryId, type, "");
         } else {
           index.AddContactSearchData(number, entryId, type, "");
         }
@@ -166,13 +168,13 @@ class CHistory {
   void DeleteSomething() {
     const std::string entryId = AnyContact().first;
     const int type = AnyType();
-    const auto [digit, key] = AnyKey();
+    const TableKey table = AnyKey();
     const bool isWholeContact = Below(2) == 0;
     Both([&](auto& index) {
       if (isWholeContact) {
         index.DeleteContactSearchDataByEntryID(entryId, type);
       } else {
-        index.DeleteContactSearchData(digit, key, entryId, type);
+        index.DeleteContactSearchData(table.digit, table.key, entryId, type);
       }
     });
   }

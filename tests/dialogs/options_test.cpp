@@ -101,7 +101,7 @@ TEST(AboutBox, SaysWhatKeepsTheSettingsAndTheLibraryAway) {
   CDialogStage stage;
   CNoActions actions;
   CAboutDlg about(stage.host, actions);
-  const auto trouble = [&](AboutFacts facts) {
+  const auto trouble = [&](const AboutFacts& facts) {
     about.Open(stage.outlook, facts);
     return TextOf(VisibleDialog(), IDC_ABOUT_CONFIGURATION_STATE);
   };

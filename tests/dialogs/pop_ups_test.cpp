@@ -34,7 +34,7 @@ class CallerWindow : public testing::Test {
  protected:
   CallerWindow() { m_window.SetOutlookWindow(m_stage.outlook); }
 
-  void Ring(int slot, CallerValue name = {L"Müller & Söhne", 0}) {
+  void Ring(int slot, const CallerValue& name = {L"Müller & Söhne", 0}) {
     m_window.Create();
     m_window.Fill(name, {L"5551234", 0}, slot);
     m_window.Show();
@@ -256,7 +256,7 @@ TEST_F(CallerWindow, LogsWhatItCannotShow) {
 }
 
 std::wstring Taken(HRESULT result, BSTR text) {
-  const std::wstring taken(result == S_OK && text != nullptr ? text : L"");
+  std::wstring taken(result == S_OK && text != nullptr ? text : L"");
   SysFreeString(text);
   return taken;
 }
@@ -278,7 +278,7 @@ std::wstring DescriptionOf(IAccessible& accessible) {
 class SpokenCallerWindow : public CallerWindow {
  protected:
   SpokenCallerWindow() { CoInitialize(nullptr); }
-  ~SpokenCallerWindow() {
+  ~SpokenCallerWindow() override {
     m_window.Destroy();
     CoUninitialize();
   }

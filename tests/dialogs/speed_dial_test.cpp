@@ -11,7 +11,7 @@ namespace {
 struct CStore final : ISpeedDialStore {
   void SetEntry(size_t index, const SpeedDialEntry& entry) override {
     if (refuses) throw 1;
-    saved.push_back({index, entry});
+    saved.emplace_back(index, entry);
   }
   void EraseEntry(size_t index) override {
     erased.push_back(index);

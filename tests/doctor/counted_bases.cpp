@@ -22,7 +22,8 @@ int WINAPI SI_GetNumDevices(LPDWORD count) {
 }
 
 int WINAPI SI_GetProductString(DWORD, LPVOID text, DWORD) {
-  std::strcpy(static_cast<char*>(text), "Cordless base");
+  constexpr char kProduct[] = "Cordless base";
+  std::memcpy(text, kProduct, sizeof kProduct);
   return 0;
 }
 

@@ -39,7 +39,7 @@ TEST(LogFile, AppendsStampedLinesToTheFileOfTheDay) {
   log.SetEnabled(true);
   log.Write("first\n");
   log.Print("%s %d", "second", 2);
-  const std::string stamp = "\\d\\d\\d\\d/\\d\\d/\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d\\d\\d ";
+  const std::string stamp = R"(\d\d\d\d/\d\d/\d\d \d\d:\d\d:\d\d\.\d\d\d )";
   EXPECT_THAT(Content(path), testing::MatchesRegex(stamp + "first\r\n" + stamp + "second 2"));
 }
 

@@ -118,12 +118,14 @@ TEST_F(CConfigurationFileTest, ReadsBackWhateverItSaves) {
 
 TEST_F(CConfigurationFileTest, ReadsForeignButSoundFiles) {
   const std::string french = kFrenchSystem;
+  const std::string mixed =
+      "<Root><!-- c --><?pi?><System a='b'><LanguageNo><!-- 2 --><![CDATA[1]]>2</LanguageNo>"
+      "</System></Root>";
   const std::string sound[] = {
       "<Root>" + french + "</Root>",
       "\xef\xbb\xbf<Root>" + french + "</Root>",
       "<?xml version='1.0' encoding='iso-8859-1'?><Root><x>\xe9</x>" + french + "</Root>",
-      "<Root><!-- c --><?pi?><System a='b'><LanguageNo><!-- 2 --><![CDATA[1]]>2</LanguageNo>"
-      "</System></Root>",
+      mixed,
       "<Root>" + Repeat("<a>", 100) + Repeat("</a>", 100) + french + "</Root>",
       "<Root>" + Repeat("<a/>", 30000) + french + "</Root>",
   };

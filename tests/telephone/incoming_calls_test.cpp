@@ -142,7 +142,7 @@ TEST(CallerWindow, SaysWhyAValueIsMissing) {
                                {IDS_UNAVAILABLE_NAME_AND_NUMBER, IDS_UNAVAILABLE_NAME_AND_NUMBER},
                                {IDS_COIN_PHONE, IDS_COIN_PHONE},
                                {IDS_UNKNOWN, IDS_UNKNOWN}};
-  for (uint8_t code = 0; code < std::size(kTexts); ++code) {
+  for (uint8_t code = 0; code < uint8_t{std::size(kTexts)}; ++code) {
     EXPECT_EQ(WithheldNumberText(code, false), kTexts[code][0]) << +code;
     EXPECT_EQ(WithheldNameText(code, false), kTexts[code][1]) << +code;
     EXPECT_EQ(WithheldNumberText(code, true), code == 0 ? IDS_LONG_DISTANCE : kTexts[code][0])

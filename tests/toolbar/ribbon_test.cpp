@@ -69,7 +69,7 @@ class Ribbon : public testing::Test, public CBarStage {
   IDispatchPtr Image(const wchar_t* id) {
     IDispatch* picture = nullptr;
     EXPECT_EQ(m_ribbon.GetImage(ControlOf(id).get(), &picture), S_OK);
-    return IDispatchPtr(picture, false);
+    return {picture, false};
   }
 
   CNoContacts m_contacts;

@@ -24,6 +24,7 @@ TEST_F(CEngineTest, TellsWhatIsHeldFromOutsideAndOnlyThat) {
   EXPECT_THAT(Outlook().Held(), IsEmpty());
   {
     const CRemote items = Contacts().Object(L"Items");
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the second reference
     const CRemote again = items;
     const CRemote contact = items.Object(L"Item", {CValue(3)});
     EXPECT_THAT(Outlook().Held(), ElementsAre("ContactItem Bob 1", "Items Contacts 2"));

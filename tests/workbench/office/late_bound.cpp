@@ -20,16 +20,14 @@ CRemote::~CRemote() {
 }
 
 DISPID CRemote::IdOf(const wchar_t* member) const {
-  LPOLESTR name = const_cast<LPOLESTR>(member);
+  auto name = const_cast<LPOLESTR>(member);
   DISPID id = DISPID_UNKNOWN;
   lastCode = m_object->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
   return id;
 }
 
-CValue CRemote::Invoke(DISPID id, WORD flags, std::vector<CValue> arguments) const {
-  std::vector<VARIANT> reversed;
-  for (auto one = arguments.rbegin(); one != arguments.rend(); ++one)
-    reversed.push_back(one->Get());
+CValue CRemote::Invoke(DISPID id, WORD flags, const std::vector<CValue>& arguments) const {
+  std::vector<VARIANT> reversed = ReversedArguments(arguments);
   DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
   DISPID put = DISPID_PROPERTYPUT;
   if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) {
@@ -49,10 +47,10 @@ CValue CRemote::Invoke(DISPID id, WORD flags, std::vector<CValue> arguments) con
   return value;
 }
 
-CValue CRemote::Call(const wchar_t* member, std::vector<CValue> arguments) const {
+CValue CRemote::Call(const wchar_t* member, const std::vector<CValue>& arguments) const {
   const DISPID id = IdOf(member);
   if (FAILED(lastCode)) return {};
-  return Invoke(id, DISPATCH_METHOD | DISPATCH_PROPERTYGET, std::move(arguments));
+  return Invoke(id, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments);
 }
 
 CValue CRemote::Get(const wchar_t* member) const {

@@ -27,13 +27,13 @@ class CRemote {
   explicit operator bool() const noexcept { return m_object != nullptr; }
 
   // Calls a method or reads a property. LastCode returns the result of a failure.
-  CValue Call(const wchar_t* member, std::vector<CValue> arguments = {}) const;
+  CValue Call(const wchar_t* member, const std::vector<CValue>& arguments = {}) const;
   CValue Get(const wchar_t* member) const;
   CValue Put(const wchar_t* member, CValue value, WORD flags = DISPATCH_PROPERTYPUT) const;
-  CValue Invoke(DISPID id, WORD flags, std::vector<CValue> arguments) const;
+  CValue Invoke(DISPID id, WORD flags, const std::vector<CValue>& arguments) const;
 
-  CRemote Object(const wchar_t* member, std::vector<CValue> arguments = {}) const {
-    return CRemote(Call(member, std::move(arguments)));
+  CRemote Object(const wchar_t* member, const std::vector<CValue>& arguments = {}) const {
+    return CRemote(Call(member, arguments));
   }
   std::wstring Text(const wchar_t* member) const {
     return WideFromBstr(V_BSTR(&Get(member).Get()));

@@ -56,7 +56,7 @@ class CContent final : public IWindowContent {
   void SelectRow(size_t) override {}
   void OpenRow(size_t) override {}
   void PressPanelButton(int) override {}
-  void Close() override { done.push_back("close"); }
+  void Close() override { done.emplace_back("close"); }
 };
 
 class MainWindow : public testing::Test {
