@@ -245,13 +245,6 @@ void CMailbox::RemoveFolder(FolderNode& folder) {
                 [&folder](const auto& one) { return one.get() == &folder; });
 }
 
-StoredItemPtr CMailbox::AddItem(FolderNode& folder, ItemType type) {
-  auto item = std::make_shared<StoredItem>();
-  item->type = type;
-  InsertItem(folder, item);
-  return item;
-}
-
 void CMailbox::InsertItem(FolderNode& folder, const StoredItemPtr& item) {
   if (item->entryId.empty()) item->entryId = NewEntryId(*folder.store);
   item->folder = &folder;

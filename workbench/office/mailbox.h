@@ -125,7 +125,6 @@ class CMailbox {
                   FolderNode& parent);    // throws if `parent` lies inside `folder`
   void RemoveFolder(FolderNode& folder);  // permanently, with its contents
 
-  StoredItemPtr AddItem(FolderNode& folder, ItemType type);
   void InsertItem(FolderNode& folder, const StoredItemPtr& item);  // assigns the id if it has none
   void MoveItem(const StoredItemPtr& item, FolderNode& folder);
   void RemoveItem(const StoredItemPtr& item);  // permanently
