@@ -197,6 +197,7 @@ TEST_F(PageInOutlook, KeepsTheKeysThatAreItsOwn) {
   EXPECT_TRUE(Uses(WM_KEYDOWN, VK_ESCAPE)) << "closes the list";
   SetFocus(Control(IDC_OPTIONS_ABOUT));
   EXPECT_FALSE(Uses(WM_KEYDOWN, VK_TAB));
+  EXPECT_EQ(m_site->UnusedKeys(), 4);
 
   // The keyboard goes elsewhere and returns.
   IOleInPlaceObjectPtr(m_page)->UIDeactivate();

@@ -15,6 +15,11 @@ STDMETHODIMP CPageSite::QueryInterface(REFIID iid, void** object) {
   return COutlookObject::QueryInterface(iid, object);
 }
 
+STDMETHODIMP CPageSite::TranslateAccelerator(LPMSG, DWORD) {
+  ++m_unusedKeys;
+  return S_FALSE;
+}
+
 void* CPageSite::OtherInterface(REFIID iid) {
   if (iid == IID_IOleClientSite) return static_cast<IOleClientSite*>(this);
   if (iid == IID_IOleInPlaceSite || iid == IID_IOleWindow) {

@@ -33,6 +33,8 @@ class CPageSite final : public COutlookObject,
   // The dialog closes: no call reaches it any more.
   void Leave() noexcept { m_frame = nullptr; }
   bool IsActive() const noexcept { return m_active; }
+  // How many keys the page has left to the dialog.
+  int UnusedKeys() const noexcept { return m_unusedKeys; }
 
   STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
   STDMETHODIMP_(ULONG) AddRef() override { return AddOutside(); }
@@ -80,8 +82,7 @@ class CPageSite final : public COutlookObject,
   STDMETHODIMP LockInPlaceActive(BOOL) override { return E_NOTIMPL; }
   STDMETHODIMP GetExtendedControl(IDispatch** control) override;
   STDMETHODIMP TransformCoords(POINTL*, POINTF*, DWORD) override { return E_NOTIMPL; }
-  // The page does not use the key: leave it to the dialog.
-  STDMETHODIMP TranslateAccelerator(LPMSG, DWORD) override { return S_FALSE; }
+  STDMETHODIMP TranslateAccelerator(LPMSG message, DWORD modifiers) override;
   STDMETHODIMP OnFocus(BOOL) override { return S_OK; }
   STDMETHODIMP ShowPropertyFrame() override { return E_NOTIMPL; }
 
@@ -94,6 +95,7 @@ class CPageSite final : public COutlookObject,
 
   IPageFrame* m_frame;
   bool m_active = false;
+  int m_unusedKeys = 0;
 };
 
 }  // namespace quor::workbench
