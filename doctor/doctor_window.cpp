@@ -68,6 +68,8 @@ class CDoctorWindow {
   void Prepare(HWND window) {
     m_window = window;
     SetWindowTextW(window, kTitle);
+    SetIcon(ICON_BIG, SM_CXICON, SM_CYICON);
+    SetIcon(ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
     SetDlgItemTextW(window, IDC_MEND, Texts().mend);
     SetDlgItemTextW(window, IDC_AGAIN, Texts().again);
     SetDlgItemTextW(window, IDC_REPORT, Texts().report);
@@ -77,6 +79,14 @@ class CDoctorWindow {
     m_smallest = {whole.right - whole.left, whole.bottom - whole.top};
     m_client = ClientSize();
     Look();
+  }
+
+  // LR_SHARED: Windows destroys the icon with the process.
+  void SetIcon(WPARAM kind, int widthMetric, int heightMetric) const {
+    HANDLE icon = LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_TELEPHONE), IMAGE_ICON,
+                             GetSystemMetrics(widthMetric), GetSystemMetrics(heightMetric),
+                             LR_SHARED);
+    SendMessageW(m_window, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
   }
 
   POINT ClientSize() const {

@@ -2,6 +2,7 @@
 #define QUOR_DOCTOR_RESOURCE_IDS_H
 
 // Used by C++ and the resource compiler.
+#define IDI_TELEPHONE 1  // the lowest: Explorer shows it for the program
 #define IDD_DOCTOR 100
 #define IDC_FINDINGS 101
 #define IDC_MEND 102

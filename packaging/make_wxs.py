@@ -4,7 +4,7 @@
   make_wxs.py x64|x86 VERSION STAGE RGS... >package.wxs
 
 The registry tables are generated from the DLL's own registration scripts, so that the package and
-regsvr32 write the same entries. STAGE holds x86, x64 (each with the DLL) and doctor.exe.
+regsvr32 write the same entries. STAGE holds x86, x64 (each with the DLL), doctor.exe and telephone.ico.
 """
 import re
 import sys
@@ -165,6 +165,8 @@ def package(architecture, version, stage, scripts):
         yield ('    <Condition Message="This is a 64-bit Windows: use the x64 package, which serves 32-bit'
                ' and 64-bit Outlook.">NOT VersionNT64</Condition>')
     yield '    <MajorUpgrade DowngradeErrorMessage="A newer version is installed."/>'
+    yield f'    <Icon Id="telephone.ico" SourceFile={quoteattr(stage + "/telephone.ico")}/>'
+    yield '    <Property Id="ARPPRODUCTICON" Value="telephone.ico"/>'
     yield f'    <Property Id="ARPCONTACT" Value="{PUBLISHER}"/>'
     yield '    <Property Id="ARPNOMODIFY" Value="1"/>'
     yield '    <Directory Id="TARGETDIR" Name="SourceDir">'

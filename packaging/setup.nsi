@@ -1,6 +1,6 @@
 ; The set-up program: both DLLs, each registered for its bitness.
 ;
-;   makensis -DVERSION=1.0.0 -DSTAGE=<folder with x86, x64 and doctor.exe> -DOUTPUT=<file>
+;   makensis -DVERSION=1.0.0 -DSTAGE=<folder with x86, x64, doctor.exe and telephone.ico> -DOUTPUT=<file>
 ;            [-DSIGN=<command that signs the file it is given>] setup.nsi
 ;
 ; Switches of the set-up program:
@@ -58,6 +58,8 @@ Var LibraryFolder  ; folder searched for SiUSBXp.dll
 Var LibraryNote    ; message about SiUSBXp.dll, empty if there is no problem
 Var MissingBits    ; bitnesses without SiUSBXp.dll, such as "32/64"
 
+!define MUI_ICON "${STAGE}/telephone.ico"
+!define MUI_UNICON "${STAGE}/telephone.ico"
 !define MUI_ABORTWARNING
 !define MUI_WELCOMEPAGE_TEXT "$(WelcomeText)"
 !insertmacro MUI_PAGE_WELCOME
