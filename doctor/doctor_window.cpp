@@ -23,6 +23,7 @@ struct WindowTexts {
   const wchar_t* report;
   const wchar_t* close;
   const wchar_t* ask;
+  char yes;
   const wchar_t* mended;
   const wchar_t* notMended;
   const wchar_t* notSaved;
@@ -32,20 +33,20 @@ constexpr std::array<WindowTexts, 3> kTexts = {{
     {L"&Mend", L"&Look again", L"&Save report...", L"Close",
      L"This switches the plug-in on again in Outlook and takes it off Outlook's lists of disabled "
      L"add-ins. Nothing else is changed. Close Outlook first. Go on?",
-     L"Done. Start Outlook again. What stood there before is kept in:\n",
+     'y', L"Done. Start Outlook again. What stood there before is kept in:\n",
      L"Nothing was changed: the copy of what stands there could not be written.",
      L"The report could not be saved there. Choose another folder."},
     {L"&Réparer", L"&Examiner de nouveau", L"Enre&gistrer un rapport...", L"Fermer",
      L"Le complément sera réactivé dans Outlook et retiré des listes de compléments désactivés. "
      L"Rien "
      L"d'autre ne change. Fermez d'abord Outlook. Continuer ?",
-     L"C'est fait. Redémarrez Outlook. L'état précédent est conservé dans :\n",
+     'o', L"C'est fait. Redémarrez Outlook. L'état précédent est conservé dans :\n",
      L"Rien n'a été changé : la copie de l'état actuel n'a pas pu être écrite.",
      L"Le rapport n'a pas pu être enregistré à cet endroit. Choisissez un autre dossier."},
     {L"&Reparar", L"&Mirar de nuevo", L"&Guardar informe...", L"Cerrar",
      L"El complemento se activará de nuevo en Outlook y saldrá de las listas de complementos "
      L"deshabilitados. Nada más cambia. Cierre antes Outlook. ¿Continuar?",
-     L"Hecho. Inicie Outlook de nuevo. Lo que había antes queda en:\n",
+     's', L"Hecho. Inicie Outlook de nuevo. Lo que había antes queda en:\n",
      L"No se ha cambiado nada: no se pudo escribir la copia de lo que hay.",
      L"El informe no se pudo guardar ahí. Elija otra carpeta."},
 }};
@@ -83,9 +84,9 @@ class CDoctorWindow {
 
   // LR_SHARED: Windows destroys the icon with the process.
   void SetIcon(WPARAM kind, int widthMetric, int heightMetric) const {
-    HANDLE icon = LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_TELEPHONE), IMAGE_ICON,
-                             GetSystemMetrics(widthMetric), GetSystemMetrics(heightMetric),
-                             LR_SHARED);
+    HANDLE icon =
+        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_TELEPHONE), IMAGE_ICON,
+                   GetSystemMetrics(widthMetric), GetSystemMetrics(heightMetric), LR_SHARED);
     SendMessageW(m_window, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
   }
 
@@ -222,6 +223,10 @@ bool AskToMend(HWND owner, Language language) {
 
 std::wstring MendQuestion(Language language) {
   return kTexts[static_cast<size_t>(language)].ask;
+}
+
+char YesKey(Language language) {
+  return kTexts[static_cast<size_t>(language)].yes;
 }
 
 int ShowDoctorWindow(Language language) {

@@ -12,6 +12,8 @@ namespace quor::doctor {
 // Asks in a message box whether to repair.
 bool AskToMend(HWND owner, Language language);
 std::wstring MendQuestion(Language language);
+// The answer to it that agrees: the first letter of "yes", "oui", "sí".
+char YesKey(Language language);
 
 // Shows the findings, with buttons to repair and to check again, until the user closes the window.
 // Returns the exit code.

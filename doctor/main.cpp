@@ -5,6 +5,7 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <cctype>
 #include <string>
 #include <vector>
 
@@ -108,11 +109,12 @@ int Code(const std::vector<Finding>& findings) {
 }
 
 bool UserAgrees(const CConsole& console, Language language) {
-  console.Print(Utf8(MendQuestion(language)) + " [y/N] ");
+  const char yes = YesKey(language);
+  console.Print(Utf8(MendQuestion(language)) + " [" + yes + "/N] ");
   const std::optional<char> answer = console.Read();
   if (!answer) return AskToMend(nullptr, language);
   console.Print("\n");
-  return *answer == 'y' || *answer == 'Y';
+  return std::tolower(static_cast<unsigned char>(*answer)) == yes;
 }
 
 int MendOnConsole(const CConsole& console, const CommandLine& line, const Facts& facts,

@@ -158,7 +158,7 @@ for language in "en:Outlook (16.0) has disabled the plug-in" "fr:Outlook (16.0) 
 done
 expect_code 1 --fix  # no answer
 expect "switched-off disabled crashed" "not agreed"
-echo y | wine "$doctor" --fix >/dev/null 2>&1 || { echo "doctor --fix, agreed: exit code $?" >&2; failed=1; }
+echo O | wine "$doctor" --fix --language fr >/dev/null 2>&1 || { echo "doctor --fix, agreed: exit code $?" >&2; failed=1; }
 expect "kept" "mended"
 wine reg query "HKCU\\$office\\Resiliency\\DisabledItems" </dev/null 2>/dev/null | grep -q Other ||
   { echo "the repair removed another add-in's entry" >&2; failed=1; }
