@@ -49,21 +49,15 @@ constexpr std::optional<UsbFunction> UsbFunctionFromName(std::string_view name) 
 // Statuses with the real library's numbers.
 inline constexpr int kSiSuccess = 0x00;
 inline constexpr int kSiInvalidHandle = 0x01;
-inline constexpr int kSiReadError = 0x02;
-inline constexpr int kSiWriteError = 0x04;
 inline constexpr int kSiInvalidParameter = 0x06;
 inline constexpr int kSiInvalidRequestLength = 0x07;
 inline constexpr int kSiDeviceIoFailed = 0x08;
-inline constexpr int kSiInvalidBaudRate = 0x09;
 inline constexpr int kSiGlobalDataError = 0x0B;
-inline constexpr int kSiSystemErrorCode = 0x0C;
 inline constexpr int kSiReadTimedOut = 0x0D;
-inline constexpr int kSiWriteTimedOut = 0x0E;
 inline constexpr int kSiDeviceNotFound = 0xFF;
 
 // Queue statuses.
 inline constexpr uint32_t kSiRxEmpty = 0;
-inline constexpr uint32_t kSiRxOverrun = 1;
 inline constexpr uint32_t kSiRxReady = 2;
 
 // The five product strings in the order of the library's options: serial number, description, link

@@ -27,8 +27,7 @@ const ControlFace* FindNamed(const std::vector<ControlFace>& faces, bool deep,
 }  // namespace
 
 const wchar_t* KindName(ControlKind kind) noexcept {
-  constexpr const wchar_t* kNames[] = {L"button", L"combo box", L"edit", L"drop-down",
-                                       L"menu",   L"separator", L"label"};
+  constexpr const wchar_t* kNames[] = {L"button", L"combo box", L"menu"};
   return kNames[static_cast<size_t>(kind)];
 }
 

@@ -21,8 +21,8 @@ struct Pixels {
 };
 using PixelsPtr = std::shared_ptr<const Pixels>;
 
-enum class ControlKind { Button, ComboBox, Edit, DropDown, Menu, Separator, Label };
-const wchar_t* KindName(ControlKind kind) noexcept;  // "button", "combo box", "menu", ...
+enum class ControlKind { Button, ComboBox, Menu };
+const wchar_t* KindName(ControlKind kind) noexcept;  // "button", "combo box", "menu"
 
 struct ControlFace {
   ControlKind kind = ControlKind::Button;

@@ -22,11 +22,6 @@ void PaintSheet(Painting& painting, const Rect& rect, Colour colour) {
 }
 
 void PaintItem(Painting& painting, const Rect& rect, const ControlFace& item, int depth) {
-  if (item.kind == ControlKind::Separator) {
-    const int y = rect.y + kItemHeight / 2;
-    painting.canvas.Line(rect.x + kGutter, y, rect.Right(), y + 1, painting.palette.separator);
-    return;
-  }
   PaintOpenFrame(painting, rect.Inset(1), item, 0);
   PaintPicture(painting, {rect.x + 4, rect.y, kSmallPicture, rect.height}, item);
   PaintCaption(painting, {rect.x + kGutter + 4, rect.y, rect.width - kGutter - kArrow, rect.height},

@@ -71,11 +71,6 @@ bool Painting::IsOpen(int handle) const noexcept {
   return std::ranges::find(options.open, handle, &OpenPart::handle) != options.open.end();
 }
 
-bool IsField(const ControlFace& face) {
-  return face.kind == ControlKind::ComboBox || face.kind == ControlKind::Edit ||
-         face.kind == ControlKind::DropDown;
-}
-
 TextStyle CaptionStyle(const Painting& painting, const ControlFace& face, Align align) {
   TextStyle style = kControlText;
   style.colour = face.enabled ? painting.palette.text : painting.palette.faintText;
@@ -124,14 +119,11 @@ void PaintComboField(Painting& painting, const Rect& field, const ControlFace& f
   const TextStyle style = CaptionStyle(painting, face);
   canvas.Text({field.x + 5, field.y, field.width - kFieldArrow - 6, field.height}, face.text,
               style);
-  Rect text = field;
-  if (face.kind != ControlKind::Edit) {
-    const Rect arrow = {field.Right() - kFieldArrow, field.y, kFieldArrow, field.height};
-    if (painting.IsOpen(face.handle)) canvas.Fill(arrow.Inset(1), palette.highlight);
-    DrawArrowDown(canvas, arrow, style.colour);
-    text.width -= kFieldArrow;
-    painting.hits.push_back({HitArea::Kind::ComboArrow, arrow, face.handle, 0, 0, face.enabled});
-  }
+  const Rect arrow = {field.Right() - kFieldArrow, field.y, kFieldArrow, field.height};
+  if (painting.IsOpen(face.handle)) canvas.Fill(arrow.Inset(1), palette.highlight);
+  DrawArrowDown(canvas, arrow, style.colour);
+  painting.hits.push_back({HitArea::Kind::ComboArrow, arrow, face.handle, 0, 0, face.enabled});
+  const Rect text = {field.x, field.y, field.width - kFieldArrow, field.height};
   painting.hits.push_back({HitArea::Kind::ComboText, text, face.handle, 0, 0, face.enabled});
 }
 

@@ -38,7 +38,6 @@ constexpr int kMenuArrow = 12;
 constexpr int kControlPad = 5;
 constexpr TextStyle kControlText = {.size = 12};
 
-bool IsField(const ControlFace& face);  // a combo box, edit or drop-down
 TextStyle CaptionStyle(const Painting& painting, const ControlFace& face,
                        Align align = Align::Left);
 // Pixels; 0 without a caption.

@@ -59,7 +59,7 @@ int ControlWidth(Painting& painting, const ControlFace& face) {
   int width = 2 * kControlPad + caption;
   if (HasPicture(face)) width += kSmallPicture + kControlPad;
   if (face.kind == ControlKind::Menu) width += kMenuArrow;
-  if (IsField(face)) width += kComboWidth + kControlPad;
+  if (face.kind == ControlKind::ComboBox) width += kComboWidth + kControlPad;
   return width;
 }
 
@@ -76,14 +76,14 @@ void PaintLarge(Painting& painting, const Rect& rect, const ControlFace& face) {
 
 void PaintSmall(Painting& painting, const Rect& rect, const ControlFace& face) {
   const int caption = CaptionWidth(painting, face);
-  if (!IsField(face)) PaintOpenFrame(painting, rect, face, 3);
+  if (face.kind != ControlKind::ComboBox) PaintOpenFrame(painting, rect, face, 3);
   int x = rect.x + kControlPad;
   if (HasPicture(face)) {
     PaintPicture(painting, {x, rect.y, kSmallPicture, rect.height}, face);
     x += kSmallPicture + kControlPad;
   }
   if (caption != 0) PaintCaption(painting, {x, rect.y, caption + 2, rect.height}, face);
-  if (IsField(face)) {
+  if (face.kind == ControlKind::ComboBox) {
     if (caption != 0) x += caption + kControlPad;
     const int width = rect.Right() - x - kControlPad;
     return PaintComboField(painting, {x, rect.y + 2, width, kFieldHeight}, face);
@@ -96,19 +96,15 @@ void PaintSmall(Painting& painting, const Rect& rect, const ControlFace& face) {
 }
 
 bool IsSmall(const ControlFace& face) {
-  return !face.large && face.kind != ControlKind::Separator;
+  return !face.large;
 }
 
-// Paints the controls at the head of `controls` that share a column: a separator, a large control,
-// or up to three rows. Removes them and returns the column's right end.
+// Paints the controls at the head of `controls` that share a column: a large control, or up to
+// three rows. Removes them and returns the column's right end.
 int PaintColumn(Painting& painting, int x, int y, std::span<const ControlFace>& controls) {
   const ControlFace& first = controls.front();
   if (!IsSmall(first)) {
     controls = controls.subspan(1);
-    if (first.kind == ControlKind::Separator) {
-      painting.canvas.Line(x + 2, y, x + 3, y + kControlsHeight, painting.palette.separator);
-      return x + 5;
-    }
     const int width = ControlWidth(painting, first);
     PaintLarge(painting, {x, y, width, kControlsHeight}, first);
     return x + width;

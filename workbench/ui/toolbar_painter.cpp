@@ -15,7 +15,8 @@ constexpr int kFloatingPosition = 4;
 
 int ControlWidth(Painting& painting, const ControlFace& face, bool onMenuBar) {
   int width = face.showsCaption ? CaptionWidth(painting, face) + 2 * kControlPad : 0;
-  if (IsField(face)) return width + (face.width != 0 ? face.width : kComboWidth) + 4;
+  if (face.kind == ControlKind::ComboBox)
+    return width + (face.width != 0 ? face.width : kComboWidth) + 4;
   const bool isMenu = face.kind == ControlKind::Menu;
   if (width == 0 && !isMenu) width = kControlPad;
   if (HasPicture(face)) width += kSmallPicture + kControlPad;
@@ -36,7 +37,7 @@ void PaintCombo(Painting& painting, const Rect& rect, const ControlFace& face) {
 }
 
 void PaintControl(Painting& painting, const Rect& rect, const ControlFace& face, bool onMenuBar) {
-  if (IsField(face)) return PaintCombo(painting, rect, face);
+  if (face.kind == ControlKind::ComboBox) return PaintCombo(painting, rect, face);
   PaintOpenFrame(painting, rect.Inset(1), face, 0);
   int x = rect.x + kControlPad;
   if (HasPicture(face)) {
