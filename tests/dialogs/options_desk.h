@@ -11,10 +11,7 @@ namespace quor {
 
 // A store that keeps applied values and records its calls.
 struct COptionsDesk final : IOptionsStore {
-  OptionValues Load() override {
-    if (refuses && !loads) throw 1;
-    return stored;
-  }
+  OptionValues Load() override { return stored; }
   OptionValues Reload() override { return Load(); }
   void Apply(const OptionValues& values) override {
     if (refuses) throw 1;
@@ -27,7 +24,6 @@ struct COptionsDesk final : IOptionsStore {
   std::vector<OptionValues> applied;
   std::vector<HWND> abouts;
   bool refuses = false;
-  bool loads = true;
 };
 
 // Finds a control of the window or of a panel inside it.

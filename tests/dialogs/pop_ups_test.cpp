@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "com/com_pointers.h"
 #include "dialogs/data_pop_dlg.h"
 #include "dialogs/msg_pop_dlg.h"
 #include "dialogs/name_reason.h"
@@ -19,12 +20,10 @@ struct CAnswers final : IAnswerHandler {
   void OnAnswer(int slot) override {
     slots.push_back(slot);
     held = stage.Held();
-    if (refuses) throw 1;
   }
   const CDialogStage& stage;
   std::vector<int> slots;
   HeldDuringCall held;
-  bool refuses = false;
 };
 
 constexpr DWORD kQuietTime = 500;           // milliseconds
@@ -45,8 +44,9 @@ class CallerWindow : public testing::Test {
     Ring(slot);
     Sleep(kQuiet);
   }
+  bool IsUnmoved() { return m_window.IsVisible() && GetFocus() == Button(IDOK); }
   template <typename Strokes>
-  std::string TypeWithoutPause(const Strokes& strokes);
+  void ExpectUnmovedBy(const Strokes& strokes);
   HWND Button(int id) { return GetDlgItem(VisibleDialog(), id); }
 
   CDialogStage m_stage;
@@ -59,11 +59,6 @@ TEST_F(CallerWindow, IsCreatedHiddenAndTakesNoFocus) {
   ASSERT_EQ(m_window.Create(), S_OK);
   EXPECT_FALSE(m_window.IsVisible());
   EXPECT_EQ(GetFocus(), m_stage.outlook);
-}
-
-TEST_F(CallerWindow, SaysWhyANameIsMissing) {
-  Ring(0, {L"", IDS_UNAVAILABLE_NAME_AND_NUMBER});
-  EXPECT_EQ(TextOf(VisibleDialog(), IDC_CALLER_NAME), L"Unavailable Name & No.");
 }
 
 TEST_F(CallerWindow, IsVisibleUntilItsOwnLineIsIdle) {
@@ -121,70 +116,54 @@ TEST_F(CallerWindow, IsUsedWithTheKeyboardAlone) {
   }
 }
 
-// Shows a call, types, and returns what changed the window. If the machine pauses the typing for
-// half a second, keys count; the typing is then repeated.
+// Shows a call and types. If the machine pauses the typing for half a second, keys count; the
+// typing is then repeated.
 template <typename Strokes>
-std::string CallerWindow::TypeWithoutPause(const Strokes& strokes) {
-  std::string moved;
+void CallerWindow::ExpectUnmovedBy(const Strokes& strokes) {
+  bool unmoved;
   DWORD start;
   do {
-    m_answers.slots.clear();
-    moved.clear();
     start = GetTickCount();
     Ring(0);
-    strokes([&](const char* what) {
-      if (m_window.IsVisible() && GetFocus() == Button(IDOK)) return;
-      moved += what;
-      moved += m_window.IsVisible() ? " (focus)\n" : " (hidden)\n";
-    });
+    strokes();
+    unmoved = IsUnmoved();
   } while (GetTickCount() - start >= kQuietTime);
-  return moved;
+  EXPECT_TRUE(unmoved);
 }
 
 // Typing while the window appears has no effect, whether it comes through the queue, through a loop
 // that translates keys to characters, or directly to a control.
 TEST_F(CallerWindow, AKeyMeantForAnotherWindowDoesNothing) {
   for (const WPARAM key : {VK_SPACE, VK_RETURN, VK_ESCAPE, VK_TAB, VK_RIGHT}) {
-    EXPECT_EQ(TypeWithoutPause([&](const auto& check) {
-                PressKey(key);
-                check("posted");
-                for (const HWND target : {Button(IDOK), Button(IDCANCEL), VisibleDialog()}) {
-                  SendMessageW(target, WM_KEYDOWN, key, 1);
-                  SendMessageW(target, WM_CHAR, key, 1);
-                  SendMessageW(target, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
-                  check("sent");
-                }
-              }),
-              "")
-        << key;
+    SCOPED_TRACE(key);
+    ExpectUnmovedBy([key] { PressKey(key); });
+    ExpectUnmovedBy([&] {
+      for (const HWND target : {Button(IDOK), Button(IDCANCEL), VisibleDialog()}) {
+        SendMessageW(target, WM_KEYDOWN, key, 1);
+        SendMessageW(target, WM_CHAR, key, 1);
+        SendMessageW(target, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+      }
+    });
   }
-  EXPECT_EQ(TypeWithoutPause([&](const auto& check) {
-              for (const wchar_t letter : {L'a', L'c', L'C'}) {
-                PressAlt(letter);
-                SendMessageW(VisibleDialog(), WM_SYSCHAR, letter, 0x20000001);
-                check("access key");
-              }
-              SendMessageW(VisibleDialog(), WM_SYSKEYDOWN, VK_F4, 0x20000001);
-              check("Alt+F4");
-            }),
-            "");
+  ExpectUnmovedBy([] {
+    for (const wchar_t letter : {L'a', L'c', L'C'}) {
+      PressAlt(letter);
+      SendMessageW(VisibleDialog(), WM_SYSCHAR, letter, 0x20000001);
+    }
+    SendMessageW(VisibleDialog(), WM_SYSKEYDOWN, VK_F4, 0x20000001);
+  });
 }
 
 // A key that was down before the window appeared and is released or repeated in it; also for the
 // next call in the same window.
 TEST_F(CallerWindow, AHeldKeyDoesNothingHoweverLong) {
-  const auto isUnmoved = [&] { return m_window.IsVisible() && GetFocus() == Button(IDOK); };
   RingAndWait(0);
   PostMessageW(GetFocus(), WM_KEYDOWN, VK_SPACE, 0x40000001);
   RunLoop();
   SendMessageW(Button(IDOK), WM_KEYUP, VK_SPACE, static_cast<LPARAM>(0xC0000001));
-  EXPECT_TRUE(isUnmoved());
+  EXPECT_TRUE(IsUnmoved());
   Sleep(kQuiet);
-  EXPECT_EQ(TypeWithoutPause([&](const auto& check) {
-              PressKey(VK_SPACE);
-              check("next call");
-            }),
-            "");
+  ExpectUnmovedBy([] { PressKey(VK_SPACE); });
   SendMessageW(Button(IDOK), BM_CLICK, 0, 0);
   EXPECT_EQ(m_answers.slots, std::vector<int>{0}) << "the mouse works at once";
 }
@@ -209,12 +188,6 @@ TEST_F(CallerWindow, GivesTheKeyboardBackWhereItWas) {
   SetActiveWindow(other);
   m_window.Hide();
   EXPECT_EQ(GetActiveWindow(), other) << "the user is elsewhere";
-  SetActiveWindow(m_stage.outlook);
-  SetFocus(mail);
-  Ring(0);
-  DestroyWindow(mail);
-  m_window.Hide();
-  EXPECT_FALSE(m_window.IsVisible());
   DestroyWindow(other);
 }
 
@@ -237,13 +210,6 @@ TEST_F(CallerWindow, AnswersNoCallThatIsGone) {
   EXPECT_TRUE(m_answers.slots.empty());
 }
 
-TEST_F(CallerWindow, LetsNothingEscapeFromAnAnswer) {
-  m_answers.refuses = true;
-  Ring(0);
-  SendMessageW(GetDlgItem(VisibleDialog(), IDOK), BM_CLICK, 0, 0);
-  EXPECT_NE(m_stage.lines.text.find("** Error : dialog message"), std::string::npos);
-}
-
 TEST_F(CallerWindow, LogsWhatItCannotShow) {
   m_window.Fill({L"Smith", 0}, {L"1", 0}, 0);
   EXPECT_EQ(m_stage.lines.text,
@@ -255,25 +221,15 @@ TEST_F(CallerWindow, LogsWhatItCannotShow) {
   EXPECT_FALSE(m_window.IsWindow());
 }
 
-std::wstring Taken(HRESULT result, BSTR text) {
-  std::wstring taken(result == S_OK && text != nullptr ? text : L"");
-  SysFreeString(text);
-  return taken;
-}
-VARIANT Self() {
-  VARIANT self = {};
-  self.vt = VT_I4;
-  return self;
-}
 std::wstring NameOf(IAccessible& accessible) {
-  BSTR name = nullptr;
-  const HRESULT result = accessible.get_accName(Self(), &name);
-  return Taken(result, name);
+  _bstr_t name;
+  accessible.get_accName(_variant_t(0L), name.GetAddress());
+  return TextFromBstr(name);
 }
 std::wstring DescriptionOf(IAccessible& accessible) {
-  BSTR description = nullptr;
-  const HRESULT result = accessible.get_accDescription(Self(), &description);
-  return Taken(result, description);
+  _bstr_t description;
+  accessible.get_accDescription(_variant_t(0L), description.GetAddress());
+  return TextFromBstr(description);
 }
 class SpokenCallerWindow : public CallerWindow {
  protected:
@@ -307,14 +263,15 @@ TEST_F(SpokenCallerWindow, AnnouncesTheCaller) {
   g_alerts.clear();
   Ring(0);
   Ring(1, {L"Lee, Anna", 0, MatchReason{10, 9, 11, 0}});  // another call in the same window
-  Ring(1, {L"", IDS_UNAVAILABLE_NAME_AND_NUMBER});
-  m_window.Fill({L"", IDS_PRIVATE_CALLER}, {L"", IDS_PRIVATE_CALLER}, 0);
+  Ring(1, {L"", IDS_PRIVATE_CALLER});
+  m_window.Fill({L"", IDS_UNAVAILABLE_NAME_AND_NUMBER}, {L"", IDS_UNAVAILABLE_NUMBER}, 0);
   m_window.Show();
   RunLoop();
-  EXPECT_EQ(g_alerts, (std::vector<std::wstring>{
-                          L"8: Incoming Call: Müller & Söhne. ",
-                          L"8: Incoming Call: Lee, Anna. 9 of 11 digits: Mobile of Lee, Anna",
-                          L"8: Incoming Call: 5551234. ", L"8: Incoming Call: Private caller. "}));
+  EXPECT_EQ(g_alerts,
+            (std::vector<std::wstring>{
+                L"8: Incoming Call: Müller & Söhne. ",
+                L"8: Incoming Call: Lee, Anna. 9 of 11 digits: Mobile of Lee, Anna",
+                L"8: Incoming Call: 5551234. ", L"8: Incoming Call: Unavailable Name & No.. "}));
   UnhookWinEvent(hook);
 }
 
@@ -323,12 +280,10 @@ TEST(NameReason, CountsDigitsAndOtherContacts) {
   const std::pair<CallerValue, const wchar_t*> rows[] = {
       {{L"100 %1 & Co", 0, MatchReason{2, 12, 14, 2}},
        L"12 of 14 digits: Business of 100 %1 & Co\r\n2 more contacts end in these digits"},
-      {{L"N", 0, MatchReason{12, 7, 7, 0}}, L"7 of 7 digits: Primary of N"},
       {{L"N", 0, MatchReason{1, 6, 10, 0}},
        L"6 of 10 digits: Assistant of N\r\nNo other contact ends in these digits"},
       {{L"N", 0, MatchReason{1, 4, 4, 0}}, L"4 of 4 digits: Assistant of N"},
-      {{L"", IDS_UNKNOWN, MatchReason{1, 9, 9, 0}}, L""},
-      {{L"N", 0}, L""}};
+      {{L"", IDS_UNKNOWN, MatchReason{1, 9, 9, 0}}, L""}};
   for (const auto& [name, reason] : rows)
     EXPECT_EQ(NameReason(name, stage.resources), reason);
 }
@@ -355,47 +310,28 @@ TEST_F(SpokenCallerWindow, SurvivesAScreenReaderThatHoldsOn) {
   EXPECT_EQ(ModuleLockCount(), 0);
 }
 
-// As high contrast sets them; gives the user's back.
-class CBlackScheme {
- public:
-  CBlackScheme() {
-    std::transform(kElements, kElements + kCount, m_before, GetSysColor);
-    SetSysColors(kCount, kElements, kColours);
-  }
-  ~CBlackScheme() { SetSysColors(kCount, kElements, m_before); }
-
-  static constexpr COLORREF kBackground = RGB(0, 0, 0);
-  static constexpr COLORREF kText = RGB(255, 255, 0);
-
- private:
-  static constexpr int kCount = 3;
-  static constexpr int kElements[kCount] = {COLOR_BTNFACE, COLOR_WINDOWTEXT, COLOR_BTNTEXT};
-  static constexpr COLORREF kColours[kCount] = {kBackground, kText, kText};
-  COLORREF m_before[kCount];
-};
-
 TEST_F(CallerWindow, IsDrawnInTheColoursOfHighContrast) {
-  const CBlackScheme scheme;
+  constexpr COLORREF kBackground = RGB(0, 0, 0);
+  constexpr COLORREF kText = RGB(255, 255, 0);
+  constexpr int kElements[] = {COLOR_BTNFACE, COLOR_WINDOWTEXT, COLOR_BTNTEXT};
+  constexpr COLORREF kScheme[] = {kBackground, kText, kText};
+  COLORREF before[3];
+  std::transform(std::begin(kElements), std::end(kElements), before, GetSysColor);
+  SetSysColors(3, kElements, kScheme);
   Ring(0);
   const HDC context = CreateCompatibleDC(nullptr);
-  int texts = 0;
-  for (HWND child = GetWindow(VisibleDialog(), GW_CHILD); child != nullptr;
-       child = GetWindow(child, GW_HWNDNEXT)) {
-    wchar_t name[32] = {};
-    GetClassNameW(child, name, 32);
-    if (std::wstring(name) != L"Static") continue;
-    const auto brush = reinterpret_cast<HBRUSH>(SendMessageW(VisibleDialog(), WM_CTLCOLORSTATIC,
-                                                             reinterpret_cast<WPARAM>(context),
-                                                             reinterpret_cast<LPARAM>(child)));
+  for (const int id : {IDC_CALLER_LINE, IDC_CALLER_NAME, IDC_CALLER_NUMBER}) {
+    const auto brush = reinterpret_cast<HBRUSH>(
+        SendMessageW(VisibleDialog(), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(context),
+                     reinterpret_cast<LPARAM>(GetDlgItem(VisibleDialog(), id))));
     LOGBRUSH drawn = {};
     GetObjectW(brush, sizeof drawn, &drawn);
-    EXPECT_EQ(drawn.lbColor, CBlackScheme::kBackground);
-    EXPECT_EQ(GetBkColor(context), CBlackScheme::kBackground);
-    EXPECT_EQ(GetTextColor(context), CBlackScheme::kText);
-    ++texts;
+    EXPECT_EQ(drawn.lbColor, kBackground);
+    EXPECT_EQ(GetBkColor(context), kBackground);
+    EXPECT_EQ(GetTextColor(context), kText);
   }
-  EXPECT_EQ(texts, 6);
   DeleteDC(context);
+  SetSysColors(3, kElements, before);
 }
 
 TEST_F(CallerWindow, LeavesTheToolbarUncovered) {

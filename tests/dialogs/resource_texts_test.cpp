@@ -7,8 +7,6 @@
 #include <vector>
 
 #include "dialogs/msg_pop_dlg.h"
-#include "resources/dialog_font.h"
-#include "resources/message_font.h"
 #include "resources/resource_ids.h"
 #include "tests/dialogs/dialog_stage.h"
 
@@ -38,32 +36,21 @@ std::map<int, std::wstring> OwnTexts(const Language& language) {
   return texts;
 }
 
-std::set<int> Numbers(const std::map<int, std::wstring>& texts) {
-  std::set<int> numbers;
-  for (const auto& [id, text] : texts)
-    numbers.insert(id);
-  return numbers;
-}
-
-TEST(ResourceTexts, EveryLanguageHasTheSameNumbers) {
-  const std::set<int> english = Numbers(OwnTexts(kLanguages[0]));
-  EXPECT_TRUE(english.contains(IDS_PRODUCT_NAME));
-  EXPECT_EQ(Numbers(OwnTexts(kLanguages[1])), english);
-  EXPECT_EQ(Numbers(OwnTexts(kLanguages[2])), english);
-}
-
 TEST(ResourceTexts, OnlyTagsAndProperNamesReadTheSameEverywhere) {
   const std::set<int> tags = {IDS_DIAL_TAG,         IDS_LINE1_TAG,     IDS_LINE2_TAG,
                               IDS_CALLER_LIST_TAG,  IDS_CELL_TAG,      IDS_OPTIONS_TAG,
                               IDS_SPEED_DIAL_TAG,   IDS_LANGUAGE_NAME, IDS_LANGUAGE_NAME + 1,
                               IDS_LANGUAGE_NAME + 2};
   const auto english = OwnTexts(kLanguages[0]);
-  const auto french = OwnTexts(kLanguages[1]);
-  const auto spanish = OwnTexts(kLanguages[2]);
+  EXPECT_TRUE(english.contains(IDS_PRODUCT_NAME));
+  auto french = OwnTexts(kLanguages[1]);
+  auto spanish = OwnTexts(kLanguages[2]);
   for (const auto& [id, text] : english) {
-    const bool same = french.at(id) == text && spanish.at(id) == text;
-    EXPECT_EQ(same, tags.contains(id)) << id;
+    EXPECT_TRUE(!french[id].empty() && !spanish[id].empty()) << id;
+    EXPECT_EQ(french[id] == text && spanish[id] == text, tags.contains(id)) << id;
   }
+  EXPECT_EQ(french.size(), english.size());
+  EXPECT_EQ(spanish.size(), english.size());
 }
 
 TEST(ResourceTexts, AnUnknownLanguageSpeaksEnglish) {
@@ -79,24 +66,18 @@ INT_PTR CALLBACK NoProcedure(HWND, UINT, WPARAM, LPARAM) {
   return FALSE;
 }
 
-DialogFont SystemFont() {
-  return MessageFont().value_or(DialogFont{8, FW_NORMAL, false, DEFAULT_CHARSET, u"MS Shell Dlg"});
-}
-
-// A dialog as a user of this language sees it. All sizes depend on the font size, so a font twice
-// as large at 96 dpi gives the dialog as on a 192 dpi screen.
+// A dialog as a user of this language sees it.
 class COpenDialog {
  public:
-  COpenDialog(const CDialogStage& stage, int id, int percent = 100) {
-    DialogFont font = SystemFont();
-    font.points = static_cast<uint16_t>(font.points * percent / 100);
-    const std::vector<std::byte> dialog = WithFont(stage.resources.DialogTemplate(id), font);
+  COpenDialog(const CDialogStage& stage, int id) : m_resources(stage.resources) {
+    const std::vector<std::byte> dialog = stage.resources.DialogTemplate(id);
     m_window = CreateDialogIndirectParamW(stage.resources.Module(),
                                           reinterpret_cast<const DLGTEMPLATE*>(dialog.data()),
                                           stage.outlook, NoProcedure, 0);
   }
   ~COpenDialog() { DestroyWindow(m_window); }
   HWND Window() const { return m_window; }
+  const CResourceLoader& Resources() const { return m_resources; }
 
   std::vector<HWND> Controls() const {
     std::vector<HWND> controls;
@@ -108,46 +89,18 @@ class COpenDialog {
   }
 
  private:
+  const CResourceLoader& m_resources;
   HWND m_window;
-};
-
-// Measures texts and controls in a font, in pixels.
-class IFace {
- public:
-  virtual ~IFace() = default;
-  virtual SIZE Room(HWND control) const = 0;
-  // Size of a text in lines of this width, or in one line if it is 0.
-  virtual SIZE Need(HWND control, const std::wstring& text, LONG lineWidth) const = 0;
-};
-
-class CShownFace final : public IFace {
- public:
-  SIZE Room(HWND control) const override {
-    RECT room = {};
-    GetClientRect(control, &room);
-    return {room.right, room.bottom};
-  }
-  SIZE Need(HWND control, const std::wstring& text, LONG lineWidth) const override {
-    RECT need = {0, 0, lineWidth, 0};
-    HDC context = GetDC(control);
-    HGDIOBJ before =
-        SelectObject(context, reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0)));
-    DrawTextW(context, text.c_str(), -1, &need,
-              DT_CALCRECT | (lineWidth != 0 ? DT_WORDBREAK : DT_SINGLELINE));
-    SelectObject(context, before);
-    ReleaseDC(control, context);
-    return {need.right, need.bottom};
-  }
 };
 
 // The message font of Windows Vista and later at 96 dpi: Segoe UI 9, 12 pixels high, line height
 // 15. Calculated from the font's advance widths, because the test machine does not have the font.
-class CSegoeFace final : public IFace {
+class CSegoeFace {
  public:
   static constexpr LONG kUnitWidth = 7;    // pixels in 4 horizontal dialog units
   static constexpr LONG kLineHeight = 15;  // pixels in 8 vertical dialog units
 
-  SIZE Room(HWND control) const override {
+  static SIZE Room(HWND control) {
     const bool hasEdge = (GetWindowLongPtrW(control, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
     const LONG edges = hasEdge ? 4 : 0;
     const SIZE whole = SizeIn(GetParent(control), control);
@@ -162,7 +115,8 @@ class CSegoeFace final : public IFace {
     return {MulDiv(place.right - place.left, kUnitWidth, shown.right),
             MulDiv(place.bottom - place.top, kLineHeight, shown.bottom)};
   }
-  SIZE Need(HWND, const std::wstring& text, LONG lineWidth) const override {
+  // Size of a text in lines of this width, or in one line if it is 0.
+  static SIZE Need(const std::wstring& text, LONG lineWidth) {
     SIZE need = {0, 0};
     LONG line = 0;
     LONG blank = 0;  // blank between the line and the next word
@@ -221,20 +175,18 @@ class CSegoeFace final : public IFace {
 };
 
 // A tenth must be left over, because fonts vary between Windows versions.
-void ExpectFits(const IFace& face, HWND control, const std::wstring& text, int percent,
-                const std::string& where) {
-  const SIZE room = face.Room(control);
+void ExpectFits(HWND control, const std::wstring& text, const std::string& where) {
+  const SIZE room = CSegoeFace::Room(control);
   const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK;
   const LRESULT code = SendMessageW(control, WM_GETDLGCODE, 0, 0);
   const bool isButton = (code & DLGC_BUTTON) != 0;
   const bool isCheckBox = isButton && style == BS_AUTOCHECKBOX;
   const bool isList = (code & (DLGC_WANTARROWS | DLGC_HASSETSEL)) == DLGC_WANTARROWS;
-  const bool wraps = room.cy > 25 * percent / 100 && !isButton && !isList;
-  const SIZE need = face.Need(control, text, wraps ? room.cx * 10 / 11 : 0);
-  const LONG border = (isCheckBox ? 20 : isList ? 28 : isButton ? 8 : 0) * percent / 100;
+  const bool wraps = room.cy > 25 && !isButton && !isList;
+  const SIZE need = CSegoeFace::Need(text, wraps ? room.cx * 10 / 11 : 0);
+  const LONG border = isCheckBox ? 20 : isList ? 28 : isButton ? 8 : 0;
   EXPECT_LE(need.cx * 11 / 10 + border, room.cx) << where;
   EXPECT_LE(need.cy, room.cy) << where;
-  EXPECT_TRUE(text.empty() || need.cx > 0) << where;
 }
 
 std::string Place(const Language& language, int dialog, int control) {
@@ -242,19 +194,18 @@ std::string Place(const Language& language, int dialog, int control) {
          std::to_string(control);
 }
 
-// Checks each dialog with its own texts and with those that are set at run time.
-void ExpectTextsFit(const CDialogStage& stage, const Language& language, const IFace& face,
-                    const char* faceName, int percent = 100) {
-  const auto place = [&](int dialog, int control) {
-    return Place(language, dialog, control) + ", " + faceName + " " + std::to_string(percent) +
-           " %";
-  };
-  for (const int id : kAllDialogs) {
-    const COpenDialog dialog(stage, id, percent);
-    for (HWND control : dialog.Controls()) {
-      ExpectFits(face, control, TextOf(control), percent, place(id, GetDlgCtrlID(control)));
-    }
+template <typename Check>
+void ForEachDialog(const Check& check) {
+  CDialogStage stage;
+  for (const Language& language : kLanguages) {
+    stage.Speak(language);
+    for (const int id : kAllDialogs)
+      check(language, id, COpenDialog(stage, id));
   }
+}
+
+// Checks each dialog with its own texts and with those that are set at run time.
+TEST(DialogTemplates, NoTextIsClippedInAnyLanguage) {
   const struct {
     int dialog;
     int control;
@@ -271,28 +222,16 @@ void ExpectTextsFit(const CDialogStage& stage, const Language& language, const I
                {IDD_ABOUT, IDC_ABOUT_CONFIGURATION_STATE, IDS_CONFIGURATION_UNREADABLE,
                 IDS_CONFIGURATION_NO_FOLDER},
                {IDD_ABOUT, IDC_ABOUT_ARCHITECTURE, IDS_32_BIT, IDS_64_BIT}};
-  for (const auto& [id, control, first, last] : given) {
-    const COpenDialog dialog(stage, id, percent);
-    for (int text = first; text <= last; ++text) {
-      ExpectFits(face, GetDlgItem(dialog.Window(), control), stage.resources.Text(text), percent,
-                 place(id, text));
+  ForEachDialog([&](const Language& language, int id, const COpenDialog& dialog) {
+    for (HWND control : dialog.Controls())
+      ExpectFits(control, TextOf(control), Place(language, id, GetDlgCtrlID(control)));
+    for (const auto& row : given) {
+      for (int text = row.first; row.dialog == id && text <= row.last; ++text) {
+        ExpectFits(GetDlgItem(dialog.Window(), row.control), dialog.Resources().Text(text),
+                   Place(language, id, text));
+      }
     }
-  }
-}
-
-TEST(DialogTemplates, NoTextIsClippedInAnyLanguageAtAnyScale) {
-  CDialogStage stage;
-  RECT usual = {};
-  RECT large = {};
-  GetClientRect(COpenDialog(stage, IDD_ABOUT).Window(), &usual);
-  GetClientRect(COpenDialog(stage, IDD_ABOUT, 200).Window(), &large);
-  EXPECT_NEAR(large.right, 2 * usual.right, usual.right / 10.0);
-  for (const Language& language : kLanguages) {
-    stage.Speak(language);
-    for (const int percent : {100, 150, 200})
-      ExpectTextsFit(stage, language, CShownFace(), "message font", percent);
-    ExpectTextsFit(stage, language, CSegoeFace(), "Segoe UI");
-  }
+  });
 }
 
 // A dialog unit is a quarter of the average width of the 52 letters, as the dialog manager
@@ -338,16 +277,6 @@ wchar_t AccessKey(HWND control) {
   return letter;
 }
 
-template <typename Check>
-void ForEachDialog(const Check& check) {
-  CDialogStage stage;
-  for (const Language& language : kLanguages) {
-    stage.Speak(language);
-    for (const int id : kAllDialogs)
-      check(language, id, COpenDialog(stage, id));
-  }
-}
-
 TEST(DialogTemplates, HaveTheSameLayoutInEveryLanguage) {
   std::map<int, std::string> english;
   ForEachDialog([&](const Language& language, int id, const COpenDialog& dialog) {
@@ -365,47 +294,29 @@ TEST(DialogTemplates, HaveTheSameLayoutInEveryLanguage) {
   });
 }
 
-// The panel is inside the options window, so they share their access keys.
-TEST(DialogTemplates, AccessKeysDiffer) {
+// Access keys differ; the panel is inside the options window and shares its keys. The tab order
+// goes down the dialog, along a row from left to right, and ends with the buttons. A screen reader
+// names a field by the label before it, and the label's access key leads to the field.
+TEST(DialogTemplates, AreUsedWithTheKeyboardAlone) {
   std::set<std::tuple<const char*, int, wchar_t>> used;
   ForEachDialog([&](const Language& language, int id, const COpenDialog& dialog) {
+    RECT tabStop = {};
+    wchar_t keyBefore = L'\0';
     for (HWND control : dialog.Controls()) {
+      SCOPED_TRACE(Place(language, id, GetDlgCtrlID(control)));
       const wchar_t key = AccessKey(control);
-      if (key == L'\0') continue;
       const int window = id == IDD_OPTIONS_PANEL ? IDD_OPTIONS : id;
-      EXPECT_TRUE(used.insert({language.name, window, key}).second)
-          << Place(language, id, GetDlgCtrlID(control));
-    }
-  });
-}
-
-// The tab order goes down the dialog, along a row from left to right, and ends with the buttons.
-TEST(DialogTemplates, TabFollowsTheEye) {
-  ForEachDialog([](const Language& language, int id, const COpenDialog& dialog) {
-    RECT before = {};
-    for (HWND control : dialog.Controls()) {
+      EXPECT_TRUE(key == L'\0' || used.insert({language.name, window, key}).second);
+      const LRESULT code = SendMessageW(control, WM_GETDLGCODE, 0, 0);
+      const bool isField = (code & (DLGC_HASSETSEL | DLGC_WANTARROWS)) != 0;
+      EXPECT_TRUE(!isField || keyBefore != L'\0');
+      keyBefore = key;
       if ((GetWindowLongPtrW(control, GWL_STYLE) & WS_TABSTOP) == 0) continue;
       RECT place = {};
       GetWindowRect(control, &place);
-      EXPECT_TRUE(place.top >= before.bottom ||
-                  (place.top == before.top && place.left >= before.right))
-          << Place(language, id, GetDlgCtrlID(control));
-      before = place;
-    }
-  });
-}
-
-// A screen reader names a field by the label before it, and the label's access key leads to the
-// field.
-TEST(DialogTemplates, EveryFieldFollowsItsLabel) {
-  ForEachDialog([](const Language& language, int id, const COpenDialog& dialog) {
-    HWND before = nullptr;
-    for (HWND control : dialog.Controls()) {
-      const LRESULT code = SendMessageW(control, WM_GETDLGCODE, 0, 0);
-      if ((code & (DLGC_HASSETSEL | DLGC_WANTARROWS)) != 0) {
-        EXPECT_NE(AccessKey(before), L'\0') << Place(language, id, GetDlgCtrlID(control));
-      }
-      before = control;
+      EXPECT_TRUE(place.top >= tabStop.bottom ||
+                  (place.top == tabStop.top && place.left >= tabStop.right));
+      tabStop = place;
     }
   });
 }
