@@ -75,7 +75,7 @@ std::shared_ptr<CRibbonView> CRibbonHost::OpenView(CModelPtr<CAutomation> contex
 }
 
 void CRibbonHost::Report(const std::string& message) {
-  m_messages.push_back(message);
+  m_model.RecordMisuse("ribbon: " + message);
 }
 
 void CRibbonHost::InvalidateAll() {

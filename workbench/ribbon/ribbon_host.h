@@ -27,8 +27,8 @@ struct RibbonFigures {
 // One ribbon document of the add-in, for explorers or contact windows. The windows that show it are
 // its views.
 //
-// What Office would report if set to show add-in errors becomes a message: an invalid document, or
-// a callback that is missing, fails or returns a wrong type. The add-in sees no error.
+// What Office would report if set to show add-in errors is a misuse in the model: an invalid
+// document, or a callback that is missing, fails or returns a wrong type. The add-in sees no error.
 class CRibbonHost {
  public:
   CRibbonHost(CModel& model, RibbonWindow window);
@@ -37,7 +37,7 @@ class CRibbonHost {
   CRibbonHost& operator=(const CRibbonHost&) = delete;
 
   // Reads the document, gets the IDispatch with its callbacks from `addIn` and calls onLoad. False
-  // if the document is invalid; Messages() then has the reason. Call once per document.
+  // if the document is invalid. Call once per document.
   bool Load(IUnknown* addIn, const std::wstring& document);
   bool IsLoaded() const noexcept { return m_addIn != nullptr; }
   // The add-in has ended: its controls disappear, and IRibbonUI objects still held fail.
@@ -48,7 +48,6 @@ class CRibbonHost {
   // window.
   std::shared_ptr<CRibbonView> OpenView(CModelPtr<CAutomation> context);
 
-  const std::vector<std::string>& Messages() const noexcept { return m_messages; }
   const RibbonFigures& Figures() const noexcept { return m_figures; }
   void ResetFigures() { m_figures = {}; }
 
@@ -80,7 +79,6 @@ class CRibbonHost {
   CModelPtr<CRibbonUi> m_ui;
   std::vector<CRibbonView*> m_views;
   std::map<std::string, DISPID> m_ids;
-  std::vector<std::string> m_messages;
   RibbonFigures m_figures;
   int m_askingDepth = 0;  // nesting of callbacks that supply values
 };

@@ -99,7 +99,7 @@ TEST_F(Ribbon, ABadDocumentIsDroppedAsAWhole) {
     bad.replace(bad.find(from), std::wstring_view(from).size(), to);
     EXPECT_FALSE(m_host.Load(&m_callbacks, bad)) << Utf8FromWide(to);
   }
-  EXPECT_EQ(m_host.Messages().size(), std::size(faults));
+  EXPECT_EQ(m_model.Misuses().size(), std::size(faults));
   EXPECT_TRUE(m_callbacks.called.empty());
   EXPECT_EQ(m_callbacks.references, 1u);
 }
@@ -128,7 +128,7 @@ TEST_F(Ribbon, WrongAnswersAreReportedAndReplaced) {
   EXPECT_EQ(face.caption, L"");
   EXPECT_TRUE(face.enabled);
   EXPECT_TRUE(Face(L"Dial").entries.empty());
-  const std::vector<std::string>& messages = m_host.Messages();
+  const std::vector<std::string>& messages = m_model.Misuses();
   const auto said = [&messages](const char* text) {
     return std::any_of(messages.begin(), messages.end(), [text](const std::string& one) {
       return one.find(text) != std::string::npos;
@@ -169,8 +169,8 @@ TEST_F(Ribbon, InvalidatingInsideACallbackIsReported) {
   Load();
   m_callbacks.duringLabel = [this] { m_callbacks.ribbonUi.Call(L"Invalidate"); };
   m_view->Redraw();
-  ASSERT_FALSE(m_host.Messages().empty());
-  EXPECT_EQ(m_host.Messages().front(), "the ribbon was invalidated from inside a callback");
+  ASSERT_FALSE(m_model.Misuses().empty());
+  EXPECT_EQ(m_model.Misuses().front(), "ribbon: the ribbon was invalidated from inside a callback");
 }
 
 TEST_F(Ribbon, AfterUnloadingNothingOfTheAddInIsHeld) {
