@@ -62,16 +62,17 @@ class CBookItem final : public IContactFields {
       : m_entryId(std::move(entryId)), m_contact(contact) {}
 
   bool ReadEntryId(std::string& entryId) override {
-    if (hasEntryId) entryId = isSaved ? m_entryId : "";
-    return hasEntryId;
+    if (fault == Fault::NoEntryId) return false;
+    entryId = isSaved ? m_entryId : "";
+    return true;
   }
   bool Save() override {
-    isSaved = savesForGood;
-    return saves;
+    isSaved = fault != Fault::SaveIsLost;
+    return fault != Fault::SaveFails;
   }
   bool ReadFileAs(std::string& fileAs) override {
-    if (hasFileAs) fileAs = m_contact.fileAs;
-    return hasFileAs;
+    fileAs = m_contact.fileAs;
+    return fault != Fault::NoFileAs;
   }
   bool ReadTelNumber(int telNumberType, std::string& number) override {
     if (telNumberType == unreadableType) return false;
@@ -79,11 +80,9 @@ class CBookItem final : public IContactFields {
     return true;
   }
 
-  bool hasEntryId = true;
+  enum class Fault { NoEntryId, NoFileAs, SaveFails, SaveIsLost, None };
+  Fault fault = Fault::None;
   bool isSaved = true;
-  bool saves = true;
-  bool savesForGood = true;
-  bool hasFileAs = true;
   int unreadableType = 0;
 
  private:

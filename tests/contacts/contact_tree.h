@@ -12,13 +12,9 @@
 
 namespace quor {
 
-// An item of a contacts folder; missing parts cannot be read.
 struct TreeItem {
   std::string entryId;
   std::array<std::string, 13> numbers;  // by type
-  bool opens = true;
-  bool isContact = true;
-  bool hasName = true;
 };
 using TreeItemPtr = std::shared_ptr<TreeItem>;
 
@@ -34,7 +30,7 @@ using TreeFolderPtr = std::shared_ptr<TreeFolder>;
 struct TreeAccess {
   std::function<void()> inside;  // runs while the call pumps messages
   int calls = 0;
-  int held = 0;  // folders and contacts that are referenced
+  std::shared_ptr<int> held = std::make_shared<int>();  // shared by all folders and contacts
 
   void Call() {
     ++calls;
@@ -42,21 +38,10 @@ struct TreeAccess {
   }
 };
 
-class CHeld {
- public:
-  explicit CHeld(TreeAccess& access) : m_access(access) { ++m_access.held; }
-  CHeld(const CHeld&) = delete;
-  CHeld& operator=(const CHeld&) = delete;
-  ~CHeld() { --m_access.held; }
-
- protected:
-  TreeAccess& m_access;
-};
-
 // An open contact: each call reads the item's present state, like a new object of Outlook's.
-class CTreeContact final : public CHeld, public IContactFields {
+class CTreeContact final : public IContactFields {
  public:
-  CTreeContact(TreeAccess& access, TreeItemPtr item) : CHeld(access), m_item(std::move(item)) {}
+  CTreeContact(TreeAccess& access, TreeItemPtr item) : m_access(access), m_item(std::move(item)) {}
 
   bool ReadEntryId(std::string& entryId) override {
     m_access.Call();
@@ -64,10 +49,9 @@ class CTreeContact final : public CHeld, public IContactFields {
     return true;
   }
   bool Save() override { return true; }
-  bool ReadFileAs(std::string& fileAs) override {
+  bool ReadFileAs(std::string&) override {
     m_access.Call();
-    if (m_item->hasName) fileAs = "Name";
-    return m_item->hasName;
+    return true;
   }
   bool ReadTelNumber(int telNumberType, std::string& number) override {
     const std::string before = m_item->numbers.at(static_cast<size_t>(telNumberType));
@@ -77,14 +61,16 @@ class CTreeContact final : public CHeld, public IContactFields {
   }
 
  private:
+  TreeAccess& m_access;
+  std::shared_ptr<int> m_held = m_access.held;
   TreeItemPtr m_item;
 };
 
 // An open folder. Its collections are live, like Outlook's.
-class COpenFolder final : public CHeld, public IScanFolder {
+class COpenFolder final : public IScanFolder {
  public:
   COpenFolder(TreeAccess& access, TreeFolderPtr folder)
-      : CHeld(access), m_folder(std::move(folder)) {}
+      : m_access(access), m_folder(std::move(folder)) {}
 
   bool CountItems(int32_t& count) override {
     m_access.Call();
@@ -97,9 +83,8 @@ class COpenFolder final : public CHeld, public IScanFolder {
     m_access.Call();
     const auto index = static_cast<size_t>(position - 1);
     if (!m_folder->isThere || index >= m_folder->items.size()) return false;
-    const TreeItemPtr& item = m_folder->items[index];
-    if (item->opens && item->isContact) contact = std::make_shared<CTreeContact>(m_access, item);
-    return item->opens;
+    contact = std::make_shared<CTreeContact>(m_access, m_folder->items[index]);
+    return true;
   }
 
   bool ReadsSubfolders() override { return true; }
@@ -126,6 +111,8 @@ class COpenFolder final : public CHeld, public IScanFolder {
   }
 
  private:
+  TreeAccess& m_access;
+  std::shared_ptr<int> m_held = m_access.held;
   TreeFolderPtr m_folder;
   size_t m_cursor = 0;
 };
