@@ -53,9 +53,6 @@ void Damage(FuzzedDataProvider& input, XmlElement& element) {
     case 4:
     case 5:
       element.text = NextText(input);
-      break;
-    default:
-      break;
   }
   for (XmlElement& child : element.children) {
     if (input.remaining_bytes() != 0) Damage(input, child);
