@@ -41,28 +41,18 @@ class CHistory {
 
  private:
   void Step() {
-    switch (Below(16)) {
-      case 0:
-        SetLogEnabled(Below(2) != 0);
-        break;
-      case 1:
-      case 2:
-        AnyContact().second.opens = Below(3) != 0;
-        break;
-      case 3:
-      case 4:
-      case 5:
-        ChangeContact();
-        break;
-      case 6:
-        DeleteSomething();
-        break;
-      case 7:
-      case 8:
-        AddSomething();
-        break;
-      default:
-        LookUp();
+    const unsigned choice = Below(16);
+    if (choice == 0) return SetLogEnabled(Below(2) != 0);
+    if (choice <= 2) {
+      AnyContact().second.opens = Below(3) != 0;
+    } else if (choice <= 5) {
+      ChangeContact();
+    } else if (choice == 6) {
+      DeleteSomething();
+    } else if (choice <= 8) {
+      AddSomething();
+    } else {
+      LookUp();
     }
   }
 

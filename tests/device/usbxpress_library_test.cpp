@@ -2,11 +2,9 @@
 #include "device/usbxpress_library.h"
 
 #include <gtest/gtest.h>
-#include <windows.h>
 
 #include <string>
 
-#include "device/event_objects.h"
 #include "text/ansi.h"
 
 namespace quor {
@@ -35,17 +33,6 @@ TEST(UsbXpressLibraryTest, WhatIsMissingIsAMissingDeviceAndSaidOnceTheLogIsOn) {
     }
     EXPECT_EQ(lines.text, line);
   }
-}
-
-TEST(EventObjectsTest, ManualResetAndNonSignalled) {
-  CEventObjects events;
-  void* event = events.CreateManualResetEvent();
-  EXPECT_EQ(WaitForSingleObject(event, 0), static_cast<DWORD>(WAIT_TIMEOUT));
-  SetEvent(event);
-  EXPECT_EQ(WaitForSingleObject(event, 0), WAIT_OBJECT_0);
-  EXPECT_EQ(WaitForSingleObject(event, 0), WAIT_OBJECT_0);
-  events.CloseEvent(event);
-  EXPECT_EQ(SetEvent(event), FALSE);
 }
 
 }  // namespace
