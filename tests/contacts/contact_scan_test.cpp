@@ -271,13 +271,8 @@ class CStage {
   void DoMuchInSilence(bool removes) {
     const TreeFolderPtr folder = AnyFolder();
     if (removes && folder->items.size() < 16) return;
-    for (int i = 0; i < 16; ++i) {
-      if (removes) {
-        Remove(*folder);
-      } else {
-        Add(*folder, NewItem());
-      }
-    }
+    for (int i = 0; i < 16; ++i)
+      removes ? Remove(*folder) : Add(*folder, NewItem());
   }
 
   static void Walk(const TreeFolder& folder, CPhoneNumberIndex& index) {

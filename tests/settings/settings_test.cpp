@@ -75,6 +75,9 @@ TEST_F(CSettingsTest, AnUnreadableFileGivesTheDefaultsAndIsReplaced) {
   m_settings.Values().popUpModes.fill(0);
   m_settings.Values().histories.resize(1);
   m_settings.Save();  // nothing is loaded yet
+  m_settings.Start("");
+  m_settings.Save();
+  EXPECT_EQ(m_settings.Load(), -1);
   m_settings.Start("vex_cfg.xml");
   m_settings.Save();
   EXPECT_THAT(m_lines, ElementsAre("Load Data\n", "Couldn't load XML file.\n", "Save Data\n"));

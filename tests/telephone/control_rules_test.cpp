@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/telephone/telephone_desk.h"
 
 // Captions, enabled flags and clicks of the buttons, for every state, with and without ribbon, and
@@ -13,6 +15,22 @@ namespace {
 enum class Deed { Nothing, Answer, HangUp, Take, Release, Dial };
 enum class Says { Call, Disconnect, Cancel, Answer };
 
+// By the state of the button's own line, while no call is announced.
+constexpr struct {
+  Deed onToolbar;
+  Deed onRibbon;
+  Says caption;
+  bool enabled;
+} kTold[7] = {
+    {Deed::Nothing, Deed::Nothing, Says::Call, false},
+    {Deed::Take, Deed::Dial, Says::Call, true},
+    {Deed::Nothing, Deed::Nothing, Says::Call, false},
+    {Deed::HangUp, Deed::HangUp, Says::Disconnect, true},
+    {Deed::Nothing, Deed::Nothing, Says::Disconnect, false},
+    {Deed::Release, Deed::Nothing, Says::Cancel, true},
+    {Deed::Nothing, Deed::Nothing, Says::Disconnect, false},
+};
+
 constexpr uint8_t kButtonLines[] = {1, 2, 17};
 constexpr int kButtonControls[] = {1, 2, 4};
 constexpr int kCaptions[3][4] = {
@@ -22,35 +40,10 @@ struct Situation {
   uint8_t states[3];  // of line 1, line 2 and the cell side
   uint8_t cidLine;
 
-  bool Rings() const { return states[0] == 2 && states[1] == 2 && states[2] == 2; }
+  bool Rings() const { return std::ranges::count(states, 2) == 3; }
   bool OtherInCall(int button) const {
-    for (int other = 0; other < 3; ++other) {
-      if (other != button && (states[other] == 3 || states[other] == 4)) return true;
-    }
-    return false;
-  }
-
-  Deed ToldDeed(int button, bool ribbon) const {
-    if (Rings() && (cidLine == 1 || cidLine == 2 || cidLine == 17)) return Deed::Answer;
-    switch (states[button]) {
-      case 1:
-        return ribbon ? Deed::Dial : Deed::Take;
-      case 3:
-        return Deed::HangUp;
-      case 5:
-        return ribbon ? Deed::Nothing : Deed::Release;
-      default:
-        return Deed::Nothing;
-    }
-  }
-  Says ToldCaption(int button, bool withAnswer) const {
-    if (withAnswer && Rings() && cidLine == kButtonLines[button]) return Says::Answer;
-    if (states[button] <= 2) return Says::Call;
-    return states[button] == 5 ? Says::Cancel : Says::Disconnect;
-  }
-  bool ToldEnabled(int button, bool withAnswer) const {
-    if (states[button] == 1 || states[button] == 3 || states[button] == 5) return true;
-    return withAnswer && cidLine == kButtonLines[button] && !OtherInCall(button);
+    const auto inCall = [](uint8_t state) { return state == 3 || state == 4; };
+    return std::ranges::count_if(states, inCall) > (inCall(states[button]) ? 1 : 0);
   }
 };
 
@@ -94,16 +87,22 @@ TEST_P(LineButtons, SayAndDoWhatTheirStateTells) {
           desk.state.savedState = {0, 1, 1, 1, 0, 0, 0};
           desk.state.caller.cidLine = cidLine;
         };
+        const auto& told = kTold[s.states[button]];
+        const bool answers = s.Rings() && (cidLine == 1 || cidLine == 2 || cidLine == 17);
+        const bool announced = cidLine == kButtonLines[button];
         set();
-        ASSERT_EQ(Click(desk, kButtonLines[button]), s.ToldDeed(button, GetParam() >= 14))
+        ASSERT_EQ(Click(desk, kButtonLines[button]), answers            ? Deed::Answer
+                                                     : GetParam() >= 14 ? told.onRibbon
+                                                                        : told.onToolbar)
             << s << " button " << button;
         set();
         for (const bool withAnswer : {false, true}) {
+          const Says caption = withAnswer && announced && s.Rings() ? Says::Answer : told.caption;
           ASSERT_EQ(GetLineCaption(desk.state, button, withAnswer),
-                    kCaptions[button][static_cast<int>(s.ToldCaption(button, withAnswer))])
+                    kCaptions[button][static_cast<int>(caption)])
               << s << " button " << button;
           ASSERT_EQ(IsControlEnabled(desk.state, kButtonControls[button], withAnswer),
-                    s.ToldEnabled(button, withAnswer))
+                    told.enabled || (withAnswer && announced && !s.OtherInCall(button)))
               << s << " button " << button;
         }
       }
