@@ -265,6 +265,9 @@ TEST_F(CDeviceLinkTest, LinesWithoutASlotAreRefused) {
               "CAddin::OnOnHookRequest\n** CAddin::OnOnHookRequest error.\n");
   }
   EXPECT_EQ(m_base.WrittenCount(), 0U);
+  for (int slot = 0; slot < kSlotCount; ++slot)
+    EXPECT_EQ(SlotFromLineType(LineTypeFromSlot(slot)), slot);
+  EXPECT_EQ(LineTypeFromSlot(kSlotCount), kNoLine);
 }
 
 TEST_F(CDeviceLinkTest, ShutdownEndsAWatchThreadOnce) {
