@@ -93,8 +93,10 @@ bool CSimpleWindow::AdmitsKey(const MSG& message) noexcept {
 void CSimpleWindow::OnButton(int id) {
   // The press may have begun before the call ended.
   const bool answers = id == IDOK && IsVisible() && IsWindowEnabled(Control(IDOK));
+  // Moving the focus may pump messages, and the next call may be shown.
+  const int slot = m_slot;
   Hide();
-  if (answers) m_answer.OnAnswer(m_slot);
+  if (answers) m_answer.OnAnswer(slot);
 }
 
 // Who calls, for those who hear the window, and why that name, for all.
