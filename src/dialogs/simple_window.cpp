@@ -47,6 +47,7 @@ void CSimpleWindow::Show() {
   const bool inFront = IsVisible() && GetActiveWindow() == Window();
   if (!inFront) m_focus.Note();
   ShowInFront(m_outlook, CentreBelowToolbar);
+  m_nameTip.Place();  // another monitor may have another scale
   // Another call while the window is already in front.
   if (inFront) m_keys.Begin();
   // The window may be behind another program's, so notify screen readers, too.
@@ -99,7 +100,6 @@ void CSimpleWindow::OnButton(int id) {
   if (answers) m_answer.OnAnswer(slot);
 }
 
-// Who calls, for those who hear the window, and why that name, for all.
 void CSimpleWindow::Explain(const CallerValue& name, const CallerValue& number) {
   const std::wstring caller = name.text.empty() && !number.text.empty() ? number.text : Shown(name);
   const std::wstring reason = NameReason(name, m_resources);

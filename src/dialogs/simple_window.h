@@ -53,6 +53,8 @@ class CSimpleWindow final : public CModelessDialog, public ICallerWindow {
   void OnButton(int id) override;
   bool AdmitsKey(const MSG& message) noexcept override;
 
+  // Sets the announcement for screen readers, and the reason for the name as its description and
+  // its tooltip.
   void Explain(const CallerValue& name, const CallerValue& number);
   std::wstring Shown(const CallerValue& value) const;
   void EnableAnswer(bool enabled) noexcept;

@@ -6,9 +6,9 @@
 namespace quor {
 namespace {
 
-constexpr LPARAM kLongestTime = 32767;  // milliseconds; the control takes no more
+constexpr LPARAM kLongestTime = 32767;  // milliseconds, the most that the control accepts
 
-// The area of the control in its dialog: the control itself may be one that the mouse does not see.
+// The control's area in its dialog: a static control itself gets no mouse messages.
 TTTOOLINFOW ToolOf(HWND control) noexcept {
   TTTOOLINFOW tool = {};
   // The size that every version of the common controls knows.
@@ -42,13 +42,20 @@ void CToolTip::SetText(const std::wstring& text) noexcept {
     if (m_window == nullptr) return;
     SendMessageW(m_window, TTM_SETDELAYTIME, TTDT_AUTOPOP, kLongestTime);
   }
+  // The control copies the text.
+  tool.lpszText = const_cast<wchar_t*>(text.c_str());
+  SendMessageW(m_window, TTM_ADDTOOLW, 0, toolParameter);
+  Place();
+}
+
+void CToolTip::Place() noexcept {
+  if (m_window == nullptr || !IsWindow(m_control)) return;
+  TTTOOLINFOW tool = ToolOf(m_control);
+  SendMessageW(m_window, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
   // Without a width the text would be one line.
   RECT dialog = {};
   GetClientRect(tool.hwnd, &dialog);
   SendMessageW(m_window, TTM_SETMAXTIPWIDTH, 0, dialog.right);
-  // The control copies the text.
-  tool.lpszText = const_cast<wchar_t*>(text.c_str());
-  SendMessageW(m_window, TTM_ADDTOOLW, 0, toolParameter);
 }
 
 void CToolTip::Hide() noexcept {

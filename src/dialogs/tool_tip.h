@@ -7,15 +7,17 @@
 
 namespace quor {
 
-// The tooltip of one control of a dialog. Its window is made for the first text and goes with the
-// dialog.
+// The tooltip of one control of a dialog. Its window is created for the first text and destroyed
+// with the dialog.
 class CToolTip {
  public:
-  // A control of a new dialog.
+  // Call once for each new dialog.
   void Attach(HWND control) noexcept;
   // Lines end in "\r\n". An empty text is not shown.
   void SetText(const std::wstring& text) noexcept;
-  // Takes the text off the screen.
+  // Call after the control has moved or its size has changed.
+  void Place() noexcept;
+  // Hides the tooltip if it is shown.
   void Hide() noexcept;
 
  private:
