@@ -7,7 +7,7 @@ namespace quor {
 HRESULT CDialogWindow::CreateHidden(HWND parent) noexcept {
   if (IsWindow()) return S_OK;
   return GuardComCall(m_log, "dialog", [&]() -> HRESULT {
-    const std::vector<std::byte> dialog = m_resources.DialogTemplate(m_templateId);
+    const std::vector<std::byte> dialog = m_resources.DialogTemplate(m_templateId, m_mostPoints);
     // Some failures set no error code.
     SetLastError(ERROR_SUCCESS);
     if (dialog.empty() ||

@@ -4,6 +4,8 @@
 #include <unknwn.h>
 #include <windows.h>
 
+#include <cstdint>
+
 #include "module/diagnostic_log.h"
 #include "resources/resource_loader.h"
 
@@ -32,13 +34,14 @@ class CDialogWindow {
   void Destroy() noexcept;
 
  protected:
-  // A derived class must destroy the window in its destructor, while its message handler still
-  // exists.
-  CDialogWindow(const DialogHost& host, int templateId) noexcept
+  // The font is the user's message font, but no larger than `mostPoints`. A derived class must
+  // destroy the window in its destructor, while its message handler still exists.
+  CDialogWindow(const DialogHost& host, int templateId, uint16_t mostPoints = UINT16_MAX) noexcept
       : m_resources(host.resources),
         m_log(host.log),
         m_object(host.object),
-        m_templateId(templateId) {}
+        m_templateId(templateId),
+        m_mostPoints(mostPoints) {}
   ~CDialogWindow() = default;
 
   // S_OK if the window exists already; E_FAIL for a failure without a Win32 error code.
@@ -59,6 +62,7 @@ class CDialogWindow {
 
   IUnknown& m_object;
   int m_templateId;
+  uint16_t m_mostPoints;
   HWND m_window = nullptr;
 };
 

@@ -25,9 +25,11 @@ class IOptionsPanelOwner {
 // window is destroyed and created again, the user's choices are kept.
 class COptionsPanel final : public CDialogWindow {
  public:
-  // All must outlive the panel.
-  COptionsPanel(const DialogHost& host, IOptionsPanelOwner& owner) noexcept
-      : CDialogWindow(host, IDD_OPTIONS_PANEL), m_owner(owner) {}
+  // All must outlive the panel. A parent whose size does not depend on the user's font limits the
+  // font to `mostPoints`.
+  COptionsPanel(const DialogHost& host, IOptionsPanelOwner& owner,
+                uint16_t mostPoints = UINT16_MAX) noexcept
+      : CDialogWindow(host, IDD_OPTIONS_PANEL, mostPoints), m_owner(owner) {}
   ~COptionsPanel() { Destroy(); }
 
   // Creates the window hidden, in the parent's upper left corner and in front of its other

@@ -15,6 +15,7 @@ constexpr DISPID kOnStatusChange = 0x2100;
 // The panel's 217 x 174 dialog units in Segoe UI 9, 380 x 326 pixels at 96 dpi, in HIMETRIC (0.01
 // mm). Outlook's space for a page is hardly larger.
 constexpr SIZEL kExtent = {10054, 8625};
+constexpr uint16_t kPoints = 9;
 
 }  // namespace
 
@@ -24,7 +25,7 @@ CPropPage::CPropPage(const OptionsPageParts& parts)
       m_store(parts.store),
       m_resources(parts.resources),
       m_log(parts.log),
-      m_panel({Identity(), parts.resources, parts.log}, *this) {
+      m_panel({Identity(), parts.resources, parts.log}, *this, kPoints) {
   m_panel.Load(m_store.Reload());
 }
 

@@ -1,5 +1,6 @@
 #include "resources/resource_loader.h"
 
+#include <algorithm>
 #include <cstring>
 #include <optional>
 #include <utility>
@@ -72,12 +73,14 @@ std::vector<std::wstring> CResourceLoader::TextInEveryLanguage(int id) const {
   return texts;
 }
 
-std::vector<std::byte> CResourceLoader::DialogTemplate(int id) const {
+std::vector<std::byte> CResourceLoader::DialogTemplate(int id, uint16_t mostPoints) const {
   for (const LANGID language : {m_language, kEnglishLanguage}) {
     const std::span<const std::byte> found = ResourceData(m_module, RT_DIALOG, id, language);
     if (found.empty()) continue;
-    if (const std::optional<DialogFont> font = MessageFont()) return WithFont(found, *font);
-    return {found.begin(), found.end()};
+    std::optional<DialogFont> font = MessageFont();
+    if (!font) return {found.begin(), found.end()};
+    font->points = std::min(font->points, mostPoints);
+    return WithFont(found, *font);
   }
   return {};
 }

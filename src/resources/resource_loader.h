@@ -28,9 +28,10 @@ class CResourceLoader final : public IStringTable {
   std::wstring Text(int id) const override;
   // The text in each language that has it.
   std::vector<std::wstring> TextInEveryLanguage(int id) const;
-  // The template in the user's message font, or in its own font if Windows does not report that
-  // one. Empty if there is none. Aligned as required for a DLGTEMPLATE.
-  std::vector<std::byte> DialogTemplate(int id) const;
+  // The template in the user's message font, no larger than `mostPoints`, or in its own font if
+  // Windows does not report that one. Empty if there is none. Aligned as required for a
+  // DLGTEMPLATE.
+  std::vector<std::byte> DialogTemplate(int id, uint16_t mostPoints = UINT16_MAX) const;
   // The bytes of a language-neutral resource with one of our types; empty if there is none. Valid
   // while the module is loaded.
   std::span<const std::byte> Data(const wchar_t* type, int id) const noexcept;
