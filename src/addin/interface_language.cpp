@@ -1,7 +1,8 @@
 #include "addin/interface_language.h"
 
-#include <iterator>
 #include <utility>
+
+#include "settings/configuration.h"
 
 namespace quor {
 namespace {
@@ -12,7 +13,7 @@ struct Language {
 };
 
 // The languages with resources, by language number.
-constexpr Language kLanguages[] = {
+constexpr Language kLanguages[kLanguageCount] = {
     {LANG_ENGLISH, SUBLANG_ENGLISH_US},      // 1033
     {LANG_FRENCH, SUBLANG_FRENCH},           // 1036
     {LANG_SPANISH, SUBLANG_SPANISH_MODERN},  // 3082
@@ -21,7 +22,7 @@ constexpr Language kLanguages[] = {
 }  // namespace
 
 void CInterfaceLanguage::Choose(int32_t languageNo) noexcept {
-  if (languageNo < 0 || languageNo >= static_cast<int32_t>(std::size(kLanguages))) return;
+  if (languageNo < 0 || languageNo >= kLanguageCount) return;
   const Language& language = kLanguages[languageNo];
   const LCID previous = GetThreadLocale();
   if (SetThreadLocale(MAKELCID(MAKELANGID(language.primary, language.sub), SORT_DEFAULT))) {

@@ -8,7 +8,6 @@
 namespace quor {
 namespace {
 
-constexpr int kLanguageCount = 3;
 // Pop-up modes in the order of the lists.
 constexpr int32_t kModes[] = {kPopUpContactForm, kPopUpSimpleWindow, kPopUpOff};
 
@@ -83,9 +82,9 @@ OptionValues COptionsPanel::ValuesOver(OptionValues current) const noexcept {
   return current;
 }
 
-void COptionsPanel::FillList(int id, int firstText) {
+void COptionsPanel::FillList(int id, int firstText, int rows) {
   const HWND list = Control(id);
-  for (int row = 0; row < 3; ++row) {
+  for (int row = 0; row < rows; ++row) {
     const std::wstring text = m_resources.Text(firstText + row);
     SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
   }
@@ -162,9 +161,9 @@ bool COptionsPanel::OnNotice(int control, int notice) {
 INT_PTR COptionsPanel::Handle(UINT message, WPARAM wparam) {
   switch (message) {
     case WM_INITDIALOG:
-      FillList(IDC_OPTIONS_LANGUAGE, IDS_LANGUAGE_NAME);
+      FillList(IDC_OPTIONS_LANGUAGE, IDS_LANGUAGE_NAME, kLanguageCount);
       for (int slot = 0; slot < static_cast<int>(kPopUpSlots); ++slot) {
-        FillList(IDC_OPTIONS_POP_UP + slot, IDS_POP_UP_MODE);
+        FillList(IDC_OPTIONS_POP_UP + slot, IDS_POP_UP_MODE, std::size(kModes));
       }
       ShowValues();
       return FALSE;  // TRUE would take the focus

@@ -56,7 +56,7 @@ class COptionsPanel final : public CDialogWindow {
   INT_PTR Handle(UINT message, WPARAM wparam) override;
   bool OnNotice(int control, int notice);
 
-  void FillList(int id, int firstText);
+  void FillList(int id, int firstText, int rows);
   void ShowValues() noexcept;
   LRESULT SelectedRow(int id) const noexcept;
   bool LeavesPanel(bool backwards) const noexcept;

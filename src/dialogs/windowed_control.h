@@ -111,8 +111,6 @@ class CWindowedControl : public IOleObject,
   // One of the interfaces above without a reference; null for any other.
   void* FindControlInterface(REFIID iid) noexcept;
 
-  IOleClientSite* ClientSite() const noexcept { return m_clientSite; }
-
   // Call when the window has or should take the focus. The container then passes its keyboard
   // messages.
   void UiActivate();

@@ -8,14 +8,12 @@ namespace quor {
 // The add-in's identifiers. They are in users' registries and therefore never change. The
 // registration scripts and the .idl file contain the same values.
 
-inline constexpr wchar_t kAddinProgId[] = L"QuorTelephoneToolbar.Addin";
-inline constexpr wchar_t kPropertyPageProgId[] = L"QuorTelephoneToolbar.PropPage";
-
-// {DA593EC2-67C4-4602-B30E-3FEC47C1C55A}: the add-in's class.
+// {DA593EC2-67C4-4602-B30E-3FEC47C1C55A}: the add-in's class, QuorTelephoneToolbar.Addin.
 inline constexpr GUID kAddinClsid = {
     0xDA593EC2, 0x67C4, 0x4602, {0xB3, 0x0E, 0x3F, 0xEC, 0x47, 0xC1, 0xC5, 0x5A}};
 
-// {619B3283-8326-4895-A4F2-E3881DC00D2D}: the options page's class.
+// {619B3283-8326-4895-A4F2-E3881DC00D2D}: the options page's class,
+// QuorTelephoneToolbar.PropPage.
 inline constexpr GUID kPropertyPageClsid = {
     0x619B3283, 0x8326, 0x4895, {0xA4, 0xF2, 0xE3, 0x88, 0x1D, 0xC0, 0x0D, 0x2D}};
 

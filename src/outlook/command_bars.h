@@ -15,8 +15,6 @@ inline constexpr long kControlButton = 1;
 inline constexpr long kControlComboBox = 4;
 inline constexpr long kControlPopup = 10;
 
-inline constexpr long kBarTop = 1;
-
 inline constexpr int32_t kButtonIconAndCaption = 3;
 inline constexpr int32_t kComboLabel = 1;
 inline constexpr int32_t kWidthOfLongestItem = -1;

@@ -15,7 +15,6 @@ namespace quor {
 
 inline constexpr long kFolderDeletedItems = 3;
 inline constexpr long kFolderContacts = 10;
-inline constexpr int32_t kItemTypeAppointment = 1;
 inline constexpr int32_t kItemTypeContact = 2;
 inline constexpr int32_t kItemTypeJournal = 4;
 

@@ -12,6 +12,7 @@ namespace quor {
 inline constexpr int kEnglish = 0;
 inline constexpr int kFrench = 1;
 inline constexpr int kSpanish = 2;
+inline constexpr int kLanguageCount = 3;
 
 // How an incoming call on a line or cell is shown. Any other value opens the contact form.
 inline constexpr int kPopUpOff = 0;
@@ -65,8 +66,8 @@ struct Configuration {
   int32_t dialClear = 1;  // 0: the dial box keeps a dialled number
   int32_t connectWait = 0;
   int32_t debugLog = 0;  // not 0: the diagnostic log is written
-  int32_t delayBtnEvent =
-      0;  // milliseconds during which a second click on a line button is ignored
+  // Milliseconds during which a second click on a line button is ignored.
+  int32_t delayBtnEvent = 0;
 
   int32_t languageNo = kEnglish;  // m_langno; a negative number keeps the system's locale
   int32_t callerInfo = 1;         // this and the next switch are not used either

@@ -181,7 +181,7 @@ class CSystemReader {
   }
 
   void CorrectValues() {
-    if (m_configuration.languageNo > kSpanish) {
+    if (m_configuration.languageNo >= kLanguageCount) {
       m_findings.illegalLanguage = m_configuration.languageNo;
       m_configuration.languageNo = kEnglish;
     }

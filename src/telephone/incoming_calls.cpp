@@ -13,6 +13,8 @@ namespace {
 
 constexpr int kFirstCellSlot = 2;
 
+static_assert(kPopUpSlots == kSlotCount);
+
 // For a call on a cell, the unit number gives the cell.
 int SlotOf(const CallerInformation& information) noexcept {
   if (information.cidLine == kLine1 || information.cidLine == kLine2) {

@@ -4,6 +4,9 @@
 #include <array>
 #include <optional>
 
+#include "device/records.h"
+#include "settings/configuration.h"
+
 namespace quor {
 namespace {
 
@@ -44,13 +47,13 @@ struct Items {
 };
 
 constexpr Items kItems[] = {
-    {L"Cell", 4, RibbonFunction::Cell},
-    {L"CallerList", 10, RibbonFunction::Caller},
-    {L"SpeedDialMenu", 10, RibbonFunction::SpeedDialEntry},
-    {L"SpeedDialC", 10, RibbonFunction::SpeedDialItem, SpeedDialAction::Call},
-    {L"SpeedDialA", 10, RibbonFunction::SpeedDialItem, SpeedDialAction::Add},
-    {L"SpeedDialU", 10, RibbonFunction::SpeedDialItem, SpeedDialAction::Edit},
-    {L"SpeedDialR", 10, RibbonFunction::SpeedDialItem, SpeedDialAction::Erase},
+    {L"Cell", kCellCount, RibbonFunction::Cell},
+    {L"CallerList", kCallerListLimit, RibbonFunction::Caller},
+    {L"SpeedDialMenu", kSpeedDialCount, RibbonFunction::SpeedDialEntry},
+    {L"SpeedDialC", kSpeedDialCount, RibbonFunction::SpeedDialItem, SpeedDialAction::Call},
+    {L"SpeedDialA", kSpeedDialCount, RibbonFunction::SpeedDialItem, SpeedDialAction::Add},
+    {L"SpeedDialU", kSpeedDialCount, RibbonFunction::SpeedDialItem, SpeedDialAction::Edit},
+    {L"SpeedDialR", kSpeedDialCount, RibbonFunction::SpeedDialItem, SpeedDialAction::Erase},
 };
 
 // In the order of telNumberType 1 to 12.

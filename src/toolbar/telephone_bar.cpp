@@ -41,7 +41,7 @@ void DeleteStaleBar(const CCommandBars& bars, const std::wstring& name) {
 
 CCommandBar MakeBar(const CCommandBars& bars, const std::wstring& name) {
   DeleteStaleBar(bars, name);
-  return bars.Add(name, kBarTop);
+  return bars.Add(name, kBarDockedTop);
 }
 
 void PlaceBar(const CCommandBar& bar, const ToolBarRecord& place, CDiagnosticLog& log) {
