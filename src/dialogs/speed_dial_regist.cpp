@@ -11,11 +11,6 @@
 namespace quor {
 namespace {
 
-SpeedDialEntry Dialable(const SpeedDialEntry& offered) {
-  std::string number = AnsiFromWide(offered.number);
-  return {offered.name, WideFromAnsi(FilterDialChars(number))};
-}
-
 // Unlike a text in the dial box, an entry must have a number.
 int Refusal(const std::wstring& number) {
   return number.empty() ? IDS_INVALID_NUMBER : NumberRefusal(AnsiFromWide(number));
@@ -32,7 +27,8 @@ void CSpeedDialRegist::Open(HWND outlook, size_t index, const SpeedDialEntry& en
   GuardCall(m_log, "speed dial entry", [&] {
     RequireWindow(outlook);
     m_index = index;
-    Fill(entry == SpeedDialEntry() ? Dialable(offered) : entry);
+    const SpeedDialEntry proposed = {offered.name, FilterDialChars(offered.number)};
+    Fill(entry == SpeedDialEntry() ? proposed : entry);
     ShowInFront(outlook, CentreOver);
     if (GetActiveWindow() == Window()) FocusControl(IDC_SPEED_DIAL_NAME);
   });

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <utility>
 
+#include "text/ansi.h"
+
 namespace quor {
 namespace {
 
@@ -52,6 +54,11 @@ std::string FilterDialChars(std::string& source) {
   }
   result.resize(kept);
   return result;
+}
+
+std::wstring FilterDialChars(std::wstring_view written) {
+  std::string number = AnsiFromWide(written);
+  return WideFromAnsi(FilterDialChars(number));
 }
 
 std::wstring WithoutNumberPunctuation(std::wstring_view written) {

@@ -18,6 +18,9 @@ bool IsPauseChar(char character) noexcept;  // F, f, P, p
 // Returns the dial characters in order and drops all others: "+49 30-5" gives "49305". Empties the
 // source: a dial string is used once.
 std::string FilterDialChars(std::string& source);
+// The same for a written number, which stays as it is. Converts through the ANSI code page, which
+// turns full-width digits into ordinary ones where it can.
+std::wstring FilterDialChars(std::wstring_view written);
 
 // Drops the punctuation of written numbers: blanks of any width, "+", hyphens, brackets, dots,
 // slashes, and invisible marks that copying adds. "+49 (30) 555-0199" gives "49305550199". Keeps

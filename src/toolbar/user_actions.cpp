@@ -15,8 +15,7 @@ namespace {
 // The number's dial characters. A number without any is returned unchanged, so that the dialler
 // refuses it with its message.
 std::wstring DialChars(std::wstring_view number) {
-  std::string written = AnsiFromWide(number);
-  std::wstring dialled = WideFromAnsi(FilterDialChars(written));
+  std::wstring dialled = FilterDialChars(number);
   return dialled.empty() ? std::wstring(number) : dialled;
 }
 
