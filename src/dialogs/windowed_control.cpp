@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "com/com_boundary.h"
+#include "resources/system_resolution.h"
 
 namespace quor {
 namespace {
@@ -15,11 +16,9 @@ constexpr DWORD kMiscStatus = OLEMISC_SETCLIENTSITEFIRST | OLEMISC_ACTIVATEWHENV
 constexpr int kHimetricPerInch = 2540;
 
 RECT PixelsFrom(const SIZEL& extent) noexcept {
-  const HDC screen = GetDC(nullptr);
-  const RECT area = {0, 0, MulDiv(extent.cx, GetDeviceCaps(screen, LOGPIXELSX), kHimetricPerInch),
-                     MulDiv(extent.cy, GetDeviceCaps(screen, LOGPIXELSY), kHimetricPerInch)};
-  ReleaseDC(nullptr, screen);
-  return area;
+  const int dots = SystemDotsPerInch();
+  return {0, 0, MulDiv(extent.cx, dots, kHimetricPerInch),
+          MulDiv(extent.cy, dots, kHimetricPerInch)};
 }
 
 // In the format of IOleControlSite: bit 0 Shift, bit 1 Ctrl, bit 2 Alt.

@@ -2,21 +2,12 @@
 
 #include <windows.h>
 
-#include <cstddef>
+#include "resources/system_resolution.h"
 
 namespace quor {
 namespace {
 
 constexpr int kPointsPerInch = 72;
-
-// The metrics are for the system's resolution, which is also that of the screen's device context.
-int SystemDotsPerInch() noexcept {
-  const HDC screen = GetDC(nullptr);
-  if (screen == nullptr) return 0;
-  const int dots = GetDeviceCaps(screen, LOGPIXELSY);
-  ReleaseDC(nullptr, screen);
-  return dots;
-}
 
 }  // namespace
 
@@ -27,10 +18,9 @@ std::optional<DialogFont> MessageFont() {
     return std::nullopt;
   }
   const LOGFONTW& font = metrics.lfMessageFont;
-  const int dots = SystemDotsPerInch();
   // A positive height would include the font's leading; Windows supplies a negative one.
   const int points =
-      dots > 0 && font.lfHeight < 0 ? MulDiv(-font.lfHeight, kPointsPerInch, dots) : 0;
+      font.lfHeight < 0 ? MulDiv(-font.lfHeight, kPointsPerInch, SystemDotsPerInch()) : 0;
   const std::wstring_view face(font.lfFaceName);
   if (points <= 0 || face.empty()) return std::nullopt;
   return DialogFont{static_cast<uint16_t>(points), static_cast<uint16_t>(font.lfWeight),

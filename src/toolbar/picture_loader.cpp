@@ -9,19 +9,13 @@
 
 #include <memory>
 
+#include "resources/system_resolution.h"
 #include "toolbar/ribbon_faces.h"
 
 namespace quor {
 namespace {
 
 _COM_SMARTPTR_TYPEDEF(IStream, IID_IStream);
-
-int ScreenDotsPerInch() noexcept {
-  HDC screen = GetDC(nullptr);
-  const int dotsPerInch = GetDeviceCaps(screen, LOGPIXELSX);
-  ReleaseDC(nullptr, screen);
-  return dotsPerInch;
-}
 
 // The picture takes ownership of the bitmap.
 IDispatchPtr PictureFromBitmap(HBITMAP bitmap) {
@@ -84,7 +78,7 @@ HBITMAP CPictureLoader::Decode(int picture, bool transparent) {
 }
 
 IDispatchPtr CPictureLoader::RibbonPicture(int picture) {
-  const int suited = PictureForScreen(picture, ScreenDotsPerInch());
+  const int suited = PictureForScreen(picture, SystemDotsPerInch());
   IDispatchPtr& kept = m_ribbonPictures[suited];
   if (kept == nullptr) kept = PictureFromBitmap(Decode(suited, true));
   return kept;
