@@ -92,28 +92,28 @@ void CIncomingCalls::Identify(const CallerMatch& match, Caller& caller) {
 
 void CIncomingCalls::DisplayContactItem(const Caller& caller) {
   m_collaborators.log.Write("CAddin::DisplayContactItem\n");
-  if (ShowsForm(caller)) LogForm(m_collaborators.directory.DisplayContact(caller.entryId));
+  if (!ShowWithoutForm(caller)) LogForm(m_collaborators.directory.DisplayContact(caller.entryId));
 }
 
 void CIncomingCalls::DisplayNewContactItem(const Caller& caller) {
   m_collaborators.log.Write("CAddin::DisplayNewContactItem\n");
-  if (ShowsForm(caller)) LogForm(m_collaborators.directory.DisplayNewContact(caller.number));
+  if (!ShowWithoutForm(caller)) LogForm(m_collaborators.directory.DisplayNewContact(caller.number));
 }
 
-bool CIncomingCalls::ShowsForm(const Caller& caller) {
+bool CIncomingCalls::ShowWithoutForm(const Caller& caller) {
   const int slot = SlotOf(caller.information);
   if (slot == kNoSlot) {
     m_collaborators.log.Write("CAddin::DisplayContactItem ReciveLineType Error.\n");
-    return false;
+    return true;
   }
   switch (m_collaborators.configuration.popUpModes[static_cast<size_t>(slot)]) {
     case kPopUpOff:
-      return false;
+      return true;
     case kPopUpSimpleWindow:
       if (IsCurrent(caller) && OthersAreQuiet(m_state.record, slot)) ShowCallerWindow(caller, slot);
-      return false;
-    default:
       return true;
+    default:
+      return false;
   }
 }
 

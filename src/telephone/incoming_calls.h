@@ -43,9 +43,8 @@ class CIncomingCalls {
   void Identify(const CallerMatch& match, Caller& caller);
   void DisplayContactItem(const Caller& caller);
   void DisplayNewContactItem(const Caller& caller);
-  // True if the contact form must be shown for this caller. Shows the caller window itself if that
-  // is the chosen way.
-  bool ShowsForm(const Caller& caller);
+  // Shows the caller in the way chosen for the line, unless that is the contact's form: false then.
+  bool ShowWithoutForm(const Caller& caller);
   bool IsCurrent(const Caller& caller) const noexcept;
   void ShowCallerWindow(const Caller& caller, int slot);
   void LogForm(FormResult result);
