@@ -30,7 +30,7 @@ class IAnswerHandler {
 // The window comes to the front by itself, so a key meant for another window must not answer the
 // call: keys have no effect until half a second has passed without one (key_quiet.h). When the
 // window is hidden, the focus returns to where it was.
-class CSimpleWindow final : public CModelessDialog, public ICallerWindow {
+class CSimpleWindow final : public CModelessDialog {
  public:
   // All must outlive the window.
   CSimpleWindow(const DialogHost& host, IAnswerHandler& answer) noexcept;
@@ -42,10 +42,10 @@ class CSimpleWindow final : public CModelessDialog, public ICallerWindow {
   // Outlook's main window, which determines the monitor; null if unknown.
   void SetOutlookWindow(HWND outlook) noexcept { m_outlook = outlook; }
 
-  void Fill(const CallerValue& name, const CallerValue& number, int slot) override;
-  void Show() override;
-  void Hide() override;
-  void Follow(uint8_t line1, uint8_t line2, uint8_t cell) override;
+  void Fill(const CallerValue& name, const CallerValue& number, int slot);
+  void Show();
+  void Hide();
+  void Follow(uint8_t line1, uint8_t line2, uint8_t cell);
 
  private:
   void OnCreated() override;
