@@ -57,6 +57,11 @@ void CModelessDialog::FocusControl(int id) noexcept {
   SendMessageW(Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(id)), TRUE);
 }
 
+void CModelessDialog::EnableControl(int id, bool enabled, int next) noexcept {
+  if (!enabled && GetFocus() == Control(id)) FocusControl(next);
+  EnableWindow(Control(id), enabled);
+}
+
 void CModelessDialog::Hide() noexcept {
   if (IsWindow()) ShowWindow(Window(), SW_HIDE);
 }

@@ -32,8 +32,12 @@ class CModelessDialog : public CDialogWindow, private IKeyFilter {
   // foreground, which Windows may refuse.
   void ShowInFront(HWND outlook, Placement place) noexcept;
 
-  // Converts the text through the ANSI code page, like every text shown in a control. False if the
-  // window does not exist.
+  // Enables or disables the control. If it loses the focus, `next` gets it: otherwise no key would
+  // work.
+  void EnableControl(int id, bool enabled, int next) noexcept;
+
+  // Converts the text through the ANSI code page, as texts of the base and of messages are shown.
+  // False if the window does not exist.
   static bool SetText(HWND window, std::wstring_view text);
   // The text as the user typed it, without any conversion.
   std::wstring TypedText(int id) const;

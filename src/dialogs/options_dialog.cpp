@@ -41,10 +41,7 @@ void COptionsDialog::OnButton(int id) {
 }
 
 void COptionsDialog::OnOptionsChanged() {
-  const HWND apply = Control(IDC_OPTIONS_APPLY);
-  // Move the focus away from a button before it is disabled: otherwise no key would work.
-  if (!m_panel.IsDirty() && GetFocus() == apply) FocusControl(IDOK);
-  EnableWindow(apply, m_panel.IsDirty());
+  EnableControl(IDC_OPTIONS_APPLY, m_panel.IsDirty(), IDOK);
 }
 
 void COptionsDialog::OnAboutPressed() {

@@ -38,7 +38,7 @@ void CSimpleWindow::Fill(const CallerValue& name, const CallerValue& number, int
     SetItemText(IDC_CALLER_NUMBER, Shown(number));
     SetItemText(IDC_CALLER_LINE, m_resources.Text(IDS_SLOT_NAME + slot));
     m_slot = slot;
-    EnableAnswer(true);
+    EnableControl(IDOK, true, IDCANCEL);
   });
 }
 
@@ -67,7 +67,7 @@ void CSimpleWindow::Follow(uint8_t line1, uint8_t line2, uint8_t cell) {
   if (!IsVisible()) return;
   const uint8_t state = StateOfSlot(m_slot, line1, line2, cell);
   if (state == kStateIdle) Hide();
-  if (state == kStateInCall) EnableAnswer(false);
+  if (state == kStateInCall) EnableControl(IDOK, false, IDCANCEL);
 }
 
 void CSimpleWindow::OnCreated() {
@@ -111,12 +111,6 @@ void CSimpleWindow::Explain(const CallerValue& name, const CallerValue& number) 
 std::wstring CSimpleWindow::Shown(const CallerValue& value) const {
   if (value.withheldTextId == 0) return value.text;
   return WithoutDoubledAmpersands(m_resources.Text(value.withheldTextId));
-}
-
-void CSimpleWindow::EnableAnswer(bool enabled) noexcept {
-  // Move the focus away from a button before it is disabled: otherwise no key would work.
-  if (!enabled && GetFocus() == Control(IDOK)) FocusControl(IDCANCEL);
-  EnableWindow(Control(IDOK), enabled);
 }
 
 void CSimpleWindow::SetCaptionText(std::wstring_view text) {

@@ -57,7 +57,6 @@ class CSimpleWindow final : public CModelessDialog {
   // its tooltip.
   void Explain(const CallerValue& name, const CallerValue& number);
   std::wstring Shown(const CallerValue& value) const;
-  void EnableAnswer(bool enabled) noexcept;
   void SetCaptionText(std::wstring_view text);
   void SetItemText(int id, std::wstring_view text);
 
