@@ -9,7 +9,7 @@
 
 #include "doctor/file_facts.h"
 #include "doctor/gather.h"
-#include "doctor/mend.h"
+#include "doctor/repair.h"
 #include "doctor/report.h"
 #include "doctor/report_file.h"
 #include "doctor/resource_ids.h"

@@ -14,7 +14,7 @@
 #include "doctor/doctor_window.h"
 #include "doctor/file_facts.h"
 #include "doctor/gather.h"
-#include "doctor/mend.h"
+#include "doctor/repair.h"
 #include "doctor/pe_image.h"
 #include "doctor/report.h"
 #include "doctor/report_file.h"

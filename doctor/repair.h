@@ -1,5 +1,5 @@
-#ifndef QUOR_DOCTOR_MEND_H
-#define QUOR_DOCTOR_MEND_H
+#ifndef QUOR_DOCTOR_REPAIR_H
+#define QUOR_DOCTOR_REPAIR_H
 
 #include <optional>
 #include <string>

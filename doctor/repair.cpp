@@ -1,4 +1,4 @@
-#include "doctor/mend.h"
+#include "doctor/repair.h"
 
 #include <windows.h>
 
