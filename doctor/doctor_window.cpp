@@ -18,19 +18,19 @@ namespace quor::doctor {
 namespace {
 
 struct WindowTexts {
-  const wchar_t* mend;
+  const wchar_t* repair;
   const wchar_t* again;
   const wchar_t* report;
   const wchar_t* close;
   const wchar_t* ask;
   char yes;
-  const wchar_t* mended;
-  const wchar_t* notMended;
+  const wchar_t* repaired;
+  const wchar_t* notRepaired;
   const wchar_t* notSaved;
 };
 
 constexpr std::array<WindowTexts, 3> kTexts = {{
-    {L"&Mend", L"&Look again", L"&Save report...", L"Close",
+    {L"&Repair", L"&Look again", L"&Save report...", L"Close",
      L"This switches the plug-in on again in Outlook and takes it off Outlook's lists of disabled "
      L"add-ins. Nothing else is changed. Close Outlook first. Go on?",
      'y', L"Done. Start Outlook again. What stood there before is kept in:\n",
@@ -71,7 +71,7 @@ class CDoctorWindow {
     SetWindowTextW(window, kTitle);
     SetIcon(ICON_BIG, SM_CXICON, SM_CYICON);
     SetIcon(ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
-    SetDlgItemTextW(window, IDC_MEND, Texts().mend);
+    SetDlgItemTextW(window, IDC_REPAIR, Texts().repair);
     SetDlgItemTextW(window, IDC_AGAIN, Texts().again);
     SetDlgItemTextW(window, IDC_REPORT, Texts().report);
     SetDlgItemTextW(window, IDCANCEL, Texts().close);
@@ -111,7 +111,7 @@ class CDoctorWindow {
     const POINT growth = {size.x - m_client.x, size.y - m_client.y};
     m_client = size;
     Adjust(IDC_FINDINGS, {0, 0}, growth);
-    for (const int id : {IDC_MEND, IDC_AGAIN, IDC_REPORT}) {
+    for (const int id : {IDC_REPAIR, IDC_AGAIN, IDC_REPORT}) {
       Adjust(id, {0, growth.y}, {0, 0});
     }
     Adjust(IDCANCEL, growth, {0, 0});
@@ -127,16 +127,16 @@ class CDoctorWindow {
       text += c;
     }
     SetDlgItemTextW(m_window, IDC_FINDINGS, Wide(text).c_str());
-    const bool mendable = std::ranges::any_of(
-        m_findings, [](const Finding& finding) { return IsMendable(finding.kind); });
-    EnableWindow(GetDlgItem(m_window, IDC_MEND), mendable);
+    const bool repairable = std::ranges::any_of(
+        m_findings, [](const Finding& finding) { return IsRepairable(finding.kind); });
+    EnableWindow(GetDlgItem(m_window, IDC_REPAIR), repairable);
   }
 
-  void MendAll() {
-    if (!AskToMend(m_window, m_language)) return;
-    const std::optional<std::wstring> backup = Mend(m_facts);
-    MessageBoxW(m_window, backup ? (Texts().mended + *backup).c_str() : Texts().notMended, kTitle,
-                MB_OK | (backup ? MB_ICONINFORMATION : MB_ICONWARNING));
+  void RepairAll() {
+    if (!AskToRepair(m_window, m_language)) return;
+    const std::optional<std::wstring> backup = Repair(m_facts);
+    MessageBoxW(m_window, backup ? (Texts().repaired + *backup).c_str() : Texts().notRepaired,
+                kTitle, MB_OK | (backup ? MB_ICONINFORMATION : MB_ICONWARNING));
     Look();
   }
 
@@ -166,7 +166,7 @@ class CDoctorWindow {
   }
 
   void OnCommand(int id) {
-    if (id == IDC_MEND) MendAll();
+    if (id == IDC_REPAIR) RepairAll();
     if (id == IDC_AGAIN) Look();
     if (id == IDC_REPORT) SaveReport();
     if (id == IDCANCEL) EndDialog(m_window, ExitCode());
@@ -216,12 +216,12 @@ class CDoctorWindow {
 
 }  // namespace
 
-bool AskToMend(HWND owner, Language language) {
-  return MessageBoxW(owner, MendQuestion(language).c_str(), kTitle,
+bool AskToRepair(HWND owner, Language language) {
+  return MessageBoxW(owner, RepairQuestion(language).c_str(), kTitle,
                      MB_OKCANCEL | MB_ICONQUESTION) == IDOK;
 }
 
-std::wstring MendQuestion(Language language) {
+std::wstring RepairQuestion(Language language) {
   return kTexts[static_cast<size_t>(language)].ask;
 }
 

@@ -10,8 +10,8 @@
 namespace quor::doctor {
 
 // Asks in a message box whether to repair.
-bool AskToMend(HWND owner, Language language);
-std::wstring MendQuestion(Language language);
+bool AskToRepair(HWND owner, Language language);
+std::wstring RepairQuestion(Language language);
 // The answer to it that agrees: the first letter of "yes", "oui", "sí".
 char YesKey(Language language);
 

@@ -113,7 +113,7 @@ constexpr std::array<Entry, kKinds> kEntries = {{
         "administrador."}}}},
     {"switched-off",
      {{{"The plug-in is switched off in Outlook (LoadBehavior {0}).",
-        "Mend it here, or tick \"Telephone Plug-in\" in Outlook's list of COM add-ins."},
+        "Repair it here, or tick \"Telephone Plug-in\" in Outlook's list of COM add-ins."},
        {"Le complément est désactivé dans Outlook (LoadBehavior {0}).",
         "Réparez ici, ou cochez « Telephone Plug-in » dans la liste des compléments COM "
         "d'Outlook."},
@@ -121,14 +121,14 @@ constexpr std::array<Entry, kKinds> kEntries = {{
         "Repárelo aquí o marque «Telephone Plug-in» en la lista de complementos COM de "
         "Outlook."}}}},
     {"not-at-start",
-     {{{"Outlook does not load the plug-in when it starts (LoadBehavior {0}).", "Mend it here."},
+     {{{"Outlook does not load the plug-in when it starts (LoadBehavior {0}).", "Repair it here."},
        {"Outlook a l'ordre de ne pas charger le complément à son démarrage (LoadBehavior {0}).",
         "Réparez ici."},
        {"Outlook tiene la orden de no cargar el complemento al iniciarse (LoadBehavior {0}).",
         "Repárelo aquí."}}}},
     {"disabled",
      {{{"Outlook ({0}.0) has disabled the plug-in after a failure.",
-        "Close Outlook and mend it here, or enable it under File, Options, Add-ins, Disabled "
+        "Close Outlook and repair it here, or enable it under File, Options, Add-ins, Disabled "
         "Items."},
        {"Outlook ({0}.0) a désactivé le complément après une erreur.",
         "Fermez Outlook et réparez ici, ou réactivez-le sous Fichier, Options, Compléments, "
@@ -140,7 +140,7 @@ constexpr std::array<Entry, kKinds> kEntries = {{
         "deshabilitados."}}}},
     {"crashed",
      {{{"Outlook ({0}.0) holds the plug-in responsible for a crash.",
-        "Close Outlook and mend it here; if it comes back, send a report."},
+        "Close Outlook and repair it here; if it comes back, send a report."},
        {"Outlook ({0}.0) attribue un plantage au complément.",
         "Fermez Outlook et réparez ici ; si cela revient, envoyez un rapport."},
        {"Outlook ({0}.0) atribuye un cierre inesperado al complemento.",
@@ -260,7 +260,7 @@ constexpr std::array<Entry, kKinds> kEntries = {{
         "Elimine vex_cfg.bad*.xml cuando ya no los necesite."}}}},
     {"not-connected",
      {{{"Outlook runs, but the plug-in is not loaded in it.",
-        "Close Outlook, mend what else is listed here, and start it again."},
+        "Close Outlook, repair what else is listed here, and start it again."},
        {"Outlook est ouvert, mais le complément n'y est pas chargé.",
         "Fermez Outlook, réparez ce qui figure ici, puis redémarrez-le."},
        {"Outlook está abierto, pero no tiene cargado el complemento.",
@@ -278,7 +278,7 @@ constexpr std::array<Entry, kKinds> kEntries = {{
      {{{"In its last five sessions Outlook waited {0} ms for the plug-in {2}. From {1} ms on it "
         "may "
         "disable add-ins.",
-        "Nothing needs to be done yet; if Outlook disables the plug-in, mend it here and send a "
+        "Nothing needs to be done yet; if Outlook disables the plug-in, repair it here and send a "
         "report."},
        {"Lors de ses cinq dernières sessions, Outlook a attendu le complément {0} ms {2}. À partir "
         "de {1} ms, il peut désactiver un complément.",

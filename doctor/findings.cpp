@@ -249,7 +249,7 @@ class CExamination {
 
 }  // namespace
 
-bool IsMendable(FindingKind kind) {
+bool IsRepairable(FindingKind kind) {
   switch (kind) {
     case FindingKind::SwitchedOff:
     case FindingKind::NotAtStart:

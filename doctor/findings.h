@@ -53,7 +53,7 @@ struct Finding {
 };
 
 // Whether "--fix" repairs it.
-bool IsMendable(FindingKind kind);
+bool IsRepairable(FindingKind kind);
 
 // Information only; not a reason why the telephone is missing.
 bool IsNote(FindingKind kind);

@@ -14,8 +14,8 @@
 #include "doctor/doctor_window.h"
 #include "doctor/file_facts.h"
 #include "doctor/gather.h"
-#include "doctor/repair.h"
 #include "doctor/pe_image.h"
+#include "doctor/repair.h"
 #include "doctor/report.h"
 #include "doctor/report_file.h"
 
@@ -27,12 +27,12 @@ constexpr int kFindings = 1;
 constexpr int kCouldNotLook = 2;
 
 constexpr char kUsage[] =
-    "doctor                 shows why the telephone is not in Outlook, and mends it\n"
-    "doctor --text          tells it on the console\n"
-    "doctor --json          tells it to programs\n"
-    "doctor --fix           mends what can be mended; asks first, --yes agrees\n"
-    "doctor --report FILE   writes it with the newest diagnostic log, without numbers and names\n"
-    "  --language en|fr|es  otherwise the language of Windows\n"
+    "doctor                 shows why the telephone is not in Outlook, and repairs it\n"
+    "doctor --text          prints the findings as text\n"
+    "doctor --json          prints them as JSON\n"
+    "doctor --fix           repairs what can be repaired; asks first, --yes agrees\n"
+    "doctor --report FILE   writes them with the newest diagnostic log, without numbers and names\n"
+    "  --language en|fr|es  the language; that of Windows unless given\n"
     "Exit code: 0 nothing found, 1 something found, 2 could not look.\n";
 
 enum class Wish { Window, Text, Json, Fix, Report, Library, Usage };
@@ -110,21 +110,21 @@ int Code(const std::vector<Finding>& findings) {
 
 bool UserAgrees(const CConsole& console, Language language) {
   const char yes = YesKey(language);
-  console.Print(Utf8(MendQuestion(language)) + " [" + yes + "/N] ");
+  console.Print(Utf8(RepairQuestion(language)) + " [" + yes + "/N] ");
   const std::optional<char> answer = console.Read();
-  if (!answer) return AskToMend(nullptr, language);
+  if (!answer) return AskToRepair(nullptr, language);
   console.Print("\n");
   return std::tolower(static_cast<unsigned char>(*answer)) == yes;
 }
 
-int MendOnConsole(const CConsole& console, const CommandLine& line, const Facts& facts,
-                  const std::vector<Finding>& findings) {
+int RepairOnConsole(const CConsole& console, const CommandLine& line, const Facts& facts,
+                    const std::vector<Finding>& findings) {
   console.Print(TextReport(facts, findings, line.language));
-  const bool mendable = std::ranges::any_of(
-      findings, [](const Finding& finding) { return IsMendable(finding.kind); });
-  if (!mendable) return Code(findings);
+  const bool repairable = std::ranges::any_of(
+      findings, [](const Finding& finding) { return IsRepairable(finding.kind); });
+  if (!repairable) return Code(findings);
   if (!line.agreed && !UserAgrees(console, line.language)) return kFindings;
-  const std::optional<std::wstring> backup = Mend(facts);
+  const std::optional<std::wstring> backup = Repair(facts);
   if (!backup) return kCouldNotLook;
   console.Print("-> " + Utf8(*backup) + "\n\n");
   const Facts now = Gather();
@@ -150,7 +150,7 @@ int Run(const std::vector<std::wstring>& words) {
   if (line.wish == Wish::Report) {
     return WriteReportFile(line.file, facts, findings) ? Code(findings) : kCouldNotLook;
   }
-  if (line.wish == Wish::Fix) return MendOnConsole(CConsole(), line, facts, findings);
+  if (line.wish == Wish::Fix) return RepairOnConsole(CConsole(), line, facts, findings);
   CConsole().Print(line.wish == Wish::Json ? JsonReport(facts, findings, line.language)
                                            : TextReport(facts, findings, line.language));
   return Code(findings);

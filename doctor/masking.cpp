@@ -182,7 +182,7 @@ void CMasking::CallRequest(std::vector<uint8_t>& bytes) {
   std::ranges::copy(masked, start);
 }
 
-// Whatever is behind a zero is no part of the name and goes, too.
+// Bytes behind a zero are not part of the name: removes them, too.
 void CMasking::Name(std::vector<uint8_t>& bytes, size_t offset, size_t size) {
   const auto start = bytes.begin() + static_cast<std::ptrdiff_t>(offset);
   const auto end = start + static_cast<std::ptrdiff_t>(size);

@@ -85,8 +85,8 @@ std::wstring Line(const Change& change) {
   return line;
 }
 
-// The part of a .reg file that restores the present state. Our own key goes again if it is not
-// there yet, because an empty one would take precedence over everybody's.
+// The part of a .reg file that restores the present state. It removes our own key if there is none
+// yet, because an empty one would take precedence over everybody's.
 std::wstring Section(const Change& change) {
   const std::wstring key = RootName(change.root) + change.path + L"]\r\n";
   const bool isNew = !CRegistryKey(change.root, change.path, change.bitness).IsThere();
@@ -139,7 +139,7 @@ void Carry(const Change& change) {
 
 }  // namespace
 
-std::optional<std::wstring> Mend(const Facts& facts) {
+std::optional<std::wstring> Repair(const Facts& facts) {
   std::vector<Change> changes;
   PlanLists(facts, changes);
   PlanLoadBehavior(facts, changes);

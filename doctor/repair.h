@@ -12,7 +12,7 @@ namespace quor::doctor {
 // those that stay enabled, and sets its LoadBehavior to 3. Changes nothing else. First saves the
 // old registry values to a .reg file and returns its path; if this fails, changes nothing and
 // returns nothing.
-std::optional<std::wstring> Mend(const Facts& facts);
+std::optional<std::wstring> Repair(const Facts& facts);
 
 }  // namespace quor::doctor
 

@@ -8,8 +8,8 @@ namespace {
 
 using Words = std::array<const char*, 3>;
 
-constexpr Words kWell = {"Nothing stands in the telephone's way.", "Rien ne s'oppose au téléphone.",
-                         "Nada impide el funcionamiento."};
+constexpr Words kWell = {"No problem found.", "Aucun problème trouvé.",
+                         "Ningún problema encontrado."};
 constexpr Words kLookedAt = {"What was looked at", "Ce qui a été examiné", "Lo que se ha mirado"};
 constexpr Words kColon = {":", " :", ":"};
 constexpr Words kBits = {"-bit", " bits", " bits"};
@@ -225,7 +225,7 @@ void AddFindings(CJson& json, const std::vector<Finding>& findings, Language lan
     json.TextAt("what", sentences.what);
     json.TextAt("cure", sentences.cure);
     json.FlagAt("note", IsNote(finding.kind));
-    json.FlagAt("mendable", IsMendable(finding.kind));
+    json.FlagAt("repairable", IsRepairable(finding.kind));
   });
 }
 

@@ -84,7 +84,7 @@ bool IsElevated(HWND window) noexcept {
     GetTokenInformation(token, TokenElevation, &elevation, size, &size);
     CloseHandle(token);
   } else {
-    // Windows refuses a normal program a look at an elevated one.
+    // Windows does not let a normal program inspect an elevated one.
     elevation.TokenIsElevated = GetLastError() == ERROR_ACCESS_DENIED;
   }
   if (process != nullptr) CloseHandle(process);

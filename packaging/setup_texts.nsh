@@ -12,7 +12,7 @@
   "Este programa instala el complemento telefónico, que une Outlook con la base telefónica conectada al puerto USB.$\r$\n$\r$\nIniciado sin más, lo instala solo para usted. Iniciado como administrador, lo instala para todos los usuarios de este equipo.$\r$\n$\r$\nOutlook puede seguir abierto; usará la versión nueva la próxima vez que se inicie."
 
 !insertmacro TEXT FinishText \
-  "The Telephone Plug-in is installed. Start Outlook and plug in the base.$\r$\n$\r$\nIf the telephone does not appear, start $\"Telephone Plug-in Doctor$\" from the Start menu: it says why, and mends most of it." \
+  "The Telephone Plug-in is installed. Start Outlook and plug in the base.$\r$\n$\r$\nIf the telephone does not appear, start $\"Telephone Plug-in Doctor$\" from the Start menu: it says why, and repairs most of it." \
   "Le complément téléphonique est installé. Démarrez Outlook et branchez la base.$\r$\n$\r$\nSi le téléphone n'apparaît pas, lancez « Telephone Plug-in Doctor » depuis le menu Démarrer : il dit pourquoi et répare la plupart des cas." \
   "El complemento telefónico está instalado. Inicie Outlook y conecte la base.$\r$\n$\r$\nSi el teléfono no aparece, abra «Telephone Plug-in Doctor» en el menú Inicio: dice por qué y repara la mayoría de los casos."
 

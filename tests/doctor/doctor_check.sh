@@ -159,7 +159,7 @@ done
 expect_code 1 --fix  # no answer
 expect "switched-off disabled crashed" "not agreed"
 echo O | wine "$doctor" --fix --language fr >/dev/null 2>&1 || { echo "doctor --fix, agreed: exit code $?" >&2; failed=1; }
-expect "kept" "mended"
+expect "kept" "repaired"
 wine reg query "HKCU\\$office\\Resiliency\\DisabledItems" </dev/null 2>/dev/null | grep -q Other ||
   { echo "the repair removed another add-in's entry" >&2; failed=1; }
 # The copy restores the old values.

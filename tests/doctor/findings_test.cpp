@@ -144,7 +144,7 @@ TEST(ReportTest, TellsFindingsThenFacts) {
   facts.addInKeys[0].loadBehavior = 2;
   EXPECT_THAT(TextReport(facts, Examine(facts), Language::English),
               testing::StartsWith("(!) The plug-in is switched off in Outlook (LoadBehavior 2).\n"
-                                  "    Mend it here, or tick \"Telephone Plug-in\" in Outlook's "
+                                  "    Repair it here, or tick \"Telephone Plug-in\" in Outlook's "
                                   "list of COM add-ins.\n"
                                   "\n"
                                   "What was looked at:\n"
