@@ -47,7 +47,7 @@
   "Outlook está abierto: usará la versión nueva la próxima vez que se inicie."
 
 !insertmacro TEXT OutlookRunsRemoved \
-  "Outlook is running: it keeps the telephone until it is closed. The last file goes when Windows starts next." \
+  "Outlook is running: it keeps the telephone until it is closed. Windows deletes the last file at its next start." \
   "Outlook est ouvert : il garde le téléphone jusqu'à sa fermeture. Le dernier fichier sera supprimé au prochain démarrage de Windows." \
   "Outlook está abierto: conserva el teléfono hasta que se cierre. El último archivo se eliminará la próxima vez que se inicie Windows."
 

@@ -29,7 +29,7 @@ class CRecord {
   uint32_t m_bits = 0;
 };
 
-// The owners that a look-up met; one alone takes no memory.
+// The owners that a look-up found. Allocates memory only for the second one.
 class CMetOwners {
  public:
   void Add(uint32_t owner) {

@@ -12,7 +12,7 @@ namespace quor {
 // An Outlook folder, for the start-up scan.
 class COutlookScanFolder final : public IScanFolder {
  public:
-  // `readsSubfolders` answers ReadsSubfolders; what it refers to must outlive this object.
+  // ReadsSubfolders calls `readsSubfolders`; what that refers to must outlive this object.
   COutlookScanFolder(CFolder folder, std::function<bool()> readsSubfolders)
       : m_folder(std::move(folder)), m_readsSubfolders(std::move(readsSubfolders)) {}
 

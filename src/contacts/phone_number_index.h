@@ -20,7 +20,7 @@ struct ContactMatch {
   std::string entryId;
   std::string name;  // File As; filled by checked look-ups only
   int telNumberType = 0;
-  // How good the match is, pause characters left out; only a checked look-up tells.
+  // How good the match is, without pause characters; set by checked look-ups only.
   size_t matchedDigits = 0;  // how many digits of the number, counted from the end
   size_t moreContacts = 0;   // others with a number that ends in these digits
 };

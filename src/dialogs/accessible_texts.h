@@ -16,8 +16,7 @@ struct AccessibleTexts {
   std::wstring description;  // empty: none
 };
 
-// Answers for a window's accessible object. A client may keep that object; it always gets the
-// present texts.
+// Supplies a window's accessible object. A client that keeps the object gets the current texts.
 class CAccessibleTexts final : private IWindowWatch {
  public:
   // A role of 0 keeps the role of the window's class.

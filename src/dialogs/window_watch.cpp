@@ -52,7 +52,7 @@ void WatchWindow(HWND window, IWindowWatch& watch) noexcept {
   try {
     Watch(window, watch);
   } catch (const std::bad_alloc&) {
-    // As documented: the watch sees nothing.
+    // As documented: the watch is not added.
   }
 }
 

@@ -10,7 +10,7 @@ namespace quor {
 // Sees the messages of a window before the window does.
 class IWindowWatch {
  public:
-  // The result of a message that goes no further; nothing to pass the message on.
+  // Return a result to stop the message, or nothing to pass it on.
   virtual std::optional<LRESULT> OnMessage(HWND window, UINT message, WPARAM wparam,
                                            LPARAM lparam) noexcept = 0;
 
@@ -18,8 +18,9 @@ class IWindowWatch {
   ~IWindowWatch() = default;
 };
 
-// Watches a window of ours until it is destroyed, which must be before the watch is. Several
-// watches are asked in the order in which they came. Without memory the watch sees nothing.
+// Watches a window of ours until it is destroyed, which must happen before the watch is destroyed.
+// Watches of one window are called in the order in which they were added. If memory runs out, the
+// watch is not added.
 void WatchWindow(HWND window, IWindowWatch& watch) noexcept;
 
 }  // namespace quor

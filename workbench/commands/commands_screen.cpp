@@ -97,7 +97,7 @@ std::string Property(const ControlView& control, const std::string& name) {
   throw CScenarioError("\"" + name + "\" is not caption, text, enabled, visible, picture or items");
 }
 
-// The first difference from what the words say; nothing if there is none.
+// The first difference from the expected words; nothing if there is none.
 std::optional<std::string> ControlDifference(CRun& run, const CCommandArguments& arguments) {
   const ControlName name = ReadControlName(arguments);
   const std::optional<ControlView> control = FindControl(run, name);

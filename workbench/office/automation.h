@@ -309,7 +309,7 @@ Member Property(const wchar_t* name) {
   return Property(name, detail::FunctionCode<reader>(), detail::FunctionCode<writer>());
 }
 
-// The data do not tell which arguments may be left out: `least` is the number that may not.
+// The data do not say which arguments are optional: `least` is the number of those that are not.
 template <class Code>
 Member Method(const wchar_t* name, UINT least, Code) {
   return {.name = name, .handler = &detail::Run<Code>, .least = least};
