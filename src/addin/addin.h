@@ -127,6 +127,7 @@ class CAddin final
   void Quit();
   void ReleaseOutlook(ext_DisconnectMode mode) noexcept;
   void ReleaseExplorer() noexcept;
+  void StopScanWithLastExplorer() noexcept;
   void DisconnectEvents() noexcept;
 
   // IWindowHandler (addin_events.cpp)
@@ -150,9 +151,7 @@ class CAddin final
   void OnDeleteFolderRemove() override;
 
   // IContactScanHost
-  bool MustStop() noexcept override {
-    return IsShuttingDown() || m_stopRequested || m_explorerClosed;
-  }
+  bool MustStop() noexcept override { return IsShuttingDown() || m_stopRequested; }
   bool IsSliceOver() noexcept override { return m_sliceClock.IsOver(); }
   void ShowLoading() noexcept override { m_popUps.ShowLoading(); }
   bool PostCloseLoading() noexcept override;
@@ -211,8 +210,8 @@ class CAddin final
   bool m_finished = false;  // OnConnection completed
   bool m_disconnected = false;
   bool m_quitting = false;
-  bool m_buildDue = false;  // the next tick of the deferred timer starts reading the contacts
-  bool m_stopRequested = false;
+  bool m_buildDue = false;       // the next tick of the deferred timer starts reading the contacts
+  bool m_stopRequested = false;  // of the scan, for the rest of the session
 };
 
 }  // namespace quor

@@ -30,11 +30,21 @@ void CAddin::OnCloseExplorer() {
   m_popUps.OnMainWindowClosed();
   m_dialogs.Destroy();
   m_controls.ReleaseBar();
-  m_folders.StopScan();
   // A start in progress notices that the explorer has closed and releases it.
   if (!HasFinished() && m_starting) return;
   ReleaseExplorer();
   m_controls.ContactWindows().CloseAll();
+  if (m_finished) StopScanWithLastExplorer();
+}
+
+// While another main window is open, callers must still be found.
+void CAddin::StopScanWithLastExplorer() noexcept {
+  if (!m_buildDue && !m_folders.IsScanning()) return;
+  int32_t open = 0;
+  GuardCall(m_log, "counting the main windows", [&] { open = m_session.CountExplorers(); });
+  if (open > 1) return;  // the closing one counts, too
+  m_stopRequested = true;
+  m_folders.StopScan();
 }
 
 void CAddin::ReleaseExplorer() noexcept {

@@ -61,7 +61,7 @@ bool COutlookSession::ConnectInspectors() {
           "InspectorsEvents")) {
     return false;
   }
-  inspectors.Count();
+  inspectors.Count();  // the start fails if the collection does not answer
   return true;
 }
 
@@ -84,6 +84,11 @@ bool COutlookSession::ConnectExplorers() {
   if (!explorer) m_log.Write("spExplorer is NULL\n");
   if (!m_owner.IsShuttingDown()) m_explorer = explorer;
   return static_cast<bool>(m_explorer);
+}
+
+int32_t COutlookSession::CountExplorers() const {
+  const COutlookApplication application = m_application;
+  return application.Explorers().Count();
 }
 
 HRESULT COutlookSession::ConnectApplication() {

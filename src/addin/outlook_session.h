@@ -68,6 +68,8 @@ class COutlookSession {
   int32_t AppVersion() const noexcept { return m_appVersion; }
   const COutlookApplication& Application() const noexcept { return m_application; }
   const CExplorer& MainExplorer() const noexcept { return m_explorer; }
+  // The number of open main windows. Throws _com_error.
+  int32_t CountExplorers() const;
   // Empty until the stores are read.
   const CFolder& DeletedItems() const noexcept { return m_deletedItems; }
 

@@ -60,7 +60,7 @@ HRESULT CContactFolders::ListenTo(const CFolder& folder, const FolderWalkLines& 
   CItems items;
   HRESULT result = Attempt(nullptr, [&] {
     entryId = folder.EntryId();
-    folder.Name();
+    folder.Name();  // a folder that does not answer is not followed
   });
   if (FAILED(result)) return result;
   if (m_inspContItems.contains(entryId)) {
