@@ -1,4 +1,8 @@
 #include <gtest/gtest.h>
+// commctrl.h and oleacc.h need windows.h before them.
+#include <windows.h>
+
+#include <commctrl.h>
 #include <oleacc.h>
 
 #include <algorithm>
@@ -208,6 +212,40 @@ TEST_F(CallerWindow, AnswersNoCallThatIsGone) {
   m_window.Follow(2, kStateInCall, 2);
   SendMessageW(GetParent(answer), WM_COMMAND, IDOK, 0);
   EXPECT_TRUE(m_answers.slots.empty());
+}
+
+CSimpleWindow* g_answered;
+
+LRESULT CALLBACK ShowNextCall(HWND window, UINT message, WPARAM first, LPARAM second) {
+  if (message == WM_SETFOCUS) g_answered->Fill({L"Next", 0}, {L"1", 0}, 1);
+  return DefWindowProcW(window, message, first, second);
+}
+
+// A window may run a message loop when the focus returns to it.
+TEST_F(CallerWindow, AnswersTheCallWhoseButtonWasPressed) {
+  SetFocus(m_stage.outlook);
+  Ring(0);
+  g_answered = &m_window;
+  SetWindowLongPtrW(m_stage.outlook, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(ShowNextCall));
+  SendMessageW(Button(IDOK), BM_CLICK, 0, 0);
+  EXPECT_EQ(m_answers.slots, std::vector<int>{0});
+}
+
+// The window may move to a monitor with another scale when it is shown.
+TEST_F(CallerWindow, ExplainsTheNameWhereItIsShown) {
+  m_window.Create();
+  m_window.Fill({L"Anna", 0, MatchReason{10, 9, 11, 0}}, {L"1", 0}, 0);
+  MoveWindow(GetDlgItem(m_window.Window(), IDC_CALLER_NAME), 50, 60, 70, 20, FALSE);
+  m_window.Show();
+  HWND tip = nullptr;
+  do {
+    tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr);
+  } while (tip != nullptr && GetWindow(tip, GW_OWNER) != m_window.Window());
+  TTTOOLINFOW tool = {};
+  tool.cbSize = TTTOOLINFOW_V1_SIZE;
+  ASSERT_TRUE(SendMessageW(tip, TTM_ENUMTOOLSW, 0, reinterpret_cast<LPARAM>(&tool)));
+  const RECT shown = {50, 60, 120, 80};
+  EXPECT_TRUE(EqualRect(&tool.rect, &shown));
 }
 
 TEST_F(CallerWindow, LogsWhatItCannotShow) {

@@ -142,6 +142,13 @@ class PageInOutlook : public OptionsPage, public workbench::IPageFrame {
 };
 
 TEST_F(PageInOutlook, ShowsItsPanelWhereTheContainerSays) {
+  // The user has chosen larger text.
+  NONCLIENTMETRICSW metrics = {};
+  metrics.cbSize = sizeof metrics;
+  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+  NONCLIENTMETRICSW larger = metrics;
+  larger.lfMessageFont.lfHeight *= 2;
+  SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof larger, &larger, 0);
   SIZEL extent = {};
   m_object->GetExtent(DVASPECT_CONTENT, &extent);
   EnterSite();
@@ -158,6 +165,7 @@ TEST_F(PageInOutlook, ShowsItsPanelWhereTheContainerSays) {
   MapWindowPoints(nullptr, PageWindow(m_page), reinterpret_cast<POINT*>(&lowest), 2);
   EXPECT_LT(lowest.bottom, MulDiv(extent.cy, 96, 2540));
   EXPECT_LT(lowest.right, MulDiv(extent.cx, 96, 2540));
+  SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
 }
 
 TEST_F(PageInOutlook, StaysDirtyWhenNothingCouldBeKept) {
