@@ -11,10 +11,11 @@ namespace {
 
 constexpr int kMostRounds = 1'000'000;
 
-void PutRound(std::string& text, const std::string& number) {
-  constexpr std::string_view kPlace = "{round}";
-  for (size_t at = 0; (at = text.find(kPlace, at)) != std::string::npos; at += number.size())
-    text.replace(at, kPlace.size(), number);
+constexpr std::string_view kRound = "{round}";
+
+void Put(std::string& text, std::string_view place, const std::string& value) {
+  for (size_t at = 0; (at = text.find(place, at)) != std::string::npos; at += value.size())
+    text.replace(at, place.size(), value);
 }
 
 bool IsRepeat(const Statement& statement) {
@@ -24,16 +25,26 @@ bool IsRepeat(const Statement& statement) {
 // A nested "repeat" numbers its own rounds.
 Statement InRound(Statement statement, int line, int round) {
   const std::string number = std::to_string(round);
-  PutRound(statement.source, number);
+  Put(statement.source, kRound, number);
   for (std::string& word : statement.words)
-    PutRound(word, number);
+    Put(word, kRound, number);
   if (!IsRepeat(statement)) {
     for (std::string& text : statement.block)
-      PutRound(text, number);
+      Put(text, kRound, number);
   }
   statement.line = line;
   statement.round = round;
   return statement;
+}
+
+bool PlayRound(const Statement& repeat, int round, const std::vector<Statement>& block,
+               int outlookVersion, const PlayStatement& play) {
+  std::vector<Statement> statements(block.size());
+  std::ranges::transform(block, statements.begin(), [&](const Statement& statement) {
+    return InRound(statement, repeat.line, round);
+  });
+  if (round == 1 && repeat.beginsStep) statements.front().beginsStep = true;
+  return ForEachStatement(statements, outlookVersion, play);
 }
 
 bool ForEachRound(const Statement& repeat, int outlookVersion, const PlayStatement& play) {
@@ -41,12 +52,8 @@ bool ForEachRound(const Statement& repeat, int outlookVersion, const PlayStateme
   const CCommandArguments arguments(repeat, found.words);
   const int rounds = arguments.Number(0, 1, kMostRounds);
   const std::vector<Statement> block = ParseScript(arguments.BlockText(), outlookVersion);
-  std::vector<Statement> statements(block.size());
   for (int round = 1; round <= rounds; ++round) {
-    std::ranges::transform(block, statements.begin(), [&](const Statement& statement) {
-      return InRound(statement, repeat.line, round);
-    });
-    if (!ForEachStatement(statements, outlookVersion, play)) return false;
+    if (!PlayRound(repeat, round, block, outlookVersion, play)) return false;
   }
   return true;
 }

@@ -43,6 +43,7 @@ std::string DefaultSettings(const std::map<std::string, std::string>& system) {
 
 void CRun::Step(const Statement& statement) {
   const FoundCommand found = FindCommand(statement);
+  if (statement.beginsStep) Forget();
   transcript.Command(statement);
   found.command->run(*this, CCommandArguments(statement, found.words));
   if (!m_failedInside.empty()) {
@@ -144,6 +145,12 @@ std::vector<std::string> CRun::NewLogLines() {
   std::vector<std::string> lines = WholeLog();
   lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(m_logSeen));
   return lines;
+}
+
+void CRun::Forget() {
+  ForgetLog();
+  ForgetWire();
+  ForgetUsbCalls();
 }
 
 Bytes CRun::NewWire() {

@@ -38,6 +38,8 @@ class CRun {
   std::vector<std::string> NewLogLines();
   std::vector<std::string> WholeLog();
   Bytes NewWire();
+  // Drops what the log, the wire and the USB library have recorded.
+  void Forget();
   void ForgetLog() { m_logSeen = WholeLog().size(); }
   void ForgetWire() { stage.base.ForgetWritten(); }
   // Calls of the USB library that no expectation has consumed yet.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 #include "workbench/scenario/bytes.h"
 #include "workbench/scenario/numbers.h"
@@ -160,7 +161,10 @@ class CScriptReader {
 
   void Read(std::string_view line, int number) {
     const size_t first = line.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) return;
+    if (first == std::string_view::npos) {
+      m_beginsStep = true;
+      return;
+    }
     if (line[first] == '|') return ReadBlockLine(line.substr(first + 1));
     Statement statement = ParseStatement(line, number);
     if (statement.words.empty()) return;
@@ -169,7 +173,9 @@ class CScriptReader {
     if (statement.words.empty()) throw CScenarioError("a condition needs a command");
     m_takesBlock = statement.hasBlock;
     m_leftOut = !met.value_or(true);
-    if (!m_leftOut) m_statements.push_back(std::move(statement));
+    if (m_leftOut) return;
+    statement.beginsStep = std::exchange(m_beginsStep, false);
+    m_statements.push_back(std::move(statement));
   }
 
   std::vector<Statement> Take() { return std::move(m_statements); }
@@ -184,6 +190,7 @@ class CScriptReader {
   }
 
   int m_version;
+  bool m_beginsStep = false;
   bool m_takesBlock = false;
   bool m_leftOut = false;
   std::vector<Statement> m_statements;

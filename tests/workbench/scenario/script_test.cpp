@@ -75,7 +75,9 @@ TEST(Script, TakesBlockLinesAsTheyStand) {
   EXPECT_THAT(statements[1].words, ElementsAre("expect", "window", "A: b", "shown"));
   EXPECT_TRUE(statements[1].hasBlock);
   EXPECT_EQ(statements[1].line, 6);
+  EXPECT_TRUE(statements[1].beginsStep);
   EXPECT_FALSE(statements[2].hasBlock);
+  EXPECT_FALSE(statements[2].beginsStep);
 }
 
 TEST(Script, KeepsWhatIsForTheVersion) {
