@@ -92,15 +92,22 @@ void Queue(CRun& run, const CCommandArguments& arguments) {
     run.stage.base.Base().Queue(piece.bytes, piece.delay);
 }
 
-void QueueCut(CRun& run, const CCommandArguments& arguments) {
-  const auto at = static_cast<size_t>(arguments.Number(0, 1, 60));
-  const auto delay = static_cast<unsigned>(arguments.Number(1, 0, kLongestPause));
-  const Bytes whole = PieceBytes(arguments.WordsFrom(2));
-  if (at >= whole.size())
-    throw CScenarioError("it is only " + std::to_string(whole.size()) + " bytes long");
-  CBaseSimulator& base = run.stage.base.Base();
-  base.Queue(std::span(whole).first(at));
-  base.Queue(std::span(whole).subspan(at), delay);
+void Send(CRun& run, const CCommandArguments& arguments) {
+  Queue(run, arguments);
+  run.stage.host.Poll();
+}
+
+void SendIndication(CRun& run, const std::vector<std::string>& words) {
+  run.stage.base.Base().Queue(IndicationFromWords(words));
+  run.stage.host.Poll();
+}
+
+void Ring(CRun& run, const CCommandArguments& arguments) {
+  const std::string line = "line=" + arguments.Text(0);
+  SendIndication(run, {"receive-call", line, "line1=2", "line2=2", "cell=2"});
+  std::vector<std::string> callerId = {"caller-id", line};
+  callerId.insert(callerId.end(), arguments.Words().begin() + 1, arguments.Words().end());
+  SendIndication(run, callerId);
 }
 
 uint32_t QueueStatusFromName(const std::string& name) {
@@ -205,7 +212,8 @@ constexpr Command kCommands[] = {
     {"plug", 0, 5, Block::None, Plug},
     {"unplug", 0, 1, Block::None, Unplug},
     {"queue", 1, kAnyNumber, Block::None, Queue},
-    {"queue cut", 3, kAnyNumber, Block::None, QueueCut},
+    {"send", 1, kAnyNumber, Block::None, Send},
+    {"ring", 1, kAnyNumber, Block::None, Ring},
     {"report queue", 1, 5, Block::None, ReportQueue},
     {"fail", 3, 5, Block::None, Fail},
     {"shorten", 3, 5, Block::None, Shorten},

@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kStartupMode = 1;
 constexpr int kLastConnectMode = 3;
+constexpr int kMostTicks = 100;
 constexpr int kLastDisconnectMode = 3;
 constexpr uint32_t kFailure = 0x80004005;  // E_FAIL
 constexpr char kExplorerRibbon[] = "Microsoft.Outlook.Explorer";
@@ -38,7 +39,14 @@ void Connect(CRun& run, const CCommandArguments& arguments) {
   run.stage.host.Pump();
 }
 
-void Start(CRun& run, const CCommandArguments&) {
+void CheckResult(const CRun& run, uint32_t expected) {
+  if (run.lastResult == expected) return;
+  throw CExpectationFailure("the add-in returned " + ResultName(run.lastResult));
+}
+
+void Start(CRun& run, const CCommandArguments& arguments) {
+  const std::optional<int> ticks = arguments.NumberAfter("ticks", 1, kMostTicks);
+  const uint32_t expected = ResultFromName(arguments.After("gives").value_or("S_OK"));
   ConnectWithMode(run, kStartupMode);
   const uint32_t result = run.lastResult;
   // Outlook makes no further calls on an add-in that refused the connection.
@@ -49,6 +57,8 @@ void Start(CRun& run, const CCommandArguments&) {
   }
   run.stage.host.Pump();
   run.lastResult = result;
+  CheckResult(run, expected);
+  if (ticks) run.WaitForTicks(*ticks);
 }
 
 // Only one call on the add-in.
@@ -142,10 +152,7 @@ void Release(CRun& run, const CCommandArguments&) {
 }
 
 void ExpectResult(CRun& run, const CCommandArguments& arguments) {
-  const uint32_t expected = ResultFromName(arguments.Text(0));
-  if (run.lastResult != expected) {
-    throw CExpectationFailure("the add-in returned " + ResultName(run.lastResult));
-  }
+  CheckResult(run, ResultFromName(arguments.Text(0)));
 }
 
 FailingCalls FailingCallsFromWords(const CCommandArguments& arguments, size_t from,
@@ -218,7 +225,7 @@ void During(CRun& run, const CCommandArguments& arguments) {
 using Block = Command::Block;
 
 constexpr Command kCommands[] = {
-    {"start", 0, 0, Block::None, Start},
+    {"start", 0, 4, Block::None, Start},
     {"create", 0, 0, Block::None, Create},
     {"connect", 0, 1, Block::None, Connect},
     {"add-ins update", 0, 0, Block::None, Call<&CAddInHost::AddInsUpdate>},
