@@ -18,10 +18,9 @@ struct ControlName {
   size_t next = 0;
 };
 
-ControlName ReadControlName(const CCommandArguments& arguments) {
+ControlName ReadControlName(const CCommandArguments& arguments, size_t at = 0) {
   ControlName name;
-  name.path.push_back(arguments.Text(0));
-  size_t at = 1;
+  name.path.push_back(arguments.Text(at++));
   while (arguments.Is(at, ">")) {
     name.path.push_back(arguments.Text(at + 1));
     at += 2;
@@ -41,9 +40,9 @@ void ExpectNoMore(const CCommandArguments& arguments, const ControlName& name) {
 }
 
 const ControlView* FindControl(const std::vector<ControlView>& controls, const std::string& id) {
-  const auto found = std::find_if(
-      controls.begin(), controls.end(),
-      [&](const ControlView& control) { return control.id == id || control.caption == id; });
+  const auto found = std::ranges::find_if(controls, [&](const ControlView& control) {
+    return control.id == id || control.caption == id || control.role == id;
+  });
   return found == controls.end() ? nullptr : &*found;
 }
 
@@ -119,6 +118,17 @@ std::optional<std::string> ControlDifference(CRun& run, const CCommandArguments&
 void ExpectControl(CRun& run, const CCommandArguments& arguments) {
   if (const auto difference = ControlDifference(run, arguments)) {
     throw CExpectationFailure(*difference);
+  }
+}
+
+template <bool enabled>
+void ExpectEnabled(CRun& run, const CCommandArguments& arguments) {
+  for (size_t at = 0; at < arguments.Count();) {
+    const ControlName name = ReadControlName(arguments, at);
+    const std::optional<ControlView> control = FindControl(run, name);
+    if (!control) throw CExpectationFailure("there is no such control: " + name.path.back());
+    if (control->enabled != enabled) throw CExpectationFailure("it is " + Describe(*control));
+    at = name.next;
   }
 }
 
@@ -285,6 +295,8 @@ constexpr Command kCommands[] = {
     {"type", 2, 2, Block::None, WithTwoTexts<&CScreenStage::Type>},
     {"pick", 2, 2, Block::None, WithTwoTexts<&CScreenStage::Pick>},
     {"expect control", 2, kAnyNumber, Block::None, ExpectControl},
+    {"expect enabled", 1, kAnyNumber, Block::None, ExpectEnabled<true>},
+    {"expect disabled", 1, kAnyNumber, Block::None, ExpectEnabled<false>},
     {"wait control", 2, kAnyNumber, Block::None, WaitControl},
     {"dump controls", 0, 1, Block::None, DumpControls},
     {"expect window", 2, 2, Block::Optional, ExpectWindow},

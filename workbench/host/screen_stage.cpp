@@ -60,25 +60,35 @@ COfficeFace::WindowPtr CScreenStage::WindowOf(const std::string& inspector) {
 
 std::vector<ControlView> CScreenStage::Controls(const std::string& inspector) {
   std::vector<ControlView> views;
-  for (const ControlFace& face : WindowOf(inspector)->Controls())
+  for (const ControlFace& face : WindowOf(inspector)->Controls()) {
     views.push_back(ViewOf(face));
+    views.back().role = RoleOf(views.back().id);
+  }
   return views;
 }
 
+std::vector<std::wstring> CScreenStage::Path(const std::string& inspector,
+                                             std::vector<std::string> path) {
+  const std::vector<ControlView> controls = Controls(inspector);
+  const auto named = std::ranges::find(controls, path.front(), &ControlView::role);
+  if (named != controls.end()) path.front() = named->id;
+  return WidePath(path);
+}
+
 void CScreenStage::Click(const std::string& inspector, const std::vector<std::string>& path) {
-  WindowOf(inspector)->Click(WidePath(path));
+  WindowOf(inspector)->Click(Path(inspector, path));
 }
 
 void CScreenStage::DeleteControl(const std::vector<std::string>& path) {
-  WindowOf("")->Bars().DeleteControl(WidePath(path));
+  WindowOf("")->Bars().DeleteControl(Path("", path));
 }
 
 void CScreenStage::Type(const std::string& control, const std::string& text) {
-  WindowOf("")->Enter(WidePath({control}), WideFromUtf8(text));
+  WindowOf("")->Enter(Path("", {control}), WideFromUtf8(text));
 }
 
 void CScreenStage::Pick(const std::string& control, const std::string& item) {
-  WindowOf("")->Pick(WidePath({control}), WideFromUtf8(item));
+  WindowOf("")->Pick(Path("", {control}), WideFromUtf8(item));
 }
 
 void CScreenStage::OpenOptions() {

@@ -54,6 +54,8 @@ class CScreenStage final {
  private:
   static constexpr int kUsualScale = 100;  // per cent
 
+  // A path whose first name may be a control's role.
+  std::vector<std::wstring> Path(const std::string& inspector, std::vector<std::string> path);
   CWindowObject* InspectorOf(const std::string& name);
   // The window of the named item; of the first explorer if the name is empty.
   COfficeFace::WindowPtr WindowOf(const std::string& inspector);

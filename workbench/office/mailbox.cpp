@@ -5,6 +5,7 @@
 namespace quor::workbench {
 namespace {
 
+constexpr uint32_t kNodeStep = 0x20;
 constexpr wchar_t kDigits[] = L"0123456789ABCDEF";
 
 std::wstring Hex(uint64_t number, int digits) {
@@ -82,7 +83,12 @@ CMailbox::CMailbox(int version) {
   AddDefault(store, 13, L"Tasks", ItemType::Task);
   AddDefault(store, 16, L"Drafts", ItemType::Mail);
   AddDefault(store, 23, L"Junk E-mail", ItemType::Mail);
-  if (version >= 12) AddDefault(store, 25, L"RSS Feeds", ItemType::Mail);
+  // Items have the same ids in every version.
+  if (version >= 12) {
+    AddDefault(store, 25, L"RSS Feeds", ItemType::Mail);
+  } else {
+    store.lastNode += kNodeStep;
+  }
 }
 
 void CMailbox::AddSecondaryStore(std::wstring name) {
@@ -120,7 +126,7 @@ std::wstring CMailbox::Key(std::wstring_view entryId) {
 
 // Flags, the store's unique id, the node's number: the layout of a personal folders file.
 std::wstring CMailbox::NewEntryId(Store& store) {
-  std::wstring id = L"00000000" + store.uid + Hex(store.lastNode += 0x20, 8);
+  std::wstring id = L"00000000" + store.uid + Hex(store.lastNode += kNodeStep, 8);
   while (id.size() < m_entryIdStyle.digits) {
     id.insert(40, std::min<size_t>(m_entryIdStyle.digits - id.size(), 2), L'0');
   }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quor::workbench {
@@ -25,6 +26,7 @@ using DeviceStrings = std::array<std::optional<std::string>, 5>;
 
 struct ControlView {
   std::string id;    // tag of a command-bar control or id of a ribbon control
+  std::string role;  // see RoleOf; empty for the items of a menu
   std::string kind;  // "combo box", "button", "menu"
   std::string caption;
   std::string text;  // of a combo box
@@ -33,6 +35,10 @@ struct ControlView {
   bool picture = false;
   std::vector<ControlView> items;  // of a menu; of a combo box captions only
 };
+
+// The name of a control in every host, window and language: dial, line1, line2, cell, caller-list,
+// speed-dial or options; empty for any other id.
+std::string RoleOf(std::string_view id);
 
 struct WindowView {
   std::string title;
