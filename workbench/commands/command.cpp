@@ -36,7 +36,7 @@ std::string WithoutBlockMark(const std::string& usage) {
   return usage;
 }
 
-// "expect log [nothing]", from the manual's line "- `expect log [nothing] [:]`". The manual has the
+// "expect files", from the manual's line "- `expect files:`". The manual has the
 // commands in the order of the tables.
 std::string Usage(const Command& command) {
   std::istringstream manual(kCommandHelp);
@@ -84,6 +84,17 @@ std::string CCommandArguments::BlockText() const {
   for (const std::string& line : m_statement->block)
     text += line + "\n";
   return text;
+}
+
+std::vector<Statement> CCommandArguments::Commands(size_t first, int outlookVersion) const {
+  if (Count() <= first) {
+    if (!HasBlock()) ThrowUsage();
+    return ParseScript(BlockText(), outlookVersion);
+  }
+  Statement one = *m_statement;
+  one.words.assign(m_words.begin() + static_cast<std::ptrdiff_t>(first), m_words.end());
+  one.beginsStep = false;
+  return {one};
 }
 
 const std::string& CCommandArguments::Text(size_t index) const {

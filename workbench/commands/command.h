@@ -30,6 +30,10 @@ class CCommandArguments {
   // The block as one text, each line with a line feed.
   std::string BlockText() const;
 
+  // The commands inside this one: the words from `first` on and the block are one command; without
+  // such words, the block has the commands.
+  std::vector<Statement> Commands(size_t first, int outlookVersion) const;
+
   const std::string& Text(size_t index) const;
   bool Is(size_t index, std::string_view word) const;
   // Which of the words it is, from 0; throws the usage for any other word.

@@ -94,10 +94,26 @@ void SetEntryIds(CRun& run, const CCommandArguments& arguments) {
   run.stage.outlook.Session().Mailbox().SetEntryIdStyle(style);
 }
 
-void Add(CRun& run, const CCommandArguments& arguments) {
-  run.stage.outlook.AddCards(arguments.Count() ? arguments.Text(0) : "Contacts",
-                             arguments.BlockText());
+// NAME [TYPE=NUMBER]... [in FOLDER], as a vCard with this property.
+void Add(CRun& run, const CCommandArguments& arguments, const char* property) {
+  const std::optional<std::string> folder = arguments.After("in");
+  std::string card = std::string("BEGIN:VCARD\n") + property + "\nFN:" + arguments.Text(0) + "\n";
+  for (const std::string& number :
+       arguments.WordsFrom(1).first(arguments.Count() - (folder ? 3 : 1))) {
+    const size_t equals = number.find('=');
+    if (equals == std::string::npos) arguments.ThrowUsage();
+    card += "TEL;TYPE=" + number.substr(0, equals) + ":" + number.substr(equals + 1) + "\n";
+  }
+  run.stage.outlook.AddCards(folder.value_or("Contacts"), card + "END:VCARD\n");
   run.stage.host.Pump();
+}
+
+void AddContact(CRun& run, const CCommandArguments& arguments) {
+  Add(run, arguments, "KIND:individual");
+}
+
+void AddList(CRun& run, const CCommandArguments& arguments) {
+  Add(run, arguments, "KIND:group");
 }
 
 void Change(CRun& run, const CCommandArguments& arguments) {
@@ -112,7 +128,8 @@ void SwitchCalendar(CRun& run, const CCommandArguments& arguments) {
 using Block = Command::Block;
 
 constexpr Command kCommands[] = {
-    {"add contact", 0, 1, Block::Required, Add},
+    {"add contact", 1, kAnyNumber, Block::None, AddContact},
+    {"add list", 1, 3, Block::None, AddList},
     {"change contact", 3, 3, Block::None, Change},
     {"delete contact", 1, 1, Block::None, OnOne<&COutlook::DeleteContact>},
     {"move contact", 2, 2, Block::None, OnTwo<&COutlook::MoveContact>},

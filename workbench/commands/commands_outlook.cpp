@@ -213,8 +213,7 @@ void During(CRun& run, const CCommandArguments& arguments) {
   constexpr int kMostCalls = 1'000'000;
   const auto nth = static_cast<uint64_t>(arguments.Number(1, 1, kMostCalls));
   // Keep the block: its commands run inside a later command.
-  const std::vector<Statement> statements =
-      ParseScript(arguments.BlockText(), run.stage.outlook.Version());
+  const std::vector<Statement> statements = arguments.Commands(2, run.stage.outlook.Version());
   Hook hook;
   hook.member = MemberFromName(arguments.Text(0));
   hook.nth = nth;
@@ -244,7 +243,7 @@ constexpr Command kCommands[] = {
     {"pace", 1, 1, Block::None, SetPace},
     {"fail member", 1, 5, Block::None, FailMember},
     {"heal members", 0, 0, Block::None, HealMembers},
-    {"during", 2, 2, Block::Required, During},
+    {"during", 2, kAnyNumber, Block::Optional, During},
     {"neighbour", 1, 1, Block::None, MoveIn},
     {"fail system", 1, 5, Block::None, FailSystem},
 };

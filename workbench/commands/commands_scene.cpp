@@ -40,7 +40,8 @@ void SettingsBlock(CRun& run, const CCommandArguments& arguments) {
 }
 
 void Setting(CRun& run, const CCommandArguments& arguments) {
-  run.systemSettings[arguments.Text(0)] = arguments.Text(1);
+  for (size_t i = 0; i < arguments.Count(); i += 2)
+    run.systemSettings[arguments.Text(i)] = arguments.Text(i + 1);
 }
 
 void File(CRun& run, const CCommandArguments& arguments) {
@@ -68,7 +69,7 @@ constexpr Command kCommands[] = {
     {kRepeatCommand, 1, 1, Block::Required, nullptr},
     {"settings file", 1, 1, Block::None, SettingsFile},
     {"settings", 0, 1, Block::Optional, SettingsBlock},
-    {"setting", 2, 2, Block::None, Setting},
+    {"setting", 2, kAnyNumber, Block::None, Setting},
     {"file", 1, 1, Block::Required, File},
     {"folder", 1, 1, Block::None, Folder},
     {"no application data", 0, 0, Block::None, NoApplicationData},

@@ -10,7 +10,7 @@ namespace {
 
 using testing::StartsWith;
 
-// The manual's lines, each of which names one command: "- `expect log [nothing] [:]`".
+// The manual's lines, each of which names one command: "- `expect files:`".
 TEST(Commands, AreTheOnesInTheManual) {
   std::vector<std::string> lines;
   std::istringstream manual(kCommandHelp);
