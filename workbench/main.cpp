@@ -57,7 +57,6 @@ class CHere final : public IExecutor {
 };
 
 constexpr char kLiveStart[] =
-    "base answers\n"
     "mobiles \"Anna's mobile\" \"Work mobile\"\n"
     "plug\n"
     "start\n";

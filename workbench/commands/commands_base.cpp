@@ -151,10 +151,6 @@ void Shorten(CRun& run, const CCommandArguments& arguments) {
                                 CallsFromWords(arguments));
 }
 
-void Heal(CRun& run, const CCommandArguments&) {
-  run.stage.base.Base().Heal();
-}
-
 void ExpectWire(CRun& run, const CCommandArguments& arguments) {
   const Bytes expected = arguments.Is(0, "nothing") ? Bytes() : ParseHex(arguments.Words());
   const Bytes seen = run.NewWire();
@@ -168,10 +164,6 @@ void ExpectHandles(CRun& run, const CCommandArguments& arguments) {
   const auto expected = static_cast<unsigned>(arguments.Number(0, 0, 100));
   const unsigned open = run.stage.base.OpenHandles();
   if (open != expected) throw CExpectationFailure(std::to_string(open) + " handles are open");
-}
-
-void BaseAnswers(CRun& run, const CCommandArguments&) {
-  run.stage.base.Enliven();
 }
 
 void Mobiles(CRun& run, const CCommandArguments& arguments) {
@@ -217,8 +209,6 @@ constexpr Command kCommands[] = {
     {"report queue", 1, 5, Block::None, ReportQueue},
     {"fail", 3, 5, Block::None, Fail},
     {"shorten", 3, 5, Block::None, Shorten},
-    {"heal", 0, 0, Block::None, Heal},
-    {"base answers", 0, 0, Block::None, BaseAnswers},
     {"mobiles", 0, 4, Block::None, Mobiles},
     {"expect wire", 1, kAnyNumber, Block::None, ExpectWire},
     {"expect handles", 1, 1, Block::None, ExpectHandles},

@@ -4,7 +4,6 @@
 
 #include "workbench/commands/commands.h"
 #include "workbench/commands/run.h"
-#include "workbench/scenario/results.h"
 #include "workbench/scenario/scenario_error.h"
 
 namespace quor::workbench {
@@ -44,21 +43,6 @@ void SwitchFolder(CRun& run, const CCommandArguments& arguments) {
   run.stage.figures.Time(&Figures::folderSwitch,
                          [&] { run.stage.outlook.SwitchFolder(arguments.Text(0)); });
   run.stage.host.Pump();
-}
-
-void RefuseStore(CRun& run, const CCommandArguments& arguments) {
-  using Refusal = Store::Refusal;
-  constexpr uint32_t kLogonFailed = 0x80040111;
-  constexpr Refusal kRefusals[] = {Refusal::Item, Refusal::EntryId, Refusal::Name};
-  const Refusal refusal = kRefusals[arguments.Choice(1, {"Item", "EntryID", "Name"})];
-  const std::optional<std::string> status = arguments.After("status");
-  for (const auto& store : run.stage.outlook.Session().Mailbox().Stores()) {
-    if (store->top->name != WideFromUtf8(arguments.Text(0))) continue;
-    store->refusal = refusal;
-    store->refusalCode = static_cast<HRESULT>(status ? ResultFromName(*status) : kLogonFailed);
-    return;
-  }
-  throw CScenarioError("no store is called " + arguments.Text(0));
 }
 
 void ItemEvents(CRun& run, const CCommandArguments& arguments) {
@@ -134,7 +118,6 @@ constexpr Command kCommands[] = {
     {"delete contact", 1, 1, Block::None, OnOne<&COutlook::DeleteContact>},
     {"move contact", 2, 2, Block::None, OnTwo<&COutlook::MoveContact>},
     {"add store", 1, 1, Block::None, OnOne<AddStore>},
-    {"refuse store", 2, 4, Block::None, RefuseStore},
     {"item events", 1, 1, Block::None, ItemEvents},
     {"sinks released", 1, 1, Block::None, SinkRelease},
     {"objects", 1, 1, Block::None, Objects},

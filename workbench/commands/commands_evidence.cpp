@@ -57,16 +57,6 @@ void ExpectLogWith(CRun& run, const CCommandArguments& arguments) {
   CompareLog(arguments.Block(), lines);
 }
 
-void ExpectNoLog(CRun& run, const CCommandArguments&) {
-  if (run.stage.evidence.ReadLog()) throw CExpectationFailure("there is a diagnostic log");
-}
-
-void Forget(CRun& run, const CCommandArguments&) {
-  run.ForgetLog();
-  run.ForgetWire();
-  run.ForgetUsbCalls();
-}
-
 void ShowLog(CRun& run, const CCommandArguments&) {
   run.transcript.Show(Joined(run.NewLogLines()));
 }
@@ -320,8 +310,6 @@ constexpr Command kCommands[] = {
     {"expect log", 0, kAnyNumber, Block::Optional, ExpectLog},
     {"expect log has", 1, kAnyNumber, Block::None, ExpectLogHas},
     {"expect log with", 1, kAnyNumber, Block::Required, ExpectLogWith},
-    {"expect no log", 0, 0, Block::None, ExpectNoLog},
-    {"forget", 0, 0, Block::None, Forget},
     {"show log", 0, 0, Block::None, ShowLog},
     {"expect file", 2, 2, Block::Optional, ExpectFile},
     {"expect files", 0, 0, Block::Required, ExpectFiles},

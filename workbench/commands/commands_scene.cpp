@@ -23,11 +23,6 @@ void Say(CRun& run, const CCommandArguments& arguments) {
   run.transcript.Say(arguments.Text(0));
 }
 
-void SettingsFile(CRun& run, const CCommandArguments& arguments) {
-  run.stage.data.CopyIn(PathFrom(run, arguments.Text(0)), "Microsoft\\AddIns\\vex_cfg.xml");
-  run.settings = CRun::Settings::None;
-}
-
 void SettingsBlock(CRun& run, const CCommandArguments& arguments) {
   if (arguments.Is(0, "none") && !arguments.HasBlock()) {
     run.settings = CRun::Settings::None;
@@ -48,10 +43,6 @@ void File(CRun& run, const CCommandArguments& arguments) {
   run.stage.data.Write(arguments.Text(0), arguments.BlockText());
 }
 
-void Folder(CRun& run, const CCommandArguments& arguments) {
-  run.stage.data.MakeFolder(arguments.Text(0));
-}
-
 void NoApplicationData(CRun& run, const CCommandArguments&) {
   run.stage.data.PointNowhere();
   run.settings = CRun::Settings::None;
@@ -67,11 +58,9 @@ constexpr Command kCommands[] = {
     {"applies to", 1, kAnyNumber, Block::None, Applies},
     {"say", 1, 1, Block::None, Say},
     {kRepeatCommand, 1, 1, Block::Required, nullptr},
-    {"settings file", 1, 1, Block::None, SettingsFile},
     {"settings", 0, 1, Block::Optional, SettingsBlock},
     {"setting", 2, kAnyNumber, Block::None, Setting},
     {"file", 1, 1, Block::Required, File},
-    {"folder", 1, 1, Block::None, Folder},
     {"no application data", 0, 0, Block::None, NoApplicationData},
     {"contacts", 1, 1, Block::None, Contacts},
 };

@@ -126,14 +126,6 @@ void CApplicationData::Write(const std::string& path, const std::string& content
   }
 }
 
-void CApplicationData::MakeFolder(const std::string& path) {
-  MakeFolders(FullPath(path));
-}
-
-void CApplicationData::CopyIn(const std::string& from, const std::string& path) {
-  Write(path, ReadNamedFile(from));
-}
-
 std::optional<std::string> CApplicationData::Read(const std::string& path) const {
   return ReadWholeFile(FullPath(path));
 }

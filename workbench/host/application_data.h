@@ -25,8 +25,6 @@ class CApplicationData {
   const std::wstring& Folder() const { return m_folder; }
 
   void Write(const std::string& path, const std::string& content);
-  void CopyIn(const std::string& from, const std::string& path);
-  void MakeFolder(const std::string& path);
   // Makes Windows report a folder that does not exist.
   void PointNowhere() { Redirect(m_folder + L"\\no such folder"); }
   std::optional<std::string> Read(const std::string& path) const;

@@ -16,19 +16,11 @@ const CMemberTable& CFolder::Members() {
   static const CMemberTable table(
       "MAPIFolder", L"MAPIFolder", &CommonMembers(),
       {Get(L"DefaultItemType", [](Self& self) { return self.Node().itemType; }),
-       Get(L"EntryID",
-           [](Self& self) {
-             self.CheckAnswers(Store::Refusal::EntryId);
-             return self.Node().entryId;
-           }),
+       Get(L"EntryID", [](Self& self) { return self.Node().entryId; }),
        Get(L"Folders",
            [](Self& self) { return MakeObject<CFolders>(self.Session(), &self.Node()); }),
        Get(L"Items", [](Self& self) { return MakeObject<CItems>(self.Session(), self.Node()); }),
-       Get(L"Name",
-           [](Self& self) {
-             self.CheckAnswers(Store::Refusal::Name);
-             return self.Node().name;
-           }),
+       Get(L"Name", [](Self& self) { return self.Node().name; }),
        Get(L"StoreID", [](Self& self) { return self.Node().store->storeId; })});
   return table;
 }
@@ -51,11 +43,6 @@ CValue CFolder::Parent() {
   FolderNode* parent = Node().parent;
   if (parent == nullptr) return {&Session().NameSpace()};
   return {Session().FolderObject(*parent).get()};
-}
-
-void CFolder::CheckAnswers(Store::Refusal question) const {
-  const Store& store = *Node().store;
-  if (Node().parent == nullptr && store.refusal == question) throw CModelError(store.refusalCode);
 }
 
 CFolders::CFolders(CSession& session, FolderNode* node)
@@ -95,11 +82,7 @@ FolderNode& CFolders::NodeAt(size_t position) {
 }
 
 CValue CFolders::At(size_t position) {
-  FolderNode& node = NodeAt(position);
-  if (m_node == nullptr && node.store->refusal == Store::Refusal::Item) {
-    throw CModelError(node.store->refusalCode);
-  }
-  return {Session().FolderObject(node).get()};
+  return {Session().FolderObject(NodeAt(position)).get()};
 }
 
 CItems::CItems(CSession& session, FolderNode& node)

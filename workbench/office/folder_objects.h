@@ -22,7 +22,6 @@ class CFolder final : public COutlookObject {
 
  private:
   static const CMemberTable& Members();
-  void CheckAnswers(Store::Refusal question) const;
 
   FolderNode* m_node;
 };

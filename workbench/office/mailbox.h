@@ -83,10 +83,6 @@ struct Store {
   FolderNode* contacts = nullptr;
   FolderNode* deletedItems = nullptr;
   uint32_t lastNode = 0x20;
-
-  // What the store's provider refuses: the store in the list of stores, its entry id, or its name.
-  enum class Refusal { None, Item, EntryId, Name } refusal = Refusal::None;
-  int32_t refusalCode = 0;  // an HRESULT
 };
 
 struct EntryIdStyle {
