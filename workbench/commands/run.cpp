@@ -35,7 +35,7 @@ std::string DefaultSettings(const std::map<std::string, std::string>& system) {
                    "DelayBtnEvent"}) +
          "</AliveCheck>" +
          elements({"LanguageNo", "CallerInfo", "PopUp", "LinePopUp1", "LinePopUp2", "CellPopUp1",
-                   "CellPopUp2", "CellPopUp3", "CellPopUp4"}) +
+                   "CellPopUp2", "CellPopUp3", "CellPopUp4", "RecordCalls"}) +
          "</System><CallerLists/><SpeedDials/></Root>\n";
 }
 
