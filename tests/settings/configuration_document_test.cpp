@@ -110,12 +110,13 @@ TEST(ReadConfiguration, CorrectsSystemValuesAndReplacesMissingOnes) {
   }
   Configuration configuration;
   configuration.popUpModes.fill(0);
-  configuration.delayBtnEvent = 77;
+  configuration.delayBtnEvent = configuration.recordCalls = 77;
   Read(Parent(L"System", {Value(L"LinePopUp2", L""), Value(L"CellPopUp4", L"9"),
                           Parent(L"AliveCheck", {Value(L"DelayBtnEvent", L"")})}),
        configuration);
   EXPECT_EQ(configuration.popUpModes, (std::array<int32_t, kPopUpSlots>{0, 1, 0, 0, 0, 9}));
   EXPECT_EQ(configuration.delayBtnEvent, 0);
+  EXPECT_EQ(configuration.recordCalls, 0) << "in the file only while it is on";
 }
 
 TEST(ReadConfiguration, ReplacesTheListsAndToolbarsItFinds) {

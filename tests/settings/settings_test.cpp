@@ -113,6 +113,10 @@ TEST_F(CSettingsTest, ADialogSeesWhatWasEditedByHand) {
   EXPECT_EQ(values.mainToolBar.left, 77);
   EXPECT_EQ(m_listChanges, 1);
 
+  values.popUpModes[1] = 1;
+  m_settings.Load();
+  EXPECT_EQ(values.popUpModes[1], 1) << "the file has not changed since";
+
   // A value missing in the file is unchanged, as are all if it becomes unreadable.
   for (const std::optional<XmlElement>& file : {std::optional(XmlElement{L"Root", {}, {}}), {}}) {
     m_file = file;
@@ -142,11 +146,10 @@ TEST_F(CSettingsTest, ASaveKeepsWhatWasEditedByHand) {
   EXPECT_EQ(values.speedDials, InFile().speedDials);
   EXPECT_EQ(m_listChanges, 1);
 
-  // The file's entry is known from here on: memory's later changes are written.
-  values.speedDials[0].number = L"911";
-  m_settings.Save();
-  EXPECT_EQ(InFile().speedDials[0].number, L"911");
-  EXPECT_EQ(m_listChanges, 1);
+  // What was written is known from here on: a later change in memory is the newer one.
+  values.popUpModes[2] = 0;
+  m_settings.Load();
+  EXPECT_EQ(values.popUpModes[2], 0);
 }
 
 }  // namespace

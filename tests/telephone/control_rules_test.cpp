@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 
 #include "tests/telephone/telephone_desk.h"
 
@@ -36,21 +37,6 @@ constexpr int kButtonControls[] = {1, 2, 4};
 constexpr int kCaptions[3][4] = {
     {1106, 1108, 1109, 1114}, {1110, 1112, 1113, 1115}, {1140, 1142, 1143, 1148}};
 
-struct Situation {
-  uint8_t states[3];  // of line 1, line 2 and the cell side
-  uint8_t cidLine;
-
-  bool Rings() const { return std::ranges::count(states, 2) == 3; }
-  bool OtherInCall(int button) const {
-    const auto inCall = [](uint8_t state) { return state == 3 || state == 4; };
-    return std::ranges::count_if(states, inCall) > (inCall(states[button]) ? 1 : 0);
-  }
-};
-
-std::ostream& operator<<(std::ostream& out, const Situation& s) {
-  return out << +s.states[0] << +s.states[1] << +s.states[2] << " call on " << +s.cidLine;
-}
-
 // Clicks and returns the visible effect.
 Deed Click(CTelephoneDesk& desk, uint8_t lineType) {
   DialRecord& request = desk.records.dial[static_cast<size_t>(SlotFromLineType(lineType))];
@@ -77,34 +63,35 @@ TEST_P(LineButtons, SayAndDoWhatTheirStateTells) {
   CTelephoneDesk desk(GetParam());
   desk.BeQuiet();
   desk.phone.Dialler().StoreBoxText(L"123");
-  for (int states = 0; states < 7 * 7 * 7; ++states) {
-    const auto digit = [&](int place) { return static_cast<uint8_t>(states / place % 7); };
+  const auto inCall = [](uint8_t state) { return state == 3 || state == 4; };
+  for (int i = 0; i < 7 * 7 * 7 * 3; ++i) {
+    const size_t button = static_cast<size_t>(i) % 3;
+    const auto state = [i](int place) { return static_cast<uint8_t>(i / 3 / place % 7); };
+    const std::array<uint8_t, 3> states = {state(49), state(7), state(1)};
+    const bool rings = std::ranges::count(states, 2) == 3;
+    const auto calls = std::ranges::count_if(states, inCall);
+    const auto& told = kTold[states[button]];
     for (const uint8_t cidLine : Bytes{0, 1, 2, 17, 18, 255}) {
-      const Situation s = {{digit(49), digit(7), digit(1)}, cidLine};
-      for (int button = 0; button < 3; ++button) {
-        const auto set = [&] {
-          desk.SetStates(s.states[0], s.states[1], s.states[2]);
-          desk.state.savedState = {0, 1, 1, 1, 0, 0, 0};
-          desk.state.caller.cidLine = cidLine;
-        };
-        const auto& told = kTold[s.states[button]];
-        const bool answers = s.Rings() && (cidLine == 1 || cidLine == 2 || cidLine == 17);
-        const bool announced = cidLine == kButtonLines[button];
-        set();
-        ASSERT_EQ(Click(desk, kButtonLines[button]), answers            ? Deed::Answer
-                                                     : GetParam() >= 14 ? told.onRibbon
-                                                                        : told.onToolbar)
-            << s << " button " << button;
-        set();
-        for (const bool withAnswer : {false, true}) {
-          const Says caption = withAnswer && announced && s.Rings() ? Says::Answer : told.caption;
-          ASSERT_EQ(GetLineCaption(desk.state, button, withAnswer),
-                    kCaptions[button][static_cast<int>(caption)])
-              << s << " button " << button;
-          ASSERT_EQ(IsControlEnabled(desk.state, kButtonControls[button], withAnswer),
-                    told.enabled || (withAnswer && announced && !s.OtherInCall(button)))
-              << s << " button " << button;
-        }
+      SCOPED_TRACE(testing::Message() << +states[0] << +states[1] << +states[2] << ", button "
+                                      << button << ", call on " << +cidLine);
+      const bool announced = cidLine == kButtonLines[button];
+      const auto set = [&] {
+        desk.SetStates(states[0], states[1], states[2]);
+        desk.state.savedState = {0, 1, 1, 1, 0, 0, 0};
+        desk.state.caller.cidLine = cidLine;
+      };
+      Deed deed = GetParam() >= kRibbonVersion ? told.onRibbon : told.onToolbar;
+      if (rings && (cidLine == 1 || cidLine == 2 || cidLine == 17)) deed = Deed::Answer;
+      set();
+      ASSERT_EQ(Click(desk, kButtonLines[button]), deed);
+      set();
+      for (const bool withAnswer : {false, true}) {
+        const Says caption = withAnswer && announced && rings ? Says::Answer : told.caption;
+        ASSERT_EQ(GetLineCaption(desk.state, static_cast<int>(button), withAnswer),
+                  kCaptions[button][static_cast<size_t>(caption)]);
+        const bool othersInCall = calls > (inCall(states[button]) ? 1 : 0);
+        ASSERT_EQ(IsControlEnabled(desk.state, kButtonControls[button], withAnswer),
+                  told.enabled || (withAnswer && announced && !othersInCall));
       }
     }
   }

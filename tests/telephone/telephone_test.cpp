@@ -37,9 +37,7 @@ TEST(Dialling, NumbersSentAndRefused) {
       {L"123-4567", "", "message 1303"},
       {L"12a", "", "message 1303"},
       {L" ", "", "message 1303"},
-      {L"12\0"
-       L"34"s,
-       "", "message 1303"},
+      {L"12\0*4"s, "", "message 1303"},
       {L"\0"s, "", "message 1303"},
       {L"12\u20AC\u0416", "", "message 1303"},
       {L"\uFF11\uFF12", "", "message 1303"},  // full-width digits
