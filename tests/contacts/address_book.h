@@ -55,24 +55,20 @@ class CBookDirectory final : public IContactDirectory {
   CTranscript& m_transcript;
 };
 
-// An open contact of the book, with faults that can be switched on.
+// An open contact of the book.
 class CBookItem final : public IContactFields {
  public:
   CBookItem(std::string entryId, const BookContact& contact)
       : m_entryId(std::move(entryId)), m_contact(contact) {}
 
   bool ReadEntryId(std::string& entryId) override {
-    if (fault == Fault::NoEntryId) return false;
-    entryId = isSaved ? m_entryId : "";
+    entryId = m_entryId;
     return true;
   }
-  bool Save() override {
-    isSaved = fault != Fault::SaveIsLost;
-    return fault != Fault::SaveFails;
-  }
+  bool Save() override { return true; }
   bool ReadFileAs(std::string& fileAs) override {
     fileAs = m_contact.fileAs;
-    return fault != Fault::NoFileAs;
+    return true;
   }
   bool ReadTelNumber(int telNumberType, std::string& number) override {
     if (telNumberType == unreadableType) return false;
@@ -80,9 +76,6 @@ class CBookItem final : public IContactFields {
     return true;
   }
 
-  enum class Fault { NoEntryId, NoFileAs, SaveFails, SaveIsLost, None };
-  Fault fault = Fault::None;
-  bool isSaved = true;
   int unreadableType = 0;
 
  private:

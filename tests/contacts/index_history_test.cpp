@@ -115,14 +115,10 @@ class CHistory {
     auto& known = AnyContact();
     for (unsigned changes = Below(4); changes > 0; --changes)
       known.second.numbers[1 + Below(12)] = Below(4) == 0 ? "" : AnyNumber();
-    const auto fault = static_cast<CBookItem::Fault>(Below(40));
-    const bool isSaved = Below(10) != 0;
     const int unreadable = static_cast<int>(Below(30));
     const bool isDeleted = Below(6) == 0;
     Both([&](auto& index) {
       CBookItem item(known.first, known.second);
-      item.fault = fault;
-      item.isSaved = isSaved;
       item.unreadableType = unreadable;
       isDeleted ? index.OnContactItemDelete(item) : index.TelNoCheckAndUpdate(item);
     });

@@ -36,18 +36,13 @@ class CNaivePhoneIndex {
   static int TableOf(size_t length) { return length < 5 ? 0 : static_cast<int>(length) - 4; }
 
   void TelNoCheckAndUpdate(IContactFields& contact) {
-    m_log.Write("CAddin::TelNoCheckAndUpdate\n");
     std::string entryId;
-    if (!contact.ReadEntryId(entryId)) return;
-    if (entryId.empty() && (!contact.Save() || !contact.ReadEntryId(entryId))) return;
-    if (entryId.empty()) return;
-    std::string fileAs;
-    if (!contact.ReadFileAs(fileAs)) return m_log.Write("get_FileAs is failed\n");
+    if (!BeginTelNoCheckAndUpdate(contact, entryId, m_log)) return;
     for (int type = 1; type <= 12; ++type) {
       DeleteContactSearchDataByEntryID(entryId, type);
       std::string number;
       GetContactTelNumber(contact, type, number);
-      if (!number.empty()) AddContactSearchData(number, entryId, type, fileAs);
+      if (!number.empty()) AddContactSearchData(number, entryId, type, "");
     }
     m_log.Write("CContactItem::TelNoCheckAndUpdate OK\n");
   }
