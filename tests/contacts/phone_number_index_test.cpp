@@ -135,13 +135,17 @@ TEST_F(PhoneNumberIndex, SurvivesThatTheNumberGoesAndTheIndexGrowsWhileARecordIs
   EXPECT_EQ(Find("7919000"), "new 1000");
 }
 
-TEST(ContactTelNumber, HoldsTheDialCharactersOfTheFirstThirtyTwo) {
+TEST_F(PhoneNumberIndex, ReadsTheDialCharactersOfTheFirstThirtyTwo) {
   BookContact contact;
   contact.numbers[3] = "+49 (171) 555-0123 extension p 12345";
   CBookItem item("A", contact);
   std::string number;
   GetContactTelNumber(item, 3, number);
   EXPECT_EQ(number, "491715550123p1");
+  CBookItem neverSaved("", contact);
+  m_index.TelNoCheckAndUpdate(neverSaved);
+  ContactMatch match;
+  EXPECT_FALSE(m_index.FindPhoneNumber("491715550123p1", false, match));
   item.unreadableType = 3;
   GetContactTelNumber(item, 3, number);
   EXPECT_EQ(number, "");
