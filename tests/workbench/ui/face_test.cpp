@@ -13,11 +13,6 @@ ControlFace Named(const wchar_t* id, const wchar_t* caption, std::vector<Control
   return face;
 }
 
-TEST(Face, CaptionsLoseTheMarksOfTheirAccessKeys) {
-  EXPECT_EQ(PlainCaption(L"Call from &cell"), L"Call from cell");
-  EXPECT_EQ(PlainCaption(L"Tom && Co &"), L"Tom & Co ");
-}
-
 TEST(Face, APathNamesByIdBeforeCaptionAndAtAnyDepth) {
   const std::vector<ControlFace> faces = {
       Named(L"A", L"X", {Named(L"A1", L"Same"), Named(L"", L"&Deep")}),
