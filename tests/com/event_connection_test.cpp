@@ -124,6 +124,8 @@ TEST_F(EventConnection, AFailedAdviseHoldsNothing) {
   m_source.whileAdvising = [this] { m_connection.Unadvise(); };
   EXPECT_EQ(Advise(), E_ABORT);
   EXPECT_EQ(m_source.sink, nullptr) << "what ends inside Advise is undone";
+  m_source.whileAdvising = [this] { m_owner.shuttingDown = true; };
+  EXPECT_EQ(Advise(), E_ABORT);
   EXPECT_FALSE(m_connection.IsAdvised());
   EXPECT_EQ(m_source.references, 1u);
 }

@@ -204,6 +204,7 @@ grep -qiE '0551234567|\\users\\'"$(id -un)" "$drive/report.txt" && fail "the rep
 # The masked log of a real session gives the same events when replayed.
 mkdir -p "$drive/run"
 wine "$workbench" --quiet --data 'C:\run' "$(wine winepath -w tests/scenarios/incoming_call.scn </dev/null 2>/dev/null | tr -d '\r')" </dev/null >/dev/null 2>&1
+grep -q $'SI_Write complete.\r$' "$drive"/run/Temp/catlog*.txt || fail "the log's lines do not end as on Windows"
 cat "$drive"/run/Temp/catlog*.txt >"$settings/../../Temp/catlog20260103.txt"
 expect_code 0 --report 'C:\report.txt'
 wine "$workbench" --quiet --replay 'C:\report.txt' </dev/null >"$drive/replay.txt" 2>&1 ||

@@ -37,7 +37,7 @@ class CommandBars : public testing::Test {
   }
   static CRemote AddControl(const CRemote& owner, long type, const wchar_t* caption,
                             const wchar_t* tag) {
-    const CRemote control = owner.Object(L"Controls").Object(L"Add", {type});
+    CRemote control = owner.Object(L"Controls").Object(L"Add", {type});
     control.Put(L"Caption", caption);
     control.Put(L"Tag", tag);
     return control;

@@ -15,10 +15,7 @@ using ::testing::IsEmpty;
 const IID kFoldersEventsId = PublishedInterface(L"FoldersEvents");
 const IID kItemsEventsId = PublishedInterface(L"ItemsEvents");
 
-class CEngineTest : public COfficeTest {};
-
-TEST_F(CEngineTest, NoticesUseAfterReleaseAndAnotherThread) {
-  Start();
+TEST_F(COfficeTest, NoticesUseAfterReleaseAndAnotherThread) {
   IDispatch* items = nullptr;
   {
     const CRemote held = Contacts().Object(L"Items");
@@ -37,13 +34,12 @@ TEST_F(CEngineTest, NoticesUseAfterReleaseAndAnotherThread) {
   EXPECT_EQ(
       items->Invoke(0x50, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr),
       CO_E_OBJNOTCONNECTED);
-  EXPECT_THAT(Outlook().Model().Misuses(),
+  EXPECT_THAT(m_outlook.Model().Misuses(),
               ElementsAre("Items called on another thread", "Items used after its last release",
                           "Items used after its last release"));
 }
 
-TEST_F(CEngineTest, ConnectionPointsKeepTheRules) {
-  Start();
+TEST_F(COfficeTest, ConnectionPointsKeepTheRules) {
   CRemote items = Contacts().Object(L"Items");
   CTestSink sink(kItemsEventsId);
   CTestSink stranger(kFoldersEventsId);
@@ -51,7 +47,7 @@ TEST_F(CEngineTest, ConnectionPointsKeepTheRules) {
   EXPECT_EQ(Advise(items, kFoldersEventsId, stranger, cookie), CONNECT_E_NOCONNECTION);
   EXPECT_EQ(Advise(items, kItemsEventsId, stranger, cookie), CONNECT_E_CANNOTCONNECT);
   EXPECT_EQ(Advise(items, kItemsEventsId, sink, cookie), S_OK);
-  EXPECT_THAT(Outlook().Sinks(), ElementsAre("Items Contacts ItemsEvents 1"));
+  EXPECT_THAT(m_outlook.Sinks(), ElementsAre("Items Contacts ItemsEvents 1"));
   EXPECT_EQ(Unadvise(items, kItemsEventsId, cookie + 1), CONNECT_E_NOCONNECTION);
   EXPECT_EQ(Unadvise(items, kItemsEventsId, cookie), S_OK);
   EXPECT_EQ(sink.references, 1u);
@@ -59,7 +55,7 @@ TEST_F(CEngineTest, ConnectionPointsKeepTheRules) {
   EXPECT_EQ(sink.references, 2u);
   items = CRemote();  // releases the source and so its events
   EXPECT_EQ(sink.references, 1u);
-  Outlook().DeleteContact("Bob");
+  m_outlook.DeleteContact("Bob");
   EXPECT_THAT(sink.heard, IsEmpty());
 }
 

@@ -3,21 +3,16 @@
 #include <cstdio>
 #include <utility>
 
+_COM_SMARTPTR_TYPEDEF(IConnectionPoint, IID_IConnectionPoint);
+_COM_SMARTPTR_TYPEDEF(IConnectionPointContainer, IID_IConnectionPointContainer);
+
 namespace quor::workbench {
 
 HRESULT CRemote::lastCode = S_OK;
 HRESULT CRemote::lastException = S_OK;
 
-CRemote::CRemote(IDispatch* object) : m_object(object) {
-  if (m_object != nullptr) m_object->AddRef();
-}
-
 CRemote::CRemote(const CValue& value)
     : CRemote(V_VT(&value.Get()) == VT_DISPATCH ? V_DISPATCH(&value.Get()) : nullptr) {}
-
-CRemote::~CRemote() {
-  if (m_object != nullptr) m_object->Release();
-}
 
 DISPID CRemote::IdOf(const wchar_t* member) const {
   auto name = const_cast<LPOLESTR>(member);
@@ -30,7 +25,7 @@ CValue CRemote::Invoke(DISPID id, WORD flags, const std::vector<CValue>& argumen
   std::vector<VARIANT> reversed = ReversedArguments(arguments);
   DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
   DISPID put = DISPID_PROPERTYPUT;
-  if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) {
+  if (flags == DISPATCH_PROPERTYPUT) {
     parameters.rgdispidNamedArgs = &put;
     parameters.cNamedArgs = 1;
   }
@@ -58,9 +53,9 @@ CValue CRemote::Get(const wchar_t* member) const {
   return FAILED(lastCode) ? CValue() : Invoke(id, DISPATCH_PROPERTYGET, {});
 }
 
-CValue CRemote::Put(const wchar_t* member, CValue value, WORD flags) const {
+void CRemote::Put(const wchar_t* member, CValue value) const {
   const DISPID id = IdOf(member);
-  return FAILED(lastCode) ? CValue() : Invoke(id, flags, {std::move(value)});
+  if (SUCCEEDED(lastCode)) Invoke(id, DISPATCH_PROPERTYPUT, {std::move(value)});
 }
 
 STDMETHODIMP CTestSink::Invoke(DISPID event, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters,
@@ -78,34 +73,25 @@ STDMETHODIMP CTestSink::Invoke(DISPID event, REFIID iid, LCID, WORD flags, DISPP
 
 namespace {
 
-HRESULT FindPoint(const CRemote& source, REFIID events, IConnectionPoint** point) {
-  IConnectionPointContainer* container = nullptr;
+HRESULT FindPoint(const CRemote& source, REFIID events, IConnectionPointPtr& point) {
+  IConnectionPointContainerPtr container;
   const HRESULT found = source.Raw()->QueryInterface(IID_IConnectionPointContainer,
                                                      reinterpret_cast<void**>(&container));
-  if (FAILED(found)) return found;
-  const HRESULT code = container->FindConnectionPoint(events, point);
-  container->Release();
-  return code;
+  return FAILED(found) ? found : container->FindConnectionPoint(events, &point);
 }
 
 }  // namespace
 
 HRESULT Advise(const CRemote& source, REFIID events, IUnknown& sink, DWORD& cookie) {
-  IConnectionPoint* point = nullptr;
-  HRESULT code = FindPoint(source, events, &point);
-  if (FAILED(code)) return code;
-  code = point->Advise(&sink, &cookie);
-  point->Release();
-  return code;
+  IConnectionPointPtr point;
+  const HRESULT found = FindPoint(source, events, point);
+  return FAILED(found) ? found : point->Advise(&sink, &cookie);
 }
 
 HRESULT Unadvise(const CRemote& source, REFIID events, DWORD cookie) {
-  IConnectionPoint* point = nullptr;
-  HRESULT code = FindPoint(source, events, &point);
-  if (FAILED(code)) return code;
-  code = point->Unadvise(cookie);
-  point->Release();
-  return code;
+  IConnectionPointPtr point;
+  const HRESULT found = FindPoint(source, events, point);
+  return FAILED(found) ? found : point->Unadvise(cookie);
 }
 
 }  // namespace quor::workbench

@@ -1,6 +1,8 @@
 #ifndef QUOR_TESTS_WORKBENCH_OFFICE_LATE_BOUND_H
 #define QUOR_TESTS_WORKBENCH_OFFICE_LATE_BOUND_H
 
+#include <comdef.h>
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -8,29 +10,23 @@
 #include "tests/com_double.h"
 #include "workbench/office/value.h"
 
+_COM_SMARTPTR_TYPEDEF(IDispatch, IID_IDispatch);
+
 namespace quor::workbench {
 
 // An object as an add-in sees it: called by name through IDispatch.
 class CRemote {
  public:
   CRemote() = default;
-  explicit CRemote(IDispatch* object);  // adds a reference
+  explicit CRemote(IDispatch* object) : m_object(object) {}
   explicit CRemote(const CValue& value);
-  CRemote(const CRemote& other) : CRemote(other.m_object) {}
-  CRemote& operator=(CRemote other) noexcept {
-    std::swap(m_object, other.m_object);
-    return *this;
-  }
-  ~CRemote();
 
   IDispatch* Raw() const noexcept { return m_object; }
-  explicit operator bool() const noexcept { return m_object != nullptr; }
 
   // Calls a method or reads a property. LastCode returns the result of a failure.
   CValue Call(const wchar_t* member, const std::vector<CValue>& arguments = {}) const;
   CValue Get(const wchar_t* member) const;
-  CValue Put(const wchar_t* member, CValue value, WORD flags = DISPATCH_PROPERTYPUT) const;
-  CValue Invoke(DISPID id, WORD flags, const std::vector<CValue>& arguments) const;
+  void Put(const wchar_t* member, CValue value) const;
 
   CRemote Object(const wchar_t* member, const std::vector<CValue>& arguments = {}) const {
     return CRemote(Call(member, arguments));
@@ -39,14 +35,16 @@ class CRemote {
     return WideFromBstr(V_BSTR(&Get(member).Get()));
   }
   long Number(const wchar_t* member) const { return V_I4(&Get(member).Get()); }
-  DISPID IdOf(const wchar_t* member) const;
 
   // The last call's result and the error in its exception record, for any object.
   static HRESULT lastCode;
   static HRESULT lastException;
 
  private:
-  IDispatch* m_object = nullptr;
+  DISPID IdOf(const wchar_t* member) const;
+  CValue Invoke(DISPID id, WORD flags, const std::vector<CValue>& arguments) const;
+
+  IDispatchPtr m_object;
 };
 
 // A sink that records its events, such as "F001(object)", and can run an action inside them.

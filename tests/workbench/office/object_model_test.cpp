@@ -10,15 +10,12 @@ namespace {
 
 using ::testing::ElementsAre;
 
-class CObjectModelTest : public COfficeTest {};
-
-TEST_F(CObjectModelTest, CallsThatDoNotFitAreRefusedAsATypeLibraryDoes) {
+TEST_F(COfficeTest, CallsThatDoNotFitAreRefusedAsATypeLibraryDoes) {
   constexpr DISPID kCreateItem = 0x010A;
   constexpr DISPID kCompareEntryIds = 0xFBFC;
   constexpr DISPID kGetItemFromId = 0x2109;
   constexpr DISPID kEntryId = 0xF01E;
   constexpr UINT kNone = 99;
-  Start();
   const CRemote app = App();
   const CRemote session = Session();
   const CRemote folder = Contacts();
@@ -75,15 +72,14 @@ TEST_F(CObjectModelTest, CallsThatDoNotFitAreRefusedAsATypeLibraryDoes) {
               row.code);
     EXPECT_EQ(refused, row.refused);
   }
-  const std::vector<std::string> misuses = Outlook().Model().Misuses();
+  const std::vector<std::string> misuses = m_outlook.Model().Misuses();
   EXPECT_THAT(std::vector(misuses.begin(), misuses.begin() + 3),
               ElementsAre("Application.CreateItem with a converted argument",
                           "Application.CreateItem refused with 0x80020005",
                           "Application.CreateItem refused with 0x8002000F"));
 }
 
-TEST_F(CObjectModelTest, NamesOfMembersAndArgumentsHaveIds) {
-  Start();
+TEST_F(COfficeTest, NamesOfMembersAndArgumentsHaveIds) {
   const CRemote session = Session();
   LPOLESTR names[] = {const_cast<LPOLESTR>(L"compareentryids"),
                       const_cast<LPOLESTR>(L"SecondEntryID"), const_cast<LPOLESTR>(L"Third")};
@@ -93,7 +89,7 @@ TEST_F(CObjectModelTest, NamesOfMembersAndArgumentsHaveIds) {
   EXPECT_THAT(ids, ElementsAre(0xFBFC, 1, DISPID_UNKNOWN));
 }
 
-TEST_F(CObjectModelTest, OnlyPublishedMembersHaveAnId) {
+TEST_F(COfficeTest, OnlyPublishedMembersHaveAnId) {
   using enum MemberKind;
   const CMemberTable table("Type", L"MAPIFolder", nullptr,
                            {{L"Name", Put}, {L"Title", Get}, {L"Display", Get}, {L"moveto"}});
@@ -106,9 +102,8 @@ TEST_F(CObjectModelTest, OnlyPublishedMembersHaveAnId) {
   EXPECT_THROW(CMemberTable("Type", L"_Nothing", nullptr, {}), std::logic_error);
 }
 
-TEST_F(CObjectModelTest, ANewInspectorIsActivatedAfterItsEvent) {
+TEST_F(COfficeTest, ANewInspectorIsActivatedAfterItsEvent) {
   const IID inspectorEvents = PublishedInterface(L"InspectorEvents");
-  Start();
   const CRemote inspectors = App().Object(L"Inspectors");
   CTestSink all(PublishedInterface(L"InspectorsEvents"));
   CTestSink own(inspectorEvents);
@@ -119,7 +114,7 @@ TEST_F(CObjectModelTest, ANewInspectorIsActivatedAfterItsEvent) {
     inspector = CRemote(V_DISPATCH(&arguments.rgvarg[0]));
     ASSERT_EQ(Advise(inspector, inspectorEvents, own, cookie), S_OK);
   };
-  ASSERT_TRUE(Outlook().OpenInspector("Lee, Anna"));
+  ASSERT_TRUE(m_outlook.OpenInspector("Lee, Anna"));
   EXPECT_THAT(own.heard, ElementsAre("F001"));
 }
 
