@@ -11,7 +11,6 @@ namespace quor {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 // A user in front of a telephone with one selected contact.
 class CUserDesk final : private IActionWindows {
@@ -90,17 +89,6 @@ TEST(UserActions, KeepANumberForTheRibbonsLineButton) {
     EXPECT_EQ(user.Box(), row.box);
     EXPECT_EQ(user.Opened(), row.waits ? 1 : 0);
   }
-}
-
-TEST(UserActions, CellsThatTheMenuDoesNotHaveAreIgnored) {
-  CUserDesk user(kToolbarVersion);
-  user.desk.SetStates(1, 1, 1);
-  for (const int cell : {-1, 4}) {
-    user.actions.ClickCell(cell);
-    EXPECT_THAT(user.desk.Journal(), IsEmpty());
-  }
-  user.actions.ClickCell(3);
-  EXPECT_EQ(user.desk.state.cellDialLine, kCell4);
 }
 
 }  // namespace
