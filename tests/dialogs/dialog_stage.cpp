@@ -71,6 +71,21 @@ HWND VisibleDialog() {
   return nullptr;
 }
 
+HWND FindControl(HWND window, int id) {
+  for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    if (GetDlgCtrlID(child) == id) return child;
+    if (HWND found = FindControl(child, id)) return found;
+  }
+  return nullptr;
+}
+
+void Choose(HWND list, int row) {
+  SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
+  const WPARAM notification = MAKEWPARAM(GetDlgCtrlID(list), CBN_SELCHANGE);
+  SendMessageW(GetParent(list), WM_COMMAND, notification, reinterpret_cast<LPARAM>(list));
+}
+
 void RunLoop() {
   MSG message;
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {

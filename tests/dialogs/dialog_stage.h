@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "dialogs/dialog_window.h"
+#include "dialogs/options_store.h"
 #include "module/diagnostic_log.h"
 #include "module/module.h"
 #include "resources/resource_loader.h"
@@ -40,6 +41,23 @@ struct HeldDuringCall {
   long moduleLocks = 0;
 };
 
+// A store that keeps applied values and records its calls.
+struct COptionsDesk final : IOptionsStore {
+  OptionValues Load() override { return stored; }
+  OptionValues Reload() override { return Load(); }
+  void Apply(const OptionValues& values) override {
+    if (refuses) throw 1;
+    stored = values;
+    applied.push_back(values);
+  }
+  void ShowAbout(HWND owner) override { abouts.push_back(owner); }
+
+  OptionValues stored = {kEnglish, {1, 1, 1, 1, 1, 1}};
+  std::vector<OptionValues> applied;
+  std::vector<HWND> abouts;
+  bool refuses = false;
+};
+
 // What every dialog test needs: an add-in, this program's resources, a log, and Outlook's main
 // window.
 class CDialogStage {
@@ -66,6 +84,11 @@ std::vector<HWND> DialogsNamed(const std::wstring& caption);
 HWND VisibleDialog();
 std::wstring TextOf(HWND window);
 std::wstring TextOf(HWND dialog, int control);
+
+// Finds a control of the window or of a panel inside it.
+HWND FindControl(HWND window, int id);
+// Selects a row of a list, as the user does.
+void Choose(HWND list, int row);
 
 // Runs a message loop like Outlook's, without IsDialogMessage, until the queue is empty.
 void RunLoop();

@@ -4,7 +4,6 @@
 #include "dialogs/options_dialog.h"
 #include "resources/resource_ids.h"
 #include "tests/dialogs/dialog_stage.h"
-#include "tests/dialogs/options_desk.h"
 
 namespace quor {
 namespace {

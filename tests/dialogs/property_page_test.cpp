@@ -4,10 +4,8 @@
 
 #include <set>
 
-#include "module/identifiers.h"
 #include "resources/resource_ids.h"
 #include "tests/dialogs/dialog_stage.h"
-#include "tests/dialogs/options_desk.h"
 #include "workbench/host/page_site.h"
 #include "workbench/office/outlook.h"
 
@@ -15,7 +13,6 @@ _COM_SMARTPTR_TYPEDEF(IOleObject, IID_IOleObject);
 _COM_SMARTPTR_TYPEDEF(IOleInPlaceObject, IID_IOleInPlaceObject);
 _COM_SMARTPTR_TYPEDEF(IOleInPlaceActiveObject, IID_IOleInPlaceActiveObject);
 _COM_SMARTPTR_TYPEDEF(IOleControl, IID_IOleControl);
-_COM_SMARTPTR_TYPEDEF(IProvideClassInfo, IID_IProvideClassInfo);
 
 namespace quor {
 namespace {
@@ -96,13 +93,6 @@ TEST_F(OptionsPage, IsTheControlThatContainersExpect) {
   CONTROLINFO info = {};
   info.cb = sizeof info;
   EXPECT_EQ(IOleControlPtr(page)->GetControlInfo(&info), S_OK);
-  ITypeInfo* description = nullptr;
-  ASSERT_EQ(IProvideClassInfoPtr(page)->GetClassInfo(&description), S_OK);
-  TYPEATTR* attributes = nullptr;
-  description->GetTypeAttr(&attributes);
-  EXPECT_TRUE(attributes->guid == kPropertyPageClsid);
-  description->ReleaseTypeAttr(attributes);
-  description->Release();
 }
 
 // The page in the stand-in's options dialog.
