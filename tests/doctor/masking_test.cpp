@@ -6,39 +6,38 @@ namespace quor::doctor {
 namespace {
 
 TEST(MaskingTest, OneCallerStaysOneCallerInFramesAndText) {
+  const std::pair<const char*, const char*> lines[] = {
+      {"2009/03/07 08:05:09.042 [R] (39) 26 03 21 04 41 4E 4E 41 20 20 4C 45 45 20 20 20 "
+       "20 20 20 20 0A A5 51 23 45 67 00 00 00 00 00 00 00 01 00 00 03 0D 0A\r\n",
+       "2009/03/07 08:05:09.042 [R] (39) 26 03 21 04 4E 41 4D 45 31 20 20 20 20 20 20 20 20 20 "
+       "20 20 0A AA AA AA AA A1 00 00 00 00 00 00 00 01 00 00 03 0D 0A\r\n"},
+      {"2009/03/07 08:05:09.043 NoNum: 0x01, NoName: 0x02, LongDistance: 0x01, Name[0]: "
+       "0x41, NumberLength: 0x0A, Number: 0551234567, LineTtype: 0x01",
+       "2009/03/07 08:05:09.043 NoNum: 0x01, NoName: 0x02, LongDistance: 0x01, Name[0]: 0x4E, "
+       "NumberLength: 0x0A, Number: 0000000001, LineTtype: 0x01"},
+      // The same number again, then another one.
+      {"[S] (16) 2B 32 01 31 30 30 35 35 31 32 33 34 35 36 37 0D",
+       "[S] (16) 2B 32 01 31 30 30 30 30 30 30 30 30 30 30 31 0D"},
+      {"Call request Line1 (#0551234567) complete. ( request size: 13 )",
+       "Call request Line1 (#0000000001) complete. ( request size: 13 )"},
+      {"Call request Line1 (#110) complete.", "Call request Line1 (#002) complete."},
+      // A caller's number with a space, and digits behind it.
+      {"[R] (39) 26 03 21 04 00 4C 45 45 20 20 20 20 20 20 20 20 20 20 20 20 08 A5 50 "
+       "23 41 23 00 00 00 00 00 00 00 01 00 00 03 0D 0A",
+       "[R] (39) 26 03 21 04 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 08 AA A0 AA A3 AA 00 "
+       "00 00 00 00 00 00 01 00 00 03 0D 0A"},
+      {"Number: 055 2341, LineTtype: 0x01", "Number: 000 0003, LineTtype: 0x01"},
+      {"Contact Data Not Found digit = 4 number = 12P3 entryID = ",
+       "Contact Data Not Found digit = 4 number = 00P4 entryID = "},
+      // With a pause, as it is dialled and as it is logged.
+      {"[S] (12) 2B 32 01 30 36 30 35 35 70 31 32 0D",
+       "[S] (12) 2B 32 01 30 36 30 30 30 70 30 35 0D"},
+      {"Call request Line1 (#055p12) complete. ( request size: 9 )",
+       "Call request Line1 (#000p05) complete. ( request size: 9 )"},
+  };
   CMasking masking;
-  EXPECT_EQ(
-      masking.Line(
-          "2009/03/07 08:05:09.042 [R] (39) 26 03 21 04 41 4E 4E 41 20 20 4C 45 45 20 20 20 "
-          "20 20 20 20 0A A5 51 23 45 67 00 00 00 00 00 00 00 01 00 00 03 0D 0A\r\n"),
-      "2009/03/07 08:05:09.042 [R] (39) 26 03 21 04 4E 41 4D 45 31 20 20 20 20 20 20 20 20 20 "
-      "20 20 0A AA AA AA AA A1 00 00 00 00 00 00 00 01 00 00 03 0D 0A\r\n");
-  EXPECT_EQ(masking.Line(
-                "2009/03/07 08:05:09.043 NoNum: 0x01, NoName: 0x02, LongDistance: 0x01, Name[0]: "
-                "0x41, NumberLength: 0x0A, Number: 0551234567, LineTtype: 0x01"),
-            "2009/03/07 08:05:09.043 NoNum: 0x01, NoName: 0x02, LongDistance: 0x01, Name[0]: 0x4E, "
-            "NumberLength: 0x0A, Number: 0000000001, LineTtype: 0x01");
-  // The same number again, then another one.
-  EXPECT_EQ(masking.Line("[S] (16) 2B 32 01 31 30 30 35 35 31 32 33 34 35 36 37 0D"),
-            "[S] (16) 2B 32 01 31 30 30 30 30 30 30 30 30 30 30 31 0D");
-  EXPECT_EQ(masking.Line("Call request Line1 (#0551234567) complete. ( request size: 13 )"),
-            "Call request Line1 (#0000000001) complete. ( request size: 13 )");
-  EXPECT_EQ(masking.Line("Call request Line1 (#110) complete."),
-            "Call request Line1 (#002) complete.");
-  // A caller's number with a space, and digits behind it.
-  EXPECT_EQ(
-      masking.Line("[R] (39) 26 03 21 04 00 4C 45 45 20 20 20 20 20 20 20 20 20 20 20 20 08 A5 50 "
-                   "23 41 23 00 00 00 00 00 00 00 01 00 00 03 0D 0A"),
-      "[R] (39) 26 03 21 04 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 08 AA A0 AA A3 AA 00 "
-      "00 00 00 00 00 00 01 00 00 03 0D 0A");
-  EXPECT_EQ(masking.Line("Number: 055 2341, LineTtype: 0x01"), "Number: 000 0003, LineTtype: 0x01");
-  EXPECT_EQ(masking.Line("Contact Data Not Found digit = 4 number = 12P3 entryID = "),
-            "Contact Data Not Found digit = 4 number = 00P4 entryID = ");
-  // With a pause, as it is dialled and as it is logged.
-  EXPECT_EQ(masking.Line("[S] (12) 2B 32 01 30 36 30 35 35 70 31 32 0D"),
-            "[S] (12) 2B 32 01 30 36 30 30 30 70 30 35 0D");
-  EXPECT_EQ(masking.Line("Call request Line1 (#055p12) complete. ( request size: 9 )"),
-            "Call request Line1 (#000p05) complete. ( request size: 9 )");
+  for (const auto& [line, masked] : lines)
+    EXPECT_EQ(masking.Line(line), masked);
 }
 
 TEST(MaskingTest, NamesOfMobilesAndFoldersGo) {
