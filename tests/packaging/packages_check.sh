@@ -16,8 +16,10 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 fail() { echo "FAILED: $*" >&2; failed=1; }
-expect_code() {  # expected, found, what
-  [[ $1 == "$2" ]] || fail "$3: expected exit code $1, found $2"
+expect_code() {  # code, what, command...
+  "${@:3}" </dev/null >"$work/output.txt" 2>&1
+  local code=$?
+  [[ $code == "$1" ]] || fail "$2: expected exit code $1, found $code: $(tail -n 5 "$work/output.txt")"
 }
 windows_path() { wine winepath -w "$1" 2>/dev/null </dev/null | tr -d '\r'; }
 
@@ -49,15 +51,15 @@ snapshot() {  # name
 registration_of() { grep -iE 'QuorTelephoneToolbar\.|DA593EC2-67C4-4602-B30E-3FEC47C1C55A|619B3283-8326-4895-A4F2-E3881DC00D2D' \
   "$work/$1.txt" | grep -viE '^file|\\Installer\\|\\Uninstall\\'; }
 
-expect_same() {  # snapshot, snapshot, what
-  diff "$work/$1.txt" "$work/$2.txt" >"$work/difference.txt" && return
-  fail "$3 leaves a difference:"
-  head -n 30 "$work/difference.txt" >&2
+# Both compare a snapshot with the present state.
+expect_same() {  # snapshot, what
+  snapshot now
+  diff "$work/$1.txt" "$work/now.txt" >"$work/difference.txt" || fail "$2: $(head -n 30 "$work/difference.txt")"
 }
-expect_same_registration() {  # snapshot, snapshot, what
-  diff <(registration_of "$1") <(registration_of "$2") >"$work/difference.txt" && return
-  fail "$3:"
-  head -n 30 "$work/difference.txt" >&2
+expect_same_registration() {  # snapshot, what
+  snapshot now
+  diff <(registration_of "$1") <(registration_of now) >"$work/difference.txt" ||
+    fail "$2: $(head -n 30 "$work/difference.txt")"
 }
 
 regsvr32() {  # x86|x64, arguments
@@ -66,21 +68,13 @@ regsvr32() {  # x86|x64, arguments
   wine "$system\\regsvr32.exe" /s "${@:2}" </dev/null >/dev/null 2>&1
 }
 
-# The stand-in Outlook of that bitness finds the installed add-in by its registration alone.
-expect_loads() {  # win32|win64, Outlook version, what
-  timeout 120 wine "build/$1/workbench/workbench.exe" --outlook "$2" --quiet \
-    "$(windows_path tests/scenarios/start_with_base.scn)" </dev/null >"$work/workbench.txt" 2>&1
-  local code=$?
+# The stand-in Outlook of that bitness finds the installed add-in by its registration alone; without one
+# it ends with 2.
+expect_start() {  # exit code, win32|win64, Outlook version, what
+  expect_code "$1" "$4: the workbench ($2, Outlook $3)" timeout 120 wine "build/$2/workbench/workbench.exe" \
+    --outlook "$3" --quiet "$(windows_path tests/scenarios/start_with_base.scn)"
   # The workbench leaves its library beside the add-in.
   find "$drive/Program Files"* -name SiUSBXp.dll -delete
-  [[ $code == 0 ]] && return
-  fail "$3: the workbench ($1, Outlook $2) ends with $code"
-  tail -n 5 "$work/workbench.txt" >&2
-}
-expect_loads_not() {  # win32|win64, Outlook version, what
-  timeout 120 wine "build/$1/workbench/workbench.exe" --outlook "$2" --quiet \
-    "$(windows_path tests/scenarios/start_with_base.scn)" </dev/null >/dev/null 2>&1
-  expect_code 2 $? "$3: the workbench without an add-in"
 }
 
 settings() { echo "$drive/users/$(id -un)/AppData/Roaming/Microsoft/AddIns/vex_cfg.xml"; }
@@ -111,15 +105,14 @@ apps_value() {  # root, name
 }
 
 check_setup() {
-  local setup next_setup folder code
+  local setup next_setup folder
   setup=$(ls "$packages"/*-setup.exe) next_setup=$(ls "$next"/*-setup.exe)
   fresh_prefix packages win64
   plant_settings
   snapshot before
 
   echo "set-up program, for all users"
-  wine "$setup" /S </dev/null >/dev/null 2>&1
-  expect_code 0 $? "installation"
+  expect_code 0 "installation" wine "$setup" /S
   folder="$drive/Program Files/Telephone Plug-in"
   [[ $(apps_value HKLM DisplayName) == "Telephone Plug-in" ]] || fail "Apps entry: no name"
   [[ $setup == *"-$(apps_value HKLM DisplayVersion)-"* ]] || fail "Apps entry: version"
@@ -128,42 +121,34 @@ check_setup() {
   size=$(($(apps_value HKLM EstimatedSize)))
   ((size > 1500 && size < 5000)) || fail "Apps entry: $size KB"
   snapshot installed
-  expect_loads win64 16 "installed"
-  expect_loads win32 11 "installed"
+  expect_start 0 win64 16 "installed"
+  expect_start 0 win32 11 "installed"
 
   # The registration equals that of regsvr32.
   for each in x86 x64; do regsvr32 $each /u "C:\\Program Files\\Telephone Plug-in\\$each\\QuorTelephoneToolbar.dll"; done
   for each in x86 x64; do regsvr32 $each "C:\\Program Files\\Telephone Plug-in\\$each\\QuorTelephoneToolbar.dll"; done
-  snapshot registered
-  expect_same installed registered "registering once more with regsvr32"
+  expect_same installed "registering once more with regsvr32"
 
   echo "repair"
   rm "$folder/x64/QuorTelephoneToolbar.dll"
   regsvr32 x86 /u 'C:\Program Files\Telephone Plug-in\x86\QuorTelephoneToolbar.dll'
-  wine "$setup" /S </dev/null >/dev/null 2>&1
-  expect_code 0 $? "repair"
-  snapshot repaired
-  expect_same installed repaired "repair"
+  expect_code 0 "repair" wine "$setup" /S
+  expect_same installed "repair"
 
   echo "upgrade while Outlook runs"
   start_outlook
-  wine "$next_setup" /S </dev/null >/dev/null 2>&1
-  expect_code $((3010 % 256)) $? "upgrade while Outlook runs"  # Linux keeps 8 bits of an exit code
-  [[ -n $(find "$folder/x86" -name '*.old') ]] || fail "the loaded DLL was not moved aside"
-  end_outlook
-  find "$folder" -name SiUSBXp.dll -delete
+  expect_code $((3010 % 256)) "upgrade while Outlook runs" wine "$next_setup" /S  # Linux keeps 8 bits of an exit code
+  end_outlook "$folder"
   expect_settings "upgrade"
   [[ $next_setup == *"-$(apps_value HKLM DisplayVersion)-"* ]] || fail "upgrade: the Apps entry has the former version"
-  wine "$next_setup" /S </dev/null >/dev/null 2>&1
-  expect_code 0 $? "upgrade"
+  expect_code 0 "upgrade" wine "$next_setup" /S
   [[ -z $(find "$folder" -name '*.old') ]] || fail "the renamed file stays"
 
   echo "removal"
   uninstall "$folder"
-  snapshot after
-  expect_same before after "removal"
+  expect_same before "removal"
   expect_settings "removal"
-  expect_loads_not win64 16 "removed"
+  expect_start 2 win64 16 "removed"
 
   echo "the USB library is taken over"
   local wrong=$work/wrong library="$work/of the vendor"
@@ -172,8 +157,7 @@ check_setup() {
   cp build/win64/workbench/SiUSBXp.dll "$library/x64/"
   cp build/win64/workbench/SiUSBXp.dll "$wrong/x86/"
   cp build/win64/workbench/old_library/SiUSBXp.dll "$wrong/x64/"
-  wine "$setup" /S "/LibraryFrom=$(windows_path "$wrong")" </dev/null >/dev/null 2>&1
-  expect_code 0 $? "installation with libraries that do not fit"
+  expect_code 0 "installation with libraries that do not fit" wine "$setup" /S "/LibraryFrom=$(windows_path "$wrong")"
   [[ -z $(find "$folder" -name SiUSBXp.dll) ]] || fail "a library of the wrong bitness, or without a function, was taken over"
   wine "$setup" /S "/LibraryFrom=$(windows_path "$library")" </dev/null >/dev/null 2>&1
   expect_libraries "$library" "$folder"
@@ -199,8 +183,7 @@ check_setup_for_user() {
   echo "set-up program, for this user"
   plant_settings
   snapshot before
-  wine "$setup" /S /CurrentUser </dev/null >/dev/null 2>&1
-  expect_code 0 $? "installation for the user"
+  expect_code 0 "installation for the user" wine "$setup" /S /CurrentUser
   snapshot installed
   folder="$drive/users/$(id -un)/AppData/Local/Programs/Telephone Plug-in"
   [[ -e $folder/x64/QuorTelephoneToolbar.dll ]] || fail "for the user: no DLL"
@@ -209,24 +192,19 @@ check_setup_for_user() {
   windows_folder=$(windows_path "$folder")
   for each in x86 x64; do regsvr32 $each /u /n /i:user "$windows_folder\\$each\\QuorTelephoneToolbar.dll"; done
   for each in x86 x64; do regsvr32 $each /n /i:user "$windows_folder\\$each\\QuorTelephoneToolbar.dll"; done
-  snapshot registered
-  expect_same installed registered "registering for the user with regsvr32"
+  expect_same installed "registering for the user with regsvr32"
 
   echo "upgrade and removal while Outlook runs"
   # Wine's COM ignores the registrations of users.
   regsvr32 x86 "$windows_folder\\x86\\QuorTelephoneToolbar.dll"
   start_outlook
   regsvr32 x86 /u "$windows_folder\\x86\\QuorTelephoneToolbar.dll"
-  wine "$next_setup" /S /CurrentUser </dev/null >/dev/null 2>&1
-  expect_code $((3010 % 256)) $? "upgrade for the user while Outlook runs"
+  expect_code $((3010 % 256)) "upgrade for the user while Outlook runs" wine "$next_setup" /S /CurrentUser
   # In place, because only then the uninstaller returns its exit code; Wine would put quotation marks
   # round the switch.
   printf '"%s\\uninstall.exe" /S _?=%s\r\nexit %%errorlevel%%\r\n' "$windows_folder" "$windows_folder" >"$drive/windows/temp/uninstall.cmd"
-  wine cmd /c 'C:\windows\temp\uninstall.cmd' </dev/null >/dev/null 2>&1
-  expect_code $((3010 % 256)) $? "removal for the user while Outlook runs"
-  [[ -n $(find "$folder/x86" -name '*.old') ]] || fail "the loaded DLL was not moved aside"
-  end_outlook
-  find "$folder" -name SiUSBXp.dll -delete
+  expect_code $((3010 % 256)) "removal for the user while Outlook runs" wine cmd /c 'C:\windows\temp\uninstall.cmd'
+  end_outlook "$folder"
   later=$(wine reg query 'HKCU\Software\Microsoft\Windows\CurrentVersion\RunOnce' /v QuorTelephoneToolbar </dev/null 2>/dev/null |
     tr -d '\r' | sed -n 's/.*REG_SZ    //p')
   ((${#later} <= 260)) || fail "Windows does not run a command of ${#later} characters"
@@ -235,20 +213,21 @@ check_setup_for_user() {
   wine reg delete 'HKCU\Software\Microsoft\Windows\CurrentVersion\RunOnce' /v QuorTelephoneToolbar /f </dev/null >/dev/null 2>&1
   sed 's/[&()]/^&/g' <<<"$later" >"$drive/windows/temp/logon.cmd"
   wine cmd /c 'C:\windows\temp\logon.cmd' </dev/null >/dev/null 2>&1
-  snapshot after
-  expect_same before after "removal for the user"
+  expect_same before "removal for the user"
   expect_settings "removal for the user"
 }
 
-# A stand-in Outlook with the add-in, until end_outlook.
+# A stand-in Outlook with the add-in, until end_outlook: its DLL can only be renamed.
 start_outlook() {
   wine "build/win32/workbench/workbench.exe" --outlook 11 </dev/null >/dev/null 2>&1 &
   outlook=$!
   sleep 8
 }
-end_outlook() {
+end_outlook() {  # installation folder
+  [[ -n $(find "$1/x86" -name '*.old') ]] || fail "the loaded DLL was not moved aside"
   kill "$outlook"
   wait "$outlook" 2>/dev/null
+  find "$1" -name SiUSBXp.dll -delete
   # Ended like that, the workbench does not restore the application-data folder.
   wine reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer\User Shell Folders' /v AppData \
     /t REG_EXPAND_SZ /d '%USERPROFILE%\AppData\Roaming' /f </dev/null >/dev/null 2>&1
@@ -276,37 +255,29 @@ check_msi() {  # x64|x86
   snapshot before
 
   echo "Windows Installer package, $1"
-  msi /i "$package"
-  expect_code 0 $? "msiexec /i"
+  expect_code 0 "msiexec /i" msi /i "$package"
   snapshot installed
-  expect_loads win32 11 "installed by Windows Installer"
-  [[ $1 == x64 ]] && expect_loads win64 16 "installed by Windows Installer"
+  expect_start 0 win32 11 "installed by Windows Installer"
+  [[ $1 == x64 ]] && expect_start 0 win64 16 "installed by Windows Installer"
 
   for each in "${parts[@]}"; do regsvr32 "$each" /u "${dll[$each]}"; done
   for each in "${parts[@]}"; do regsvr32 "$each" "${dll[$each]}"; done
-  snapshot registered
-  [[ $(registration_of registered | wc -l) -gt 30 ]] || fail "nothing to compare with"
-  expect_same_registration registered installed "the package writes something else than regsvr32"
+  [[ $(registration_of installed | wc -l) -gt 30 ]] || fail "nothing to compare with"
+  expect_same_registration installed "the package writes something else than regsvr32"
 
   rm "$folder/x86/QuorTelephoneToolbar.dll"
   regsvr32 x86 /u "${dll[x86]}"
   # Equivalent of "msiexec /fa"; Wine has no /f for a package.
-  msi /i "$package" REINSTALL=ALL REINSTALLMODE=amus
-  expect_code 0 $? "repair by msiexec"
+  expect_code 0 "repair by msiexec" msi /i "$package" REINSTALL=ALL REINSTALLMODE=amus
   [[ -e $folder/x86/QuorTelephoneToolbar.dll ]] || fail "repair does not restore the DLL"
-  snapshot repaired
-  expect_same_registration installed repaired "repair by Windows Installer"
+  expect_same_registration installed "repair by Windows Installer"
 
-  msi /i "$later"
-  expect_code 0 $? "msiexec /i of the later version"
-  snapshot upgraded
-  expect_same_registration installed upgraded "upgrade by Windows Installer"
+  expect_code 0 "msiexec /i of the later version" msi /i "$later"
+  expect_same_registration installed "upgrade by Windows Installer"
   expect_settings "upgrade by Windows Installer"
 
-  msi /x "$later"
-  expect_code 0 $? "msiexec /x"
-  snapshot after
-  expect_same before after "removal by Windows Installer"
+  expect_code 0 "msiexec /x" msi /x "$later"
+  expect_same before "removal by Windows Installer"
   expect_settings "removal by Windows Installer"
 }
 
