@@ -15,7 +15,7 @@ constexpr int32_t kFirstInspectorRibbonVersion = 12;
 }  // namespace
 
 CContactWindows::CContactWindows(const IFaceSource& source, IToolbarActions& actions,
-                                 IContactRibbonDisplay& display, const CResourceLoader& resources,
+                                 IContactRibbonDisplay& display, CPictureLoader& pictures,
                                  ToolBarRecord& place, IEventOwner& owner,
                                  CDiagnosticLog& log) noexcept
     : m_source(source),
@@ -24,7 +24,7 @@ CContactWindows::CContactWindows(const IFaceSource& source, IToolbarActions& act
       m_place(place),
       m_owner(owner),
       m_log(log),
-      m_pictures(resources) {}
+      m_pictures(pictures) {}
 
 void CContactWindows::Open(const CInspector& inspector, int32_t appVersion) noexcept {
   GuardCall(m_log, "contact window", [&] {
@@ -80,7 +80,6 @@ void CContactWindows::CloseAll() noexcept {
   const auto windows = std::exchange(m_windows, {});
   for (const auto& window : windows)
     window->Close();
-  m_pictures.Release();
 }
 
 // Iterates over a copy: windows may open or close during the calls.

@@ -8,7 +8,6 @@
 
 #include "module/diagnostic_log.h"
 #include "outlook/object_model.h"
-#include "resources/resource_loader.h"
 #include "settings/configuration.h"
 #include "toolbar/contact_window.h"
 #include "toolbar/control_faces.h"
@@ -37,8 +36,8 @@ class CContactWindows final : public IContactRibbon {
   // All must outlive this object. `place` records the position of the contact windows' command bar:
   // each new bar reads it, each closing bar writes it.
   CContactWindows(const IFaceSource& source, IToolbarActions& actions,
-                  IContactRibbonDisplay& display, const CResourceLoader& resources,
-                  ToolBarRecord& place, IEventOwner& owner, CDiagnosticLog& log) noexcept;
+                  IContactRibbonDisplay& display, CPictureLoader& pictures, ToolBarRecord& place,
+                  IEventOwner& owner, CDiagnosticLog& log) noexcept;
   ~CContactWindows() { CloseAll(); }
   CContactWindows(const CContactWindows&) = delete;
   CContactWindows& operator=(const CContactWindows&) = delete;
@@ -91,7 +90,7 @@ class CContactWindows final : public IContactRibbon {
   ToolBarRecord& m_place;
   IEventOwner& m_owner;
   CDiagnosticLog& m_log;
-  CPictureLoader m_pictures;
+  CPictureLoader& m_pictures;
   std::vector<WindowPtr> m_windows;
   unsigned m_lastNumber = 0;
   bool m_withPictures = false;

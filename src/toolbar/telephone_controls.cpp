@@ -16,7 +16,8 @@ CTelephoneControls::CTelephoneControls(const IFaceSource& source, IToolbarAction
       m_resources(resources),
       m_log(log),
       m_pictures(resources),
-      m_contactWindows(source, actions, *this, resources, configuration.contactToolBar, owner, log),
+      m_contactWindows(source, actions, *this, m_pictures, configuration.contactToolBar, owner,
+                       log),
       m_bar(source, actions, m_pictures, owner, log),
       m_ribbon(source, actions, m_contactWindows, queue, m_pictures, log) {}
 

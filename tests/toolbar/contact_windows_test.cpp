@@ -100,6 +100,7 @@ class ContactWindows : public testing::Test,
   TelephoneState m_state{};
   Configuration m_configuration;
   CResourceLoader m_resources{GetModuleHandleW(nullptr)};
+  CPictureLoader m_pictures{m_resources};
   std::string m_lines;
   CDiagnosticLog m_log{*this};
   CNotedActions m_actions;
@@ -108,7 +109,7 @@ class ContactWindows : public testing::Test,
   COutlookApplication m_application{IDispatchPtr(m_outlook.Application())};
   CTestOwner m_owner;
   int m_version = kVersion;
-  CContactWindows m_windows{*this,   m_actions, *this, m_resources, m_configuration.contactToolBar,
+  CContactWindows m_windows{*this,   m_actions, *this, m_pictures, m_configuration.contactToolBar,
                             m_owner, m_log};
   CEventConnection m_newInspector{m_owner, m_log, "new inspector"};
   std::vector<std::string> m_heldBefore;
