@@ -36,7 +36,7 @@ class CUserInterface final : public IFaceSource, private IActionWindows {
 
   // IFaceSource
   CControlFaces Faces() const override;
-  std::wstring DialText() const override { return m_telephone.Dialler().BoxText(); }
+  std::wstring DialText() const override { return m_telephone.Dialler().DialText(); }
 
  private:
   // IActionWindows

@@ -25,15 +25,15 @@ namespace quor {
 // captions and enabled flags back from the telephone (telephone.h).
 class ITelephoneControls {
  public:
-  // Refreshes every control's caption and enabled flag.
+  // Refreshes every control's caption and enabled flag, also after DisableControls.
   virtual void SetToolBarState() = 0;
   // The base is disconnected: disables the telephone controls of the toolbar and of every contact
   // window, and invalidates the ribbon.
   virtual void DisableControls() = 0;
 
-  // Redraws the line buttons after a call was announced or its announcement withdrawn: a caption
-  // may change to or from "Answer". Logs nothing.
-  virtual void RedrawLineButtons() = 0;
+  // As SetToolBarState, after a call was announced or its announcement withdrawn: a line button's
+  // caption may change to or from "Answer". Logs nothing.
+  virtual void RedrawControls() = 0;
 
   // Redraws the names in the call-from-cell menu, and their enabled flags by IsCellItemEnabled.
   virtual void PutCallFromCellButton() = 0;

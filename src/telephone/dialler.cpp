@@ -113,11 +113,11 @@ void CDialler::OnChangeComboBox(std::wstring_view text, int listIndex) {
   DialCall(listIndex, text);
 }
 
-bool CDialler::DialBoxText() {
+bool CDialler::DialStoredText() {
   const std::vector<CallEntry>& list = m_collaborators.configuration.histories;
-  const auto entry = std::ranges::find(list, m_boxText, &CallEntry::name);
+  const auto entry = std::ranges::find(list, m_dialText, &CallEntry::name);
   const int listIndex = entry == list.end() ? 0 : static_cast<int>(entry - list.begin()) + 1;
-  return DialCall(listIndex, m_boxText);
+  return DialCall(listIndex, m_dialText);
 }
 
 void CDialler::PostClearDialNumber() noexcept {
@@ -138,7 +138,7 @@ void CDialler::ClearDialNumber() {
 }
 
 void CDialler::SetDialText(std::wstring_view text) {
-  m_boxText = text;
+  m_dialText = text;
   m_collaborators.controls.SetDialText(text);
 }
 

@@ -34,11 +34,11 @@ class CDialler {
   void OnChangeComboBox(std::wstring_view text, int listIndex);
 
   // The text of the ribbon's dial box. It is typed or picked first; a line button then dials it.
-  void StoreBoxText(std::wstring_view text) { m_boxText = text; }
-  const std::wstring& BoxText() const noexcept { return m_boxText; }
-  // Dials the box's text. The ribbon passes only the text of a picked entry, and the list may have
+  void StoreDialText(std::wstring_view text) { m_dialText = text; }
+  const std::wstring& DialText() const noexcept { return m_dialText; }
+  // Dials that text. The ribbon passes only the text of a picked entry, and the list may have
   // changed since, so the entry is looked up by its text now.
-  bool DialBoxText();
+  bool DialStoredText();
 
   // Posts WindowRequest::ClearDial, for callers inside a control's own click handler.
   void PostClearDialNumber() noexcept;
@@ -54,7 +54,7 @@ class CDialler {
 
   TelephoneState& m_state;
   const TelephoneCollaborators& m_collaborators;
-  std::wstring m_boxText;
+  std::wstring m_dialText;
 };
 
 }  // namespace quor

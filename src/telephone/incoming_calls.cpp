@@ -59,7 +59,7 @@ void CIncomingCalls::OnCallerId(bool longDistance) {
                                  {caller.name, caller.number, caller.entryId});
   if (!caller.number.empty()) m_callerList.Add(caller.name, caller.number);
   // Redraw first: a contact form may cover or delay the buttons.
-  m_collaborators.controls.RedrawLineButtons();
+  m_collaborators.controls.RedrawControls();
   if (known) {
     DisplayContactItem(caller);
   } else {
@@ -151,7 +151,7 @@ void CIncomingCalls::LogForm(FormResult result) {
 
 void CIncomingCalls::OnPopup() {
   const std::string number = m_state.caller.number;
-  m_collaborators.controls.RedrawLineButtons();
+  m_collaborators.controls.RedrawControls();
   const int slot = SlotFromLineType(m_state.caller.popupLine);
   if (slot != kNoSlot &&
       m_collaborators.configuration.popUpModes[static_cast<size_t>(slot)] == kPopUpSimpleWindow) {

@@ -127,7 +127,7 @@ bool CLineControl::ClickLineButtonV14(uint32_t lineType) {
       break;
     case kStateIdle:
       ChooseLine(lineType);
-      done = m_dialler.DialBoxText();
+      done = m_dialler.DialStoredText();
       break;
     default:
       return false;

@@ -19,7 +19,7 @@ void CTelephone::ResetCounters(uint32_t startTime) noexcept {
 }
 
 void CTelephone::ResetDial() {
-  m_dialler.StoreBoxText({});
+  m_dialler.StoreDialText({});
   m_state.record.dialState = 0;
 }
 

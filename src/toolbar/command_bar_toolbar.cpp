@@ -255,7 +255,7 @@ void CCommandBarToolbar::SetDialText(std::wstring_view text) {
 void CCommandBarToolbar::OnDialBoxChanged(IDispatch* box) {
   if (m_settingDialBox) return;
   const auto changed = QueryObject<CCommandBarComboBox>(box);
-  if (changed) m_actions.ChangeDialBox(changed.Text(), changed.ListIndex());
+  if (changed) m_actions.OnChangeComboBox(changed.Text(), changed.ListIndex());
 }
 
 void CCommandBarToolbar::OnButtonClicked(int control) {

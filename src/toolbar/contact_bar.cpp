@@ -35,7 +35,7 @@ class CContactBar::CNumberItem final : public CMenuItem {
 
  private:
   void OnClick() override {
-    if (const auto window = m_window.lock()) window->DialContact(m_telNumberType);
+    if (const auto window = m_window.lock()) window->PickNumber(m_telNumberType);
   }
 
   int m_telNumberType;

@@ -206,7 +206,7 @@ void CContactWindow::Pick(int telNumberType) {
   if (std::exchange(m_pick, telNumberType) != telNumberType) m_windows.InvalidateRibbon();
 }
 
-void CContactWindow::DialContact(int telNumberType) {
+void CContactWindow::PickNumber(int telNumberType) {
   FollowContact();
   const CContactItem contact = m_contact;
   if (!contact) return;
@@ -215,7 +215,7 @@ void CContactWindow::DialContact(int telNumberType) {
   if (m_actions.PickNumber(number)) Pick(telNumberType);
 }
 
-void CContactWindow::CallContact(uint8_t lineType) {
+void CContactWindow::ClickLine(uint8_t lineType) {
   ContactNumber number;
   GuardCall(m_log, "numbers of the contact", [&] {
     number = Picked();

@@ -49,9 +49,9 @@ class CContactWindow final : public std::enable_shared_from_this<CContactWindow>
   // it. May throw _com_error.
   ContactNumber Picked();
   // A number was clicked in the menu.
-  void DialContact(int telNumberType);
+  void PickNumber(int telNumberType);
   // Dials the picked number, or else the contact's first, on a line that dials at once.
-  void CallContact(uint8_t lineType);
+  void ClickLine(uint8_t lineType);
 
   // Call after RequestRefresh. True if the ribbon must query its faces again.
   bool Refresh() noexcept;

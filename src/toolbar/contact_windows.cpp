@@ -115,8 +115,8 @@ ContactNumber CContactWindows::PickedNumber(IDispatch* inspector) {
   return window ? window->Picked() : ContactNumber();
 }
 
-void CContactWindows::DialContact(IDispatch* inspector, int telNumberType) {
-  if (const WindowPtr window = WindowOf(inspector)) window->DialContact(telNumberType);
+void CContactWindows::PickNumber(IDispatch* inspector, int telNumberType) {
+  if (const WindowPtr window = WindowOf(inspector)) window->PickNumber(telNumberType);
 }
 
 bool CContactWindows::IsContactWindow(IDispatch* window) {
@@ -128,7 +128,7 @@ void CContactWindows::ClickLine(IDispatch* inspector, uint8_t lineType) {
   if (!m_actions.DialsAtOnce(lineType)) return m_actions.ClickLine(lineType);
   WindowPtr window;
   GuardCall(m_log, "contact window", [&] { window = WindowOf(inspector); });
-  if (window) return window->CallContact(lineType);
+  if (window) return window->ClickLine(lineType);
   m_actions.DialOnLine(lineType, {});
 }
 

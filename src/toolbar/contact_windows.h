@@ -60,7 +60,7 @@ class CContactWindows final : public IContactRibbon {
   // IContactRibbon: each call reads from the contact, because the user may be changing it.
   std::wstring NumberOf(IDispatch* inspector, int telNumberType) override;
   ContactNumber PickedNumber(IDispatch* inspector) override;
-  void DialContact(IDispatch* inspector, int telNumberType) override;
+  void PickNumber(IDispatch* inspector, int telNumberType) override;
   bool IsContactWindow(IDispatch* window) override;
   void ClickLine(IDispatch* inspector, uint8_t lineType) override;
 

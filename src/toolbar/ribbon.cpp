@@ -202,8 +202,8 @@ void CRibbon::Act(IDispatch* control) {
     case RibbonFunction::Options:
       return m_actions.ClickOptions();
     case RibbonFunction::ContactNumber:
-      return m_contacts.DialContact(CRibbonControl(control).Context(),
-                                    static_cast<int>(clicked.index));
+      return m_contacts.PickNumber(CRibbonControl(control).Context(),
+                                   static_cast<int>(clicked.index));
     case RibbonFunction::ContactLine1:
       return m_contacts.ClickLine(CRibbonControl(control).Context(), kLine1);
     case RibbonFunction::ContactLine2:

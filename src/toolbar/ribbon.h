@@ -26,7 +26,7 @@ class IContactRibbon {
   virtual std::wstring NumberOf(IDispatch* inspector, int telNumberType) = 0;
   // The number picked in this window that waits for a line. May throw _com_error.
   virtual ContactNumber PickedNumber(IDispatch* inspector) = 0;
-  virtual void DialContact(IDispatch* inspector, int telNumberType) = 0;
+  virtual void PickNumber(IDispatch* inspector, int telNumberType) = 0;
   // Whether a control's context is an item's window; both windows use the same ids.
   virtual bool IsContactWindow(IDispatch* window) = 0;
   // A line or cell button was clicked.

@@ -47,7 +47,7 @@ void CTelephoneControls::SetToolBarState() noexcept {
   m_contactWindows.Redraw();
 }
 
-void CTelephoneControls::RedrawLineButtons() noexcept {
+void CTelephoneControls::RedrawControls() noexcept {
   GuardCall(m_log, "line buttons", [this] { m_bar.Redraw(); });
   m_ribbon.InvalidateOnce();
   m_contactWindows.Redraw();

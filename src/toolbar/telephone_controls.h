@@ -39,7 +39,7 @@ class CTelephoneControls final : public ITelephoneControls,
   // ITelephoneControls, and ICallFromCellDisplay's PutCallFromCellButton
   void SetToolBarState() noexcept override;
   void DisableControls() noexcept override;
-  void RedrawLineButtons() noexcept override;
+  void RedrawControls() noexcept override;
   void PutCallFromCellButton() noexcept override;
   void DisableOtherCellItems(int cell) noexcept override;
   void PutSpeedDialButton() noexcept override;

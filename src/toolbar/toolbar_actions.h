@@ -21,7 +21,7 @@ class IToolbarActions {
   virtual void ClickOptions() = 0;
 
   // Command bar: a number was typed (index 0) or picked (index from 1) in the dial box; dials it.
-  virtual void ChangeDialBox(std::wstring_view text, int listIndex) = 0;
+  virtual void OnChangeComboBox(std::wstring_view text, int listIndex) = 0;
   // Ribbon: stores the dial box's number for the next click on a line button.
   virtual void StoreDialText(std::wstring_view text) = 0;
 

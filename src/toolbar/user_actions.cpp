@@ -71,7 +71,7 @@ void CUserActions::ClickSpeedDial(SpeedDialAction action, size_t entry) {
   }
 }
 
-void CUserActions::ChangeDialBox(std::wstring_view text, int listIndex) {
+void CUserActions::OnChangeComboBox(std::wstring_view text, int listIndex) {
   const std::optional<std::wstring> number = CandidateNumber(text);
   if (number) {
     text = *number;
@@ -82,7 +82,7 @@ void CUserActions::ChangeDialBox(std::wstring_view text, int listIndex) {
 
 void CUserActions::StoreDialText(std::wstring_view text) {
   const std::optional<std::wstring> number = CandidateNumber(text);
-  m_telephone.Dialler().StoreBoxText(number ? *number : text);
+  m_telephone.Dialler().StoreDialText(number ? *number : text);
 }
 
 // Finds the candidate by its label: the ribbon passes only the text of a picked entry.

@@ -58,7 +58,7 @@ class CUserActions final : public IToolbarActions {
   void ClickCaller(size_t entry) override;
   void ClickSpeedDial(SpeedDialAction action, size_t entry) override;
   void ClickOptions() override { m_windows.OpenOptions(); }
-  void ChangeDialBox(std::wstring_view text, int listIndex) override;
+  void OnChangeComboBox(std::wstring_view text, int listIndex) override;
   void StoreDialText(std::wstring_view text) override;
   bool PickNumber(std::wstring_view number) override;
   bool DialsAtOnce(uint8_t lineType) const override;

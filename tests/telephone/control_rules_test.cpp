@@ -62,7 +62,7 @@ class LineButtons : public testing::TestWithParam<int> {};
 TEST_P(LineButtons, SayAndDoWhatTheirStateTells) {
   CTelephoneDesk desk(GetParam());
   desk.BeQuiet();
-  desk.phone.Dialler().StoreBoxText(L"123");
+  desk.phone.Dialler().StoreDialText(L"123");
   const auto inCall = [](uint8_t state) { return state == 3 || state == 4; };
   for (int i = 0; i < 7 * 7 * 7 * 3; ++i) {
     const size_t button = static_cast<size_t>(i) % 3;

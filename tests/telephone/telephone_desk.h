@@ -115,7 +115,7 @@ class CTelephoneDesk final : private ILogWriter,
   }
   void SetToolBarState() override { Note("redraw"); }
   void DisableControls() override { Note("disable"); }
-  void RedrawLineButtons() override { Note("line buttons"); }
+  void RedrawControls() override { Note("line buttons"); }
   void PutCallFromCellButton() override { Note("cell menu"); }
   void DisableOtherCellItems(int cell) override { Note("only cell " + std::to_string(cell)); }
   void PutSpeedDialButton() override { Note("speed dial menu"); }

@@ -121,7 +121,7 @@ TEST(Ribbon, ALineDialsTheBoxOrAnotherNumber) {
   CLineControl& lines = desk.phone.Lines();
   desk.SetStates(3, 1, 1);
   desk.configuration.histories = {{L"Office", L"", L"11"}};
-  desk.phone.Dialler().StoreBoxText(L"Office");
+  desk.phone.Dialler().StoreDialText(L"Office");
   // The list changes after the text was picked.
   desk.configuration.histories.insert(desk.configuration.histories.begin(), {L"9", L"", L"9"});
   EXPECT_TRUE(lines.Click(19));
@@ -134,24 +134,24 @@ TEST(Ribbon, ALineDialsTheBoxOrAnotherNumber) {
   EXPECT_THAT(desk.Deeds(), ElementsAre("message 1303"));
   EXPECT_EQ(desk.state.pendingClearLine, 19u);
   EXPECT_EQ(desk.state.cellDialLine, 0u) << "a failed dial waits for no cell";
-  EXPECT_EQ(desk.phone.Dialler().BoxText(), L"Office");
+  EXPECT_EQ(desk.phone.Dialler().DialText(), L"Office");
   EXPECT_TRUE(lines.DialOnLine(18, L"7"));
   EXPECT_EQ(Sent(desk, 3), "7");
   EXPECT_EQ(desk.state.cellDialLine, 18u);
-  desk.phone.Dialler().StoreBoxText(L"");
+  desk.phone.Dialler().StoreDialText(L"");
   EXPECT_FALSE(lines.Click(2));
   EXPECT_EQ(desk.state.cellDialLine, 0u);
 }
 
 TEST(DialBox, IsClearedAsConfigured) {
   CTelephoneDesk desk;
-  desk.phone.Dialler().StoreBoxText(L"42");
+  desk.phone.Dialler().StoreDialText(L"42");
   desk.configuration.dialClear = 0;
   desk.phone.Dialler().OnClearDial();
-  EXPECT_EQ(desk.phone.Dialler().BoxText(), L"42");
+  EXPECT_EQ(desk.phone.Dialler().DialText(), L"42");
   desk.configuration.dialClear = 1;
   desk.phone.Dialler().OnClearDial();
-  EXPECT_EQ(desk.phone.Dialler().BoxText(), L"");
+  EXPECT_EQ(desk.phone.Dialler().DialText(), L"");
 }
 
 TEST(LineState, TakesAndReleasesOnceADebounceTime) {
@@ -364,12 +364,12 @@ TEST(Events, CellRegistrationLeavesARingingCallAlone) {
 TEST(StartUp, ResetsTheCountersAndTheDialBox) {
   CTelephoneDesk desk;
   desk.state.pendingClearLine = desk.state.cellDialLine = desk.state.lastDialTime = 17;
-  desk.phone.Dialler().StoreBoxText(L"42");
+  desk.phone.Dialler().StoreDialText(L"42");
   desk.phone.ResetCounters(desk.tick - 40);
   desk.phone.ResetDial();
   EXPECT_EQ(desk.state.pendingClearLine + desk.state.cellDialLine + desk.state.lastDialTime, 0u);
   EXPECT_EQ(desk.state.lastLineClickTime, 40u);
-  EXPECT_EQ(desk.phone.Dialler().BoxText(), L"");
+  EXPECT_EQ(desk.phone.Dialler().DialText(), L"");
 }
 
 TEST(Events, WithoutASlotOrWithoutANameDoNothing) {

@@ -17,7 +17,7 @@ struct CNotedActions final : IToolbarActions {
   void ClickCaller(size_t) override {}
   void ClickSpeedDial(SpeedDialAction, size_t) override {}
   void ClickOptions() override {}
-  void ChangeDialBox(std::wstring_view text, int listIndex) override {
+  void OnChangeComboBox(std::wstring_view text, int listIndex) override {
     Note("dial " + AnsiFromWide(text) + ' ' + std::to_string(listIndex));
   }
   void StoreDialText(std::wstring_view) override {}

@@ -57,9 +57,9 @@ TEST(UserActions, KeepANumberForTheRibbonsLineButton) {
   };
   for (const auto& row : kRows) {
     SCOPED_TRACE(row.what);
-    user.desk.phone.Dialler().StoreBoxText({});
+    user.desk.phone.Dialler().StoreDialText({});
     row.act();
-    EXPECT_EQ(user.desk.phone.Dialler().BoxText(), row.box);
+    EXPECT_EQ(user.desk.phone.Dialler().DialText(), row.box);
     EXPECT_EQ(user.Opened(), row.waits ? 1 : 0);
   }
 }
