@@ -229,7 +229,7 @@ class CStage {
   }
   TreeItemPtr Remove(TreeFolder& folder) {
     const auto place = folder.items.begin() + Below(folder.items.size());
-    const TreeItemPtr item = *place;
+    TreeItemPtr item = *place;
     folder.items.erase(place);
     return item;
   }
