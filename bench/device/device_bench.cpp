@@ -9,9 +9,9 @@
 #include <span>
 #include <vector>
 
+#include "bench/device/allocation_count.h"
 #include "device/device_link.h"
 #include "device/frame_format.h"
-#include "tests/device/allocation_count.h"
 
 namespace quor {
 namespace {
